@@ -1,0 +1,42 @@
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <vector>
+
+#include "common/ref.h"
+#include "common/value.h"
+
+namespace kebu::ado {
+
+class Recordset;
+
+/// One entry of the provider's error collection.
+struct Error {
+  std::int32_t number = 0;
+  std::string description;
+  std::string source;
+  std::int32_t nativeError = 0;
+  std::string sqlState;
+};
+using Errors = std::vector<Error>;
+
+/// A session with the database.
+class Connection {
+ public:
+  virtual ~Connection() = default;
+
+  virtual void setConnectionString(const std::string& text) = 0;
+  virtual std::string connectionString() const = 0;
+  virtual void Open() = 0;
+  virtual void Close() = 0;
+  virtual bool isOpen() const = 0;
+  /// Runs a statement or batch; the first result's rows, forward-only and
+  /// read-only, or a closed recordset when it returns none. A failing statement
+  /// raises RuntimeError and fills errors().
+  virtual Ref<Recordset> Execute(const std::string& text) = 0;
+  /// What the provider said of the last failing call.
+  virtual Errors errors() const = 0;
+};
+
+}  // namespace kebu::ado

@@ -1,0 +1,33 @@
+#pragma once
+
+#include <cstdint>
+#include <exception>
+#include <string>
+
+namespace kebu {
+
+/// A run-time error as the procedures' traps see it: number, description and
+/// source, the three things that the host's log records.
+class RuntimeError : public std::exception {
+ public:
+  RuntimeError(std::int32_t number, std::string description, std::string source = "KEBU_ANAGKELMORIA")
+      : number_(number), description_(std::move(description)), source_(std::move(source)) {}
+
+  std::int32_t number() const { return number_; }
+  const std::string& description() const { return description_; }
+  const std::string& source() const { return source_; }
+  const char* what() const noexcept override { return description_.c_str(); }
+
+  static RuntimeError invalidCall();   ///< 5: an argument that the callee cannot take
+  static RuntimeError overflow();      ///< 6: a number too large for its type
+  static RuntimeError divisionByZero();///< 11
+  static RuntimeError typeMismatch();  ///< 13: a text where a number or date belongs
+  static RuntimeError objectNotSet();  ///< 91: an absent object was used
+
+ private:
+  std::int32_t number_;
+  std::string description_;
+  std::string source_;
+};
+
+}  // namespace kebu
