@@ -3,6 +3,7 @@
 #include <cstdint>
 #include <exception>
 #include <string>
+#include <utility>
 
 namespace kebu {
 
@@ -10,7 +11,8 @@ namespace kebu {
 /// source, the three things that the host's log records.
 class RuntimeError : public std::exception {
  public:
-  RuntimeError(std::int32_t number, std::string description, std::string source = "KEBU_ANAGKELMORIA")
+  RuntimeError(std::int32_t number, std::string description,
+               std::string source = "KEBU_ANAGKELMORIA")
       : number_(number), description_(std::move(description)), source_(std::move(source)) {}
 
   std::int32_t number() const { return number_; }
@@ -18,11 +20,17 @@ class RuntimeError : public std::exception {
   const std::string& source() const { return source_; }
   const char* what() const noexcept override { return description_.c_str(); }
 
-  static RuntimeError invalidCall();   ///< 5: an argument that the callee cannot take
-  static RuntimeError overflow();      ///< 6: a number too large for its type
-  static RuntimeError divisionByZero();///< 11
-  static RuntimeError typeMismatch();  ///< 13: a text where a number or date belongs
+  static RuntimeError invalidCall();     ///< 5: an argument that the callee cannot take
+  static RuntimeError overflow();        ///< 6: a number too large for its type
+  static RuntimeError outOfMemory();     ///< 7
+  static RuntimeError divisionByZero();  ///< 11
+  static RuntimeError typeMismatch();    ///< 13: a text where a number or date belongs
+  static RuntimeError internalError(const std::string& detail = {});  ///< 51
   static RuntimeError objectNotSet();  ///< 91: an absent object was used
+  static RuntimeError invalidNull();   ///< 94: a database null where a value belongs
+
+  /// The exception being handled, whatever its type; only inside a catch.
+  static RuntimeError current();
 
  private:
   std::int32_t number_;
