@@ -1,5 +1,6 @@
 #pragma once
 
+#include <array>
 #include <compare>
 #include <cstdint>
 #include <optional>
@@ -15,9 +16,13 @@ namespace kebu {
 class Decimal {
  public:
   static constexpr int maxScale = 28;
+  /// The 96-bit whole number, its least 32 bits first.
+  using Mantissa = std::array<std::uint32_t, 3>;
 
   Decimal() = default;
   Decimal(std::int64_t whole);  // NOLINT: a whole number is a decimal
+  /// The decimal in its parts; RuntimeError 5 unless scale is 0 to 28.
+  Decimal(const Mantissa& mantissa, int scale, bool negative);
   /// `unscaled` / 10^`scale`, scale 0 to 28.
   static Decimal scaled(std::int64_t unscaled, int scale);
 
@@ -27,11 +32,13 @@ class Decimal {
   std::string toString() const;
 
   int scale() const { return scale_; }
-  bool isZero() const { return mantissa_ == 0; }
+  const Mantissa& mantissa() const { return mantissa_; }
+  bool isZero() const { return mantissa_ == Mantissa{}; }
   bool isNegative() const { return negative_; }
 
   /// Rounded half to even (`rounded`) or half away from zero (`roundedAway`, as
-  /// SQL Server rounds) to `scale` digits; the result has exactly that scale.
+  /// SQL Server rounds) to `scale` digits; the result has exactly that scale,
+  /// or the greatest that 96 bits hold.
   Decimal rounded(int scale) const;
   Decimal roundedAway(int scale) const;
   /// Cut toward zero to `scale` digits.
@@ -53,7 +60,7 @@ class Decimal {
   friend bool operator==(const Decimal& a, const Decimal& b) { return (a <=> b) == 0; }
 
  private:
-  unsigned __int128 mantissa_ = 0;  // below 2^96
+  Mantissa mantissa_{};
   std::uint8_t scale_ = 0;
   bool negative_ = false;
 };
