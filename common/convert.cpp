@@ -25,7 +25,7 @@ auto match(const Value& value, Cases&&... cases) {
 // A date as a number: whole days from 30 December 1899, the time of day behind
 // the point, also where the days are negative (-1.25 is six o'clock of the 29th).
 constexpr std::int32_t dayZero = -25569;
-constexpr std::int64_t millisecondsPerDay = 24 * 60 * 60 * 1000;
+constexpr std::int64_t millisecondsPerDay = std::int64_t{24} * 60 * 60 * 1000;
 
 Decimal serialOf(const Date& date) {
   const std::int64_t milliseconds =

@@ -236,7 +236,9 @@ Decimal operator/(const Decimal& a, const Decimal& b) {
 }
 
 std::strong_ordering operator<=>(const Decimal& a, const Decimal& b) {
-  if (a.isNegative() != b.isNegative()) return b.isNegative() <=> a.isNegative();
+  if (a.isNegative() != b.isNegative()) {
+    return a.isNegative() ? std::strong_ordering::less : std::strong_ordering::greater;
+  }
   const Aligned both(a, b);
   return a.isNegative() ? both.b <=> both.a : both.a <=> both.b;
 }

@@ -57,7 +57,7 @@ class Decimal {
   friend Decimal operator/(const Decimal& a, const Decimal& b);
   /// By value: 1.0 equals 1.00.
   friend std::strong_ordering operator<=>(const Decimal& a, const Decimal& b);
-  friend bool operator==(const Decimal& a, const Decimal& b) { return (a <=> b) == 0; }
+  friend bool operator==(const Decimal& a, const Decimal& b) { return std::is_eq(a <=> b); }
 
  private:
   Mantissa mantissa_{};

@@ -11,9 +11,6 @@
 namespace kebu {
 namespace {
 
-bool isDigit(char c) {
-  return c >= '0' && c <= '9';
-}
 bool isBlank(char c) {
   return c == ' ' || (c >= '\t' && c <= '\r');
 }
@@ -37,8 +34,7 @@ class Scanner {
     return rest_.size() < before;
   }
   std::string_view digits() {
-    const auto end = std::find_if_not(rest_.begin(), rest_.end(), isDigit);
-    const std::string_view found(rest_.begin(), end);
+    const std::string_view found = rest_.substr(0, rest_.find_first_not_of("0123456789"));
     rest_.remove_prefix(found.size());
     return found;
   }
@@ -102,7 +98,7 @@ std::string withPoint(std::string whole, std::string fraction, int exponent) {
     fraction.insert(0, whole.substr(whole.size() - shift));
     whole.resize(whole.size() - shift);
   }
-  return "0" + whole + "." + fraction + "0";
+  return "0" + whole + (fraction.empty() ? "" : "." + fraction);
 }
 
 std::optional<int> parseNumber(Scanner& scanner, std::size_t minDigits, std::size_t maxDigits) {
