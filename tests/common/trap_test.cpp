@@ -35,7 +35,9 @@ constexpr std::int16_t abort = 3;
 constexpr std::int16_t retry = 4;
 constexpr std::int16_t ignore = 5;
 
-[[noreturn]] void fail() { throw RuntimeError(-2147217900, "no such table"); }
+[[noreturn]] void fail() {
+  throw RuntimeError(-2147217900, "no such table");
+}
 
 TEST(Trap, GivesTheBodysResultWhenNothingFails) {
   FakeReporter reporter;
