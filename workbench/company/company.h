@@ -1,6 +1,6 @@
 #pragma once
 
-namespace kebu::workbench::engine {
+namespace kebu::engine {
 class Session;
 }
 
