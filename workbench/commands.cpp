@@ -1,0 +1,141 @@
+#include "workbench/commands.h"
+
+#include <fstream>
+#include <iostream>
+#include <iterator>
+#include <optional>
+
+#include "common/error.h"
+#include "workbench/command_line.h"
+#include "workbench/company_file.h"
+#include "workbench/engine/ado_objects.h"
+#include "workbench/engine/script.h"
+#include "workbench/host/local_platform.h"
+#include "workbench/player/model_desktop.h"
+#include "workbench/player/model_hands.h"
+#include "workbench/player/player.h"
+#include "workbench/player/step_table.h"
+#include "workbench/result_text.h"
+#include "workbench/statement_log.h"
+
+namespace kebu::workbench {
+
+namespace {
+
+std::string readFile(const std::string& path) {
+  std::ifstream file(path, std::ios::binary);
+  std::string text{std::istreambuf_iterator<char>(file), std::istreambuf_iterator<char>()};
+  // A folder can be opened like a file, but not read.
+  if (!file.is_open() || file.bad()) throw CommandError(path + " cannot be read");
+  return text;
+}
+
+/// A file that is written to, or one that takes nothing without a path.
+class OutputFile {
+ public:
+  explicit OutputFile(const std::optional<std::string>& path) {
+    if (!path) {
+      file_.setstate(std::ios::badbit);
+      return;
+    }
+    file_.open(*path, std::ios::binary);
+    if (!file_) throw CommandError(*path + " cannot be written");
+  }
+  std::ostream& stream() { return file_; }
+
+ private:
+  std::ofstream file_;
+};
+
+Translations readTranslations(const std::optional<std::string>& path) {
+  if (!path) return {};
+  try {
+    return Translations::parse(readFile(*path));
+  } catch (const CommandError&) {
+    throw;
+  } catch (const std::runtime_error& error) {
+    throw CommandError(*path + ":" + error.what());
+  }
+}
+
+Scenario readScenario(const std::string& path) {
+  try {
+    return Scenario::parse(path, readFile(path));
+  } catch (const StepError& error) {
+    throw CommandError(error.what());
+  }
+}
+
+std::shared_ptr<engine::Database> databaseOf(const CommandLine& line) {
+  const auto path = line.option("--database");
+  return path ? openCompany(*path) : demoCompany();
+}
+
+}  // namespace
+
+int newCommand(const std::vector<std::string>& words) {
+  const CommandLine line(words, {});
+  if (line.operands().size() != 1) throw CommandError("use: workbench new DATABASE");
+  createCompanyFile(line.operands().front());
+  return 0;
+}
+
+int playCommand(const std::vector<std::string>& words) {
+  const CommandLine line(words,
+                         {"--database", "--company", "--statements", "--translations", "--trace"});
+  if (line.operands().size() != 1) throw CommandError("use: workbench play SCENARIO [options]");
+  const Scenario scenario = readScenario(line.operands().front());
+  const std::int32_t company = line.number("--company", 1);
+  const Translations translations = readTranslations(line.option("--translations"));
+  const auto database = databaseOf(line);
+  OutputFile trace(line.option("--trace"));
+  OutputFile statements(line.option("--statements"));
+
+  // The plug-in is let go before anything that it may still turn to.
+  Player player(std::cout, std::cerr);
+  StatementFaults faults;
+  StatementLog log(statements.stream(), faults);
+  LocalPlatform platform(player, trace.stream());
+  ModelDesktop desktop(player);
+  ModelHands hands(desktop);
+  engine::Library library;
+  engine::Session session(database);
+  const auto journal = [](const std::string& entry) { std::cout << "  " << entry << '\n'; };
+  StandInHost host({platform, library, desktop},
+                   {player, database, &log, company, translations, journal});
+  return player.play(scenario, {host, hands, session, faults}) ? 0 : 1;
+}
+
+int sqlCommand(const std::vector<std::string>& words) {
+  const CommandLine line(words, {"--database", "-e"});
+  const auto text = line.option("-e");
+  if (line.operands().size() != (text ? 0 : 1)) {
+    throw CommandError("use: workbench sql [--database FILE] (SCRIPT | -e TEXT)");
+  }
+  const std::string script = text ? *text : readFile(line.operands().front());
+  engine::Session session(databaseOf(line));
+  try {
+    for (const engine::ResultSet& result : session.execute(script)) writeResult(std::cout, result);
+  } catch (const RuntimeError& error) {
+    throw CommandError(error.description());
+  }
+  return 0;
+}
+
+int helpCommand(const std::vector<std::string>& /*words*/) {
+  std::cout << "workbench new DATABASE\n"
+               "    makes a database file with the demo company\n"
+               "workbench play SCENARIO [--database FILE] [--company N] [--statements FILE]\n"
+               "               [--translations FILE] [--trace FILE]\n"
+               "    acts as the user, line by line; without a database on a fresh demo company\n"
+               "workbench sql [--database FILE] (SCRIPT | -e TEXT)\n"
+               "    runs T-SQL, rows separated by tabs\n"
+               "\n"
+               "A scenario's steps, one a line; '#' starts a comment, quotes as in a shell:\n";
+  for (const Step& step : stepTable()) {
+    std::cout << "  " << step.name << ' ' << step.arguments << "\n      " << step.help << '\n';
+  }
+  return 0;
+}
+
+}  // namespace kebu::workbench

@@ -1,0 +1,15 @@
+#pragma once
+
+#include <string>
+#include <vector>
+
+namespace kebu::workbench {
+
+/// The program's commands; each gives the program's exit code and raises
+/// CommandError for what cannot be done at all.
+int newCommand(const std::vector<std::string>& words);
+int playCommand(const std::vector<std::string>& words);
+int sqlCommand(const std::vector<std::string>& words);
+int helpCommand(const std::vector<std::string>& words);
+
+}  // namespace kebu::workbench

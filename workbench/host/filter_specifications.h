@@ -1,0 +1,23 @@
+#pragma once
+
+#include <map>
+#include <string>
+#include <utility>
+
+#include "host/services.h"
+
+namespace kebu::workbench {
+
+/// Saved conditions; they last as long as the workbench runs.
+class FilterSpecifications : public host::FilterSpecificationService {
+ public:
+  void Initialize(const Ref<host::Cinterface>& /*host*/) override {}
+  Value Load(const std::string& key, const std::string& name) override;
+  void Save(const std::string& key, const std::string& name, const std::string& text,
+            bool isDefault) override;
+
+ private:
+  std::map<std::pair<std::string, std::string>, std::string> texts_;
+};
+
+}  // namespace kebu::workbench

@@ -1,0 +1,73 @@
+#pragma once
+
+#include <cstdint>
+#include <functional>
+#include <memory>
+#include <set>
+#include <string>
+#include <string_view>
+
+#include "host/cls_global.h"
+#include "workbench/engine/database.h"
+#include "workbench/engine/statement_observer.h"
+#include "workbench/host/filter_specifications.h"
+#include "workbench/host/messages.h"
+#include "workbench/host/user.h"
+
+namespace kebu::workbench {
+
+/// What the stand-in host works with. The references outlive it.
+struct HostSurroundings {
+  User& user;
+  std::shared_ptr<engine::Database> database;
+  /// Sees what the plug-in's connections run.
+  engine::StatementObserver* observer = nullptr;
+  std::int32_t company = 1;
+  Translations translations;
+  /// Told in words of what the plug-in does with the host's object models.
+  std::function<void(const std::string&)> journal;
+};
+
+/// The host's global services over the embedded company.
+class GlobalServices : public host::ClsGlobal {
+ public:
+  explicit GlobalServices(const HostSurroundings& surroundings);
+
+  /// The names of the services that can be withheld.
+  static const std::set<std::string, std::less<>>& serviceNames();
+  /// From now on the host does not offer the service.
+  void withhold(const std::string& service) { withheld_.insert(service); }
+  /// The user's script refuses the event the next time.
+  void refuseNext(const std::string& event) { refused_.insert(event); }
+
+  std::string ConnectionString() override;
+  Value CompanyCode() override;
+  std::string ApplicationTitle() override;
+  Ref<host::MessageService> Messages() override;
+  void RefreshStatus(const Ref<host::NamedObject>& activeFrame) override;
+
+  Ref<host::LogService> CreateLog() override;
+  Ref<host::ConnectionProvider> CreateConnectionProvider() override;
+  Ref<host::EnvironmentService> CreateEnvironment() override;
+  Ref<host::SqlDecodeService> CreateSqlDecode() override;
+  Ref<host::LookupService> CreateLookups() override;
+  Ref<host::FilterSpecificationService> CreateFilterSpecifications() override;
+  Ref<host::LayoutModel> CreateLayoutModel() override;
+  Ref<host::ScriptModel> CreateScriptModel() override;
+
+ private:
+  bool offers(std::string_view service) const { return !withheld_.contains(service); }
+  bool runScript(const std::string& event);
+
+  User& user_;
+  std::shared_ptr<engine::Database> database_;
+  engine::StatementObserver* observer_;
+  std::int32_t company_;
+  std::function<void(const std::string&)> journal_;
+  Ref<workbench::Messages> messages_;
+  Ref<FilterSpecifications> filters_;
+  std::set<std::string, std::less<>> withheld_;
+  std::set<std::string, std::less<>> refused_;
+};
+
+}  // namespace kebu::workbench

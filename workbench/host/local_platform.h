@@ -1,0 +1,31 @@
+#pragma once
+
+#include <optional>
+#include <ostream>
+#include <random>
+#include <string>
+
+#include "common/platform.h"
+#include "workbench/host/user.h"
+
+namespace kebu::workbench {
+
+/// The operating system as the workbench gives it: trace lines go to a stream,
+/// the system's message boxes to the user.
+class LocalPlatform : public Platform {
+ public:
+  LocalPlatform(User& user, std::ostream& trace) : user_(user), trace_(trace) {}
+
+  std::optional<Guid> createGuid() override;
+  void outputDebugString(const std::string& text) override;
+  std::int32_t messageBox(const std::string& prompt, std::int32_t buttons,
+                          const std::string& title) override;
+  Date now() override;
+
+ private:
+  User& user_;
+  std::ostream& trace_;
+  std::random_device random_;
+};
+
+}  // namespace kebu::workbench

@@ -1,0 +1,79 @@
+#include "workbench/host/stand_in_host.h"
+
+#include <utility>
+
+#include "common/convert.h"
+#include "plugin/clskb_anagkelmoria.h"
+#include "workbench/engine/ado_objects.h"
+
+namespace kebu::workbench {
+
+namespace {
+
+/// What the ERP gives a plug-in for a user who may do everything.
+constexpr std::pair<const char*, const char*> usualProperties[] = {
+    {"CanInsert", "on"},
+    {"CanDelete", "on"},
+    {"CanUpdate", "on"},
+    {"CanQbe", "on"},
+    {"MenuModulo", "GM"},
+    {"MenuPadre", "GMKB"},
+    {"MenuProg", "1"},
+    {"IsActive", "on"},
+    {"Caption", "Parametri collegamento con E-Commerce Merkal"},
+};
+
+}  // namespace
+
+StandInHost::StandInHost(const forms::Runtime& runtime, const HostSurroundings& surroundings)
+    : runtime_(runtime),
+      surroundings_(surroundings),
+      global_(makeRef<GlobalServices>(surroundings)),
+      statusBar_(makeRef<HostStatusBar>()) {
+  for (const auto& [name, value] : usualProperties) properties_[findHostProperty(name)] = value;
+}
+
+StandInHost::~StandInHost() {
+  release();
+}
+
+void StandInHost::set(const HostProperty& property, const std::string& value) {
+  properties_[&property] = value;
+  if (plugin_) property.set(*plugin_, value);
+}
+
+void StandInHost::fill(host::Cinterface& plugin) {
+  plugin.setClsGlobal(global_);
+  plugin.setStatusBar(statusBar_);
+  plugin.setActiveNavigator(navigator_);
+  // The ERP's own connection: what runs on it is not the plug-in's doing.
+  plugin.setConnection(engine::newConnection(surroundings_.database, nullptr));
+  for (const auto& [property, value] : properties_) property->set(plugin, value);
+}
+
+void StandInHost::open() {
+  navigator_ = makeRef<host::Navigator>();
+  plugin_ = plugin::CLSKB_ANAGKELMORIA::create(runtime_);
+  // A modal window may be closed, and the plug-in let go, before ShowForm returns.
+  const Ref<host::Cinterface> shown = plugin_;
+  fill(*shown);
+  shown->ShowForm();
+  if (!plugin_) return;
+  navigator_->InitializeLayoutObjectModel.raise(global_->CreateLayoutModel());
+  navigator_->InitializeScriptObjectModel.raise(global_->CreateScriptModel());
+}
+
+bool StandInHost::close() {
+  const bool closed = toBoolean(plugin_->CloseForm());
+  if (closed) release();
+  return closed;
+}
+
+void StandInHost::release() {
+  if (!plugin_) return;
+  const Ref<host::Cinterface> leaving = std::move(plugin_);
+  plugin_.reset();
+  navigator_.reset();
+}
+
+}  // namespace kebu::workbench

@@ -1,0 +1,51 @@
+#pragma once
+
+#include <functional>
+#include <map>
+#include <string>
+
+#include "forms/runtime.h"
+#include "host/cinterface.h"
+#include "host/navigator.h"
+#include "workbench/host/global_services.h"
+#include "workbench/host/host_properties.h"
+#include "workbench/host/host_status_bar.h"
+
+namespace kebu::workbench {
+
+/// Does with the plug-in what the ERP does: creates it, fills its properties,
+/// shows and closes its window, and lets it go.
+class StandInHost {
+ public:
+  StandInHost(const forms::Runtime& runtime, const HostSurroundings& surroundings);
+  ~StandInHost();
+  StandInHost(const StandInHost&) = delete;
+  StandInHost& operator=(const StandInHost&) = delete;
+
+  GlobalServices& services() { return *global_; }
+  const HostStatusBar& statusBar() const { return *statusBar_; }
+
+  /// For the plug-in that is there and for those to come.
+  void set(const HostProperty& property, const std::string& value);
+  bool isOpen() const { return static_cast<bool>(plugin_); }
+  /// Nothing while no plug-in is there.
+  const Ref<host::Cinterface>& plugin() const { return plugin_; }
+
+  void open();
+  /// Whether the window is gone; if so the plug-in is, too.
+  bool close();
+
+ private:
+  void fill(host::Cinterface& plugin);
+  void release();
+
+  forms::Runtime runtime_;
+  HostSurroundings surroundings_;
+  Ref<GlobalServices> global_;
+  Ref<HostStatusBar> statusBar_;
+  Ref<host::Navigator> navigator_;
+  std::map<const HostProperty*, std::string> properties_;
+  Ref<host::Cinterface> plugin_;
+};
+
+}  // namespace kebu::workbench

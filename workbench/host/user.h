@@ -1,0 +1,24 @@
+#pragma once
+
+#include <cstdint>
+
+#include "controls/form.h"
+#include "controls/lookup_list.h"
+#include "workbench/host/message_box.h"
+
+namespace kebu::workbench {
+
+/// The person before the screen: everything that waits for one goes through here.
+class User {
+ public:
+  virtual ~User() = default;
+
+  /// The button pressed.
+  virtual std::int32_t answer(const MessageBox& box) = 0;
+  /// Takes a row of the list, or leaves it.
+  virtual void chooseFrom(controls::LookupList& list) = 0;
+  /// Works in a modal window until it is closed.
+  virtual void workIn(controls::Form& form) = 0;
+};
+
+}  // namespace kebu::workbench

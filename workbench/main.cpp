@@ -1,0 +1,46 @@
+#include <algorithm>
+#include <array>
+#include <exception>
+#include <iostream>
+#include <string_view>
+
+#include "workbench/command_line.h"
+#include "workbench/commands.h"
+
+namespace {
+
+using namespace kebu::workbench;
+
+struct Command {
+  std::string_view name;
+  int (*run)(const std::vector<std::string>& words);
+};
+
+constexpr std::array commands{
+    Command{"new", newCommand},
+    Command{"play", playCommand},
+    Command{"sql", sqlCommand},
+    Command{"--help", helpCommand},
+};
+
+int run(const std::vector<std::string>& words) {
+  if (words.empty()) throw CommandError("a command is wanted: new, play, sql or --help");
+  const auto* const command = std::find_if(
+      commands.begin(), commands.end(), [&](const Command& c) { return c.name == words.front(); });
+  if (command == commands.end()) {
+    throw CommandError("unknown command " + words.front() + ", see workbench --help");
+  }
+  return command->run({words.begin() + 1, words.end()});
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+  try {
+    return run({argv + 1, argv + argc});
+  } catch (const std::exception& error) {
+    std::cout.flush();
+    std::cerr << "workbench: " << error.what() << '\n';
+    return 1;
+  }
+}

@@ -1,0 +1,35 @@
+#pragma once
+
+#include <cstdint>
+#include <deque>
+#include <optional>
+#include <string>
+
+#include "workbench/host/message_box.h"
+
+namespace kebu::workbench {
+
+/// Decides how message boxes are answered: as was queued, else by their default
+/// buttons. Someone who presses Retry for ever is stopped.
+class Answers {
+ public:
+  struct Decision {
+    std::int32_t answer = msgbox::ok;
+    bool byDefault = false;
+    /// Why the scenario cannot go on; empty when it can.
+    std::string complaint;
+  };
+
+  void queue(msgbox::Answer answer) { queued_.push_back(answer); }
+  std::size_t queued() const { return queued_.size(); }
+  Decision decide(const MessageBox& box);
+
+ private:
+  bool retriesForEver(const MessageBox& box, std::int32_t answer);
+
+  std::deque<msgbox::Answer> queued_;
+  MessageBox retried_;
+  int retries_ = 0;
+};
+
+}  // namespace kebu::workbench

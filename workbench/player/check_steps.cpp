@@ -1,0 +1,152 @@
+#include <algorithm>
+
+#include "common/convert.h"
+#include "workbench/player/control_printer.h"
+#include "workbench/player/steps.h"
+#include "workbench/result_text.h"
+
+namespace kebu::workbench::steps {
+
+namespace {
+
+constexpr std::int32_t usualRows = 50;
+
+const char* flagText(bool flag) {
+  return flag ? "true" : "false";
+}
+
+std::string join(const Words& words) {
+  std::string text;
+  for (const std::string& word : words) text += (text.empty() ? "" : " ") + word;
+  return text;
+}
+
+void printHost(Player& player) {
+  const auto& plugin = player.stage().host.plugin();
+  if (!plugin) throw StepError("no window is open");
+  for (const HostProperty& property : hostProperties()) {
+    player.out() << "  " << property.name << " = " << property.get(*plugin) << '\n';
+  }
+  for (const auto& [panel, text] : player.stage().host.statusBar().panels()) {
+    player.out() << "  status bar panel " << panel << " = \"" << text << "\"\n";
+  }
+}
+
+std::string hostValue(const Player& player, const std::string& name) {
+  const auto& plugin = player.stage().host.plugin();
+  if (!plugin) throw StepError("no window is open");
+  const HostProperty* const property = findHostProperty(name);
+  if (!property) throw StepError("the host knows no property " + name);
+  return property->get(*plugin);
+}
+
+/// A state of a control that is neither its value nor its content.
+struct Aspect {
+  std::string_view name;
+  bool isFlag;
+  std::string (*of)(const ControlView& view);
+};
+
+bool isMarked(const ControlView& view, std::string_view mark) {
+  return std::find(view.marks.begin(), view.marks.end(), mark) != view.marks.end();
+}
+
+const GridView& gridOf(const ControlView& view) {
+  if (!view.grid) throw StepError(view.name + " is not a grid");
+  return *view.grid;
+}
+
+constexpr Aspect aspects[] = {
+    {"enabled", true, [](const ControlView& v) { return std::string(flagText(v.enabled)); }},
+    {"visible", true, [](const ControlView& v) { return std::string(flagText(v.visible)); }},
+    {"editable", true,
+     [](const ControlView& v) { return std::string(flagText(!isMarked(v, "read-only"))); }},
+    {"required", true,
+     [](const ControlView& v) { return std::string(flagText(isMarked(v, "required"))); }},
+    {"caption", false, [](const ControlView& v) { return v.caption; }},
+    {"rows", false, [](const ControlView& v) { return std::to_string(gridOf(v).rowCount); }},
+    {"row", false, [](const ControlView& v) { return std::to_string(gridOf(v).currentRow); }},
+};
+
+/// Check boxes and cells may be stated as people say it.
+bool sameValue(const std::string& expected, const std::string& found) {
+  return expected == found || (expected == "on" && found == "1") ||
+         (expected == "off" && found == "0");
+}
+
+void expectMessage(Player& player, const std::string& text) {
+  std::string shown;
+  for (const MessageBox& box : player.messages().boxes()) {
+    shown += (shown.empty() ? "" : " / ") + replaceAll(box.text, "\r\n", " ");
+  }
+  player.check(player.messages().take(text), "message", text, shown);
+}
+
+void expectNoMessage(Player& player) {
+  const auto& boxes = player.messages().boxes();
+  player.check(boxes.empty(), "message", "", boxes.empty() ? "" : boxes.front().text);
+  player.messages().clear();
+}
+
+void expectAspect(Player& player, const Words& subject, const std::string& expected) {
+  const auto* const aspect = std::find_if(std::begin(aspects), std::end(aspects),
+                                          [&](const Aspect& a) { return a.name == subject[1]; });
+  if (aspect == std::end(aspects)) throw StepError("controls have no \"" + subject[1] + "\"");
+  const std::string found = aspect->of(player.stage().hands.look(subject[0], {}));
+  const std::string wanted = aspect->isFlag ? flagText(toFlag(expected)) : expected;
+  player.check(wanted == found, join(subject), wanted, found);
+}
+
+void expectValue(Player& player, const Words& subject, const std::string& expected) {
+  Hands& hands = player.stage().hands;
+  if (subject.size() == 2 && subject[0] == "sql") {
+    const std::string found = firstRowText(player.stage().session.execute(subject[1]));
+    player.check(expected == found, join(subject), expected, found);
+  } else if (subject.size() == 2 && subject[0] == "host") {
+    const std::string found = hostValue(player, subject[1]);
+    player.check(expected == found, join(subject), expected, found);
+  } else if (subject.size() == 1) {
+    const std::string found = hands.value(subject[0]);
+    player.check(sameValue(expected, found), join(subject), expected, found);
+  } else if (subject.size() == 2) {
+    expectAspect(player, subject, expected);
+  } else if (isNumber(subject[1])) {
+    const std::string found = hands.cellText(subject[0], toNumber(subject[1]), subject[2]);
+    player.check(sameValue(expected, found), join(subject), expected, found);
+  } else if (subject[2] == "enabled") {
+    const std::string wanted = flagText(toFlag(expected));
+    const std::string found = flagText(hands.isButtonEnabled(subject[0], subject[1]));
+    player.check(wanted == found, join(subject), wanted, found);
+  } else {
+    throw StepError("\"" + subject[1] + "\" is not a row of " + subject[0]);
+  }
+}
+
+}  // namespace
+
+void print(Player& player, const Words& arguments) {
+  if (arguments[0] == "host") {
+    printHost(player);
+    return;
+  }
+  RowRange rows{1, usualRows};
+  if (arguments.size() > 1) {
+    rows.first = toNumber(arguments[1]);
+    rows.last = arguments.size() > 2 ? toNumber(arguments[2]) : rows.first;
+  }
+  printControl(player.out(), player.stage().hands.look(arguments[0], rows));
+}
+
+void expect(Player& player, const Words& arguments) {
+  if (arguments.size() == 2 && arguments[0] == "message") {
+    expectMessage(player, arguments[1]);
+  } else if (arguments == Words{"no", "message"}) {
+    expectNoMessage(player);
+  } else if (arguments.size() > 2 && arguments[arguments.size() - 2] == "=") {
+    expectValue(player, Words(arguments.begin(), arguments.end() - 2), arguments.back());
+  } else {
+    throw StepError("nothing is stated: an expectation ends in = VALUE");
+  }
+}
+
+}  // namespace kebu::workbench::steps

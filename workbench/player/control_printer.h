@@ -1,0 +1,14 @@
+#pragma once
+
+#include <ostream>
+
+#include "controls/lookup_list.h"
+#include "workbench/player/control_view.h"
+
+namespace kebu::workbench {
+
+void printControl(std::ostream& out, const ControlView& view);
+/// The list's beginning; what follows is told by its number of rows.
+void printLookup(std::ostream& out, const controls::LookupList& list);
+
+}  // namespace kebu::workbench

@@ -1,0 +1,52 @@
+#pragma once
+
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <vector>
+
+namespace kebu::workbench {
+
+struct GridCellView {
+  std::string text;
+  bool locked = false;  ///< of a column that is edited elsewhere
+};
+
+struct GridRowView {
+  std::int32_t number = 0;
+  std::string state;  ///< "" when none is kept
+  std::vector<GridCellView> cells;
+};
+
+struct GridColumnView {
+  std::string field;
+  std::string caption;
+};
+
+struct GridView {
+  std::vector<GridColumnView> columns;
+  std::vector<GridRowView> rows;  ///< those asked for
+  std::int32_t rowCount = 0;
+  std::int32_t currentRow = 0;
+};
+
+/// One of several things that a control offers: a button, a link, a panel.
+struct ItemView {
+  std::string text;
+  std::string mark;
+};
+
+/// What a person sees of a control.
+struct ControlView {
+  std::string name;
+  std::string caption;
+  std::optional<std::string> value;  ///< for the eye: a combo's code with its caption
+  bool enabled = true;
+  bool visible = true;
+  std::vector<std::string> marks;  ///< "read-only", "required", "look-up"
+  std::vector<ItemView> items;
+  std::vector<ControlView> children;
+  std::optional<GridView> grid;
+};
+
+}  // namespace kebu::workbench

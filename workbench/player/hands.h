@@ -1,0 +1,48 @@
+#pragma once
+
+#include <cstdint>
+#include <string>
+
+#include "common/value.h"
+#include "workbench/player/control_view.h"
+
+namespace kebu::workbench {
+
+/// Which rows of a grid to look at, counted from 1.
+struct RowRange {
+  std::int32_t first = 1;
+  std::int32_t last = 0;
+};
+
+/// Acts on the window that the user has before them, and looks at it. Controls
+/// go by their names. StepError or controls::GestureRefused when something is
+/// not there or cannot be done.
+class Hands {
+ public:
+  virtual ~Hands() = default;
+
+  virtual void openPage(std::int32_t view) = 0;
+  virtual void press(const std::string& bar, const std::string& button) = 0;
+  virtual void clickButton(const std::string& button) = 0;
+  virtual void type(const std::string& box, const std::string& text) = 0;
+  virtual void choose(const std::string& combo, const std::string& code) = 0;
+  virtual void tick(const std::string& check, bool on) = 0;
+  virtual void selectRow(const std::string& grid, std::int32_t row) = 0;
+  virtual void edit(const std::string& grid, std::int32_t row, const std::string& field,
+                    const Value& value) = 0;
+  virtual void tickCell(const std::string& grid, std::int32_t row, const std::string& field) = 0;
+  virtual void tickAll(const std::string& grid, const std::string& field, bool on) = 0;
+  virtual void lookup(const std::string& box) = 0;
+  virtual void lookupCell(const std::string& grid, std::int32_t row, const std::string& field) = 0;
+  virtual void activateWindow() = 0;
+
+  /// `rows` matters for a grid.
+  virtual ControlView look(const std::string& control, const RowRange& rows) = 0;
+  /// What the control holds: an edit box's text, a combo's code, a check's 1 or 0.
+  virtual std::string value(const std::string& control) = 0;
+  virtual std::string cellText(const std::string& grid, std::int32_t row,
+                               const std::string& field) = 0;
+  virtual bool isButtonEnabled(const std::string& bar, const std::string& button) = 0;
+};
+
+}  // namespace kebu::workbench

@@ -1,0 +1,61 @@
+#include "workbench/player/steps.h"
+#include "workbench/result_text.h"
+
+namespace kebu::workbench::steps {
+
+void open(Player& player, const Words& /*arguments*/) {
+  StandInHost& host = player.stage().host;
+  if (host.isOpen()) throw StepError("the window is open already");
+  host.open();
+}
+
+void close(Player& player, const Words& /*arguments*/) {
+  StandInHost& host = player.stage().host;
+  if (!host.isOpen()) throw StepError("no window is open");
+  const bool closed = host.close();
+  player.out() << "  " << (closed ? "true" : "false") << '\n';
+}
+
+void activate(Player& player, const Words& /*arguments*/) {
+  player.stage().hands.activateWindow();
+}
+
+void set(Player& player, const Words& arguments) {
+  const HostProperty* const property = findHostProperty(arguments[0]);
+  if (!property) throw StepError("the host knows no property " + arguments[0]);
+  if (!property->set) throw StepError(arguments[0] + " cannot be set to a text");
+  player.stage().host.set(*property, arguments[1]);
+}
+
+void without(Player& player, const Words& arguments) {
+  if (!GlobalServices::serviceNames().contains(arguments[0])) {
+    throw StepError("the host has no service \"" + arguments[0] + "\"");
+  }
+  player.stage().host.services().withhold(arguments[0]);
+}
+
+void refuse(Player& player, const Words& arguments) {
+  player.stage().host.services().refuseNext(arguments[0]);
+}
+
+void answer(Player& player, const Words& arguments) {
+  for (const std::string& name : arguments) {
+    const auto answer = answerByName(name);
+    if (!answer) throw StepError("no message box has a button \"" + name + "\"");
+    player.answers().queue(*answer);
+  }
+}
+
+void fail(Player& player, const Words& arguments) {
+  const std::int32_t times = arguments.size() > 1 ? toNumber(arguments[1]) : 1;
+  if (times < 1) throw StepError("a statement fails at least once");
+  player.stage().faults.add(arguments[0], times);
+}
+
+void sql(Player& player, const Words& arguments) {
+  for (const engine::ResultSet& result : player.stage().session.execute(arguments[0])) {
+    writeResult(player.out(), result, "  ");
+  }
+}
+
+}  // namespace kebu::workbench::steps

@@ -1,0 +1,28 @@
+#include "workbench/player/model_desktop.h"
+
+#include <algorithm>
+
+namespace kebu::workbench {
+
+void ModelDesktop::show(controls::Form& form) {
+  hide(form);
+  forms_.push_back(&form);
+}
+
+void ModelDesktop::runModal(controls::Form& form) {
+  user_.workIn(form);
+}
+
+void ModelDesktop::hide(controls::Form& form) {
+  std::erase(forms_, &form);
+}
+
+void ModelDesktop::runLookup(controls::LookupList& list) {
+  user_.chooseFrom(list);
+}
+
+bool ModelDesktop::shows(const controls::Form& form) const {
+  return std::find(forms_.begin(), forms_.end(), &form) != forms_.end();
+}
+
+}  // namespace kebu::workbench

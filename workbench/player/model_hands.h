@@ -1,0 +1,45 @@
+#pragma once
+
+#include "controls/form.h"
+#include "workbench/player/hands.h"
+#include "workbench/player/model_desktop.h"
+
+namespace kebu::workbench {
+
+/// Makes the gestures on the models of the window in front.
+class ModelHands : public Hands {
+ public:
+  explicit ModelHands(ModelDesktop& desktop) : desktop_(desktop) {}
+
+  void openPage(std::int32_t view) override;
+  void press(const std::string& bar, const std::string& button) override;
+  void clickButton(const std::string& button) override;
+  void type(const std::string& box, const std::string& text) override;
+  void choose(const std::string& combo, const std::string& code) override;
+  void tick(const std::string& check, bool on) override;
+  void selectRow(const std::string& grid, std::int32_t row) override;
+  void edit(const std::string& grid, std::int32_t row, const std::string& field,
+            const Value& value) override;
+  void tickCell(const std::string& grid, std::int32_t row, const std::string& field) override;
+  void tickAll(const std::string& grid, const std::string& field, bool on) override;
+  void lookup(const std::string& box) override;
+  void lookupCell(const std::string& grid, std::int32_t row, const std::string& field) override;
+  void activateWindow() override;
+
+  ControlView look(const std::string& control, const RowRange& rows) override;
+  std::string value(const std::string& control) override;
+  std::string cellText(const std::string& grid, std::int32_t row,
+                       const std::string& field) override;
+  bool isButtonEnabled(const std::string& bar, const std::string& button) override;
+
+ private:
+  controls::Form& window() const;
+  controls::Control& control(const std::string& name) const;
+  /// The control of that name and kind; `kind` in words for the one who is told that it is not.
+  template <class Kind>
+  Kind& find(const std::string& name, const char* kind) const;
+
+  ModelDesktop& desktop_;
+};
+
+}  // namespace kebu::workbench

@@ -1,0 +1,123 @@
+#include "workbench/player/player.h"
+
+#include <exception>
+#include <sstream>
+
+#include "workbench/player/control_printer.h"
+#include "workbench/player/step_table.h"
+
+namespace kebu::workbench {
+
+namespace {
+
+void printBox(std::ostream& out, const MessageBox& box) {
+  out << "  [ " << box.title << " ] " << describeIcon(box.style) << '\n';
+  std::istringstream lines(box.text);
+  for (std::string line; std::getline(lines, line);) {
+    if (line.ends_with('\r')) line.pop_back();
+    out << "  | " << line << '\n';
+  }
+}
+
+void printAnswer(std::ostream& out, const MessageBox& box, const Answers::Decision& decision) {
+  out << "  ";
+  for (const msgbox::Answer button : buttonsOf(box.style)) {
+    const bool isDefault = button == defaultButton(box.style);
+    out << (isDefault ? "[" : "") << answerName(button) << (isDefault ? "] " : " ");
+  }
+  out << "-> " << answerName(decision.answer) << (decision.byDefault ? " (default)" : "") << '\n';
+}
+
+}  // namespace
+
+bool Player::play(const Scenario& scenario, const Stage& stage) {
+  scenario_ = &scenario;
+  stage_ = &stage;
+  while (canGoOn()) playLine();
+  return report();
+}
+
+void Player::playLine() {
+  const ScenarioLine& line = scenario_->lines()[next_++];
+  line_ = line.number;
+  out_ << "> " << line.text << '\n';
+  try {
+    runStep(*this, line.words);
+  } catch (const RuntimeError& error) {
+    stop("error " + std::to_string(error.number()) + ": " + error.description());
+  } catch (const std::exception& error) {  // a StepError, or a gesture that was refused
+    stop(error.what());
+  }
+}
+
+bool Player::report() {
+  if (answers_.queued() > 0) {
+    out_ << "note: answers that no message box asked for: " << answers_.queued() << '\n';
+  }
+  if (unmet_ > 0) {
+    err_ << scenario_->name() << ": " << unmet_ << " of " << expectations_
+         << " expectations not met\n";
+  } else if (!stopped_) {
+    out_ << "ok: " << expectations_ << " expectations met\n";
+  }
+  return !stopped_ && unmet_ == 0;
+}
+
+void Player::complain(const std::string& message) {
+  out_.flush();  // both streams may end in the same file
+  err_ << scenario_->name() << ':' << line_ << ": " << message << '\n';
+}
+
+void Player::stop(const std::string& message) {
+  if (!stopped_) complain(message);
+  stopped_ = true;
+}
+
+std::int32_t Player::answer(const MessageBox& box) {
+  messages_.add(box);
+  printBox(out_, box);
+  // Nothing is left to play: the user only wants to get out.
+  Answers::Decision decision{wayOut(box.style), false, ""};
+  if (!stopped_) decision = answers_.decide(box);
+  printAnswer(out_, box, decision);
+  if (!decision.complaint.empty()) stop(decision.complaint);
+  return decision.answer;
+}
+
+void Player::chooseFrom(controls::LookupList& list) {
+  printLookup(out_, list);
+  if (!lookup_ || lookup_->opened) return;
+  lookup_->opened = true;
+  if (!lookup_->row) return;
+  try {
+    list.choose(*lookup_->row);
+  } catch (const controls::GestureRefused& refusal) {
+    // Not to be taken for an error of the plug-in, through which it would pass.
+    stop(refusal.what());
+  }
+}
+
+void Player::workIn(controls::Form& form) {
+  const auto keptAlive = form.weak_from_this().lock();
+  while (form.isLoaded() && canGoOn()) playLine();
+}
+
+void Player::playLookup(const std::function<void()>& gesture, std::optional<std::int32_t> row) {
+  lookup_ = Lookup{row, false};
+  gesture();
+  const bool opened = lookup_->opened;
+  lookup_.reset();
+  if (opened) return;
+  if (row) throw StepError("no list was opened");
+  out_ << "  (no list was opened)\n";
+}
+
+void Player::check(bool holds, const std::string& what, const std::string& expected,
+                   const std::string& found) {
+  ++expectations_;
+  if (holds) return;
+  ++unmet_;
+  complain(what + ": expected \"" + expected + "\", found \"" + found + "\"");
+}
+
+}  // namespace kebu::workbench

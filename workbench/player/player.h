@@ -1,0 +1,80 @@
+#pragma once
+
+#include <cstdint>
+#include <functional>
+#include <optional>
+#include <ostream>
+#include <string>
+
+#include "workbench/engine/session.h"
+#include "workbench/host/stand_in_host.h"
+#include "workbench/host/user.h"
+#include "workbench/player/answers.h"
+#include "workbench/player/hands.h"
+#include "workbench/player/scenario.h"
+#include "workbench/player/shown_messages.h"
+#include "workbench/statement_faults.h"
+
+namespace kebu::workbench {
+
+/// What a scenario is played on.
+struct Stage {
+  StandInHost& host;
+  Hands& hands;
+  /// For statements that are not the plug-in's.
+  engine::Session& session;
+  StatementFaults& faults;
+};
+
+/// Plays a scenario line by line, and is the user to whom boxes, lists and
+/// modal windows turn meanwhile: in a modal window it goes on with the lines
+/// that follow.
+class Player : public User {
+ public:
+  Player(std::ostream& out, std::ostream& err) : out_(out), err_(err) {}
+
+  /// Whether every line could be played and every expectation held.
+  bool play(const Scenario& scenario, const Stage& stage);
+
+  std::int32_t answer(const MessageBox& box) override;
+  void chooseFrom(controls::LookupList& list) override;
+  void workIn(controls::Form& form) override;
+
+  // What the steps work with.
+  const Stage& stage() const { return *stage_; }
+  std::ostream& out() { return out_; }
+  Answers& answers() { return answers_; }
+  ShownMessages& messages() { return messages_; }
+  /// Makes the gesture that opens a look-up and takes `row` from the list.
+  void playLookup(const std::function<void()>& gesture, std::optional<std::int32_t> row);
+  /// Counts an expectation, and tells of one that does not hold.
+  void check(bool holds, const std::string& what, const std::string& expected,
+             const std::string& found);
+
+ private:
+  struct Lookup {
+    std::optional<std::int32_t> row;
+    bool opened = false;
+  };
+
+  bool canGoOn() const { return !stopped_ && next_ < scenario_->lines().size(); }
+  void playLine();
+  void complain(const std::string& message);
+  void stop(const std::string& message);
+  bool report();
+
+  std::ostream& out_;
+  std::ostream& err_;
+  const Scenario* scenario_ = nullptr;
+  const Stage* stage_ = nullptr;
+  std::size_t next_ = 0;
+  int line_ = 0;
+  bool stopped_ = false;
+  int expectations_ = 0;
+  int unmet_ = 0;
+  Answers answers_;
+  ShownMessages messages_;
+  std::optional<Lookup> lookup_;
+};
+
+}  // namespace kebu::workbench

@@ -1,0 +1,30 @@
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "workbench/host/message_box.h"
+
+namespace kebu::workbench {
+
+/// The message boxes that no check has asked for yet, oldest first.
+class ShownMessages {
+ public:
+  void add(const MessageBox& box) { boxes_.push_back(box); }
+  /// Whether one contains `text`; it and those before it count as asked for.
+  bool take(const std::string& text) {
+    for (std::size_t i = 0; i < boxes_.size(); ++i) {
+      if (boxes_[i].text.find(text) == std::string::npos) continue;
+      boxes_.erase(boxes_.begin(), boxes_.begin() + static_cast<std::ptrdiff_t>(i) + 1);
+      return true;
+    }
+    return false;
+  }
+  const std::vector<MessageBox>& boxes() const { return boxes_; }
+  void clear() { boxes_.clear(); }
+
+ private:
+  std::vector<MessageBox> boxes_;
+};
+
+}  // namespace kebu::workbench

@@ -1,0 +1,95 @@
+#include "workbench/player/step_table.h"
+
+#include <algorithm>
+#include <array>
+#include <charconv>
+#include <limits>
+
+#include "workbench/player/scenario.h"
+#include "workbench/player/steps.h"
+
+namespace kebu::workbench {
+
+namespace {
+
+constexpr std::size_t any = std::numeric_limits<std::size_t>::max();
+
+constexpr std::array table{
+    Step{"open", 0, 0, "", "the host creates the plug-in and shows its window", steps::open},
+    Step{"close", 0, 0, "", "the host closes the window; prints true or false", steps::close},
+    Step{"activate", 0, 0, "", "the window comes to the front again", steps::activate},
+    Step{"set", 2, 2, "PROPERTY VALUE", "a property that the host gives the plug-in", steps::set},
+    Step{"without", 1, 1, "SERVICE", "the host does not offer a service", steps::without},
+    Step{"refuse", 1, 1, "EVENT", "the user's script refuses the next event (tsOpen, tsClose)",
+         steps::refuse},
+    Step{"page", 1, 1, "N", "clicks the side bar's link to view N", steps::page},
+    Step{"press", 2, 2, "BAR CAPTION", "presses a button of a navigator bar", steps::press},
+    Step{"click", 1, 1, "BUTTON", "clicks a button", steps::click},
+    Step{"type", 2, 2, "BOX TEXT", "enters an edit box, replaces its text, leaves it", steps::type},
+    Step{"choose", 2, 2, "COMBO CODE", "picks the entry with that code", steps::choose},
+    Step{"tick", 2, 2, "CHECK on|off", "sets a check box", steps::tick},
+    Step{"row", 2, 2, "GRID N", "moves to a row", steps::row},
+    Step{"edit", 4, 4, "GRID N FIELD VALUE", "edits a cell; NULL empties it", steps::edit},
+    Step{"tick-cell", 3, 3, "GRID N FIELD", "clicks a check cell", steps::tickCell},
+    Step{"tick-all", 3, 3, "GRID FIELD on|off", "clicks a column's select-all", steps::tickAll},
+    Step{"lookup", 1, 4, "BOX [N] | GRID ROW FIELD [N]", "opens a look-up, takes its row N",
+         steps::lookup},
+    Step{"condition", 3, any, "EDITOR CAPTION OPERATOR [VALUE...]", "states a condition on a field",
+         steps::condition},
+    Step{"answer", 1, any, "BUTTON...", "queues the answers to the message boxes to come",
+         steps::answer},
+    Step{"fail", 1, 2, "TEXT [TIMES]", "the next statements that contain TEXT fail", steps::fail},
+    Step{"sql", 1, 1, "STATEMENT", "runs a statement on a connection of its own", steps::sql},
+    Step{"print", 1, 3, "CONTROL | GRID FIRST [LAST] | host", "prints what the user sees",
+         steps::print},
+    Step{"expect", 2, 5,
+         "CONTROL [enabled|visible|editable|required|caption|row|rows] = VALUE | "
+         "BAR BUTTON enabled = VALUE | GRID ROW FIELD = VALUE | sql STATEMENT = VALUE | "
+         "host PROPERTY = VALUE | message TEXT | no message",
+         "checks", steps::expect},
+};
+
+}  // namespace
+
+std::span<const Step> stepTable() {
+  return table;
+}
+
+void runStep(Player& player, const Words& words) {
+  const auto* const step = std::find_if(table.begin(), table.end(),
+                                        [&](const Step& s) { return s.name == words.front(); });
+  if (step == table.end()) throw StepError("unknown step \"" + words.front() + "\"");
+  const Words arguments(words.begin() + 1, words.end());
+  if (arguments.size() < step->least || arguments.size() > step->most) {
+    throw StepError("wrong number of arguments, use: " + std::string(step->name) +
+                    (step->arguments.empty() ? "" : " ") + std::string(step->arguments));
+  }
+  step->run(player, arguments);
+}
+
+namespace steps {
+
+bool isNumber(const std::string& text) {
+  std::int32_t number = 0;
+  const char* const end = text.data() + text.size();
+  const auto [at, error] = std::from_chars(text.data(), end, number);
+  return error == std::errc() && at == end;
+}
+
+std::int32_t toNumber(const std::string& text) {
+  std::int32_t number = 0;
+  const char* const end = text.data() + text.size();
+  const auto [at, error] = std::from_chars(text.data(), end, number);
+  if (error != std::errc() || at != end) throw StepError("\"" + text + "\" is not a number");
+  return number;
+}
+
+bool toFlag(const std::string& text) {
+  if (text == "on" || text == "true" || text == "1") return true;
+  if (text == "off" || text == "false" || text == "0") return false;
+  throw StepError("\"" + text + "\" is neither on nor off");
+}
+
+}  // namespace steps
+
+}  // namespace kebu::workbench

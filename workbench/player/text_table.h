@@ -1,0 +1,20 @@
+#pragma once
+
+#include <cstddef>
+#include <ostream>
+#include <string>
+#include <vector>
+
+namespace kebu::workbench {
+
+/// Lines of cells whose columns stand beneath each other.
+class TextTable {
+ public:
+  void add(std::vector<std::string> line) { lines_.push_back(std::move(line)); }
+  void write(std::ostream& out, const std::string& indent = {}) const;
+
+ private:
+  std::vector<std::vector<std::string>> lines_;
+};
+
+}  // namespace kebu::workbench
