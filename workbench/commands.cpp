@@ -6,6 +6,7 @@
 #include <optional>
 
 #include "common/error.h"
+#include "plugin/clskb_anagkelmoria.h"
 #include "workbench/command_line.h"
 #include "workbench/company_file.h"
 #include "workbench/engine/ado_objects.h"
@@ -101,8 +102,10 @@ int playCommand(const std::vector<std::string>& words) {
   engine::Library library;
   engine::Session session(database);
   const auto journal = [](const std::string& entry) { std::cout << "  " << entry << '\n'; };
-  StandInHost host({platform, library, desktop},
-                   {player, database, &log, company, translations, journal});
+  const auto createPlugin = [&] {
+    return plugin::CLSKB_ANAGKELMORIA::create({platform, library, desktop});
+  };
+  StandInHost host(createPlugin, {player, database, &log, company, translations, journal});
   return player.play(scenario, {host, hands, session, faults}) ? 0 : 1;
 }
 

@@ -3,7 +3,6 @@
 #include <utility>
 
 #include "common/convert.h"
-#include "plugin/clskb_anagkelmoria.h"
 #include "workbench/engine/ado_objects.h"
 
 namespace kebu::workbench {
@@ -25,8 +24,8 @@ constexpr std::pair<const char*, const char*> usualProperties[] = {
 
 }  // namespace
 
-StandInHost::StandInHost(const forms::Runtime& runtime, const HostSurroundings& surroundings)
-    : runtime_(runtime),
+StandInHost::StandInHost(PluginFactory createPlugin, const HostSurroundings& surroundings)
+    : createPlugin_(std::move(createPlugin)),
       surroundings_(surroundings),
       global_(makeRef<GlobalServices>(surroundings)),
       statusBar_(makeRef<HostStatusBar>()) {
@@ -53,7 +52,7 @@ void StandInHost::fill(host::Cinterface& plugin) {
 
 void StandInHost::open() {
   navigator_ = makeRef<host::Navigator>();
-  plugin_ = plugin::CLSKB_ANAGKELMORIA::create(runtime_);
+  plugin_ = createPlugin_();
   // A modal window may be closed, and the plug-in let go, before ShowForm returns.
   const Ref<host::Cinterface> shown = plugin_;
   fill(*shown);

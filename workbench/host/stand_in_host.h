@@ -4,7 +4,6 @@
 #include <map>
 #include <string>
 
-#include "forms/runtime.h"
 #include "host/cinterface.h"
 #include "host/navigator.h"
 #include "workbench/host/global_services.h"
@@ -13,11 +12,14 @@
 
 namespace kebu::workbench {
 
+/// Makes the plug-in, as the system's class factory would.
+using PluginFactory = std::function<Ref<host::Cinterface>()>;
+
 /// Does with the plug-in what the ERP does: creates it, fills its properties,
 /// shows and closes its window, and lets it go.
 class StandInHost {
  public:
-  StandInHost(const forms::Runtime& runtime, const HostSurroundings& surroundings);
+  StandInHost(PluginFactory createPlugin, const HostSurroundings& surroundings);
   ~StandInHost();
   StandInHost(const StandInHost&) = delete;
   StandInHost& operator=(const StandInHost&) = delete;
@@ -39,7 +41,7 @@ class StandInHost {
   void fill(host::Cinterface& plugin);
   void release();
 
-  forms::Runtime runtime_;
+  PluginFactory createPlugin_;
   HostSurroundings surroundings_;
   Ref<GlobalServices> global_;
   Ref<HostStatusBar> statusBar_;
