@@ -97,6 +97,15 @@ void expectAspect(Player& player, const Words& subject, const std::string& expec
   player.check(wanted == found, join(subject), wanted, found);
 }
 
+void expectContent(Player& player, const std::string& control, const std::string& expected) {
+  Hands& hands = player.stage().hands;
+  const std::string found = hands.value(control);
+  const ControlView view = hands.look(control, {});
+  // What is masked on the screen is not told by a failing check either.
+  const std::string told = isMarked(view, "masked") ? *view.value : found;
+  player.check(sameValue(expected, found), control, expected, told);
+}
+
 void expectValue(Player& player, const Words& subject, const std::string& expected) {
   Hands& hands = player.stage().hands;
   if (subject.size() == 2 && subject[0] == "sql") {
@@ -106,8 +115,7 @@ void expectValue(Player& player, const Words& subject, const std::string& expect
     const std::string found = hostValue(player, subject[1]);
     player.check(expected == found, join(subject), expected, found);
   } else if (subject.size() == 1) {
-    const std::string found = hands.value(subject[0]);
-    player.check(sameValue(expected, found), join(subject), expected, found);
+    expectContent(player, subject[0], expected);
   } else if (subject.size() == 2) {
     expectAspect(player, subject, expected);
   } else if (isNumber(subject[1])) {

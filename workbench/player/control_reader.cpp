@@ -22,6 +22,7 @@ std::string masked(const std::string& text) {
 
 void describe(ControlView& view, const EditBox& box) {
   view.value = box.isMasked() ? masked(box.text()) : box.text();
+  if (box.isMasked()) view.marks.emplace_back("masked");
   if (!box.isEditable()) view.marks.emplace_back("read-only");
   if (box.isRequired()) view.marks.emplace_back("required");
   if (box.hasLookup()) view.marks.emplace_back("look-up");

@@ -33,6 +33,10 @@ void printAnswer(std::ostream& out, const MessageBox& box, const Answers::Decisi
 bool Player::play(const Scenario& scenario, const Stage& stage) {
   scenario_ = &scenario;
   stage_ = &stage;
+  next_ = 0;
+  stopped_ = false;
+  expectations_ = 0;
+  unmet_ = 0;
   while (canGoOn()) playLine();
   return report();
 }

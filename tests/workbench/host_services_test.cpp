@@ -1,0 +1,81 @@
+#include <gtest/gtest.h>
+
+#include <vector>
+
+#include "tests/workbench/sample_form.h"
+#include "workbench/host/error_log.h"
+#include "workbench/host/filter_specifications.h"
+#include "workbench/host/messages.h"
+#include "workbench/host/object_models.h"
+
+namespace kebu::workbench {
+namespace {
+
+/// Keeps what was put before it.
+class RecordingUser : public AbsentUser {
+ public:
+  std::int32_t answer(const MessageBox& box) override {
+    boxes.push_back(box);
+    return AbsentUser::answer(box);
+  }
+  std::vector<MessageBox> boxes;
+};
+
+TEST(Messages, NumberedOnesComeTranslatedFromTheStore) {
+  RecordingUser user;
+  Messages messages(user,
+                    Translations::parse("Aggiornamento listini terminato.\tPrices refreshed."));
+  EXPECT_EQ(messages.MsgBoxFromId(75210, 64, "Listini", {}), msgbox::ok);
+  EXPECT_EQ(messages.MsgBoxFromId(12569, 48, "Listini", {}), msgbox::ok);
+  EXPECT_EQ(messages.MsgBoxFromId(1, 0, "Listini", {}), msgbox::ok);
+  EXPECT_EQ(messages.MsgBox("Salvare?", msgbox::yesNo, Null{}, {}), msgbox::no);
+  const std::vector<MessageBox> expected{
+      {"Listini", "Prices refreshed.", 64},
+      {"Listini", "Attenzione, specificare il deposito per i documenti importati.", 48},
+      {"Listini", "Messaggio n. 1", 0},
+      {"", "Salvare?", 4}};
+  EXPECT_EQ(user.boxes, expected);
+}
+
+TEST(ErrorLog, ShowsAllThatIsKnownOfTheError) {
+  RecordingUser user;
+  ErrorLog log(user);
+  log.SetError(-2147217865, "Invalid object name.", "OLE DB");
+  log.SetConnectionErrors({{-2147217865, "Invalid object name 'X'.", "SQL Server", 208, "42S02"}});
+  EXPECT_EQ(log.ShowError("KEBU", "Parametri", "ShowChild", 4370), msgbox::abort);
+  // The connection's errors belong to the error that they came with.
+  log.SetError(13, "Type mismatch", "KEBU");
+  log.ShowError("KEBU", "Parametri", "CDecN", 4370);
+
+  ASSERT_EQ(user.boxes.size(), 2U);
+  EXPECT_EQ(user.boxes[0].title, "KEBU - Parametri");
+  EXPECT_EQ(user.boxes[0].style, 4370);
+  EXPECT_EQ(user.boxes[0].text,
+            "Errore n. -2147217865 in ShowChild\r\nInvalid object name.\r\nOrigine: OLE DB\r\n"
+            "SQL Server [42S02, 208]: Invalid object name 'X'.");
+  EXPECT_EQ(user.boxes[1].text, "Errore n. 13 in CDecN\r\nType mismatch\r\nOrigine: KEBU");
+}
+
+TEST(FilterSpecifications, KeepsTheLastTextOfEachName) {
+  FilterSpecifications filters;
+  EXPECT_TRUE(filters.Load("ENHQUERY_CLI", "Filtro clienti").isEmpty());
+  filters.Save("ENHQUERY_CLI", "Filtro clienti", "a", true);
+  filters.Save("ENHQUERY_CLI", "Filtro clienti", "b", true);
+  filters.Save("ENHQUERY_ART", "Filtro clienti", "c", false);
+  EXPECT_EQ(filters.Load("ENHQUERY_CLI", "Filtro clienti"), Value("b"));
+}
+
+TEST(ScriptModel, ARefusalCancelsAndNothingElseDoes) {
+  ScriptModel script([](const std::string&) {},
+                     [](const std::string& event) { return event == "tsClose"; });
+  bool cancel = false;
+  script.RunEvent("tsOpen", cancel);
+  EXPECT_FALSE(cancel);
+  script.RunEvent("tsClose", cancel);
+  EXPECT_TRUE(cancel);
+  script.RunEvent("tsOpen", cancel);
+  EXPECT_TRUE(cancel) << "what was cancelled before stays so";
+}
+
+}  // namespace
+}  // namespace kebu::workbench
