@@ -34,17 +34,22 @@ std::string readFile(const std::string& path) {
 /// A file that is written to, or one that takes nothing without a path.
 class OutputFile {
  public:
-  explicit OutputFile(const std::optional<std::string>& path) {
+  explicit OutputFile(const std::optional<std::string>& path) : path_(path.value_or("")) {
     if (!path) {
       file_.setstate(std::ios::badbit);
       return;
     }
-    file_.open(*path, std::ios::binary);
-    if (!file_) throw CommandError(*path + " cannot be written");
+    file_.open(path_, std::ios::binary);
+    check();
   }
   std::ostream& stream() { return file_; }
+  /// CommandError when not all could be written.
+  void check() {
+    if (!path_.empty() && !file_.flush()) throw CommandError(path_ + " cannot be written");
+  }
 
  private:
+  std::string path_;
   std::ofstream file_;
 };
 
@@ -72,6 +77,34 @@ std::shared_ptr<engine::Database> databaseOf(const CommandLine& line) {
   return path ? openCompany(*path) : demoCompany();
 }
 
+/// What a scenario is played with.
+struct Performance {
+  std::shared_ptr<engine::Database> database;
+  std::int32_t company = 1;
+  Translations translations;
+  std::ostream& statements;
+  std::ostream& trace;
+};
+
+bool perform(const Scenario& scenario, const Performance& performance) {
+  // The plug-in is let go before anything that it may still turn to.
+  Player player(std::cout, std::cerr);
+  StatementFaults faults;
+  StatementLog log(performance.statements, faults);
+  LocalPlatform platform(player, performance.trace);
+  ModelDesktop desktop(player);
+  ModelHands hands(desktop);
+  engine::Library library;
+  engine::Session session(performance.database);
+  const auto createPlugin = [&] {
+    return plugin::CLSKB_ANAGKELMORIA::create({platform, library, desktop});
+  };
+  const auto journal = [](const std::string& entry) { std::cout << "  " << entry << '\n'; };
+  StandInHost host(createPlugin, {player, performance.database, &log, performance.company,
+                                  performance.translations, journal});
+  return player.play(scenario, {host, hands, session, faults});
+}
+
 }  // namespace
 
 int newCommand(const std::vector<std::string>& words) {
@@ -88,25 +121,13 @@ int playCommand(const std::vector<std::string>& words) {
   const Scenario scenario = readScenario(line.operands().front());
   const std::int32_t company = line.number("--company", 1);
   const Translations translations = readTranslations(line.option("--translations"));
-  const auto database = databaseOf(line);
   OutputFile trace(line.option("--trace"));
   OutputFile statements(line.option("--statements"));
-
-  // The plug-in is let go before anything that it may still turn to.
-  Player player(std::cout, std::cerr);
-  StatementFaults faults;
-  StatementLog log(statements.stream(), faults);
-  LocalPlatform platform(player, trace.stream());
-  ModelDesktop desktop(player);
-  ModelHands hands(desktop);
-  engine::Library library;
-  engine::Session session(database);
-  const auto journal = [](const std::string& entry) { std::cout << "  " << entry << '\n'; };
-  const auto createPlugin = [&] {
-    return plugin::CLSKB_ANAGKELMORIA::create({platform, library, desktop});
-  };
-  StandInHost host(createPlugin, {player, database, &log, company, translations, journal});
-  return player.play(scenario, {host, hands, session, faults}) ? 0 : 1;
+  const bool held = perform(
+      scenario, {databaseOf(line), company, translations, statements.stream(), trace.stream()});
+  trace.check();
+  statements.check();
+  return held ? 0 : 1;
 }
 
 int sqlCommand(const std::vector<std::string>& words) {

@@ -12,7 +12,8 @@ void StatementLog::after(const std::string& text, bool edit, std::int64_t rows,
                          const RuntimeError* error) {
   out_ << "{\"text\": " << jsonString(text) << ", \"rows\": " << rows
        << ", \"error\": " << (error ? jsonString(error->description()) : "null")
-       << (edit ? ", \"edit\": true" : "") << "}\n";
+       << (edit ? ", \"edit\": true" : "") << "}\n"
+       << std::flush;  // what led to a crash is what one wants to read
 }
 
 }  // namespace kebu::workbench

@@ -7,6 +7,7 @@
 #include "controls/combo_box.h"
 #include "controls/edit_box.h"
 #include "controls/navigator_bar.h"
+#include "controls/record_frame.h"
 #include "controls/simple_controls.h"
 #include "workbench/player/scenario.h"
 
@@ -57,6 +58,24 @@ void describe(ControlView& view, const StatusBar& bar) {
 void describe(ControlView& view, const ProgressBar& bar) {
   view.value = bar.text();
   if (bar.isRunning()) view.marks.emplace_back("running");
+}
+
+std::string statusText(const RecordFrame& frame) {
+  switch (frame.status()) {
+    case FrameStatus::Editing:
+      return "editing";
+    case FrameStatus::New:
+      return "new";
+    case FrameStatus::Saving:
+      return "saving";
+    default:
+      return "browsing";
+  }
+}
+
+void describe(ControlView& view, const RecordFrame& frame) {
+  view.value = statusText(frame);
+  if (!frame.hasRecord()) view.marks.emplace_back("no record");
 }
 
 void describe(ControlView& view, const GroupBox& group) {
@@ -126,6 +145,8 @@ ControlView viewOf(Control& control, const RowRange& rows) {
     describe(view, *status);
   } else if (const auto* progress = dynamic_cast<ProgressBar*>(&control)) {
     describe(view, *progress);
+  } else if (const auto* frame = dynamic_cast<RecordFrame*>(&control)) {
+    describe(view, *frame);
   } else if (const auto* group = dynamic_cast<GroupBox*>(&control)) {
     describe(view, *group);
   } else if (const auto* form = dynamic_cast<Form*>(&control)) {
@@ -142,6 +163,7 @@ std::string valueOf(const Control& control) {
   if (const auto* check = dynamic_cast<const CheckBox*>(&control)) {
     return check->isTicked() ? "1" : "0";
   }
+  if (const auto* frame = dynamic_cast<const RecordFrame*>(&control)) return statusText(*frame);
   if (const auto* progress = dynamic_cast<const ProgressBar*>(&control)) return progress->text();
   if (const auto* links = dynamic_cast<const SideBar*>(&control)) {
     return links->selected() ? std::to_string(links->selected()->view) : "";
