@@ -43,18 +43,18 @@ TEST(Activities, OfTheProfileLackWhatANewerInstallationHas) {
   database.execute(sql::ImpostazioneInizialeAttivita("1"));
   const std::string activities =
       "SELECT GM08_IDATTIVITA_GM01, GM08_FLGENABLED, GM08_FLGDIFF FROM GM08_ATTIVITADISPO "
-      "WHERE GM08_IDDISPOSITIVO_GM03 = " + profile + " ORDER BY GM08_IDATTIVITA_GM01";
+      "WHERE GM08_IDDISPOSITIVO_GM03 = " +
+      profile + " ORDER BY GM08_IDATTIVITA_GM01";
   EXPECT_EQ(database.rows(activities).size(), 6u);
   database.execute(sql::AttivitaDispositivo(profile, "1"));
-  EXPECT_EQ(database.rows(activities),
-            (Rows{{"1", "1", "0"},
-                  {"2", "1", "1"},
-                  {"3", "1", "0"},
-                  {"4", "1", "1"},
-                  {"5", "1", "1"},
-                  {"6", "1", "0"},
-                  {"7", "0", "0"},
-                  {"8", "1", "0"}}));
+  EXPECT_EQ(database.rows(activities), (Rows{{"1", "1", "0"},
+                                             {"2", "1", "1"},
+                                             {"3", "1", "0"},
+                                             {"4", "1", "1"},
+                                             {"5", "1", "1"},
+                                             {"6", "1", "0"},
+                                             {"7", "0", "0"},
+                                             {"8", "1", "0"}}));
 }
 
 constexpr char kJobs[] =
@@ -63,11 +63,12 @@ constexpr char kJobs[] =
 
 TEST(Jobs, AreTakenAgainUnlessANewOneIsAlwaysWanted) {
   CompanyDatabase database(CompanyDatabase::Content::Schema);
-  const auto ask = [&](int entry, const char* folder, const char* parameter, int company, int anew) {
+  const auto ask = [&](int entry, const char* folder, const char* parameter, int company,
+                       int anew) {
     database.execute("EXEC SPFW_NEWATTJOB @vocemenu = " + std::to_string(entry) +
-                     ", @DescrJob = 'Importa', @DescrAtt = 'Importa ordini', @PathInst = '" + folder +
-                     "', @parametro = '" + parameter + "', @Ditta = " + std::to_string(company) +
-                     ", @AlwaysNewAtt = " + std::to_string(anew));
+                     ", @DescrJob = 'Importa', @DescrAtt = 'Importa ordini', @PathInst = '" +
+                     folder + "', @parametro = '" + parameter + "', @Ditta = " +
+                     std::to_string(company) + ", @AlwaysNewAtt = " + std::to_string(anew));
   };
   ask(2838, "C:\\Erp", "IMPDOC", 1, 0);
   ask(2838, "D:\\Erp", "IMPDOC", 1, 0);
@@ -95,14 +96,14 @@ struct PublishedPrice {
 
 // 19.90 less 10 % and its like: what a computation in binary fractions gets wrong.
 constexpr PublishedPrice kPublishedPrices[] = {
-    {"CAV-0401", 1, "17.910000", "19.900000"},   // list 1 with discounts
-    {"CON-0010", 2, "52.618600", "NULL"},        // list 3, prices as they stand
-    {"CAV-0401", 3, "15.760800", "17.512000"},   // macro-category RIV
-    {"INT-0020", 4, "83.652800", "NULL"},        // macro-area NOR
-    {"CON-0010", 5, "41.836100", "NULL"},        // deposit 02
-    {"LAM-0016", 6, "16.419120", "17.750400"},   // from 25 pieces, the fourth step
-    {"CAT-0003", 7, "80.491950", "91.990800"},   // customer 1001, the later of two valid rows
-    {"CAV-0401", 7, "17.910000", "19.900000"},   // customer 1001
+    {"CAV-0401", 1, "17.910000", "19.900000"},  // list 1 with discounts
+    {"CON-0010", 2, "52.618600", "NULL"},       // list 3, prices as they stand
+    {"CAV-0401", 3, "15.760800", "17.512000"},  // macro-category RIV
+    {"INT-0020", 4, "83.652800", "NULL"},       // macro-area NOR
+    {"CON-0010", 5, "41.836100", "NULL"},       // deposit 02
+    {"LAM-0016", 6, "16.419120", "17.750400"},  // from 25 pieces, the fourth step
+    {"CAT-0003", 7, "80.491950", "91.990800"},  // customer 1001, the later of two valid rows
+    {"CAV-0401", 7, "17.910000", "19.900000"},  // customer 1001
 };
 
 TEST(PriceRefresh, TakesEachSlotFromTheListThatItNames) {
@@ -110,15 +111,17 @@ TEST(PriceRefresh, TakesEachSlotFromTheListThatItNames) {
   for (const PublishedPrice& expected : kPublishedPrices) {
     EXPECT_EQ(database.rows("SELECT KB02_PREZZO, KB02_PREZZOBARRATO FROM KB02_PREZZIART "
                             "WHERE KB02_DITTA_CG18 = 1 AND KB02_OPZIONE_MG5E = '' "
-                            "AND KB02_CODART_MG66 = '" + std::string(expected.article) +
+                            "AND KB02_CODART_MG66 = '" +
+                            std::string(expected.article) +
                             "' AND KB02_CODPREZZO = " + std::to_string(expected.slot)),
               (Rows{{expected.price, expected.struckThrough}}))
         << expected.article << " slot " << expected.slot;
   }
   // A customer without a price of its own pays its list.
-  EXPECT_EQ(database.value("SELECT KB02_PREZZO FROM KB02_PREZZIART WHERE KB02_CODART_MG66 = 'CON-0010' "
-                           "AND KB02_CODPREZZO = 7"),
-            "34.827475");
+  EXPECT_EQ(
+      database.value("SELECT KB02_PREZZO FROM KB02_PREZZIART WHERE KB02_CODART_MG66 = 'CON-0010' "
+                     "AND KB02_CODPREZZO = 7"),
+      "34.827475");
   EXPECT_EQ(database.count("SELECT COUNT(*) FROM KB02_PREZZIART WHERE KB02_CODPREZZO > 7"), 0);
 }
 
@@ -126,22 +129,25 @@ TEST(PriceRefresh, FollowsTheSlotsAndSaysWhenItRan) {
   CompanyDatabase database(CompanyDatabase::Content::Demo);
   const std::string first = "SELECT COUNT(*) FROM KB02_PREZZIART WHERE KB02_CODPREZZO = 1";
   EXPECT_GT(database.count(first), 1000);
-  EXPECT_EQ(database.rows("SELECT KB01_NUMPREZZI - (SELECT COUNT(*) FROM KB02_PREZZIART), KB01_NUMAGG "
-                          "FROM KB01_AGGPREZZI WHERE KB01_DITTA_CG18 = 1"),
-            (Rows{{"0", "1"}}));
+  EXPECT_EQ(
+      database.rows("SELECT KB01_NUMPREZZI - (SELECT COUNT(*) FROM KB02_PREZZIART), KB01_NUMAGG "
+                    "FROM KB01_AGGPREZZI WHERE KB01_DITTA_CG18 = 1"),
+      (Rows{{"0", "1"}}));
 
   database.execute("UPDATE GM57_KBLISTINI SET GM57_FLGATTIVO = 0 WHERE GM57_CODPREZZO = 1");
   EXPECT_GT(database.count(first), 1000);
   database.execute("EXEC SPKB_AGGIORNAPREZZI_KELMORIA 1");
   EXPECT_EQ(database.count(first), 0);
-  EXPECT_EQ(database.rows("SELECT KB01_NUMPREZZI - (SELECT COUNT(*) FROM KB02_PREZZIART), KB01_NUMAGG, "
-                          "CASE WHEN KB01_DATAAGG > '20240115' THEN 1 ELSE 0 END "
-                          "FROM KB01_AGGPREZZI WHERE KB01_DITTA_CG18 = 1"),
-            (Rows{{"0", "2", "1"}}));
+  EXPECT_EQ(
+      database.rows("SELECT KB01_NUMPREZZI - (SELECT COUNT(*) FROM KB02_PREZZIART), KB01_NUMAGG, "
+                    "CASE WHEN KB01_DATAAGG > '20240115' THEN 1 ELSE 0 END "
+                    "FROM KB01_AGGPREZZI WHERE KB01_DITTA_CG18 = 1"),
+      (Rows{{"0", "2", "1"}}));
 
   // A company without a profile has nothing to publish, and is told so.
   database.execute("EXEC SPKB_AGGIORNAPREZZI_KELMORIA 2");
-  EXPECT_EQ(database.rows("SELECT KB01_NUMPREZZI, KB01_NUMAGG FROM KB01_AGGPREZZI WHERE KB01_DITTA_CG18 = 2"),
+  EXPECT_EQ(database.rows(
+                "SELECT KB01_NUMPREZZI, KB01_NUMAGG FROM KB01_AGGPREZZI WHERE KB01_DITTA_CG18 = 2"),
             (Rows{{"0", "1"}}));
 }
 

@@ -64,15 +64,17 @@ TEST(Schema, IsAnInstallationWithoutCompanies) {
   EXPECT_EQ(database.column("SELECT DISTINCT GM23_INDENTITA FROM GM23_CLASSIFICAZIONI "
                             "WHERE GM23_FLGDISABLED = 0 ORDER BY GM23_INDENTITA"),
             (std::vector<std::string>{"1", "2", "3"}));
-  EXPECT_GT(database.count("SELECT COUNT(*) FROM GM23_CLASSIFICAZIONI WHERE GM23_FLGDISABLED = 1"), 0);
+  EXPECT_GT(database.count("SELECT COUNT(*) FROM GM23_CLASSIFICAZIONI WHERE GM23_FLGDISABLED = 1"),
+            0);
   EXPECT_EQ(database.value("SELECT MG6W_DESCR FROM MG6W_STATIART WHERE MG6W_INDSTATO = 1"),
             "In esaurimento");
   // Left to the plug-in and the administrator.
-  EXPECT_EQ(database.count("SELECT COUNT(*) FROM GM13_TIPISINCRO WHERE GM13_IDAPPLICAZIONE = 14"), 0);
+  EXPECT_EQ(database.count("SELECT COUNT(*) FROM GM13_TIPISINCRO WHERE GM13_IDAPPLICAZIONE = 14"),
+            0);
   for (const char* table :
        {"GM02_ATTIVITADITTA", "GM03_DISPOSITIVI", "GM61_KBDISCOUNTRULES", "CG44_CLIFOR",
-        "MG66_ANAGRART", "MG58_DEPOSITI", "LI10_LISTARTIC", "FW01_JOB",
-        "VGM16_KBWSUSERS_KELMORIA", "VGM19_KBWSPRODUCTS_KELMORIA"}) {
+        "MG66_ANAGRART", "MG58_DEPOSITI", "LI10_LISTARTIC", "FW01_JOB", "VGM16_KBWSUSERS_KELMORIA",
+        "VGM19_KBWSPRODUCTS_KELMORIA"}) {
     EXPECT_EQ(database.count(std::string("SELECT COUNT(*) FROM ") + table), 0) << table;
   }
 }
@@ -83,7 +85,8 @@ TEST(Schema, TakesRowsThatSayNoMoreThanTheyMust) {
   EXPECT_EQ(database.value("SELECT GM03_IDDISPOSITIVO FROM GM03_DISPOSITIVI"), "1");
   database.execute("INSERT INTO GM61_KBDISCOUNTRULES (GM61_DITTA_CG18) VALUES (7), (7)");
   EXPECT_EQ(database.value("SELECT IDENT_CURRENT('GM61_KBDISCOUNTRULES')"), "2");
-  database.execute("INSERT INTO LI10_LISTARTIC (LI10_DITTA_CG18, LI10_CODART_MG66) VALUES (7, 'X')");
+  database.execute(
+      "INSERT INTO LI10_LISTARTIC (LI10_DITTA_CG18, LI10_CODART_MG66) VALUES (7, 'X')");
   EXPECT_EQ(database.rows("SELECT LI10_OPZIONE_MG5E, LI10_DEPOS_MG58, LI10_INDTIPOLIS, "
                           "LI10_FLGUSODECOR, LI10_PREZZO FROM LI10_LISTARTIC"),
             (std::vector<std::vector<std::string>>{{"", "", "0", "0", "NULL"}}));

@@ -11,17 +11,33 @@ constexpr char kCustomers[] = "VGM16_KBWSUSERS_KELMORIA WHERE CG44_DITTA_CG18 = 
 constexpr char kArticles[] = "VGM19_KBWSPRODUCTS_KELMORIA v WHERE MG87_DITTA_CG18 = ";
 
 // The previews' columns that the demo fills, by view.
-constexpr const char* kCustomerColumns[] = {
-    "CG44_IDCLIFOR", "CG44_CODICE_CG16", "Email", "Azienda", "Nome", "Cognome", "PartitaIva",
-    "CodiceFiscale", "IndirizzoPrincipaleL1", "IndirizzoPrincipaleL2", "NomeIndirizzoConsegna",
-    "CognomeIndirizzoConsegna", "AziendaIndirizzoConsegna", "IndirizzoConsegnaL1",
-    "IndirizzoConsegnaL2", "CodiceCommerciale", "NomeCategoria1", "NomeCategoria2",
-    "NomeCategoria3", "UltimaModifica"};
+constexpr const char* kCustomerColumns[] = {"CG44_IDCLIFOR",
+                                            "CG44_CODICE_CG16",
+                                            "Email",
+                                            "Azienda",
+                                            "Nome",
+                                            "Cognome",
+                                            "PartitaIva",
+                                            "CodiceFiscale",
+                                            "IndirizzoPrincipaleL1",
+                                            "IndirizzoPrincipaleL2",
+                                            "NomeIndirizzoConsegna",
+                                            "CognomeIndirizzoConsegna",
+                                            "AziendaIndirizzoConsegna",
+                                            "IndirizzoConsegnaL1",
+                                            "IndirizzoConsegnaL2",
+                                            "CodiceCommerciale",
+                                            "NomeCategoria1",
+                                            "NomeCategoria2",
+                                            "NomeCategoria3",
+                                            "UltimaModifica"};
 constexpr const char* kArticleColumns[] = {
-    "MG87_CODART_MG66", "MG87_OPZIONE_MG5E", "Nome", "Descrizione", "NomeCategoria1",
-    "NomeCategoria2", "NomeCategoria3", "QuantitaInStock", "Prezzo1", "PrezzoBarrato1",
-    "IvaInclusa1", "Prezzo2", "IvaInclusa2", "Prezzo3", "PrezzoBarrato3", "Prezzo4", "Prezzo5",
-    "Prezzo6", "PrezzoBarrato6", "Prezzo7", "PrezzoBarrato7", "UltimaModifica"};
+    "MG87_CODART_MG66", "MG87_OPZIONE_MG5E", "Nome",           "Descrizione",
+    "NomeCategoria1",   "NomeCategoria2",    "NomeCategoria3", "QuantitaInStock",
+    "Prezzo1",          "PrezzoBarrato1",    "IvaInclusa1",    "Prezzo2",
+    "IvaInclusa2",      "Prezzo3",           "PrezzoBarrato3", "Prezzo4",
+    "Prezzo5",          "Prezzo6",           "PrezzoBarrato6", "Prezzo7",
+    "PrezzoBarrato7",   "UltimaModifica"};
 // Those of slots and levels that the demo's profile leaves unused.
 constexpr char kUnusedCustomerColumns[] = "NomeCategoria4";
 constexpr char kUnusedArticleColumns[] =
@@ -32,26 +48,31 @@ constexpr char kUnusedArticleColumns[] =
 TEST(Views, DeliverWhatThePreviewsShow) {
   CompanyDatabase database(CompanyDatabase::Content::Demo);
   for (const char* column : kCustomerColumns) {
-    EXPECT_GT(database.count(std::string("SELECT COUNT(") + column + ") FROM " + kCustomers + "1"), 0)
+    EXPECT_GT(database.count(std::string("SELECT COUNT(") + column + ") FROM " + kCustomers + "1"),
+              0)
         << column;
   }
   for (const char* column : kArticleColumns) {
-    EXPECT_GT(database.count(std::string("SELECT COUNT(") + column + ") FROM " + kArticles + "1"), 0)
+    EXPECT_GT(database.count(std::string("SELECT COUNT(") + column + ") FROM " + kArticles + "1"),
+              0)
         << column;
   }
-  EXPECT_EQ(database.rows(std::string("SELECT ") + kUnusedCustomerColumns + " FROM " + kCustomers + "1")
-                .size(),
-            260u);
-  EXPECT_EQ(database.rows(std::string("SELECT ") + kUnusedArticleColumns + " FROM " + kArticles + "1")
-                .size(),
-            1300u);
+  EXPECT_EQ(
+      database.rows(std::string("SELECT ") + kUnusedCustomerColumns + " FROM " + kCustomers + "1")
+          .size(),
+      260u);
+  EXPECT_EQ(
+      database.rows(std::string("SELECT ") + kUnusedArticleColumns + " FROM " + kArticles + "1")
+          .size(),
+      1300u);
 }
 
 TEST(Views, ShowCustomersOnlyAndEmptyAddressesAsNone) {
   CompanyDatabase database(CompanyDatabase::Content::Demo);
   // Supplier 1001 bears a customer's code.
-  EXPECT_EQ(database.rows(std::string("SELECT Azienda FROM ") + kCustomers + "1 AND CG44_CLIFOR = 1001"),
-            (Rows{{"Colorificio Iacobelli & Figli S.n.c."}}));
+  EXPECT_EQ(
+      database.rows(std::string("SELECT Azienda FROM ") + kCustomers + "1 AND CG44_CLIFOR = 1001"),
+      (Rows{{"Colorificio Iacobelli & Figli S.n.c."}}));
   EXPECT_GT(database.count("SELECT COUNT(*) FROM CG16_RAGSOANAG WHERE CG16_EMAIL = ''"), 0);
   EXPECT_EQ(database.count(std::string("SELECT COUNT(*) FROM ") + kCustomers +
                            "1 AND Email IS NOT NULL AND Email = ''"),
@@ -66,22 +87,28 @@ TEST(Views, ShowCustomersOnlyAndEmptyAddressesAsNone) {
 TEST(Views, NameTheCategoriesThatTheProfileConfigures) {
   CompanyDatabase database(CompanyDatabase::Content::Demo);
   EXPECT_EQ(database.rows(std::string("SELECT NomeCategoria1, NomeCategoria2, NomeCategoria3, "
-                                      "NomeCategoria4 FROM ") + kCustomers + "1 AND CG44_CLIFOR = 1001"),
+                                      "NomeCategoria4 FROM ") +
+                          kCustomers + "1 AND CG44_CLIFOR = 1001"),
             (Rows{{"Rivenditori", "Colorifici", "VIP", "NULL"}}));
-  EXPECT_EQ(database.rows(std::string("SELECT NomeCategoria1, NomeCategoria2, NomeCategoria3 FROM ") +
-                          kArticles + "1 AND MG87_CODART_MG66 = 'ACC-0028'"),
-            (Rows{{"Bagno\\Accessori bagno", "Linea professionale\\Confezione singola", "Domusviva"}}));
+  EXPECT_EQ(
+      database.rows(std::string("SELECT NomeCategoria1, NomeCategoria2, NomeCategoria3 FROM ") +
+                    kArticles + "1 AND MG87_CODART_MG66 = 'ACC-0028'"),
+      (Rows{{"Bagno\\Accessori bagno", "Linea professionale\\Confezione singola", "Domusviva"}}));
 
-  database.execute("UPDATE GM19_DETTCONF SET GM19_INDCLASSIF = 1 WHERE GM19_INDENTITA = 1 AND GM19_PROG = 1");
-  database.execute("UPDATE GM19_DETTCONF SET GM19_INDCLASSIF = 255 WHERE GM19_INDENTITA = 3 AND GM19_PROG = 1");
-  EXPECT_EQ(database.value(std::string("SELECT NomeCategoria1 FROM ") + kCustomers + "1 AND CG44_CLIFOR = 1001"),
+  database.execute(
+      "UPDATE GM19_DETTCONF SET GM19_INDCLASSIF = 1 WHERE GM19_INDENTITA = 1 AND GM19_PROG = 1");
+  database.execute(
+      "UPDATE GM19_DETTCONF SET GM19_INDCLASSIF = 255 WHERE GM19_INDENTITA = 3 AND GM19_PROG = 1");
+  EXPECT_EQ(database.value(std::string("SELECT NomeCategoria1 FROM ") + kCustomers +
+                           "1 AND CG44_CLIFOR = 1001"),
             "Nord Italia");
   EXPECT_EQ(database.value(std::string("SELECT NomeCategoria1 FROM ") + kArticles +
                            "1 AND MG87_CODART_MG66 = 'ACC-0028'"),
             "BAG/ACC/G2/S1");
   // Without a profile there are no levels, but the customers are there.
-  EXPECT_EQ(database.rows(std::string("SELECT COUNT(*), COUNT(NomeCategoria1) FROM ") + kCustomers + "2"),
-            (Rows{{"60", "0"}}));
+  EXPECT_EQ(
+      database.rows(std::string("SELECT COUNT(*), COUNT(NomeCategoria1) FROM ") + kCustomers + "2"),
+      (Rows{{"60", "0"}}));
 }
 
 TEST(Views, CountTheStockOfThePublishedDepositsOnly) {
@@ -90,9 +117,10 @@ TEST(Views, CountTheStockOfThePublishedDepositsOnly) {
   // ordered goods count because the profile asks for what is available.
   const std::string stock = std::string("SELECT QuantitaInStock FROM ") + kArticles +
                             "1 AND MG87_CODART_MG66 = 'CHI-0005'";
-  EXPECT_EQ(database.rows("SELECT MG70_DEPOS_MG58, MG70_QTAGIAC, MG70_QTAIMP, MG70_QTAORD FROM MG70_GIACDEP "
-                          "WHERE MG70_DITTA_CG18 = 1 AND MG70_CODART_MG66 = 'CHI-0005' "
-                          "ORDER BY MG70_DEPOS_MG58"),
+  EXPECT_EQ(database.rows(
+                "SELECT MG70_DEPOS_MG58, MG70_QTAGIAC, MG70_QTAIMP, MG70_QTAORD FROM MG70_GIACDEP "
+                "WHERE MG70_DITTA_CG18 = 1 AND MG70_CODART_MG66 = 'CHI-0005' "
+                "ORDER BY MG70_DEPOS_MG58"),
             (Rows{{"01", "68.000", "8.000", "25.000"}, {"06", "65.000", "8.000", "25.000"}}));
   EXPECT_EQ(database.value(stock), "85.000");
   database.execute("UPDATE GM04_PARAMETRITVRO SET GM04_INDTIPOGIACENZA = 1");
@@ -105,13 +133,22 @@ TEST(Views, CountTheStockOfThePublishedDepositsOnly) {
 
 // A condition on every field that the two editors offer, and on those that editors of
 // other windows add.
-constexpr const char* kCustomerConditions[] = {
-    "CG44_CLIFOR = 1007",          "Azienda LIKE 'Ferramenta%'",   "IndirizzoPrincipaleL1 LIKE 'Via%'",
-    "Cap = '00185'",               "Citta = 'Forlì'",              "Provincia IN ('AN', 'MC')",
-    "PartitaIva >= '1'",           "MG19_MACROAREA = 'NOR'",       "MG19_AREA = 'TRI'",
-    "MG19_ZONA = 'VEN'",           "MG19_MACROCAT = 'RIV'",        "MG19_CATEG = 'FER'",
-    "MG19_SOTTOCAT = 'NEG'",       "MG19_RAGGRCF1 = 'ORO'",        "MG19_RAGGRCF2 = 'RBA'",
-    "MG19_RAGGCRF3 = 'RIT'"};
+constexpr const char* kCustomerConditions[] = {"CG44_CLIFOR = 1007",
+                                               "Azienda LIKE 'Ferramenta%'",
+                                               "IndirizzoPrincipaleL1 LIKE 'Via%'",
+                                               "Cap = '00185'",
+                                               "Citta = 'Forlì'",
+                                               "Provincia IN ('AN', 'MC')",
+                                               "PartitaIva >= '1'",
+                                               "MG19_MACROAREA = 'NOR'",
+                                               "MG19_AREA = 'TRI'",
+                                               "MG19_ZONA = 'VEN'",
+                                               "MG19_MACROCAT = 'RIV'",
+                                               "MG19_CATEG = 'FER'",
+                                               "MG19_SOTTOCAT = 'NEG'",
+                                               "MG19_RAGGRCF1 = 'ORO'",
+                                               "MG19_RAGGRCF2 = 'RBA'",
+                                               "MG19_RAGGCRF3 = 'RIT'"};
 constexpr const char* kArticleConditions[] = {
     "MG87_CODART_MG66 BETWEEN 'B' AND 'C'",
     "MG66_FAM_MG53 = 'FER'",
@@ -125,7 +162,8 @@ constexpr const char* kArticleConditions[] = {
     "MG66_GRUSTAT4_MG77 = 'PRO'",
     "MG66_INDSTATO_MG6W = 3",
     "MG66_CLASC_MG63 = 'A'",
-    "EXISTS (SELECT MG72_CODAPPLIC_MG57 FROM MG72_APPLICART WHERE MG72_DITTA_CG18 = MG66_DITTA_CG18 "
+    "EXISTS (SELECT MG72_CODAPPLIC_MG57 FROM MG72_APPLICART WHERE MG72_DITTA_CG18 = "
+    "MG66_DITTA_CG18 "
     "AND MG72_CODART_MG66 = MG66_CODART AND MG72_CODAPPLIC_MG57 = 'LEG')",
     "EXISTS (SELECT MG73_CLIFOR_CG44 FROM MG73_ARTCLIFOR WHERE MG73_DITTA_CG18 = MG66_DITTA_CG18 "
     "AND MG73_TIPOCF_CG44 = 1 AND MG73_CODART_MG66 = MG66_CODART AND MG73_CLIFOR_CG44 = 4)",
@@ -137,8 +175,8 @@ TEST(Views, CanBeNarrowedByEveryFilterField) {
   CompanyDatabase database(CompanyDatabase::Content::Demo);
   const int customers = database.count(std::string("SELECT COUNT(*) FROM ") + kCustomers + "1");
   for (const char* condition : kCustomerConditions) {
-    const int found = database.count(std::string("SELECT COUNT(*) FROM ") + kCustomers +
-                                     "1 AND " + condition);
+    const int found =
+        database.count(std::string("SELECT COUNT(*) FROM ") + kCustomers + "1 AND " + condition);
     EXPECT_TRUE(found > 0 && found < customers) << condition << " leaves " << found;
   }
   const int articles = database.count(std::string("SELECT COUNT(*) FROM ") + kArticles + "1");

@@ -14,8 +14,12 @@ void run(engine::Session& session, std::span<const Script> scripts) {
 
 }  // namespace
 
-void createSchema(engine::Session& session) { run(session, schemaScripts()); }
+void createSchema(engine::Session& session) {
+  run(session, schemaScripts());
+}
 
-void loadDemo(engine::Session& session) { run(session, demoScripts()); }
+void loadDemo(engine::Session& session) {
+  run(session, demoScripts());
+}
 
 }  // namespace kebu::workbench
