@@ -1,0 +1,54 @@
+#pragma once
+
+#include <cstdint>
+#include <map>
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "workbench/engine/binder.h"
+#include "workbench/engine/cell.h"
+#include "workbench/engine/database.h"
+
+namespace kebu::engine {
+
+/// The variables of a batch or procedure while it runs, and the batch's literals.
+struct Frame {
+  Variables types;
+  std::map<std::string, Value> values;
+  const std::vector<ast::Literal>* literals = nullptr;
+};
+
+/// A statement of SQLite's with the values that it takes.
+class PreparedStatement {
+ public:
+  PreparedStatement(Database& database, const std::string& sql, std::vector<Slot> slots = {});
+
+  /// Gives it its values; step() then goes from row to row and is false at the end.
+  void start(const Frame& frame);
+  bool step();
+  void reset() { sqlite3_reset(statement_.get()); }
+  /// Runs to the end; the number of rows changed.
+  std::int64_t run(const Frame& frame);
+  Cell cell(int column) const { return cellOf(statement_.get(), column); }
+  bool busy() const { return sqlite3_stmt_busy(statement_.get()) != 0; }
+
+ private:
+  Database& database_;
+  Prepared statement_;
+  std::vector<Slot> slots_;
+};
+
+/// Resets a statement at the end of a block, whatever happens in it.
+class Running {
+ public:
+  explicit Running(PreparedStatement& statement) : statement_(statement) {}
+  Running(const Running&) = delete;
+  Running& operator=(const Running&) = delete;
+  ~Running() { statement_.reset(); }
+
+ private:
+  PreparedStatement& statement_;
+};
+
+}  // namespace kebu::engine

@@ -1,0 +1,173 @@
+#include "workbench/engine/session.h"
+
+#include <algorithm>
+#include <utility>
+
+#include "common/convert.h"
+#include "workbench/engine/cast.h"
+
+namespace kebu::engine {
+namespace {
+
+constexpr std::size_t plansKept = 256;
+
+/// Makes a session the current one while a batch of its runs.
+class Activation {
+ public:
+  Activation(Database& database, Session& session)
+      : database_(database), before_(database.setCurrent(&session)) {}
+  Activation(const Activation&) = delete;
+  Activation& operator=(const Activation&) = delete;
+  ~Activation() { database_.setCurrent(before_); }
+
+ private:
+  Database& database_;
+  Session* before_;
+};
+
+/// In an INSERT of plain rows the sizes of literals have no effect; without them
+/// many texts share one plan.
+bool onlyInsertsRows(const std::vector<Token>& tokens) {
+  return isWord(tokens.front(), "INSERT") &&
+         std::none_of(tokens.begin(), tokens.end(), [](const Token& token) {
+           return isWord(token, "SELECT") ||
+                  (token.kind == TokenKind::Symbol && (token.text == "/" || token.text == ";"));
+         });
+}
+
+void forgetSize(SqlType& type) {
+  if (type.isText()) type.size = -1;
+  if (type.kind == TypeKind::Int) type.precision = 0;
+  if (type.kind == TypeKind::Decimal && !type.isWide()) type.precision = 18;
+}
+
+}  // namespace
+
+Session::Session(std::shared_ptr<Database> database)
+    : database_(std::move(database)), id_(database_->newSessionId()) {}
+
+Session::~Session() {
+  plans_.clear();
+  modules_.clear();
+  for (const auto& table : database_->catalogue().temporariesOf(id_)) {
+    try {
+      database_->dropTable(*table);
+    } catch (const SqlError&) {  // NOLINT(bugprone-empty-catch): nobody is left to hear of it
+    }
+  }
+}
+
+std::vector<ResultSet> Session::execute(const std::string& batch,
+                                        const std::vector<Preset>& variables) {
+  const auto tokens = tokenize(batch);
+  std::vector<ast::Literal> literals;
+  const bool loose = onlyInsertsRows(tokens);
+  for (const auto& token : tokens) {
+    if (!isLiteral(token)) continue;
+    literals.push_back(literalOf(token));
+    if (loose) forgetSize(literals.back().type);
+  }
+  literals_ = std::move(literals);
+  const auto program = plan(batch, tokens, variables);
+  const auto values = std::exchange(literals_, {});
+
+  Frame frame;
+  frame.literals = &values;
+  for (const auto& variable : variables) {
+    const std::string name = toUpperAscii(variable.name);
+    frame.types[name] = variable.type;
+    frame.values[name] = castTo(variable.value, variable.type);
+  }
+  const Activation activation(*database_, *this);
+  rowsAffected_ = -1;
+  depth_ = 0;
+  std::vector<ResultSet> results;
+  Interpreter(*this, *program, frame, &results).run(program->batch.statements);
+  return results;
+}
+
+std::shared_ptr<Program> Session::plan(const std::string& batch, const std::vector<Token>& tokens,
+                                       const std::vector<Preset>& variables) {
+  std::string key;
+  key.reserve(batch.size() + 16);
+  for (const auto& variable : variables)
+    key += variable.name + "=" + std::to_string(variable.type.code()) + " ";
+  std::size_t literal = 0;
+  for (const auto& token : tokens) {
+    if (isLiteral(token)) {
+      key += '?';
+      key += std::to_string(literals_[literal++].type.code());
+    } else {
+      key += token.text;
+    }
+    key += ' ';
+  }
+  const auto use = [&](const std::string& name) -> std::shared_ptr<Program> {
+    const auto found = planOf_.find(name);
+    if (found == planOf_.end()) return nullptr;
+    plans_.splice(plans_.begin(), plans_, found->second);
+    return plans_.front().second;
+  };
+  // A batch whose literals belong to its form is kept by its whole text.
+  const std::string exactKey = key + batch;
+  if (auto known = use(key)) return known;
+  if (auto known = use(exactKey)) return known;
+
+  LiteralTypes types;
+  types.reserve(literals_.size());
+  for (const auto& item : literals_) types.push_back(item.type);
+  const auto text = std::make_shared<const std::string>(batch);
+  // The tree refers to the text that is kept, not to the caller's.
+  auto program = std::make_shared<Program>();
+  program->batch = parseBatch(text, tokenize(*text), types);
+  plans_.emplace_front(program->batch.liftable ? key : exactKey, program);
+  planOf_[plans_.front().first] = plans_.begin();
+  if (plans_.size() > plansKept) {
+    planOf_.erase(plans_.back().first);
+    plans_.pop_back();
+  }
+  return program;
+}
+
+Program& Session::programOf(const ModulePtr& module) {
+  Program& program = modules_[module];
+  program.module = module;
+  return program;
+}
+
+std::int64_t Session::lastRowId() const {
+  return sqlite3_last_insert_rowid(database_->handle());
+}
+
+const std::vector<ast::Parameter>& Session::parametersOf(const std::string& procedure) const {
+  const auto tokens = tokenize(procedure);
+  const ModulePtr module =
+      tokens.size() < 2 ? nullptr
+                        : database_->catalogue().module({{nameOf(tokens[tokens.size() - 2])}, {}});
+  if (!module || module->tree.kind != ast::ModuleKind::Procedure) {
+    throw SqlError(2812, "Could not find stored procedure '" + procedure + "'.");
+  }
+  return module->tree.parameters;
+}
+
+Value Session::globalVariable(const std::string& name) const {
+  if (name == "@@ROWCOUNT") return static_cast<std::int32_t>(rowCount_);
+  if (name == "@@IDENTITY") return lastIdentity_ ? Value(Decimal(*lastIdentity_)) : Value(Null{});
+  return std::int32_t{0};
+}
+
+Cell Session::callFunction(const std::string& name, CellArguments args) {
+  const ModulePtr module = database_->catalogue().module({{name}, {}});
+  Frame frame;
+  for (std::size_t i = 0; i < module->tree.parameters.size(); ++i) {
+    const auto& parameter = module->tree.parameters[i];
+    const std::string variable = toUpperAscii(parameter.name);
+    frame.types[variable] = parameter.type;
+    frame.values[variable] = valueOf(cellOf(args[i]), parameter.type);
+  }
+  Interpreter interpreter(*this, programOf(module), frame, nullptr);
+  interpreter.run({module->tree.body});
+  return storedAs(castTo(interpreter.returned(), module->tree.returns), module->tree.returns);
+}
+
+}  // namespace kebu::engine

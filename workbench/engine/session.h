@@ -1,0 +1,92 @@
+#pragma once
+
+#include <cstdint>
+#include <list>
+#include <map>
+#include <memory>
+#include <optional>
+#include <string>
+#include <unordered_map>
+#include <vector>
+
+#include "ado/recordset.h"
+#include "common/value.h"
+#include "workbench/engine/functions.h"
+#include "workbench/engine/interpreter.h"
+#include "workbench/engine/parser.h"
+
+namespace kebu::engine {
+
+/// The rows of one query.
+struct ResultSet {
+  std::vector<ado::Field> fields;
+  std::vector<std::vector<Value>> rows;
+  std::int64_t rowsAffected = 0;
+
+  /// Where the rows are those of one table: its name, its column behind every
+  /// field ("" for computed ones), and the id of every row.
+  std::string table;
+  std::vector<std::string> columns;
+  std::vector<std::int64_t> rowIds;
+};
+
+/// A variable that a batch finds declared.
+struct Preset {
+  std::string name;  ///< with "@"
+  SqlType type;
+  Value value;
+};
+
+/// What one connection keeps: its temporary tables, its last identity, the plans
+/// of its statements. Its temporary tables end with it.
+class Session {
+ public:
+  explicit Session(std::shared_ptr<Database> database);
+  Session(const Session&) = delete;
+  Session& operator=(const Session&) = delete;
+  ~Session();
+
+  /// Runs a batch; the results of its queries in order. Throws SqlError at the
+  /// first statement that fails; what was done before stays done.
+  std::vector<ResultSet> execute(const std::string& batch,
+                                 const std::vector<Preset>& variables = {});
+  /// The rows that the last batch inserted, changed and deleted; -1 when it only read.
+  std::int64_t rowsAffected() const { return rowsAffected_; }
+  std::optional<std::int64_t> lastIdentity() const { return lastIdentity_; }
+  /// The id of the row last inserted.
+  std::int64_t lastRowId() const;
+  /// Of a stored procedure. SqlError 2812 when there is none of the name.
+  const std::vector<ast::Parameter>& parametersOf(const std::string& procedure) const;
+
+  int id() const { return id_; }
+  Database& database() const { return *database_; }
+  /// "@@ROWCOUNT" and the like.
+  Value globalVariable(const std::string& name) const;
+  /// A scalar function of T-SQL's, called from within a statement.
+  Cell callFunction(const std::string& name, CellArguments args);
+
+ private:
+  friend class Interpreter;
+  struct Plan {
+    std::string key;
+    Program program;
+  };
+
+  std::shared_ptr<Program> plan(const std::string& batch, const std::vector<Token>& tokens,
+                                const std::vector<Preset>& variables);
+  Program& programOf(const ModulePtr& module);
+
+  std::shared_ptr<Database> database_;
+  int id_;
+  std::int64_t rowsAffected_ = -1;
+  std::int64_t rowCount_ = 0;
+  std::optional<std::int64_t> lastIdentity_;
+  std::string identityInsert_;  ///< the table whose identity may be given
+  int depth_ = 0;
+  std::vector<ast::Literal> literals_;
+  std::list<std::pair<std::string, std::shared_ptr<Program>>> plans_;  ///< the last used first
+  std::unordered_map<std::string_view, decltype(plans_)::iterator> planOf_;
+  std::map<ModulePtr, Program> modules_;
+};
+
+}  // namespace kebu::engine

@@ -1,0 +1,31 @@
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <utility>
+
+#include "common/error.h"
+
+namespace kebu::engine {
+
+/// An error of the database: SQL Server's number where it has one, and the text.
+/// number() is the one that ADO shows for every provider error.
+class SqlError : public RuntimeError {
+ public:
+  static constexpr std::int32_t providerNumber = -2147217900;
+  static constexpr const char* providerName = "KEBU Engine";
+
+  SqlError(std::int32_t nativeError, std::string text, std::string sqlState = "42000")
+      : RuntimeError(providerNumber, std::move(text), providerName),
+        nativeError_(nativeError),
+        sqlState_(std::move(sqlState)) {}
+
+  std::int32_t nativeError() const { return nativeError_; }
+  const std::string& sqlState() const { return sqlState_; }
+
+ private:
+  std::int32_t nativeError_;
+  std::string sqlState_;
+};
+
+}  // namespace kebu::engine

@@ -1,0 +1,67 @@
+#pragma once
+
+#include <cstdint>
+#include <string>
+
+#include "ado/recordset.h"
+
+namespace kebu::engine {
+
+/// In the order of precedence: of two operands the later kind decides.
+enum class TypeKind : std::uint8_t {
+  Null,
+  Char,
+  VarChar,
+  NChar,
+  NVarChar,
+  Guid,
+  Bit,
+  TinyInt,
+  SmallInt,
+  Int,
+  BigInt,
+  Decimal,
+  Date,
+  DateTime
+};
+
+/// A T-SQL type as an expression or column has it.
+struct SqlType {
+  TypeKind kind = TypeKind::Null;
+  int precision = 0;  ///< decimals; of an integer literal its digits
+  int scale = 0;
+  int size = 0;  ///< characters of a text, -1 for max
+
+  static SqlType text(int size) { return {TypeKind::VarChar, 0, 0, size}; }
+  static SqlType integer(TypeKind kind = TypeKind::Int) { return {kind, 0, 0, 0}; }
+  /// Cut to the 38 digits that there are, at the cost of digits after the point.
+  static SqlType decimal(int precision, int scale);
+
+  bool isText() const { return kind >= TypeKind::Char && kind <= TypeKind::NVarChar; }
+  bool isInteger() const { return kind >= TypeKind::Bit && kind <= TypeKind::BigInt; }
+  bool isNumber() const { return isInteger() || kind == TypeKind::Decimal; }
+  bool isDate() const { return kind == TypeKind::Date || kind == TypeKind::DateTime; }
+  /// Decimals of more digits than 64 bits hold are kept as blobs that sort as the numbers do.
+  bool isWide() const { return kind == TypeKind::Decimal && precision > 18; }
+
+  /// Any number as the decimal that it counts as in arithmetic.
+  SqlType asDecimal() const;
+  /// As a script would declare it.
+  std::string declaration() const;
+  /// The type in one number, for the functions that SQLite calls; and back.
+  std::int64_t code() const;
+  static SqlType fromCode(std::int64_t code);
+  ado::Field field(std::string name) const;
+
+  friend bool operator==(const SqlType&, const SqlType&) = default;
+};
+
+/// The type that both operands of a comparison, CASE or UNION take.
+SqlType unify(const SqlType& a, const SqlType& b);
+/// The least and greatest value of an integer kind.
+std::int64_t leastOf(TypeKind kind);
+std::int64_t greatestOf(TypeKind kind);
+/// The result of an arithmetic operator (+ - * / %) over numbers.
+SqlType arithmeticType(char op, const SqlType& a, const SqlType& b);
+
+}  // namespace kebu::engine
