@@ -198,7 +198,7 @@ TEST_F(Demo, KeepsItsPricesExact) {
               "AND LI10_DATAINIZIOVAL = '20200101'")
           .at(0)
           .at(0),
-      "19.900000");
+      "19.9");
   EXPECT_EQ(
       database_.count(
           "SELECT COUNT(*) FROM LI10_LISTARTIC WHERE LI10_DITTA_CG18 = 1 AND LI10_NUMLIST = 1 "

@@ -121,12 +121,12 @@ TEST(Views, CountTheStockOfThePublishedDepositsOnly) {
                 "SELECT MG70_DEPOS_MG58, MG70_QTAGIAC, MG70_QTAIMP, MG70_QTAORD FROM MG70_GIACDEP "
                 "WHERE MG70_DITTA_CG18 = 1 AND MG70_CODART_MG66 = 'CHI-0005' "
                 "ORDER BY MG70_DEPOS_MG58"),
-            (Rows{{"01", "68.000", "8.000", "25.000"}, {"06", "65.000", "8.000", "25.000"}}));
-  EXPECT_EQ(database.value(stock), "85.000");
+            (Rows{{"01", "68", "8", "25"}, {"06", "65", "8", "25"}}));
+  EXPECT_EQ(database.value(stock), "85");
   database.execute("UPDATE GM04_PARAMETRITVRO SET GM04_INDTIPOGIACENZA = 1");
-  EXPECT_EQ(database.value(stock), "60.000");
+  EXPECT_EQ(database.value(stock), "60");
   database.execute("UPDATE GM04_PARAMETRITVRO SET GM04_INDTIPOGIACENZA = 0");
-  EXPECT_EQ(database.value(stock), "68.000");
+  EXPECT_EQ(database.value(stock), "68");
   database.execute("DELETE FROM GM56_KBDEPOSITI WHERE GM56_DEPGIACENZE_MG58 = '01'");
   EXPECT_EQ(database.value(stock), "NULL");
 }
