@@ -32,6 +32,8 @@ std::span<const FunctionEntry> systemFunctions();
 
 /// Comparison of texts as SQL Server's usual collation has it.
 int compareTexts(std::string_view a, std::string_view b);
+/// LIKE: % for any text, _ for a character, [a-f] and [^a-f] for one of a set.
+bool matchesLike(std::string_view text, std::string_view pattern, std::string_view escape = {});
 
 /// Whether any argument is null, which most functions answer with null.
 bool anyNull(CellArguments args);

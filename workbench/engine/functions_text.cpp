@@ -147,10 +147,8 @@ class Pattern {
 /// kb_like(text, pattern[, escape])
 Cell like(Database&, CellArguments args) {
   if (anyNull(args)) return {};
-  const std::u32string pattern = lowered(textAt(args, 1));
-  const std::u32string escape = args.size() > 2 ? lowered(textAt(args, 2)) : std::u32string();
-  const std::u32string text = lowered(textAt(args, 0));
-  return Cell::of(Pattern(pattern, escape.empty() ? 0 : escape.front()).matches(text) ? 1 : 0);
+  const std::string_view escape = args.size() > 2 ? textAt(args, 2) : std::string_view();
+  return Cell::of(matchesLike(textAt(args, 0), textAt(args, 1), escape) ? 1 : 0);
 }
 
 /// kb_fit(text, size, table, column): the text, if it fits without its trailing blanks.
@@ -284,6 +282,11 @@ constexpr std::array entries{
 
 std::span<const FunctionEntry> textFunctions() {
   return entries;
+}
+
+bool matchesLike(std::string_view text, std::string_view pattern, std::string_view escape) {
+  const std::u32string folded = lowered(pattern);
+  return Pattern(folded, escape.empty() ? 0 : lowered(escape).front()).matches(lowered(text));
 }
 
 int compareTexts(std::string_view a, std::string_view b) {

@@ -221,6 +221,7 @@ void Interpreter::query(const ast::Query& node) {
   ResultSet result;
   for (const auto& column : ready->columns) {
     result.fields.push_back(column.type.field(column.name));
+    result.types.push_back(column.type);
     if (ready->base) result.columns.push_back(column.baseColumn);
   }
   if (ready->base) result.table = ready->base->name;

@@ -20,6 +20,7 @@ namespace kebu::engine {
 /// The rows of one query.
 struct ResultSet {
   std::vector<ado::Field> fields;
+  std::vector<SqlType> types;
   std::vector<std::vector<Value>> rows;
   std::int64_t rowsAffected = 0;
 

@@ -1,0 +1,81 @@
+#include "workbench/engine/ado_connection.h"
+
+#include <utility>
+
+#include "workbench/engine/ado_error.h"
+#include "workbench/engine/ado_recordset.h"
+
+namespace kebu::engine {
+
+void AdoConnection::Open() {
+  if (session_) throw adoerror::open();
+  session_ = std::make_unique<Session>(database_);
+}
+
+void AdoConnection::Close() {
+  if (!session_) throw adoerror::closed();
+  session_.reset();
+}
+
+Session& AdoConnection::session() const {
+  if (!session_) throw adoerror::badConnection();
+  return *session_;
+}
+
+std::shared_ptr<AdoConnection> AdoConnection::behind(const Ref<ado::Connection>& connection) {
+  auto own = std::dynamic_pointer_cast<AdoConnection>(connection.shared());
+  if (!own || !own->isOpen()) throw adoerror::badConnection();
+  return own;
+}
+
+void AdoConnection::keep(const RuntimeError& error) {
+  ado::Error entry{error.number(), error.description(), error.source(), 0, {}};
+  if (const auto* sql = dynamic_cast<const SqlError*>(&error)) {
+    entry.nativeError = sql->nativeError();
+    entry.sqlState = sql->sqlState();
+  }
+  errors_.push_back(std::move(entry));
+}
+
+template <class Work>
+void AdoConnection::observed(const std::string& text, bool edit, Work&& work) {
+  errors_.clear();
+  std::int64_t rows = 0;
+  try {
+    if (observer_ != nullptr) observer_->before(text, edit);
+    rows = work();
+  } catch (const RuntimeError& error) {
+    keep(error);
+    if (observer_ != nullptr) observer_->after(text, edit, 0, &error);
+    throw;
+  }
+  if (observer_ != nullptr) observer_->after(text, edit, rows, nullptr);
+}
+
+std::vector<ResultSet> AdoConnection::run(const std::string& text) {
+  Session& current = session();
+  std::vector<ResultSet> results;
+  observed(text, false, [&] {
+    results = current.execute(text);
+    const bool onlyRead = current.rowsAffected() < 0 && !results.empty();
+    return onlyRead ? results.front().rowsAffected : current.rowsAffected();
+  });
+  return results;
+}
+
+void AdoConnection::edit(const std::string& text, const std::string& statement,
+                         const std::vector<Preset>& values) {
+  Session& current = session();
+  observed(text, true, [&] {
+    current.execute(statement, values);
+    if (current.rowsAffected() != 1) throw adoerror::rowNotFound();
+    return current.rowsAffected();
+  });
+}
+
+Ref<ado::Recordset> AdoConnection::Execute(const std::string& text) {
+  if (!session_) throw adoerror::closed();
+  return AdoRecordset::ofResults(run(text));
+}
+
+}  // namespace kebu::engine

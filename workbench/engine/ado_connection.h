@@ -1,0 +1,51 @@
+#pragma once
+
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "ado/connection.h"
+#include "workbench/engine/session.h"
+#include "workbench/engine/statement_observer.h"
+
+namespace kebu::engine {
+
+/// An ADO connection: a session of the database while it is open.
+class AdoConnection : public ado::Connection, public std::enable_shared_from_this<AdoConnection> {
+ public:
+  AdoConnection(std::shared_ptr<Database> database, StatementObserver* observer)
+      : database_(std::move(database)), observer_(observer) {}
+
+  void setConnectionString(const std::string& text) override { connectionString_ = text; }
+  std::string connectionString() const override { return connectionString_; }
+  void Open() override;
+  void Close() override;
+  bool isOpen() const override { return session_ != nullptr; }
+  Ref<ado::Recordset> Execute(const std::string& text) override;
+  ado::Errors errors() const override { return errors_; }
+
+  /// Runs a text that the program handed over; the observer hears of it.
+  std::vector<ResultSet> run(const std::string& text);
+  /// Writes one row of a recordset: `statement` is run, `text` is what the
+  /// observer hears. RuntimeError when it finds no row.
+  void edit(const std::string& text, const std::string& statement,
+            const std::vector<Preset>& values);
+  /// RuntimeError 3709 when the connection is closed.
+  Session& session() const;
+
+  /// The connection behind a reference; 3709 for none, a closed one or one of another kind.
+  static std::shared_ptr<AdoConnection> behind(const Ref<ado::Connection>& connection);
+
+ private:
+  template <class Work>
+  void observed(const std::string& text, bool edit, Work&& work);
+  void keep(const RuntimeError& error);
+
+  std::shared_ptr<Database> database_;
+  StatementObserver* observer_;
+  std::string connectionString_;
+  std::unique_ptr<Session> session_;
+  ado::Errors errors_;
+};
+
+}  // namespace kebu::engine

@@ -1,0 +1,125 @@
+// The part of AdoRecordset that changes rows.
+
+#include <algorithm>
+#include <utility>
+
+#include "workbench/engine/ado_error.h"
+#include "workbench/engine/ado_recordset.h"
+#include "workbench/engine/field_value.h"
+#include "workbench/engine/row_writer.h"
+
+namespace kebu::engine {
+
+void AdoRecordset::requireUpdatable() const {
+  if (rows().table.empty() || lockType_ == ado::LockType::ReadOnly) throw adoerror::notUpdatable();
+}
+
+void AdoRecordset::setValue(std::string_view field, const Value& value) {
+  const std::size_t index = rows().indexOf(field);
+  requireUpdatable();
+  if (rows().columns[index].empty()) throw adoerror::badValue();
+  Value converted = forField(value, rows().types[index]);
+  if (!edit_) edit_ = Edit{false, current().values, {}};
+  edit_->values[index] = std::move(converted);
+  edit_->changed.insert(index);
+}
+
+void AdoRecordset::AddNew() {
+  requireUpdatable();
+  settleEdit();
+  edit_ = Edit{true, Values(rows().fields.size(), Null{}), {}};
+}
+
+void AdoRecordset::send(Row& row) {
+  if (!connection_) throw adoerror::notUpdatable();
+  RowWriter(*connection_, rows()).send(row);
+}
+
+void AdoRecordset::Update() {
+  static_cast<void>(rows());
+  if (!edit_) return;
+  // The row is written to a copy first: a failing statement leaves the edit as it is.
+  Row row = edit_->isNew ? Row{} : current();
+  row.values = edit_->values;
+  row.changed.insert(edit_->changed.begin(), edit_->changed.end());
+  if (edit_->isNew) {
+    row.pending = Row::Pending::Insert;
+  } else if (row.pending == Row::Pending::Nothing && !edit_->changed.empty()) {
+    row.pending = Row::Pending::Update;
+  }
+  if (!isBatch()) send(row);
+  if (edit_->isNew) {
+    rows().rows.push_back(std::move(row));
+    position_ = count() - 1;
+  } else {
+    current() = std::move(row);
+  }
+  edit_.reset();
+}
+
+void AdoRecordset::CancelUpdate() {
+  static_cast<void>(rows());
+  edit_.reset();
+}
+
+void AdoRecordset::settleEdit() {
+  static_cast<void>(rows());
+  if (edit_) Update();
+}
+
+void AdoRecordset::Delete() {
+  requireUpdatable();
+  if (edit_ && edit_->isNew) throw adoerror::notInContext();
+  Row& row = current();
+  edit_.reset();
+  if (row.pending == Row::Pending::Insert) {
+    row.gone = true;  // the database never had it
+    return;
+  }
+  Row changed = row;
+  changed.values = row.original;
+  changed.pending = Row::Pending::Delete;
+  if (!isBatch()) send(changed);
+  row = std::move(changed);
+}
+
+void AdoRecordset::UpdateBatch() {
+  settleEdit();
+  for (Row& row : rows().rows) {
+    if (!row.gone) send(row);
+  }
+}
+
+void AdoRecordset::CancelBatch() {
+  static_cast<void>(rows());
+  edit_.reset();
+  for (Row& row : rows().rows) {
+    if (row.pending == Row::Pending::Nothing) continue;
+    if (row.pending == Row::Pending::Insert) {
+      row.gone = true;
+    } else {
+      row.values = row.original;
+    }
+    row.pending = Row::Pending::Nothing;
+    row.changed.clear();
+  }
+}
+
+ado::EditMode AdoRecordset::editMode() const {
+  static_cast<void>(rows());
+  if (edit_) return edit_->isNew ? ado::EditMode::Add : ado::EditMode::InProgress;
+  if (atRow()) {
+    const Row& row = rows().rows[static_cast<std::size_t>(position_)];
+    if (row.gone || row.pending == Row::Pending::Delete) return ado::EditMode::Delete;
+  }
+  return ado::EditMode::None;
+}
+
+bool AdoRecordset::hasPendingBatch() const {
+  const auto& all = rows().rows;
+  return std::any_of(all.begin(), all.end(), [](const Row& row) {
+    return !row.gone && row.pending != Row::Pending::Nothing;
+  });
+}
+
+}  // namespace kebu::engine

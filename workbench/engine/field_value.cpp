@@ -1,0 +1,54 @@
+#include "workbench/engine/field_value.h"
+
+#include "common/convert.h"
+#include "workbench/engine/ado_error.h"
+#include "workbench/engine/cast.h"
+
+namespace kebu::engine {
+namespace {
+
+Value number(const Value& value, const SqlType& type) {
+  try {
+    return castTo(toDecimal(value), type);
+  } catch (const SqlError&) {  // it has more digits than the field
+    throw RuntimeError::overflow();
+  }
+}
+
+Value integer(const Value& value, const SqlType& type) {
+  const Decimal whole = toDecimal(value).rounded(0);
+  return number(whole, type);
+}
+
+Value text(const Value& value, const SqlType& type) {
+  std::string result = toText(value);
+  if (type.size >= 0 && characterCount(result) > static_cast<std::size_t>(type.size)) {
+    throw adoerror::badValue();
+  }
+  return result;
+}
+
+}  // namespace
+
+Value forField(const Value& value, const SqlType& type) {
+  if (value.isNull()) return value;
+  if (type.kind == TypeKind::Bit) return toBoolean(value);
+  if (type.isInteger() && type.kind != TypeKind::BigInt) return integer(value, type);
+  if (type.isNumber()) return number(value, type);
+  if (type.isText() || type.kind == TypeKind::Guid) return text(value, type);
+  if (type.isDate()) return toDate(value);
+  return value;
+}
+
+std::string sqlText(const Value& value) {
+  if (value.isNull() || value.isEmpty()) return "NULL";
+  if (value.holds<bool>()) return value.as<bool>() ? "1" : "0";
+  if (value.holds<Date>()) {
+    const Date& date = value.as<Date>();
+    return "'" + (date.hasTime() ? date.toAnsi() + date.toIso().substr(10) : date.toAnsi()) + "'";
+  }
+  if (value.isNumber()) return toSqlNumber(value);
+  return "'" + replaceAll(toText(value), "'", "''") + "'";
+}
+
+}  // namespace kebu::engine

@@ -1,0 +1,28 @@
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "workbench/engine/row_set.h"
+
+namespace kebu::engine {
+
+/// A recordset's filter: conditions "FIELD op value" that must all hold.
+class RowFilter {
+ public:
+  RowFilter() = default;
+  /// RuntimeError 3001 when the text is no such filter, 3265 for an unknown field.
+  RowFilter(const std::string& text, const RowSet& rows);
+
+  bool passes(const Values& values) const;
+
+ private:
+  struct Condition {
+    std::size_t field;
+    std::string op;
+    Value value;
+  };
+  std::vector<Condition> conditions_;
+};
+
+}  // namespace kebu::engine

@@ -1,0 +1,42 @@
+#pragma once
+
+#include <cstdint>
+#include <memory>
+#include <set>
+#include <string>
+#include <vector>
+
+#include "ado/recordset.h"
+#include "common/value.h"
+#include "workbench/engine/session.h"
+
+namespace kebu::engine {
+
+using Values = std::vector<Value>;
+
+/// A row in memory, and what of it waits to be sent.
+struct Row {
+  enum class Pending { Nothing, Insert, Update, Delete };
+
+  Values values;
+  Values original;      ///< as the database has it; empty for a row that it does not have yet
+  std::int64_t id = 0;  ///< the row's id in its table
+  Pending pending = Pending::Nothing;
+  std::set<std::size_t> changed;  ///< fields that differ from `original`
+  bool gone = false;              ///< deleted, or given up before it was sent
+};
+
+/// The rows of a recordset, which its clones share. Rows that are gone keep their
+/// place, so that the positions of all cursors stay.
+struct RowSet {
+  std::vector<ado::Field> fields;
+  std::vector<SqlType> types;
+  std::string table;                 ///< "" when the rows cannot be written back
+  std::vector<std::string> columns;  ///< of the table, behind the fields
+  std::vector<Row> rows;
+
+  explicit RowSet(ResultSet result);
+  std::size_t indexOf(std::string_view field) const;
+};
+
+}  // namespace kebu::engine

@@ -1,0 +1,34 @@
+#pragma once
+
+#include "workbench/engine/ado_connection.h"
+#include "workbench/engine/row_set.h"
+
+namespace kebu::engine {
+
+/// Sends changed rows of a recordset to the table that they came from, as ADO does.
+class RowWriter {
+ public:
+  RowWriter(AdoConnection& connection, const RowSet& rows) : connection_(connection), rows_(rows) {}
+
+  /// Writes what waits in the row, which then is as the database has it. On an
+  /// error the row stays as it was.
+  void send(Row& row) const;
+
+ private:
+  struct Statement {
+    std::string text;     ///< with values, as one reads it
+    std::string command;  ///< with variables, as it is run
+    std::vector<Preset> values;
+  };
+
+  Statement insert(const Row& row) const;
+  Statement update(const Row& row) const;
+  Statement remove(const Row& row) const;
+  std::string readableKey(const Row& row) const;
+  void readBack(Row& row) const;
+
+  AdoConnection& connection_;
+  const RowSet& rows_;
+};
+
+}  // namespace kebu::engine
