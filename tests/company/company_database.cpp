@@ -46,8 +46,12 @@ std::string CompanyDatabase::value(const std::string& batch) {
   return found.front().at(0);
 }
 
-int CompanyDatabase::count(const std::string& batch) { return std::stoi(value(batch)); }
+int CompanyDatabase::count(const std::string& batch) {
+  return std::stoi(value(batch));
+}
 
-void CompanyDatabase::execute(const std::string& batch) { session_.execute(batch); }
+void CompanyDatabase::execute(const std::string& batch) {
+  session_.execute(batch);
+}
 
 }  // namespace kebu::workbench

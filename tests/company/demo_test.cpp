@@ -1,11 +1,10 @@
 #include <gtest/gtest.h>
 
-#include <cstdlib>
-
 #include "sql/deposits.h"
 #include "sql/price_lists.h"
 #include "sql/profile.h"
 #include "tests/company/company_database.h"
+#include "workbench/company/company.h"
 
 namespace kebu::workbench {
 namespace {
@@ -59,6 +58,19 @@ TEST_F(Demo, IsTheSameAtEveryLoad) {
     const Rows rows = database_.rows(std::string("SELECT * FROM ") + table);
     EXPECT_FALSE(rows.empty()) << table;
     EXPECT_TRUE(rows == other.rows(std::string("SELECT * FROM ") + table)) << table;
+  }
+}
+
+TEST_F(Demo, NamesTheScriptThatFails) {
+  engine::Session session(engine::Database::createInMemory());
+  createSchema(session);
+  loadDemo(session);
+  try {
+    loadDemo(session);
+    FAIL() << "the same companies twice";
+  } catch (const engine::SqlError& error) {
+    EXPECT_EQ(error.nativeError(), 2627);
+    EXPECT_EQ(error.description().rfind("01_companies.sql: ", 0), 0u) << error.description();
   }
 }
 

@@ -96,14 +96,14 @@ struct PublishedPrice {
 
 // 19.90 less 10 % and its like: what a computation in binary fractions gets wrong.
 constexpr PublishedPrice kPublishedPrices[] = {
-    {"CAV-0401", 1, "17.91", "19.9"},  // list 1 with discounts
-    {"CON-0010", 2, "52.6186", "NULL"},       // list 3, prices as they stand
-    {"CAV-0401", 3, "15.7608", "17.512"},  // macro-category RIV
-    {"INT-0020", 4, "83.6528", "NULL"},       // macro-area NOR
-    {"CON-0010", 5, "41.8361", "NULL"},       // deposit 02
+    {"CAV-0401", 1, "17.91", "19.9"},        // list 1 with discounts
+    {"CON-0010", 2, "52.6186", "NULL"},      // list 3, prices as they stand
+    {"CAV-0401", 3, "15.7608", "17.512"},    // macro-category RIV
+    {"INT-0020", 4, "83.6528", "NULL"},      // macro-area NOR
+    {"CON-0010", 5, "41.8361", "NULL"},      // deposit 02
     {"LAM-0016", 6, "16.41912", "17.7504"},  // from 25 pieces, the fourth step
     {"CAT-0003", 7, "80.49195", "91.9908"},  // customer 1001, the later of two valid rows
-    {"CAV-0401", 7, "17.91", "19.9"},  // customer 1001
+    {"CAV-0401", 7, "17.91", "19.9"},        // customer 1001
 };
 
 TEST(PriceRefresh, TakesEachSlotFromTheListThatItNames) {

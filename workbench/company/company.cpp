@@ -1,15 +1,26 @@
 #include "workbench/company/company.h"
 
+#include <string>
+
 #include "workbench/company/scripts.h"
 #include "workbench/engine/script.h"
 #include "workbench/engine/session.h"
+#include "workbench/engine/sql_error.h"
 
 namespace kebu::workbench {
 
 namespace {
 
 void run(engine::Session& session, std::span<const Script> scripts) {
-  for (const Script& script : scripts) engine::runScript(session, script.text);
+  for (const Script& script : scripts) {
+    try {
+      engine::runScript(session, script.text);
+    } catch (const engine::SqlError& error) {
+      throw engine::SqlError(error.nativeError(),
+                             std::string(script.name) + ": " + error.description(),
+                             error.sqlState());
+    }
+  }
 }
 
 }  // namespace
