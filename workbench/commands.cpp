@@ -139,7 +139,8 @@ int sqlCommand(const std::vector<std::string>& words) {
   const std::string script = text ? *text : readFile(line.operands().front());
   engine::Session session(databaseOf(line));
   try {
-    for (const engine::ResultSet& result : session.execute(script)) writeResult(std::cout, result);
+    engine::runScript(session, script,
+                      [](const engine::ResultSet& result) { writeResult(std::cout, result); });
   } catch (const RuntimeError& error) {
     throw CommandError(error.description());
   }

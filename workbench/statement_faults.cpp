@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-#include "common/error.h"
+#include "workbench/engine/sql_error.h"
 
 namespace kebu::workbench {
 
@@ -13,10 +13,9 @@ void StatementFaults::raiseFor(const std::string& statement) {
   if (due == faults_.end()) return;
   const std::string text = due->text;
   if (--due->left == 0) faults_.erase(due);
-  constexpr std::int32_t providerFailed = -2147467259;  // 0x80004005
-  throw RuntimeError(providerFailed,
-                     "The statement was made to fail: it contains \"" + text + "\".",
-                     "Microsoft OLE DB Provider for SQL Server");
+  constexpr std::int32_t userError = 50000;  // the number of errors that are raised on purpose
+  throw engine::SqlError(userError,
+                         "The statement was made to fail: it contains \"" + text + "\".");
 }
 
 }  // namespace kebu::workbench

@@ -4,7 +4,7 @@
 
 #include <sstream>
 
-#include "common/error.h"
+#include "workbench/engine/sql_error.h"
 #include "workbench/json_text.h"
 
 namespace kebu::workbench {
@@ -34,8 +34,8 @@ TEST(StatementFaults, FailsAsOftenAsAsked) {
     try {
       faults.raiseFor(text);
       return false;
-    } catch (const RuntimeError& error) {
-      EXPECT_EQ(error.number(), -2147467259);
+    } catch (const engine::SqlError& error) {
+      EXPECT_EQ(error.nativeError(), 50000);
       return true;
     }
   };

@@ -46,7 +46,9 @@ void StandInHost::fill(host::Cinterface& plugin) {
   plugin.setStatusBar(statusBar_);
   plugin.setActiveNavigator(navigator_);
   // The ERP's own connection: what runs on it is not the plug-in's doing.
-  plugin.setConnection(engine::newConnection(surroundings_.database, nullptr));
+  const Ref<ado::Connection> own = engine::newConnection(surroundings_.database, nullptr);
+  own->Open();
+  plugin.setConnection(own);
   for (const auto& [property, value] : properties_) property->set(plugin, value);
 }
 
