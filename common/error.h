@@ -18,6 +18,8 @@ class RuntimeError : public std::exception {
   std::int32_t number() const { return number_; }
   const std::string& description() const { return description_; }
   const std::string& source() const { return source_; }
+  /// Whether a value was of the wrong kind or size: a slip of the user's pen.
+  bool isValueError() const { return number_ == 13 || number_ == 6; }
   const char* what() const noexcept override { return description_.c_str(); }
 
   static RuntimeError invalidCall();     ///< 5: an argument that the callee cannot take

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <algorithm>
 #include <functional>
 #include <memory>
 #include <utility>
@@ -48,6 +49,10 @@ class Event {
       const auto slot = weak.lock();
       if (slot && slot->connected) slot->handler(args...);
     }
+  }
+
+  bool hasHandlers() const {
+    return std::any_of(slots_.begin(), slots_.end(), [](const auto& slot) { return !slot.expired(); });
   }
 
   void clear() {

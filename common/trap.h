@@ -98,4 +98,13 @@ auto trap(ErrorReporter& reporter, const std::string& procedure, Body&& body)
   }
 }
 
+/// Runs a statement whose failure is of no interest: it is skipped.
+template <class Statement>
+void ignoringErrors(Statement&& statement) noexcept {
+  try {
+    statement();
+  } catch (...) {  // NOLINT(bugprone-empty-catch): that is the purpose
+  }
+}
+
 }  // namespace kebu

@@ -1,0 +1,22 @@
+#include "controls/check_box.h"
+
+#include "common/convert.h"
+#include "common/nulls.h"
+
+namespace kebu::controls {
+
+void CheckBox::setTicked(bool ticked) {
+  ticked_ = ticked;
+  changed.raise();
+}
+
+void CheckBox::refreshFromRecord() { setTicked(toBoolean(CDecN(recordValue()))); }
+
+void CheckBox::tick(bool on) {
+  requireReachable();
+  if (on == ticked_ || !writeToRecord(static_cast<std::int16_t>(on ? 1 : 0))) return;
+  setTicked(on);
+  AfterChange.raise();
+}
+
+}  // namespace kebu::controls

@@ -1,0 +1,27 @@
+#pragma once
+
+#include "controls/record_frame.h"
+
+namespace kebu::controls {
+
+/// A flag, stored as 1 or 0.
+class CheckBox : public BoundControl {
+ public:
+  using BoundControl::BoundControl;
+
+  bool isTicked() const { return ticked_; }
+  /// Without the user's doing: no event but `changed`.
+  void setTicked(bool ticked);
+  Value value() const override { return static_cast<std::int16_t>(ticked_ ? 1 : 0); }
+  void refreshFromRecord() override;
+
+  /// The gesture.
+  void tick(bool on);
+  /// The user changed it.
+  Event<> AfterChange;
+
+ private:
+  bool ticked_ = false;
+};
+
+}  // namespace kebu::controls

@@ -1,0 +1,51 @@
+#include "controls/combo_box.h"
+
+#include "common/convert.h"
+
+namespace kebu::controls {
+
+void ComboBox::clear() {
+  rows_.clear();
+  selected_.reset();
+  changed.raise();
+}
+
+void ComboBox::addRow(const Value& code, const std::string& caption) {
+  rows_.push_back({code, caption});
+  changed.raise();
+}
+
+const ComboBox::Row* ComboBox::selected() const { return selected_ ? &rows_[*selected_] : nullptr; }
+
+std::string ComboBox::text() const { return selected_ ? toText(rows_[*selected_].code) : ""; }
+
+void ComboBox::select(const Value& code) {
+  selected_ = find(code);
+  ChangeRow.raise();
+  changed.raise();
+}
+
+Value ComboBox::value() const { return selected_ ? rows_[*selected_].code : Value(Null{}); }
+
+void ComboBox::refreshFromRecord() { select(recordValue()); }
+
+void ComboBox::choose(const std::string& code) {
+  requireReachable();
+  const auto row = find(code);
+  if (!row) throw GestureRefused(Name() + " has no entry \"" + code + "\"");
+  GotFocus.raise();
+  if (row == selected_ || !writeToRecord(rows_[*row].code)) return;
+  select(rows_[*row].code);
+  AfterItem.raise();
+}
+
+std::optional<std::size_t> ComboBox::find(const Value& code) const {
+  // An empty variant equals 0, but a column without a value chooses nothing.
+  if (code.isEmpty() || code.isNull()) return std::nullopt;
+  for (std::size_t i = 0; i < rows_.size(); ++i) {
+    if (equalAsVariants(rows_[i].code, code)) return i;
+  }
+  return std::nullopt;
+}
+
+}  // namespace kebu::controls

@@ -1,0 +1,55 @@
+#pragma once
+
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "controls/record_frame.h"
+
+namespace kebu::controls {
+
+/// A fixed choice: rows of a code and a caption. Bound, it edits a column with
+/// the chosen code.
+class ComboBox : public BoundControl {
+ public:
+  struct Row {
+    Value code;
+    std::string caption;
+  };
+
+  using BoundControl::BoundControl;
+
+  void clear();
+  void addRow(const Value& code, const std::string& caption);
+  const std::vector<Row>& rows() const { return rows_; }
+  /// The rows as a person finds them may show their codes too; off for captions only.
+  bool showsCodes() const { return showsCodes_; }
+  void setShowsCodes(bool shows) { showsCodes_ = shows; }
+
+  /// The chosen row; nothing when none is.
+  const Row* selected() const;
+  /// The chosen code as text; "" when none is.
+  std::string text() const;
+  /// Chooses the row of that code; one without a row leaves the combo unselected.
+  void select(const Value& code);
+  Value value() const override;
+  void refreshFromRecord() override;
+
+  /// The gesture; GestureRefused when no row has that code.
+  void choose(const std::string& code);
+
+  Event<> GotFocus;
+  /// The chosen row may be another one, by the user or by the record.
+  Event<> ChangeRow;
+  /// The user chose.
+  Event<> AfterItem;
+
+ private:
+  std::optional<std::size_t> find(const Value& code) const;
+
+  std::vector<Row> rows_;
+  std::optional<std::size_t> selected_;
+  bool showsCodes_ = true;
+};
+
+}  // namespace kebu::controls

@@ -1,0 +1,74 @@
+#pragma once
+
+#include <cstdint>
+#include <functional>
+#include <stdexcept>
+#include <string>
+
+#include "common/event.h"
+#include "host/named_object.h"
+
+namespace kebu::controls {
+
+/// A gesture that a person could not have made: on a control that is disabled
+/// or out of sight, or on something that is not there.
+class GestureRefused : public std::runtime_error {
+ public:
+  using std::runtime_error::runtime_error;
+};
+
+/// In pixels at 96 to the inch.
+struct Size {
+  std::int32_t width = 0;
+  std::int32_t height = 0;
+};
+
+using Translator = std::function<std::string(const std::string&)>;
+
+/// The state that every control has. Controls are models: they hold what is
+/// shown, obey gestures and raise events; views draw them.
+class Control : public host::NamedObject {
+ public:
+  explicit Control(std::string name, std::string caption = {});
+  Control(const Control&) = delete;
+  Control& operator=(const Control&) = delete;
+
+  std::string Name() const override { return name_; }
+  void setName(const std::string& name) override { name_ = name; }
+
+  const std::string& caption() const { return caption_; }
+  void setCaption(const std::string& caption);
+  bool isEnabled() const { return enabled_; }
+  void setEnabled(bool enabled);
+  bool isVisible() const { return visible_; }
+  void setVisible(bool visible);
+
+  const Size& size() const { return size_; }
+  void setSize(const Size& size) { size_ = size; }
+
+  /// The control that this one stands in; its state counts for this one too.
+  Control* container() const { return container_; }
+  void setContainer(Control& container) { container_ = &container; }
+  bool isReachable() const;
+  bool isShown() const;
+
+  /// Puts the texts shown into the user's language.
+  virtual void translate(const Translator& translator);
+
+  /// What is shown changed; views draw again.
+  Event<> changed;
+
+ protected:
+  /// Every gesture begins with it: raises GestureRefused when no person could act here.
+  void requireReachable() const;
+
+ private:
+  std::string name_;
+  std::string caption_;
+  bool enabled_ = true;
+  bool visible_ = true;
+  Size size_;
+  Control* container_ = nullptr;
+};
+
+}  // namespace kebu::controls

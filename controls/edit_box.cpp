@@ -1,0 +1,67 @@
+#include "controls/edit_box.h"
+
+#include "common/convert.h"
+
+namespace kebu::controls {
+
+void EditBox::setText(const std::string& text) {
+  text_ = text;
+  decode();
+  changed.raise();
+}
+
+Value EditBox::value() const { return text_.empty() ? Value(Null{}) : Value(text_); }
+
+void EditBox::refreshFromRecord() { setText(trimRight(toDisplay(recordValue()))); }
+
+void EditBox::setEditable(bool editable) {
+  editable_ = editable;
+  changed.raise();
+}
+
+void EditBox::setRequired(bool required) {
+  required_ = required;
+  changed.raise();
+}
+
+void EditBox::requireEditable() const {
+  requireReachable();
+  if (!editable_) throw GestureRefused(Name() + " cannot be edited");
+}
+
+void EditBox::type(const std::string& text) {
+  requireEditable();
+  if (maxLength_ && text.size() > maxLength_) {
+    throw GestureRefused(Name() + " takes " + std::to_string(maxLength_) + " characters at the most");
+  }
+  GotFocus.raise();
+  if (text != text_) enter(text);
+  LostFocus.raise();
+}
+
+void EditBox::enter(const Value& code) {
+  const std::string text = trimRight(toDisplay(code));
+  if (!writeToRecord(text.empty() ? Value(Null{}) : Value(text))) {
+    changed.raise();  // the view shows the old text again
+    return;
+  }
+  // Shown as the column keeps it: a number in the locale's own form.
+  setText(frame() ? trimRight(toDisplay(recordValue())) : text);
+  AfterItem.raise();
+}
+
+void EditBox::lookup() {
+  requireEditable();
+  if (!hasLookup()) throw GestureRefused(Name() + " has no look-up");
+  StartLookup.raise(*this);
+}
+
+void EditBox::decode() {
+  if (!description_ || text_ == decoded_) return;
+  decoded_ = text_;
+  std::string description;
+  if (!text_.empty()) StartDecode.raise(text_, description);
+  description_->setCaption(description);
+}
+
+}  // namespace kebu::controls

@@ -1,0 +1,64 @@
+#pragma once
+
+#include <cstdint>
+#include <string>
+
+#include "controls/record_frame.h"
+
+namespace kebu::controls {
+
+/// A box of text, bound to a column or on its own, with an optional decoded
+/// description beside it and an optional look-up.
+class EditBox : public BoundControl {
+ public:
+  using BoundControl::BoundControl;
+
+  const std::string& text() const { return text_; }
+  /// Shows `text` without the user's doing: no events but the decoding.
+  void setText(const std::string& text);
+  Value value() const override;
+  bool isMissing() const override { return required_ && text_.empty(); }
+  void refreshFromRecord() override;
+
+  /// A box that is not editable shows its text and lets it be copied.
+  bool isEditable() const { return editable_; }
+  void setEditable(bool editable);
+  bool isRequired() const { return required_; }
+  void setRequired(bool required);
+  bool isMasked() const { return masked_; }
+  void setMasked(bool masked) { masked_ = masked; }
+  /// Characters at the most; 0 without limit.
+  std::size_t maxLength() const { return maxLength_; }
+  void setMaxLength(std::size_t length) { maxLength_ = length; }
+  /// The control that shows the description of the code in this box.
+  void setDescription(Control& description) { description_ = &description; }
+  bool hasLookup() const { return StartLookup.hasHandlers(); }
+
+  /// The gestures: enter the box, replace its text, leave it; open the look-up.
+  void type(const std::string& text);
+  void lookup();
+  /// What a look-up chose, entered as if typed.
+  void enter(const Value& code);
+
+  Event<> GotFocus;
+  Event<> LostFocus;
+  /// The text was changed by the user and taken.
+  Event<> AfterItem;
+  /// A code, and the description to fill in (empty when there is none).
+  Event<const std::string&, std::string&> StartDecode;
+  Event<EditBox&> StartLookup;
+
+ private:
+  void requireEditable() const;
+  void decode();
+
+  std::string text_;
+  std::string decoded_;
+  bool editable_ = true;
+  bool required_ = false;
+  bool masked_ = false;
+  std::size_t maxLength_ = 0;
+  Control* description_ = nullptr;
+};
+
+}  // namespace kebu::controls

@@ -1,0 +1,66 @@
+#pragma once
+
+#include <cstdint>
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "common/ref.h"
+#include "controls/control.h"
+#include "controls/desktop.h"
+#include "controls/record_frame.h"
+#include "controls/simple_controls.h"
+
+namespace kebu::controls {
+
+/// A window: its controls by name, its place, and its life from load to unload.
+class Form : public Control, public std::enable_shared_from_this<Form> {
+ public:
+  Form(std::string name, Desktop& desktop);
+  ~Form() override;
+
+  std::int32_t left() const { return left_; }
+  std::int32_t top() const { return top_; }
+  void moveTo(std::int32_t left, std::int32_t top);
+  bool isLoaded() const { return loaded_; }
+
+  /// Every control of the window, in the order of the tab key.
+  const std::vector<Control*>& controls() const { return controls_; }
+  /// A control by its name, case aside; nothing when there is none.
+  Control* find(const std::string& name) const;
+  /// The controls that edit a column.
+  std::vector<BoundControl*> boundControls() const;
+  void translate(const Translator& translator) override;
+
+  /// Loads the window when it is not yet, shows and activates it. A modal one
+  /// returns when it is closed.
+  void Show(bool modal);
+  /// The window came to the front.
+  void activate() { Form_Activate(); }
+  /// Closes the window unless it refuses; whether it is closed.
+  bool Unload();
+
+ protected:
+  void add(Control& control) { controls_.push_back(&control); }
+  /// The group and all that stands in it.
+  void addTree(GroupBox& group);
+  template <class... Controls>
+  void addAll(Controls&... all) {
+    (add(all), ...);
+  }
+  Desktop& desktop() const { return desktop_; }
+
+  virtual void Form_Load() {}
+  virtual void Form_Activate() {}
+  virtual void Form_QueryUnload(bool& cancel) { static_cast<void>(cancel); }
+  virtual void Form_Unload() {}
+
+ private:
+  Desktop& desktop_;
+  std::vector<Control*> controls_;
+  std::int32_t left_ = 0;
+  std::int32_t top_ = 0;
+  bool loaded_ = false;
+};
+
+}  // namespace kebu::controls

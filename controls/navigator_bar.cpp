@@ -1,0 +1,98 @@
+#include "controls/navigator_bar.h"
+
+#include <algorithm>
+
+#include "common/platform.h"
+
+namespace kebu::controls {
+
+namespace {
+
+bool isOffered(const std::string& key, RecordFrame& frame, const Rights& rights) {
+  const FrameStatus status = frame.status();
+  const bool isNew = status == FrameStatus::New;
+  if (key == "Nuovo") {
+    return rights.canInsert && !frame.hasRecord() && status == FrameStatus::Browsing;
+  }
+  if (key == "Conferma") {
+    return (isNew ? rights.canInsert : rights.canUpdate) && frame.hasPendingChanges();
+  }
+  if (key == "Annulla") return frame.hasPendingChanges();
+  if (key == "Elimina") return rights.canDelete && frame.hasRecord() && !isNew;
+  return false;
+}
+
+}  // namespace
+
+NavigatorBar::NavigatorBar(std::string name, ControlHost& host, std::vector<std::string> keys)
+    : Control(std::move(name)), host_(host) {
+  for (std::string& key : keys) buttons_.push_back({key, key, false});
+}
+
+void NavigatorBar::bind(RecordFrame& frame) {
+  frame_ = &frame;
+  frame.stateChanged.on([this] { refreshButtons(); });
+  refreshButtons();
+}
+
+void NavigatorBar::unbind() { frame_ = nullptr; }
+
+void NavigatorBar::setRights(const Rights& rights) {
+  rights_ = rights;
+  refreshButtons();
+}
+
+bool NavigatorBar::isButtonEnabled(const std::string& key) const {
+  return std::any_of(buttons_.begin(), buttons_.end(),
+                     [&](const Button& b) { return b.key == key && b.enabled; });
+}
+
+void NavigatorBar::setButtonEnabled(const std::string& key, bool enabled) {
+  if (Button* button = find(key)) button->enabled = enabled;
+  changed.raise();
+}
+
+void NavigatorBar::refreshButtons() {
+  if (!frame_) return;
+  for (Button& button : buttons_) button.enabled = isOffered(button.key, *frame_, rights_);
+  changed.raise();
+}
+
+void NavigatorBar::translate(const Translator& translator) {
+  for (Button& button : buttons_) button.caption = translator(button.key);
+  changed.raise();
+}
+
+void NavigatorBar::press(const std::string& name) {
+  requireReachable();
+  const Button* button = find(name);
+  if (!button) throw GestureRefused(Name() + " has no button \"" + name + "\"");
+  if (!button->enabled) throw GestureRefused("\"" + name + "\" of " + Name() + " is disabled");
+  const std::string key = button->key;
+  bool cancel = false;
+  ButtonClick.raise(cancel, key);
+  if (!cancel && frame_) act(key);
+}
+
+NavigatorBar::Button* NavigatorBar::find(const std::string& name) {
+  const auto at = std::find_if(buttons_.begin(), buttons_.end(), [&](const Button& b) {
+    return b.key == name || b.caption == name;
+  });
+  return at == buttons_.end() ? nullptr : &*at;
+}
+
+void NavigatorBar::act(const std::string& key) {
+  if (key == "Nuovo") {
+    frame_->New();
+  } else if (key == "Conferma") {
+    frame_->Update();
+  } else if (key == "Annulla") {
+    frame_->Undo();
+  } else if (key == "Elimina") {
+    // "No" is the default: a deletion takes everything that hangs on the record along.
+    constexpr std::int32_t style = msgbox::yesNo | msgbox::question | msgbox::defaultButton2;
+    if (host_.message("Eliminare il record corrente?", style) == msgbox::yes) frame_->Delete();
+  }
+}
+
+}  // namespace kebu::controls

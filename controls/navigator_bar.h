@@ -1,0 +1,55 @@
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "controls/record_frame.h"
+
+namespace kebu::controls {
+
+/// What the host lets the user do with records.
+struct Rights {
+  bool canInsert = false;
+  bool canUpdate = false;
+  bool canDelete = false;
+};
+
+/// The bar of record buttons. Bound to a frame it carries the frame's actions
+/// out and offers just what the frame's state and the user's rights allow.
+class NavigatorBar : public Control {
+ public:
+  struct Button {
+    std::string key;  ///< the Italian caption, by which handlers know it
+    std::string caption;
+    bool enabled = false;
+  };
+
+  NavigatorBar(std::string name, ControlHost& host, std::vector<std::string> keys);
+
+  void bind(RecordFrame& frame);
+  void unbind();
+  void setRights(const Rights& rights);
+
+  const std::vector<Button>& buttons() const { return buttons_; }
+  bool isButtonEnabled(const std::string& key) const;
+  void setButtonEnabled(const std::string& key, bool enabled);
+  /// Offers what the bound frame's state allows now.
+  void refreshButtons();
+  void translate(const Translator& translator) override;
+
+  /// The gesture, by key or by the caption shown.
+  void press(const std::string& button);
+  /// A handler that sets the flag keeps the bar from acting itself.
+  Event<bool&, const std::string&> ButtonClick;
+
+ private:
+  Button* find(const std::string& button);
+  void act(const std::string& key);
+
+  ControlHost& host_;
+  RecordFrame* frame_ = nullptr;
+  Rights rights_;
+  std::vector<Button> buttons_;
+};
+
+}  // namespace kebu::controls

@@ -1,0 +1,223 @@
+#include "controls/record_frame.h"
+
+#include <algorithm>
+#include <utility>
+
+#include "common/convert.h"
+#include "common/platform.h"
+
+namespace kebu::controls {
+
+void BoundControl::bind(RecordFrame& frame, std::string dbField) {
+  frame_ = &frame;
+  dbField_ = std::move(dbField);
+  frame.controls_.push_back(this);
+}
+
+Value BoundControl::recordValue() const { return frame_ ? frame_->field(dbField_) : Value(); }
+
+bool BoundControl::writeToRecord(const Value& value) {
+  if (!frame_) return true;
+  return trap(frame_->host_, Name(), [&](Steps& step) {
+    step([&] { frame_->beginEdit(); });
+    return step([&] {
+      try {
+        frame_->setField(dbField_, value);
+        return true;
+      } catch (const RuntimeError& error) {
+        if (!error.isValueError()) throw;
+        frame_->host_.message("Valore non valido: \"" + toDisplay(value) + "\".",
+                              msgbox::exclamation);
+        return false;
+      }
+    });
+  });
+}
+
+RecordFrame::RecordFrame(std::string name, ControlHost& host)
+    : Control(std::move(name)), host_(host) {}
+
+void RecordFrame::addChild(RecordFrame& child) {
+  child.parent_ = this;
+  children_.push_back(&child);
+}
+
+void RecordFrame::setDataSource(const Ref<ado::Recordset>& rows) {
+  rows_ = rows;
+  refreshControls();
+  stateChanged.raise();
+}
+
+bool RecordFrame::hasRecord() const {
+  return rows_ && rows_->isOpen() && !rows_->BOF() && !rows_->EOF_();
+}
+
+Value RecordFrame::field(const std::string& name) const {
+  return hasRecord() ? rows_->value(name) : Value();
+}
+
+void RecordFrame::setField(const std::string& name, const Value& value) {
+  ensureRow();
+  rows_->setValue(name, value);
+}
+
+bool RecordFrame::isRecordChanged() const {
+  return rows_ && rows_->isOpen() &&
+         (rows_->editMode() != ado::EditMode::None || rows_->hasPendingBatch());
+}
+
+bool RecordFrame::hasPendingChanges() {
+  bool pending = status_ == FrameStatus::Editing || status_ == FrameStatus::New || isRecordChanged();
+  IsRecordChanged.raise(pending);
+  return pending;
+}
+
+void RecordFrame::beginEdit() {
+  if (parent_) {
+    parent_->beginEdit();
+    ensureRow();
+  } else if (status_ == FrameStatus::Browsing) {
+    if (hasRecord()) {
+      setStatus(FrameStatus::Editing);
+    } else {
+      New();
+    }
+  }
+}
+
+void RecordFrame::markModified() {
+  beginEdit();
+  stateChanged.raise();
+}
+
+void RecordFrame::setStatus(FrameStatus status) {
+  const FrameStatus previous = std::exchange(status_, status);
+  for (RecordFrame* child : children_) child->ChangeStatus.raise(status, previous);
+  ChangeStatus.raise(status, previous);
+  stateChanged.raise();
+}
+
+void RecordFrame::refreshControls() {
+  for (BoundControl* control : controls_) control->refreshFromRecord();
+}
+
+void RecordFrame::ensureRow() {
+  if (!hasRecord()) rows_->AddNew();
+}
+
+bool RecordFrame::New() {
+  return trap(host_, Name(), [&](Steps& step) {
+    step([&] { rows_->AddNew(); });
+    setStatus(FrameStatus::New);
+    refreshControls();
+    return true;
+  });
+}
+
+bool RecordFrame::Update() {
+  if (!hasRecord()) return false;
+  if (!approveUpdate()) return false;
+
+  const FrameStatus before = status_;
+  setStatus(FrameStatus::Saving);
+  if (!write()) {
+    // The record itself may be stored by now even if its children are not.
+    setStatus(isRecordChanged() ? before : FrameStatus::Editing);
+    return false;
+  }
+  AfterUpdate.raise();
+  // A statement that was skipped on the user's word leaves its change pending.
+  setStatus(isRecordChanged() ? before : FrameStatus::Browsing);
+  refreshControls();
+  return status_ == FrameStatus::Browsing;
+}
+
+bool RecordFrame::isComplete() const {
+  for (const BoundControl* control : controls_) {
+    if (!control->isMissing()) continue;
+    host_.message("Indicare un valore per \"" + control->caption() + "\".", msgbox::exclamation);
+    return false;
+  }
+  return std::all_of(children_.begin(), children_.end(),
+                     [](const RecordFrame* child) { return child->isComplete(); });
+}
+
+bool RecordFrame::approveUpdate() {
+  return trap(host_, Name(), [&](Steps& step) {
+    if (!isComplete()) return false;
+    bool cancel = false;
+    for (RecordFrame* child : children_) {
+      step([&] { child->ensureRow(); });
+      child->BeforeUpdate.raise(cancel);
+      if (cancel) return false;
+    }
+    BeforeUpdate.raise(cancel);
+    return !cancel;
+  });
+}
+
+bool RecordFrame::write() {
+  return trap(host_, Name(), [&](Steps& step) {
+    step([&] { rows_->Update(); });
+    for (RecordFrame* child : children_) {
+      step([&] { child->rows_->Update(); });
+      child->UpdateBatchAll.raise();
+      step([&] { child->rows_->UpdateBatch(); });
+    }
+    return true;
+  });
+}
+
+bool RecordFrame::Undo() {
+  const bool undone = trap(host_, Name(), [&](Steps& step) {
+    step([&] { discardEdits(); });
+    return true;
+  });
+  if (!undone) return false;
+  setStatus(FrameStatus::Browsing);
+  refreshControls();
+  AfterUndo.raise();
+  return true;
+}
+
+bool RecordFrame::Delete() {
+  if (!hasRecord()) return false;
+  bool cancel = false;
+  BeforeDelete.raise(cancel);
+  if (cancel) return false;
+  const bool deleted = trap(host_, Name(), [&](Steps& step) {
+    step([&] { discardEdits(); });
+    step([&] {
+      rows_->Delete();
+      rows_->MoveNext();
+    });
+    return true;
+  });
+  if (!deleted) return false;
+  AfterDelete.raise();
+  setStatus(FrameStatus::Browsing);
+  refreshControls();
+  return true;
+}
+
+void RecordFrame::discardEdits() {
+  if (rows_ && rows_->isOpen() && rows_->editMode() != ado::EditMode::None) rows_->CancelUpdate();
+  for (RecordFrame* child : children_) {
+    if (!child->isRecordChanged()) continue;
+    if (child->rows_->editMode() != ado::EditMode::None) child->rows_->CancelUpdate();
+    child->rows_->CancelBatch();
+  }
+}
+
+void RecordFrame::ConcludiModifiche(bool cancellable) {
+  if (!hasPendingChanges()) return;
+  const std::int32_t style =
+      (cancellable ? msgbox::yesNoCancel : msgbox::yesNo) | msgbox::question;
+  switch (host_.message("Salvare le modifiche apportate?", style)) {
+    case msgbox::yes: Update(); break;
+    case msgbox::no: Undo(); break;
+    default: break;
+  }
+}
+
+}  // namespace kebu::controls

@@ -1,0 +1,107 @@
+#include "controls/simple_controls.h"
+
+#include <algorithm>
+
+namespace kebu::controls {
+
+void GroupBox::add(Control& child) {
+  child.setContainer(*this);
+  children_.push_back(&child);
+}
+
+void Button::click() {
+  requireReachable();
+  ButtonClick.raise();
+}
+
+ProgressBar::ProgressBar(std::string name) : Control(std::move(name)) { setVisible(false); }
+
+void ProgressBar::setAnimated(bool animated) {
+  animated_ = animated;
+  changed.raise();
+}
+
+void ProgressBar::setText(const std::string& text) {
+  text_ = text;
+  changed.raise();
+}
+
+void ProgressBar::moveTo(std::int32_t left, std::int32_t top) {
+  left_ = left;
+  top_ = top;
+  changed.raise();
+}
+
+void ProgressBar::start() {
+  running_ = true;
+  setVisible(true);
+  changed.raise();
+}
+
+void ProgressBar::stop() {
+  running_ = false;
+  if (!keepsText_) text_.clear();
+  setVisible(false);
+  changed.raise();
+}
+
+StatusBar::StatusBar(std::string name, std::size_t panels)
+    : Control(std::move(name)), panels_(panels) {}
+
+void StatusBar::setPanelText(std::size_t panel, const std::string& text) {
+  panels_.at(panel - 1) = text;
+  changed.raise();
+}
+
+void StatusBar::setAnimated(bool animated) {
+  animated_ = animated;
+  changed.raise();
+}
+
+void SideBar::addLink(std::int32_t view, const std::string& text) {
+  links_.push_back({view, text});
+  changed.raise();
+}
+
+const SideBar::Link* SideBar::selected() const {
+  return selected_ < links_.size() ? &links_[selected_] : nullptr;
+}
+
+void SideBar::selectFirst() {
+  if (!links_.empty()) select(links_.front().view);
+}
+
+void SideBar::select(std::int32_t view) {
+  if (const Link* link = find(view)) selected_ = static_cast<std::size_t>(link - links_.data());
+  changed.raise();
+}
+
+void SideBar::translate(const Translator& translator) {
+  Control::translate(translator);
+  for (Link& link : links_) link.text = translator(link.text);
+  changed.raise();
+}
+
+void SideBar::click(std::int32_t view) {
+  requireReachable();
+  const Link* link = find(view);
+  if (!link) throw GestureRefused(Name() + " has no link to view " + std::to_string(view));
+  OnClickItemLink.raise(*link);
+}
+
+const SideBar::Link* SideBar::find(std::int32_t view) const {
+  const auto at =
+      std::find_if(links_.begin(), links_.end(), [&](const Link& l) { return l.view == view; });
+  return at == links_.end() ? nullptr : &*at;
+}
+
+void ResizeManager::registerControl(const std::string& control, std::int32_t rule) {
+  registrations_.push_back({control, rule});
+}
+
+void ResizeManager::layOut() {
+  if (registrations_.empty()) Setup.raise(*this);
+  changed.raise();
+}
+
+}  // namespace kebu::controls

@@ -1,0 +1,139 @@
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <vector>
+
+#include "controls/control.h"
+
+namespace kebu::controls {
+
+class Label : public Control {
+ public:
+  using Control::Control;
+};
+
+class TitleBar : public Control {
+ public:
+  using Control::Control;
+};
+
+class GroupBox : public Control {
+ public:
+  using Control::Control;
+
+  /// Puts `child` into this group, after those that are there.
+  void add(Control& child);
+  template <class... Controls>
+  void addAll(Controls&... all) {
+    (add(all), ...);
+  }
+  const std::vector<Control*>& children() const { return children_; }
+
+ private:
+  std::vector<Control*> children_;
+};
+
+class Button : public Control {
+ public:
+  using Control::Control;
+
+  void click();
+  Event<> ButtonClick;
+};
+
+/// A bar with a text that moves while something long is at work.
+class ProgressBar : public Control {
+ public:
+  explicit ProgressBar(std::string name);
+
+  bool isAnimated() const { return animated_; }
+  void setAnimated(bool animated);
+  const std::string& text() const { return text_; }
+  void setText(const std::string& text);
+  /// Whether the text stays when the bar stops; off for this system's bar.
+  bool keepsText() const { return keepsText_; }
+  void setKeepsText(bool keeps) { keepsText_ = keeps; }
+  void moveTo(std::int32_t left, std::int32_t top);
+  std::int32_t left() const { return left_; }
+  std::int32_t top() const { return top_; }
+  void bringToFront() { changed.raise(); }
+  bool isRunning() const { return running_; }
+  void start();
+  void stop();
+
+ private:
+  bool animated_ = false;
+  bool keepsText_ = true;
+  bool running_ = false;
+  std::string text_;
+  std::int32_t left_ = 0;
+  std::int32_t top_ = 0;
+};
+
+/// The window's bar of text panels, counted from 1.
+class StatusBar : public Control {
+ public:
+  StatusBar(std::string name, std::size_t panels);
+
+  const std::vector<std::string>& panels() const { return panels_; }
+  void setPanelText(std::size_t panel, const std::string& text);
+  bool isAnimated() const { return animated_; }
+  void setAnimated(bool animated);
+
+ private:
+  std::vector<std::string> panels_;
+  bool animated_ = false;
+};
+
+/// Links to the pages, by view number.
+class SideBar : public Control {
+ public:
+  struct Link {
+    std::int32_t view = 0;
+    std::string text;
+  };
+
+  using Control::Control;
+
+  void addLink(std::int32_t view, const std::string& text);
+  const std::vector<Link>& links() const { return links_; }
+  /// The link shown as chosen; nothing before the first.
+  const Link* selected() const;
+  void selectFirst();
+  /// Shows the link of `view` as chosen, without an event.
+  void select(std::int32_t view);
+  void translate(const Translator& translator) override;
+
+  /// The gesture; GestureRefused when there is no link of that view.
+  void click(std::int32_t view);
+  Event<const Link&> OnClickItemLink;
+
+ private:
+  const Link* find(std::int32_t view) const;
+
+  std::vector<Link> links_;
+  std::size_t selected_ = static_cast<std::size_t>(-1);
+};
+
+/// Controls that follow the window's size, in the order of registration.
+class ResizeManager : public Control {
+ public:
+  struct Registration {
+    std::string control;
+    std::int32_t rule = 0;
+  };
+
+  using Control::Control;
+
+  void registerControl(const std::string& control, std::int32_t rule);
+  const std::vector<Registration>& registrations() const { return registrations_; }
+  /// Asks once for the registrations and lets views lay the window out.
+  void layOut();
+  Event<ResizeManager&> Setup;
+
+ private:
+  std::vector<Registration> registrations_;
+};
+
+}  // namespace kebu::controls

@@ -1,0 +1,346 @@
+#include "forms/anagrafica/frame/frmkb_anagrafica.h"
+
+#include <algorithm>
+
+#include "common/convert.h"
+#include "common/nulls.h"
+#include "forms/anagrafica/frame/views.h"
+#include "sql/working_tables.h"
+
+namespace kebu::forms {
+
+using controls::FrameStatus;
+
+namespace {
+
+constexpr std::int32_t noView = -1;
+
+}  // namespace
+
+FRMKB_ANAGRAFICA::FRMKB_ANAGRAFICA(const Runtime& runtime)
+    : Form("FRMKB_ANAGRAFICA", runtime.desktop),
+      services_(runtime.platform, *this),
+      FME_ANAGRAFICA("FME_ANAGRAFICA", services_),
+      INAV_PAR("INAV_PAR", services_, {"Nuovo", "Conferma", "Annulla", "Elimina"}),
+      INAV_CATCLIART("INAV_CATCLIART", services_, {"Conferma", "Annulla"}),
+      SBAR_MAIN("SBAR_MAIN"),
+      TITLEBAR("TITLEBAR"),
+      VLT_RESIZEFORM1("VLT_RESIZEFORM1"),
+      MDIActiveX1("MDIActiveX1"),
+      trace_(runtime.platform, "FRMKB_ANAGRAFICA"),
+      context_(runtime, services_, FME_ANAGRAFICA),
+      progress_(services_, runtime.desktop, {SBAR_MAIN, pages_.GRPMAIN_LISTINI, INAV_PAR}),
+      synchronisation_(context_),
+      parameters_(context_, INAV_PAR),
+      deposits_(context_),
+      priceLists_(context_, progress_),
+      profile_(context_, INAV_PAR, {parameters_, deposits_, priceLists_, synchronisation_}),
+      GRP_LISTINI("GRP_LISTINI", "Listini da pubblicare"),
+      GRP_AGGLISTINI("GRP_AGGLISTINI", "Aggiornamento prezzi"),
+      GRP_DEP("GRP_DEP", "Depositi da pubblicare") {
+  trace_.initialized();
+  buildPages();
+  INAV_PAR.bind(FME_ANAGRAFICA);
+  SBAR_MAIN.OnClickItemLink.on(
+      [this](const controls::SideBar::Link& link) { SBAR_MAIN_OnClickItemLink(link); });
+  VLT_RESIZEFORM1.Setup.on([this](controls::ResizeManager&) { VLT_RESIZEFORM1_Setup(); });
+  MDIActiveX1.FormLoad.on([this] { MDIActiveX1_FormLoad(); });
+}
+
+FRMKB_ANAGRAFICA::~FRMKB_ANAGRAFICA() {
+  ignoringErrors([&] { trace_.terminated(); });
+}
+
+void FRMKB_ANAGRAFICA::buildPages() {
+  SBAR_MAIN.setSize({180, 600});
+  pages_.GRPMAIN_LISTINI.setSize({820, 520});
+  INAV_PAR.setSize({820, 40});
+  progress_.PBAR.setSize({260, 24});
+  for (const View& view : views) SBAR_MAIN.addLink(view.number, std::string(view.link));
+
+  profile_.place(pages_.GRPMAIN_PAR, pages_.GRPMAIN_CATCLIENTI, pages_.GRPMAIN_CATART);
+  parameters_.place(pages_.GRPMAIN_PAR, pages_.GRPMAIN_SCONTI);
+  GRP_LISTINI.add(priceLists_.QGRID_LISTINI);
+  GRP_AGGLISTINI.add(priceLists_.BTN_AGGLISTINI);
+  pages_.GRPMAIN_LISTINI.addAll(GRP_LISTINI, GRP_AGGLISTINI);
+  GRP_DEP.add(deposits_.QGRID_DEP);
+  pages_.GRPMAIN_GIACENZE.add(GRP_DEP);
+
+  addAll(SBAR_MAIN, TITLEBAR, INAV_PAR, INAV_CATCLIART, FME_ANAGRAFICA, parameters_.FME_PARAMETRI);
+  for (controls::GroupBox* page : pages_.all) {
+    page->setVisible(false);
+    addTree(*page);
+  }
+  addAll(progress_.STATUSBAR, progress_.PBAR, VLT_RESIZEFORM1, MDIActiveX1);
+}
+
+void FRMKB_ANAGRAFICA::setHost(const Ref<host::Cinterface>& value) { services_.setHost(value); }
+
+Ref<host::NamedObject> FRMKB_ANAGRAFICA::profileFrame() {
+  return std::shared_ptr<host::NamedObject>(shared_from_this(), &FME_ANAGRAFICA);
+}
+
+void FRMKB_ANAGRAFICA::placeWindow(Steps& step) {
+  constexpr std::int32_t usual = 100;
+  const auto place = [&](const Value& asked) {
+    const Value given = NVL(asked, std::int32_t{0});
+    return equalAsVariants(given, std::int32_t{0}) ? usual : toInt32(given);
+  };
+  const std::int32_t newLeft = step([&] { return place(host()->Left()); });
+  const std::int32_t newTop = step([&] { return place(host()->Top()); });
+  moveTo(newLeft, newTop);
+}
+
+void FRMKB_ANAGRAFICA::Form_Load() {
+  trap(services_, "Form_Load", [&](Steps& step) {
+    step([&] { services_.setLog(host()->ClsGlobal()->CreateLog()); });
+    step([&] {
+      translate([this](const std::string& text) { return services_.TranslateString(text); });
+    });
+    placeWindow(step);
+  });
+  MDIActiveX1.FormLoad.raise();
+}
+
+void FRMKB_ANAGRAFICA::MDIActiveX1_FormLoad() {
+  trap(services_, "MDIActiveX1_FormLoad", [&](Steps& step) {
+    placeWindow(step);
+    step([&] { MDIActiveX1.attach(*this, host()->hwndParent()); });
+  });
+}
+
+void FRMKB_ANAGRAFICA::refreshHostStatus(Steps& step) {
+  step([&] { host()->ClsGlobal()->RefreshStatus(host()->ActiveFrame()); });
+}
+
+void FRMKB_ANAGRAFICA::Form_Activate() {
+  trap(services_, "Form_Activate", [&](Steps& step) {
+    refreshHostStatus(step);
+    applyRights(step);
+    if (activated_) return;
+    setUp(step);
+    activated_ = true;
+    context_.loaded = true;
+  });
+}
+
+void FRMKB_ANAGRAFICA::applyRights(Steps& step) {
+  step([&] {
+    INAV_PAR.setRights({host()->CanInsert(), host()->CanUpdate(), host()->CanDelete()});
+  });
+}
+
+void FRMKB_ANAGRAFICA::setUp(Steps& step) {
+  openConnection(step);
+  context_.company = step([&] { return host()->ClsGlobal()->CompanyCode(); });
+  depositsTable_ = services_.GetTempTableName();
+  priceListsTable_ = services_.GetTempTableName();
+  spareTable_ = services_.GetTempTableName();
+  deposits_.setWorkingTable(depositsTable_);
+  priceLists_.setWorkingTable(priceListsTable_);
+  createHostServices(step);
+  step([&] { SBAR_MAIN.selectFirst(); });
+  step([&] { TITLEBAR.setCaption(SBAR_MAIN.links().front().text); });
+
+  parameters_.CaricoCombo();
+  progress_.InizializzaProgressAnimation();
+  profile_.ImpostaVirtualFrame();
+  deposits_.ImpostaQGRID_DEP();
+  deposits_.ImpostaRstDepositi();
+  priceLists_.ImpostaQGRID_Listini();
+  priceLists_.ImpostaRstListini();
+  synchronisation_.InsertGM02Records();
+  synchronisation_.InsertGM08NuoviModelliSincro();
+  CambiaVisualizzazione(views[0].number);
+  InizializzaScriptELayout();
+  step([&] { VLT_RESIZEFORM1.layOut(); });
+}
+
+// The window works on a connection of its own, not on the host's.
+void FRMKB_ANAGRAFICA::openConnection(Steps& step) {
+  connectionString_ = step([&] { return host()->ClsGlobal()->ConnectionString(); });
+  connectionProvider_ = step([&] { return host()->ClsGlobal()->CreateConnectionProvider(); });
+  context_.connection = step([&] { return connectionProvider_->NewConnection(); });
+  step([&] { context_.connection->setConnectionString(connectionString_); });
+  step([&] { context_.connection->Open(); });
+  services_.setConnection(context_.connection);
+  step([&] { host()->setConnection(context_.connection); });
+}
+
+void FRMKB_ANAGRAFICA::createHostServices(Steps& step) {
+  const auto create = [&](auto& service, auto createOn) {
+    service = step([&] { return createOn(*host()->ClsGlobal()); });
+    step([&] { service->Initialize(host()); });
+  };
+  create(sqlDecode_, [](host::ClsGlobal& global) { return global.CreateSqlDecode(); });
+  create(lookups_, [](host::ClsGlobal& global) { return global.CreateLookups(); });
+  create(filterSpecifications_,
+         [](host::ClsGlobal& global) { return global.CreateFilterSpecifications(); });
+  create(environment_, [](host::ClsGlobal& global) { return global.CreateEnvironment(); });
+  create(layoutModel_, [](host::ClsGlobal& global) { return global.CreateLayoutModel(); });
+  create(scriptModel_, [](host::ClsGlobal& global) { return global.CreateScriptModel(); });
+  context_.decodes = sqlDecode_;
+  context_.lookups = lookups_;
+  synchronisation_.setEnvironment(environment_);
+}
+
+void FRMKB_ANAGRAFICA::InizializzaScriptELayout() {
+  trap(services_, "InizializzaScriptELayout", [&](Steps& step) {
+    const Ref<host::NamedObject> window(shared_from_this());
+    step([&] { layoutModel_->Register(Name(), window, 0, windowDescription); });
+    step([&] { scriptModel_->Register(Name(), window, 0, windowDescription); });
+    bool cancel = false;
+    ExecuteFormEvent("tsOpen", cancel);
+  });
+}
+
+void FRMKB_ANAGRAFICA::ExecuteFormEvent(const std::string& event, bool& cancel) {
+  trap(services_, "ExecuteFormEvent",
+       [&](Steps& step) { step([&] { scriptModel_->RunEvent(event, cancel); }); });
+}
+
+void FRMKB_ANAGRAFICA::CambiaVisualizzazione(std::int32_t view) {
+  trap(services_, "CambiaVisualizzazione", [&](Steps& step) {
+    if (closing_) return;
+    const bool pending =
+        view != view_ && step([&] { return FME_ANAGRAFICA.hasPendingChanges(); });
+    if (pending) {
+      RichiestaConfermaModifiche(&FME_ANAGRAFICA, view, true, true);
+    } else {
+      VisualizzaVista(view);
+    }
+  });
+}
+
+bool FRMKB_ANAGRAFICA::RichiestaConfermaModifiche(controls::RecordFrame* frame, std::int32_t view,
+                                                  bool restoreStatus, bool cancellable) {
+  return trap(services_, "RichiestaConfermaModifiche", [&](Steps& step) {
+    if (!frame) return false;
+    if (frame->status() == FrameStatus::New) {
+      // Only finds out whether the user wrote anything; the frame decides what is pending.
+      for (const controls::BoundControl* control : boundControls()) {
+        const bool differs = step([&] {
+          return RTrimN(control->value()) != RTrimN(control->frame()->field(control->DBField()));
+        });
+        if (differs) break;
+      }
+    }
+    step([&] { frame->ConcludiModifiche(cancellable); });
+    if (frame->status() == FrameStatus::Browsing) {
+      if (view != noView) VisualizzaVista(view);
+      return true;
+    }
+    if (restoreStatus && frame->status() == FrameStatus::Browsing) ChangeStatus(*frame);
+    return false;
+  });
+}
+
+void FRMKB_ANAGRAFICA::ChangeStatus(controls::RecordFrame& frame) {
+  trap(services_, "ChangeStatus", [&](Steps&) {
+    if (&frame == &FME_ANAGRAFICA) {
+      profile_.FME_ANAGRAFICA_ChangeStatus(FrameStatus::Browsing, FrameStatus::SetByProcedure);
+    } else if (&frame == &parameters_.FME_PARAMETRI) {
+      parameters_.FME_PARAMETRI_ChangeStatus();
+    }
+  });
+}
+
+void FRMKB_ANAGRAFICA::show(std::string_view control) {
+  if (controls::Control* shown = find(std::string(control))) shown->setVisible(true);
+}
+
+void FRMKB_ANAGRAFICA::VisualizzaVista(std::int32_t number) {
+  trap(services_, "VisualizzaVista", [&](Steps& step) {
+    NascondiViste();
+    const auto* view = std::find_if(std::begin(views), std::end(views),
+                                    [&](const View& v) { return v.number == number; });
+    if (view != std::end(views)) {
+      step([&] { show(view->group); });
+      step([&] { show(view->navigatorBar); });
+    }
+    view_ = number;
+  });
+}
+
+void FRMKB_ANAGRAFICA::NascondiViste() {
+  trap(services_, "NascondiViste", [&](Steps& step) {
+    for (const std::string_view name : hiddenWithEveryView) {
+      step([&] {
+        if (controls::Control* control = find(std::string(name))) control->setVisible(false);
+      });
+    }
+  });
+}
+
+void FRMKB_ANAGRAFICA::SBAR_MAIN_OnClickItemLink(const controls::SideBar::Link& link) {
+  trap(services_, "SBAR_MAIN_OnClickItemLink", [&](Steps& step) {
+    step([&] { TITLEBAR.setCaption(link.text); });
+    CambiaVisualizzazione(link.view);
+    // A refused change leaves the page, and so its link and title, as they were.
+    step([&] { SBAR_MAIN.select(view_); });
+    step([&] {
+      if (const auto* shown = SBAR_MAIN.selected()) TITLEBAR.setCaption(shown->text);
+    });
+  });
+}
+
+void FRMKB_ANAGRAFICA::VLT_RESIZEFORM1_Setup() {
+  trap(services_, "VLT_RESIZEFORM1_Setup", [&](Steps& step) {
+    for (const controls::GroupBox* page : pages_.all) {
+      step([&] { VLT_RESIZEFORM1.registerControl(page->Name(), groupResizeRule); });
+    }
+    for (const ResizeRule& entry : controlResizeRules) {
+      step([&] {
+        const std::string name(entry.control);
+        if (find(name)) VLT_RESIZEFORM1.registerControl(name, entry.rule);
+      });
+    }
+  });
+}
+
+void FRMKB_ANAGRAFICA::Form_QueryUnload(bool& cancel) {
+  trap(services_, "Form_QueryUnload", [&](Steps& step) {
+    refreshHostStatus(step);
+    closing_ = true;
+    cancel = !RichiestaConfermaModifiche(&FME_ANAGRAFICA, noView, false, true);
+    ExecuteFormEvent("tsClose", cancel);
+  });
+  if (cancel) closing_ = false;
+}
+
+void FRMKB_ANAGRAFICA::Form_Unload() {
+  trap(services_, "Form_Unload", [&](Steps& step) {
+    if (!context_.connection) return;
+    for (const std::string& table : {depositsTable_, priceListsTable_}) {
+      step([&] { context_.connection->Execute(sql::EliminaTabellaLavoro(table)); });
+    }
+  });
+  // Whatever became of the tables, the host must get its objects back.
+  releaseHostObjects();
+}
+
+void FRMKB_ANAGRAFICA::releaseHostObjects() {
+  context_.decodes.reset();
+  context_.lookups.reset();
+  synchronisation_.setEnvironment(nullptr);
+  sqlDecode_.reset();
+  lookups_.reset();
+  filterSpecifications_.reset();
+  environment_.reset();
+  priceLists_.QGRID_LISTINI.setDataSource(nullptr);
+  deposits_.QGRID_DEP.setDataSource(nullptr);
+  INAV_PAR.unbind();
+  INAV_CATCLIART.unbind();
+  layoutModel_.reset();
+  scriptModel_.reset();
+  connectionProvider_.reset();
+  parameters_.FME_PARAMETRI.setDataSource(nullptr);
+  FME_ANAGRAFICA.setDataSource(nullptr);
+  services_.setConnection(nullptr);
+  context_.connection.reset();
+  services_.setLog(nullptr);
+  owner_.reset();
+  services_.setHost(nullptr);
+}
+
+}  // namespace kebu::forms

@@ -1,0 +1,118 @@
+#pragma once
+
+#include <cstdint>
+#include <string>
+
+#include "common/instance_trace.h"
+#include "controls/form.h"
+#include "controls/mdi_container.h"
+#include "controls/navigator_bar.h"
+#include "controls/simple_controls.h"
+#include "forms/anagrafica/frame/page_groups.h"
+#include "forms/anagrafica/frame/progress_display.h"
+#include "forms/anagrafica/page_context.h"
+#include "forms/anagrafica/pricelists/deposits_page.h"
+#include "forms/anagrafica/pricelists/price_lists_page.h"
+#include "forms/anagrafica/profile/parameter_page.h"
+#include "forms/anagrafica/profile/profile_page.h"
+#include "forms/anagrafica/profile/synchronisation.h"
+#include "forms/runtime.h"
+#include "forms/services.h"
+#include "host/cinterface.h"
+
+namespace kebu::forms {
+
+/// The configuration window: a thin frame that wires its pages together, opens
+/// the connection they work on, switches between them and closes.
+class FRMKB_ANAGRAFICA : public controls::Form {
+ public:
+  explicit FRMKB_ANAGRAFICA(const Runtime& runtime);
+  ~FRMKB_ANAGRAFICA() override;
+
+  /// The plug-in as the host addresses it, and the plug-in that made the window.
+  void setHost(const Ref<host::Cinterface>& value);
+  const Ref<host::Cinterface>& host() const { return services_.host(); }
+  void setOwner(const Ref<Object>& value) { owner_ = value; }
+
+  /// The plug-in ends: gives back all that the host lent.
+  void detach() { releaseHostObjects(); }
+
+  /// The profile's record frame; the window lives as long as it is held.
+  Ref<host::NamedObject> profileFrame();
+
+ private:
+  Services services_;  // before what reports through it
+
+ public:
+  controls::RecordFrame FME_ANAGRAFICA;
+  controls::NavigatorBar INAV_PAR;
+  controls::NavigatorBar INAV_CATCLIART;
+  controls::SideBar SBAR_MAIN;
+  controls::TitleBar TITLEBAR;
+  controls::ResizeManager VLT_RESIZEFORM1;
+  controls::MdiContainer MDIActiveX1;
+
+ protected:
+  void Form_Load() override;
+  void Form_Activate() override;
+  void Form_QueryUnload(bool& cancel) override;
+  void Form_Unload() override;
+
+ private:
+  void buildPages();
+  void MDIActiveX1_FormLoad();
+  void placeWindow(Steps& step);
+  void refreshHostStatus(Steps& step);
+  void setUp(Steps& step);
+  void openConnection(Steps& step);
+  void createHostServices(Steps& step);
+  void applyRights(Steps& step);
+  void ExecuteFormEvent(const std::string& event, bool& cancel);
+  void InizializzaScriptELayout();
+  void CambiaVisualizzazione(std::int32_t view);
+  bool RichiestaConfermaModifiche(controls::RecordFrame* frame, std::int32_t view,
+                                  bool restoreStatus, bool cancellable);
+  void ChangeStatus(controls::RecordFrame& frame);
+  void VisualizzaVista(std::int32_t view);
+  void NascondiViste();
+  void SBAR_MAIN_OnClickItemLink(const controls::SideBar::Link& link);
+  void VLT_RESIZEFORM1_Setup();
+  void show(std::string_view control);
+  void releaseHostObjects();
+
+  InstanceTrace trace_;
+  Ref<Object> owner_;
+  PageContext context_;
+  PageGroups pages_;
+  ProgressDisplay progress_;
+  Synchronisation synchronisation_;
+  ParameterPage parameters_;
+  DepositsPage deposits_;
+  PriceListsPage priceLists_;
+  ProfilePage profile_;
+  controls::GroupBox GRP_LISTINI;
+  controls::GroupBox GRP_AGGLISTINI;
+  controls::GroupBox GRP_DEP;
+
+  std::string connectionString_;
+  Ref<host::ConnectionProvider> connectionProvider_;
+  // The host's service objects.
+  Ref<host::SqlDecodeService> sqlDecode_;
+  Ref<host::LookupService> lookups_;
+  Ref<host::FilterSpecificationService> filterSpecifications_;
+  Ref<host::EnvironmentService> environment_;
+  Ref<host::LayoutModel> layoutModel_;
+  Ref<host::ScriptModel> scriptModel_;
+
+  std::string depositsTable_;
+  std::string priceListsTable_;
+  std::string spareTable_;  ///< named with the others, not used yet
+  std::int32_t view_ = 0;
+  bool activated_ = false;
+  bool closing_ = false;
+};
+
+/// The description under which the window stands in the host's object models.
+inline constexpr const char* windowDescription = "Parametri collegamento con E-Commerce Merkal";
+
+}  // namespace kebu::forms

@@ -1,0 +1,36 @@
+#include "forms/anagrafica/page_context.h"
+
+#include "common/convert.h"
+#include "common/nulls.h"
+#include "controls/lookup_list.h"
+
+namespace kebu::forms {
+
+std::string PageContext::companyText() const { return toSqlNumber(company); }
+
+Value PageContext::profileId() const { return CDecN(profile.field("GM03_IDDISPOSITIVO")); }
+
+std::string PageContext::profileIdText() const { return toSqlNumber(profileId()); }
+
+Ref<ado::Recordset> PageContext::openEditable(const std::string& statement) const {
+  Ref<ado::Recordset> rows = newRecordset();
+  rows->setCursorLocation(ado::CursorLocation::Client);
+  rows->Open(statement, connection, ado::CursorType::Static, ado::LockType::Optimistic);
+  return rows;
+}
+
+std::string PageContext::lookUpText(const std::string& statement, const std::string& column) const {
+  const Ref<ado::Recordset> rows = connection->Execute(statement);
+  return rows->EOF_() ? "" : RTrimN(NVL(rows->value(column), ""));
+}
+
+std::optional<Value> PageContext::choose(const host::LookupDefinition& definition) const {
+  std::vector<std::string> captions;
+  for (const std::string& caption : definition.captions) captions.push_back(translate(caption));
+  controls::LookupList list(translate(definition.title), std::move(captions),
+                            connection->Execute(definition.statement));
+  runtime_.desktop.runLookup(list);
+  return list.chosen();
+}
+
+}  // namespace kebu::forms

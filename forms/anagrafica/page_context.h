@@ -1,0 +1,53 @@
+#pragma once
+
+#include <optional>
+#include <string>
+
+#include "ado/library.h"
+#include "controls/record_frame.h"
+#include "forms/runtime.h"
+#include "forms/services.h"
+#include "host/services.h"
+
+namespace kebu::forms {
+
+/// What the pages of the window share. The window fills it at its first activation.
+class PageContext {
+ public:
+  PageContext(const Runtime& runtime, Services& windowServices, controls::RecordFrame& profileFrame)
+      : services(windowServices), profile(profileFrame), runtime_(runtime) {}
+
+  Services& services;
+  controls::RecordFrame& profile;
+
+  Ref<ado::Connection> connection;
+  /// The ERP company, from the host.
+  Value company;
+  Ref<host::SqlDecodeService> decodes;
+  Ref<host::LookupService> lookups;
+  /// False until the window's first activation is done.
+  bool loaded = false;
+
+  /// The company code as statements take it.
+  std::string companyText() const;
+  /// The current profile's identifier as statements take it; "0" without a profile.
+  std::string profileIdText() const;
+  Value profileId() const;
+
+  Ref<ado::Recordset> newRecordset() const { return runtime_.ado.newRecordset(); }
+  Ref<ado::Command> newCommand() const { return runtime_.ado.newCommand(); }
+  /// A client recordset on the window's connection that can be edited row by row.
+  Ref<ado::Recordset> openEditable(const std::string& statement) const;
+  /// The first row's value of `column`, through NVL and RTrimN; "" without a row.
+  std::string lookUpText(const std::string& statement, const std::string& column) const;
+  /// Lets the user choose from a list; the code chosen, or nothing.
+  std::optional<Value> choose(const host::LookupDefinition& definition) const;
+
+  std::string translate(const std::string& text) const { return services.TranslateString(text); }
+  void repaint() const { runtime_.desktop.repaint(); }
+
+ private:
+  Runtime runtime_;
+};
+
+}  // namespace kebu::forms

@@ -1,0 +1,17 @@
+#pragma once
+
+#include <string>
+
+#include "host/services.h"
+
+namespace kebu::forms {
+
+/// The list of deposits that the parameter page and the price slots share.
+inline host::LookupDefinition depositLookup(const std::string& statement) {
+  return {"Elenco depositi",
+          statement,
+          {"Codice deposito", "Descrizione deposito", "Indirizzo", "CAP", "Localita'", "Provincia",
+           "Nr. telefono", "Nr. fax"}};
+}
+
+}  // namespace kebu::forms

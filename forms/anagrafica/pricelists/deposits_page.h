@@ -1,0 +1,36 @@
+#pragma once
+
+#include <string>
+
+#include "controls/query_grid.h"
+#include "forms/anagrafica/page_context.h"
+
+namespace kebu::forms {
+
+/// The deposits whose stock is published, one of them preferred for article
+/// costs. Edited in a working table, saved with the profile.
+class DepositsPage {
+ public:
+  explicit DepositsPage(PageContext& context);
+
+  controls::QueryGrid QGRID_DEP;
+
+  void setWorkingTable(const std::string& name) { workingTable_ = name; }
+  void ImpostaQGRID_DEP();
+  /// Fills the working table for the current profile and shows it.
+  void ImpostaRstDepositi();
+  /// Writes the working table to the profile's deposits.
+  void ConfermaModificheDepositi();
+
+ private:
+  void CreaTabellaDepositi();
+  bool CheckPredefinito();
+  void CambiaPredefinito();
+  void QGRID_DEP_SelectionBoxClick(const std::string& field, bool& cancel);
+  void QGRID_DEP_SelectAllClickEXT(const std::string& field, bool selecting, bool& cancel);
+
+  PageContext& context_;
+  std::string workingTable_;
+};
+
+}  // namespace kebu::forms

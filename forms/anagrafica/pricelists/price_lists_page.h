@@ -1,0 +1,56 @@
+#pragma once
+
+#include <cstdint>
+#include <map>
+#include <string>
+#include <utility>
+
+#include "controls/query_grid.h"
+#include "controls/simple_controls.h"
+#include "forms/anagrafica/frame/progress_display.h"
+#include "forms/anagrafica/page_context.h"
+
+namespace kebu::forms {
+
+/// The ten price slots of the profile: which ERP price list each published
+/// price comes from. Edited in a working table, saved with the profile.
+class PriceListsPage {
+ public:
+  PriceListsPage(PageContext& context, ProgressDisplay& progress);
+
+  controls::QueryGrid QGRID_LISTINI;
+  controls::Button BTN_AGGLISTINI;
+
+  void setWorkingTable(const std::string& name) { workingTable_ = name; }
+  void ImpostaQGRID_Listini();
+  /// Gives the current profile its slots, fills the working table and shows it.
+  void ImpostaRstListini();
+  /// Writes the working table to the profile's slots and switches incomplete ones off.
+  void ConfermaModificheListini();
+
+ private:
+  void InizializzaListiniPrezzi();
+  void CreaTabellaListini();
+  void FormattaRecordListini(std::int32_t type);
+  std::string GetStringaSqlLookup(std::int32_t type);
+  void QGRID_LISTINI_OnEditing(const std::string& field, bool& cancel);
+  void QGRID_LISTINI_OnEdited(const std::string& field);
+  void QGRID_LISTINI_SelectionBoxClick(const std::string& field);
+  void QGRID_LISTINI_SelectAllClickEXT(const std::string& field);
+  void QGRID_LISTINI_StartLookup(const std::string& field, Value& code);
+  void QGRID_LISTINI_DataFormatEXT(std::int32_t row, const std::string& field, std::string& text);
+  void BTN_AGGLISTINI_ButtonClick();
+
+  std::int32_t currentType();
+  std::string describe(const std::string& field, std::int32_t type, const std::string& code);
+
+  PageContext& context_;
+  ProgressDisplay& progress_;
+  std::string workingTable_;
+  /// The type of the row whose type cell is being edited.
+  std::int32_t typeBefore_ = 0;
+  /// Descriptions read so far, by the statement that reads them.
+  std::map<std::string, std::string> descriptions_;
+};
+
+}  // namespace kebu::forms

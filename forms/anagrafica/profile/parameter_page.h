@@ -1,0 +1,93 @@
+#pragma once
+
+#include <deque>
+#include <string>
+
+#include "controls/check_box.h"
+#include "controls/combo_box.h"
+#include "controls/edit_box.h"
+#include "controls/navigator_bar.h"
+#include "controls/simple_controls.h"
+#include "forms/anagrafica/page_context.h"
+
+namespace kebu::forms {
+
+/// The profile's parameters: a child frame with one row of GM04_PARAMETRITVRO,
+/// validated and completed before every save of the profile.
+class ParameterPage {
+ public:
+  ParameterPage(PageContext& context, controls::NavigatorBar& navigator);
+
+  controls::RecordFrame FME_PARAMETRI;
+
+  controls::GroupBox GRP_IMPDOC;
+  controls::EditBox TXT_GM04_CODDOCWEB_MG36;
+  controls::Label LBL_DESCDOCWEB;
+  controls::ComboBox CMB_GM04_INDTIPODEPIMP;
+  controls::EditBox TXT_GM04_DEPDOCWEB_MG58;
+  controls::Label TXT_DEC_DEPDOCWEB_MG58;
+
+  controls::GroupBox GRP_COSTOART;
+  controls::ComboBox CBO_TIPOVALORIZZ;
+  controls::EditBox TXT_NUMLIST;
+  controls::Label LBL_DESCLIST;
+
+  controls::GroupBox GRP_PUBBLICAZIONE;
+  controls::ComboBox CMB_GM04_INDTIPOGIACENZA;
+  controls::EditBox TXT_GM04_DEPGIACENZE_MG58;
+  controls::Label LBL_DESCDEPGIACENZE;
+  controls::CheckBox CHK_GM04_FLGGESTPREZZI;
+  controls::CheckBox CHK_GM04_INDESTRIMG;
+  controls::EditBox TXT_GM04_NUMNOTECLIENTI;
+  controls::EditBox TXT_GM04_LASTSYNCCLI;
+
+  controls::GroupBox GRP_TRASFERIMENTO;
+
+  // The options of the discount rules, which share this page's combos.
+  controls::GroupBox GRB_GENERALESCONTI;
+  controls::ComboBox CMB_LISTINISCONTO;
+  controls::ComboBox CMB_REGAPPLICAZIONE;
+  controls::CheckBox CHK_VISPREZZIBARRATI;
+  controls::CheckBox CHK_NONTRATTAREALTRISCONTI;
+  controls::CheckBox CHK_MONOUSO;
+
+  /// Puts the page's controls into the groups of the window.
+  void place(controls::GroupBox& parameters, controls::GroupBox& discounts);
+
+  /// Binds the frame to an empty record set, which gives it its columns.
+  void bindColumns();
+  void CaricoCombo();
+  /// Shows the parameters of the current profile, or none.
+  void ShowChild();
+  void ClearChild();
+  void FME_PARAMETRI_ChangeStatus();
+
+ private:
+  void bindControls();
+  void handleEvents();
+  void open(const std::string& statement);
+
+  void FME_PARAMETRI_BeforeUpdate(bool& cancel);
+  void FME_PARAMETRI_UpdateBatchAll();
+  void tellDefaultDepositMissing(const std::string& document);
+  bool VerificaDepositoDocumento(const std::string& document);
+  void decodeDeposit(const char* procedure, const std::string& code, std::string& description);
+  void lookUpDeposit(const char* procedure, controls::EditBox& box);
+  void TXT_GM04_CODDOCWEB_MG36_StartDecode(const std::string& code, std::string& description);
+  void TXT_GM04_CODDOCWEB_MG36_StartLookup();
+  void TXT_NUMLIST_StartDecode(const std::string& number, std::string& description);
+  void CBO_TIPOVALORIZZ_ChangeRow();
+  void CBO_TIPOVALORIZZ_AfterItem();
+  void CMB_GM04_INDTIPODEPIMP_ChangeRow();
+  void discountOptionChanged(const std::string& procedure);
+
+  PageContext& context_;
+  controls::NavigatorBar& navigator_;
+  Ref<ado::Recordset> rows_;
+  /// The boxes that are edited freely, from the table of plain columns.
+  std::deque<controls::EditBox> plainBoxes_;
+  /// The valuation when its combo received the focus.
+  Value valuationBefore_;
+};
+
+}  // namespace kebu::forms

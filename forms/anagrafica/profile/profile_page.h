@@ -1,0 +1,63 @@
+#pragma once
+
+#include "controls/edit_box.h"
+#include "controls/navigator_bar.h"
+#include "controls/simple_controls.h"
+#include "forms/anagrafica/page_context.h"
+#include "forms/anagrafica/pricelists/deposits_page.h"
+#include "forms/anagrafica/pricelists/price_lists_page.h"
+#include "forms/anagrafica/profile/parameter_page.h"
+#include "forms/anagrafica/profile/synchronisation.h"
+
+namespace kebu::forms {
+
+/// The pages that are loaded and saved with the profile.
+struct ProfileDependents {
+  ParameterPage& parameters;
+  DepositsPage& deposits;
+  PriceListsPage& priceLists;
+  Synchronisation& synchronisation;
+};
+
+/// The company's connection profile: the one row of GM03_DISPOSITIVI, and what
+/// happens around its saving, deleting and undoing.
+class ProfilePage {
+ public:
+  ProfilePage(PageContext& context, controls::NavigatorBar& navigator,
+              const ProfileDependents& dependents);
+
+  controls::GroupBox GRP_PROFILO;
+  controls::EditBox TXT_GM03_IDDISPOSITIVO;
+  controls::EditBox TXT_GM03_CODICEDISPOSITIVO;
+  controls::EditBox TXT_GM03_DESCRIZIONE;
+  controls::EditBox TXT_GM03_NOTE;
+
+  // Not to be touched while the profile is being changed.
+  controls::GroupBox GRP_CATART;
+  controls::GroupBox GRP_CATCLI;
+  controls::GroupBox GRP_PARCLI;
+
+  void place(controls::GroupBox& parameters, controls::GroupBox& customers,
+             controls::GroupBox& articles);
+
+  /// Binds the frames to the company's profile and shows it.
+  void ImpostaVirtualFrame();
+  void FME_ANAGRAFICA_ChangeStatus(controls::FrameStatus status, controls::FrameStatus previous);
+
+ private:
+  void FME_ANAGRAFICA_BeforeUpdate(bool& cancel);
+  void FME_ANAGRAFICA_AfterUpdate();
+  void FME_ANAGRAFICA_BeforeDelete(bool& cancel);
+  void FME_ANAGRAFICA_AfterDelete();
+  void FME_ANAGRAFICA_AfterUndo();
+  void FME_ANAGRAFICA_IsRecordChanged(bool& changed);
+  void reloadDependents();
+
+  PageContext& context_;
+  controls::NavigatorBar& navigator_;
+  ProfileDependents dependents_;
+  /// The profile for which price slots and deposits were loaded.
+  Value loadedProfile_;
+};
+
+}  // namespace kebu::forms

@@ -1,0 +1,31 @@
+#pragma once
+
+#include <string>
+
+#include "forms/anagrafica/page_context.h"
+
+namespace kebu::forms {
+
+/// Makes sure that the ERP has what the profile's synchronisation needs: its
+/// activities, the synchronisation type, and the job that imports orders.
+class Synchronisation {
+ public:
+  explicit Synchronisation(PageContext& context) : context_(context) {}
+
+  void InsertGM02Records();
+  void InsertGM08NuoviModelliSincro();
+  /// Whether the job is scheduled.
+  bool SchedulaAttJob();
+
+  void setEnvironment(const Ref<host::EnvironmentService>& environment) {
+    environment_ = environment;
+  }
+
+ private:
+  std::string GetPercorsoInstallazione();
+
+  PageContext& context_;
+  Ref<host::EnvironmentService> environment_;
+};
+
+}  // namespace kebu::forms

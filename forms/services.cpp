@@ -1,0 +1,70 @@
+#include "forms/services.h"
+
+#include "ado/recordset.h"
+#include "common/convert.h"
+#include "sql/working_tables.h"
+
+namespace kebu::forms {
+
+// Looked up afresh each time: the host may offer the service late or withdraw it.
+Ref<host::MessageService> Services::messages() const {
+  if (!host_) return nullptr;
+  const Ref<host::ClsGlobal> global = host_->ClsGlobal();
+  return global ? global->Messages() : nullptr;
+}
+
+std::string Services::TranslateString(const std::string& text) {
+  const Ref<host::MessageService> service = messages();
+  return service ? service->Translate(text) : text;
+}
+
+std::int32_t Services::VLTMsgBox(const Value& prompt, std::int32_t buttons, const Value& title,
+                                 const Value& context) {
+  if (const auto service = messages()) return service->MsgBox(prompt, buttons, title, context);
+  return platform_.messageBox(toDisplay(prompt), buttons, toDisplay(title));
+}
+
+std::int32_t Services::VLTMsgBoxFromId(std::int32_t id, std::int32_t buttons, const Value& title,
+                                       const Value& context) {
+  if (const auto service = messages()) return service->MsgBoxFromId(id, buttons, title, context);
+  return platform_.messageBox(std::to_string(id), buttons, toDisplay(title));
+}
+
+std::int16_t Services::VisualizzaErrore(const std::string& procedure, const RuntimeError& error) {
+  if (!log_) {
+    platform_.messageBox("Classe Log non settata", msgbox::okOnly, form_.caption());
+    return static_cast<std::int16_t>(ErrorAnswer::Abort);
+  }
+  log_->SetError(error.number(), error.description(), error.source());
+  if (connection_) log_->SetConnectionErrors(connection_->errors());
+  constexpr std::int32_t style =
+      msgbox::abortRetryIgnore | msgbox::critical | msgbox::defaultButton2 | msgbox::systemModal;
+  return log_->ShowError("KEBU_ANAGKELMORIA", form_.caption(), procedure, style);
+}
+
+std::int32_t Services::showMessage(std::int32_t id, std::int32_t style) {
+  return VLTMsgBoxFromId(id, style, form_.caption());
+}
+
+std::int32_t Services::showText(const std::string& text, std::int32_t style) {
+  return VLTMsgBox(text, style, form_.caption());
+}
+
+std::int32_t Services::message(const std::string& text, std::int32_t style) {
+  return showText(TranslateString(text), style);
+}
+
+std::string Services::GetTempTableName() {
+  return trap(*this, "GetTempTableName", [&](Steps& step) {
+    std::string name = "##tempT";
+    const Ref<ado::Recordset> rows =
+        step([&] { return connection_->Execute(sql::NuovoIdentificativo()); });
+    step([&] {
+      if (!rows->EOF_()) name += toText(rows->GetRows(1).front().front());
+    });
+    for (const char* separator : {"-", "{", "}"}) name = replaceAll(name, separator, "");
+    return name;
+  });
+}
+
+}  // namespace kebu::forms

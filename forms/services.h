@@ -1,0 +1,55 @@
+#pragma once
+
+#include <cstdint>
+#include <string>
+
+#include "ado/connection.h"
+#include "common/platform.h"
+#include "controls/control_host.h"
+#include "controls/form.h"
+#include "host/cinterface.h"
+
+namespace kebu::forms {
+
+/// The services that every procedure of a window uses: translation, messages,
+/// the error reporter and working-table names. Works with whatever of the
+/// host's services is there.
+class Services : public controls::ControlHost {
+ public:
+  Services(Platform& platform, const controls::Form& form) : platform_(platform), form_(form) {}
+
+  void setHost(const Ref<host::Cinterface>& value) { host_ = value; }
+  const Ref<host::Cinterface>& host() const { return host_; }
+  void setLog(const Ref<host::LogService>& log) { log_ = log; }
+  void setConnection(const Ref<ado::Connection>& connection) { connection_ = connection; }
+
+  /// The host's translation; the text itself without the host's service.
+  std::string TranslateString(const std::string& text);
+  /// The host's message box, or the system's without it; the button pressed.
+  std::int32_t VLTMsgBox(const Value& prompt, std::int32_t buttons, const Value& title,
+                         const Value& context = {});
+  /// The same for a message of the host's store, by number.
+  std::int32_t VLTMsgBoxFromId(std::int32_t id, std::int32_t buttons, const Value& title,
+                               const Value& context = {});
+  /// Lets the host's log show the error; 3 (Abort) without a log.
+  std::int16_t VisualizzaErrore(const std::string& procedure, const RuntimeError& error) override;
+  /// A message of the host's store, titled with the window's caption.
+  std::int32_t showMessage(std::int32_t id, std::int32_t style);
+  /// A text that is translated already, titled with the window's caption.
+  std::int32_t showText(const std::string& text, std::int32_t style);
+  /// Translates and shows `text` titled with the window's caption.
+  std::int32_t message(const std::string& text, std::int32_t style) override;
+  /// A global temporary table's name that nobody else has.
+  std::string GetTempTableName();
+
+ private:
+  Ref<host::MessageService> messages() const;
+
+  Platform& platform_;
+  const controls::Form& form_;
+  Ref<host::Cinterface> host_;
+  Ref<host::LogService> log_;
+  Ref<ado::Connection> connection_;
+};
+
+}  // namespace kebu::forms

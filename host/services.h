@@ -1,0 +1,117 @@
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <vector>
+
+#include "ado/connection.h"
+#include "common/ref.h"
+#include "common/value.h"
+#include "host/named_object.h"
+
+// The host's services as the plug-in calls them. On Windows each member is
+// called by late binding under the name that it has here.
+namespace kebu::host {
+
+class Cinterface;
+
+/// Translation and message boxes.
+class MessageService {
+ public:
+  virtual ~MessageService() = default;
+  virtual std::string Translate(const std::string& text) = 0;
+  /// `buttons` and the answer use the message-box codes.
+  virtual std::int32_t MsgBox(const Value& prompt, std::int32_t buttons, const Value& title,
+                              const Value& context) = 0;
+  /// The same with a message of the host's store, by its number.
+  virtual std::int32_t MsgBoxFromId(std::int32_t id, std::int32_t buttons, const Value& title,
+                                    const Value& context) = 0;
+};
+
+/// Records and shows run-time errors.
+class LogService {
+ public:
+  virtual ~LogService() = default;
+  virtual void SetError(std::int32_t number, const std::string& description,
+                        const std::string& source) = 0;
+  virtual void SetConnectionErrors(const ado::Errors& errors) = 0;
+  /// Shows the error set before; the button pressed.
+  virtual std::int16_t ShowError(const std::string& application, const std::string& caption,
+                                 const std::string& procedure, std::int32_t style) = 0;
+};
+
+/// A service object that the window creates and initialises with the host interface.
+class Service {
+ public:
+  virtual ~Service() = default;
+  virtual void Initialize(const Ref<Cinterface>& host) = 0;
+};
+
+class ConnectionProvider {
+ public:
+  virtual ~ConnectionProvider() = default;
+  virtual Ref<ado::Connection> NewConnection() = 0;
+};
+
+/// Installation paths by kind; 6 is the installation folder.
+class EnvironmentService : public Service {
+ public:
+  virtual std::string GetPath(std::int32_t kind, const std::string& argument) = 0;
+};
+
+/// Statements that decode a code of an ERP table to its description.
+class SqlDecodeService : public Service {
+ public:
+  /// The statement for the document type `code`; its description is column "MG36_DESCR".
+  virtual std::string DocumentType(const std::string& company, const std::string& code) = 0;
+  /// The statement for the customer `code`; its name is column "CG16_RAGSOANAG".
+  virtual std::string Customer(const std::string& company, const std::string& code) = 0;
+};
+
+/// What a look-up list shows: a statement whose first column is the code.
+struct LookupDefinition {
+  std::string title;
+  std::string statement;
+  std::vector<std::string> captions;
+};
+
+/// The host's own look-up lists.
+class LookupService : public Service {
+ public:
+  virtual LookupDefinition DocumentTypes(const std::string& company) = 0;
+  virtual LookupDefinition Customers(const std::string& company) = 0;
+};
+
+/// The conditions that users save by name under a storage key.
+class FilterSpecificationService : public Service {
+ public:
+  /// The stored text; empty when there is none.
+  virtual Value Load(const std::string& key, const std::string& name) = 0;
+  virtual void Save(const std::string& key, const std::string& name, const std::string& text,
+                    bool isDefault) = 0;
+};
+
+/// Object models in which windows and frames are registered by name; an entry
+/// comes back as the object to use from then on.
+class ObjectModel : public Service {
+ public:
+  virtual Ref<NamedObject> Register(const std::string& name, const Ref<NamedObject>& object,
+                                    std::int32_t kind, const std::string& description) = 0;
+};
+using LayoutModel = ObjectModel;
+
+class ScriptModel : public ObjectModel {
+ public:
+  /// Runs the user's script for an event such as "tsOpen"; may set `cancel`.
+  virtual void RunEvent(const std::string& event, bool& cancel) = 0;
+};
+
+/// The host's status bar.
+class StatusBar {
+ public:
+  virtual ~StatusBar() = default;
+  /// `panel` counts from 1.
+  virtual void SetPanelText(std::int32_t panel, const std::string& text) = 0;
+};
+
+}  // namespace kebu::host
