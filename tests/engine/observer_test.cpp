@@ -1,0 +1,117 @@
+#include <gtest/gtest.h>
+
+#include <vector>
+
+#include "tests/engine/result_text.h"
+#include "workbench/engine/ado_objects.h"
+
+namespace kebu::engine {
+namespace {
+
+/// Notes what it hears and fails the next statement when it is told to.
+class Recorder : public StatementObserver {
+ public:
+  void before(const std::string&, bool) override {
+    if (!failNext) return;
+    failNext = false;
+    throw RuntimeError(5555, "made to fail", "test");
+  }
+  void after(const std::string& text, bool edit, std::int64_t rows,
+             const RuntimeError* error) override {
+    lines.push_back(text + (edit ? " [edit] " : " ") +
+                    (error != nullptr ? error->description() : std::to_string(rows)));
+  }
+
+  bool failNext = false;
+  std::vector<std::string> lines;
+};
+
+class ObservedConnection : public testing::Test {
+ protected:
+  ObservedConnection() {
+    connection->Open();
+    connection->Execute(
+        "CREATE TABLE T (ID int IDENTITY(1,1) PRIMARY KEY, A varchar(10), P decimal(9,2))");
+    connection->Execute(
+        "CREATE PROCEDURE SP @a varchar(10), @p decimal(9,2) = 2.5, @d datetime = NULL AS INSERT "
+        "INTO T (A, P) VALUES (@a, @p)");
+    recorder.lines.clear();
+  }
+
+  Recorder recorder;
+  Ref<ado::Connection> connection = newConnection(Database::createInMemory(), &recorder);
+  Library library;
+};
+
+TEST_F(ObservedConnection, TellsOfEveryStatementOnce) {
+  connection->Execute("INSERT INTO T (A) VALUES ('it''s'), ('b')");
+  auto recordset = library.newRecordset();
+  recordset->Open("SELECT * FROM T", connection, ado::CursorType::Keyset,
+                  ado::LockType::Optimistic);
+  recordset->setValue("A", "x'y");
+  recordset->setValue("P", "1,5");
+  recordset->MoveNext();
+  recordset->Delete();
+  recordset->AddNew();
+  recordset->setValue("A", "neu");
+  recordset->Update();
+  recordset->Requery();
+  EXPECT_THROW(connection->Execute("SELECT X FROM T"), SqlError);
+  const std::vector<std::string> expected{
+      "INSERT INTO T (A) VALUES ('it''s'), ('b') 2",
+      "SELECT * FROM T 2",
+      "UPDATE [T] SET [A] = 'x''y', [P] = 1.5 WHERE [ID] = 1 [edit] 1",
+      "DELETE FROM [T] WHERE [ID] = 2 [edit] 1",
+      "INSERT INTO [T] ([A]) VALUES ('neu') [edit] 1",
+      "SELECT * FROM T 2",
+      "SELECT X FROM T Invalid column name 'X'."};
+  EXPECT_EQ(recorder.lines, expected);
+  ASSERT_EQ(connection->errors().size(), 1U);
+  EXPECT_EQ(connection->errors()[0].nativeError, 207);
+  EXPECT_EQ(connection->errors()[0].sqlState, "42S22");
+}
+
+TEST_F(ObservedConnection, AStatementMadeToFailHasNoEffect) {
+  recorder.failNext = true;
+  EXPECT_THROW(connection->Execute("INSERT INTO T (A) VALUES ('a')"), RuntimeError);
+  EXPECT_EQ(recorder.lines.back(), "INSERT INTO T (A) VALUES ('a') made to fail");
+  EXPECT_EQ(connection->errors().at(0).number, 5555);
+  EXPECT_TRUE(connection->Execute("SELECT * FROM T")->EOF_());
+  EXPECT_TRUE(connection->errors().empty());
+
+  // A failing Update can be tried again.
+  auto recordset = library.newRecordset();
+  recordset->Open("SELECT * FROM T", connection, ado::CursorType::Keyset,
+                  ado::LockType::Optimistic);
+  recordset->AddNew();
+  recordset->setValue("A", "b");
+  recorder.failNext = true;
+  EXPECT_THROW(recordset->Update(), RuntimeError);
+  EXPECT_EQ(recordset->editMode(), ado::EditMode::Add);
+  recordset->Update();
+  EXPECT_EQ(recordset->value("ID"), Value(std::int32_t{1}));
+  EXPECT_EQ(recordset->editMode(), ado::EditMode::None);
+}
+
+TEST_F(ObservedConnection, ACommandCallsAProcedureByItsDescription) {
+  auto command = library.newCommand();
+  command->setActiveConnection(connection);
+  command->setCommandText("SP");
+  command->setParameter("@A", "o'k");
+  EXPECT_THROW(command->setParameter("@none", 1), RuntimeError);
+  EXPECT_THROW(command->setParameter("@p", "abc"), RuntimeError);
+  command->setParameter("@d", Date{2024, 2, 29, 10, 0, 0, 0});
+  command->Execute();
+  command->setParameter("@p", "7,25");
+  command->Execute();
+  EXPECT_EQ(recorder.lines[0], "EXEC SP @a = 'o''k', @d = '20240229 10:00:00.000' 1");
+  EXPECT_EQ(recorder.lines[1], "EXEC SP @a = 'o''k', @p = 7.25, @d = '20240229 10:00:00.000' 1");
+  const auto rows = connection->Execute("SELECT A, P FROM T")->GetRows(-1);
+  EXPECT_EQ(shown(rows.at(0)[1]), "2.50");
+  EXPECT_EQ(shown(rows.at(1)[1]), "7.25");
+  command->setActiveConnection(nullptr);
+  EXPECT_THROW(command->Execute(), RuntimeError);
+}
+
+}  // namespace
+}  // namespace kebu::engine
