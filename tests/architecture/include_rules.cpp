@@ -96,7 +96,7 @@ bool isSqliteHeader(std::string_view header) {
 
 /// Those of the C++ standard library have no dot in their names.
 bool isStandardHeader(std::string_view header) {
-  return header.find('.') == header.npos;
+  return header.find('.') == std::string_view::npos;
 }
 
 std::string join(std::initializer_list<std::string_view> pieces) {
