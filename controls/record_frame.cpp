@@ -99,6 +99,7 @@ void RecordFrame::setStatus(FrameStatus status) {
 
 void RecordFrame::refreshControls() {
   for (BoundControl* control : controls_) control->refreshFromRecord();
+  for (RecordFrame* child : children_) child->refreshControls();
 }
 
 void RecordFrame::ensureRow() {

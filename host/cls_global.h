@@ -16,7 +16,6 @@ class ClsGlobal {
 
   virtual std::string ConnectionString() = 0;
   virtual Value CompanyCode() = 0;
-  virtual std::string ApplicationTitle() = 0;
   virtual Ref<MessageService> Messages() = 0;
   /// Called whenever the window becomes active, with the frame in use.
   virtual void RefreshStatus(const Ref<NamedObject>& activeFrame) = 0;

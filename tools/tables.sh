@@ -28,11 +28,18 @@ no_rows() {
 # print_padded TEXT WIDTH: counts characters, which printf does not.
 print_padded() { printf '%s%*s' "$1" $(($2 - ${#1})) ''; }
 
-# One line a row, columns aligned.
+# One line a row, columns aligned. A beginning that all names share, GM57_, is left to the title.
 show_table() {
-  local cells columns rows row column width widths=() line
+  local cells columns rows row column width widths=() line prefix shared=1
   read_cells
   no_rows && return
+  prefix=${cells[0]%%_*}_
+  for ((column = 0; column < columns; column++)); do
+    [[ ${cells[column]} == "$prefix"?* ]] || shared=0
+  done
+  if ((shared)); then
+    for ((column = 0; column < columns; column++)); do cells[column]=${cells[column]#"$prefix"}; done
+  fi
   for ((column = 0; column < columns; column++)); do
     width=0
     for ((row = 0; row < rows; row++)); do

@@ -10,6 +10,8 @@ std::string queryText(const Value& value) {
   if (value.isNull() || value.isEmpty()) return "NULL";
   if (value.holds<bool>()) return value.as<bool>() ? "1" : "0";
   if (value.holds<Date>()) return value.as<Date>().toIso();
+  // As a query tool shows it: with the digits that the column keeps.
+  if (value.holds<Decimal>()) return value.as<Decimal>().toString();
   return value.isNumber() ? toSqlNumber(value) : toText(value);
 }
 

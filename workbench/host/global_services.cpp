@@ -33,10 +33,6 @@ Value GlobalServices::CompanyCode() {
   return company_;
 }
 
-std::string GlobalServices::ApplicationTitle() {
-  return "ERP";
-}
-
 Ref<host::MessageService> GlobalServices::Messages() {
   if (!offers("messages")) return nullptr;
   return messages_;

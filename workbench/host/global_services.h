@@ -42,7 +42,6 @@ class GlobalServices : public host::ClsGlobal {
 
   std::string ConnectionString() override;
   Value CompanyCode() override;
-  std::string ApplicationTitle() override;
   Ref<host::MessageService> Messages() override;
   void RefreshStatus(const Ref<host::NamedObject>& activeFrame) override;
 

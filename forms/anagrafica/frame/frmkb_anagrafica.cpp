@@ -170,7 +170,6 @@ void FRMKB_ANAGRAFICA::openConnection(Steps& step) {
 void FRMKB_ANAGRAFICA::createHostServices(Steps& step) {
   const auto create = [&](auto& service, auto createOn) {
     service = step([&] { return createOn(*host()->ClsGlobal()); });
-    step([&] { service->Initialize(host()); });
   };
   create(sqlDecode_, [](host::ClsGlobal& global) { return global.CreateSqlDecode(); });
   create(lookups_, [](host::ClsGlobal& global) { return global.CreateLookups(); });
@@ -179,6 +178,11 @@ void FRMKB_ANAGRAFICA::createHostServices(Steps& step) {
   create(environment_, [](host::ClsGlobal& global) { return global.CreateEnvironment(); });
   create(layoutModel_, [](host::ClsGlobal& global) { return global.CreateLayoutModel(); });
   create(scriptModel_, [](host::ClsGlobal& global) { return global.CreateScriptModel(); });
+  for (const Ref<host::Service>& service :
+       {Ref<host::Service>(sqlDecode_), Ref<host::Service>(lookups_),
+        Ref<host::Service>(filterSpecifications_), Ref<host::Service>(environment_)}) {
+    step([&] { service->Initialize(host()); });
+  }
   context_.decodes = sqlDecode_;
   context_.lookups = lookups_;
   synchronisation_.setEnvironment(environment_);
@@ -186,9 +190,10 @@ void FRMKB_ANAGRAFICA::createHostServices(Steps& step) {
 
 void FRMKB_ANAGRAFICA::InizializzaScriptELayout() {
   trap(services_, "InizializzaScriptELayout", [&](Steps& step) {
-    const Ref<host::NamedObject> window(shared_from_this());
-    step([&] { layoutModel_->Register(Name(), window, 0, windowDescription); });
-    step([&] { scriptModel_->Register(Name(), window, 0, windowDescription); });
+    // The window is entered into the models by the navigator's events; here
+    // they are made to work for it and the user's script hears that it is open.
+    step([&] { layoutModel_->Initialize(host()); });
+    step([&] { scriptModel_->Initialize(host()); });
     bool cancel = false;
     ExecuteFormEvent("tsOpen", cancel);
   });

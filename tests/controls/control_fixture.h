@@ -1,0 +1,74 @@
+#pragma once
+
+#include <gtest/gtest.h>
+
+#include <string>
+#include <vector>
+
+#include "common/convert.h"
+#include "common/platform.h"
+#include "controls/control_host.h"
+#include "workbench/engine/ado_objects.h"
+#include "workbench/engine/database.h"
+#include "workbench/engine/session.h"
+
+namespace kebu::controls {
+
+/// A window that keeps what it is told and answers as it was told to.
+class RecordingHost : public ControlHost {
+ public:
+  std::int16_t VisualizzaErrore(const std::string& procedure, const RuntimeError& error) override {
+    errors.push_back(procedure + ": " + error.description());
+    return static_cast<std::int16_t>(errorAnswer);
+  }
+  std::int32_t message(const std::string& text, std::int32_t) override {
+    messages.push_back(text);
+    return answer;
+  }
+
+  std::vector<std::string> errors;
+  std::vector<std::string> messages;
+  ErrorAnswer errorAnswer = ErrorAnswer::Abort;
+  std::int32_t answer = msgbox::ok;
+};
+
+/// Fails the edits that it is told to.
+class EditFaults : public engine::StatementObserver {
+ public:
+  void before(const std::string& text, bool edit) override {
+    if (edit && !failing.empty() && text.find(failing) != std::string::npos) {
+      throw RuntimeError(-2147217900, "made to fail");
+    }
+  }
+  void after(const std::string&, bool, std::int64_t, const std::string&) override {}
+  std::string failing;
+};
+
+/// Controls over a small database.
+class ControlTest : public testing::Test {
+ protected:
+  ControlTest() {
+    connection = engine::newConnection(database, &faults);
+    connection->Open();
+  }
+  void run(const std::string& text) { engine::Session(database).execute(text); }
+  Ref<ado::Recordset> open(const std::string& text,
+                           ado::LockType lock = ado::LockType::Optimistic) {
+    Ref<ado::Recordset> rows = library.newRecordset();
+    rows->setCursorLocation(ado::CursorLocation::Client);
+    rows->Open(text, connection, ado::CursorType::Static, lock);
+    return rows;
+  }
+  /// The first value of a statement, as text.
+  std::string first(const std::string& text) {
+    return toDisplay(engine::Session(database).execute(text).front().rows.front().front());
+  }
+
+  std::shared_ptr<engine::Database> database = engine::Database::createInMemory();
+  EditFaults faults;
+  engine::Library library;
+  Ref<ado::Connection> connection;
+  RecordingHost host;
+};
+
+}  // namespace kebu::controls

@@ -1,0 +1,124 @@
+#include "controls/query_grid.h"
+
+#include "tests/controls/control_fixture.h"
+
+namespace kebu::controls {
+namespace {
+
+constexpr ValueListItem sizes[] = {{1, "Piccolo"}, {2, "Grande"}};
+constexpr GridColumn columns[] = {
+    {"ID", "Numero", 1000, ColumnKind::Text},
+    {"MISURA", "Misura", 1000, ColumnKind::ValueList, sizes, std::size(sizes)},
+    {"PREZZO", "Prezzo", 1000, ColumnKind::Number},
+    {"SCELTO", "Scelto", 1000, ColumnKind::Check},
+    {"MISURA_DEC", "Descrizione", 1000, ColumnKind::Description},
+};
+
+class QueryGridTest : public ControlTest {
+ protected:
+  void fill(int rows) {
+    run("CREATE TABLE T (ID int NOT NULL PRIMARY KEY, MISURA smallint, PREZZO decimal(18,2), "
+        "SCELTO smallint, FORNITORE varchar(5))");
+    run("DECLARE @n int SET @n = 1 WHILE @n <= " + std::to_string(rows) +
+        " BEGIN INSERT INTO T (ID, MISURA, PREZZO, SCELTO) VALUES (@n, 1 + @n % 2, @n, 0) SET @n = @n + 1 END");
+    for (const GridColumn& column : columns) {
+      grid.addColumn(column, [](const std::string& text) { return text; });
+    }
+    grid.setDataSource(open("SELECT * FROM T ORDER BY ID"));
+  }
+
+  QueryGrid grid{"QGRID", host};
+};
+
+TEST_F(QueryGridTest, ReadsTheRowsThatAreLookedAtWithoutMovingTheCurrentOne) {
+  fill(1000);
+  grid.selectRow(3);
+  EXPECT_EQ(grid.cellText(1000, 0), "1000");
+  EXPECT_EQ(grid.cellText(1, 1), "Grande");
+  EXPECT_EQ(grid.cellText(500, 2), "500");
+  EXPECT_EQ(grid.currentRow(), 3);
+  EXPECT_THROW(grid.selectRow(1001), GestureRefused);
+}
+
+TEST_F(QueryGridTest, DescriptionsAreMadeWhenRowsChangeNotWhenTheyAreDrawn) {
+  int made = 0;
+  grid.DataFormatEXT.on([&](std::int32_t row, const std::string& field, std::string& text) {
+    ++made;
+    text = field + " " + std::to_string(row);
+  });
+  fill(3);
+  EXPECT_EQ(made, 3);
+  EXPECT_EQ(grid.cellText(2, 4), "MISURA_DEC 2");
+  EXPECT_EQ(grid.cellText(2, 4), "MISURA_DEC 2");
+  EXPECT_EQ(made, 3);
+}
+
+TEST_F(QueryGridTest, EditsReachTheTableAndWrongOnesAreTold) {
+  fill(3);
+  grid.edit(2, "PREZZO", "19,90");
+  EXPECT_EQ(first("SELECT PREZZO FROM T WHERE ID = 2"), "19,9");
+  grid.edit(2, "PREZZO", "caro");
+  EXPECT_EQ(host.messages, (std::vector<std::string>{"Valore non valido: \"caro\"."}));
+  EXPECT_EQ(grid.cellText(2, 2), "19,9");
+  grid.edit(2, "MISURA", "2");
+  EXPECT_EQ(grid.cellText(2, 1), "Grande");
+  EXPECT_THROW(grid.edit(2, "MISURA", "3"), GestureRefused);
+  EXPECT_THROW(grid.edit(2, "ID", "9"), GestureRefused);
+  grid.edit(2, "PREZZO", Null{});
+  EXPECT_EQ(first("SELECT COUNT(*) FROM T WHERE PREZZO IS NULL"), "1");
+  EXPECT_TRUE(host.errors.empty());
+}
+
+TEST_F(QueryGridTest, RefusedClicksAndEditsChangeNothing) {
+  fill(3);
+  grid.SelectionBoxClick.on([](const std::string&, bool& cancel) { cancel = true; });
+  grid.OnEditing.on([](const std::string&, bool& cancel) { cancel = true; });
+  grid.SelectAllClickEXT.on([](const std::string&, bool, bool& cancel) { cancel = true; });
+  grid.tickCell(1, "SCELTO");
+  grid.edit(1, "PREZZO", "5");
+  grid.tickAll("SCELTO", true);
+  EXPECT_EQ(first("SELECT SUM(SCELTO) FROM T"), "0");
+  EXPECT_EQ(first("SELECT PREZZO FROM T WHERE ID = 1"), "1");
+}
+
+TEST_F(QueryGridTest, SelectAllTicksEveryRowAndStaysWhereItWas) {
+  fill(300);
+  grid.selectRow(7);
+  grid.tickCell(9, "SCELTO");
+  grid.tickAll("SCELTO", true);
+  EXPECT_EQ(first("SELECT SUM(SCELTO) FROM T"), "300");
+  EXPECT_EQ(grid.currentRow(), 9);
+  grid.tickCell(9, "SCELTO");
+  EXPECT_EQ(grid.cellText(9, 3), "0");
+}
+
+TEST_F(QueryGridTest, AbortedEditLeavesTheRowAsItWas) {
+  fill(3);
+  faults.failing = "SET [PREZZO] = 7";
+  grid.edit(1, "PREZZO", "7");
+  EXPECT_EQ(host.errors, (std::vector<std::string>{"QGRID: made to fail"}));
+  EXPECT_EQ(grid.cellText(1, 2), "1");
+  faults.failing.clear();
+  // Nothing of it is sent along with the next edit.
+  grid.tickCell(1, "SCELTO");
+  EXPECT_EQ(first("SELECT PREZZO FROM T WHERE ID = 1"), "1");
+  EXPECT_EQ(first("SELECT SCELTO FROM T WHERE ID = 1"), "1");
+}
+
+TEST_F(QueryGridTest, LookupEntersTheChosenCodeOnly) {
+  fill(2);
+  grid.addColumn({"FORNITORE", "", 500, ColumnKind::Lookup}, [](const std::string& t) { return t; });
+  bool chooses = false;
+  grid.StartLookup.on([&](const std::string&, Value& code) {
+    if (chooses) code = "F12";
+  });
+  grid.lookup(1, "FORNITORE");
+  EXPECT_EQ(grid.cellText(1, 5), "");
+  chooses = true;
+  grid.lookup(2, "FORNITORE");
+  EXPECT_EQ(first("SELECT FORNITORE FROM T WHERE ID = 2"), "F12");
+  EXPECT_THROW(grid.lookup(1, "MISURA"), GestureRefused);
+}
+
+}  // namespace
+}  // namespace kebu::controls

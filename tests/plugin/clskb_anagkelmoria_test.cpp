@@ -1,0 +1,233 @@
+#include "plugin/clskb_anagkelmoria.h"
+
+#include <gtest/gtest.h>
+
+#include <vector>
+
+#include "workbench/company_file.h"
+#include "workbench/engine/ado_objects.h"
+#include "workbench/host/global_services.h"
+#include "workbench/host/object_models.h"
+
+namespace kebu::plugin {
+namespace {
+
+using workbench::MessageBox;
+
+/// Answers every box with its first button and keeps it.
+class BusyUser : public workbench::User {
+ public:
+  std::int32_t answer(const MessageBox& box) override {
+    boxes.push_back(box);
+    return msgbox::abort;
+  }
+  void chooseFrom(controls::LookupList&) override {}
+  void workIn(controls::Form& form) override {
+    ++modalWindows;
+    form.Unload();
+  }
+  std::vector<MessageBox> boxes;
+  int modalWindows = 0;
+};
+
+class RecordingPlatform : public Platform {
+ public:
+  std::optional<Guid> createGuid() override {
+    ++guid_.data1;
+    return guidsWork ? std::optional(guid_) : std::nullopt;
+  }
+  void outputDebugString(const std::string& text) override {
+    if (!traceWorks) throw RuntimeError::invalidCall();
+    trace.push_back(text);
+  }
+  std::int32_t messageBox(const std::string& prompt, std::int32_t style,
+                          const std::string& title) override {
+    boxes.push_back({title, prompt, style});
+    return msgbox::ok;
+  }
+  Date now() override { return {}; }
+
+  bool guidsWork = true;
+  bool traceWorks = true;
+  std::vector<std::string> trace;
+  std::vector<MessageBox> boxes;
+
+ private:
+  Guid guid_;
+};
+
+class KeepingDesktop : public controls::Desktop {
+ public:
+  explicit KeepingDesktop(workbench::User& user) : user_(user) {}
+  void show(controls::Form& form) override { shown = &form; }
+  void runModal(controls::Form& form) override { user_.workIn(form); }
+  void hide(controls::Form&) override { shown = nullptr; }
+  void runLookup(controls::LookupList&) override {}
+  void repaint() override {}
+  controls::Form* shown = nullptr;
+
+ private:
+  workbench::User& user_;
+};
+
+class PluginTest : public testing::Test {
+ protected:
+  Ref<CLSKB_ANAGKELMORIA> create() { return CLSKB_ANAGKELMORIA::create({platform, library, desktop}); }
+  Ref<host::ClsGlobal> services() {
+    workbench::HostSurroundings surroundings{user, workbench::demoCompany()};
+    surroundings.journal = [this](const std::string& line) { journal.push_back(line); };
+    return makeRef<workbench::GlobalServices>(surroundings);
+  }
+
+  BusyUser user;
+  RecordingPlatform platform;
+  KeepingDesktop desktop{user};
+  engine::Library library;
+  std::vector<std::string> journal;
+};
+
+TEST_F(PluginTest, EachInstanceTracesOneIdentifierOfItsOwn) {
+  create();
+  create();
+  ASSERT_EQ(platform.trace.size(), 4U);
+  EXPECT_EQ(platform.trace[0], "KVRA:|00000001000000000000000000000000|INI|KEBU_ANAGRAFICA|CLSKB_ANAGRAFICA");
+  EXPECT_EQ(platform.trace[1], "KVRA:|00000001000000000000000000000000|TER|KEBU_ANAGRAFICA|CLSKB_ANAGRAFICA");
+  EXPECT_EQ(platform.trace[2].substr(0, 14), "KVRA:|00000002");
+}
+
+TEST_F(PluginTest, WindowTracesItsOwnLines) {
+  {
+    const auto plugin = create();
+    plugin->ShowForm();
+  }
+  ASSERT_EQ(platform.trace.size(), 4U);
+  EXPECT_EQ(platform.trace[1], "KVRA:|00000002000000000000000000000000|INI|KEBU_ANAGRAFICA|FRMKB_ANAGRAFICA");
+  EXPECT_NE(platform.trace[3].find("|TER|KEBU_ANAGRAFICA|FRMKB_ANAGRAFICA"), std::string::npos);
+}
+
+TEST_F(PluginTest, PropertiesKeepWhatFitsAndSkipWhatDoesNot) {
+  const auto plugin = create();
+  plugin->setWindowState(2);
+  plugin->setWindowState(70000);
+  EXPECT_EQ(plugin->WindowState(), 2);
+  plugin->setProgramMode(-32768);
+  plugin->setProgramMode(-32769);
+  EXPECT_EQ(plugin->ProgramMode(), -32768);
+  plugin->setTop("12");
+  plugin->setTop("in alto");
+  plugin->setLeft(Null{});
+  EXPECT_EQ(plugin->Top(), Value(std::int32_t{12}));
+  EXPECT_EQ(plugin->Left(), Value(std::int32_t{0}));
+  plugin->setFiltro("CG44_CLIFOR = 1");
+  EXPECT_TRUE(plugin->Filtro().isEmpty());
+  EXPECT_TRUE(plugin->MenuProg().isEmpty());
+  EXPECT_EQ(plugin->ActiveDll().get(), plugin.get());
+  EXPECT_FALSE(plugin->ActiveFrame());
+  EXPECT_EQ(plugin->CloseForm(), Value(false));
+}
+
+TEST_F(PluginTest, WindowLivesFromShowToClose) {
+  const auto plugin = create();
+  plugin->setClsGlobal(services());
+  plugin->setCaption("Collegamento");
+  plugin->setLeft(std::int32_t{0});
+  plugin->setTop(std::int32_t{40});
+  EXPECT_TRUE(plugin->ShowForm().isEmpty());
+  ASSERT_NE(desktop.shown, nullptr);
+  EXPECT_EQ(desktop.shown->caption(), "Collegamento");
+  EXPECT_EQ(desktop.shown->left(), 100);
+  EXPECT_EQ(desktop.shown->top(), 40);
+  EXPECT_FALSE(plugin->Cwindow());
+  EXPECT_EQ(plugin->ActiveFrame()->Name(), "FME_ANAGRAFICA");
+  // A connection of the window's own, which a second activation keeps.
+  const Ref<ado::Connection> connection = plugin->Connection();
+  ASSERT_TRUE(connection);
+  desktop.shown->activate();
+  EXPECT_EQ(plugin->Connection(), connection);
+  EXPECT_EQ(plugin->CloseForm(), Value(true));
+  EXPECT_EQ(desktop.shown, nullptr);
+  EXPECT_TRUE(user.boxes.empty());
+}
+
+TEST_F(PluginTest, ModalWindowReturnsWhenClosed) {
+  const auto plugin = create();
+  plugin->setClsGlobal(services());
+  plugin->setWindowModal(true);
+  plugin->ShowForm();
+  EXPECT_EQ(user.modalWindows, 1);
+  EXPECT_EQ(desktop.shown, nullptr);
+}
+
+TEST_F(PluginTest, WorkingTablesEndWithTheWindow) {
+  const auto database = workbench::demoCompany();
+  const auto plugin = create();
+  plugin->setClsGlobal(makeRef<workbench::GlobalServices>(workbench::HostSurroundings{user, database}));
+  engine::Session session(database);
+  const auto tables = [&] {
+    return session.execute("SELECT COUNT(*) FROM tempdb.sys.tables WHERE name LIKE '##tempT%'")
+        .front().rows.front().front();
+  };
+  plugin->ShowForm();
+  EXPECT_TRUE(equalAsVariants(tables(), Value(std::int32_t{2})));
+  plugin->CloseForm();
+  EXPECT_TRUE(equalAsVariants(tables(), Value(std::int32_t{0})));
+}
+
+TEST_F(PluginTest, HostThatAnswersNothingGetsAWindowAndAClearText) {
+  const auto plugin = create();
+  plugin->setCaption("Vuoto");
+  plugin->ShowForm();
+  ASSERT_NE(desktop.shown, nullptr);
+  ASSERT_FALSE(platform.boxes.empty());
+  EXPECT_EQ(platform.boxes.front(), (MessageBox{"Vuoto", "Classe Log non settata", 0}));
+  EXPECT_EQ(plugin->CloseForm(), Value(true));
+}
+
+TEST_F(PluginTest, NavigatorIsHeardOnlyWhileActiveAndHeld) {
+  const auto navigator = makeRef<host::Navigator>();
+  const Ref<host::LayoutModel> layout = makeRef<workbench::LayoutModel>(
+      [this](const std::string& line) { journal.push_back(line); });
+  const Ref<host::ScriptModel> script = makeRef<workbench::ScriptModel>(
+      [this](const std::string& line) { journal.push_back(line); },
+      [](const std::string&) { return false; });
+  const auto plugin = create();
+  plugin->setActiveNavigator(navigator);
+  plugin->ShowForm();
+  navigator->InitializeLayoutObjectModel.raise(layout);
+  EXPECT_TRUE(journal.empty());
+
+  plugin->setIsActive(true);
+  plugin->ActiveFrame()->setName("altro");
+  navigator->InitializeLayoutObjectModel.raise(layout);
+  navigator->InitializeScriptObjectModel.raise(script);
+  const std::string description = "Parametri collegamento con E-Commerce Merkal";
+  EXPECT_EQ(journal, (std::vector<std::string>{
+                         "layout: " + description + ", kind 0, \"\"",
+                         "script: FRMKB_ANAGRAFICA, kind 0, \"" + description + "\"",
+                         "script: FME_ANAGRAFICA, kind 3, \"FME_ANAGRAFICA\""}));
+
+  plugin->setActiveNavigator(nullptr);
+  navigator->InitializeLayoutObjectModel.raise(layout);
+  EXPECT_EQ(journal.size(), 3U);
+}
+
+TEST_F(PluginTest, TransferDataPassesThrough) {
+  const auto plugin = create();
+  Value heard;
+  plugin->DataTransfer.on([&](const Value& data) { heard = data; });
+  EXPECT_TRUE(plugin->TransferData("articolo 12").isEmpty());
+  EXPECT_EQ(heard, Value("articolo 12"));
+}
+
+TEST_F(PluginTest, ErrorAtTheEndIsToldInABox) {
+  {
+    const auto plugin = create();
+    platform.traceWorks = false;
+  }
+  ASSERT_EQ(platform.boxes.size(), 1U);
+  EXPECT_EQ(platform.boxes[0].text.substr(0, 17), "Errore VB n.5 - I");
+  EXPECT_NE(platform.boxes[0].text.find(" nel Terminate della classe principale"), std::string::npos);
+}
+
+}  // namespace
+}  // namespace kebu::plugin
