@@ -13,11 +13,25 @@ namespace kebu::ado {
 
 enum class CursorLocation : std::int32_t { Server = 2, Client = 3 };
 enum class CursorType : std::int32_t { ForwardOnly = 0, Keyset = 1, Dynamic = 2, Static = 3 };
-enum class LockType : std::int32_t { ReadOnly = 1, Pessimistic = 2, Optimistic = 3, BatchOptimistic = 4 };
+enum class LockType : std::int32_t {
+  ReadOnly = 1,
+  Pessimistic = 2,
+  Optimistic = 3,
+  BatchOptimistic = 4
+};
 enum class EditMode : std::int32_t { None = 0, InProgress = 1, Add = 2, Delete = 4 };
 enum class DataType : std::int32_t {
-  SmallInt = 2, Integer = 3, Boolean = 11, UnsignedTinyInt = 17, Guid = 72, Numeric = 131,
-  Char = 129, WChar = 130, DBTimeStamp = 135, VarChar = 200, VarWChar = 202
+  SmallInt = 2,
+  Integer = 3,
+  Boolean = 11,
+  UnsignedTinyInt = 17,
+  Guid = 72,
+  Numeric = 131,
+  Char = 129,
+  WChar = 130,
+  DBTimeStamp = 135,
+  VarChar = 200,
+  VarWChar = 202
 };
 
 struct Field {

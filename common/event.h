@@ -52,7 +52,8 @@ class Event {
   }
 
   bool hasHandlers() const {
-    return std::any_of(slots_.begin(), slots_.end(), [](const auto& slot) { return !slot.expired(); });
+    return std::any_of(slots_.begin(), slots_.end(),
+                       [](const auto& slot) { return !slot.expired(); });
   }
 
   void clear() {

@@ -12,11 +12,27 @@ namespace kebu {
 /// Message-box codes as Windows counts them.
 namespace msgbox {
 enum Style : std::int32_t {
-  okOnly = 0, okCancel = 1, abortRetryIgnore = 2, yesNoCancel = 3, yesNo = 4,
-  critical = 16, question = 32, exclamation = 48, information = 64,
-  defaultButton2 = 256, systemModal = 4096
+  okOnly = 0,
+  okCancel = 1,
+  abortRetryIgnore = 2,
+  yesNoCancel = 3,
+  yesNo = 4,
+  critical = 16,
+  question = 32,
+  exclamation = 48,
+  information = 64,
+  defaultButton2 = 256,
+  systemModal = 4096
 };
-enum Answer : std::int32_t { ok = 1, cancel = 2, abort = 3, retry = 4, ignore = 5, yes = 6, no = 7 };
+enum Answer : std::int32_t {
+  ok = 1,
+  cancel = 2,
+  abort = 3,
+  retry = 4,
+  ignore = 5,
+  yes = 6,
+  no = 7
+};
 }  // namespace msgbox
 
 /// What the plug-in asks of the operating system.

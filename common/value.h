@@ -47,9 +47,13 @@ class Value {
     return holds<std::int16_t>() || holds<std::int32_t>() || holds<Decimal>() || holds<bool>();
   }
   template <class T>
-  bool holds() const { return std::holds_alternative<T>(storage_); }
+  bool holds() const {
+    return std::holds_alternative<T>(storage_);
+  }
   template <class T>
-  const T& as() const { return std::get<T>(storage_); }
+  const T& as() const {
+    return std::get<T>(storage_);
+  }
   const Storage& storage() const { return storage_; }
 
   /// Same kind and same content (an integer 1 and a decimal 1 differ; see

@@ -10,7 +10,9 @@ void CheckBox::setTicked(bool ticked) {
   changed.raise();
 }
 
-void CheckBox::refreshFromRecord() { setTicked(toBoolean(CDecN(recordValue()))); }
+void CheckBox::refreshFromRecord() {
+  setTicked(toBoolean(CDecN(recordValue())));
+}
 
 void CheckBox::tick(bool on) {
   requireReachable();

@@ -15,9 +15,13 @@ void ComboBox::addRow(const Value& code, const std::string& caption) {
   changed.raise();
 }
 
-const ComboBox::Row* ComboBox::selected() const { return selected_ ? &rows_[*selected_] : nullptr; }
+const ComboBox::Row* ComboBox::selected() const {
+  return selected_ ? &rows_[*selected_] : nullptr;
+}
 
-std::string ComboBox::text() const { return selected_ ? toText(rows_[*selected_].code) : ""; }
+std::string ComboBox::text() const {
+  return selected_ ? toText(rows_[*selected_].code) : "";
+}
 
 void ComboBox::select(const Value& code) {
   selected_ = find(code);
@@ -25,9 +29,13 @@ void ComboBox::select(const Value& code) {
   changed.raise();
 }
 
-Value ComboBox::value() const { return selected_ ? rows_[*selected_].code : Value(Null{}); }
+Value ComboBox::value() const {
+  return selected_ ? rows_[*selected_].code : Value(Null{});
+}
 
-void ComboBox::refreshFromRecord() { select(recordValue()); }
+void ComboBox::refreshFromRecord() {
+  select(recordValue());
+}
 
 void ComboBox::choose(const std::string& code) {
   requireReachable();

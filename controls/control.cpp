@@ -26,7 +26,9 @@ bool Control::isReachable() const {
   return enabled_ && visible_ && (!container_ || container_->isReachable());
 }
 
-bool Control::isShown() const { return visible_ && (!container_ || container_->isShown()); }
+bool Control::isShown() const {
+  return visible_ && (!container_ || container_->isShown());
+}
 
 void Control::translate(const Translator& translator) {
   if (!caption_.empty()) setCaption(translator(caption_));

@@ -10,9 +10,13 @@ void EditBox::setText(const std::string& text) {
   changed.raise();
 }
 
-Value EditBox::value() const { return text_.empty() ? Value(Null{}) : Value(text_); }
+Value EditBox::value() const {
+  return text_.empty() ? Value(Null{}) : Value(text_);
+}
 
-void EditBox::refreshFromRecord() { setText(trimRight(toDisplay(recordValue()))); }
+void EditBox::refreshFromRecord() {
+  setText(trimRight(toDisplay(recordValue())));
+}
 
 void EditBox::setEditable(bool editable) {
   editable_ = editable;
@@ -32,7 +36,8 @@ void EditBox::requireEditable() const {
 void EditBox::type(const std::string& text) {
   requireEditable();
   if (maxLength_ && text.size() > maxLength_) {
-    throw GestureRefused(Name() + " takes " + std::to_string(maxLength_) + " characters at the most");
+    throw GestureRefused(Name() + " takes " + std::to_string(maxLength_) +
+                         " characters at the most");
   }
   GotFocus.raise();
   if (text != text_) enter(text);

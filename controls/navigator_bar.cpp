@@ -35,7 +35,9 @@ void NavigatorBar::bind(RecordFrame& frame) {
   refreshButtons();
 }
 
-void NavigatorBar::unbind() { frame_ = nullptr; }
+void NavigatorBar::unbind() {
+  frame_ = nullptr;
+}
 
 void NavigatorBar::setRights(const Rights& rights) {
   rights_ = rights;
@@ -75,9 +77,8 @@ void NavigatorBar::press(const std::string& name) {
 }
 
 NavigatorBar::Button* NavigatorBar::find(const std::string& name) {
-  const auto at = std::find_if(buttons_.begin(), buttons_.end(), [&](const Button& b) {
-    return b.key == name || b.caption == name;
-  });
+  const auto at = std::find_if(buttons_.begin(), buttons_.end(),
+                               [&](const Button& b) { return b.key == name || b.caption == name; });
   return at == buttons_.end() ? nullptr : &*at;
 }
 

@@ -19,8 +19,11 @@ void QueryGrid::addColumn(const GridColumn& definition, const Translator& transl
   const auto translated = [&](std::string_view text) {
     return text.empty() ? std::string() : translator(std::string(text));
   };
-  Column column{std::string(definition.field), translated(definition.caption), definition.width,
-                definition.kind, {}};
+  Column column{std::string(definition.field),
+                translated(definition.caption),
+                definition.width,
+                definition.kind,
+                {}};
   for (std::size_t i = 0; i < definition.itemCount; ++i) {
     const ValueListItem& item = definition.items[i];
     column.items.emplace_back(item.code, translated(item.caption));
@@ -110,8 +113,8 @@ Value QueryGrid::rowState(std::int32_t row) {
 
 const QueryGrid::Column& QueryGrid::requireCell(std::int32_t row, const std::string& field) {
   selectRow(row);
-  const auto column =
-      std::find_if(columns_.begin(), columns_.end(), [&](const Column& c) { return c.field == field; });
+  const auto column = std::find_if(columns_.begin(), columns_.end(),
+                                   [&](const Column& c) { return c.field == field; });
   if (column == columns_.end()) throw GestureRefused(Name() + " has no column " + field);
   return *column;
 }

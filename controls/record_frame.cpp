@@ -14,7 +14,9 @@ void BoundControl::bind(RecordFrame& frame, std::string dbField) {
   frame.controls_.push_back(this);
 }
 
-Value BoundControl::recordValue() const { return frame_ ? frame_->field(dbField_) : Value(); }
+Value BoundControl::recordValue() const {
+  return frame_ ? frame_->field(dbField_) : Value();
+}
 
 bool BoundControl::writeToRecord(const Value& value) {
   if (!frame_) return true;
@@ -67,7 +69,8 @@ bool RecordFrame::isRecordChanged() const {
 }
 
 bool RecordFrame::hasPendingChanges() {
-  bool pending = status_ == FrameStatus::Editing || status_ == FrameStatus::New || isRecordChanged();
+  bool pending =
+      status_ == FrameStatus::Editing || status_ == FrameStatus::New || isRecordChanged();
   IsRecordChanged.raise(pending);
   return pending;
 }
@@ -212,12 +215,16 @@ void RecordFrame::discardEdits() {
 
 void RecordFrame::ConcludiModifiche(bool cancellable) {
   if (!hasPendingChanges()) return;
-  const std::int32_t style =
-      (cancellable ? msgbox::yesNoCancel : msgbox::yesNo) | msgbox::question;
+  const std::int32_t style = (cancellable ? msgbox::yesNoCancel : msgbox::yesNo) | msgbox::question;
   switch (host_.message("Salvare le modifiche apportate?", style)) {
-    case msgbox::yes: Update(); break;
-    case msgbox::no: Undo(); break;
-    default: break;
+    case msgbox::yes:
+      Update();
+      break;
+    case msgbox::no:
+      Undo();
+      break;
+    default:
+      break;
   }
 }
 

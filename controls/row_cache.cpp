@@ -7,7 +7,9 @@ void RowCache::attach(const Ref<ado::Recordset>& rows) {
   reader_ = rows && rows->isOpen() ? rows->Clone() : Ref<ado::Recordset>();
 }
 
-std::int32_t RowCache::rowCount() const { return reader_ ? reader_->RecordCount() : 0; }
+std::int32_t RowCache::rowCount() const {
+  return reader_ ? reader_->RecordCount() : 0;
+}
 
 const std::vector<Value>& RowCache::row(std::int32_t position) {
   const auto isHeld = [&] {

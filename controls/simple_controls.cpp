@@ -14,7 +14,9 @@ void Button::click() {
   ButtonClick.raise();
 }
 
-ProgressBar::ProgressBar(std::string name) : Control(std::move(name)) { setVisible(false); }
+ProgressBar::ProgressBar(std::string name) : Control(std::move(name)) {
+  setVisible(false);
+}
 
 void ProgressBar::setAnimated(bool animated) {
   animated_ = animated;

@@ -71,8 +71,8 @@ class Cinterface : public Object {
   virtual void setFiltro(const Value& value) = 0;
   virtual Value Filtro() = 0;
 
-  virtual Value ShowForm() = 0;   ///< always empty
-  virtual Value CloseForm() = 0;  ///< true when the window is gone
+  virtual Value ShowForm() = 0;                       ///< always empty
+  virtual Value CloseForm() = 0;                      ///< true when the window is gone
   virtual Value TransferData(const Value& data) = 0;  ///< always empty
 };
 

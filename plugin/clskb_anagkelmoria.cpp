@@ -22,7 +22,9 @@ Ref<CLSKB_ANAGKELMORIA> CLSKB_ANAGKELMORIA::create(const forms::Runtime& runtime
 CLSKB_ANAGKELMORIA::CLSKB_ANAGKELMORIA(const forms::Runtime& runtime)
     : runtime_(runtime), trace_(runtime.platform, "CLSKB_ANAGRAFICA") {}
 
-CLSKB_ANAGKELMORIA::~CLSKB_ANAGKELMORIA() { Class_Terminate(); }
+CLSKB_ANAGKELMORIA::~CLSKB_ANAGKELMORIA() {
+  Class_Terminate();
+}
 
 void CLSKB_ANAGKELMORIA::Class_Initialize() {
   trace_.initialized();
@@ -70,10 +72,16 @@ Ref<host::Cinterface> CLSKB_ANAGKELMORIA::uncounted() {
   return std::shared_ptr<host::Cinterface>(std::shared_ptr<void>(), this);
 }
 
-void CLSKB_ANAGKELMORIA::setClsGlobal(const Ref<host::ClsGlobal>& value) { clsGlobal_ = value; }
-Ref<host::ClsGlobal> CLSKB_ANAGKELMORIA::ClsGlobal() { return clsGlobal_; }
+void CLSKB_ANAGKELMORIA::setClsGlobal(const Ref<host::ClsGlobal>& value) {
+  clsGlobal_ = value;
+}
+Ref<host::ClsGlobal> CLSKB_ANAGKELMORIA::ClsGlobal() {
+  return clsGlobal_;
+}
 
-void CLSKB_ANAGKELMORIA::setActiveFrame(const Ref<NamedObject>& value) { activeFrame_ = value; }
+void CLSKB_ANAGKELMORIA::setActiveFrame(const Ref<NamedObject>& value) {
+  activeFrame_ = value;
+}
 Ref<NamedObject> CLSKB_ANAGKELMORIA::ActiveFrame() {
   if (activeFrame_) return activeFrame_;
   return window_ ? window_->profileFrame() : nullptr;
@@ -90,7 +98,9 @@ void CLSKB_ANAGKELMORIA::setActiveNavigator(const Ref<host::Navigator>& value) {
   navigatorEvents_.push_back(value->InitializeScriptObjectModel.connect(
       [this](const Ref<host::ScriptModel>& model) { InitializeScriptObjectModel(model); }));
 }
-Ref<host::Navigator> CLSKB_ANAGKELMORIA::ActiveNavigator() { return activeNavigator_; }
+Ref<host::Navigator> CLSKB_ANAGKELMORIA::ActiveNavigator() {
+  return activeNavigator_;
+}
 
 void CLSKB_ANAGKELMORIA::setActiveDll(const Ref<host::Cinterface>& value) {
   activeDll_ = value.get() == this ? uncounted() : value;
@@ -100,61 +110,133 @@ Ref<host::Cinterface> CLSKB_ANAGKELMORIA::ActiveDll() {
   return activeDll_;
 }
 
-void CLSKB_ANAGKELMORIA::setStatusBar(const Ref<host::StatusBar>& value) { statusBar_ = value; }
-Ref<host::StatusBar> CLSKB_ANAGKELMORIA::StatusBar() { return statusBar_; }
+void CLSKB_ANAGKELMORIA::setStatusBar(const Ref<host::StatusBar>& value) {
+  statusBar_ = value;
+}
+Ref<host::StatusBar> CLSKB_ANAGKELMORIA::StatusBar() {
+  return statusBar_;
+}
 
-void CLSKB_ANAGKELMORIA::setCanInsert(bool value) { canInsert_ = value; }
-bool CLSKB_ANAGKELMORIA::CanInsert() { return canInsert_; }
-void CLSKB_ANAGKELMORIA::setCanDelete(bool value) { canDelete_ = value; }
-bool CLSKB_ANAGKELMORIA::CanDelete() { return canDelete_; }
-void CLSKB_ANAGKELMORIA::setCanUpdate(bool value) { canUpdate_ = value; }
-bool CLSKB_ANAGKELMORIA::CanUpdate() { return canUpdate_; }
-void CLSKB_ANAGKELMORIA::setCanQbe(bool value) { canQbe_ = value; }
-bool CLSKB_ANAGKELMORIA::CanQbe() { return canQbe_; }
+void CLSKB_ANAGKELMORIA::setCanInsert(bool value) {
+  canInsert_ = value;
+}
+bool CLSKB_ANAGKELMORIA::CanInsert() {
+  return canInsert_;
+}
+void CLSKB_ANAGKELMORIA::setCanDelete(bool value) {
+  canDelete_ = value;
+}
+bool CLSKB_ANAGKELMORIA::CanDelete() {
+  return canDelete_;
+}
+void CLSKB_ANAGKELMORIA::setCanUpdate(bool value) {
+  canUpdate_ = value;
+}
+bool CLSKB_ANAGKELMORIA::CanUpdate() {
+  return canUpdate_;
+}
+void CLSKB_ANAGKELMORIA::setCanQbe(bool value) {
+  canQbe_ = value;
+}
+bool CLSKB_ANAGKELMORIA::CanQbe() {
+  return canQbe_;
+}
 
 void CLSKB_ANAGKELMORIA::setWindowState(std::int32_t value) {
   ignoringErrors([&] { windowState_ = toInt16(value); });
 }
-std::int32_t CLSKB_ANAGKELMORIA::WindowState() { return windowState_; }
-void CLSKB_ANAGKELMORIA::setWindowModal(bool value) { windowModal_ = value; }
-bool CLSKB_ANAGKELMORIA::WindowModal() { return windowModal_; }
+std::int32_t CLSKB_ANAGKELMORIA::WindowState() {
+  return windowState_;
+}
+void CLSKB_ANAGKELMORIA::setWindowModal(bool value) {
+  windowModal_ = value;
+}
+bool CLSKB_ANAGKELMORIA::WindowModal() {
+  return windowModal_;
+}
 void CLSKB_ANAGKELMORIA::setProgramMode(std::int32_t value) {
   ignoringErrors([&] { programMode_ = toInt16(value); });
 }
-std::int32_t CLSKB_ANAGKELMORIA::ProgramMode() { return programMode_; }
+std::int32_t CLSKB_ANAGKELMORIA::ProgramMode() {
+  return programMode_;
+}
 
-void CLSKB_ANAGKELMORIA::setMenuModulo(const Value& value) { menuModulo_ = value; }
-Value CLSKB_ANAGKELMORIA::MenuModulo() { return menuModulo_; }
-void CLSKB_ANAGKELMORIA::setMenuPadre(const Value& value) { menuPadre_ = value; }
-Value CLSKB_ANAGKELMORIA::MenuPadre() { return menuPadre_; }
-void CLSKB_ANAGKELMORIA::setMenuProg(const Value& value) { menuProg_ = value; }
-Value CLSKB_ANAGKELMORIA::MenuProg() { return menuProg_; }
-void CLSKB_ANAGKELMORIA::setCaption(const Value& value) { caption_ = value; }
-Value CLSKB_ANAGKELMORIA::Caption() { return caption_; }
-void CLSKB_ANAGKELMORIA::setHwndParent(std::int32_t value) { hwndParent_ = value; }
-std::int32_t CLSKB_ANAGKELMORIA::hwndParent() { return hwndParent_; }
-void CLSKB_ANAGKELMORIA::setConnection(const Ref<ado::Connection>& value) { connection_ = value; }
-Ref<ado::Connection> CLSKB_ANAGKELMORIA::Connection() { return connection_; }
+void CLSKB_ANAGKELMORIA::setMenuModulo(const Value& value) {
+  menuModulo_ = value;
+}
+Value CLSKB_ANAGKELMORIA::MenuModulo() {
+  return menuModulo_;
+}
+void CLSKB_ANAGKELMORIA::setMenuPadre(const Value& value) {
+  menuPadre_ = value;
+}
+Value CLSKB_ANAGKELMORIA::MenuPadre() {
+  return menuPadre_;
+}
+void CLSKB_ANAGKELMORIA::setMenuProg(const Value& value) {
+  menuProg_ = value;
+}
+Value CLSKB_ANAGKELMORIA::MenuProg() {
+  return menuProg_;
+}
+void CLSKB_ANAGKELMORIA::setCaption(const Value& value) {
+  caption_ = value;
+}
+Value CLSKB_ANAGKELMORIA::Caption() {
+  return caption_;
+}
+void CLSKB_ANAGKELMORIA::setHwndParent(std::int32_t value) {
+  hwndParent_ = value;
+}
+std::int32_t CLSKB_ANAGKELMORIA::hwndParent() {
+  return hwndParent_;
+}
+void CLSKB_ANAGKELMORIA::setConnection(const Ref<ado::Connection>& value) {
+  connection_ = value;
+}
+Ref<ado::Connection> CLSKB_ANAGKELMORIA::Connection() {
+  return connection_;
+}
 
-Ref<NamedObject> CLSKB_ANAGKELMORIA::Cwindow() { return nullptr; }
+Ref<NamedObject> CLSKB_ANAGKELMORIA::Cwindow() {
+  return nullptr;
+}
 
 void CLSKB_ANAGKELMORIA::setTop(const Value& value) {
   ignoringErrors([&] { top_ = toInt32(value); });
 }
-Value CLSKB_ANAGKELMORIA::Top() { return top_; }
+Value CLSKB_ANAGKELMORIA::Top() {
+  return top_;
+}
 void CLSKB_ANAGKELMORIA::setLeft(const Value& value) {
   ignoringErrors([&] { left_ = toInt32(value); });
 }
-Value CLSKB_ANAGKELMORIA::Left() { return left_; }
+Value CLSKB_ANAGKELMORIA::Left() {
+  return left_;
+}
 
-void CLSKB_ANAGKELMORIA::setClsVoceMenu(const Ref<Object>& value) { clsVoceMenu_ = value; }
-Ref<Object> CLSKB_ANAGKELMORIA::ClsVoceMenu() { return clsVoceMenu_; }
-void CLSKB_ANAGKELMORIA::setIsActive(bool value) { isActive_ = value; }
-bool CLSKB_ANAGKELMORIA::IsActive() { return isActive_; }
-void CLSKB_ANAGKELMORIA::setIsCalled(bool value) { isCalled_ = value; }
-bool CLSKB_ANAGKELMORIA::IsCalled() { return isCalled_; }
+void CLSKB_ANAGKELMORIA::setClsVoceMenu(const Ref<Object>& value) {
+  clsVoceMenu_ = value;
+}
+Ref<Object> CLSKB_ANAGKELMORIA::ClsVoceMenu() {
+  return clsVoceMenu_;
+}
+void CLSKB_ANAGKELMORIA::setIsActive(bool value) {
+  isActive_ = value;
+}
+bool CLSKB_ANAGKELMORIA::IsActive() {
+  return isActive_;
+}
+void CLSKB_ANAGKELMORIA::setIsCalled(bool value) {
+  isCalled_ = value;
+}
+bool CLSKB_ANAGKELMORIA::IsCalled() {
+  return isCalled_;
+}
 void CLSKB_ANAGKELMORIA::setFiltro(const Value&) {}
-Value CLSKB_ANAGKELMORIA::Filtro() { return {}; }
+Value CLSKB_ANAGKELMORIA::Filtro() {
+  return {};
+}
 
 Value CLSKB_ANAGKELMORIA::ShowForm() {
   ignoringErrors([&] {
@@ -183,7 +265,9 @@ Value CLSKB_ANAGKELMORIA::TransferData(const Value& data) {
   return {};
 }
 
-bool CLSKB_ANAGKELMORIA::isActive() { return activeDll_ && activeDll_->IsActive(); }
+bool CLSKB_ANAGKELMORIA::isActive() {
+  return activeDll_ && activeDll_->IsActive();
+}
 
 void CLSKB_ANAGKELMORIA::BeforeExportToOffice() {
   // Nothing of the window is exported.
@@ -200,8 +284,8 @@ void CLSKB_ANAGKELMORIA::InitializeScriptObjectModel(const Ref<host::ScriptModel
   ignoringErrors([&] {
     if (!isActive()) return;
     ignoringErrors([&] {
-      keepWindow(model->Register(window_->Name(), asNamedObject(), windowKind,
-                                 forms::windowDescription));
+      keepWindow(
+          model->Register(window_->Name(), asNamedObject(), windowKind, forms::windowDescription));
     });
     const Ref<NamedObject> frame = activeDll_->ActiveFrame();
     if (!frame) return;
@@ -210,7 +294,9 @@ void CLSKB_ANAGKELMORIA::InitializeScriptObjectModel(const Ref<host::ScriptModel
   });
 }
 
-Ref<NamedObject> CLSKB_ANAGKELMORIA::asNamedObject() { return Ref<NamedObject>(window_); }
+Ref<NamedObject> CLSKB_ANAGKELMORIA::asNamedObject() {
+  return Ref<NamedObject>(window_);
+}
 
 void CLSKB_ANAGKELMORIA::keepWindow(const Ref<NamedObject>& object) {
   if (auto window = std::dynamic_pointer_cast<forms::FRMKB_ANAGRAFICA>(object.shared())) {

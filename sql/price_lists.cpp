@@ -7,18 +7,17 @@
 namespace kebu::sql {
 
 std::string InizializzaListiniPrezzi(const std::string& profileId) {
-  return lines({" declare @IdDisp decimal(18,0) ",
-                " if not exists ( ",
-                "     select top 1 1 from GM57_KBLISTINI    ",
-                join({"     where GM57_IDDISPOSITIVO_GM03 = ", profileId, " ) "}),
-                " begin ",
-                join({"     set @IdDisp = ", profileId}),
-                "     insert into GM57_KBLISTINI(GM57_IDDISPOSITIVO_GM03, GM57_CODPREZZO, GM57_INDTIPO) ",
-                "     values (@IdDisp, 1, 0), (@IdDisp, 2, 0), (@IdDisp, 3, 0), (@IdDisp, 4, 0), "
-                "(@IdDisp, 5, 0),  ",
-                "             (@IdDisp, 6, 0), (@IdDisp, 7, 0), (@IdDisp, 8, 0), (@IdDisp, 9, 0), "
-                "(@IdDisp, 10, 0)  ",
-                " end "});
+  return lines(
+      {" declare @IdDisp decimal(18,0) ", " if not exists ( ",
+       "     select top 1 1 from GM57_KBLISTINI    ",
+       join({"     where GM57_IDDISPOSITIVO_GM03 = ", profileId, " ) "}), " begin ",
+       join({"     set @IdDisp = ", profileId}),
+       "     insert into GM57_KBLISTINI(GM57_IDDISPOSITIVO_GM03, GM57_CODPREZZO, GM57_INDTIPO) ",
+       "     values (@IdDisp, 1, 0), (@IdDisp, 2, 0), (@IdDisp, 3, 0), (@IdDisp, 4, 0), "
+       "(@IdDisp, 5, 0),  ",
+       "             (@IdDisp, 6, 0), (@IdDisp, 7, 0), (@IdDisp, 8, 0), (@IdDisp, 9, 0), "
+       "(@IdDisp, 10, 0)  ",
+       " end "});
 }
 
 std::string CreaTabellaListini(const std::string& table, const std::string& profileId) {
@@ -89,10 +88,8 @@ std::string SalvaListini(const std::string& table) {
 std::string DisattivaListiniIncompleti(const std::string& profileId) {
   // The last alternative stands outside the parenthesis on purpose: a slot of
   // type 6 without a customer is switched off whatever profile it belongs to.
-  return lines({" update GM57_KBLISTINI ",
-                " set GM57_FLGATTIVO = 0 ",
-                join({" where GM57_IDDISPOSITIVO_GM03 = ", profileId}),
-                " and GM57_FLGATTIVO = 1 ",
+  return lines({" update GM57_KBLISTINI ", " set GM57_FLGATTIVO = 0 ",
+                join({" where GM57_IDDISPOSITIVO_GM03 = ", profileId}), " and GM57_FLGATTIVO = 1 ",
                 " and ((GM57_INDTIPO=1 and isnull(GM57_NUMLIST_LI10,0)=0)  ",
                 "       or (GM57_INDTIPO in (2,3) and isnull(GM57_CATEGORIA,'')='') ",
                 "       or (GM57_INDTIPO=4 and isnull(GM57_DEPGIACENZE_MG58,'')='') ",
@@ -138,10 +135,8 @@ std::string elencoMacrocategorie(const std::string& company) {
                 " FROM LI13_LISTARTCAT ",
                 " CROSS APPLY dbo.FNMG10_MACROCAT (LI13_MACROCAT_MG10, LI13_DITTA_CG18, "
                 "LI13_FLGVENDACQ ) MG10_MACROCAT   ",
-                join({" WHERE LI13_DITTA_CG18 = ", company}),
-                " AND LI13_FLGUSODECOR =  0  ",
-                " AND LI13_FLGVENDACQ = 0  ",
-                " ORDER BY LI13_MACROCAT_MG10 "});
+                join({" WHERE LI13_DITTA_CG18 = ", company}), " AND LI13_FLGUSODECOR =  0  ",
+                " AND LI13_FLGVENDACQ = 0  ", " ORDER BY LI13_MACROCAT_MG10 "});
 }
 
 std::string elencoMacroaree(const std::string& company) {
@@ -149,21 +144,24 @@ std::string elencoMacroaree(const std::string& company) {
                 " FROM LI12_LISTARTZONE ",
                 " CROSS APPLY dbo.FNMG07_MACROAREE (LI12_MACROAREA_MG07,LI12_DITTA_CG18,"
                 "LI12_FLGVENDACQ ) MG07_MACROAREE   ",
-                join({" WHERE LI12_DITTA_CG18 = ", company}),
-                " AND LI12_FLGUSODECOR =  0  ",
-                " AND LI12_FLGVENDACQ = 0  ",
-                " ORDER BY LI12_MACROAREA_MG07 "});
+                join({" WHERE LI12_DITTA_CG18 = ", company}), " AND LI12_FLGUSODECOR =  0  ",
+                " AND LI12_FLGVENDACQ = 0  ", " ORDER BY LI12_MACROAREA_MG07 "});
 }
 
 }  // namespace
 
 std::string ElencoChiaviListino(std::int32_t type, const std::string& company) {
   switch (type) {
-    case 1: return elencoListiniAnagrafici(company);
-    case 2: return elencoMacrocategorie(company);
-    case 3: return elencoMacroaree(company);
-    case 4: return ElencoDepositi(company);
-    default: return "";
+    case 1:
+      return elencoListiniAnagrafici(company);
+    case 2:
+      return elencoMacrocategorie(company);
+    case 3:
+      return elencoMacroaree(company);
+    case 4:
+      return ElencoDepositi(company);
+    default:
+      return "";
   }
 }
 
@@ -173,22 +171,17 @@ std::string DescrizioneNumeroListino(const std::string& company, const std::stri
 }
 
 std::string DescrizioneMacrocategoria(const std::string& company, const std::string& code) {
-  return join({"SELECT MG10_DESCRMACROCAT FROM MG10_MACROCAT",
-               " WHERE MG10_DITTA_CG18 = ", company,
-               " AND MG10_TIPOCF = 0",
-               " AND MG10_MACROCAT = '", code, "'"});
+  return join({"SELECT MG10_DESCRMACROCAT FROM MG10_MACROCAT", " WHERE MG10_DITTA_CG18 = ", company,
+               " AND MG10_TIPOCF = 0", " AND MG10_MACROCAT = '", code, "'"});
 }
 
 std::string DescrizioneMacroarea(const std::string& company, const std::string& code) {
-  return join({"SELECT MG07_DESCRMACROAR FROM MG07_MACROAREE",
-               " WHERE MG07_DITTA_CG18 = ", company,
-               " AND MG07_TIPOCF = 0",
-               " AND MG07_MACROAREA = '", code, "'"});
+  return join({"SELECT MG07_DESCRMACROAR FROM MG07_MACROAREE", " WHERE MG07_DITTA_CG18 = ", company,
+               " AND MG07_TIPOCF = 0", " AND MG07_MACROAREA = '", code, "'"});
 }
 
 std::string DescrizioneDeposito(const std::string& company, const std::string& code) {
-  return join({"SELECT MG58_DESCRDEP FROM MG58_DEPOSITI",
-               " WHERE MG58_DITTA_CG18 = ", company,
+  return join({"SELECT MG58_DESCRDEP FROM MG58_DEPOSITI", " WHERE MG58_DITTA_CG18 = ", company,
                " AND MG58_CODDEP = '", code, "'"});
 }
 

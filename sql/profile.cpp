@@ -6,13 +6,10 @@ namespace kebu::sql {
 
 std::string Profilo(const std::string& company) {
   return join({"SELECT GM03_IDDISPOSITIVO, GM03_DITTA_CG18, GM03_CODICEDISPOSITIVO ",
-               " , GM03_DESCRIZIONE ",
-               " , GM03_NOTE ",
+               " , GM03_DESCRIZIONE ", " , GM03_NOTE ",
                " , GM03_INDTIPO , GM03_FLGTV, GM03_FLGRO, GM03_FLGENABLED ",
-               " , GM03_IDAPPLICAZIONE ",
-               " FROM GM03_DISPOSITIVI  ",
-               " WHERE GM03_CODICEDISPOSITIVO = 1 ",
-               " AND GM03_IDAPPLICAZIONE = ", applicationId,
+               " , GM03_IDAPPLICAZIONE ", " FROM GM03_DISPOSITIVI  ",
+               " WHERE GM03_CODICEDISPOSITIVO = 1 ", " AND GM03_IDAPPLICAZIONE = ", applicationId,
                " AND GM03_DITTA_CG18 = ", company});
 }
 
@@ -50,24 +47,20 @@ std::string Parametri(const std::string& profileId) {
   return selectParametri(" WHERE GM04_IDDISPOSITIVO_GM03 = " + profileId);
 }
 
-std::string ParametriVuoti() { return selectParametri(" WHERE 1 = 0 "); }
+std::string ParametriVuoti() {
+  return selectParametri(" WHERE 1 = 0 ");
+}
 
 std::string DepositoDocumento(const std::string& document, const std::string& company) {
-  return lines({" select MG3G_DEPDEFAULT_MG58  ",
-                " from MG3G_DOCDITTA  ",
+  return lines({" select MG3G_DEPDEFAULT_MG58  ", " from MG3G_DOCDITTA  ",
                 join({" where MG3G_CODDOCUM_MG36 = '", document, "'  "}),
                 join({" and MG3G_DITTA_CG18 = ", company})});
 }
 
 std::string DescrizioneListino(const std::string& company, int kind, const std::string& number) {
-  return join({" SELECT",
-               " MG44_DESCLIST, MG44_VALUTA_CG08, MG44_FLGIVACOMPR",
-               " FROM",
-               " MG44_PARMAGLIST",
-               " WHERE",
-               "    MG44_DITTA_CG18 = ", company,
-               " AND MG44_FLGVENACQ = ", std::to_string(kind),
-               " AND MG44_NUMLIST = ", number});
+  return join({" SELECT", " MG44_DESCLIST, MG44_VALUTA_CG08, MG44_FLGIVACOMPR", " FROM",
+               " MG44_PARMAGLIST", " WHERE", "    MG44_DITTA_CG18 = ", company,
+               " AND MG44_FLGVENACQ = ", std::to_string(kind), " AND MG44_NUMLIST = ", number});
 }
 
 }  // namespace kebu::sql

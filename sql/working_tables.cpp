@@ -4,13 +4,13 @@
 
 namespace kebu::sql {
 
-std::string NuovoIdentificativo() { return "SELECT NEWID()"; }
+std::string NuovoIdentificativo() {
+  return "SELECT NEWID()";
+}
 
 std::string EliminaTabellaLavoro(const std::string& table) {
-  return join({" if object_id('tempdb..", table, "') is not null ",
-               " BEGIN ",
-               " DROP TABLE ", table,
-               " END "});
+  return join({" if object_id('tempdb..", table, "') is not null ", " BEGIN ", " DROP TABLE ",
+               table, " END "});
 }
 
 }  // namespace kebu::sql

@@ -37,8 +37,6 @@ need_packages() {
   } >build/packages.log 2>&1 || { tail -n 20 build/packages.log >&2; fail "apt-get failed, see build/packages.log"; }
 }
 
-need_compiler() { need_packages g++ cmake ninja-build libsqlite3-dev libgtest-dev; }
-
 # A node that came from elsewhere than Debian will do, if it is not too old.
 need_node() {
   local packages=()

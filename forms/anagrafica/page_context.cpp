@@ -6,11 +6,17 @@
 
 namespace kebu::forms {
 
-std::string PageContext::companyText() const { return toSqlNumber(company); }
+std::string PageContext::companyText() const {
+  return toSqlNumber(company);
+}
 
-Value PageContext::profileId() const { return CDecN(profile.field("GM03_IDDISPOSITIVO")); }
+Value PageContext::profileId() const {
+  return CDecN(profile.field("GM03_IDDISPOSITIVO"));
+}
 
-std::string PageContext::profileIdText() const { return toSqlNumber(profileId()); }
+std::string PageContext::profileIdText() const {
+  return toSqlNumber(profileId());
+}
 
 Ref<ado::Recordset> PageContext::openEditable(const std::string& statement) const {
   Ref<ado::Recordset> rows = newRecordset();

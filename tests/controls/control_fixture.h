@@ -40,7 +40,7 @@ class EditFaults : public engine::StatementObserver {
       throw RuntimeError(-2147217900, "made to fail");
     }
   }
-  void after(const std::string&, bool, std::int64_t, const std::string&) override {}
+  void after(const std::string&, bool, std::int64_t, const RuntimeError*) override {}
   std::string failing;
 };
 

@@ -20,7 +20,8 @@ class QueryGridTest : public ControlTest {
     run("CREATE TABLE T (ID int NOT NULL PRIMARY KEY, MISURA smallint, PREZZO decimal(18,2), "
         "SCELTO smallint, FORNITORE varchar(5))");
     run("DECLARE @n int SET @n = 1 WHILE @n <= " + std::to_string(rows) +
-        " BEGIN INSERT INTO T (ID, MISURA, PREZZO, SCELTO) VALUES (@n, 1 + @n % 2, @n, 0) SET @n = @n + 1 END");
+        " BEGIN INSERT INTO T (ID, MISURA, PREZZO, SCELTO) VALUES (@n, 1 + @n % 2, @n, 0) SET @n = "
+        "@n + 1 END");
     for (const GridColumn& column : columns) {
       grid.addColumn(column, [](const std::string& text) { return text; });
     }
@@ -107,7 +108,8 @@ TEST_F(QueryGridTest, AbortedEditLeavesTheRowAsItWas) {
 
 TEST_F(QueryGridTest, LookupEntersTheChosenCodeOnly) {
   fill(2);
-  grid.addColumn({"FORNITORE", "", 500, ColumnKind::Lookup}, [](const std::string& t) { return t; });
+  grid.addColumn({"FORNITORE", "", 500, ColumnKind::Lookup},
+                 [](const std::string& t) { return t; });
   bool chooses = false;
   grid.StartLookup.on([&](const std::string&, Value& code) {
     if (chooses) code = "F12";

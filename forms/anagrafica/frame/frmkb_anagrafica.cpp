@@ -74,7 +74,9 @@ void FRMKB_ANAGRAFICA::buildPages() {
   addAll(progress_.STATUSBAR, progress_.PBAR, VLT_RESIZEFORM1, MDIActiveX1);
 }
 
-void FRMKB_ANAGRAFICA::setHost(const Ref<host::Cinterface>& value) { services_.setHost(value); }
+void FRMKB_ANAGRAFICA::setHost(const Ref<host::Cinterface>& value) {
+  services_.setHost(value);
+}
 
 Ref<host::NamedObject> FRMKB_ANAGRAFICA::profileFrame() {
   return std::shared_ptr<host::NamedObject>(shared_from_this(), &FME_ANAGRAFICA);
@@ -207,8 +209,7 @@ void FRMKB_ANAGRAFICA::ExecuteFormEvent(const std::string& event, bool& cancel) 
 void FRMKB_ANAGRAFICA::CambiaVisualizzazione(std::int32_t view) {
   trap(services_, "CambiaVisualizzazione", [&](Steps& step) {
     if (closing_) return;
-    const bool pending =
-        view != view_ && step([&] { return FME_ANAGRAFICA.hasPendingChanges(); });
+    const bool pending = view != view_ && step([&] { return FME_ANAGRAFICA.hasPendingChanges(); });
     if (pending) {
       RichiestaConfermaModifiche(&FME_ANAGRAFICA, view, true, true);
     } else {

@@ -22,17 +22,9 @@ struct PageGroups {
 
   /// In the order in which the resize manager is told of them.
   std::array<controls::GroupBox*, 11> all{
-      &GRPMAIN_PAR,
-      &GRPMAIN_LISTINI,
-      &GRPMAIN_GIACENZE,
-      &GRPMAIN_ATTIVITA,
-      &GRPMAIN_CATCLIENTI,
-      &GRPMAIN_CATART,
-      &GRPMAIN_CAMPI,
-      &GRPMAIN_RIEPART,
-      &GRPMAIN_FILTROART,
-      &GRPMAIN_SCONTI,
-      &GRPMAIN_FILTROCLI,
+      &GRPMAIN_PAR,        &GRPMAIN_LISTINI, &GRPMAIN_GIACENZE,  &GRPMAIN_ATTIVITA,
+      &GRPMAIN_CATCLIENTI, &GRPMAIN_CATART,  &GRPMAIN_CAMPI,     &GRPMAIN_RIEPART,
+      &GRPMAIN_FILTROART,  &GRPMAIN_SCONTI,  &GRPMAIN_FILTROCLI,
   };
 };
 

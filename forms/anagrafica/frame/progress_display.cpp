@@ -12,7 +12,10 @@ constexpr std::size_t messagePanel = 2;
 
 ProgressDisplay::ProgressDisplay(Services& services, controls::Desktop& desktop,
                                  const ProgressSurroundings& around)
-    : PBAR("PBAR"), STATUSBAR("STATUSBAR", panels), services_(services), desktop_(desktop),
+    : PBAR("PBAR"),
+      STATUSBAR("STATUSBAR", panels),
+      services_(services),
+      desktop_(desktop),
       around_(around) {}
 
 void ProgressDisplay::InizializzaProgressAnimation() {

@@ -23,8 +23,8 @@ inline constexpr View views[] = {
 /// What is hidden before another page is shown, in this order. The discount
 /// page is left out on purpose.
 inline constexpr std::string_view hiddenWithEveryView[] = {
-    "GRPMAIN_PAR",    "GRPMAIN_CATCLIENTI", "GRPMAIN_CATART",    "GRPMAIN_LISTINI",
-    "GRPMAIN_GIACENZE", "INAV_PAR",         "INAV_CATCLIART",    "GRPMAIN_RIEPART",
+    "GRPMAIN_PAR",       "GRPMAIN_CATCLIENTI", "GRPMAIN_CATART", "GRPMAIN_LISTINI",
+    "GRPMAIN_GIACENZE",  "INAV_PAR",           "INAV_CATCLIART", "GRPMAIN_RIEPART",
     "GRPMAIN_FILTROCLI", "GRPMAIN_FILTROART",
 };
 
@@ -40,13 +40,26 @@ struct ResizeRule {
 /// Told to the resize manager after the groups, in this order; a control that
 /// the window does not have is passed over.
 inline constexpr ResizeRule controlResizeRules[] = {
-    {"ENHQUERY_ART", 15},         {"ENHQUERY_CLI", 15},    {"GRP_CATCLI", 7},
-    {"GRP_PARCLI", 7},            {"GRP_CATART", 7},       {"GRP_IMPDOC", 7},
-    {"GRP_COSTOART", 7},          {"GRP_DEP", 15},         {"GRP_LISTINI", 15},
-    {"GRP_AGGLISTINI", 13},       {"QGRID_ART", 15},       {"QGRID_DEP", 15},
-    {"QGRID_LISTINI", 15},        {"QGRID_SCONTOSUPREZZO", 7}, {"QGRID_SCONTOSUGRIGLIA", 15},
-    {"GRB_GENERALESCONTI", 7},    {"TITLEBAR", 7},         {"BTN_AGGLISTINI", 9},
-    {"CMD_AGGIORNA", 6},          {"LBL_DATAULTAGG", 7},
+    {"ENHQUERY_ART", 15},
+    {"ENHQUERY_CLI", 15},
+    {"GRP_CATCLI", 7},
+    {"GRP_PARCLI", 7},
+    {"GRP_CATART", 7},
+    {"GRP_IMPDOC", 7},
+    {"GRP_COSTOART", 7},
+    {"GRP_DEP", 15},
+    {"GRP_LISTINI", 15},
+    {"GRP_AGGLISTINI", 13},
+    {"QGRID_ART", 15},
+    {"QGRID_DEP", 15},
+    {"QGRID_LISTINI", 15},
+    {"QGRID_SCONTOSUPREZZO", 7},
+    {"QGRID_SCONTOSUGRIGLIA", 15},
+    {"GRB_GENERALESCONTI", 7},
+    {"TITLEBAR", 7},
+    {"BTN_AGGLISTINI", 9},
+    {"CMD_AGGIORNA", 6},
+    {"LBL_DATAULTAGG", 7},
 };
 
 }  // namespace kebu::forms

@@ -26,8 +26,9 @@ const Value off(std::int16_t{0});
 
 DepositsPage::DepositsPage(PageContext& context)
     : QGRID_DEP("QGRID_DEP", context.services), context_(context) {
-  QGRID_DEP.SelectionBoxClick.on(
-      [this](const std::string& field, bool& cancel) { QGRID_DEP_SelectionBoxClick(field, cancel); });
+  QGRID_DEP.SelectionBoxClick.on([this](const std::string& field, bool& cancel) {
+    QGRID_DEP_SelectionBoxClick(field, cancel);
+  });
   QGRID_DEP.SelectAllClickEXT.on([this](const std::string& field, bool selecting, bool& cancel) {
     QGRID_DEP_SelectAllClickEXT(field, selecting, cancel);
   });

@@ -81,11 +81,12 @@ const UnusedColumns unusedColumns[] = {
      {"GM57_CATEGORIA", "GM57_NUMLIST_LI10", "GM57_QUANTITA", "GM57_CLIFOR_CG44"}},
     {tsListinoScaglQt,
      {"GM57_CATEGORIA", "GM57_NUMLIST_LI10", "GM57_DEPGIACENZE_MG58", "GM57_CLIFOR_CG44"}},
-    {tsPriorita,
-     {"GM57_NUMLIST_LI10", "GM57_CATEGORIA", "GM57_DEPGIACENZE_MG58", "GM57_QUANTITA"}},
+    {tsPriorita, {"GM57_NUMLIST_LI10", "GM57_CATEGORIA", "GM57_DEPGIACENZE_MG58", "GM57_QUANTITA"}},
 };
 
-bool takesQuantity(std::int32_t type) { return type == tsListinoScaglQt || type == tsPriorita; }
+bool takesQuantity(std::int32_t type) {
+  return type == tsListinoScaglQt || type == tsPriorita;
+}
 
 }  // namespace
 
@@ -228,12 +229,14 @@ void PriceListsPage::QGRID_LISTINI_StartLookup(const std::string& field, Value& 
   trap(context_.services, "QGRID_LISTINI_StartLookup", [&](Steps& step) {
     std::optional<host::LookupDefinition> list;
     if (field == "GM57_NUMLIST_LI10") {
-      list = {"Elenco listini", GetStringaSqlLookup(tsListinoAnagArticolo),
+      list = {"Elenco listini",
+              GetStringaSqlLookup(tsListinoAnagArticolo),
               {"Listino", "Descrizione", "Valuta"}};
     } else if (field == "GM57_CATEGORIA") {
       const std::int32_t type = step([&] { return currentType(); });
       if (type == tsListinoMacrocat) {
-        list = {"Elenco macrocategorie", GetStringaSqlLookup(type), {"Macrocategoria", "Descrizione"}};
+        list = {
+            "Elenco macrocategorie", GetStringaSqlLookup(type), {"Macrocategoria", "Descrizione"}};
       } else if (type == tsListinoMacroarea) {
         list = {"Elenco macroaree", GetStringaSqlLookup(type), {"Macroarea", "Descrizione"}};
       }

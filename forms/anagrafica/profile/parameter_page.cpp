@@ -31,10 +31,9 @@ constexpr PlainBox plainBoxes[] = {
 
 /// What this connector does not offer: 0 on every save, whatever was set.
 constexpr const char* zeroedColumns[] = {
-    "GM04_FLGGESTSCONTI",   "GM04_FLGGESTVARIANTI",    "GM04_FLGGESTCESSIONARI",
-    "GM04_FLGGESTLOTTI",    "GM04_INDSELCLIENTI",      "GM04_INDDATAREGINCASSO",
-    "GM04_INDMODRECUPERO",  "GM04_INDDESTIN",          "GM04_INDSTAMPAPREZZI",
-    "GM04_INDSINCRO",
+    "GM04_FLGGESTSCONTI",   "GM04_FLGGESTVARIANTI",   "GM04_FLGGESTCESSIONARI", "GM04_FLGGESTLOTTI",
+    "GM04_INDSELCLIENTI",   "GM04_INDDATAREGINCASSO", "GM04_INDMODRECUPERO",    "GM04_INDDESTIN",
+    "GM04_INDSTAMPAPREZZI", "GM04_INDSINCRO",
 };
 
 enum ImportDeposit : std::int16_t { fromDocument = 0, asGiven = 1 };
@@ -50,7 +49,9 @@ void fill(controls::ComboBox& combo, const FixedChoice& choice, const PageContex
   combo.select(choice.initial);
 }
 
-bool isBlank(const Value& value) { return NVL(value, "") == Value(""); }
+bool isBlank(const Value& value) {
+  return NVL(value, "") == Value("");
+}
 
 }  // namespace
 
@@ -191,12 +192,13 @@ void ParameterPage::open(const std::string& statement) {
   FME_PARAMETRI.setDataSource(rows_);
 }
 
-void ParameterPage::bindColumns() { open(sql::ParametriVuoti()); }
+void ParameterPage::bindColumns() {
+  open(sql::ParametriVuoti());
+}
 
 void ParameterPage::ShowChild() {
-  trap(context_.services, "ShowChild", [&](Steps& step) {
-    step([&] { open(sql::Parametri(context_.profileIdText())); });
-  });
+  trap(context_.services, "ShowChild",
+       [&](Steps& step) { step([&] { open(sql::Parametri(context_.profileIdText())); }); });
 }
 
 void ParameterPage::ClearChild() {
@@ -257,7 +259,8 @@ void ParameterPage::tellDefaultDepositMissing(const std::string& document) {
 void ParameterPage::FME_PARAMETRI_ChangeStatus() {
   trap(context_.services, "FME_PARAMETRI_ChangeStatus", [&](Steps& step) {
     // Whether customers were ever synchronised changes nothing on the page, and is meant not to.
-    static_cast<void>(step([&] { return RTrimN(FME_PARAMETRI.field("GM04_LASTSYNCCLI")).empty(); }));
+    static_cast<void>(
+        step([&] { return RTrimN(FME_PARAMETRI.field("GM04_LASTSYNCCLI")).empty(); }));
   });
 }
 
@@ -281,8 +284,7 @@ void ParameterPage::FME_PARAMETRI_UpdateBatchAll() {
 bool ParameterPage::VerificaDepositoDocumento(const std::string& document) {
   return trap(context_.services, "VerificaDepositoDocumento", [&](Steps& step) {
     const Ref<ado::Recordset> rows = step([&] {
-      return context_.connection->Execute(
-          sql::DepositoDocumento(document, context_.companyText()));
+      return context_.connection->Execute(sql::DepositoDocumento(document, context_.companyText()));
     });
     return step([&] { return !rows->EOF_() && !isBlank(rows->value("MG3G_DEPDEFAULT_MG58")); });
   });

@@ -17,8 +17,12 @@ struct FixedValue {
 
 /// Code 1 and application 14 name this platform's profile among the company's.
 constexpr FixedValue fixedValues[] = {
-    {"GM03_CODICEDISPOSITIVO", 1}, {"GM03_INDTIPO", 0},    {"GM03_FLGTV", 0},
-    {"GM03_FLGRO", 0},             {"GM03_FLGENABLED", 1}, {"GM03_IDAPPLICAZIONE", 14},
+    {"GM03_CODICEDISPOSITIVO", 1},
+    {"GM03_INDTIPO", 0},
+    {"GM03_FLGTV", 0},
+    {"GM03_FLGRO", 0},
+    {"GM03_FLGENABLED", 1},
+    {"GM03_IDAPPLICAZIONE", 14},
 };
 
 }  // namespace
@@ -140,7 +144,8 @@ void ProfilePage::FME_ANAGRAFICA_ChangeStatus(FrameStatus status, FrameStatus pr
 
 void ProfilePage::FME_ANAGRAFICA_IsRecordChanged(bool& changed) {
   trap(context_.services, "FME_ANAGRAFICA_IsRecordChanged", [&](Steps& step) {
-    changed = step([&] { return dependents_.parameters.FME_PARAMETRI.isRecordChanged(); }) || changed;
+    changed =
+        step([&] { return dependents_.parameters.FME_PARAMETRI.isRecordChanged(); }) || changed;
   });
 }
 
