@@ -2,9 +2,11 @@
 //
 //   node check.mjs [--exceptions FILE] (LOG | FOLDER)...
 //
-// A log holds one JSON object a line: {"text": ..., "edit": ...}. What ADO writes by itself ("edit")
-// is none of the plug-in's texts. A text that the parser refuses although SQL Server takes it stands
-// in the file of exceptions, by its beginning and with the reason.
+// A log holds one JSON object a line: {"text": ..., "edit": ..., "error": ...}. What ADO writes by
+// itself ("edit") is none of the plug-in's texts. A text that the database refused as well, such as
+// one without the table name that an ignored error left empty, is no news. A text that the parser
+// refuses although SQL Server takes it stands in the file of exceptions, by its beginning and with
+// the reason.
 
 import { readFileSync, readdirSync, statSync } from 'node:fs';
 import { dirname, join } from 'node:path';
@@ -39,15 +41,17 @@ function logsIn(path) {
     .map((name) => join(path, name));
 }
 
-/** The distinct texts of the logs, each with the place where it stands first. */
+/** The distinct texts of the logs: where each stands first, and whether the database ever took it. */
 function readTexts(logs) {
   const texts = new Map();
   for (const log of logs) {
     readFileSync(log, 'utf8').split('\n').forEach((line, index) => {
       if (line.trim() === '') return;
-      const { text, edit } = JSON.parse(line);
+      const { text, edit, error } = JSON.parse(line);
       if (typeof text !== 'string') throw new Error(`${log}:${index + 1}: no statement text`);
-      if (!edit && !texts.has(text)) texts.set(text, `${log}:${index + 1}`);
+      if (edit) return;
+      if (!texts.has(text)) texts.set(text, { place: `${log}:${index + 1}`, taken: false });
+      if (!error) texts.get(text).taken = true;
     });
   }
   return texts;
@@ -80,14 +84,19 @@ async function main() {
 
   await init();
   let excepted = 0;
+  let refused = 0;
   let failures = 0;
   const complain = (message) => {
     failures += 1;
     console.error(message);
   };
-  for (const [text, place] of texts) {
+  for (const [text, { place, taken }] of texts) {
     const reason = objection(text);
     if (reason === undefined) continue;
+    if (!taken) {
+      refused += 1;
+      continue;
+    }
     const exception = exceptions.find(({ starts }) => flat(text).startsWith(flat(starts)));
     if (exception) {
       exception.uses += 1;
@@ -100,7 +109,7 @@ async function main() {
     if (uses === 0) complain(`${exceptionsFile}: nothing needs the exception "${starts}"`);
   }
   console.log(`grammar: ${texts.size} statement texts of ${logs.length} logs, ${excepted} excepted, ` +
-              `${failures} faults`);
+              `${refused} refused by the database as well, ${failures} faults`);
   return failures === 0 ? 0 : 1;
 }
 

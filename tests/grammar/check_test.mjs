@@ -66,6 +66,12 @@ test('an exception that nothing needs is a fault', () => {
   assert.match(output, /nothing needs the exception/);
 });
 
+test('what the database refused as well is no news, unless it took it once', () => {
+  const broken = { text: 'SELECT * FROM ORDER BY A', error: 'near ORDER' };
+  assert.ok(check([{ text: 'SELECT 1' }, broken]).ok);
+  assert.ok(!check([broken, { ...broken, error: null }]).ok);
+});
+
 test('edits are not looked at, and without texts there is nothing to pass', () => {
   assert.ok(check([{ text: 'SELECT 1' }, { text: 'no statement', edit: true }]).ok);
   const { ok, output } = check([{ text: 'SELECT 1', edit: true }]);
