@@ -183,14 +183,14 @@ std::int64_t Catalogue::objectId(std::string_view name, std::string_view kind, i
 
 void Catalogue::add(TablePtr table) {
   const std::string key = keyOf(table->name, table->owner);
-  ids_.emplace(key, static_cast<std::int64_t>(ids_.size()) + 1);
+  if (!ids_.contains(key)) ids_.emplace(key, ++lastId_);
   tables_[key] = std::move(table);
   touch();
 }
 
 void Catalogue::add(ModulePtr module) {
   const std::string key = keyOf(module->tree.name.last(), 0);
-  ids_.emplace(key, static_cast<std::int64_t>(ids_.size()) + 1);
+  if (!ids_.contains(key)) ids_.emplace(key, ++lastId_);
   modules_[key] = std::move(module);
   touch();
 }

@@ -81,6 +81,7 @@ class Catalogue {
   std::map<std::string, TablePtr> tables_;
   std::map<std::string, ModulePtr> modules_;
   std::map<std::string, std::int64_t> ids_;
+  std::int64_t lastId_ = 0;
   std::int64_t version_ = 0;
 };
 

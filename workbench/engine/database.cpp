@@ -51,6 +51,9 @@ Handle Database::open(const std::string& path, int flags) {
 Database::Database(Handle handle) : handle_(std::move(handle)) {
   registerFunctions(*this);
   run("ATTACH ':memory:' AS tempdb");
+  // A crash of the machine may cost the file, a crash of the program does not:
+  // enough for a stand-in, and every statement commits by itself.
+  run("PRAGMA synchronous = OFF");
   // Temporary tables, ordering and the like stay in memory.
   run("PRAGMA temp_store = MEMORY");
 }
@@ -79,6 +82,18 @@ std::shared_ptr<Database> Database::createInMemory() {
   std::shared_ptr<Database> database(
       new Database(open(":memory:", SQLITE_OPEN_READWRITE | SQLITE_OPEN_CREATE)));
   database->setUp();
+  return database;
+}
+
+std::shared_ptr<Database> Database::clone() const {
+  Handle copy = open(":memory:", SQLITE_OPEN_READWRITE | SQLITE_OPEN_CREATE);
+  sqlite3_backup* const backup = sqlite3_backup_init(copy.get(), "main", handle(), "main");
+  constexpr int allPages = -1;
+  sqlite3_backup_step(backup, allPages);
+  if (sqlite3_backup_finish(backup) != SQLITE_OK)
+    throw fileError(":memory:", "cannot be copied to");
+  std::shared_ptr<Database> database(new Database(std::move(copy)));
+  database->load();
   return database;
 }
 

@@ -27,7 +27,6 @@ Value asDelivered(const Cell& cell, const SqlType& type) {
   return valueOf(cell, type);
 }
 
-/// A condition or value in a query's place gives its first column.
 SqlError undeclared(const std::string& name) {
   return {137, "Must declare the scalar variable \"" + name + "\"."};
 }

@@ -68,11 +68,6 @@ class Session {
 
  private:
   friend class Interpreter;
-  struct Plan {
-    std::string key;
-    Program program;
-  };
-
   std::shared_ptr<Program> plan(const std::string& batch, const std::vector<Token>& tokens,
                                 const std::vector<Preset>& variables);
   Program& programOf(const ModulePtr& module);
