@@ -1,0 +1,170 @@
+// Walks through every statement of every scenario: plays the scenario again with that
+// statement's first run failing, once for each answer that the error box offers. A page is covered
+// as soon as a scenario uses it.
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <filesystem>
+#include <fstream>
+#include <iterator>
+#include <set>
+#include <sstream>
+
+#include "tests/faults/performance.h"
+#include "workbench/company_file.h"
+
+namespace kebu::workbench {
+namespace {
+
+namespace fs = std::filesystem;
+
+const engine::Database& demo() {
+  static const std::shared_ptr<engine::Database> company = demoCompany();
+  return *company;
+}
+
+std::string contentOf(const fs::path& path) {
+  std::ifstream file(path);
+  return {std::istreambuf_iterator<char>(file), {}};
+}
+
+/// Of the line "#! --company N" with which a scenario may begin.
+std::int32_t companyOf(const std::string& text) {
+  const std::string option = "#! --company ";
+  return text.starts_with(option) ? std::stoi(text.substr(option.size())) : 1;
+}
+
+class FaultWalk : public testing::TestWithParam<fs::path> {
+ protected:
+  FaultWalk()
+      : text_(contentOf(GetParam())),
+        company_(companyOf(text_)),
+        scenario_(Scenario::parse(GetParam().filename().string(), text_)) {}
+
+  void walk(std::size_t position, msgbox::Answer answer);
+
+  std::string text_;
+  std::int32_t company_;
+  Scenario scenario_;
+  Lines statements_;  ///< of a run without faults
+  Lines rows_;        ///< the same
+};
+
+/// "Errore n. NUMBER in PROCEDURE", the description, and more lines.
+struct ErrorText {
+  explicit ErrorText(const std::string& text) {
+    const std::string lineEnd = "\r\n";
+    const std::size_t second = text.find(lineEnd) + lineEnd.size();
+    const std::size_t third = text.find(lineEnd, second);
+    std::istringstream words(text.substr(0, second));
+    std::string skipped;
+    words >> skipped >> skipped >> number >> skipped >> procedure;
+    description = text.substr(second, third - second);
+  }
+  std::int32_t number = 0;
+  std::string procedure;
+  std::string description;
+};
+
+/// The failing statement was told of in one box, and as what it is.
+void expectOneBox(const Performance& performance) {
+  const Lines& errors = performance.errors();
+  ASSERT_FALSE(errors.empty()) << "the fault passed unnoticed";
+  const ErrorText first(errors.front());
+  EXPECT_NE(first.number, 0) << errors.front();
+  EXPECT_NE(first.procedure, "") << errors.front();
+  EXPECT_EQ(std::count_if(errors.begin(), errors.end(),
+                          [](const std::string& error) {
+                            return ErrorText(error).description == FaultyStatement::description;
+                          }),
+            1);
+  EXPECT_EQ(first.description, FaultyStatement::description);
+}
+
+/// What came before the fault is as ever.
+void expectSameUntil(std::size_t position, const Lines& usual, const Lines& found) {
+  ASSERT_GE(found.size(), position);
+  const auto end = static_cast<std::ptrdiff_t>(position);
+  EXPECT_EQ(Lines(found.begin(), found.begin() + end), Lines(usual.begin(), usual.begin() + end));
+}
+
+/// No error has left the plug-in; the player tells of one by its number.
+void expectNothingEscaped(const Performance& performance) {
+  EXPECT_EQ(performance.complaints().find(": error "), std::string::npos)
+      << performance.complaints();
+}
+
+/// The user closes the window, opens it again and finds the page as usual.
+void expectWorkingWindow(Performance& performance) {
+  const std::size_t errors = performance.errors().size();
+  performance.dropAnswers();
+  if (performance.isOpen()) {
+    EXPECT_TRUE(performance.play(Scenario::parse("closing", "answer no\nclose")));
+    performance.dropAnswers();
+  }
+  ASSERT_FALSE(performance.isOpen()) << "the window cannot be closed";
+  EXPECT_TRUE(performance.play(Scenario::parse("afterwards",
+                                               "open\n"
+                                               "expect GRPMAIN_PAR visible = true\n"
+                                               "print GRPMAIN_PAR\n"
+                                               "page 2\nexpect GRPMAIN_LISTINI visible = true\n"
+                                               "page 3\nexpect QGRID_DEP rows = 8\n"
+                                               "close")))
+      << performance.complaints();
+  EXPECT_EQ(performance.errors().size(), errors) << performance.errors().back();
+}
+
+void FaultWalk::walk(std::size_t position, msgbox::Answer answer) {
+  SCOPED_TRACE(answerName(answer) + " at statement " + std::to_string(position) + ": " +
+               statements_[position - 1]);
+  Performance performance(demo(), company_, position, answer);
+  const bool played = performance.play(scenario_);
+  expectOneBox(performance);
+  expectSameUntil(position, statements_, performance.statements());
+  if (answer == msgbox::retry) {
+    Lines repeated = statements_;
+    repeated.insert(repeated.begin() + static_cast<std::ptrdiff_t>(position),
+                    statements_[position - 1]);
+    EXPECT_TRUE(played) << performance.complaints();
+    EXPECT_EQ(performance.errors().size(), 1);
+    EXPECT_EQ(performance.statements(), repeated);
+    EXPECT_EQ(performance.rows(), rows_);
+  }
+  expectWorkingWindow(performance);
+  expectNothingEscaped(performance);
+}
+
+TEST_P(FaultWalk, EveryStatementCanFail) {
+  {
+    Performance usual(demo(), company_, 0, msgbox::abort);
+    ASSERT_TRUE(usual.play(scenario_)) << usual.complaints();
+    ASSERT_EQ(usual.errors(), Lines());
+    statements_ = usual.statements();
+    rows_ = usual.rows();
+  }
+  ASSERT_FALSE(statements_.empty());
+  std::set<std::string> walked;
+  for (std::size_t position = 1; position <= statements_.size(); ++position) {
+    if (!walked.insert(statements_[position - 1]).second) continue;
+    for (const auto answer : {msgbox::abort, msgbox::retry, msgbox::ignore}) walk(position, answer);
+  }
+  RecordProperty("statements", static_cast<int>(walked.size()));
+}
+
+std::vector<fs::path> scenarios() {
+  std::vector<fs::path> paths;
+  for (const char* folder : {FAULT_SCENARIOS, WORKBENCH_SCENARIOS}) {
+    for (const auto& entry : fs::directory_iterator(folder)) {
+      if (entry.path().extension() == ".scenario") paths.push_back(entry.path());
+    }
+  }
+  std::sort(paths.begin(), paths.end());
+  return paths;
+}
+
+INSTANTIATE_TEST_SUITE_P(All, FaultWalk, testing::ValuesIn(scenarios()),
+                         [](const auto& path) { return path.param.stem().string(); });
+
+}  // namespace
+}  // namespace kebu::workbench
