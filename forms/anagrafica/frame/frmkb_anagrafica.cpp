@@ -318,6 +318,7 @@ void FRMKB_ANAGRAFICA::Form_Unload() {
   trap(services_, "Form_Unload", [&](Steps& step) {
     if (!context_.connection) return;
     for (const std::string& table : {depositsTable_, priceListsTable_}) {
+      if (table.empty()) continue;  // the user left the statement that was to name it
       step([&] { context_.connection->Execute(sql::EliminaTabellaLavoro(table)); });
     }
   });
