@@ -158,10 +158,10 @@ void AdoRecordset::setAbsolutePosition(std::int32_t position) {
   moveTo(found);
 }
 
-void AdoRecordset::setFilter(const std::string& text) {
+void AdoRecordset::setFilter(const std::string& filter) {
   settleEdit();
-  filter_ = RowFilter(text, rows());
-  filterText_ = text;
+  filter_ = RowFilter(filter, rows());
+  filterText_ = filter;
   moveTo(nextVisible(-1, 1));
 }
 

@@ -42,7 +42,7 @@ class AdoRecordset : public ado::Recordset {
   Value value(std::string_view field) const override;
   void setValue(std::string_view field, const Value& value) override;
   Value originalValue(std::string_view field) const override;
-  std::vector<std::vector<Value>> GetRows(std::int32_t rows) override;
+  std::vector<std::vector<Value>> GetRows(std::int32_t wanted) override;
 
   void AddNew() override;
   void Update() override;

@@ -237,7 +237,7 @@ struct CreateIndex {
   std::string name;
   ObjectName table;
   std::vector<OrderItem> columns;
-  bool unique;
+  bool unique = false;
 };
 enum class ModuleKind { View, Procedure, TableFunction, ScalarFunction };
 struct CreateModule {

@@ -60,9 +60,9 @@ class Binder {
   Bound expression(const ast::Expr& expr, const Scope& scope);
   std::string condition(const ast::Expr& expr, const Scope& scope);
   /// `withRow`: adds the row's id, when the rows are those of one table.
-  BoundQuery query(const ast::Query& query, const Scope* outer, bool withRow = false);
+  BoundQuery query(const ast::Query& node, const Scope* outer, bool withRow = false);
   /// The text behind FROM; its members join the scope.
-  std::string source(const ast::Source& source, Scope& scope);
+  std::string source(const ast::Source& node, Scope& scope);
   /// A table with its columns, ready for UPDATE, DELETE and MERGE.
   Scope::Member member(const TablePtr& table, const std::string& alias);
   /// SqlError 208 when there is none.
@@ -80,27 +80,27 @@ class Binder {
   /// The frame in which a view's or function's text is bound: its own names only.
   class ModuleFrame;
 
-  Bound literal(const ast::Literal& literal);
+  Bound literal(const ast::Literal& node);
   Bound variable(const std::string& name, std::string_view at);
-  Bound column(const ast::Column& column, std::string_view at, const Scope& scope);
+  Bound column(const ast::Column& node, std::string_view at, const Scope& scope);
   Bound caseValue(const ast::Case& node, const Scope& scope);
   Bound call(const ast::Call& node, std::string_view at, const Scope& scope);
   Bound aggregate(const ast::Call& node, const Scope& scope);
   std::string window(const ast::Over& over, const Scope& scope);
   std::string in(const ast::In& node, const Scope& scope);
   std::string orderList(const std::vector<ast::OrderItem>& items, const Scope& scope);
-  Bound slot(Slot slot);
+  Bound slot(Slot wanted);
 
-  BoundQuery select(const ast::Select& select, const ast::Query& query, const Scope* outer,
+  BoundQuery select(const ast::Select& node, const ast::Query& whole, const Scope* outer,
                     bool withRow);
-  BoundQuery values(const ast::Values& values, const Scope* outer);
+  BoundQuery values(const ast::Values& node, const Scope* outer);
   BoundQuery setOperation(const ast::SetOp& node, const Scope* outer);
-  std::vector<std::pair<std::string, Bound>> items(const ast::Select& select, const Scope& scope);
-  std::string orderBy(const ast::Query& query, const std::vector<BoundQuery::Column>& columns,
+  std::vector<std::pair<std::string, Bound>> items(const ast::Select& node, const Scope& scope);
+  std::string orderBy(const ast::Query& node, const std::vector<BoundQuery::Column>& columns,
                       const Scope& scope);
 
   std::string tableSource(const ast::TableRef& node, std::string_view at, Scope& scope);
-  std::string derived(const BoundQuery& query, const std::string& alias,
+  std::string derived(const BoundQuery& inner, const std::string& alias,
                       const std::vector<std::string>& names, Scope& scope);
   std::string joinSource(const ast::Join& join, Scope& scope);
   std::string apply(const ast::Join& join, const std::string& left, Scope& scope);

@@ -76,6 +76,6 @@ struct InsertTargets {
   InsertTargets(const Table& table, const std::vector<std::string>& names, bool identityInsert);
 };
 /// A column's default, or NULL.
-std::string boundDefault(Binder& binder, const Table& table, int column);
+std::string boundDefault(Binder& binder, const Table& table, int index);
 
 }  // namespace kebu::engine

@@ -27,7 +27,7 @@ Cell castCell(Database&, CellArguments args) {
 /// kb_range(value, least, greatest, type name)
 Cell rangeChecked(Database&, CellArguments args) {
   if (sqlite3_value_type(args[0]) == SQLITE_NULL) return {};
-  const Cell value = cellOf(args[0]);
+  Cell value = cellOf(args[0]);
   if (value.integer < integerAt(args, 1) || value.integer > integerAt(args, 2)) {
     throw SqlError(8115, "Arithmetic overflow error converting expression to data type " +
                              std::string(textAt(args, 3)) + ".");

@@ -33,12 +33,12 @@ class Interpreter {
  private:
   enum class Flow { Next, Break, Continue, Return };
 
-  void declareIn(const ast::Statement& statement);
+  void declareIn(const ast::Statement& node);
   Flow statement(const ast::Statement& node);
   Flow block(const std::vector<ast::StatementPtr>& statements);
   void query(const ast::Query& node);
   void assign(const ast::Query& node, const ast::Select& select);
-  void change(const std::shared_ptr<Compiled>& compiled);
+  void change(const std::shared_ptr<Compiled>& ready);
   void counted(std::int64_t rows);
   void exec(const ast::Exec& node);
   void createModule(const ast::CreateModule& node);

@@ -24,7 +24,7 @@ Value readValue(const Tokens& tokens, std::size_t& at) {
   const Token& token = tokens[at++];
   if (isWord(token, "NULL") && !negative) return Null{};
   if (!isLiteral(token)) throw adoerror::badArgument();
-  const Value value = literalOf(token).value;
+  Value value = literalOf(token).value;
   if (!negative) return value;
   if (!value.isNumber()) throw adoerror::badArgument();
   return -toDecimal(value);
