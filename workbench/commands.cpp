@@ -1,5 +1,6 @@
 #include "workbench/commands.h"
 
+#include <filesystem>
 #include <fstream>
 #include <iostream>
 #include <iterator>
@@ -25,10 +26,9 @@ namespace {
 
 std::string readFile(const std::string& path) {
   std::ifstream file(path, std::ios::binary);
-  std::string text{std::istreambuf_iterator<char>(file), std::istreambuf_iterator<char>()};
   // A folder can be opened like a file, but not read.
-  if (!file.is_open() || file.bad()) throw CommandError(path + " cannot be read");
-  return text;
+  if (!file || std::filesystem::is_directory(path)) throw CommandError(path + " cannot be read");
+  return {std::istreambuf_iterator<char>(file), std::istreambuf_iterator<char>()};
 }
 
 /// A file that is written to, or one that takes nothing without a path.

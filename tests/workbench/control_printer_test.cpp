@@ -2,11 +2,16 @@
 
 #include <gtest/gtest.h>
 
+#include <iterator>
 #include <memory>
 #include <sstream>
 
+#include "controls/query_grid.h"
+#include "tests/controls/control_fixture.h"
 #include "tests/workbench/sample_form.h"
+#include "workbench/player/control_reader.h"
 #include "workbench/player/model_hands.h"
+#include "workbench/player/scenario.h"
 
 namespace kebu::workbench {
 namespace {
@@ -57,6 +62,71 @@ TEST_F(ControlPrinterTest, AWindowPrintsWhatCanBeSeen) {
   EXPECT_NE(text.find("TXT_CODE"), std::string::npos);
   EXPECT_NE(text.find("\"Pronto\""), std::string::npos);
   EXPECT_EQ(text.find("LBL_HIDDEN"), std::string::npos);
+}
+
+constexpr controls::ValueListItem sizes[] = {{1, "Piccolo"}, {2, "Grande"}};
+constexpr controls::GridColumn columns[] = {
+    {"ID", "Numero", 1000, controls::ColumnKind::Text},
+    {"MISURA", "Quantità", 1000, controls::ColumnKind::ValueList, sizes, std::size(sizes)},
+    {"SCELTO", "", 1000, controls::ColumnKind::Check},
+};
+
+class GridPrinterTest : public controls::ControlTest {
+ protected:
+  void fill(const std::string& rows) {
+    run("CREATE TABLE T (ID int NOT NULL PRIMARY KEY, MISURA smallint, SCELTO smallint, STATO "
+        "int)");
+    run("INSERT INTO T VALUES " + rows);
+    for (const auto& column : columns) {
+      grid.addColumn(column, [](const std::string& text) { return text; });
+    }
+    grid.setRowStateField("STATO");
+    grid.cellLocked = [](std::int32_t row, const std::string& field) {
+      return row == 2 && field == "MISURA";
+    };
+    grid.setDataSource(open("SELECT * FROM T ORDER BY ID"));
+  }
+  std::string printed(const RowRange& rows) {
+    std::ostringstream out;
+    printControl(out, viewOf(grid, rows));
+    return out.str();
+  }
+
+  controls::QueryGrid grid{"QGRID", host};
+};
+
+TEST_F(GridPrinterTest, CellsStandBeneathTheirCaptionsWithTheirMarks) {
+  fill("(1, 2, 1, 1), (2, 1, 0, 2), (30, NULL, 0, NULL), (31, 1, 0, 1)");
+  grid.selectRow(2);
+  EXPECT_EQ(printed({1, 3}),
+            "QGRID  enabled, visible, 4 rows\n"
+            "         Numero  Quantità\n"
+            "         ID      MISURA    SCELTO\n"
+            "    1 +  1       Grande    1\n"
+            "  > 2 !  2       Piccolo*  0\n"
+            "    3    30                0\n"
+            "  ... and 1 more\n");
+  EXPECT_EQ(printed({4, 9}).find("... and"), std::string::npos);
+}
+
+TEST_F(GridPrinterTest, CellsAreReadByTheFieldEvenWhenNoColumnShowsIt) {
+  fill("(1, 2, 1, 1), (2, 1, 0, 2)");
+  EXPECT_EQ(cellTextOf(grid, 1, "misura"), "Grande");
+  EXPECT_EQ(cellTextOf(grid, 2, "STATO"), "2");
+  EXPECT_THROW(cellTextOf(grid, 3, "MISURA"), StepError);
+  EXPECT_THROW(cellTextOf(grid, 1, "COLORE"), StepError);
+}
+
+TEST_F(GridPrinterTest, ALongListIsCutAfterTwentyRows) {
+  run("CREATE TABLE L (CODICE varchar(5), DESCR varchar(20))");
+  run("DECLARE @n int SET @n = 1 WHILE @n <= 23 BEGIN INSERT INTO L VALUES (@n, 'Voce') "
+      "SET @n = @n + 1 END");
+  const controls::LookupList list("Elenco", {"Codice", "Descrizione"}, open("SELECT * FROM L"));
+  std::ostringstream out;
+  printLookup(out, list);
+  const std::string text = out.str();
+  EXPECT_EQ(text.find("  [ Elenco ]\n      Codice  Descrizione\n  1   1       Voce\n"), 0U) << text;
+  EXPECT_NE(text.find("  20  20      Voce\n  ... and 3 more\n"), std::string::npos) << text;
 }
 
 }  // namespace

@@ -2,11 +2,16 @@
 
 #include <vector>
 
+#include "common/convert.h"
 #include "tests/workbench/sample_form.h"
+#include "workbench/company_file.h"
+#include "workbench/engine/session.h"
 #include "workbench/host/error_log.h"
 #include "workbench/host/filter_specifications.h"
+#include "workbench/host/lookups.h"
 #include "workbench/host/messages.h"
 #include "workbench/host/object_models.h"
+#include "workbench/host/sql_decodes.h"
 
 namespace kebu::workbench {
 namespace {
@@ -63,6 +68,49 @@ TEST(FilterSpecifications, KeepsTheLastTextOfEachName) {
   filters.Save("ENHQUERY_CLI", "Filtro clienti", "b", true);
   filters.Save("ENHQUERY_ART", "Filtro clienti", "c", false);
   EXPECT_EQ(filters.Load("ENHQUERY_CLI", "Filtro clienti"), Value("b"));
+}
+
+/// What the window does with the host's statements, on the demo company.
+class HostStatementsTest : public testing::Test {
+ protected:
+  std::vector<std::vector<Value>> rows(const std::string& statement) {
+    return session.execute(statement).front().rows;
+  }
+  std::string value(const std::string& statement) {
+    const auto result = rows(statement);
+    return result.empty() ? "" : toText(result.front().front());
+  }
+
+  std::shared_ptr<engine::Database> database = demoCompany();
+  engine::Session session{database};
+};
+
+TEST_F(HostStatementsTest, DecodesFindTheDescriptionUnderItsName) {
+  SqlDecodes decodes;
+  const auto result = session.execute(decodes.DocumentType("1", "OCW")).front();
+  EXPECT_EQ(result.fields.front().name, "MG36_DESCR");
+  EXPECT_EQ(toText(result.rows.front().front()), "Ordine cliente da web");
+  EXPECT_EQ(value(decodes.DocumentType("1", "o'c")), "");
+  EXPECT_EQ(value(decodes.DocumentType("9", "OCW")), "");
+
+  EXPECT_EQ(value(decodes.Customer("1", "1072")), "Ferramenta D'Amico S.r.l.");
+  EXPECT_EQ(session.execute(decodes.Customer("1", "1072")).front().fields.front().name,
+            "CG16_RAGSOANAG");
+  EXPECT_EQ(value(decodes.Customer("1", "")), "");
+}
+
+TEST_F(HostStatementsTest, ListsHoldTheCompanysRowsUnderEnoughCaptions) {
+  Lookups lookups;
+  for (const auto& list : {lookups.DocumentTypes("1"), lookups.Customers("1")}) {
+    const auto result = session.execute(list.statement).front();
+    EXPECT_EQ(result.fields.size(), list.captions.size()) << list.title;
+    EXPECT_FALSE(result.rows.empty()) << list.title;
+  }
+  // Suppliers are no customers.
+  EXPECT_EQ(
+      std::to_string(rows(lookups.Customers("1").statement).size()),
+      value("SELECT COUNT(*) FROM CG44_CLIFOR WHERE CG44_DITTA_CG18 = 1 AND CG44_TIPOCF = 0"));
+  EXPECT_TRUE(rows(lookups.Customers("9").statement).empty());
 }
 
 TEST(ScriptModel, ARefusalCancelsAndNothingElseDoes) {

@@ -6,6 +6,7 @@
 #include <sstream>
 
 #include "tests/workbench/sample_plugin.h"
+#include "workbench/engine/ado_objects.h"
 #include "workbench/player/model_desktop.h"
 #include "workbench/player/model_hands.h"
 
@@ -133,6 +134,32 @@ TEST_F(PlayerTest, RetryingForEverFailsTheScenario) {
   EXPECT_EQ(attempts, 11);
   EXPECT_EQ(err.str(), "x.scenario:2: the same error came back after 10 retries\n");
   EXPECT_FALSE(form.lock()->check.isTicked());
+}
+
+TEST_F(PlayerTest, ALookUpTakesTheRowThatTheStepNames) {
+  const Ref<ado::Connection> connection = engine::newConnection(database, nullptr);
+  connection->Open();
+  ASSERT_TRUE(play("open"));
+  form.lock()->box.StartLookup.on([&](controls::EditBox& box) {
+    controls::LookupList list("Elenco", {"Codice", "Descrizione"},
+                              connection->Execute("SELECT 'A', 'uno' UNION ALL SELECT 'B', 'due'"));
+    desktop.runLookup(list);
+    if (const auto code = list.chosen()) box.enter(*code);
+  });
+  EXPECT_TRUE(
+      play("lookup TXT_CODE\nexpect TXT_CODE = 010\nlookup TXT_CODE 2\nexpect TXT_CODE = B"));
+  EXPECT_TRUE(wrote("  2  B       due\n"));
+  EXPECT_FALSE(play("lookup TXT_CODE 3\ntype TXT_CODE C"));
+  EXPECT_EQ(err.str(), "x.scenario:1: \"Elenco\" has no row 3\n");
+  EXPECT_EQ(form.lock()->box.text(), "B");
+}
+
+TEST_F(PlayerTest, ALookUpThatShowsNoListHasNoRowToTake) {
+  ASSERT_TRUE(play("open"));
+  form.lock()->box.StartLookup.on([](controls::EditBox&) {});
+  EXPECT_TRUE(play("lookup TXT_CODE"));
+  EXPECT_FALSE(play("lookup TXT_CODE 1"));
+  EXPECT_EQ(err.str(), "x.scenario:1: no list was opened\n");
 }
 
 TEST_F(PlayerTest, InAModalWindowTheFollowingLinesAct) {

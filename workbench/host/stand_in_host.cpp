@@ -59,7 +59,8 @@ void StandInHost::open() {
   const Ref<host::Cinterface> shown = plugin_;
   fill(*shown);
   shown->ShowForm();
-  if (!plugin_) return;
+  // The navigator has nothing to tell once a modal window was left.
+  if (shown->WindowModal()) return;
   navigator_->InitializeLayoutObjectModel.raise(global_->CreateLayoutModel());
   navigator_->InitializeScriptObjectModel.raise(global_->CreateScriptModel());
 }

@@ -40,7 +40,8 @@ constexpr std::array table{
          steps::answer},
     Step{"fail", 1, 2, "TEXT [TIMES]", "the next statements that contain TEXT fail", steps::fail},
     Step{"sql", 1, 1, "STATEMENT", "runs a statement on a connection of its own", steps::sql},
-    Step{"print", 1, 3, "CONTROL | GRID FIRST [LAST] | host", "prints what the user sees",
+    Step{"print", 1, 3, "CONTROL | GRID FIRST [LAST] | host",
+         "prints what the user sees; in a grid * is locked, + in order, ! incomplete",
          steps::print},
     Step{"expect", 2, 5,
          "CONTROL [enabled|visible|editable|required|caption|row|rows] = VALUE | "
