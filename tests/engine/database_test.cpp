@@ -12,11 +12,13 @@ namespace kebu::engine {
 namespace {
 
 class DatabaseFile : public testing::Test {
+ public:
+  DatabaseFile(const DatabaseFile&) = delete;
+  DatabaseFile& operator=(const DatabaseFile&) = delete;
+
  protected:
   DatabaseFile() { std::filesystem::create_directories(folder_); }
   ~DatabaseFile() override { std::filesystem::remove_all(folder_); }
-  DatabaseFile(const DatabaseFile&) = delete;
-  DatabaseFile& operator=(const DatabaseFile&) = delete;
   std::string path(const std::string& name) const { return (folder_ / name).string(); }
 
  private:
@@ -36,8 +38,8 @@ std::string openError(const std::string& path) {
 
 TEST_F(DatabaseFile, ReopensWithEverythingThatWasDefined) {
   {
-    Session session(Database::createFile(path("a.db")));
-    runScript(session, R"(
+    Session maker(Database::createFile(path("a.db")));
+    runScript(maker, R"(
 CREATE TABLE T (ID int IDENTITY(10,1) PRIMARY KEY, P decimal(9,2) NOT NULL DEFAULT 1.5, C varchar(3))
 GO
 CREATE VIEW V AS SELECT ID, P * 2 AS D FROM T
