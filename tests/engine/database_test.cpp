@@ -62,7 +62,7 @@ TEST_F(DatabaseFile, RefusesWhatIsNoDatabaseOfOurs) {
   EXPECT_NE(openError(path("missing.db")).find("no such"), std::string::npos);
   std::ofstream(path("text.db")) << std::string(2000, 'x');
   EXPECT_NE(openError(path("text.db")).find("not a database"), std::string::npos);
-  std::ofstream(path("empty.db"));
+  std::ofstream(path("empty.db")) << "";
   EXPECT_NE(openError(path("empty.db")).find("not a database of the workbench"), std::string::npos);
   EXPECT_NE(openError(path("")).find("no such"), std::string::npos);
 }
