@@ -55,5 +55,5 @@ build() {
   local log=build/$preset.log
   say "Building ($preset)"
   { cmake --preset "$preset" && cmake --build --preset "$preset" --parallel "$(nproc)" ${1:+--target "$@"}
-  } >"$log" 2>&1 || { grep -E -A5 'error|FAILED' "$log" | head -n 60 >&2; fail "the build failed, see $log"; }
+  } >"$log" 2>&1 || { { grep -i -E -A5 'error|FAILED' "$log" || tail -n 20 "$log"; } | head -n 60 >&2 || true; fail "the build failed, see $log"; }
 }
