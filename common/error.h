@@ -19,7 +19,11 @@ class RuntimeError : public std::exception {
   const std::string& description() const { return description_; }
   const std::string& source() const { return source_; }
   /// Whether a value was of the wrong kind or size: a slip of the user's pen.
-  bool isValueError() const { return number_ == 13 || number_ == 6; }
+  /// ADO says so of a text too long for its field with a number of its own.
+  bool isValueError() const {
+    constexpr std::int32_t textTooLong = -2147217887;
+    return number_ == 13 || number_ == 6 || number_ == textTooLong;
+  }
   const char* what() const noexcept override { return description_.c_str(); }
 
   static RuntimeError invalidCall();     ///< 5: an argument that the callee cannot take

@@ -24,9 +24,10 @@ bool isOffered(const std::string& key, RecordFrame& frame, const Rights& rights)
 
 }  // namespace
 
-NavigatorBar::NavigatorBar(std::string name, ControlHost& host, std::vector<std::string> keys)
+NavigatorBar::NavigatorBar(std::string name, ControlHost& host,
+                           const std::vector<std::string>& keys)
     : Control(std::move(name)), host_(host) {
-  for (std::string& key : keys) buttons_.push_back({key, key, false});
+  for (const std::string& key : keys) buttons_.push_back({key, key, false});
 }
 
 void NavigatorBar::bind(RecordFrame& frame) {

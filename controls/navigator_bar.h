@@ -24,7 +24,7 @@ class NavigatorBar : public Control {
     bool enabled = false;
   };
 
-  NavigatorBar(std::string name, ControlHost& host, std::vector<std::string> keys);
+  NavigatorBar(std::string name, ControlHost& host, const std::vector<std::string>& keys);
 
   void bind(RecordFrame& frame);
   void unbind();
@@ -38,12 +38,12 @@ class NavigatorBar : public Control {
   void translate(const Translator& translator) override;
 
   /// The gesture, by key or by the caption shown.
-  void press(const std::string& button);
+  void press(const std::string& name);
   /// A handler that sets the flag keeps the bar from acting itself.
   Event<bool&, const std::string&> ButtonClick;
 
  private:
-  Button* find(const std::string& button);
+  Button* find(const std::string& name);
   void act(const std::string& key);
 
   ControlHost& host_;

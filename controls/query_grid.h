@@ -53,7 +53,7 @@ class QueryGrid : public Control {
 
   void clearColumns();
   /// Captions and value lists pass through `translator`.
-  void addColumn(const GridColumn& column, const Translator& translator);
+  void addColumn(const GridColumn& definition, const Translator& translator);
   const std::vector<Column>& columns() const { return columns_; }
   void setKeyField(const std::string& field) { keyField_ = field; }
   const std::string& keyField() const { return keyField_; }
@@ -76,7 +76,8 @@ class QueryGrid : public Control {
   std::int32_t currentRow() const;
   Value cell(std::int32_t row, std::string_view field);
   /// What a person reads there: check cells as "1" or "0", codes by their captions.
-  std::string cellText(std::int32_t row, std::size_t column);
+  /// `index` among columns().
+  std::string cellText(std::int32_t row, std::size_t index);
   bool isLocked(std::int32_t row, const Column& column);
   /// Nothing when the row state is not kept or null.
   Value rowState(std::int32_t row);

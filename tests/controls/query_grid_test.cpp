@@ -120,6 +120,10 @@ TEST_F(QueryGridTest, LookupEntersTheChosenCodeOnly) {
   grid.lookup(2, "FORNITORE");
   EXPECT_EQ(first("SELECT FORNITORE FROM T WHERE ID = 2"), "F12");
   EXPECT_THROW(grid.lookup(1, "MISURA"), GestureRefused);
+  // A text longer than the column is told, too.
+  grid.edit(2, "FORNITORE", "F123456");
+  EXPECT_EQ(host.messages, (std::vector<std::string>{"Valore non valido: \"F123456\"."}));
+  EXPECT_EQ(grid.cellText(2, 5), "F12");
 }
 
 }  // namespace

@@ -35,7 +35,7 @@ class PlayerTest : public testing::Test {
   std::function<void()> onClick;
   std::weak_ptr<SampleForm> form;
   StandInHost host{[this] {
-                     const auto plugin = makeRef<SamplePlugin>(desktop);
+                     auto plugin = makeRef<SamplePlugin>(desktop);
                      form = plugin->form;
                      plugin->form->button.ButtonClick.on([this] {
                        if (onClick) onClick();

@@ -5,6 +5,7 @@
 
 #include "common/convert.h"
 #include "workbench/engine/ado_error.h"
+#include "workbench/engine/cast.h"
 #include "workbench/engine/field_value.h"
 
 namespace kebu::engine {
@@ -33,10 +34,15 @@ void RowWriter::send(Row& row) const {
                                                                     : remove(row);
   connection_.edit(statement.text, statement.command, statement.values);
   if (row.pending == Row::Pending::Insert) row.id = connection_.session().lastRowId();
-  if (row.pending == Row::Pending::Delete) {
-    row.gone = true;
-  } else {
-    readBack(row);
+  switch (row.pending) {
+    case Row::Pending::Insert:
+      readBack(row);
+      break;
+    case Row::Pending::Update:
+      keepAsStored(row);
+      break;
+    default:
+      row.gone = true;
   }
   row.pending = Row::Pending::Nothing;
   row.changed.clear();
@@ -113,7 +119,18 @@ std::string RowWriter::readableKey(const Row& row) const {
   return text;
 }
 
-/// What the database made of the row: identity, defaults, rounding.
+/// An update leaves nothing to be learnt from the database.
+void RowWriter::keepAsStored(Row& row) const {
+  for (const std::size_t field : row.changed) {
+    const SqlType& type = rows_.types[field];
+    Value& value = row.values[field];
+    value = castTo(value, type);
+    if (type.kind == TypeKind::Guid && !value.isNull()) value = "{" + toText(value) + "}";
+  }
+  row.original = row.values;
+}
+
+/// What the database made of a new row: identity, defaults, rounding.
 void RowWriter::readBack(Row& row) const {
   std::string list;
   for (const auto& column : rows_.columns) {

@@ -25,6 +25,7 @@ class RowWriter {
   Statement update(const Row& row) const;
   Statement remove(const Row& row) const;
   std::string readableKey(const Row& row) const;
+  void keepAsStored(Row& row) const;
   void readBack(Row& row) const;
 
   AdoConnection& connection_;

@@ -26,8 +26,8 @@ class ModelHands : public Hands {
   void lookupCell(const std::string& grid, std::int32_t row, const std::string& field) override;
   void activateWindow() override;
 
-  ControlView look(const std::string& control, const RowRange& rows) override;
-  std::string value(const std::string& control) override;
+  ControlView look(const std::string& name, const RowRange& rows) override;
+  std::string value(const std::string& name) override;
   std::string cellText(const std::string& grid, std::int32_t row,
                        const std::string& field) override;
   bool isButtonEnabled(const std::string& bar, const std::string& button) override;

@@ -73,7 +73,7 @@ class FRMKB_ANAGRAFICA : public controls::Form {
   bool RichiestaConfermaModifiche(controls::RecordFrame* frame, std::int32_t view,
                                   bool restoreStatus, bool cancellable);
   void ChangeStatus(controls::RecordFrame& frame);
-  void VisualizzaVista(std::int32_t view);
+  void VisualizzaVista(std::int32_t number);
   void NascondiViste();
   void SBAR_MAIN_OnClickItemLink(const controls::SideBar::Link& link);
   void VLT_RESIZEFORM1_Setup();
