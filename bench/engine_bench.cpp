@@ -57,7 +57,7 @@ void fill(Target& target, const std::vector<std::string>& texts) {
   for (const auto& text : texts) target.execute(text);
 }
 
-void InsertTextsSqlite(benchmark::State& state) {
+void InsertTexts_floor(benchmark::State& state) {
   const auto texts = inserts("PREZZI");
   for (auto _ : state) {
     state.PauseTiming();
@@ -71,7 +71,7 @@ void InsertTextsSqlite(benchmark::State& state) {
   }
 }
 
-void InsertTextsEngine(benchmark::State& state) {
+void InsertTexts(benchmark::State& state) {
   const auto texts = inserts("PREZZI");
   for (auto _ : state) {
     state.PauseTiming();
@@ -101,7 +101,7 @@ void prepareMerge(Target& target) {
   target.execute("UPDATE NUOVI SET DITTA = 2 WHERE NUM >= 5");
 }
 
-void MergeSqlite(benchmark::State& state) {
+void Merge_floor(benchmark::State& state) {
   for (auto _ : state) {
     state.PauseTiming();
     auto target = std::make_unique<Plain>();
@@ -121,7 +121,7 @@ void MergeSqlite(benchmark::State& state) {
   }
 }
 
-void MergeEngine(benchmark::State& state) {
+void Merge(benchmark::State& state) {
   for (auto _ : state) {
     state.PauseTiming();
     auto target = std::make_unique<Session>(Database::createInMemory());
@@ -140,9 +140,9 @@ void MergeEngine(benchmark::State& state) {
   }
 }
 
-BENCHMARK(InsertTextsSqlite)->Unit(benchmark::kMillisecond);
-BENCHMARK(InsertTextsEngine)->Unit(benchmark::kMillisecond);
-BENCHMARK(MergeSqlite)->Unit(benchmark::kMillisecond);
-BENCHMARK(MergeEngine)->Unit(benchmark::kMillisecond);
+BENCHMARK(InsertTexts_floor)->Unit(benchmark::kMillisecond);
+BENCHMARK(InsertTexts)->Unit(benchmark::kMillisecond);
+BENCHMARK(Merge_floor)->Unit(benchmark::kMillisecond);
+BENCHMARK(Merge)->Unit(benchmark::kMillisecond);
 
 }  // namespace

@@ -16,6 +16,8 @@ class ExpressionParser {
 
   /// A value.
   ast::ExprPtr expression() { return binary(0); }
+  /// A value without operators around it, where an operator's sign means something else.
+  ast::ExprPtr primary();
   /// A condition: OR of ANDs.
   ast::ExprPtr condition();
   std::vector<ast::OrderItem> orderItems();
@@ -32,7 +34,6 @@ class ExpressionParser {
   ExprPtr comparisonTail(ExprPtr left);
   ExprPtr binary(int level);
   ExprPtr unary();
-  ExprPtr primary();
   ExprPtr literal();
   ExprPtr caseExpression();
   ExprPtr castExpression();

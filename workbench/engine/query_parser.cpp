@@ -96,9 +96,8 @@ ast::Select QueryParser::select() {
   result.distinct = reader_.accept("DISTINCT");
   if (!result.distinct) reader_.accept("ALL");
   if (reader_.accept("TOP")) {
-    const bool parenthesis = reader_.acceptSymbol("(");
-    result.top = expressions_.expression();
-    if (parenthesis) reader_.expectSymbol(")");
+    // Of "TOP 3 *" the star is every column, not a product.
+    result.top = expressions_.primary();
     if (reader_.isAny({"PERCENT"})) reader_.fail("TOP … PERCENT is not known");
   }
   commaSeparated(reader_, [&] { result.items.push_back(selectItem()); });
