@@ -112,7 +112,6 @@ void OpenWindow_floor(benchmark::State& state) {
   Workplace workplace;
   const Statements statements = workplace.statementsOf([&] { workplace.open(); });
   workplace.close();
-  state.counters["statements"] = static_cast<double>(statements.size());
   for (auto _ : state) {
     // The window works on a connection of its own, too.
     auto session = std::make_unique<engine::Session>(workplace.database());
@@ -137,7 +136,6 @@ void SaveProfile_floor(benchmark::State& state) {
   // An edit names the row's values before it, so that two saves take turns.
   const Statements saves[] = {workplace.statementsOf([&] { workplace.save(); }),
                               workplace.statementsOf([&] { workplace.save(); })};
-  state.counters["statements"] = static_cast<double>(saves[0].size());
   engine::Session session(workplace.database());
   std::size_t turn = 0;
   for (auto _ : state) replay(session, saves[turn++ % std::size(saves)]);
