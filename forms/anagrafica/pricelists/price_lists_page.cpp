@@ -102,10 +102,12 @@ PriceListsPage::PriceListsPage(PageContext& context, ProgressDisplay& progress)
   QGRID_LISTINI.OnEditing.on(
       [this](const std::string& field, bool& cancel) { QGRID_LISTINI_OnEditing(field, cancel); });
   QGRID_LISTINI.OnEdited.on([this](const std::string& field) { QGRID_LISTINI_OnEdited(field); });
-  QGRID_LISTINI.SelectionBoxClick.on(
-      [this](const std::string& field, bool&) { QGRID_LISTINI_SelectionBoxClick(field); });
-  QGRID_LISTINI.SelectAllClickEXT.on(
-      [this](const std::string& field, bool, bool&) { QGRID_LISTINI_SelectAllClickEXT(field); });
+  QGRID_LISTINI.SelectionBoxClick.on([this](const std::string& field, bool&) {
+    flagClicked("QGRID_LISTINI_SelectionBoxClick", field);
+  });
+  QGRID_LISTINI.SelectAllClickEXT.on([this](const std::string& field, bool, bool&) {
+    flagClicked("QGRID_LISTINI_SelectAllClickEXT", field);
+  });
   QGRID_LISTINI.StartLookup.on(
       [this](const std::string& field, Value& code) { QGRID_LISTINI_StartLookup(field, code); });
   QGRID_LISTINI.DataFormatEXT.on(
@@ -186,7 +188,6 @@ void PriceListsPage::QGRID_LISTINI_OnEdited(const std::string& field) {
       if (type == typeBefore_) return;
       FormattaRecordListini(type);
     }
-    // Check cells were marked by their own click.
     context_.profile.markModified();
   });
 }
@@ -203,16 +204,8 @@ void PriceListsPage::FormattaRecordListini(std::int32_t type) {
   });
 }
 
-void PriceListsPage::QGRID_LISTINI_SelectionBoxClick(const std::string& field) {
-  trap(context_.services, "QGRID_LISTINI_SelectionBoxClick", [&](Steps&) {
-    if (field == "GM57_FLGATTIVO" || field == "GM57_FLGINCLUDISCONTI") {
-      context_.profile.markModified();
-    }
-  });
-}
-
-void PriceListsPage::QGRID_LISTINI_SelectAllClickEXT(const std::string& field) {
-  trap(context_.services, "QGRID_LISTINI_SelectAllClickEXT", [&](Steps&) {
+void PriceListsPage::flagClicked(const char* procedure, const std::string& field) {
+  trap(context_.services, procedure, [&](Steps&) {
     if (field == "GM57_FLGATTIVO" || field == "GM57_FLGINCLUDISCONTI") {
       context_.profile.markModified();
     }

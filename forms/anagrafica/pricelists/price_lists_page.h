@@ -35,8 +35,8 @@ class PriceListsPage {
   std::string GetStringaSqlLookup(std::int32_t type);
   void QGRID_LISTINI_OnEditing(const std::string& field, bool& cancel);
   void QGRID_LISTINI_OnEdited(const std::string& field);
-  void QGRID_LISTINI_SelectionBoxClick(const std::string& field);
-  void QGRID_LISTINI_SelectAllClickEXT(const std::string& field);
+  /// QGRID_LISTINI_SelectionBoxClick and QGRID_LISTINI_SelectAllClickEXT.
+  void flagClicked(const char* procedure, const std::string& field);
   void QGRID_LISTINI_StartLookup(const std::string& field, Value& code);
   void QGRID_LISTINI_DataFormatEXT(std::int32_t row, const std::string& field, std::string& text);
   void BTN_AGGLISTINI_ButtonClick();
