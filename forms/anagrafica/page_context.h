@@ -44,7 +44,6 @@ class PageContext {
   std::optional<Value> choose(const host::LookupDefinition& definition) const;
 
   std::string translate(const std::string& text) const { return services.TranslateString(text); }
-  void repaint() const { runtime_.desktop.repaint(); }
 
  private:
   Runtime runtime_;
