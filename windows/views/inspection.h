@@ -1,0 +1,55 @@
+#pragma once
+
+#include <windows.h>
+
+#include <cstdint>
+
+namespace kebu::windows {
+
+/// What can be asked about.
+enum class Inspected : std::uint32_t {
+  Control,  ///< the control itself
+  Row,      ///< a row of a grid or list; `row` from 1
+  Cell,     ///< `row`, and the column by `key` (its field) or `index`
+  Column,   ///< a column's head, by `key` (its field) or `index`
+  TickAll,  ///< the box in a column's head that sets all of its cells
+  Item,     ///< a bar's button, a side bar's link, a combo's row, a status panel:
+            ///< by `key` (button key, view number, code) or `index`
+  Lookup,   ///< the button that opens the look-up of an edit box
+};
+
+/// What an onlooker (a screen reader, a test) may ask of a window of this
+/// system: which control is where, and what its looks alone do not tell. It is
+/// sent to a form or look-up window with SendMessage(inspectMessage(), 0,
+/// address); the answer is 1 when the part is there, else 0.
+struct Inspection {
+  std::uint32_t size = sizeof(Inspection);
+  Inspected part = Inspected::Control;
+  wchar_t control[64] = {};  ///< its name, case aside; "" for the window itself
+  wchar_t key[128] = {};     ///< "" to go by `index`
+  std::int32_t row = 0;      ///< from 1
+  std::int32_t index = 0;    ///< from 0
+
+  // The answer.
+  HWND window = nullptr;  ///< of the control; null for one that has no looks
+  RECT bounds = {};       ///< of the part, in `window`'s client area; empty when out of sight
+  BOOL enabled = FALSE;
+  BOOL visible = FALSE;
+  std::int32_t count = 0;    ///< a grid's or list's rows; a bar's items; a combo's rows
+  std::int32_t columns = 0;  ///< a grid's or list's columns
+  std::int32_t current =
+      0;                    ///< a grid's current row, from 1; a chosen item's index + 1; 0 for none
+  wchar_t kind[32] = {};    ///< the model's class: "EditBox", "QueryGrid", …
+  wchar_t name[128] = {};   ///< of the control; of a part its key: field, button key, view, code
+  wchar_t text[2048] = {};  ///< as people read it
+  wchar_t marks[128] = {};  ///< blank-separated: "read-only required masked look-up locked
+                            ///< chosen running animated no-record", a row's state
+};
+
+/// The number of the message, the same for every process.
+inline UINT inspectMessage() {
+  static const UINT number = RegisterWindowMessageW(L"kebu.inspect");
+  return number;
+}
+
+}  // namespace kebu::windows
