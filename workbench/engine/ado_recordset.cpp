@@ -137,6 +137,7 @@ void AdoRecordset::MovePrevious() {
 std::int32_t AdoRecordset::RecordCount() const {
   static_cast<void>(rows());
   if (cursorType_ == ado::CursorType::ForwardOnly) return -1;
+  if (allVisible()) return static_cast<std::int32_t>(count());
   std::int32_t number = 0;
   for (std::int64_t i = nextVisible(-1, 1); i < count(); i = nextVisible(i, 1)) ++number;
   return number;
@@ -145,6 +146,7 @@ std::int32_t AdoRecordset::RecordCount() const {
 std::int32_t AdoRecordset::AbsolutePosition() const {
   static_cast<void>(rows());
   if (!atRow()) return -1;
+  if (allVisible()) return static_cast<std::int32_t>(position_ + 1);
   std::int32_t place = 1;
   for (std::int64_t i = nextVisible(-1, 1); i < position_; i = nextVisible(i, 1)) ++place;
   return place;
@@ -153,7 +155,11 @@ std::int32_t AdoRecordset::AbsolutePosition() const {
 void AdoRecordset::setAbsolutePosition(std::int32_t position) {
   settleEdit();
   std::int64_t found = -1;
-  for (std::int32_t i = 0; i < position && found < count(); ++i) found = nextVisible(found, 1);
+  if (allVisible()) {
+    found = position - 1;
+  } else {
+    for (std::int32_t i = 0; i < position && found < count(); ++i) found = nextVisible(found, 1);
+  }
   if (position < 1 || found >= count()) throw adoerror::badArgument();
   moveTo(found);
 }

@@ -72,6 +72,7 @@ void AdoRecordset::Delete() {
   if (edit_ && edit_->isNew) throw adoerror::notInContext();
   Row& row = current();
   edit_.reset();
+  rows().anyDeleted = true;
   if (row.pending == Row::Pending::Insert) {
     row.gone = true;  // the database never had it
     return;
@@ -97,6 +98,7 @@ void AdoRecordset::CancelBatch() {
     if (row.pending == Row::Pending::Nothing) continue;
     if (row.pending == Row::Pending::Insert) {
       row.gone = true;
+      rows().anyDeleted = true;
     } else {
       row.values = row.original;
     }

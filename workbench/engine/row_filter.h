@@ -15,6 +15,7 @@ class RowFilter {
   RowFilter(const std::string& text, const RowSet& rows);
 
   bool passes(const Values& values) const;
+  bool passesAll() const { return conditions_.empty(); }
 
  private:
   struct Condition {

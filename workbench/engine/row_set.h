@@ -34,6 +34,7 @@ struct RowSet {
   std::string table;                 ///< "" when the rows cannot be written back
   std::vector<std::string> columns;  ///< of the table, behind the fields
   std::vector<Row> rows;
+  bool anyDeleted = false;  ///< some row is gone, or on its way
 
   explicit RowSet(ResultSet result);
   std::size_t indexOf(std::string_view field) const;
