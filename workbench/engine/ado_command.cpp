@@ -14,7 +14,7 @@ void AdoCommand::setActiveConnection(const Ref<ado::Connection>& connection) {
 
 void AdoCommand::setCommandText(const std::string& procedure) {
   procedure_ = procedure;
-  values_.clear();
+  description_.reset();
 }
 
 AdoConnection& AdoCommand::connection() const {
@@ -22,22 +22,30 @@ AdoConnection& AdoCommand::connection() const {
   return *connection_;
 }
 
+const std::vector<ast::Parameter>& AdoCommand::parameters() {
+  if (!description_) {
+    description_ = connection().session().procedure(procedure_);
+    given_.assign(description_->tree.parameters.size(), std::nullopt);
+  }
+  return description_->tree.parameters;
+}
+
 void AdoCommand::setParameter(std::string_view name, const Value& value) {
-  const auto& parameters = connection().session().parametersOf(procedure_);
-  const auto found = std::find_if(
-      parameters.begin(), parameters.end(),
-      [&](const ast::Parameter& parameter) { return equalsIgnoringCase(parameter.name, name); });
-  if (found == parameters.end()) throw adoerror::noSuchItem();
-  values_[toUpperAscii(name)] = forField(value, found->type);
+  const auto& all = parameters();
+  const auto found = std::find_if(all.begin(), all.end(), [&](const ast::Parameter& parameter) {
+    return equalsIgnoringCase(parameter.name, name);
+  });
+  if (found == all.end()) throw adoerror::noSuchItem();
+  given_[static_cast<std::size_t>(found - all.begin())] = forField(value, found->type);
 }
 
 void AdoCommand::Execute() {
   std::string text = "EXEC " + procedure_;
   const char* separator = " ";
-  for (const auto& parameter : connection().session().parametersOf(procedure_)) {
-    const auto given = values_.find(toUpperAscii(parameter.name));
-    if (given == values_.end()) continue;
-    text += separator + parameter.name + " = " + sqlText(given->second);
+  const auto& all = parameters();
+  for (std::size_t i = 0; i < all.size(); ++i) {
+    if (!given_[i]) continue;
+    text += separator + all[i].name + " = " + sqlText(*given_[i]);
     separator = ", ";
   }
   connection().run(text);

@@ -1,8 +1,9 @@
 #pragma once
 
-#include <map>
 #include <memory>
+#include <optional>
 #include <string>
+#include <vector>
 
 #include "ado/command.h"
 #include "workbench/engine/ado_connection.h"
@@ -19,10 +20,12 @@ class AdoCommand : public ado::Command {
 
  private:
   AdoConnection& connection() const;
+  const std::vector<ast::Parameter>& parameters();
 
   std::shared_ptr<AdoConnection> connection_;
   std::string procedure_;
-  std::map<std::string, Value> values_;  ///< by the names in capitals
+  ModulePtr description_;                    ///< from the first use on
+  std::vector<std::optional<Value>> given_;  ///< one place a parameter
 };
 
 }  // namespace kebu::engine

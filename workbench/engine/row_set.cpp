@@ -23,9 +23,14 @@ RowSet::RowSet(ResultSet result)
 }
 
 std::size_t RowSet::indexOf(std::string_view field) const {
-  const auto found = std::find_if(fields.begin(), fields.end(), [&](const ado::Field& candidate) {
-    return equalsIgnoringCase(candidate.name, field);
-  });
+  // Nearly everyone writes a name as the table does; that is the quicker look.
+  auto found = std::find_if(fields.begin(), fields.end(),
+                            [&](const ado::Field& candidate) { return candidate.name == field; });
+  if (found == fields.end()) {
+    found = std::find_if(fields.begin(), fields.end(), [&](const ado::Field& candidate) {
+      return equalsIgnoringCase(candidate.name, field);
+    });
+  }
   if (found == fields.end()) throw adoerror::noSuchItem();
   return static_cast<std::size_t>(found - fields.begin());
 }

@@ -1,6 +1,7 @@
 #include "workbench/engine/row_writer.h"
 
 #include <algorithm>
+#include <string_view>
 #include <utility>
 
 #include "common/convert.h"
@@ -12,7 +13,7 @@ namespace kebu::engine {
 namespace {
 
 std::string bracketed(const std::string& name) {
-  return "[" + replaceAll(name, "]", "]]") + "]";
+  return "[" + (name.find(']') == std::string::npos ? name : replaceAll(name, "]", "]]")) + "]";
 }
 
 std::string variableName(std::size_t field) {
@@ -70,18 +71,26 @@ RowWriter::Statement RowWriter::insert(const Row& row) const {
 
 RowWriter::Statement RowWriter::update(const Row& row) const {
   Statement statement;
-  std::string texts;
-  std::string variables;
+  statement.values.reserve(row.changed.size() + 1);
+  statement.text.reserve(1024);
+  statement.command.reserve(1024);
+  const auto write = [&](std::string_view piece) {
+    statement.text += piece;
+    statement.command += piece;
+  };
+  write("UPDATE " + bracketed(rows_.table) + " SET ");
   for (const std::size_t field : row.changed) {
-    const std::string column =
-        (texts.empty() ? "" : ", ") + bracketed(rows_.columns[field]) + " = ";
-    texts += column + sqlText(row.values[field]);
-    variables += column + variableName(field);
-    statement.values.push_back({variableName(field), rows_.types[field], row.values[field]});
+    const Value& value = row.values[field];
+    const Preset& preset =
+        statement.values.emplace_back(Preset{variableName(field), rows_.types[field], value});
+    write(statement.values.size() == 1 ? "" : ", ");
+    write(bracketed(rows_.columns[field]));
+    write(" = ");
+    statement.text += sqlText(value);
+    statement.command += preset.name;
   }
-  const std::string head = "UPDATE " + bracketed(rows_.table) + " SET ";
-  statement.text = head + texts + readableKey(row);
-  statement.command = head + variables + thisRow;
+  statement.text += readableKey(row);
+  statement.command += thisRow;
   statement.values.push_back(rowId(row));
   return statement;
 }
@@ -127,7 +136,7 @@ void RowWriter::keepAsStored(Row& row) const {
     value = castTo(value, type);
     if (type.kind == TypeKind::Guid && !value.isNull()) value = "{" + toText(value) + "}";
   }
-  row.original = row.values;
+  for (const std::size_t field : row.changed) row.original[field] = row.values[field];
 }
 
 /// What the database made of a new row: identity, defaults, rounding.

@@ -139,15 +139,15 @@ std::int64_t Session::lastRowId() const {
   return sqlite3_last_insert_rowid(database_->handle());
 }
 
-const std::vector<ast::Parameter>& Session::parametersOf(const std::string& procedure) const {
-  const auto tokens = tokenize(procedure);
-  const ModulePtr module =
-      tokens.size() < 2 ? nullptr
-                        : database_->catalogue().module({{nameOf(tokens[tokens.size() - 2])}, {}});
+ModulePtr Session::procedure(const std::string& name) const {
+  const auto tokens = tokenize(name);
+  ModulePtr module = tokens.size() < 2
+                         ? nullptr
+                         : database_->catalogue().module({{nameOf(tokens[tokens.size() - 2])}, {}});
   if (!module || module->tree.kind != ast::ModuleKind::Procedure) {
-    throw SqlError(2812, "Could not find stored procedure '" + procedure + "'.");
+    throw SqlError(2812, "Could not find stored procedure '" + name + "'.");
   }
-  return module->tree.parameters;
+  return module;
 }
 
 Value Session::globalVariable(const std::string& name) const {

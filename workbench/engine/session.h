@@ -56,8 +56,8 @@ class Session {
   std::optional<std::int64_t> lastIdentity() const { return lastIdentity_; }
   /// The id of the row last inserted.
   std::int64_t lastRowId() const;
-  /// Of a stored procedure. SqlError 2812 when there is none of the name.
-  const std::vector<ast::Parameter>& parametersOf(const std::string& procedure) const;
+  /// A stored procedure. SqlError 2812 when there is none of the name.
+  ModulePtr procedure(const std::string& name) const;
 
   int id() const { return id_; }
   Database& database() const { return *database_; }
