@@ -63,9 +63,9 @@ Theme::Theme(int dpi)
   TEXTMETRICW text{};
   GetTextMetricsW(screen.get(), &text);
   metrics_.lineHeight = static_cast<int>(text.tmHeight);
-  metrics_.textWidth = [this](const std::string& measured) {
+  metrics_.textWidth = [font = font()](const std::string& measured) {
     const ScreenDc dc;
-    const Selected with(dc.get(), font());
+    const Selected with(dc.get(), font);
     const std::wstring wide = toWide(measured);
     SIZE size{};
     GetTextExtentPoint32W(dc.get(), wide.c_str(), static_cast<int>(wide.size()), &size);

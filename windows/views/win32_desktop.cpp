@@ -37,12 +37,13 @@ HWND Win32Desktop::ownerFor(const controls::Form* form) const {
 
 void Win32Desktop::show(controls::Form& form) {
   const CommonControls::Scope scope(commonControls_);
-  auto& shown = shown_[&form];
-  if (!shown) {
-    shown = std::make_unique<Shown>();
+  auto at = shown_.find(&form);
+  if (at == shown_.end()) {
+    auto shown = std::make_unique<Shown>();
     shown->window = std::make_unique<FormWindow>(module_, form, ownerFor(&form));
+    at = shown_.emplace(&form, std::move(shown)).first;
   }
-  shown->window->show();
+  at->second->window->show();
 }
 
 void Win32Desktop::hide(controls::Form& form) {
