@@ -39,20 +39,20 @@ class MadeUpRows : public ado::Recordset, public std::enable_shared_from_this<Ma
   void setFilter(const std::string&) override {}
   std::string filter() const override { return {}; }
   const std::vector<ado::Field>& fields() const override {
-    static const std::vector<ado::Field> all{{"CODE"}, {"DESCR"}, {"ACTIVE"}, {"KIND"},
+    static const std::vector<ado::Field> all{{"CODE"},     {"DESCR"}, {"ACTIVE"}, {"KIND"},
                                              {"QUANTITY"}, {"CODE2"}, {"STATO"}};
     return all;
   }
   Value value(std::string_view field) const override {
     const auto& all = fields();
-    const auto at = std::find_if(all.begin(), all.end(),
-                                 [&](const ado::Field& f) { return f.name == field; });
+    const auto at =
+        std::find_if(all.begin(), all.end(), [&](const ado::Field& f) { return f.name == field; });
     return at_(position_, static_cast<std::size_t>(at - all.begin()));
   }
   void setValue(std::string_view field, const Value& value) override {
     const auto& all = fields();
-    const auto at = std::find_if(all.begin(), all.end(),
-                                 [&](const ado::Field& f) { return f.name == field; });
+    const auto at =
+        std::find_if(all.begin(), all.end(), [&](const ado::Field& f) { return f.name == field; });
     (*edits_)[{position_, static_cast<std::size_t>(at - all.begin())}] = value;
   }
   Value originalValue(std::string_view field) const override { return value(field); }
@@ -79,13 +79,20 @@ class MadeUpRows : public ado::Recordset, public std::enable_shared_from_this<Ma
     const auto edited = edits_->find({row, field});
     if (edited != edits_->end()) return edited->second;
     switch (field) {
-      case 0: return "ART" + std::to_string(100000 + row);
-      case 1: return "Articolo di prova numero " + std::to_string(row);
-      case 2: return static_cast<std::int16_t>(row % 3 == 0 ? 1 : 0);
-      case 3: return row % 4;
-      case 4: return row % 50;
-      case 5: return row % 2 ? Value(Null{}) : Value("00" + std::to_string(row % 7));
-      default: return row % 5 == 0 ? 2 : 1;
+      case 0:
+        return "ART" + std::to_string(100000 + row);
+      case 1:
+        return "Articolo di prova numero " + std::to_string(row);
+      case 2:
+        return static_cast<std::int16_t>(row % 3 == 0 ? 1 : 0);
+      case 3:
+        return row % 4;
+      case 4:
+        return row % 50;
+      case 5:
+        return row % 2 ? Value(Null{}) : Value("00" + std::to_string(row % 7));
+      default:
+        return row % 5 == 0 ? 2 : 1;
     }
   }
 

@@ -39,8 +39,10 @@ class MessageBoxHost : public ControlHost {
   }
 };
 
-constexpr ValueListItem kinds[] = {
-    {0, "Nessuna"}, {1, "Listino Anagrafico articolo"}, {2, "Listino Articolo/Deposito"}, {3, "Da Priorità"}};
+constexpr ValueListItem kinds[] = {{0, "Nessuna"},
+                                   {1, "Listino Anagrafico articolo"},
+                                   {2, "Listino Articolo/Deposito"},
+                                   {3, "Da Priorità"}};
 constexpr GridColumn gridColumns[] = {
     {"CODE", "Codice", 1500, ColumnKind::Text},
     {"DESCR", "Descrizione", 3600, ColumnKind::Text},
@@ -76,7 +78,8 @@ class Gallery : public Form {
     add(profile, "TXT_NOTE", "Note");
     EditBox& document = add(import, "TXT_DOC", "Documento ordini web");
     document.setDescription(documentText);
-    document.StartDecode.on([](const std::string& c, std::string& d) { d = "Ordine cliente " + c; });
+    document.StartDecode.on(
+        [](const std::string& c, std::string& d) { d = "Ordine cliente " + c; });
     document.StartLookup.on([this](EditBox& box) {
       LookupList list("Elenco documenti", {"Documento", "Descrizione"},
                       Ref<ado::Recordset>(std::make_shared<windows::MadeUpRows>(5000)));
@@ -197,6 +200,21 @@ void pumpWaiting() {
   }
 }
 
+/// The system's counts, and the numbers that the next objects get: where the
+/// system does not count, these grow with what is not given back.
+void tellHandles(int cycles) {
+  HBRUSH brush = CreateSolidBrush(RGB(1, 2, 3));
+  HWND window =
+      CreateWindowExW(0, L"STATIC", L"", WS_POPUP, 0, 0, 1, 1, nullptr, nullptr, nullptr, nullptr);
+  std::printf("after %d: GDI %lu USER %lu, next brush %u, next window %u\n", cycles,
+              GetGuiResources(GetCurrentProcess(), GR_GDIOBJECTS),
+              GetGuiResources(GetCurrentProcess(), GR_USEROBJECTS),
+              LOWORD(reinterpret_cast<UINT_PTR>(brush)),
+              LOWORD(reinterpret_cast<UINT_PTR>(window)));
+  DestroyWindow(window);
+  DeleteObject(brush);
+}
+
 void cycle(Desktop& desktop, int times) {
   for (int i = 0; i <= times; ++i) {
     auto form = std::make_shared<Gallery>(desktop, 1000);
@@ -209,10 +227,7 @@ void cycle(Desktop& desktop, int times) {
     form->Unload();
     form.reset();
     pumpWaiting();
-    if (i == 5 || i == times) {
-      std::printf("after %d: GDI %lu USER %lu\n", i, GetGuiResources(GetCurrentProcess(), 0),
-                  GetGuiResources(GetCurrentProcess(), 1));
-    }
+    if (i == 5 || i == times) tellHandles(i);
   }
 }
 

@@ -20,8 +20,8 @@ CheckBoxView::~CheckBoxView() {
 void CheckBoxView::place(const layout::Placement& placement) {
   // As wide as its text, so that a click beside it does nothing.
   layout::Rect bounds = placement.bounds;
-  bounds.width = std::min(bounds.width,
-                          theme().metrics().textWidth(model_.caption()) + theme().px(28));
+  bounds.width =
+      std::min(bounds.width, theme().metrics().textWidth(model_.caption()) + theme().px(28));
   moveWindow(window_, bounds);
   ShowWindow(window_, bounds.isEmpty() ? SW_HIDE : SW_SHOWNA);
 }

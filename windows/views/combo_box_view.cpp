@@ -8,6 +8,12 @@
 
 namespace kebu::windows {
 
+namespace {
+
+constexpr int listHeight = 280;  // in 96ths of an inch
+
+}  // namespace
+
 ComboBoxView::ComboBoxView(ViewSite& site, controls::ComboBox& model, HWND parent)
     : FieldView(site, model, "ComboBox", parent), model_(model) {
   setHandle(createStock(L"COMBOBOX", WS_TABSTOP | WS_VSCROLL | CBS_DROPDOWNLIST | CBS_HASSTRINGS, 0,
@@ -15,7 +21,10 @@ ComboBoxView::ComboBoxView(ViewSite& site, controls::ComboBox& model, HWND paren
 }
 
 void ComboBoxView::place(const layout::Placement& placement) {
-  FieldView::place(placement);
+  // The height of a combo is that of its open list.
+  layout::Placement open = placement;
+  if (!open.bounds.isEmpty()) open.bounds.height += theme().px(listHeight);
+  FieldView::place(open);
   applyTheme();
 }
 

@@ -17,10 +17,8 @@ FieldView::~FieldView() {
 void FieldView::place(const layout::Placement& placement) {
   moveWindow(caption_, placement.caption);
   ShowWindow(caption_, placement.caption.isEmpty() ? SW_HIDE : SW_SHOWNA);
-  // A combo's height is its list's too.
-  layout::Rect bounds = placement.bounds;
-  moveWindow(control_, bounds);
-  ShowWindow(control_, bounds.isEmpty() ? SW_HIDE : SW_SHOWNA);
+  moveWindow(control_, placement.bounds);
+  ShowWindow(control_, placement.bounds.isEmpty() ? SW_HIDE : SW_SHOWNA);
 }
 
 void FieldView::refresh() {

@@ -45,8 +45,7 @@ const controls::Control& outermost(const controls::Control& control) {
 
 FormWindow::FormWindow(HINSTANCE module, controls::Form& form, HWND owner)
     : module_(module), form_(form) {
-  create(module,
-         {L"kebu.form", WS_OVERLAPPEDWINDOW | WS_CLIPCHILDREN, WS_EX_CONTROLPARENT}, owner,
+  create(module, {L"kebu.form", WS_OVERLAPPEDWINDOW | WS_CLIPCHILDREN, WS_EX_CONTROLPARENT}, owner,
          {form.left(), form.top(), form.left() + usualSize.width, form.top() + usualSize.height},
          toWide(form.caption()));
   theme_ = std::make_unique<Theme>(static_cast<int>(GetDpiForWindow(handle())));
@@ -177,7 +176,8 @@ void FormWindow::arrangePages(const layout::Rect& place) {
   const bool isGone = shownPage_ && !shownPage_->isVisible();
   if (isGone) shownPage_ = nullptr;
   for (const auto& [page, window] : pages_) {
-    const bool appeared = page->isVisible() && page != shownPage_ && !IsWindowVisible(window->handle());
+    const bool appeared =
+        page->isVisible() && page != shownPage_ && !IsWindowVisible(window->handle());
     const bool wasCovered = GetPropW(window->handle(), L"kebu.covered") != nullptr;
     if (page->isVisible() && (!shownPage_ || (appeared && !wasCovered))) shownPage_ = page;
   }
@@ -248,18 +248,25 @@ void FormWindow::changeDpi(int dpi, const RECT& suggested) {
 // ---- showing
 
 void FormWindow::show() {
+  const bool wasShown = IsWindowVisible(handle()) != 0;
   showing_ = true;
   SetWindowPos(handle(), nullptr, form_.left(), form_.top(), 0, 0,
                SWP_NOSIZE | SWP_NOZORDER | SWP_NOACTIVATE);
   ShowWindow(handle(), IsIconic(handle()) ? SW_RESTORE : SW_SHOW);
   SetForegroundWindow(handle());
   layOut();
-  if (!IsChild(handle(), GetFocus())) focusFirst();
+  if (!wasShown) focusFirst();
   showing_ = false;
 }
 
 void FormWindow::paintNow() {
   if (layoutWanted_) layOut();
+  for (View* view : inOrder_) {
+    // It moves even where nothing pumps its timer.
+    if (dynamic_cast<controls::ProgressBar*>(&view->control()) && view->control().isVisible()) {
+      view->refresh();
+    }
+  }
   RedrawWindow(handle(), nullptr, nullptr, RDW_UPDATENOW | RDW_ALLCHILDREN);
 }
 
@@ -320,8 +327,9 @@ std::function<void()> FormWindow::actionFor(const Key& key) {
   if (!IsWindowEnabled(handle())) return {};
   if (key.mnemonic) {
     const bool isAscii = key.code > ' ' && key.code < 128;
-    return isAscii ? mnemonicAction(toUpperAscii(std::string(1, static_cast<char>(key.code))).front())
-                   : std::function<void()>();
+    return isAscii
+               ? mnemonicAction(toUpperAscii(std::string(1, static_cast<char>(key.code))).front())
+               : std::function<void()>();
   }
   View* const focused = viewOf(GetFocus());
   if (focused) {

@@ -16,6 +16,7 @@ namespace {
 constexpr UINT discardEditor = WM_APP + 10;
 constexpr int leastColumn = 28;  // in 96ths of an inch
 constexpr int edgeReach = 4;
+constexpr int openList = 280;  // the height of a value list
 
 bool isTyped(ColumnKind kind) {
   return kind == ColumnKind::Number || kind == ColumnKind::Lookup;
@@ -128,13 +129,23 @@ GridControl::Hit GridControl::hitTest(POINT point) const {
 
 void GridControl::updateScrollBars() {
   topRow_ = std::clamp(topRow_, 1, lastTopRow());
-  SCROLLINFO vertical{sizeof vertical, SIF_RANGE | SIF_PAGE | SIF_POS, 1,
-                      std::max(source_.rowCount(), 1), static_cast<UINT>(visibleRows()), topRow_, 0};
+  SCROLLINFO vertical{sizeof vertical,
+                      SIF_RANGE | SIF_PAGE | SIF_POS,
+                      1,
+                      std::max(source_.rowCount(), 1),
+                      static_cast<UINT>(visibleRows()),
+                      topRow_,
+                      0};
   SetScrollInfo(handle(), SB_VERT, &vertical, TRUE);
   const int width = static_cast<int>(clientArea().right);
   leftOffset_ = std::clamp(leftOffset_, 0, std::max(totalWidth() - width, 0));
-  SCROLLINFO horizontal{sizeof horizontal, SIF_RANGE | SIF_PAGE | SIF_POS, 0,
-                        std::max(totalWidth() - 1, 0), static_cast<UINT>(width), leftOffset_, 0};
+  SCROLLINFO horizontal{sizeof horizontal,
+                        SIF_RANGE | SIF_PAGE | SIF_POS,
+                        0,
+                        std::max(totalWidth() - 1, 0),
+                        static_cast<UINT>(width),
+                        leftOffset_,
+                        0};
   SetScrollInfo(handle(), SB_HORZ, &horizontal, TRUE);
 }
 
@@ -152,14 +163,29 @@ void GridControl::scroll(int bar, WPARAM wParam) {
   const int line = bar == SB_VERT ? 1 : theme_->px(24);
   int to = info.nPos;
   switch (LOWORD(wParam)) {
-    case SB_LINEUP: to -= line; break;
-    case SB_LINEDOWN: to += line; break;
-    case SB_PAGEUP: to -= page; break;
-    case SB_PAGEDOWN: to += page; break;
-    case SB_THUMBTRACK: to = info.nTrackPos; break;
-    case SB_TOP: to = info.nMin; break;
-    case SB_BOTTOM: to = info.nMax; break;
-    default: return;
+    case SB_LINEUP:
+      to -= line;
+      break;
+    case SB_LINEDOWN:
+      to += line;
+      break;
+    case SB_PAGEUP:
+      to -= page;
+      break;
+    case SB_PAGEDOWN:
+      to += page;
+      break;
+    case SB_THUMBTRACK:
+      to = info.nTrackPos;
+      break;
+    case SB_TOP:
+      to = info.nMin;
+      break;
+    case SB_BOTTOM:
+      to = info.nMax;
+      break;
+    default:
+      return;
   }
   if (bar == SB_VERT) {
     scrollTo(to);
@@ -283,8 +309,8 @@ void GridControl::paintCell(HDC dc, std::int32_t row, std::size_t column, const 
   } else {
     inside.left += theme_->px(8);
     inside.right -= theme_->px(6);
-    const bool showsGlyph = isCurrentCell && enabled &&
-                            (kind == ColumnKind::ValueList || kind == ColumnKind::Lookup);
+    const bool showsGlyph =
+        isCurrentCell && enabled && (kind == ColumnKind::ValueList || kind == ColumnKind::Lookup);
     if (showsGlyph) {
       RECT glyph = inside;
       glyph.left = glyph.right - theme_->px(12);
@@ -292,7 +318,7 @@ void GridControl::paintCell(HDC dc, std::int32_t row, std::size_t column, const 
       text(dc, sign, glyph, colours.accent, theme_->font(), DT_CENTER | DT_NOPREFIX);
       inside.right = glyph.left;
     }
-    const COLORREF ink = !source_.isEnabled() || locked      ? colours.faint
+    const COLORREF ink = !source_.isEnabled() || locked    ? colours.faint
                          : kind == ColumnKind::Description ? colours.muted
                                                            : colours.text;
     const UINT align = kind == ColumnKind::Number ? DT_RIGHT : DT_LEFT;
@@ -383,10 +409,18 @@ bool GridControl::moveBy(WPARAM key, bool control) {
   const std::int32_t last = source_.rowCount();
   std::int32_t to = row;
   switch (key) {
-    case VK_UP: to = row - 1; break;
-    case VK_DOWN: to = row + 1; break;
-    case VK_PRIOR: to = row - visibleRows(); break;
-    case VK_NEXT: to = row + visibleRows(); break;
+    case VK_UP:
+      to = row - 1;
+      break;
+    case VK_DOWN:
+      to = row + 1;
+      break;
+    case VK_PRIOR:
+      to = row - visibleRows();
+      break;
+    case VK_NEXT:
+      to = row + visibleRows();
+      break;
     case VK_HOME:
       if (!control) return false;
       to = 1;
@@ -395,7 +429,8 @@ bool GridControl::moveBy(WPARAM key, bool control) {
       if (!control) return false;
       to = last;
       break;
-    default: return false;
+    default:
+      return false;
   }
   if (last > 0) goTo(std::clamp(to, 1, last), column_);
   return true;
@@ -512,7 +547,8 @@ void GridControl::startEdit(const wchar_t* typed) {
   const DWORD style = WS_CHILD | (isList ? CBS_DROPDOWNLIST | CBS_HASSTRINGS | WS_VSCROLL
                                          : WS_BORDER | ES_AUTOHSCROLL | align);
   editor_ = CreateWindowExW(0, isList ? L"COMBOBOX" : L"EDIT", L"", style, cell.left, cell.top,
-                            width, cell.bottom - cell.top, handle(), nullptr, module_, nullptr);
+                            width, cell.bottom - cell.top + (isList ? theme_->px(openList) : 0),
+                            handle(), nullptr, module_, nullptr);
   if (!editor_) return;
   SendMessageW(editor_, WM_SETFONT, reinterpret_cast<WPARAM>(theme_->font()), FALSE);
   if (isList) {

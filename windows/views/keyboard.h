@@ -13,9 +13,7 @@ struct Key {
   bool control = false;
   bool mnemonic = false;  ///< a letter together with Alt
 
-  bool isPlain(WPARAM wanted) const {
-    return code == wanted && !shift && !control && !mnemonic;
-  }
+  bool isPlain(WPARAM wanted) const { return code == wanted && !shift && !control && !mnemonic; }
 };
 
 /// A window that has a use for keys whatever control has the focus.

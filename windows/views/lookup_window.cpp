@@ -11,7 +11,7 @@ namespace kebu::windows {
 
 namespace {
 
-constexpr int usualHeight = 460;  // in 96ths of an inch
+constexpr int usualHeight = 460;   // in 96ths of an inch
 constexpr int measuredRows = 200;  // of which the columns' widths are found
 
 }  // namespace
@@ -28,14 +28,15 @@ LookupWindow::LookupWindow(HINSTANCE module, controls::LookupList& list, HWND ow
       widest = std::max(widest, theme_.metrics().textWidth(list.cellText(row, i)));
     }
     const int units = std::clamp(MulDiv(widest, 96, theme_.dpi()) + 20, 70, 320);
-    columns_.push_back({std::to_string(i), list.captions()[i], units,
-                        controls::ColumnKind::Text, {}});
+    columns_.push_back(
+        {std::to_string(i), list.captions()[i], units, controls::ColumnKind::Text, {}});
     width += units;
   }
   width = theme_.px(std::clamp(width + 40, 440, 900));
   const int height = theme_.px(usualHeight);
   RECT around{};
-  if (!owner || !GetWindowRect(owner, &around)) SystemParametersInfoW(SPI_GETWORKAREA, 0, &around, 0);
+  if (!owner || !GetWindowRect(owner, &around))
+    SystemParametersInfoW(SPI_GETWORKAREA, 0, &around, 0);
   const LONG left = std::max((around.left + around.right - width) / 2, 0L);
   const LONG top = std::max((around.top + around.bottom - height) / 2, 0L);
   create(module,
@@ -128,8 +129,8 @@ std::function<void()> LookupWindow::actionFor(const Key& key) {
     };
   }
   // The list is walked without leaving the box in which one types.
-  const bool walks = key.code == VK_UP || key.code == VK_DOWN || key.code == VK_PRIOR ||
-                     key.code == VK_NEXT;
+  const bool walks =
+      key.code == VK_UP || key.code == VK_DOWN || key.code == VK_PRIOR || key.code == VK_NEXT;
   if (walks && focus == search_) {
     return [this, code = key.code] { grid_->moveBy(code, false); };
   }
@@ -195,9 +196,9 @@ LRESULT LookupWindow::answer(UINT message, WPARAM wParam, LPARAM lParam) {
     case WM_DRAWITEM: {
       const auto& item = *reinterpret_cast<const DRAWITEMSTRUCT*>(lParam);
       const bool isTake = item.hwndItem == take_;
-      drawPushButton(item, theme_,
-                     {windowText(item.hwndItem), isTake ? L"Invio" : L"Esc", isTake,
-                      theme_.colours().window});
+      drawPushButton(
+          item, theme_,
+          {windowText(item.hwndItem), isTake ? L"Invio" : L"Esc", isTake, theme_.colours().window});
       return TRUE;
     }
     case WM_COMMAND: {

@@ -34,12 +34,13 @@ const ActionKey* actionKeyOf(const std::string& button) {
 }  // namespace
 
 NavigatorBarView::NavigatorBarView(ViewSite& site, controls::NavigatorBar& model, HWND parent)
-    : View(site, model, "NavigatorBar"), model_(model), mnemonics_(model.buttons().size(), std::string::npos) {
+    : View(site, model, "NavigatorBar"),
+      model_(model),
+      mnemonics_(model.buttons().size(), std::string::npos) {
   create(site.module(), {L"kebu.navigator", WS_CHILD, WS_EX_CONTROLPARENT}, parent, {});
   adopt(handle());
   for (std::size_t i = 0; i < model.buttons().size(); ++i) {
-    buttons_.push_back(
-        createStock(L"BUTTON", WS_VISIBLE | WS_TABSTOP | BS_OWNERDRAW, 0, handle()));
+    buttons_.push_back(createStock(L"BUTTON", WS_VISIBLE | WS_TABSTOP | BS_OWNERDRAW, 0, handle()));
   }
 }
 

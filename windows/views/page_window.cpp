@@ -10,7 +10,8 @@ namespace kebu::windows {
 
 PageWindow::PageWindow(HINSTANCE module, HWND parent, const Theme& theme, PlaceView placeView)
     : theme_(theme), placeView_(std::move(placeView)) {
-  create(module, {L"kebu.page", WS_CHILD | WS_CLIPCHILDREN, WS_EX_CONTROLPARENT}, parent, {});
+  create(module, {L"kebu.page", WS_CHILD | WS_CLIPCHILDREN | WS_CLIPSIBLINGS, WS_EX_CONTROLPARENT},
+         parent, {});
 }
 
 void PageWindow::arrange(const layout::Rect& place,
@@ -33,8 +34,13 @@ void PageWindow::layOut() {
   if (scrolls) height_ = layout.naturalHeight(controls, width);
   height_ = std::max(height_, seen);
   offset_ = std::clamp(offset_, 0, height_ - seen);
-  SCROLLINFO info{sizeof info, SIF_RANGE | SIF_PAGE | SIF_POS, 0, height_ - 1,
-                  static_cast<UINT>(seen), offset_, 0};
+  SCROLLINFO info{sizeof info,
+                  SIF_RANGE | SIF_PAGE | SIF_POS,
+                  0,
+                  height_ - 1,
+                  static_cast<UINT>(seen),
+                  offset_,
+                  0};
   if (scrolls) SetScrollInfo(handle(), SB_VERT, &info, TRUE);
   ShowScrollBar(handle(), SB_VERT, scrolls);
 
@@ -69,12 +75,23 @@ void PageWindow::scroll(UINT code) {
   GetScrollInfo(handle(), SB_VERT, &info);
   const int page = static_cast<int>(info.nPage);
   switch (code) {
-    case SB_LINEUP: scrollTo(info.nPos - theme_.px(30)); break;
-    case SB_LINEDOWN: scrollTo(info.nPos + theme_.px(30)); break;
-    case SB_PAGEUP: scrollTo(info.nPos - page); break;
-    case SB_PAGEDOWN: scrollTo(info.nPos + page); break;
-    case SB_THUMBTRACK: scrollTo(info.nTrackPos); break;
-    default: break;
+    case SB_LINEUP:
+      scrollTo(info.nPos - theme_.px(30));
+      break;
+    case SB_LINEDOWN:
+      scrollTo(info.nPos + theme_.px(30));
+      break;
+    case SB_PAGEUP:
+      scrollTo(info.nPos - page);
+      break;
+    case SB_PAGEDOWN:
+      scrollTo(info.nPos + page);
+      break;
+    case SB_THUMBTRACK:
+      scrollTo(info.nTrackPos);
+      break;
+    default:
+      break;
   }
 }
 

@@ -9,8 +9,9 @@ BufferedPaint::BufferedPaint(HWND window) : window_(window) {
   BeginPaint(window, &paint_);
   const RECT& area = paint_.rcPaint;
   memory_ = CreateCompatibleDC(paint_.hdc);
-  bitmap_ = CreateCompatibleBitmap(paint_.hdc, area.right - area.left > 0 ? area.right - area.left : 1,
-                                   area.bottom - area.top > 0 ? area.bottom - area.top : 1);
+  bitmap_ =
+      CreateCompatibleBitmap(paint_.hdc, area.right - area.left > 0 ? area.right - area.left : 1,
+                             area.bottom - area.top > 0 ? area.bottom - area.top : 1);
   before_ = SelectObject(memory_, bitmap_);
   SetWindowOrgEx(memory_, area.left, area.top, nullptr);
   SetBkMode(memory_, TRANSPARENT);

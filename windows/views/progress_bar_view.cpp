@@ -39,9 +39,9 @@ void ProgressBarView::refresh() {
   } else {
     KillTimer(handle(), ticking);
   }
-  SetWindowPos(handle(), HWND_TOP, 0, 0, 0, 0,
-               SWP_NOMOVE | SWP_NOSIZE | SWP_NOACTIVATE |
-                   (visible ? SWP_SHOWWINDOW : SWP_HIDEWINDOW));
+  SetWindowPos(
+      handle(), HWND_TOP, 0, 0, 0, 0,
+      SWP_NOMOVE | SWP_NOSIZE | SWP_NOACTIVATE | (visible ? SWP_SHOWWINDOW : SWP_HIDEWINDOW));
   invalidate();
 }
 
@@ -77,8 +77,8 @@ void ProgressBarView::paint() const {
   const LONG room = track.right - track.left;
   const LONG piece = room / 3;
   const auto way = static_cast<LONG>(GetTickCount64() % roundMilliseconds);
-  const LONG from = track.left - piece +
-                    MulDiv(room + piece, way, static_cast<int>(roundMilliseconds));
+  const LONG from =
+      track.left - piece + MulDiv(room + piece, way, static_cast<int>(roundMilliseconds));
   const RECT moving{std::max(from, track.left), track.top, std::min(from + piece, track.right),
                     track.bottom};
   fill(buffer.dc(), moving, colours.accent);

@@ -39,10 +39,9 @@ void QueryGridView::readColumns() {
 
 void QueryGridView::refresh() {
   const auto& now = model_.columns();
-  const bool same = std::equal(now.begin(), now.end(), columns_.begin(), columns_.end(),
-                               [](const auto& a, const Column& b) {
-                                 return a.field == b.field && a.caption == b.caption;
-                               });
+  const bool same = std::equal(
+      now.begin(), now.end(), columns_.begin(), columns_.end(),
+      [](const auto& a, const Column& b) { return a.field == b.field && a.caption == b.caption; });
   if (!same) readColumns();
   EnableWindow(handle(), looksEnabled());
   grid_.sourceChanged();

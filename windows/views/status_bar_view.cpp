@@ -9,8 +9,9 @@ namespace kebu::windows {
 StatusBarView::StatusBarView(ViewSite& site, controls::StatusBar& model, HWND parent)
     : View(site, model, "StatusBar"),
       model_(model),
-      window_(createStock(STATUSCLASSNAMEW, WS_VISIBLE | CCS_NORESIZE | CCS_NOPARENTALIGN | SBARS_SIZEGRIP,
-                          0, parent)) {}
+      window_(createStock(STATUSCLASSNAMEW,
+                          WS_VISIBLE | CCS_NORESIZE | CCS_NOPARENTALIGN | SBARS_SIZEGRIP, 0,
+                          parent)) {}
 
 StatusBarView::~StatusBarView() {
   DestroyWindow(window_);

@@ -18,18 +18,18 @@ using GdiObject = std::unique_ptr<std::remove_pointer_t<HGDIOBJ>, DeleteGdiObjec
 
 /// The colours of a window; the system's own where the user asked for high contrast.
 struct Palette {
-  COLORREF window;      ///< behind everything
-  COLORREF card;        ///< behind a group of controls
+  COLORREF window;  ///< behind everything
+  COLORREF card;    ///< behind a group of controls
   COLORREF border;
-  COLORREF line;        ///< between rows
+  COLORREF line;  ///< between rows
   COLORREF text;
-  COLORREF muted;       ///< captions, descriptions
-  COLORREF faint;       ///< what cannot be used now
+  COLORREF muted;  ///< captions, descriptions
+  COLORREF faint;  ///< what cannot be used now
   COLORREF accent;
   COLORREF accentText;  ///< on the accent
   COLORREF chosen;      ///< behind a chosen row or link
   COLORREF hover;
-  COLORREF locked;      ///< behind what cannot be edited
+  COLORREF locked;  ///< behind what cannot be edited
   COLORREF good;
   COLORREF warning;
 

@@ -62,8 +62,8 @@ LRESULT Window::answer(UINT message, WPARAM wParam, LPARAM lParam) {
 
 LRESULT CALLBACK Window::procedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
   if (message == WM_NCCREATE) {
-    auto* const creating = static_cast<Window*>(
-        reinterpret_cast<CREATESTRUCTW*>(lParam)->lpCreateParams);
+    auto* const creating =
+        static_cast<Window*>(reinterpret_cast<CREATESTRUCTW*>(lParam)->lpCreateParams);
     creating->handle_ = window;
     SetWindowLongPtrW(window, GWLP_USERDATA, reinterpret_cast<LONG_PTR>(creating));
   }

@@ -25,7 +25,7 @@ struct Metrics {
 
   /// Pixels of `units`, each of which is 1/96 inch.
   int px(int units) const { return (units * dpi + 48) / 96; }
-  int fieldHeight() const { return lineHeight + px(9); }
+  int fieldHeight() const { return lineHeight + px(8); }
 };
 
 }  // namespace kebu::windows::layout

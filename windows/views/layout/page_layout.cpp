@@ -58,9 +58,7 @@ bool holdsAnythingShown(const GroupBox& group) {
 
 }  // namespace
 
-PageLayout::PageLayout(Metrics metrics,
-                       const std::vector<controls::ResizeManager::Registration>& rules)
-    : metrics_(std::move(metrics)) {
+PageLayout::PageLayout(Metrics metrics, const Rules& rules) : metrics_(std::move(metrics)) {
   for (const auto& rule : rules) rules_[toUpperAscii(rule.control)] = rule.rule;
 }
 
@@ -74,8 +72,8 @@ std::int32_t PageLayout::ruleOf(const Control& control) const {
     return inner ? stretched | bottomSide : stretched;
   }
   // What is none of the known small controls wants room: a grid, an editor.
-  const bool isSmall = isField(control) || isLineItem(control) ||
-                       dynamic_cast<const controls::CheckBox*>(&control);
+  const bool isSmall =
+      isField(control) || isLineItem(control) || dynamic_cast<const controls::CheckBox*>(&control);
   return isSmall ? leftSide | topSide : stretched | bottomSide;
 }
 
@@ -118,8 +116,8 @@ PageLayout::Block PageLayout::fieldBlock(Control& field) {
   block.gap = metrics_.px(rowGap);
   block.place = [this, &field](const Rect& area) {
     Placement& placement = placements_[&field];
-    const int left = captionColumn_ ? area.left + captionColumn_ + metrics_.px(captionGap)
-                                    : area.left;
+    const int left =
+        captionColumn_ ? area.left + captionColumn_ + metrics_.px(captionGap) : area.left;
     const int room = std::max(area.right() - left, 0);
     if (captionColumn_) {
       placement.caption = {area.left, area.top, captionColumn_, area.height};

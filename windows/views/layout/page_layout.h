@@ -20,6 +20,7 @@ struct Placement {
 };
 
 using Placements = std::map<const controls::Control*, Placement>;
+using Rules = std::vector<controls::ResizeManager::Registration>;
 
 /// Sides that a control keeps to, as the resize manager counts them.
 enum Sides : std::int32_t { leftSide = 1, topSide = 2, rightSide = 4, bottomSide = 8 };
@@ -30,7 +31,7 @@ enum Sides : std::int32_t { leftSide = 1, topSide = 2, rightSide = 4, bottomSide
 /// what the resize manager lets grow filling what is left.
 class PageLayout {
  public:
-  PageLayout(Metrics metrics, const std::vector<controls::ResizeManager::Registration>& rules);
+  PageLayout(Metrics metrics, const Rules& rules);
 
   /// The height that the controls need at the least.
   int naturalHeight(const std::vector<controls::Control*>& controls, int width);
