@@ -52,6 +52,30 @@ constexpr GridColumn gridColumns[] = {
     {"CODE2", "Deposito", 1500, ColumnKind::Lookup},
 };
 
+/// A dialog over the window: controls without a page.
+class Dialog : public Form {
+ public:
+  explicit Dialog(Desktop& desktop) : Form("FRM_DIALOG", desktop) {
+    setCaption("Selezione articoli");
+    const auto same = [](const std::string& text) { return text; };
+    for (const GridColumn& column : gridColumns) grid.addColumn(column, same);
+    grid.setDataSource(Ref<ado::Recordset>(std::make_shared<windows::MadeUpRows>(500)));
+    group.add(grid);
+    group.add(filter);
+    ok.ButtonClick.on([this] { Unload(); });
+    addTree(group);
+    addAll(ok, cancel);
+    cancel.ButtonClick.on([this] { Unload(); });
+  }
+
+  MessageBoxHost host;
+  GroupBox group{"GRP_SEL", "Articoli"};
+  EditBox filter{"TXT_FILTER", "Filtro"};
+  QueryGrid grid{"QGRID_SEL", host};
+  Button ok{"CMD_OK", "Conferma"};
+  Button cancel{"CMD_CANCEL", "Annulla"};
+};
+
 class Gallery : public Form {
  public:
   Gallery(Desktop& desktop, std::int32_t rows) : Form("FRM_GALLERY", desktop) {
@@ -137,6 +161,10 @@ class Gallery : public Form {
     bar.setButtonEnabled("Annulla", true);
     bar.ButtonClick.on([this](bool&, const std::string& key) { status.setPanelText(2, key); });
     links.OnClickItemLink.on([this](const SideBar::Link& link) { openPage(link.view); });
+    refresh.ButtonClick.on([this] {
+      std::make_shared<Dialog>(this->desktop())->Show(true);
+      status.setPanelText(2, "Finestra chiusa");
+    });
     status.setPanelText(1, "Ditta 1");
     addAll(links, title, bar);
     for (GroupBox* page : {&pageOne, &pageTwo, &pageThree}) addTree(*page);

@@ -45,8 +45,8 @@ class PageLayoutTest : public testing::Test {
     update.add(button);
   }
 
-  Placements place(GroupBox& page, int width, int height, const Rules& rules = {}) {
-    return PageLayout(metrics, rules).place(page.children(), {0, 0, width, height});
+  Placements place(GroupBox& group, int width, int height, const Rules& rules = {}) {
+    return PageLayout(metrics, rules).place(group.children(), {0, 0, width, height});
   }
 
   static void expectNoOverlap(const Placements& placements, const std::vector<Control*>& controls) {

@@ -36,7 +36,7 @@ void ButtonView::command(HWND /*from*/, UINT code) {
 }
 
 void ButtonView::drawItem(const DRAWITEMSTRUCT& item) {
-  drawPushButton(item, theme(), {windowText(window_), {}, false, theme().colours().card});
+  drawPushButton(item, theme(), {windowText(window_), {}, false, behind()});
 }
 
 std::function<void()> ButtonView::actionFor(const Key& key) {

@@ -44,8 +44,8 @@ void CheckBoxView::command(HWND /*from*/, UINT code) {
 
 HBRUSH CheckBoxView::colours(HDC dc, HWND /*window*/) {
   SetTextColor(dc, looksEnabled() ? theme().colours().text : theme().colours().faint);
-  SetBkColor(dc, theme().colours().card);
-  return theme().cardBrush();
+  SetBkColor(dc, behind());
+  return behindBrush();
 }
 
 void CheckBoxView::setMnemonic(std::size_t at) {

@@ -88,7 +88,7 @@ std::function<void()> EditBoxView::actionFor(const Key& key) {
 }
 
 void EditBoxView::drawItem(const DRAWITEMSTRUCT& item) {
-  drawPushButton(item, theme(), {L"\u2026", {}, false, theme().colours().card});
+  drawPushButton(item, theme(), {L"\u2026", {}, false, behind()});
 }
 
 HBRUSH EditBoxView::colours(HDC dc, HWND window) {

@@ -36,8 +36,8 @@ void FieldView::applyTheme() {
 HBRUSH FieldView::colours(HDC dc, HWND window) {
   if (window != caption_) return nullptr;
   SetTextColor(dc, looksEnabled() ? theme().colours().muted : theme().colours().faint);
-  SetBkColor(dc, theme().colours().card);
-  return theme().cardBrush();
+  SetBkColor(dc, behind());
+  return behindBrush();
 }
 
 void FieldView::setMnemonic(std::size_t at) {

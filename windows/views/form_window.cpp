@@ -21,6 +21,7 @@ namespace {
 
 constexpr UINT layOutMessage = WM_APP + 2;
 constexpr layout::Rect usualSize{0, 0, 1180, 760};  // in 96ths of an inch
+constexpr layout::Rect dialogSize{0, 0, 860, 580};
 constexpr layout::Rect leastSize{0, 0, 720, 480};
 
 bool isBar(const controls::Control& control) {
@@ -49,9 +50,11 @@ FormWindow::FormWindow(HINSTANCE module, controls::Form& form, HWND owner)
          {form.left(), form.top(), form.left() + usualSize.width, form.top() + usualSize.height},
          toWide(form.caption()));
   theme_ = std::make_unique<Theme>(static_cast<int>(GetDpiForWindow(handle())));
-  SetWindowPos(handle(), nullptr, 0, 0, theme_->px(usualSize.width), theme_->px(usualSize.height),
-               SWP_NOMOVE | SWP_NOZORDER | SWP_NOACTIVATE);
   build();
+  // What has no side bar to other pages is a dialog.
+  const layout::Rect& size = hasSideBar_ ? usualSize : dialogSize;
+  SetWindowPos(handle(), nullptr, 0, 0, theme_->px(size.width), theme_->px(size.height),
+               SWP_NOMOVE | SWP_NOZORDER | SWP_NOACTIVATE);
   keys_ = std::make_unique<KeyboardHook>(handle(), *this);
   subscriptions_.push_back(form_.changed.connect([this] { formChanged(); }));
   requestLayout();
@@ -247,11 +250,25 @@ void FormWindow::changeDpi(int dpi, const RECT& suggested) {
 
 // ---- showing
 
+void FormWindow::moveToItsPlace() {
+  POINT place{form_.left(), form_.top()};
+  RECT around{};
+  RECT own{};
+  HWND owner = GetWindow(handle(), GW_OWNER);
+  GetWindowRect(handle(), &own);
+  if (place.x == 0 && place.y == 0 && owner && GetWindowRect(owner, &around)) {
+    // One that was given no place opens in the middle of its owner.
+    place.x = std::max((around.left + around.right - (own.right - own.left)) / 2, 0L);
+    place.y = std::max((around.top + around.bottom - (own.bottom - own.top)) / 2, 0L);
+  }
+  SetWindowPos(handle(), nullptr, place.x, place.y, 0, 0,
+               SWP_NOSIZE | SWP_NOZORDER | SWP_NOACTIVATE);
+}
+
 void FormWindow::show() {
   const bool wasShown = IsWindowVisible(handle()) != 0;
   showing_ = true;
-  SetWindowPos(handle(), nullptr, form_.left(), form_.top(), 0, 0,
-               SWP_NOSIZE | SWP_NOZORDER | SWP_NOACTIVATE);
+  if (!wasShown) moveToItsPlace();
   ShowWindow(handle(), IsIconic(handle()) ? SW_RESTORE : SW_SHOW);
   SetForegroundWindow(handle());
   layOut();
@@ -288,6 +305,12 @@ void FormWindow::activated(HWND before) {
 bool FormWindow::commit() {
   View* const view = viewOf(GetFocus());
   return !view || !find(view->control()) || view->commit();
+}
+
+bool FormWindow::isOnCard(const controls::Control& control) const {
+  const controls::Control* const group = control.container();
+  // A page of the side bar has no card of its own.
+  return group && (group->container() || !hasSideBar_);
 }
 
 void FormWindow::focusFirst() {

@@ -31,6 +31,7 @@ class FormWindow : public Window, public ViewSite, public KeyTarget {
   const Theme& theme() const override { return *theme_; }
   void requestLayout() override;
   bool commit() override;
+  bool isOnCard(const controls::Control& control) const override;
   std::function<void()> actionFor(const Key& key) override;
 
   void build();
@@ -39,6 +40,7 @@ class FormWindow : public Window, public ViewSite, public KeyTarget {
   View* find(const controls::Control& control) const;
   void formChanged();
   void groupChanged(const controls::GroupBox& group);
+  void moveToItsPlace();
   void layOut();
   void arrangePages(const layout::Rect& place);
   void chooseMnemonics();

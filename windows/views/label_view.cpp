@@ -44,8 +44,8 @@ HBRUSH LabelView::colours(HDC dc, HWND /*window*/) {
   const Palette& colours = theme().colours();
   const COLORREF ink = isTitle_ ? colours.text : colours.muted;
   SetTextColor(dc, looksEnabled() ? ink : colours.faint);
-  SetBkColor(dc, isTitle_ ? colours.window : colours.card);
-  return isTitle_ ? theme().windowBrush() : theme().cardBrush();
+  SetBkColor(dc, behind());
+  return behindBrush();
 }
 
 }  // namespace kebu::windows

@@ -55,6 +55,15 @@ bool View::looksEnabled() const {
   return windows::looksEnabled(control_);
 }
 
+COLORREF View::behind() const {
+  const Palette& colours = theme().colours();
+  return site_.isOnCard(control_) ? colours.card : colours.window;
+}
+
+HBRUSH View::behindBrush() const {
+  return site_.isOnCard(control_) ? theme().cardBrush() : theme().windowBrush();
+}
+
 HWND View::createStock(const wchar_t* className, DWORD style, DWORD extendedStyle, HWND parent) {
   HWND window = CreateWindowExW(extendedStyle, className, L"", style | WS_CHILD, 0, 0, 0, 0, parent,
                                 nullptr, site_.module(), nullptr);

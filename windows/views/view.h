@@ -25,6 +25,8 @@ class ViewSite {
   virtual void requestLayout() = 0;
   /// Takes over what the user has typed so far; false when it was refused.
   virtual bool commit() = 0;
+  /// Whether the control stands on a card, not on the window itself.
+  virtual bool isOnCard(const controls::Control& control) const = 0;
 };
 
 /// Draws one model and turns what the user does into the model's gestures. It
@@ -66,6 +68,9 @@ class View {
   ViewSite& site() const { return site_; }
   const Theme& theme() const { return site_.theme(); }
   bool looksEnabled() const;
+  /// What is behind the control.
+  COLORREF behind() const;
+  HBRUSH behindBrush() const;
   /// Makes a stock control that belongs to this view.
   HWND createStock(const wchar_t* className, DWORD style, DWORD extendedStyle, HWND parent);
   /// That the window belongs to this view.
