@@ -4,7 +4,10 @@
 
 namespace kebu::windows {
 
+const CommonControls* CommonControls::current_ = nullptr;
+
 CommonControls::CommonControls(HINSTANCE module) {
+  current_ = this;
   ACTCTXW wanted{};
   wanted.cbSize = sizeof wanted;
   wanted.dwFlags = ACTCTX_FLAG_HMODULE_VALID | ACTCTX_FLAG_RESOURCE_NAME_VALID;
@@ -22,13 +25,15 @@ CommonControls::CommonControls(HINSTANCE module) {
 }
 
 CommonControls::~CommonControls() {
+  if (current_ == this) current_ = nullptr;
   if (library_) FreeLibrary(library_);
   if (context_ != INVALID_HANDLE_VALUE) ReleaseActCtx(context_);
 }
 
-CommonControls::Scope::Scope(const CommonControls& controls)
+CommonControls::Scope::Scope(const CommonControls* controls)
     : before_(SetThreadDpiAwarenessContext(DPI_AWARENESS_CONTEXT_PER_MONITOR_AWARE_V2)) {
-  if (controls.context_ != INVALID_HANDLE_VALUE) ActivateActCtx(controls.context_, &cookie_);
+  const bool isThere = controls && controls->context_ != INVALID_HANDLE_VALUE;
+  if (isThere) ActivateActCtx(controls->context_, &cookie_);
 }
 
 CommonControls::Scope::~Scope() {

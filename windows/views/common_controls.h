@@ -18,17 +18,23 @@ class CommonControls {
   /// resolution of the monitor they stand on.
   class Scope {
    public:
-    explicit Scope(const CommonControls& controls);
+    /// Of the controls that are in use, for what is made long after its window.
+    Scope() : Scope(current_) {}
+    explicit Scope(const CommonControls& controls) : Scope(&controls) {}
     ~Scope();
     Scope(const Scope&) = delete;
     Scope& operator=(const Scope&) = delete;
 
    private:
+    explicit Scope(const CommonControls* controls);
+
     ULONG_PTR cookie_ = 0;
     DPI_AWARENESS_CONTEXT before_;
   };
 
  private:
+  static const CommonControls* current_;
+
   HANDLE context_;
   HMODULE library_ = nullptr;
 };

@@ -4,6 +4,7 @@
 
 #include <algorithm>
 
+#include "windows/views/common_controls.h"
 #include "windows/views/guard.h"
 #include "windows/views/wide_text.h"
 
@@ -536,6 +537,7 @@ void GridControl::startEdit(const wchar_t* typed) {
     MessageBeep(MB_OK);
     return;
   }
+  const CommonControls::Scope scope;
   showCurrentRow();
   showColumn(column_);
   const RECT cell = cellBounds(row, column_);
