@@ -8,6 +8,22 @@
 
 namespace kebu::windows {
 
+namespace {
+
+struct Search {
+  HWND except;
+  std::vector<HWND> found;
+};
+
+BOOL CALLBACK collectOthers(HWND window, LPARAM context) {
+  auto& search = *reinterpret_cast<Search*>(context);
+  const bool isOpen = IsWindowVisible(window) && IsWindowEnabled(window);
+  if (window != search.except && isOpen) search.found.push_back(window);
+  return TRUE;
+}
+
+}  // namespace
+
 struct Win32Desktop::Shown {
   std::unique_ptr<FormWindow> window;
   std::vector<HWND> disabled;  ///< while it is modal
@@ -72,20 +88,8 @@ void Win32Desktop::runLookup(controls::LookupList& list) {
 }
 
 std::vector<HWND> Win32Desktop::disableOthers(HWND except) const {
-  struct Search {
-    HWND except;
-    std::vector<HWND> found;
-  } search{except, {}};
-  EnumThreadWindows(
-      GetCurrentThreadId(),
-      [](HWND window, LPARAM context) -> BOOL {
-        auto& all = *reinterpret_cast<Search*>(context);
-        if (window != all.except && IsWindowVisible(window) && IsWindowEnabled(window)) {
-          all.found.push_back(window);
-        }
-        return TRUE;
-      },
-      reinterpret_cast<LPARAM>(&search));
+  Search search{except, {}};
+  EnumThreadWindows(GetCurrentThreadId(), collectOthers, reinterpret_cast<LPARAM>(&search));
   for (HWND window : search.found) EnableWindow(window, FALSE);
   return search.found;
 }
