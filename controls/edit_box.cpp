@@ -1,8 +1,19 @@
 #include "controls/edit_box.h"
 
+#include <algorithm>
+
 #include "common/convert.h"
 
 namespace kebu::controls {
+
+namespace {
+
+std::size_t characters(const std::string& utf8) {
+  const auto begins = [](char c) { return (static_cast<unsigned char>(c) & 0xC0U) != 0x80U; };
+  return static_cast<std::size_t>(std::count_if(utf8.begin(), utf8.end(), begins));
+}
+
+}  // namespace
 
 void EditBox::setText(const std::string& text) {
   text_ = text;
@@ -35,7 +46,7 @@ void EditBox::requireEditable() const {
 
 void EditBox::type(const std::string& text) {
   requireEditable();
-  if (maxLength_ && text.size() > maxLength_) {
+  if (maxLength_ && characters(text) > maxLength_) {
     throw GestureRefused(Name() + " takes " + std::to_string(maxLength_) +
                          " characters at the most");
   }

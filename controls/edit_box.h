@@ -32,6 +32,7 @@ class EditBox : public BoundControl {
   void setMaxLength(std::size_t length) { maxLength_ = length; }
   /// The control that shows the description of the code in this box.
   void setDescription(Control& description) { description_ = &description; }
+  const Control* description() const { return description_; }
   bool hasLookup() const { return StartLookup.hasHandlers(); }
 
   /// The gestures: enter the box, replace its text, leave it; open the look-up.

@@ -41,6 +41,7 @@ const std::vector<Room>& rooms() {
       {"windows", aboveWindows, true, true, false},
       {"workbench/engine", {"common", "ado"}, false, false, true},
       {"workbench", aboveWorkbench},
+      {"tests/windows", everything, true, true, false},
       {"tests", everything, true, false, false},
       {"bench", everything, true, false, true},
   };

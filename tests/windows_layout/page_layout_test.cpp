@@ -1,0 +1,179 @@
+#include "windows/views/layout/page_layout.h"
+
+#include <gtest/gtest.h>
+
+#include "controls/check_box.h"
+#include "controls/edit_box.h"
+#include "controls/navigator_bar.h"
+#include "controls/query_grid.h"
+#include "windows/views/layout/frame_layout.h"
+
+namespace kebu::windows::layout {
+
+using namespace controls;
+
+namespace {
+
+class NoHost : public ControlHost {
+ public:
+  std::int16_t VisualizzaErrore(const std::string& /*procedure*/,
+                                const RuntimeError& error) override {
+    throw error;
+  }
+  std::int32_t message(const std::string& /*text*/, std::int32_t /*style*/) override { return 1; }
+};
+
+class NoDesktop : public Desktop {
+ public:
+  void show(Form& /*form*/) override {}
+  void runModal(Form& /*form*/) override {}
+  void hide(Form& /*form*/) override {}
+  void runLookup(LookupList& /*list*/) override {}
+  void repaint() override {}
+};
+
+/// A page with a control of each kind.
+class PageLayoutTest : public testing::Test {
+ protected:
+  PageLayoutTest() {
+    metrics.textWidth = [](const std::string& text) { return static_cast<int>(text.size()) * 6; };
+    document.setDescription(description);
+    document.StartLookup.on([](EditBox&) {});
+    first.addAll(name, document, description, flag);
+    second.add(note);
+    lists.add(grid);
+    update.add(button);
+  }
+
+  Placements place(GroupBox& group, int width, int height, const Rules& rules = {}) {
+    return PageLayout(metrics, rules).place(group.children(), {0, 0, width, height});
+  }
+
+  static void expectNoOverlap(const Placements& placements, const std::vector<Control*>& controls) {
+    for (const Control* a : controls) {
+      for (const Control* b : controls) {
+        if (a == b) continue;
+        const Rect& x = placements.at(a).bounds;
+        const Rect& y = placements.at(b).bounds;
+        const bool apart = x.right() <= y.left || y.right() <= x.left || x.bottom() <= y.top ||
+                           y.bottom() <= x.top;
+        EXPECT_TRUE(apart) << a->Name() << " and " << b->Name();
+      }
+    }
+  }
+
+  NoHost host;
+  Metrics metrics;
+  GroupBox page{"PAGE"};
+  GroupBox first{"GRP_FIRST", "Dati"};
+  GroupBox second{"GRP_SECOND", "Altro"};
+  GroupBox lists{"GRP_LISTS", "Listini"};
+  GroupBox update{"GRP_UPDATE", "Aggiornamento"};
+  EditBox name{"TXT_NAME", "Descrizione"};
+  EditBox document{"TXT_DOC", "Documento ordini web"};
+  Label description{"LBL_DOC"};
+  CheckBox flag{"CHK_FLAG", "Attivo"};
+  EditBox note{"TXT_NOTE", "Note"};
+  QueryGrid grid{"QGRID", host};
+  Button button{"BTN_GO", "Aggiorna prezzi"};
+};
+
+TEST_F(PageLayoutTest, CaptionsAndFieldsStandInColumns) {
+  page.addAll(first, second);
+  const Placements placements = place(page, 500, 600);
+  expectNoOverlap(placements, {&name, &document, &description, &flag, &note});
+  expectNoOverlap(placements, {&first, &second});
+  for (const Control* field : {static_cast<Control*>(&document), static_cast<Control*>(&note)}) {
+    EXPECT_EQ(placements.at(field).bounds.left, placements.at(&name).bounds.left);
+    EXPECT_EQ(placements.at(field).caption.left, placements.at(&name).caption.left);
+    EXPECT_LE(placements.at(field).caption.right(), placements.at(field).bounds.left);
+  }
+  const Placement& code = placements.at(&document);
+  EXPECT_GE(code.lookup.left, code.bounds.right());
+  EXPECT_GE(placements.at(&description).bounds.left, code.lookup.right());
+  EXPECT_EQ(placements.at(&description).bounds.top, code.bounds.top);
+}
+
+TEST_F(PageLayoutTest, GroupsStandSideBySideWhereThereIsRoom) {
+  page.addAll(first, second);
+  const Placements narrow = place(page, 500, 600);
+  EXPECT_GT(narrow.at(&second).bounds.top, narrow.at(&first).bounds.bottom());
+  const Placements wide = place(page, 900, 600);
+  EXPECT_EQ(wide.at(&second).bounds.top, wide.at(&first).bounds.top);
+  EXPECT_EQ(wide.at(&second).bounds.width, wide.at(&first).bounds.width);
+}
+
+TEST_F(PageLayoutTest, WhatGrowsTakesWhatIsLeftAndTheDockedGroupStaysBelow) {
+  page.addAll(lists, update);
+  const Rules rules{{"grp_lists", 15}, {"GRP_UPDATE", 13}, {"QGRID", 15}, {"BTN_GO", 9}};
+  const Placements low = place(page, 800, 500, rules);
+  const Placements high = place(page, 800, 700, rules);
+  EXPECT_EQ(high.at(&grid).bounds.height, low.at(&grid).bounds.height + 200);
+  EXPECT_EQ(high.at(&update).bounds.height, low.at(&update).bounds.height);
+  EXPECT_EQ(high.at(&update).bounds.bottom(), 700);
+  expectNoOverlap(high, {&lists, &update});
+}
+
+TEST_F(PageLayoutTest, ADockedGroupStaysBelowEvenWhenNothingGrows) {
+  page.addAll(second, update);
+  const Placements placements = place(page, 800, 700, {{"GRP_UPDATE", 13}});
+  EXPECT_EQ(placements.at(&update).bounds.bottom(), 700);
+  EXPECT_EQ(placements.at(&second).bounds.top, 0);
+}
+
+TEST_F(PageLayoutTest, AButtonOfTheRightSharesItsLineWithTheLabel) {
+  Label updated{"LBL_DATE", "Ultimo aggiornamento"};
+  page.addAll(updated, button);
+  const Placements placements = place(page, 600, 400, {{"BTN_GO", 6}, {"LBL_DATE", 7}});
+  EXPECT_EQ(placements.at(&button).bounds.right(), 600);
+  EXPECT_EQ(placements.at(&updated).bounds.top, placements.at(&button).bounds.top);
+  expectNoOverlap(placements, {&updated, &button});
+}
+
+TEST_F(PageLayoutTest, HiddenControlsTakeNoRoom) {
+  page.addAll(first, second);
+  PageLayout layout(metrics, {});
+  const int before = layout.naturalHeight(page.children(), 500);
+  document.setVisible(false);
+  EXPECT_LT(layout.naturalHeight(page.children(), 500), before);
+  second.setVisible(false);
+  const Placements placements = place(page, 500, 600);
+  EXPECT_EQ(placements.count(&second) + placements.count(&note), 0U);
+}
+
+TEST_F(PageLayoutTest, SizesFollowTheResolution) {
+  page.addAll(first, second);
+  const int usual = PageLayout(metrics, {}).naturalHeight(page.children(), 500);
+  Metrics twice = metrics;
+  twice.dpi = 192;
+  twice.lineHeight = metrics.lineHeight * 2;
+  EXPECT_NEAR(PageLayout(twice, {}).naturalHeight(page.children(), 1000), 2 * usual, 4);
+}
+
+TEST_F(PageLayoutTest, TheFrameLeavesTheRestToThePage) {
+  class Frame : public Form {
+   public:
+    Frame(Desktop& desktop, ControlHost& host)
+        : Form("FRM", desktop), bar("INAV", host, {"Conferma"}), other("INAV2", host, {"Annulla"}) {
+      addAll(links, title, bar, other, status);
+      other.setVisible(false);
+    }
+    SideBar links{"SBAR"};
+    TitleBar title{"TITLE"};
+    NavigatorBar bar;
+    NavigatorBar other;
+    StatusBar status{"STATUS", 2};
+  };
+  NoDesktop desktop;
+  const Frame form(desktop, host);
+  const FrameLayout frame = placeFrame(form, metrics, {0, 0, 1000, 700});
+  EXPECT_EQ(frame.bars.count(&form.other), 0U);
+  EXPECT_EQ(frame.bars.at(&form.status).bounds.bottom(), 700);
+  EXPECT_GT(frame.page.left, frame.bars.at(&form.links).bounds.right());
+  EXPECT_GT(frame.page.top, frame.bars.at(&form.bar).bounds.bottom());
+  EXPECT_LT(frame.page.bottom(), frame.bars.at(&form.status).bounds.top);
+}
+
+}  // namespace
+
+}  // namespace kebu::windows::layout

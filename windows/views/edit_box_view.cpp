@@ -1,0 +1,118 @@
+#include "windows/views/edit_box_view.h"
+
+#include <utility>
+
+#include "windows/views/guard.h"
+#include "windows/views/push_button.h"
+#include "windows/views/wide_text.h"
+
+namespace kebu::windows {
+
+EditBoxView::EditBoxView(ViewSite& site, controls::EditBox& model, HWND parent)
+    : FieldView(site, model, "EditBox", parent), model_(model) {
+  const DWORD masked = model.isMasked() ? ES_PASSWORD : 0U;
+  setHandle(createStock(L"EDIT", WS_TABSTOP | ES_AUTOHSCROLL | masked, WS_EX_CLIENTEDGE, parent));
+  if (model.maxLength() > 0) SendMessageW(handle(), EM_LIMITTEXT, model.maxLength(), 0);
+  // Reached with F4: the tabulator goes from value to value.
+  lookup_ = createStock(L"BUTTON", BS_OWNERDRAW, 0, parent);
+}
+
+EditBoxView::~EditBoxView() {
+  DestroyWindow(lookup_);
+}
+
+void EditBoxView::place(const layout::Placement& placement) {
+  FieldView::place(placement);
+  moveWindow(lookup_, placement.lookup);
+  ShowWindow(lookup_, placement.lookup.isEmpty() ? SW_HIDE : SW_SHOWNA);
+}
+
+void EditBoxView::refresh() {
+  FieldView::refresh();
+  SendMessageW(handle(), EM_SETREADONLY, !model_.isEditable(), 0);
+  EnableWindow(lookup_, looksEnabled() && model_.isEditable());
+  // What is being typed stays until it is taken or refused.
+  if (touched_ && model_.text() == shown_) return;
+  restore();
+}
+
+void EditBoxView::restore() {
+  showing_ = true;
+  shown_ = model_.text();
+  touched_ = false;
+  setWindowText(handle(), toWide(shown_));
+  showing_ = false;
+}
+
+bool EditBoxView::commit() {
+  if (!touched_ || committing_) return true;
+  const std::string typed = toUtf8(windowText(handle()));
+  if (typed == model_.text()) {
+    touched_ = false;
+    return true;
+  }
+  const std::string before = model_.text();
+  touched_ = false;
+  committing_ = true;
+  const bool accepted = guarded([&] { model_.type(typed); });
+  committing_ = false;
+  restore();
+  return accepted && model_.text() != before;
+}
+
+void EditBoxView::command(HWND from, UINT code) {
+  if (from == lookup_) {
+    if (code == BN_CLICKED) lookup();
+    return;
+  }
+  if (code == EN_CHANGE && !showing_) touched_ = true;
+  if (code == EN_SETFOCUS) SendMessageW(handle(), EM_SETSEL, 0, -1);
+  if (code == EN_KILLFOCUS) commit();
+}
+
+void EditBoxView::lookup() {
+  commit();
+  guarded([&] { model_.lookup(); });
+  if (IsWindowEnabled(handle())) SetFocus(handle());
+}
+
+std::function<void()> EditBoxView::actionFor(const Key& key) {
+  if (key.isPlain(VK_F4) && model_.hasLookup()) return [this] { lookup(); };
+  if (key.isPlain(VK_ESCAPE) && touched_) {
+    return [this] {
+      restore();
+      SendMessageW(handle(), EM_SETSEL, 0, -1);
+    };
+  }
+  return {};
+}
+
+void EditBoxView::drawItem(const DRAWITEMSTRUCT& item) {
+  drawPushButton(item, theme(), {L"\u2026", {}, false, behind()});
+}
+
+HBRUSH EditBoxView::colours(HDC dc, HWND window) {
+  if (window == handle() && (!looksEnabled() || !model_.isEditable())) {
+    SetTextColor(dc, looksEnabled() ? theme().colours().muted : theme().colours().faint);
+    SetBkColor(dc, theme().colours().locked);
+    return theme().lockedBrush();
+  }
+  return FieldView::colours(dc, window);
+}
+
+void EditBoxView::describe(Inspection& inspection) {
+  const std::wstring text = windowText(handle());
+  write(inspection.text, model_.isMasked() ? std::wstring(text.size(), L'*') : text);
+  if (model_.isMasked()) addMark(inspection, "masked");
+  if (!model_.isEditable()) addMark(inspection, "read-only");
+  if (model_.isRequired()) addMark(inspection, "required");
+  if (model_.hasLookup()) addMark(inspection, "look-up");
+}
+
+bool EditBoxView::describePart(Inspection& inspection) {
+  if (inspection.part != Inspected::Lookup || !model_.hasLookup()) return false;
+  describeWindow(inspection, lookup_);
+  return true;
+}
+
+}  // namespace kebu::windows

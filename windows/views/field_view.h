@@ -1,0 +1,33 @@
+#pragma once
+
+#include "windows/views/view.h"
+
+namespace kebu::windows {
+
+/// A stock control with a caption beside it.
+class FieldView : public View {
+ public:
+  FieldView(ViewSite& site, controls::Control& model, const char* kind, HWND parent);
+  ~FieldView() override;
+
+  HWND handle() const override { return control_; }
+  void place(const layout::Placement& placement) override;
+  void refresh() override;
+  void applyTheme() override;
+  HBRUSH colours(HDC dc, HWND window) override;
+  void setMnemonic(std::size_t at) override;
+  bool hasMnemonic() const override { return !control().caption().empty(); }
+
+ protected:
+  /// The control itself; made after the caption, which then names it to readers.
+  void setHandle(HWND window) { control_ = window; }
+  /// Whether the caption carries the mark of what must be given.
+  virtual bool isMarked() const { return false; }
+
+ private:
+  HWND caption_;
+  HWND control_ = nullptr;
+  std::size_t mnemonic_ = std::string::npos;
+};
+
+}  // namespace kebu::windows

@@ -1,0 +1,46 @@
+#pragma once
+
+#include <cstdint>
+#include <functional>
+#include <string>
+#include <vector>
+
+#include "controls/query_grid.h"
+
+namespace kebu::windows {
+
+/// What a grid on the screen shows and acts on. Rows count from 1, columns from 0.
+class GridSource {
+ public:
+  struct Column {
+    std::string field;
+    std::string caption;
+    int width = 0;  ///< in 96ths of an inch
+    controls::ColumnKind kind = controls::ColumnKind::Text;
+    std::vector<std::string> items;  ///< of a value list
+  };
+
+  virtual ~GridSource() = default;
+  virtual const std::vector<Column>& columns() const = 0;
+  virtual std::int32_t rowCount() const = 0;
+  virtual std::int32_t currentRow() const = 0;
+  virtual std::string cellText(std::int32_t row, std::size_t column) = 0;
+  virtual bool isEnabled() const { return true; }
+  virtual bool isLocked(std::int32_t /*row*/, std::size_t /*column*/) { return true; }
+  virtual bool keepsRowState() const { return false; }
+  /// 1 in order, 2 incomplete, else not marked.
+  virtual int rowState(std::int32_t /*row*/) { return 0; }
+
+  // What the user does. Errors are raised.
+  virtual void selectRow(std::int32_t row) = 0;
+  virtual void edit(std::int32_t /*row*/, std::size_t /*column*/, const std::string& /*text*/) {}
+  virtual void choose(std::int32_t /*row*/, std::size_t /*column*/, std::size_t /*item*/) {}
+  virtual void empty(std::int32_t /*row*/, std::size_t /*column*/) {}
+  virtual void tick(std::int32_t /*row*/, std::size_t /*column*/) {}
+  virtual void tickAll(std::size_t /*column*/, bool /*on*/) {}
+  virtual void lookup(std::int32_t /*row*/, std::size_t /*column*/) {}
+  /// Double click, or Enter where nothing is edited.
+  virtual void activate() {}
+};
+
+}  // namespace kebu::windows

@@ -1,0 +1,51 @@
+#include "windows/views/label_view.h"
+
+#include "windows/views/wide_text.h"
+
+namespace kebu::windows {
+
+namespace {
+
+constexpr DWORD style = SS_LEFT | SS_CENTERIMAGE | SS_ENDELLIPSIS | SS_NOPREFIX;
+
+}  // namespace
+
+LabelView::LabelView(ViewSite& site, controls::Label& model, HWND parent)
+    : View(site, model, "Label"),
+      window_(createStock(L"STATIC", style, 0, parent)),
+      isTitle_(false) {}
+
+LabelView::LabelView(ViewSite& site, controls::TitleBar& model, HWND parent)
+    : View(site, model, "TitleBar"),
+      window_(createStock(L"STATIC", style, 0, parent)),
+      isTitle_(true) {
+  applyTheme();
+}
+
+LabelView::~LabelView() {
+  DestroyWindow(window_);
+}
+
+void LabelView::place(const layout::Placement& placement) {
+  moveWindow(window_, placement.bounds);
+  ShowWindow(window_, placement.bounds.isEmpty() ? SW_HIDE : SW_SHOWNA);
+}
+
+void LabelView::refresh() {
+  setWindowText(window_, toWide(control().caption()));
+}
+
+void LabelView::applyTheme() {
+  HFONT font = isTitle_ ? theme().title() : theme().font();
+  SendMessageW(window_, WM_SETFONT, reinterpret_cast<WPARAM>(font), TRUE);
+}
+
+HBRUSH LabelView::colours(HDC dc, HWND /*window*/) {
+  const Palette& colours = theme().colours();
+  const COLORREF ink = isTitle_ ? colours.text : colours.muted;
+  SetTextColor(dc, looksEnabled() ? ink : colours.faint);
+  SetBkColor(dc, behind());
+  return behindBrush();
+}
+
+}  // namespace kebu::windows

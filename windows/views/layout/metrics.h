@@ -1,0 +1,31 @@
+#pragma once
+
+#include <functional>
+#include <string>
+
+namespace kebu::windows::layout {
+
+/// In pixels of the screen.
+struct Rect {
+  int left = 0;
+  int top = 0;
+  int width = 0;
+  int height = 0;
+
+  int right() const { return left + width; }
+  int bottom() const { return top + height; }
+  bool isEmpty() const { return width <= 0 || height <= 0; }
+};
+
+/// What the layout knows of the screen: its resolution and the font.
+struct Metrics {
+  int dpi = 96;
+  int lineHeight = 15;
+  std::function<int(const std::string&)> textWidth;
+
+  /// Pixels of `units`, each of which is 1/96 inch.
+  int px(int units) const { return (units * dpi + 48) / 96; }
+  int fieldHeight() const { return lineHeight + px(8); }
+};
+
+}  // namespace kebu::windows::layout

@@ -1,0 +1,329 @@
+#include "windows/views/layout/page_layout.h"
+
+#include <algorithm>
+#include <utility>
+
+#include "common/convert.h"
+#include "controls/check_box.h"
+#include "controls/combo_box.h"
+#include "controls/edit_box.h"
+
+namespace kebu::windows::layout {
+
+using controls::Control;
+using controls::GroupBox;
+
+namespace {
+
+// In 96ths of an inch.
+constexpr int rowGap = 7;
+constexpr int groupGap = 12;
+constexpr int padding = 14;
+constexpr int captionGap = 10;
+constexpr int partGap = 6;
+constexpr int codeWidth = 90;
+constexpr int widestField = 440;
+constexpr int longestShort = 30;  // characters of a box that is not stretched
+constexpr int twoColumnsFrom = 720;
+constexpr int leastGrid = 190;
+
+bool isField(const Control& control) {
+  return dynamic_cast<const controls::EditBox*>(&control) ||
+         dynamic_cast<const controls::ComboBox*>(&control);
+}
+
+bool isLineItem(const Control& control) {
+  return dynamic_cast<const controls::Button*>(&control) ||
+         dynamic_cast<const controls::Label*>(&control);
+}
+
+bool isLabel(const Control& control) {
+  return dynamic_cast<const controls::Label*>(&control) != nullptr;
+}
+
+const Control* descriptionOf(const Control& control) {
+  const auto* box = dynamic_cast<const controls::EditBox*>(&control);
+  return box ? box->description() : nullptr;
+}
+
+bool hasLookup(const Control& control) {
+  const auto* box = dynamic_cast<const controls::EditBox*>(&control);
+  return box && box->hasLookup();
+}
+
+bool holdsAnythingShown(const GroupBox& group) {
+  return std::any_of(group.children().begin(), group.children().end(),
+                     [](const Control* child) { return child->isVisible(); });
+}
+
+}  // namespace
+
+PageLayout::PageLayout(Metrics metrics, const Rules& rules) : metrics_(std::move(metrics)) {
+  for (const auto& rule : rules) rules_[toUpperAscii(rule.control)] = rule.rule;
+}
+
+std::int32_t PageLayout::ruleOf(const Control& control) const {
+  const auto registered = rules_.find(toUpperAscii(control.Name()));
+  if (registered != rules_.end()) return registered->second;
+  constexpr std::int32_t stretched = leftSide | topSide | rightSide;
+  if (const auto* group = dynamic_cast<const GroupBox*>(&control)) {
+    const bool inner = std::any_of(group->children().begin(), group->children().end(),
+                                   [&](const Control* child) { return grows(*child); });
+    return inner ? stretched | bottomSide : stretched;
+  }
+  // What is none of the known small controls wants room: a grid, an editor.
+  const bool isSmall =
+      isField(control) || isLineItem(control) || dynamic_cast<const controls::CheckBox*>(&control);
+  return isSmall ? leftSide | topSide : stretched | bottomSide;
+}
+
+bool PageLayout::grows(const Control& control) const {
+  constexpr std::int32_t both = topSide | bottomSide;
+  return control.isVisible() && (ruleOf(control) & both) == both && !isField(control) &&
+         !isLineItem(control);
+}
+
+int PageLayout::captionColumn(const Controls& controls) const {
+  int widest = 0;
+  for (const Control* control : controls) {
+    if (!control->isVisible()) continue;
+    if (const auto* group = dynamic_cast<const GroupBox*>(control)) {
+      widest = std::max(widest, captionColumn(group->children()));
+    } else if (isField(*control) && !control->caption().empty()) {
+      widest = std::max(widest, metrics_.textWidth(control->caption() + " *"));
+    }
+  }
+  return widest;
+}
+
+int PageLayout::fieldWidth(const Control& control) const {
+  const auto* box = dynamic_cast<const controls::EditBox*>(&control);
+  if (box && (box->hasLookup() || box->description())) return metrics_.px(codeWidth);
+  if (box && box->maxLength() > 0 && box->maxLength() <= longestShort) {
+    const std::string digits(std::max<std::size_t>(box->maxLength(), 4), '0');
+    return metrics_.textWidth(digits) + metrics_.px(16);
+  }
+  return metrics_.px(widestField);
+}
+
+int PageLayout::buttonWidth(const Control& button) const {
+  return std::max(metrics_.px(100), metrics_.textWidth(button.caption()) + metrics_.px(32));
+}
+
+PageLayout::Block PageLayout::fieldBlock(Control& field) {
+  Block block;
+  block.height = metrics_.fieldHeight();
+  block.gap = metrics_.px(rowGap);
+  block.place = [this, &field](const Rect& area) {
+    Placement& placement = placements_[&field];
+    const int left =
+        captionColumn_ ? area.left + captionColumn_ + metrics_.px(captionGap) : area.left;
+    const int room = std::max(area.right() - left, 0);
+    if (captionColumn_) {
+      placement.caption = {area.left, area.top, captionColumn_, area.height};
+    }
+    const int button = hasLookup(field) ? metrics_.px(26) : 0;
+    const bool isCheck = dynamic_cast<const controls::CheckBox*>(&field) != nullptr;
+    const int width = isCheck ? room : std::min(fieldWidth(field), room - button);
+    placement.bounds = {left, area.top, width, area.height};
+    if (button) {
+      placement.lookup = {placement.bounds.right() + metrics_.px(2), area.top,
+                          button - metrics_.px(2), area.height};
+    }
+    if (const Control* description = descriptionOf(field)) {
+      const int from = left + width + button + metrics_.px(partGap);
+      placements_[description].bounds = {from, area.top, std::max(area.right() - from, 0),
+                                         area.height};
+    }
+  };
+  return block;
+}
+
+PageLayout::Block PageLayout::lineBlock(const Controls& line) {
+  Block block;
+  block.height = metrics_.fieldHeight() + metrics_.px(2);
+  block.gap = metrics_.px(rowGap);
+  block.docked = std::all_of(line.begin(), line.end(), [this](const Control* control) {
+    const std::int32_t rule = ruleOf(*control);
+    return (rule & bottomSide) && !(rule & topSide);
+  });
+  block.place = [this, line](const Rect& area) {
+    int left = area.left;
+    int right = area.right();
+    const int gap = metrics_.px(partGap);
+    for (const Control* control : line) {
+      if (isLabel(*control)) continue;
+      const int width = buttonWidth(*control);
+      const std::int32_t rule = ruleOf(*control);
+      if ((rule & rightSide) && !(rule & leftSide)) {
+        right -= width;
+        placements_[control].bounds = {right, area.top, width, area.height};
+        right -= gap;
+      } else {
+        placements_[control].bounds = {left, area.top, width, area.height};
+        left += width + gap;
+      }
+    }
+    for (const Control* control : line) {
+      if (isLabel(*control)) {
+        placements_[control].bounds = {left, area.top, std::max(right - left, 0), area.height};
+      }
+    }
+  };
+  return block;
+}
+
+PageLayout::Block PageLayout::wholeBlock(Control& control) {
+  Block block;
+  block.height = metrics_.px(leastGrid);
+  block.gap = metrics_.px(groupGap);
+  block.grows = grows(control);
+  block.place = [this, &control](const Rect& area) { placements_[&control].bounds = area; };
+  return block;
+}
+
+PageLayout::Block PageLayout::groupBlock(GroupBox& group, int width) {
+  const int inset = metrics_.px(padding);
+  const int title =
+      group.caption().empty() ? inset : metrics_.lineHeight + metrics_.px(padding) + inset;
+  const Blocks inner = blocksOf(group.children(), width - 2 * inset);
+  const std::int32_t rule = ruleOf(group);
+  Block block;
+  block.height = title + heightOf(inner) + inset;
+  block.gap = metrics_.px(groupGap);
+  block.grows = grows(group);
+  block.docked = (rule & bottomSide) && !(rule & topSide);
+  block.place = [this, &group, inner, title, inset](const Rect& area) {
+    placements_[&group].bounds = area;
+    placeBlocks(inner, {area.left + inset, area.top + title, area.width - 2 * inset,
+                        area.height - title - inset});
+  };
+  return block;
+}
+
+PageLayout::Block PageLayout::columnsBlock(const std::vector<GroupBox*>& groups, int width) {
+  const int gap = metrics_.px(groupGap);
+  const int columnWidth = (width - gap) / 2;
+  Blocks all;
+  for (GroupBox* group : groups) all.push_back(groupBlock(*group, columnWidth));
+  // The break that leaves both columns as low as can be, in the given order.
+  std::size_t best = 1;
+  int lowest = -1;
+  for (std::size_t at = 1; at < all.size(); ++at) {
+    const auto split = all.begin() + static_cast<std::ptrdiff_t>(at);
+    const int height =
+        std::max(heightOf(Blocks(all.begin(), split)), heightOf(Blocks(split, all.end())));
+    if (lowest < 0 || height < lowest) {
+      lowest = height;
+      best = at;
+    }
+  }
+  const auto split = all.begin() + static_cast<std::ptrdiff_t>(best);
+  Block block;
+  block.height = lowest;
+  block.gap = gap;
+  block.place = [first = Blocks(all.begin(), split), second = Blocks(split, all.end()), gap,
+                 columnWidth](const Rect& area) {
+    placeBlocks(first, {area.left, area.top, columnWidth, area.height});
+    placeBlocks(second, {area.left + columnWidth + gap, area.top, columnWidth, area.height});
+  };
+  return block;
+}
+
+PageLayout::Blocks PageLayout::blocksOf(const Controls& controls, int width) {
+  std::vector<const Control*> descriptions;
+  for (const Control* control : controls) descriptions.push_back(descriptionOf(*control));
+  Controls shown;
+  for (Control* control : controls) {
+    const auto* group = dynamic_cast<const GroupBox*>(control);
+    const bool isDescription =
+        std::find(descriptions.begin(), descriptions.end(), control) != descriptions.end();
+    if (control->isVisible() && !isDescription && (!group || holdsAnythingShown(*group))) {
+      shown.push_back(control);
+    }
+  }
+
+  Blocks blocks;
+  for (std::size_t i = 0; i < shown.size();) {
+    Control& control = *shown[i++];
+    if (auto* group = dynamic_cast<GroupBox*>(&control)) {
+      std::vector<GroupBox*> run{group};
+      const auto sideBySide = [&](const GroupBox& box) {
+        const std::int32_t rule = ruleOf(box);
+        return !grows(box) && !((rule & bottomSide) && !(rule & topSide));
+      };
+      while (sideBySide(*group) && i < shown.size()) {
+        auto* next = dynamic_cast<GroupBox*>(shown[i]);
+        if (!next || !sideBySide(*next)) break;
+        run.push_back(next);
+        ++i;
+      }
+      if (run.size() > 1 && width >= metrics_.px(twoColumnsFrom)) {
+        blocks.push_back(columnsBlock(run, width));
+      } else {
+        for (GroupBox* each : run) blocks.push_back(groupBlock(*each, width));
+      }
+    } else if (isLineItem(control)) {
+      Controls line{&control};
+      bool hasLabel = isLabel(control);
+      while (i < shown.size() && isLineItem(*shown[i]) && !(hasLabel && isLabel(*shown[i]))) {
+        hasLabel = hasLabel || isLabel(*shown[i]);
+        line.push_back(shown[i++]);
+      }
+      blocks.push_back(lineBlock(line));
+    } else if (isField(control) || dynamic_cast<controls::CheckBox*>(&control)) {
+      blocks.push_back(fieldBlock(control));
+    } else {
+      blocks.push_back(wholeBlock(control));
+    }
+  }
+  return blocks;
+}
+
+int PageLayout::heightOf(const Blocks& blocks) {
+  int height = 0;
+  for (const Block& block : blocks) height += block.height + block.gap;
+  return blocks.empty() ? 0 : height - blocks.front().gap;
+}
+
+void PageLayout::placeBlocks(const Blocks& blocks, const Rect& area) {
+  int left = std::max(area.height - heightOf(blocks), 0);
+  auto growing = static_cast<int>(
+      std::count_if(blocks.begin(), blocks.end(), [](const Block& block) { return block.grows; }));
+  int top = area.top;
+  for (const Block& block : blocks) {
+    if (&block != blocks.data()) top += block.gap;
+    int height = block.height;
+    if (block.grows) {
+      const int share = left / growing--;
+      height += share;
+      left -= share;
+    } else if (block.docked && growing == 0) {
+      top += std::exchange(left, 0);
+    }
+    block.place({area.left, top, area.width, height});
+    top += height;
+  }
+}
+
+void PageLayout::prepare(const Controls& controls, int width) {
+  placements_.clear();
+  const bool hasGroups = std::any_of(controls.begin(), controls.end(), [](const Control* control) {
+    return dynamic_cast<const GroupBox*>(control) != nullptr;
+  });
+  const int column = hasGroups && width >= metrics_.px(twoColumnsFrom) ? width / 2 : width;
+  captionColumn_ = std::min(captionColumn(controls), column * 45 / 100);
+}
+
+int PageLayout::naturalHeight(const Controls& controls, int width) {
+  prepare(controls, width);
+  return heightOf(blocksOf(controls, width));
+}
+
+Placements PageLayout::place(const Controls& controls, const Rect& area) {
+  prepare(controls, area.width);
+  placeBlocks(blocksOf(controls, area.width), area);
+  return std::move(placements_);
+}
+
+}  // namespace kebu::windows::layout

@@ -1,0 +1,70 @@
+#pragma once
+
+#include <windows.h>
+
+#include <string>
+
+#include "windows/views/layout/metrics.h"
+
+namespace kebu::windows {
+
+inline RECT toRECT(const layout::Rect& r) {
+  return {r.left, r.top, r.right(), r.bottom()};
+}
+
+/// The screen's device context, to measure with.
+class ScreenDc {
+ public:
+  ScreenDc() : dc_(GetDC(nullptr)) {}
+  ~ScreenDc() { ReleaseDC(nullptr, dc_); }
+  ScreenDc(const ScreenDc&) = delete;
+  ScreenDc& operator=(const ScreenDc&) = delete;
+  HDC get() const { return dc_; }
+
+ private:
+  HDC dc_;
+};
+
+/// An object selected for as long as this lives.
+class Selected {
+ public:
+  Selected(HDC dc, HGDIOBJ object) : dc_(dc), before_(SelectObject(dc, object)) {}
+  ~Selected() { SelectObject(dc_, before_); }
+  Selected(const Selected&) = delete;
+  Selected& operator=(const Selected&) = delete;
+
+ private:
+  HDC dc_;
+  HGDIOBJ before_;
+};
+
+/// Answers WM_PAINT from a picture made aside, so that nothing flickers.
+class BufferedPaint {
+ public:
+  explicit BufferedPaint(HWND window);
+  ~BufferedPaint();
+  BufferedPaint(const BufferedPaint&) = delete;
+  BufferedPaint& operator=(const BufferedPaint&) = delete;
+  HDC dc() const { return memory_; }
+  const RECT& area() const { return paint_.rcPaint; }
+
+ private:
+  HWND window_;
+  PAINTSTRUCT paint_{};
+  HDC memory_;
+  HBITMAP bitmap_;
+  HGDIOBJ before_;
+};
+
+void fill(HDC dc, const RECT& area, COLORREF colour);
+void frame(HDC dc, const RECT& area, COLORREF colour);
+/// A filled area with round corners and a line around it.
+void card(HDC dc, const RECT& area, int radius, COLORREF inside, COLORREF border);
+/// One line, cut off with dots where it does not fit; `format` as for DrawText.
+void text(HDC dc, const std::wstring& text, RECT area, COLORREF colour, HFONT font, UINT format);
+
+enum class CheckState { Off, On };
+/// A check box in the looks of the visual style, in the middle of `area`.
+void checkBox(HDC dc, HWND window, const RECT& area, CheckState state, bool enabled, int size);
+
+}  // namespace kebu::windows
