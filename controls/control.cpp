@@ -23,11 +23,15 @@ void Control::setVisible(bool visible) {
 }
 
 bool Control::isReachable() const {
-  return enabled_ && visible_ && (!container_ || container_->isReachable());
+  return isShown() && looksEnabled();
 }
 
 bool Control::isShown() const {
   return visible_ && (!container_ || container_->isShown());
+}
+
+bool Control::looksEnabled() const {
+  return enabled_ && (!container_ || container_->looksEnabled());
 }
 
 void Control::translate(const Translator& translator) {

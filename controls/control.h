@@ -51,6 +51,8 @@ class Control : public host::NamedObject {
   void setContainer(Control& container) { container_ = &container; }
   bool isReachable() const;
   bool isShown() const;
+  /// Neither it nor a control around it is grey, seen or not.
+  bool looksEnabled() const;
 
   /// Puts the texts shown into the user's language.
   virtual void translate(const Translator& translator);

@@ -103,8 +103,8 @@ std::string QueryGrid::cellText(std::int32_t row, std::size_t index) {
 }
 
 bool QueryGrid::isLocked(std::int32_t row, const Column& column) {
-  return column.kind == ColumnKind::Text || column.kind == ColumnKind::Description ||
-         column.field == keyField_ || (cellLocked && cellLocked(row, column.field));
+  return !isChangeable(column.kind) || column.field == keyField_ ||
+         (cellLocked && cellLocked(row, column.field));
 }
 
 Value QueryGrid::rowState(std::int32_t row) {
@@ -153,8 +153,8 @@ void QueryGrid::commit(const std::string& field, const Value& value) {
 
 void QueryGrid::edit(std::int32_t row, const std::string& field, const Value& value) {
   const Column& column = requireCell(row, field);
-  const bool fixed = column.kind == ColumnKind::Text || column.kind == ColumnKind::Description ||
-                     column.kind == ColumnKind::Check || column.field == keyField_;
+  const bool fixed =
+      !isChangeable(column.kind) || column.kind == ColumnKind::Check || column.field == keyField_;
   if (fixed) throw GestureRefused(field + " of " + Name() + " is not edited by typing");
   if (column.kind == ColumnKind::ValueList && !value.isNull() &&
       std::none_of(column.items.begin(), column.items.end(),

@@ -22,6 +22,11 @@ enum class ColumnKind {
   Description,  ///< decoded from a code; has no field of its own. For grids of few rows
 };
 
+/// Whether the user changes cells of such a column at all.
+constexpr bool isChangeable(ColumnKind kind) {
+  return kind != ColumnKind::Text && kind != ColumnKind::Description;
+}
+
 struct ValueListItem {
   std::int32_t code = 0;
   std::string_view caption;

@@ -36,6 +36,19 @@ bool BoundControl::writeToRecord(const Value& value) {
   });
 }
 
+std::string nameOf(FrameStatus status) {
+  switch (status) {
+    case FrameStatus::Editing:
+      return "editing";
+    case FrameStatus::New:
+      return "new";
+    case FrameStatus::Saving:
+      return "saving";
+    default:
+      return "browsing";
+  }
+}
+
 RecordFrame::RecordFrame(std::string name, ControlHost& host)
     : Control(std::move(name)), host_(host) {}
 

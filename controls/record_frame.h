@@ -47,6 +47,9 @@ enum class FrameStatus : std::int16_t {
   SetByProcedure = 8  ///< as previous status only: a procedure changed the record itself
 };
 
+/// What the frame is doing, in a word for people who look on.
+std::string nameOf(FrameStatus status);
+
 /// The record that a page shows: its bound controls, its child frames, its
 /// pending changes, and the events around saving, deleting and undoing.
 ///

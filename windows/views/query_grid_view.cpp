@@ -139,9 +139,9 @@ bool QueryGridView::describePart(Inspection& inspection) {
       if (row < 1 || row > model_.rowCount()) return false;
       if (seen) inspection.bounds = grid_.cellBounds(row, index);
       writeText(inspection, model_.cellText(row, index));
-      const bool isShownOnly = column.kind == controls::ColumnKind::Text ||
-                               column.kind == controls::ColumnKind::Description;
-      if (!isShownOnly && model_.isLocked(row, column)) addMark(inspection, "locked");
+      if (isChangeable(column.kind) && model_.isLocked(row, column)) {
+        addMark(inspection, "locked");
+      }
       return true;
     }
     default:

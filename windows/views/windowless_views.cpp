@@ -17,20 +17,7 @@ RecordFrameView::RecordFrameView(ViewSite& site, controls::RecordFrame& model, H
     : View(site, model, "RecordFrame"), model_(model) {}
 
 void RecordFrameView::describe(Inspection& inspection) {
-  switch (model_.status()) {
-    case controls::FrameStatus::Editing:
-      writeText(inspection, "editing");
-      break;
-    case controls::FrameStatus::New:
-      writeText(inspection, "new");
-      break;
-    case controls::FrameStatus::Saving:
-      writeText(inspection, "saving");
-      break;
-    default:
-      writeText(inspection, "browsing");
-      break;
-  }
+  writeText(inspection, nameOf(model_.status()));
   if (!model_.hasRecord()) addMark(inspection, "no-record");
 }
 

@@ -60,21 +60,8 @@ void describe(ControlView& view, const ProgressBar& bar) {
   if (bar.isRunning()) view.marks.emplace_back("running");
 }
 
-std::string statusText(const RecordFrame& frame) {
-  switch (frame.status()) {
-    case FrameStatus::Editing:
-      return "editing";
-    case FrameStatus::New:
-      return "new";
-    case FrameStatus::Saving:
-      return "saving";
-    default:
-      return "browsing";
-  }
-}
-
 void describe(ControlView& view, const RecordFrame& frame) {
-  view.value = statusText(frame);
+  view.value = nameOf(frame.status());
   if (!frame.hasRecord()) view.marks.emplace_back("no record");
 }
 
@@ -94,10 +81,6 @@ void describe(ControlView& view, const Form& form) {
   }
 }
 
-bool isEditedSomewhere(const QueryGrid::Column& column) {
-  return column.kind != ColumnKind::Text && column.kind != ColumnKind::Description;
-}
-
 void describe(ControlView& view, QueryGrid& grid, const RowRange& rows) {
   GridView& content = view.grid.emplace();
   content.rowCount = grid.rowCount();
@@ -113,23 +96,18 @@ void describe(ControlView& view, QueryGrid& grid, const RowRange& rows) {
     for (std::size_t i = 0; i < grid.columns().size(); ++i) {
       const QueryGrid::Column& column = grid.columns()[i];
       line.cells.push_back(
-          {grid.cellText(row, i), isEditedSomewhere(column) && grid.isLocked(row, column)});
+          {grid.cellText(row, i), isChangeable(column.kind) && grid.isLocked(row, column)});
     }
   }
 }
 
 }  // namespace
 
-bool looksEnabled(const Control& control) {
-  const Control* const around = control.container();
-  return control.isEnabled() && (!around || looksEnabled(*around));
-}
-
 ControlView viewOf(Control& control, const RowRange& rows) {
   ControlView view;
   view.name = control.Name();
   view.caption = control.caption();
-  view.enabled = looksEnabled(control);
+  view.enabled = control.looksEnabled();
   view.visible = control.isShown();
   if (const auto* box = dynamic_cast<EditBox*>(&control)) {
     describe(view, *box);
@@ -163,7 +141,8 @@ std::string valueOf(const Control& control) {
   if (const auto* check = dynamic_cast<const CheckBox*>(&control)) {
     return check->isTicked() ? "1" : "0";
   }
-  if (const auto* frame = dynamic_cast<const RecordFrame*>(&control)) return statusText(*frame);
+  if (const auto* frame = dynamic_cast<const RecordFrame*>(&control))
+    return nameOf(frame->status());
   if (const auto* progress = dynamic_cast<const ProgressBar*>(&control)) return progress->text();
   if (const auto* links = dynamic_cast<const SideBar*>(&control)) {
     return links->selected() ? std::to_string(links->selected()->view) : "";

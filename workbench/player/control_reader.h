@@ -9,8 +9,6 @@
 
 namespace kebu::workbench {
 
-/// Neither the control nor one around it is grey.
-bool looksEnabled(const controls::Control& control);
 /// What a person sees of a control, from its model; `rows` matters for a grid.
 ControlView viewOf(controls::Control& control, const RowRange& rows);
 /// What a control holds as a text; StepError for one that holds nothing.

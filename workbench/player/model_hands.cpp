@@ -114,7 +114,7 @@ bool ModelHands::isButtonEnabled(const std::string& bar, const std::string& butt
     return b.key == button || b.caption == button;
   });
   if (at == buttons.end()) throw StepError(bar + " has no button \"" + button + "\"");
-  return at->enabled && looksEnabled(shown);
+  return at->enabled && shown.looksEnabled();
 }
 
 }  // namespace kebu::workbench
