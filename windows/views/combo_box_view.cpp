@@ -91,20 +91,16 @@ void ComboBoxView::describe(Inspection& inspection) {
 }
 
 bool ComboBoxView::describePart(Inspection& inspection) {
-  if (inspection.part != Inspected::Item) return false;
-  const std::string key = toUtf8(inspection.key);
-  for (std::size_t i = 0; i < model_.rows().size(); ++i) {
-    const controls::ComboBox::Row& row = model_.rows()[i];
-    const std::string code = toText(row.code);
-    if (key.empty() ? inspection.index != static_cast<std::int32_t>(i) : code != key) continue;
-    describeWindow(inspection, handle());
-    inspection.index = static_cast<std::int32_t>(i);
-    writeName(inspection, code);
-    writeText(inspection, row.caption);
-    if (static_cast<int>(i) == chosenIndex()) addMark(inspection, "chosen");
-    return true;
-  }
-  return false;
+  const auto& rows = model_.rows();
+  const auto at = itemAsked(inspection, rows.size(), [&](std::size_t i, const std::string& key) {
+    return toText(rows[i].code) == key;
+  });
+  if (!at) return false;
+  describeWindow(inspection, handle());
+  writeName(inspection, toText(rows[*at].code));
+  writeText(inspection, rows[*at].caption);
+  if (static_cast<int>(*at) == chosenIndex()) addMark(inspection, "chosen");
+  return true;
 }
 
 }  // namespace kebu::windows

@@ -181,16 +181,14 @@ void FormWindow::arrangePages(const layout::Rect& place) {
   for (const auto& [page, window] : pages_) {
     const bool appeared =
         page->isVisible() && page != shownPage_ && !IsWindowVisible(window->handle());
-    const bool wasCovered = GetPropW(window->handle(), L"kebu.covered") != nullptr;
-    if (page->isVisible() && (!shownPage_ || (appeared && !wasCovered))) shownPage_ = page;
+    if (page->isVisible() && (!shownPage_ || (appeared && !covered_.count(page)))) {
+      shownPage_ = page;
+    }
   }
+  covered_.clear();
   for (const auto& [page, window] : pages_) {
     const bool shown = page == shownPage_;
-    if (page->isVisible() && !shown) {
-      SetPropW(window->handle(), L"kebu.covered", handle());
-    } else {
-      RemovePropW(window->handle(), L"kebu.covered");
-    }
+    if (page->isVisible() && !shown) covered_.insert(page);
     if (shown) window->arrange(place, *rules);
     ShowWindow(window->handle(), shown ? SW_SHOWNA : SW_HIDE);
   }

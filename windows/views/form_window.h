@@ -2,6 +2,7 @@
 
 #include <map>
 #include <memory>
+#include <set>
 #include <vector>
 
 #include "controls/form.h"
@@ -59,6 +60,7 @@ class FormWindow : public Window, public ViewSite, public KeyTarget {
   std::map<const controls::GroupBox*, std::unique_ptr<PageWindow>> pages_;
   std::unique_ptr<PageWindow> loosePage_;
   const controls::GroupBox* shownPage_ = nullptr;
+  std::set<const controls::GroupBox*> covered_;  ///< visible pages under the shown one
   std::map<const controls::Control*, std::unique_ptr<View>> views_;
   std::vector<View*> inOrder_;
   std::map<char, std::function<void()>> mnemonics_;

@@ -137,21 +137,16 @@ void NavigatorBarView::describe(Inspection& inspection) {
 }
 
 bool NavigatorBarView::describePart(Inspection& inspection) {
-  if (inspection.part != Inspected::Item) return false;
-  const std::string key = toUtf8(inspection.key);
-  for (std::size_t i = 0; i < buttons_.size(); ++i) {
-    const controls::NavigatorBar::Button& button = model_.buttons()[i];
-    const bool isAsked = key.empty() ? inspection.index == static_cast<std::int32_t>(i)
-                                     : button.key == key || button.caption == key;
-    if (!isAsked) continue;
-    describeWindow(inspection, buttons_[i]);
-    inspection.index = static_cast<std::int32_t>(i);
-    inspection.enabled = button.enabled;  // the bar's own state is told of the bar
-    writeName(inspection, button.key);
-    writeText(inspection, button.caption);
-    return true;
-  }
-  return false;
+  const auto& all = model_.buttons();
+  const auto at = itemAsked(inspection, all.size(), [&](std::size_t i, const std::string& key) {
+    return all[i].key == key || all[i].caption == key;
+  });
+  if (!at) return false;
+  describeWindow(inspection, buttons_[*at]);
+  inspection.enabled = all[*at].enabled;  // the bar's own state is told of the bar
+  writeName(inspection, all[*at].key);
+  writeText(inspection, all[*at].caption);
+  return true;
 }
 
 }  // namespace kebu::windows

@@ -57,7 +57,7 @@ void PageWindow::placeAll(const std::vector<controls::Control*>& all,
     placeView_(*control, placement);
     if (auto* group = dynamic_cast<controls::GroupBox*>(control)) {
       if (!placement.bounds.isEmpty()) {
-        cards_.push_back({placement.bounds, group->caption(), looksEnabled(*group)});
+        cards_.push_back({placement.bounds, group->caption(), group->looksEnabled()});
       }
       placeAll(group->children(), placements);
     }
@@ -68,31 +68,6 @@ void PageWindow::scrollTo(int offset) {
   offset_ = offset;
   layOut();
   UpdateWindow(handle());
-}
-
-void PageWindow::scroll(UINT code) {
-  SCROLLINFO info{sizeof info, SIF_ALL, 0, 0, 0, 0, 0};
-  GetScrollInfo(handle(), SB_VERT, &info);
-  const int page = static_cast<int>(info.nPage);
-  switch (code) {
-    case SB_LINEUP:
-      scrollTo(info.nPos - theme_.px(30));
-      break;
-    case SB_LINEDOWN:
-      scrollTo(info.nPos + theme_.px(30));
-      break;
-    case SB_PAGEUP:
-      scrollTo(info.nPos - page);
-      break;
-    case SB_PAGEDOWN:
-      scrollTo(info.nPos + page);
-      break;
-    case SB_THUMBTRACK:
-      scrollTo(info.nTrackPos);
-      break;
-    default:
-      break;
-  }
 }
 
 void PageWindow::reveal(HWND control) {
@@ -135,7 +110,7 @@ LRESULT PageWindow::answer(UINT message, WPARAM wParam, LPARAM lParam) {
       paint();
       return 0;
     case WM_VSCROLL:
-      scroll(LOWORD(wParam));
+      if (const auto to = scrolled(SB_VERT, wParam, theme_.px(30))) scrollTo(*to);
       return 0;
     case WM_MOUSEWHEEL:
       if (GetWindowLongPtrW(handle(), GWL_STYLE) & WS_VSCROLL) {

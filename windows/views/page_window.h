@@ -40,7 +40,6 @@ class PageWindow : public Window {
   void layOut();
   void placeAll(const std::vector<controls::Control*>& all, layout::Placements& placements);
   void scrollTo(int offset);
-  void scroll(UINT code);
   void paint();
 
   const Theme& theme_;

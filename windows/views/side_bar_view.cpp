@@ -96,21 +96,17 @@ void SideBarView::describe(Inspection& inspection) {
 }
 
 bool SideBarView::describePart(Inspection& inspection) {
-  if (inspection.part != Inspected::Item) return false;
-  const std::string key = toUtf8(inspection.key);
-  for (std::size_t i = 0; i < model_.links().size(); ++i) {
-    const auto& link = model_.links()[i];
-    const std::string view = std::to_string(link.view);
-    if (key.empty() ? inspection.index != static_cast<std::int32_t>(i) : view != key) continue;
-    describeWindow(inspection, window_);
-    inspection.index = static_cast<std::int32_t>(i);
-    SendMessageW(window_, LB_GETITEMRECT, i, reinterpret_cast<LPARAM>(&inspection.bounds));
-    writeName(inspection, view);
-    writeText(inspection, link.text);
-    if (static_cast<int>(i) == chosenIndex()) addMark(inspection, "chosen");
-    return true;
-  }
-  return false;
+  const auto& links = model_.links();
+  const auto at = itemAsked(inspection, links.size(), [&](std::size_t i, const std::string& key) {
+    return std::to_string(links[i].view) == key;
+  });
+  if (!at) return false;
+  describeWindow(inspection, window_);
+  SendMessageW(window_, LB_GETITEMRECT, *at, reinterpret_cast<LPARAM>(&inspection.bounds));
+  writeName(inspection, std::to_string(links[*at].view));
+  writeText(inspection, links[*at].text);
+  if (static_cast<int>(*at) == chosenIndex()) addMark(inspection, "chosen");
+  return true;
 }
 
 }  // namespace kebu::windows

@@ -46,11 +46,12 @@ void StatusBarView::describe(Inspection& inspection) {
 }
 
 bool StatusBarView::describePart(Inspection& inspection) {
-  const auto index = static_cast<std::size_t>(inspection.index);
-  if (inspection.part != Inspected::Item || index >= model_.panels().size()) return false;
+  const auto index = itemAsked(inspection, model_.panels().size(),
+                               [](std::size_t, const std::string&) { return false; });
+  if (!index) return false;
   describeWindow(inspection, window_);
-  SendMessageW(window_, SB_GETRECT, index, reinterpret_cast<LPARAM>(&inspection.bounds));
-  writeText(inspection, model_.panels()[index]);
+  SendMessageW(window_, SB_GETRECT, *index, reinterpret_cast<LPARAM>(&inspection.bounds));
+  writeText(inspection, model_.panels()[*index]);
   return true;
 }
 

@@ -52,7 +52,7 @@ void View::reachByMnemonic() {
 }
 
 bool View::looksEnabled() const {
-  return windows::looksEnabled(control_);
+  return control_.looksEnabled();
 }
 
 COLORREF View::behind() const {
@@ -138,10 +138,6 @@ std::optional<LRESULT> reflect(UINT message, WPARAM wParam, LPARAM lParam) {
   return std::nullopt;
 }
 
-bool looksEnabled(const controls::Control& control) {
-  return control.isEnabled() && (!control.container() || looksEnabled(*control.container()));
-}
-
 void moveWindow(HWND window, const layout::Rect& place) {
   RECT now{};
   GetWindowRect(window, &now);
@@ -151,6 +147,21 @@ void moveWindow(HWND window, const layout::Rect& place) {
   if (same) return;
   SetWindowPos(window, nullptr, place.left, place.top, place.width, place.height,
                SWP_NOZORDER | SWP_NOACTIVATE);
+}
+
+std::optional<std::size_t> itemAsked(
+    Inspection& inspection, std::size_t count,
+    const std::function<bool(std::size_t index, const std::string& key)>& hasKey) {
+  if (inspection.part != Inspected::Item) return std::nullopt;
+  auto index = static_cast<std::size_t>(inspection.index);
+  const std::string key = toUtf8(inspection.key);
+  if (!key.empty()) {
+    index = 0;
+    while (index < count && !hasKey(index, key)) ++index;
+  }
+  if (index >= count) return std::nullopt;
+  inspection.index = static_cast<std::int32_t>(index);
+  return index;
 }
 
 void writeName(Inspection& inspection, const std::string& name) {

@@ -95,8 +95,6 @@ View* viewOf(HWND window);
 /// Hands a notification that came to a parent on to the view that it is about.
 std::optional<LRESULT> reflect(UINT message, WPARAM wParam, LPARAM lParam);
 
-bool looksEnabled(const controls::Control& control);
-
 void moveWindow(HWND window, const layout::Rect& place);
 
 // For describe and describePart.
@@ -105,6 +103,11 @@ void write(wchar_t (&target)[size], const std::wstring& text) {
   const std::size_t length = text.copy(target, size - 1);
   target[length] = L'\0';
 }
+/// Which of `count` items is asked about, by its key or without one by its
+/// index, which is filled in; nothing when there is none such.
+std::optional<std::size_t> itemAsked(
+    Inspection& inspection, std::size_t count,
+    const std::function<bool(std::size_t index, const std::string& key)>& hasKey);
 void writeName(Inspection& inspection, const std::string& name);
 void writeText(Inspection& inspection, const std::string& text);
 void addMark(Inspection& inspection, const char* mark);

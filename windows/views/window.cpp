@@ -56,6 +56,30 @@ void Window::destroy() {
   if (handle_) DestroyWindow(handle_);
 }
 
+std::optional<int> Window::scrolled(int bar, WPARAM wParam, int line) const {
+  SCROLLINFO info{sizeof info, SIF_ALL, 0, 0, 0, 0, 0};
+  GetScrollInfo(handle_, bar, &info);
+  const int page = static_cast<int>(info.nPage);
+  switch (LOWORD(wParam)) {
+    case SB_LINEUP:
+      return info.nPos - line;
+    case SB_LINEDOWN:
+      return info.nPos + line;
+    case SB_PAGEUP:
+      return info.nPos - page;
+    case SB_PAGEDOWN:
+      return info.nPos + page;
+    case SB_THUMBTRACK:
+      return info.nTrackPos;
+    case SB_TOP:
+      return info.nMin;
+    case SB_BOTTOM:
+      return info.nMax;
+    default:
+      return std::nullopt;
+  }
+}
+
 LRESULT Window::answer(UINT message, WPARAM wParam, LPARAM lParam) {
   return DefWindowProcW(handle_, message, wParam, lParam);
 }

@@ -2,6 +2,7 @@
 
 #include <windows.h>
 
+#include <optional>
 #include <string>
 
 namespace kebu::windows {
@@ -31,6 +32,9 @@ class Window {
   void create(HINSTANCE module, const WindowTraits& traits, HWND parent, const RECT& bounds,
               const std::wstring& title = {});
   void destroy();
+  /// Where a scroll bar's message wants its bar to stand, a line being `line`
+  /// units; nothing for one that does not move it.
+  std::optional<int> scrolled(int bar, WPARAM wParam, int line) const;
   /// Overridden to answer; what is left over goes to the base.
   virtual LRESULT answer(UINT message, WPARAM wParam, LPARAM lParam);
 
