@@ -81,9 +81,8 @@ int newCommand(const std::vector<std::string>& words) {
 }
 
 int playCommand(const std::vector<std::string>& words) {
-  const CommandLine line(words,
-                         {"--database", "--company", "--statements", "--translations", "--trace",
-                          "--pictures"});
+  const CommandLine line(words, {"--database", "--company", "--statements", "--translations",
+                                 "--trace", "--pictures"});
   if (line.operands().size() != 1) throw CommandError("use: workbench play SCENARIO [options]");
   const Scenario scenario = readScenario(line.operands().front());
   const std::int32_t company = line.number("--company", 1);

@@ -18,9 +18,7 @@ struct Command {
 };
 
 constexpr std::array commands{
-    Command{"new", newCommand},
-    Command{"play", playCommand},
-    Command{"sql", sqlCommand},
+    Command{"new", newCommand},     Command{"play", playCommand}, Command{"sql", sqlCommand},
 #ifdef _WIN32
     Command{"show", showCommand},
 #endif
@@ -28,7 +26,8 @@ constexpr std::array commands{
 };
 
 int run(const std::vector<std::string>& words) {
-  if (words.empty()) throw CommandError("a command is wanted: new, play, sql, ... (see workbench --help)");
+  if (words.empty())
+    throw CommandError("a command is wanted: new, play, sql, ... (see workbench --help)");
   const auto* const command = std::find_if(
       commands.begin(), commands.end(), [&](const Command& c) { return c.name == words.front(); });
   if (command == commands.end()) {

@@ -27,11 +27,12 @@ const std::vector<Room>& rooms() {
   static const Names aboveWindows{"common", "ado", "host", "controls", "sql", "forms", "plugin"};
   static const Names aboveWorkbench{"common", "ado",   "host",   "controls",
                                     "sql",    "forms", "plugin", "windows"};
-  static const Names aboveWorkbenchWindows{"common", "ado", "host", "controls", "sql",
-                                           "forms", "plugin", "windows", "workbench", "workbench/engine"};
-  static const Names everything{"common", "ado",    "host",    "controls",  "sql",
-                                "forms",  "plugin", "windows", "workbench", "workbench/engine",
-                                "tests", "workbench/windows"};
+  static const Names aboveWorkbenchWindows{
+      "common", "ado",    "host",    "controls",  "sql",
+      "forms",  "plugin", "windows", "workbench", "workbench/engine"};
+  static const Names everything{
+      "common", "ado",     "host",      "controls",         "sql",   "forms",
+      "plugin", "windows", "workbench", "workbench/engine", "tests", "workbench/windows"};
   static const std::vector<Room> all{
       {"common", {}},
       {"ado", {"common"}},

@@ -58,7 +58,8 @@ Performance::Performance(const engine::Database& company, std::int32_t number, s
           [this] {
             return plugin::CLSKB_ANAGKELMORIA::create({platform_, library_, desktop_});
           },
-          {player_, embeddedCompany(database_, &statement_), number, {}, [](const std::string&) {}}) {}
+          {player_, embeddedCompany(database_, &statement_), number, {}, [](const std::string&) {
+           }}) {}
 
 bool Performance::play(const Scenario& scenario) {
   return player_.play(scenario, {host_, hands_, session_, noFaults_});

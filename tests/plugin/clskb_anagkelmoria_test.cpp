@@ -91,10 +91,12 @@ class PluginTest : public testing::Test {
     return CLSKB_ANAGKELMORIA::create({platform, library, desktop});
   }
   Ref<host::ClsGlobal> services() {
-    return makeRef<workbench::GlobalServices>(workbench::HostSurroundings{
-        user, workbench::embeddedCompany(database, &statements), 1, {}, [this](const std::string& line) {
-          journal.push_back(line);
-        }});
+    return makeRef<workbench::GlobalServices>(
+        workbench::HostSurroundings{user,
+                                    workbench::embeddedCompany(database, &statements),
+                                    1,
+                                    {},
+                                    [this](const std::string& line) { journal.push_back(line); }});
   }
 
   BusyUser user;

@@ -43,7 +43,8 @@ struct Inspection {
   std::int32_t current =
       0;                    ///< a grid's current row, from 1; a chosen item's index + 1; 0 for none
   wchar_t kind[32] = {};    ///< the model's class: "EditBox", "QueryGrid", …
-  wchar_t name[128] = {};   ///< of the control; of a part its key: field, button key, view, code
+  wchar_t name[128] = {};   ///< of the control; of a part its key: field, button key, view, code;
+                            ///< of a row the field of its state
   wchar_t text[2048] = {};  ///< as people read it
   wchar_t marks[128] = {};  ///< blank-separated: "read-only required masked look-up locked
                             ///< chosen running animated no-record", a row's state

@@ -116,6 +116,7 @@ bool QueryGridView::describePart(Inspection& inspection) {
     if (row < 1 || row > model_.rowCount()) return false;
     if (seen) inspection.bounds = grid_.rowBounds(row);
     const std::string state = toDisplay(model_.rowState(row));
+    writeName(inspection, model_.rowStateField());
     if (!state.empty()) addMark(inspection, state.c_str());
     return true;
   }

@@ -44,8 +44,8 @@ constexpr Member<ErrorList> errorListMembers[] = {
      [](ErrorList& list, const Arguments& arguments) {
        const auto index = static_cast<std::size_t>(arguments.number(0));
        if (index >= list.errors.size()) throw engine::adoerror::noSuchItem();
-       return object(automated<ado::Error>(std::make_shared<ado::Error>(list.errors[index]),
-                                           errorMembers));
+       return object(
+           automated<ado::Error>(std::make_shared<ado::Error>(list.errors[index]), errorMembers));
      }},
     {L"Count",
      [](ErrorList& list, const Arguments&) {
@@ -121,10 +121,8 @@ struct FieldsState {
 };
 
 constexpr Member<FieldsState> fieldsMembers[] = {
-    {L"Item",
-     [](FieldsState& fields, Argument arguments) {
-       return fieldOf(fields.recordset, arguments.value(0));
-     }},
+    {L"Item", [](FieldsState& fields,
+                 Argument arguments) { return fieldOf(fields.recordset, arguments.value(0)); }},
     {L"Count",
      [](FieldsState& fields, Argument) {
        return Variant(static_cast<std::int32_t>(fields.recordset->rows->fields().size()));
@@ -163,7 +161,8 @@ std::vector<std::size_t> wantedFields(const RecordsetState& recordset, Argument 
 }
 
 /// An array [field][row], as ADO gives rows in bulk.
-Variant toArray(const std::vector<std::vector<Value>>& rows, const std::vector<std::size_t>& wanted) {
+Variant toArray(const std::vector<std::vector<Value>>& rows,
+                const std::vector<std::size_t>& wanted) {
   SAFEARRAYBOUND bounds[] = {{static_cast<ULONG>(wanted.size()), 0},
                              {static_cast<ULONG>(rows.size()), 0}};
   Variant result;
@@ -186,8 +185,7 @@ Variant toArray(const std::vector<std::vector<Value>>& rows, const std::vector<s
 
 Variant getRows(RecordsetState& recordset, Argument arguments) {
   constexpr std::int32_t fromFirst = 1;
-  if (arguments.has(1) && toValue(arguments.at(1)).isNumber() &&
-      arguments.number(1) == fromFirst) {
+  if (arguments.has(1) && toValue(arguments.at(1)).isNumber() && arguments.number(1) == fromFirst) {
     recordset.rows->MoveFirst();
   }
   const auto wanted = wantedFields(recordset, arguments, 2);
@@ -248,8 +246,8 @@ constexpr Member<RecordsetObject> recordsetMembers[] = {
     {L"Fields",
      [](RecordsetObject& r, Argument arguments) {
        if (arguments.count() > 0) return fieldOf(r.state, arguments.value(0));
-       return object(automated<FieldsState>(
-           std::make_shared<FieldsState>(FieldsState{r.state}), fieldsMembers));
+       return object(automated<FieldsState>(std::make_shared<FieldsState>(FieldsState{r.state}),
+                                            fieldsMembers));
      }},
     {L"CursorLocation",
      [](RecordsetObject& r, Argument) {
@@ -286,10 +284,8 @@ constexpr Member<RecordsetObject> recordsetMembers[] = {
        return nothing();
      }},
     {L"Close", on<doing<&ado::Recordset::Close>>},
-    {L"State",
-     [](RecordsetObject& r, Argument) {
-       return Variant(r.state->rows->isOpen() ? stateOpen : stateClosed);
-     }},
+    {L"State", [](RecordsetObject& r,
+                  Argument) { return Variant(r.state->rows->isOpen() ? stateOpen : stateClosed); }},
     {L"Requery", on<doing<&ado::Recordset::Requery>>},
     {L"Clone",
      [](RecordsetObject& r, Argument) { return object(automateState(cloneOf(*r.state))); }},
@@ -351,10 +347,8 @@ constexpr Member<ado::Connection> connectionMembers[] = {
      }},
     {L"State",
      [](ado::Connection& c, Argument) { return Variant(c.isOpen() ? stateOpen : stateClosed); }},
-    {L"Execute",
-     [](ado::Connection& c, Argument arguments) {
-       return object(automate(c.Execute(arguments.text(0))));
-     }},
+    {L"Execute", [](ado::Connection& c,
+                    Argument arguments) { return object(automate(c.Execute(arguments.text(0)))); }},
     {L"Errors",
      [](ado::Connection& c, Argument) {
        return object(automated<ErrorList>(std::make_shared<ErrorList>(ErrorList{c.errors()}),
@@ -393,8 +387,8 @@ struct ParametersState {
 constexpr Member<ParametersState> parametersMembers[] = {
     {L"Item",
      [](ParametersState& p, Argument arguments) {
-       const auto parameter = std::make_shared<ParameterState>(
-           ParameterState{p.owner, arguments.text(0), {}});
+       const auto parameter =
+           std::make_shared<ParameterState>(ParameterState{p.owner, arguments.text(0), {}});
        return object(automated<ParameterState>(parameter, parameterMembers));
      }},
     // The engine's command looks its procedure up by itself.

@@ -110,8 +110,8 @@ STDMETHODIMP AutomationObject::GetIDsOfNames(REFIID /*reserved*/, LPOLESTR* name
 }
 
 STDMETHODIMP AutomationObject::Invoke(DISPID id, REFIID /*reserved*/, LCID /*locale*/, WORD flags,
-                                      DISPPARAMS* parameters, VARIANT* result,
-                                      EXCEPINFO* exception, UINT* /*wrongArgument*/) {
+                                      DISPPARAMS* parameters, VARIANT* result, EXCEPINFO* exception,
+                                      UINT* /*wrongArgument*/) {
   if (!parameters) return E_POINTER;
   const auto index = static_cast<std::size_t>(id == DISPID_VALUE ? 0 : id - 1);
   if (index >= memberCount()) return DISP_E_MEMBERNOTFOUND;

@@ -10,7 +10,8 @@ namespace kebu::workbench {
 /// the navigator's events.
 class DllPlugin : public host::Cinterface {
  public:
-  DllPlugin(ComRef<IDispatch> object, REFIID events) : object_(std::move(object)), events_(events) {}
+  DllPlugin(ComRef<IDispatch> object, REFIID events)
+      : object_(std::move(object)), events_(events) {}
 
   void setClsGlobal(const Ref<host::ClsGlobal>& value) override;
   Ref<host::ClsGlobal> ClsGlobal() override;
@@ -67,7 +68,9 @@ class DllPlugin : public host::Cinterface {
   Value TransferData(const Value& data) override;
 
  private:
-  void put(const char* property, const Value& value) const { object_.put(property, Variant(value)); }
+  void put(const char* property, const Value& value) const {
+    object_.put(property, Variant(value));
+  }
   bool flag(const char* property) const;
   std::int32_t number(const char* property) const;
   ComRef<IDispatch> part(const char* property) const { return object_.part(property).object(); }

@@ -32,7 +32,8 @@ constexpr Member<host::MessageService> messageMembers[] = {
      }},
     {L"MsgBoxFromId",
      [](host::MessageService& s, Argument a) {
-       return Variant(s.MsgBoxFromId(a.number(0), a.number(1), a.has(2) ? a.value(2) : Value(), {}));
+       return Variant(
+           s.MsgBoxFromId(a.number(0), a.number(1), a.has(2) ? a.value(2) : Value(), {}));
      }},
 };
 
@@ -68,14 +69,10 @@ constexpr Member<host::EnvironmentService> environmentMembers[] = {
 
 constexpr Member<host::SqlDecodeService> decodeMembers[] = {
     {L"Initialize", initialize<host::SqlDecodeService>},
-    {L"DocumentType",
-     [](host::SqlDecodeService& s, Argument a) {
-       return Variant(s.DocumentType(a.text(0), a.text(1)));
-     }},
-    {L"Customer",
-     [](host::SqlDecodeService& s, Argument a) {
-       return Variant(s.Customer(a.text(0), a.text(1)));
-     }},
+    {L"DocumentType", [](host::SqlDecodeService& s,
+                         Argument a) { return Variant(s.DocumentType(a.text(0), a.text(1))); }},
+    {L"Customer", [](host::SqlDecodeService& s,
+                     Argument a) { return Variant(s.Customer(a.text(0), a.text(1))); }},
 };
 
 Variant captionsOf(const host::LookupDefinition& definition) {
@@ -116,10 +113,8 @@ constexpr Member<host::LookupService> lookupMembers[] = {
 
 constexpr Member<host::FilterSpecificationService> filterMembers[] = {
     {L"Initialize", initialize<host::FilterSpecificationService>},
-    {L"Load",
-     [](host::FilterSpecificationService& s, Argument a) {
-       return Variant(s.Load(a.text(0), a.text(1)));
-     }},
+    {L"Load", [](host::FilterSpecificationService& s,
+                 Argument a) { return Variant(s.Load(a.text(0), a.text(1))); }},
     {L"Save",
      [](host::FilterSpecificationService& s, Argument a) {
        s.Save(a.text(0), a.text(1), a.text(2), a.flag(3));

@@ -37,8 +37,8 @@ Variant LateBound::invoke(const char* member, WORD flags,
                  [](const Variant& argument) { return argument.get(); });
   DISPID put = DISPID_PROPERTYPUT;
   const bool isPut = (flags & (DISPATCH_PROPERTYPUT | DISPATCH_PROPERTYPUTREF)) != 0;
-  DISPPARAMS parameters{backward.data(), isPut ? &put : nullptr,
-                        static_cast<UINT>(backward.size()), isPut ? 1U : 0U};
+  DISPPARAMS parameters{backward.data(), isPut ? &put : nullptr, static_cast<UINT>(backward.size()),
+                        isPut ? 1U : 0U};
   Variant answer;
   EXCEPINFO exception{};
   result = object_->Invoke(id, IID_NULL, LOCALE_USER_DEFAULT, flags, &parameters,

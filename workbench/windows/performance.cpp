@@ -1,16 +1,16 @@
-// Plays a scenario in the real window of the real DLL.
+// Plays a scenario in the real window.
 #include "workbench/performance.h"
 
 #include <iostream>
 #include <thread>
 
 #include "workbench/engine/ado_objects.h"
+#include "workbench/host/local_platform.h"
 #include "workbench/player/player.h"
 #include "workbench/statement_log.h"
 #include "workbench/windows/apartment.h"
 #include "workbench/windows/class_objects.h"
-#include "workbench/windows/dll_plugin.h"
-#include "workbench/windows/plugin_library.h"
+#include "workbench/windows/plugin_source.h"
 #include "workbench/windows/trace_listener.h"
 #include "workbench/windows/window_hands.h"
 #include "workbench/windows/window_thread.h"
@@ -28,15 +28,13 @@ bool perform(const Scenario& scenario, const Performance& performance) {
   engine::Library objects;
   const ClassObjects classes(objects, company.forPlugin);
   engine::Session session(performance.database);
-  const PluginLibrary library(PluginLibrary::besideProgram());
+  LocalPlatform platform(player, performance.trace);
+  const PluginSource source(platform);
   WindowThread thread;
   WindowHands hands(thread, player, performance.pictures);
-  const auto createPlugin = [&] {
-    return makeRef<DllPlugin>(library.create(), library.navigatorEvents());
-  };
   const auto journal = [](const std::string& entry) { std::cout << "  " << entry << '\n'; };
-  StandInHost host(createPlugin, {player, company, performance.company, performance.translations,
-                                  journal});
+  StandInHost host([&] { return source.create(); },
+                   {player, company, performance.company, performance.translations, journal});
 
   bool held = false;
   const auto atHost = [&](std::function<void()> work) { hands.atHost(std::move(work)); };

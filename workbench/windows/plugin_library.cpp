@@ -68,8 +68,8 @@ ComRef<IDispatch> PluginLibrary::create() const {
   HRESULT result =
       getClassObject(class_, IID_IClassFactory, reinterpret_cast<void**>(factory.out()));
   if (SUCCEEDED(result)) {
-    result = factory->CreateInstance(nullptr, IID_IDispatch,
-                                     reinterpret_cast<void**>(object.out()));
+    result =
+        factory->CreateInstance(nullptr, IID_IDispatch, reinterpret_cast<void**>(object.out()));
   }
   if (FAILED(result)) {
     throw RuntimeError(static_cast<std::int32_t>(result), "The plug-in cannot be created.");

@@ -3,7 +3,7 @@
 
 #include <objbase.h>
 
-#include <functional>
+#include <ostream>
 
 #include "common/error.h"
 #include "windows/views/wide_text.h"
@@ -11,12 +11,12 @@
 #include "workbench/commands.h"
 #include "workbench/company_file.h"
 #include "workbench/engine/ado_objects.h"
+#include "workbench/host/local_platform.h"
 #include "workbench/host/stand_in_host.h"
 #include "workbench/windows/apartment.h"
 #include "workbench/windows/class_objects.h"
-#include "workbench/windows/dll_plugin.h"
 #include "workbench/windows/person.h"
-#include "workbench/windows/plugin_library.h"
+#include "workbench/windows/plugin_source.h"
 #include "workbench/windows/real_connection.h"
 
 namespace kebu::workbench {
@@ -61,16 +61,19 @@ CompanyDatabase remoteCompany(const std::string& connectionString) {
   } catch (const RuntimeError& error) {
     throw CommandError("the database cannot be reached: " + error.description());
   }
-  return {connectionString, connect, connect};
+  return {connectionString, connect, connect, true};
 }
 
 void showWindow(const CompanyDatabase& database, std::int32_t company) {
   Person person;
-  const PluginLibrary library(PluginLibrary::besideProgram());
-  const auto createPlugin = [&] {
-    return makeRef<DllPlugin>(library.create(), library.navigatorEvents());
-  };
-  StandInHost host(createPlugin, {person, database, company, {}, [](const std::string&) {}});
+  std::ostream noTrace(nullptr);
+  LocalPlatform platform(person, noTrace);
+  const PluginSource source(platform);
+  if (!source.isDll() && database.isReal) {
+    throw CommandError("a connection through ADO needs the plug-in's DLL beside the program");
+  }
+  StandInHost host([&] { return source.create(); },
+                   {person, database, company, {}, [](const std::string&) {}});
   host.open();
   pumpWindows();
 }

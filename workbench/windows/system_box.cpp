@@ -18,8 +18,8 @@ const std::pair<LPCWSTR, std::int32_t> icons[] = {
 };
 
 std::int32_t styleOfButtons(HWND box) {
-  for (const auto style : {msgbox::okCancel, msgbox::abortRetryIgnore, msgbox::yesNoCancel,
-                           msgbox::yesNo}) {
+  for (const auto style :
+       {msgbox::okCancel, msgbox::abortRetryIgnore, msgbox::yesNoCancel, msgbox::yesNo}) {
     const auto buttons = buttonsOf(style);
     if (std::all_of(buttons.begin(), buttons.end(),
                     [&](auto button) { return GetDlgItem(box, button) != nullptr; })) {

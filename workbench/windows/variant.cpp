@@ -46,7 +46,8 @@ struct Filler {
     time.wSecond = value.second;
     out.vt = VT_DATE;
     if (!SystemTimeToVariantTime(&time, &out.date)) throw RuntimeError::typeMismatch();
-    // The system's function knows whole seconds; before 1899-12-30 days count backward, times do not.
+    // The system's function knows whole seconds; before 1899-12-30 days count backward, times do
+    // not.
     const double part = value.millisecond / 86400000.0;
     out.date += out.date < 0 ? -part : part;
   }
@@ -87,7 +88,8 @@ VARIANT* readable(const VARIANT& variant) {
 /// Through another type of VARIANT, for the kinds that values do not have.
 Value converted(const VARIANT& from, VARTYPE type) {
   Variant other;
-  if (FAILED(VariantChangeType(other.out(), readable(from), 0, type))) throw RuntimeError::typeMismatch();
+  if (FAILED(VariantChangeType(other.out(), readable(from), 0, type)))
+    throw RuntimeError::typeMismatch();
   return toValue(other.get());
 }
 
@@ -185,8 +187,8 @@ ComRef<IDispatch> toDispatch(const VARIANT& given) {
       throw RuntimeError::typeMismatch();
   }
   ComRef<IDispatch> dispatch;
-  if (object && FAILED(object->QueryInterface(IID_IDispatch,
-                                              reinterpret_cast<void**>(dispatch.out())))) {
+  if (object &&
+      FAILED(object->QueryInterface(IID_IDispatch, reinterpret_cast<void**>(dispatch.out())))) {
     throw RuntimeError::typeMismatch();
   }
   return dispatch;

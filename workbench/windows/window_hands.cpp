@@ -288,9 +288,6 @@ void WindowHands::tickCell(const std::string& grid, std::int32_t row, const std:
     cellInSight(grid, row, field);
     throw GestureRefused(field + " of " + grid + " is not a check column");
   }
-  if (isMarked(cellInSight(grid, row, field), "locked")) {
-    throw GestureRefused(field + " of " + grid + " is locked");
-  }
   goToCell(grid, row, field);
 }
 
@@ -299,17 +296,23 @@ void WindowHands::tickAll(const std::string& grid, const std::string& field, boo
   if (found.count > 0) cellInSight(grid, std::max(found.current, 1), field);
   const auto box = reader().find(Inspected::TickAll, grid, {field, 0, 0});
   if (!box) throw GestureRefused(field + " of " + grid + " is not a check column");
-  // The box tells what it was set to last; a second click sets it again.
-  if (isMarked(*box, "chosen") == on) return;
-  clickOn(box->window, box->bounds);
+  if (isMarked(*box, "chosen") != on) {
+    clickOn(box->window, box->bounds);
+  } else if (found.count > 0) {
+    // The box tells what it was set to last. The keys set the cells either way.
+    clickAt(found.window, {1, 1});
+    pressKey(found.window, VK_HOME);
+    pressKey(found.window, VK_RIGHT, box->index);
+    holdControl(!on, true);
+    pressKey(found.window, 'A');
+    holdControl(!on, false);
+  }
   settle();
 }
 
 void WindowHands::edit(const std::string& grid, std::int32_t row, const std::string& field,
                        const Value& value) {
-  if (isMarked(cellInSight(grid, row, field), "locked")) {
-    throw GestureRefused(field + " of " + grid + " is locked");
-  }
+  const bool isLocked = isMarked(cellInSight(grid, row, field), "locked");
   goToCell(grid, row, field);
   const HWND window = reader().control(grid).window;
   if (value.isNull()) {
@@ -323,6 +326,7 @@ void WindowHands::edit(const std::string& grid, std::int32_t row, const std::str
   }
   const HWND editor = focus();
   if (!editor || GetParent(editor) != window) {
+    if (isLocked) return;  // there is no more that one could do
     throw GestureRefused(field + " of " + grid + " is not edited by typing");
   }
   if (classOf(editor) == L"ComboBox") {
@@ -347,6 +351,17 @@ void WindowHands::lookupCell(const std::string& grid, std::int32_t row, const st
   goToCell(grid, row, field);
   pressKey(reader().control(grid).window, VK_F4);
   settle();
+}
+
+void WindowHands::holdControl(bool shift, bool down) {
+  thread_.post([shift, down] {
+    BYTE state[256] = {};
+    GetKeyboardState(state);
+    const BYTE key = down ? 0x80 : 0;
+    state[VK_CONTROL] = key;
+    if (shift) state[VK_SHIFT] = key;
+    SetKeyboardState(state);
+  });
 }
 
 // ---- the window
@@ -386,8 +401,11 @@ std::string WindowHands::cellText(const std::string& grid, std::int32_t row,
     throw StepError(grid + " has no row " + std::to_string(row));
   }
   const auto cell = reader().find(Inspected::Cell, grid, {field, 0, row});
-  if (!cell) throw StepError(grid + " has no column " + field);
-  return textOf(*cell);
+  if (cell) return textOf(*cell);
+  // The field of a row's state is not shown in a column, but as a mark.
+  const auto line = reader().find(Inspected::Row, grid, {"", 0, row});
+  if (line && equalsIgnoringCase(nameOf(*line), field)) return windows::toUtf8(line->marks);
+  throw StepError(grid + " has no column " + field);
 }
 
 }  // namespace kebu::workbench

@@ -59,6 +59,8 @@ class WindowHands : public Hands {
                                   const std::string& field);
   void bringRowIntoSight(const windows::Inspection& grid, std::int32_t row);
   HWND focus() const;
+  /// Presses or lets go of Ctrl, perhaps with Shift.
+  void holdControl(bool shift, bool down);
   void goToCell(const std::string& grid, std::int32_t row, const std::string& field);
   /// Waits, and turns to the user with message boxes and lists.
   void settle();

@@ -134,8 +134,8 @@ void WindowReader::describeGrid(ControlView& view, const Inspection& control,
   for (std::int32_t row = std::max(rows.first, 1); row <= last; ++row) {
     GridRowView& line = content.rows.emplace_back();
     line.number = row;
-    line.state = windows::toUtf8(
-        find(Inspected::Row, view.name, {"", 0, row}).value_or(Inspection{}).marks);
+    line.state =
+        windows::toUtf8(find(Inspected::Row, view.name, {"", 0, row}).value_or(Inspection{}).marks);
     for (std::int32_t i = 0; i < control.columns; ++i) {
       const Inspection cell = find(Inspected::Cell, view.name, {"", i, row}).value_or(Inspection{});
       line.cells.push_back({textOf(cell), isMarked(cell, "locked")});
