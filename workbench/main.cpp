@@ -2,6 +2,7 @@
 #include <array>
 #include <exception>
 #include <iostream>
+#include <string>
 #include <string_view>
 
 #include "workbench/command_line.h"
@@ -26,8 +27,16 @@ constexpr std::array commands{
 };
 
 int run(const std::vector<std::string>& words) {
-  if (words.empty())
-    throw CommandError("a command is wanted: new, play, sql, ... (see workbench --help)");
+  if (words.empty()) {
+    std::string names;
+    for (const Command& command : commands) {
+      const char* const before = &command == commands.begin()     ? ""
+                                 : &command == commands.end() - 1 ? " or "
+                                                                  : ", ";
+      names += before + std::string(command.name);
+    }
+    throw CommandError("a command is wanted: " + names);
+  }
   const auto* const command = std::find_if(
       commands.begin(), commands.end(), [&](const Command& c) { return c.name == words.front(); });
   if (command == commands.end()) {
