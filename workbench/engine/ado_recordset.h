@@ -74,7 +74,7 @@ class AdoRecordset : public ado::Recordset {
   bool visible(std::int64_t position) const;
   std::int64_t nextVisible(std::int64_t from, int step) const;
   /// Then positions are counted without looking at the rows.
-  bool allVisible() const { return !rows().anyDeleted && filter_.passesAll(); }
+  bool allVisible() const { return !pendingOnly_ && !rows().anyDeleted && filter_.passesAll(); }
   bool hasVisible() const { return nextVisible(-1, 1) < count(); }
   void moveTo(std::int64_t position);
   bool isBatch() const { return lockType_ == ado::LockType::BatchOptimistic; }
