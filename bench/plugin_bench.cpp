@@ -56,7 +56,8 @@ class Workplace {
             [this] {
               return plugin::CLSKB_ANAGKELMORIA::create({platform_, library_, desktop_});
             },
-            {player_, database_, &recorder_, company, {}, [](const std::string&) {}}) {}
+            {player_, embeddedCompany(database_, &recorder_), company, {}, [](const std::string&) {
+             }}) {}
 
   void open() { host_.open(); }
   void close() {

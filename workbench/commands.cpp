@@ -7,25 +7,19 @@
 #include <optional>
 
 #include "common/error.h"
-#include "plugin/clskb_anagkelmoria.h"
 #include "workbench/command_line.h"
 #include "workbench/company_file.h"
-#include "workbench/engine/ado_objects.h"
 #include "workbench/engine/script.h"
-#include "workbench/host/local_platform.h"
-#include "workbench/player/model_desktop.h"
-#include "workbench/player/model_hands.h"
-#include "workbench/player/player.h"
+#include "workbench/performance.h"
 #include "workbench/player/step_table.h"
 #include "workbench/result_text.h"
-#include "workbench/statement_log.h"
 
 namespace kebu::workbench {
 
 namespace {
 
 std::string readFile(const std::string& path) {
-  std::ifstream file(path, std::ios::binary);
+  std::ifstream file(std::filesystem::path(path), std::ios::binary);
   // A folder can be opened like a file, but not read.
   if (!file || std::filesystem::is_directory(path)) throw CommandError(path + " cannot be read");
   return {std::istreambuf_iterator<char>(file), std::istreambuf_iterator<char>()};
@@ -39,7 +33,7 @@ class OutputFile {
       file_.setstate(std::ios::badbit);
       return;
     }
-    file_.open(path_, std::ios::binary);
+    file_.open(std::filesystem::path(path_), std::ios::binary);
     check();
   }
   std::ostream& stream() { return file_; }
@@ -77,34 +71,6 @@ std::shared_ptr<engine::Database> databaseOf(const CommandLine& line) {
   return path ? openCompany(*path) : demoCompany();
 }
 
-/// What a scenario is played with.
-struct Performance {
-  std::shared_ptr<engine::Database> database;
-  std::int32_t company = 1;
-  Translations translations;
-  std::ostream& statements;
-  std::ostream& trace;
-};
-
-bool perform(const Scenario& scenario, const Performance& performance) {
-  // The plug-in is let go before anything that it may still turn to.
-  Player player(std::cout, std::cerr);
-  StatementFaults faults;
-  StatementLog log(performance.statements, faults);
-  LocalPlatform platform(player, performance.trace);
-  ModelDesktop desktop(player);
-  ModelHands hands(desktop);
-  engine::Library library;
-  engine::Session session(performance.database);
-  const auto createPlugin = [&] {
-    return plugin::CLSKB_ANAGKELMORIA::create({platform, library, desktop});
-  };
-  const auto journal = [](const std::string& entry) { std::cout << "  " << entry << '\n'; };
-  StandInHost host(createPlugin, {player, performance.database, &log, performance.company,
-                                  performance.translations, journal});
-  return player.play(scenario, {host, hands, session, faults});
-}
-
 }  // namespace
 
 int newCommand(const std::vector<std::string>& words) {
@@ -115,16 +81,16 @@ int newCommand(const std::vector<std::string>& words) {
 }
 
 int playCommand(const std::vector<std::string>& words) {
-  const CommandLine line(words,
-                         {"--database", "--company", "--statements", "--translations", "--trace"});
+  const CommandLine line(words, {"--database", "--company", "--statements", "--translations",
+                                 "--trace", "--pictures"});
   if (line.operands().size() != 1) throw CommandError("use: workbench play SCENARIO [options]");
   const Scenario scenario = readScenario(line.operands().front());
   const std::int32_t company = line.number("--company", 1);
   const Translations translations = readTranslations(line.option("--translations"));
   OutputFile trace(line.option("--trace"));
   OutputFile statements(line.option("--statements"));
-  const bool held = perform(
-      scenario, {databaseOf(line), company, translations, statements.stream(), trace.stream()});
+  const bool held = perform(scenario, {databaseOf(line), company, translations, statements.stream(),
+                                       trace.stream(), line.option("--pictures")});
   trace.check();
   statements.check();
   return held ? 0 : 1;
@@ -151,10 +117,14 @@ int helpCommand(const std::vector<std::string>& /*words*/) {
   std::cout << "workbench new DATABASE\n"
                "    makes a database file with the demo company\n"
                "workbench play SCENARIO [--database FILE] [--company N] [--statements FILE]\n"
-               "               [--translations FILE] [--trace FILE]\n"
+               "               [--translations FILE] [--trace FILE] [--pictures FOLDER]\n"
                "    acts as the user, line by line; without a database on a fresh demo company\n"
                "workbench sql [--database FILE] (SCRIPT | -e TEXT)\n"
                "    runs T-SQL, rows separated by tabs\n"
+#ifdef _WIN32
+               "workbench show [--database FILE | --connection STRING] [--company N]\n"
+               "    opens the window, on a database of the workbench or through ADO\n"
+#endif
                "\n"
                "A scenario's steps, one a line; '#' starts a comment, quotes as in a shell:\n";
   for (const Step& step : stepTable()) {

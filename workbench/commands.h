@@ -10,6 +10,9 @@ namespace kebu::workbench {
 int newCommand(const std::vector<std::string>& words);
 int playCommand(const std::vector<std::string>& words);
 int sqlCommand(const std::vector<std::string>& words);
+#ifdef _WIN32
+int showCommand(const std::vector<std::string>& words);
+#endif
 int helpCommand(const std::vector<std::string>& words);
 
 }  // namespace kebu::workbench

@@ -2,10 +2,12 @@
 #include <array>
 #include <exception>
 #include <iostream>
+#include <string>
 #include <string_view>
 
 #include "workbench/command_line.h"
 #include "workbench/commands.h"
+#include "workbench/program_words.h"
 
 namespace {
 
@@ -17,14 +19,24 @@ struct Command {
 };
 
 constexpr std::array commands{
-    Command{"new", newCommand},
-    Command{"play", playCommand},
-    Command{"sql", sqlCommand},
+    Command{"new", newCommand},     Command{"play", playCommand}, Command{"sql", sqlCommand},
+#ifdef _WIN32
+    Command{"show", showCommand},
+#endif
     Command{"--help", helpCommand},
 };
 
 int run(const std::vector<std::string>& words) {
-  if (words.empty()) throw CommandError("a command is wanted: new, play, sql or --help");
+  if (words.empty()) {
+    std::string names;
+    for (const Command& command : commands) {
+      const char* const before = &command == commands.begin()     ? ""
+                                 : &command == commands.end() - 1 ? " or "
+                                                                  : ", ";
+      names += before + std::string(command.name);
+    }
+    throw CommandError("a command is wanted: " + names);
+  }
   const auto* const command = std::find_if(
       commands.begin(), commands.end(), [&](const Command& c) { return c.name == words.front(); });
   if (command == commands.end()) {
@@ -37,7 +49,7 @@ int run(const std::vector<std::string>& words) {
 
 int main(int argc, char** argv) {
   try {
-    return run({argv + 1, argv + argc});
+    return run(programWords(argc, argv));
   } catch (const std::exception& error) {
     std::cout.flush();
     std::cerr << "workbench: " << error.what() << '\n';

@@ -27,9 +27,12 @@ const std::vector<Room>& rooms() {
   static const Names aboveWindows{"common", "ado", "host", "controls", "sql", "forms", "plugin"};
   static const Names aboveWorkbench{"common", "ado",   "host",   "controls",
                                     "sql",    "forms", "plugin", "windows"};
-  static const Names everything{"common", "ado",    "host",    "controls",  "sql",
-                                "forms",  "plugin", "windows", "workbench", "workbench/engine",
-                                "tests"};
+  static const Names aboveWorkbenchWindows{
+      "common", "ado",    "host",    "controls",  "sql",
+      "forms",  "plugin", "windows", "workbench", "workbench/engine"};
+  static const Names everything{
+      "common", "ado",     "host",      "controls",         "sql",   "forms",
+      "plugin", "windows", "workbench", "workbench/engine", "tests", "workbench/windows"};
   static const std::vector<Room> all{
       {"common", {}},
       {"ado", {"common"}},
@@ -40,6 +43,7 @@ const std::vector<Room>& rooms() {
       {"plugin", abovePlugin},
       {"windows", aboveWindows, true, true, false},
       {"workbench/engine", {"common", "ado"}, false, false, true},
+      {"workbench/windows", aboveWorkbenchWindows, true, true, false},
       {"workbench", aboveWorkbench},
       {"tests/windows", everything, true, true, false},
       {"tests", everything, true, false, false},

@@ -39,7 +39,7 @@ void FaultyStatement::before(const std::string& text, bool edit) {
   throw engine::SqlError(raisedOnPurpose, description);
 }
 
-std::int32_t FaultPlayer::answer(const MessageBox& box) {
+std::int32_t FaultPlayer::answer(const ShownMessage& box) {
   if (!offers(box.style, msgbox::abort)) return Player::answer(box);
   errors_.push_back(box.text);
   return errors_.size() == 1 ? answer_ : msgbox::abort;
@@ -58,7 +58,8 @@ Performance::Performance(const engine::Database& company, std::int32_t number, s
           [this] {
             return plugin::CLSKB_ANAGKELMORIA::create({platform_, library_, desktop_});
           },
-          {player_, database_, &statement_, number, {}, [](const std::string&) {}}) {}
+          {player_, embeddedCompany(database_, &statement_), number, {}, [](const std::string&) {
+           }}) {}
 
 bool Performance::play(const Scenario& scenario) {
   return player_.play(scenario, {host_, hands_, session_, noFaults_});

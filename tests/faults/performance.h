@@ -48,7 +48,7 @@ class FaultPlayer : public Player {
   FaultPlayer(std::ostream& out, std::ostream& err, msgbox::Answer answer)
       : Player(out, err), answer_(answer) {}
 
-  std::int32_t answer(const MessageBox& box) override;
+  std::int32_t answer(const ShownMessage& box) override;
   const Lines& errors() const { return errors_; }
 
  private:

@@ -15,21 +15,21 @@
 namespace kebu::plugin {
 namespace {
 
-using workbench::MessageBox;
+using workbench::ShownMessage;
 
 /// Answers every box with its first button and keeps it.
 class BusyUser : public workbench::User {
  public:
-  std::int32_t answer(const MessageBox& box) override {
+  std::int32_t answer(const ShownMessage& box) override {
     boxes.push_back(box);
     return msgbox::abort;
   }
-  void chooseFrom(controls::LookupList&) override {}
+  void chooseFrom(workbench::ShownList&) override {}
   void workIn(controls::Form& form) override {
     ++modalWindows;
     form.Unload();
   }
-  std::vector<MessageBox> boxes;
+  std::vector<ShownMessage> boxes;
   int modalWindows = 0;
 };
 
@@ -53,7 +53,7 @@ class RecordingPlatform : public Platform {
   bool guidsWork = true;
   bool traceWorks = true;
   std::vector<std::string> trace;
-  std::vector<MessageBox> boxes;
+  std::vector<ShownMessage> boxes;
 
  private:
   Guid guid_;
@@ -91,10 +91,12 @@ class PluginTest : public testing::Test {
     return CLSKB_ANAGKELMORIA::create({platform, library, desktop});
   }
   Ref<host::ClsGlobal> services() {
-    return makeRef<workbench::GlobalServices>(workbench::HostSurroundings{
-        user, database, &statements, 1, {}, [this](const std::string& line) {
-          journal.push_back(line);
-        }});
+    return makeRef<workbench::GlobalServices>(
+        workbench::HostSurroundings{user,
+                                    workbench::embeddedCompany(database, &statements),
+                                    1,
+                                    {},
+                                    [this](const std::string& line) { journal.push_back(line); }});
   }
 
   BusyUser user;
@@ -205,7 +207,7 @@ TEST_F(PluginTest, HostThatAnswersNothingGetsAWindowAndAClearText) {
   plugin->ShowForm();
   ASSERT_NE(desktop.shown, nullptr);
   ASSERT_FALSE(platform.boxes.empty());
-  EXPECT_EQ(platform.boxes.front(), (MessageBox{"Vuoto", "Classe Log non settata", 0}));
+  EXPECT_EQ(platform.boxes.front(), (ShownMessage{"Vuoto", "Classe Log non settata", 0}));
   EXPECT_EQ(plugin->CloseForm(), Value(true));
 }
 

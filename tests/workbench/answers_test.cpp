@@ -5,8 +5,8 @@
 namespace kebu::workbench {
 namespace {
 
-const MessageBox errorBox{"ERP", "Errore n. 13", 4370};
-const MessageBox question{"ERP", "Salvare?", msgbox::yesNoCancel | msgbox::question};
+const ShownMessage errorBox{"ERP", "Errore n. 13", 4370};
+const ShownMessage question{"ERP", "Salvare?", msgbox::yesNoCancel | msgbox::question};
 
 TEST(Answers, QueuedOnesComeFirstAndInOrder) {
   Answers answers;
@@ -41,7 +41,7 @@ TEST(Answers, RetryingTheSameErrorForEverIsAborted) {
 
 TEST(Answers, DifferentErrorsAreNotOneForEver) {
   Answers answers;
-  MessageBox other = errorBox;
+  ShownMessage other = errorBox;
   other.text = "Errore n. 6";
   for (int i = 0; i < 30; ++i) {
     EXPECT_EQ(answers.decide(i % 2 ? errorBox : other).answer, msgbox::retry);

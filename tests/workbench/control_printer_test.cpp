@@ -10,6 +10,7 @@
 #include "tests/controls/control_fixture.h"
 #include "tests/workbench/sample_form.h"
 #include "workbench/player/control_reader.h"
+#include "workbench/player/model_desktop.h"
 #include "workbench/player/model_hands.h"
 #include "workbench/player/scenario.h"
 
@@ -121,9 +122,10 @@ TEST_F(GridPrinterTest, ALongListIsCutAfterTwentyRows) {
   run("CREATE TABLE L (CODICE varchar(5), DESCR varchar(20))");
   run("DECLARE @n int SET @n = 1 WHILE @n <= 23 BEGIN INSERT INTO L VALUES (@n, 'Voce') "
       "SET @n = @n + 1 END");
-  const controls::LookupList list("Elenco", {"Codice", "Descrizione"}, open("SELECT * FROM L"));
+  controls::LookupList list("Elenco", {"Codice", "Descrizione"}, open("SELECT * FROM L"));
   std::ostringstream out;
-  printLookup(out, list);
+  ModelList shown(list);
+  printLookup(out, shown);
   const std::string text = out.str();
   EXPECT_EQ(text.find("  [ Elenco ]\n      Codice  Descrizione\n  1   1       Voce\n"), 0U) << text;
   EXPECT_NE(text.find("  20  20      Voce\n  ... and 3 more\n"), std::string::npos) << text;

@@ -19,11 +19,11 @@ namespace {
 /// Keeps what was put before it.
 class RecordingUser : public AbsentUser {
  public:
-  std::int32_t answer(const MessageBox& box) override {
+  std::int32_t answer(const ShownMessage& box) override {
     boxes.push_back(box);
     return AbsentUser::answer(box);
   }
-  std::vector<MessageBox> boxes;
+  std::vector<ShownMessage> boxes;
 };
 
 TEST(Messages, NumberedOnesComeTranslatedFromTheStore) {
@@ -34,7 +34,7 @@ TEST(Messages, NumberedOnesComeTranslatedFromTheStore) {
   EXPECT_EQ(messages.MsgBoxFromId(12569, 48, "Listini", {}), msgbox::ok);
   EXPECT_EQ(messages.MsgBoxFromId(1, 0, "Listini", {}), msgbox::ok);
   EXPECT_EQ(messages.MsgBox("Salvare?", msgbox::yesNo, Null{}, {}), msgbox::no);
-  const std::vector<MessageBox> expected{
+  const std::vector<ShownMessage> expected{
       {"Listini", "Prices refreshed.", 64},
       {"Listini", "Attenzione, specificare il deposito per i documenti importati.", 48},
       {"Listini", "Messaggio n. 1", 0},

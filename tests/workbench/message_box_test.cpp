@@ -5,7 +5,7 @@
 namespace kebu::workbench {
 namespace {
 
-TEST(MessageBox, DefaultButtonFollowsTheStyle) {
+TEST(ShownMessage, DefaultButtonFollowsTheStyle) {
   const std::pair<std::int32_t, msgbox::Answer> cases[] = {
       {0, msgbox::ok},       {1, msgbox::ok},   {257, msgbox::cancel}, {2, msgbox::abort},
       {4370, msgbox::retry}, {3, msgbox::yes},  {3 + 256, msgbox::no}, {3 + 512, msgbox::cancel},
@@ -14,14 +14,14 @@ TEST(MessageBox, DefaultButtonFollowsTheStyle) {
   for (const auto& [style, answer] : cases) EXPECT_EQ(defaultButton(style), answer) << style;
 }
 
-TEST(MessageBox, WayOutIsTheButtonThatDoesTheLeast) {
+TEST(ShownMessage, WayOutIsTheButtonThatDoesTheLeast) {
   EXPECT_EQ(wayOut(msgbox::okOnly), msgbox::ok);
   EXPECT_EQ(wayOut(msgbox::abortRetryIgnore), msgbox::abort);
   EXPECT_EQ(wayOut(msgbox::yesNoCancel), msgbox::cancel);
   EXPECT_EQ(wayOut(msgbox::yesNo), msgbox::no);
 }
 
-TEST(MessageBox, StylesInWords) {
+TEST(ShownMessage, StylesInWords) {
   EXPECT_EQ(describeIcon(4370), "critical, system-modal");
   EXPECT_EQ(describeIcon(48), "exclamation");
   EXPECT_EQ(describeIcon(64), "information");
@@ -29,7 +29,7 @@ TEST(MessageBox, StylesInWords) {
   EXPECT_EQ(describeIcon(0), "plain");
 }
 
-TEST(MessageBox, AnswersByName) {
+TEST(ShownMessage, AnswersByName) {
   for (const auto answer : {msgbox::ok, msgbox::cancel, msgbox::abort, msgbox::retry,
                             msgbox::ignore, msgbox::yes, msgbox::no}) {
     EXPECT_EQ(answerByName(answerName(answer)), answer);

@@ -42,7 +42,7 @@ class PlayerTest : public testing::Test {
                      });
                      return plugin;
                    },
-                   {player, database, nullptr, 1, {}, [](const std::string&) {}}};
+                   {player, embeddedCompany(database, nullptr), 1, {}, [](const std::string&) {}}};
 };
 
 TEST_F(PlayerTest, OpensActsChecksAndCloses) {

@@ -67,8 +67,8 @@ class SampleForm : public controls::Form {
 /// A user who is not there.
 class AbsentUser : public User {
  public:
-  std::int32_t answer(const MessageBox& box) override { return wayOut(box.style); }
-  void chooseFrom(controls::LookupList& /*list*/) override {}
+  std::int32_t answer(const ShownMessage& box) override { return wayOut(box.style); }
+  void chooseFrom(ShownList& /*list*/) override {}
   void workIn(controls::Form& /*form*/) override {}
 };
 

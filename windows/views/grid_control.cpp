@@ -417,6 +417,7 @@ void GridControl::startEdit(const wchar_t* typed) {
   editedRow_ = row;
   editedColumn_ = column_;
   editedText_ = toWide(source_.cellText(row, column_));
+  entryTaken_ = false;
   const DWORD align = column.kind == ColumnKind::Number ? ES_RIGHT : 0U;
   const DWORD style = WS_CHILD | (isList ? CBS_DROPDOWNLIST | CBS_HASSTRINGS | WS_VSCROLL
                                          : WS_BORDER | ES_AUTOHSCROLL | align);
@@ -460,7 +461,7 @@ bool GridControl::commit() {
   const LRESULT item = isList ? SendMessageW(editor_, CB_GETCURSEL, 0, 0) : -1;
   const std::wstring typed = windowText(editor_);
   endEdit();
-  if (typed == editedText_) return true;
+  if (typed == editedText_ && !entryTaken_) return true;
   return guarded([&] {
     if (isList) {
       if (item >= 0) source_.choose(editedRow_, editedColumn_, static_cast<std::size_t>(item));
@@ -475,6 +476,7 @@ bool GridControl::commit() {
 void GridControl::editorNotified(UINT code) {
   if (!editor_) return;
   if (source_.columns()[editedColumn_].kind == ColumnKind::ValueList) {
+    if (code == CBN_SELENDOK) entryTaken_ = true;
     if (code == CBN_SELENDCANCEL) endEdit();
     if (code == CBN_CLOSEUP) {
       commit();

@@ -96,6 +96,7 @@ class GridControl : public Window {
   std::int32_t editedRow_ = 0;
   std::size_t editedColumn_ = 0;
   std::wstring editedText_;
+  bool entryTaken_ = false;  ///< of the open list, be it the one that was there
   int wheel_ = 0;
 };
 

@@ -16,6 +16,8 @@ enum class Inspected : std::uint32_t {
   Item,     ///< a bar's button, a side bar's link, a combo's row, a status panel:
             ///< by `key` (button key, view number, code) or `index`
   Lookup,   ///< the button that opens the look-up of an edit box
+  Choice,   ///< an entry of a column's list of values: the column, and `row` from 1; its
+            ///< code is the name
 };
 
 /// What an onlooker (a screen reader, a test) may ask of a window of this
@@ -35,12 +37,14 @@ struct Inspection {
   RECT bounds = {};       ///< of the part, in `window`'s client area; empty when out of sight
   BOOL enabled = FALSE;
   BOOL visible = FALSE;
-  std::int32_t count = 0;    ///< a grid's or list's rows; a bar's items; a combo's rows
+  std::int32_t count = 0;    ///< a grid's or list's rows; a bar's items; a combo's rows;
+                             ///< a column's list of values
   std::int32_t columns = 0;  ///< a grid's or list's columns
   std::int32_t current =
       0;                    ///< a grid's current row, from 1; a chosen item's index + 1; 0 for none
   wchar_t kind[32] = {};    ///< the model's class: "EditBox", "QueryGrid", …
-  wchar_t name[128] = {};   ///< of the control; of a part its key: field, button key, view, code
+  wchar_t name[128] = {};   ///< of the control; of a part its key: field, button key, view, code;
+                            ///< of a row the field of its state
   wchar_t text[2048] = {};  ///< as people read it
   wchar_t marks[128] = {};  ///< blank-separated: "read-only required masked look-up locked
                             ///< chosen running animated no-record", a row's state

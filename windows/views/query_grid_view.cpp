@@ -116,6 +116,7 @@ bool QueryGridView::describePart(Inspection& inspection) {
     if (row < 1 || row > model_.rowCount()) return false;
     if (seen) inspection.bounds = grid_.rowBounds(row);
     const std::string state = toDisplay(model_.rowState(row));
+    writeName(inspection, model_.rowStateField());
     if (!state.empty()) addMark(inspection, state.c_str());
     return true;
   }
@@ -128,7 +129,15 @@ bool QueryGridView::describePart(Inspection& inspection) {
     case Inspected::Column:
       if (seen) inspection.bounds = grid_.headBounds(index);
       writeText(inspection, column.caption);
+      inspection.count = static_cast<std::int32_t>(column.items.size());
       return true;
+    case Inspected::Choice: {
+      const auto choice = static_cast<std::size_t>(row) - 1;
+      if (row < 1 || choice >= column.items.size()) return false;
+      writeName(inspection, std::to_string(column.items[choice].first));
+      writeText(inspection, column.items[choice].second);
+      return true;
+    }
     case Inspected::TickAll:
       if (column.kind != controls::ColumnKind::Check) return false;
       if (seen) inspection.bounds = grid_.tickAllBounds(index);

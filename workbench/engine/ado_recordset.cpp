@@ -31,6 +31,7 @@ void AdoRecordset::Open(const std::string& source, const Ref<ado::Connection>& c
   lockType_ = lockType;
   filterText_.clear();
   filter_ = {};
+  pendingOnly_ = false;
   edit_.reset();
   if (results.empty()) return;  // a statement without rows leaves it closed
   rows_ = std::make_shared<RowSet>(std::move(results.front()));
@@ -84,6 +85,7 @@ Row& AdoRecordset::current() const {
 
 bool AdoRecordset::visible(std::int64_t position) const {
   const Row& row = rows().rows[static_cast<std::size_t>(position)];
+  if (pendingOnly_) return !row.gone && row.pending != Row::Pending::Nothing;
   return !row.gone && row.pending != Row::Pending::Delete && filter_.passes(row.values);
 }
 
@@ -168,6 +170,7 @@ void AdoRecordset::setFilter(const std::string& filter) {
   settleEdit();
   filter_ = RowFilter(filter, rows());
   filterText_ = filter;
+  pendingOnly_ = false;
   moveTo(nextVisible(-1, 1));
 }
 

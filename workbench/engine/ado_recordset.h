@@ -53,6 +53,11 @@ class AdoRecordset : public ado::Recordset {
   ado::EditMode editMode() const override;
   bool hasPendingBatch() const override;
 
+  /// ADO's filter for the rows that wait for UpdateBatch, deleted ones among them.
+  void filterPending();
+  /// ADO's status of the current row: 1 new, 2 modified, 4 deleted, 8 as it was.
+  std::int32_t status() const;
+
  private:
   /// The row being edited, with its values so far.
   struct Edit {
@@ -69,7 +74,7 @@ class AdoRecordset : public ado::Recordset {
   bool visible(std::int64_t position) const;
   std::int64_t nextVisible(std::int64_t from, int step) const;
   /// Then positions are counted without looking at the rows.
-  bool allVisible() const { return !rows().anyDeleted && filter_.passesAll(); }
+  bool allVisible() const { return !pendingOnly_ && !rows().anyDeleted && filter_.passesAll(); }
   bool hasVisible() const { return nextVisible(-1, 1) < count(); }
   void moveTo(std::int64_t position);
   bool isBatch() const { return lockType_ == ado::LockType::BatchOptimistic; }
@@ -88,6 +93,7 @@ class AdoRecordset : public ado::Recordset {
   std::int64_t position_ = 0;
   std::string filterText_;
   RowFilter filter_;
+  bool pendingOnly_ = false;
   std::optional<Edit> edit_;
 };
 

@@ -124,4 +124,27 @@ bool AdoRecordset::hasPendingBatch() const {
   });
 }
 
+void AdoRecordset::filterPending() {
+  setFilter("");
+  pendingOnly_ = true;
+  moveTo(nextVisible(-1, 1));
+}
+
+std::int32_t AdoRecordset::status() const {
+  static_cast<void>(rows());
+  constexpr std::int32_t isNew = 1, modified = 2, deleted = 4, unmodified = 8;
+  if (edit_ && edit_->isNew) return isNew;
+  if (!atRow()) throw adoerror::noCurrentRecord();
+  switch (rows().rows[static_cast<std::size_t>(position_)].pending) {
+    case Row::Pending::Insert:
+      return isNew;
+    case Row::Pending::Update:
+      return modified;
+    case Row::Pending::Delete:
+      return deleted;
+    default:
+      return edit_ ? modified : unmodified;
+  }
+}
+
 }  // namespace kebu::engine

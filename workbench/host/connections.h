@@ -1,6 +1,8 @@
 #pragma once
 
+#include <functional>
 #include <memory>
+#include <string>
 #include <utility>
 
 #include "host/services.h"
@@ -10,19 +12,34 @@
 
 namespace kebu::workbench {
 
-/// Hands out connections to the embedded company, each of which is observed.
+using ConnectionFactory = std::function<Ref<ado::Connection>()>;
+
+/// How the company's database is reached. Connections are made closed.
+struct CompanyDatabase {
+  std::string connectionString;
+  ConnectionFactory forPlugin;
+  /// The ERP's own: what runs on it is not the plug-in's doing.
+  ConnectionFactory forHost;
+  bool isReal = false;  ///< not one of the workbench's, but of an ADO that is installed
+};
+
+/// The embedded company; `observer`, which may be null, sees what the plug-in runs.
+inline CompanyDatabase embeddedCompany(const std::shared_ptr<engine::Database>& database,
+                                       engine::StatementObserver* observer) {
+  return {"Provider=SQLOLEDB;Data Source=workbench;Initial Catalog=ERP",
+          [database, observer] { return engine::newConnection(database, observer); },
+          [database] { return engine::newConnection(database, nullptr); }};
+}
+
+/// Hands out connections for the plug-in.
 class Connections : public host::ConnectionProvider {
  public:
-  Connections(std::shared_ptr<engine::Database> database, engine::StatementObserver* observer)
-      : database_(std::move(database)), observer_(observer) {}
+  explicit Connections(ConnectionFactory factory) : factory_(std::move(factory)) {}
 
-  Ref<ado::Connection> NewConnection() override {
-    return engine::newConnection(database_, observer_);
-  }
+  Ref<ado::Connection> NewConnection() override { return factory_(); }
 
  private:
-  std::shared_ptr<engine::Database> database_;
-  engine::StatementObserver* observer_;
+  ConnectionFactory factory_;
 };
 
 }  // namespace kebu::workbench

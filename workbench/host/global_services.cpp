@@ -1,6 +1,5 @@
 #include "workbench/host/global_services.h"
 
-#include "workbench/host/connections.h"
 #include "workbench/host/environment.h"
 #include "workbench/host/error_log.h"
 #include "workbench/host/lookups.h"
@@ -12,7 +11,6 @@ namespace kebu::workbench {
 GlobalServices::GlobalServices(const HostSurroundings& surroundings)
     : user_(surroundings.user),
       database_(surroundings.database),
-      observer_(surroundings.observer),
       company_(surroundings.company),
       journal_(surroundings.journal),
       messages_(makeRef<workbench::Messages>(surroundings.user, surroundings.translations)),
@@ -26,7 +24,7 @@ const std::set<std::string, std::less<>>& GlobalServices::serviceNames() {
 }
 
 std::string GlobalServices::ConnectionString() {
-  return "Provider=SQLOLEDB;Data Source=workbench;Initial Catalog=ERP";
+  return database_.connectionString;
 }
 
 Value GlobalServices::CompanyCode() {
@@ -48,7 +46,7 @@ Ref<host::LogService> GlobalServices::CreateLog() {
 
 Ref<host::ConnectionProvider> GlobalServices::CreateConnectionProvider() {
   if (!offers("connections")) return nullptr;
-  return makeRef<Connections>(database_, observer_);
+  return makeRef<Connections>(database_.forPlugin);
 }
 
 Ref<host::EnvironmentService> GlobalServices::CreateEnvironment() {

@@ -2,14 +2,12 @@
 
 #include <cstdint>
 #include <functional>
-#include <memory>
 #include <set>
 #include <string>
 #include <string_view>
 
 #include "host/cls_global.h"
-#include "workbench/engine/database.h"
-#include "workbench/engine/statement_observer.h"
+#include "workbench/host/connections.h"
 #include "workbench/host/filter_specifications.h"
 #include "workbench/host/messages.h"
 #include "workbench/host/user.h"
@@ -19,9 +17,7 @@ namespace kebu::workbench {
 /// What the stand-in host works with. The references outlive it.
 struct HostSurroundings {
   User& user;
-  std::shared_ptr<engine::Database> database;
-  /// Sees what the plug-in's connections run.
-  engine::StatementObserver* observer = nullptr;
+  CompanyDatabase database;
   std::int32_t company = 1;
   Translations translations;
   /// Told in words of what the plug-in does with the host's object models.
@@ -59,8 +55,7 @@ class GlobalServices : public host::ClsGlobal {
   bool runScript(const std::string& event);
 
   User& user_;
-  std::shared_ptr<engine::Database> database_;
-  engine::StatementObserver* observer_;
+  CompanyDatabase database_;
   std::int32_t company_;
   std::function<void(const std::string&)> journal_;
   Ref<workbench::Messages> messages_;

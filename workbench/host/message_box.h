@@ -11,12 +11,12 @@
 namespace kebu::workbench {
 
 /// A message box as it is put before the user; the style as Windows counts it.
-struct MessageBox {
+struct ShownMessage {
   std::string title;
   std::string text;
   std::int32_t style = msgbox::okOnly;
 
-  friend bool operator==(const MessageBox&, const MessageBox&) = default;
+  friend bool operator==(const ShownMessage&, const ShownMessage&) = default;
 };
 
 /// The buttons that a style offers, from left to right.

@@ -3,7 +3,6 @@
 #include <utility>
 
 #include "common/convert.h"
-#include "workbench/engine/ado_objects.h"
 
 namespace kebu::workbench {
 
@@ -45,8 +44,7 @@ void StandInHost::fill(host::Cinterface& plugin) {
   plugin.setClsGlobal(global_);
   plugin.setStatusBar(statusBar_);
   plugin.setActiveNavigator(navigator_);
-  // The ERP's own connection: what runs on it is not the plug-in's doing.
-  const Ref<ado::Connection> own = engine::newConnection(surroundings_.database, nullptr);
+  const Ref<ado::Connection> own = surroundings_.database.forHost();
   own->Open();
   plugin.setConnection(own);
   for (const auto& [property, value] : properties_) property->set(plugin, value);

@@ -8,7 +8,7 @@ constexpr int mostRetries = 10;
 
 }  // namespace
 
-bool Answers::retriesForEver(const MessageBox& box, std::int32_t answer) {
+bool Answers::retriesForEver(const ShownMessage& box, std::int32_t answer) {
   if (answer != msgbox::retry) {
     retries_ = 0;
     return false;
@@ -18,7 +18,7 @@ bool Answers::retriesForEver(const MessageBox& box, std::int32_t answer) {
   return ++retries_ > mostRetries;
 }
 
-Answers::Decision Answers::decide(const MessageBox& box) {
+Answers::Decision Answers::decide(const ShownMessage& box) {
   if (!queued_.empty()) {
     const msgbox::Answer answer = queued_.front();
     queued_.pop_front();

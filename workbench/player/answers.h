@@ -22,13 +22,13 @@ class Answers {
 
   void queue(msgbox::Answer answer) { queued_.push_back(answer); }
   std::size_t queued() const { return queued_.size(); }
-  Decision decide(const MessageBox& box);
+  Decision decide(const ShownMessage& box);
 
  private:
-  bool retriesForEver(const MessageBox& box, std::int32_t answer);
+  bool retriesForEver(const ShownMessage& box, std::int32_t answer);
 
   std::deque<msgbox::Answer> queued_;
-  MessageBox retried_;
+  ShownMessage retried_;
   int retries_ = 0;
 };
 

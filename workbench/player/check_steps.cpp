@@ -21,23 +21,28 @@ std::string join(const Words& words) {
   return text;
 }
 
+std::string hostValue(const Player& player, const HostProperty& property) {
+  std::string text;
+  player.atHost([&](StandInHost& host) {
+    if (!host.plugin()) throw StepError("no window is open");
+    text = property.get(*host.plugin());
+  });
+  return text;
+}
+
+std::string hostValue(const Player& player, const std::string& name) {
+  const HostProperty* const property = findHostProperty(name);
+  if (!property) throw StepError("the host knows no property " + name);
+  return hostValue(player, *property);
+}
+
 void printHost(Player& player) {
-  const auto& plugin = player.stage().host.plugin();
-  if (!plugin) throw StepError("no window is open");
   for (const HostProperty& property : hostProperties()) {
-    player.out() << "  " << property.name << " = " << property.get(*plugin) << '\n';
+    player.out() << "  " << property.name << " = " << hostValue(player, property) << '\n';
   }
   for (const auto& [panel, text] : player.stage().host.statusBar().panels()) {
     player.out() << "  status bar panel " << panel << " = \"" << text << "\"\n";
   }
-}
-
-std::string hostValue(const Player& player, const std::string& name) {
-  const auto& plugin = player.stage().host.plugin();
-  if (!plugin) throw StepError("no window is open");
-  const HostProperty* const property = findHostProperty(name);
-  if (!property) throw StepError("the host knows no property " + name);
-  return property->get(*plugin);
 }
 
 /// A state of a control that is neither its value nor its content.
@@ -76,7 +81,7 @@ bool sameValue(const std::string& expected, const std::string& found) {
 
 void expectMessage(Player& player, const std::string& text) {
   std::string shown;
-  for (const MessageBox& box : player.messages().boxes()) {
+  for (const ShownMessage& box : player.messages().boxes()) {
     shown += (shown.empty() ? "" : " / ") + replaceAll(box.text, "\r\n", " ");
   }
   player.check(player.messages().take(text), "message", text, shown);

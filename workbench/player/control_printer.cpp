@@ -80,25 +80,25 @@ void printControl(std::ostream& out, const ControlView& view) {
   if (view.grid) printGrid(out, *view.grid);
 }
 
-void printLookup(std::ostream& out, const controls::LookupList& list) {
+void printLookup(std::ostream& out, ShownList& list) {
   constexpr std::int32_t mostRows = 20;
   out << "  [ " << list.title() << " ]\n";
   TextTable table;
   std::vector<std::string> captions{""};
-  captions.insert(captions.end(), list.captions().begin(), list.captions().end());
+  const std::vector<std::string> columns = list.captions();
+  captions.insert(captions.end(), columns.begin(), columns.end());
   table.add(captions);
-  for (std::int32_t row = 1; row <= std::min(list.rowCount(), mostRows); ++row) {
+  const std::int32_t rows = list.rowCount();
+  for (std::int32_t row = 1; row <= std::min(rows, mostRows); ++row) {
     std::vector<std::string> line{std::to_string(row)};
-    for (std::size_t column = 0; column < list.captions().size(); ++column) {
+    for (std::size_t column = 0; column < columns.size(); ++column) {
       line.push_back(list.cellText(row, column));
     }
     table.add(std::move(line));
   }
   table.write(out, "  ");
-  if (list.rowCount() > mostRows) {
-    out << "  ... and " << list.rowCount() - mostRows << " more\n";
-  }
-  if (list.rowCount() == 0) out << "  (no rows)\n";
+  if (rows > mostRows) out << "  ... and " << rows - mostRows << " more\n";
+  if (rows == 0) out << "  (no rows)\n";
 }
 
 }  // namespace kebu::workbench

@@ -70,4 +70,8 @@ void condition(Player& /*player*/, const Words& /*arguments*/) {
   throw StepError("conditions of a query editor cannot be played: there is no such control");
 }
 
+void picture(Player& player, const Words& arguments) {
+  player.stage().hands.takePicture(arguments[0]);
+}
+
 }  // namespace kebu::workbench::steps

@@ -35,6 +35,8 @@ class Hands {
   virtual void lookup(const std::string& box) = 0;
   virtual void lookupCell(const std::string& grid, std::int32_t row, const std::string& field) = 0;
   virtual void activateWindow() = 0;
+  /// Keeps what the screen shows of the window, if there is a screen, under a name.
+  virtual void takePicture(const std::string& name) = 0;
 
   /// `rows` matters for a grid.
   virtual ControlView look(const std::string& control, const RowRange& rows) = 0;

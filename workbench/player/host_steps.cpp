@@ -4,15 +4,14 @@
 namespace kebu::workbench::steps {
 
 void open(Player& player, const Words& /*arguments*/) {
-  StandInHost& host = player.stage().host;
-  if (host.isOpen()) throw StepError("the window is open already");
-  host.open();
+  if (player.stage().host.isOpen()) throw StepError("the window is open already");
+  player.atHost([](StandInHost& host) { host.open(); });
 }
 
 void close(Player& player, const Words& /*arguments*/) {
-  StandInHost& host = player.stage().host;
-  if (!host.isOpen()) throw StepError("no window is open");
-  const bool closed = host.close();
+  if (!player.stage().host.isOpen()) throw StepError("no window is open");
+  bool closed = false;
+  player.atHost([&](StandInHost& host) { closed = host.close(); });
   player.out() << "  " << (closed ? "true" : "false") << '\n';
 }
 
@@ -24,7 +23,7 @@ void set(Player& player, const Words& arguments) {
   const HostProperty* const property = findHostProperty(arguments[0]);
   if (!property) throw StepError("the host knows no property " + arguments[0]);
   if (!property->set) throw StepError(arguments[0] + " cannot be set to a text");
-  player.stage().host.set(*property, arguments[1]);
+  player.atHost([&](StandInHost& host) { host.set(*property, arguments[1]); });
 }
 
 void without(Player& player, const Words& arguments) {

@@ -18,7 +18,8 @@ void ModelDesktop::hide(controls::Form& form) {
 }
 
 void ModelDesktop::runLookup(controls::LookupList& list) {
-  user_.chooseFrom(list);
+  ModelList shown(list);
+  user_.chooseFrom(shown);
 }
 
 bool ModelDesktop::shows(const controls::Form& form) const {

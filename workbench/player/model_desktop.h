@@ -3,9 +3,27 @@
 #include <vector>
 
 #include "controls/desktop.h"
+#include "controls/lookup_list.h"
+#include "workbench/host/shown_list.h"
 #include "workbench/host/user.h"
 
 namespace kebu::workbench {
+
+/// A list on a screen that nobody sees.
+class ModelList : public ShownList {
+ public:
+  explicit ModelList(controls::LookupList& list) : list_(list) {}
+  std::string title() override { return list_.title(); }
+  std::vector<std::string> captions() override { return list_.captions(); }
+  std::int32_t rowCount() override { return list_.rowCount(); }
+  std::string cellText(std::int32_t row, std::size_t column) override {
+    return list_.cellText(row, column);
+  }
+  void choose(std::int32_t row) override { list_.choose(row); }
+
+ private:
+  controls::LookupList& list_;
+};
 
 /// A screen that nobody sees: knows which windows are on it, and hands what is
 /// modal to the user.

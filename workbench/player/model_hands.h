@@ -25,6 +25,7 @@ class ModelHands : public Hands {
   void lookup(const std::string& box) override;
   void lookupCell(const std::string& grid, std::int32_t row, const std::string& field) override;
   void activateWindow() override;
+  void takePicture(const std::string& /*name*/) override {}
 
   ControlView look(const std::string& name, const RowRange& rows) override;
   std::string value(const std::string& name) override;

@@ -10,7 +10,7 @@ namespace kebu::workbench {
 
 namespace {
 
-void printBox(std::ostream& out, const MessageBox& box) {
+void printBox(std::ostream& out, const ShownMessage& box) {
   out << "  [ " << box.title << " ] " << describeIcon(box.style) << '\n';
   std::istringstream lines(box.text);
   for (std::string line; std::getline(lines, line);) {
@@ -19,7 +19,7 @@ void printBox(std::ostream& out, const MessageBox& box) {
   }
 }
 
-void printAnswer(std::ostream& out, const MessageBox& box, const Answers::Decision& decision) {
+void printAnswer(std::ostream& out, const ShownMessage& box, const Answers::Decision& decision) {
   out << "  ";
   for (const msgbox::Answer button : buttonsOf(box.style)) {
     const bool isDefault = button == defaultButton(box.style);
@@ -77,7 +77,7 @@ void Player::stop(const std::string& message) {
   stopped_ = true;
 }
 
-std::int32_t Player::answer(const MessageBox& box) {
+std::int32_t Player::answer(const ShownMessage& box) {
   messages_.add(box);
   printBox(out_, box);
   // Nothing is left to play: the user only wants to get out.
@@ -88,7 +88,7 @@ std::int32_t Player::answer(const MessageBox& box) {
   return decision.answer;
 }
 
-void Player::chooseFrom(controls::LookupList& list) {
+void Player::chooseFrom(ShownList& list) {
   printLookup(out_, list);
   if (!lookup_ || lookup_->opened) return;
   lookup_->opened = true;

@@ -5,6 +5,7 @@
 #include <optional>
 #include <ostream>
 #include <string>
+#include <utility>
 
 #include "workbench/engine/session.h"
 #include "workbench/host/stand_in_host.h"
@@ -24,6 +25,11 @@ struct Stage {
   /// For statements that are not the plug-in's.
   engine::Session& session;
   StatementFaults& faults;
+  /// Does something where the host lives, which may be another thread. Returns
+  /// when it is done, or waits for the user.
+  std::function<void(std::function<void()>)> atHost = [](const std::function<void()>& work) {
+    work();
+  };
 };
 
 /// Plays a scenario line by line, and is the user to whom boxes, lists and
@@ -36,12 +42,15 @@ class Player : public User {
   /// Whether every line could be played and every expectation held.
   bool play(const Scenario& scenario, const Stage& stage);
 
-  std::int32_t answer(const MessageBox& box) override;
-  void chooseFrom(controls::LookupList& list) override;
+  std::int32_t answer(const ShownMessage& box) override;
+  void chooseFrom(ShownList& list) override;
   void workIn(controls::Form& form) override;
 
   // What the steps work with.
   const Stage& stage() const { return *stage_; }
+  void atHost(std::function<void(StandInHost&)> work) const {
+    stage_->atHost([work = std::move(work), &host = stage_->host] { work(host); });
+  }
   std::ostream& out() { return out_; }
   Answers& answers() { return answers_; }
   ShownMessages& messages() { return messages_; }

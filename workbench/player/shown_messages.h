@@ -10,7 +10,7 @@ namespace kebu::workbench {
 /// The message boxes that no check has asked for yet, oldest first.
 class ShownMessages {
  public:
-  void add(const MessageBox& box) { boxes_.push_back(box); }
+  void add(const ShownMessage& box) { boxes_.push_back(box); }
   /// Whether one contains `text`; it and those before it count as asked for.
   bool take(const std::string& text) {
     for (std::size_t i = 0; i < boxes_.size(); ++i) {
@@ -20,11 +20,11 @@ class ShownMessages {
     }
     return false;
   }
-  const std::vector<MessageBox>& boxes() const { return boxes_; }
+  const std::vector<ShownMessage>& boxes() const { return boxes_; }
   void clear() { boxes_.clear(); }
 
  private:
-  std::vector<MessageBox> boxes_;
+  std::vector<ShownMessage> boxes_;
 };
 
 }  // namespace kebu::workbench

@@ -36,6 +36,8 @@ constexpr std::array table{
          steps::lookup},
     Step{"condition", 3, any, "EDITOR CAPTION OPERATOR [VALUE...]", "states a condition on a field",
          steps::condition},
+    Step{"picture", 1, 1, "NAME", "keeps a picture of the window, where there is a screen",
+         steps::picture},
     Step{"answer", 1, any, "BUTTON...", "queues the answers to the message boxes to come",
          steps::answer},
     Step{"fail", 1, 2, "TEXT [TIMES]", "the next statements that contain TEXT fail", steps::fail},

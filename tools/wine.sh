@@ -1,0 +1,23 @@
+# Windows programs under Wine: sourced, after setup.sh. What is started here ends with the shell.
+
+windows_workbench=build/windows-x64/workbench/workbench.exe
+
+export WINEPREFIX=$PWD/build/wine WINEARCH=win64 WINEDEBUG=${WINEDEBUG:--all}
+
+# Wine's remark that a 32-bit Wine is missing tells nothing new.
+in_wine() { wine "$@" 2> >(sed -e '/wine32/d' -e '/multiarch/d' -e '/^wine: configuration/d' -e '/^$/d' >&2); }
+
+# A screen for windows that nobody is to see, with a window manager. It must be there before Wine's
+# server, which keeps the screen that it was started with.
+start_virtual_screen() {
+  local number pids=()
+  mkdir -p build
+  coproc SCREEN { exec Xvfb -displayfd 1 -screen 0 1600x1000x24 -nolisten tcp 2>build/screen.log; }
+  pids+=("$SCREEN_PID")
+  read -r -t 30 number <&"${SCREEN[0]}" || fail "the virtual screen does not start, see build/screen.log"
+  export DISPLAY=:$number
+  openbox >/dev/null 2>&1 &
+  pids+=("$!")
+  # shellcheck disable=SC2064 # the processes of now
+  trap "wineserver -k 2>/dev/null || true; kill ${pids[*]} 2>/dev/null || true" EXIT
+}

@@ -1,0 +1,468 @@
+#include "workbench/windows/ado_automation.h"
+
+#include <algorithm>
+#include <utility>
+#include <vector>
+
+#include "common/convert.h"
+#include "workbench/engine/ado_error.h"
+#include "workbench/engine/ado_recordset.h"
+#include "workbench/windows/automation.h"
+#include "workbench/windows/late_bound.h"
+#include "workbench/windows/real_connection.h"
+
+namespace kebu::workbench {
+
+namespace {
+
+constexpr std::int32_t stateClosed = 0;
+constexpr std::int32_t stateOpen = 1;
+
+Variant object(const ComRef<IDispatch>& reference) {
+  return Variant(reference);
+}
+Variant nothing() {
+  return {};
+}
+
+// ---- errors
+
+struct ErrorList {
+  ado::Errors errors;
+};
+
+constexpr Member<ado::Error> errorMembers[] = {
+    {L"Description", [](ado::Error& e, const Arguments&) { return Variant(e.description); }},
+    {L"Number", [](ado::Error& e, const Arguments&) { return Variant(e.number); }},
+    {L"Source", [](ado::Error& e, const Arguments&) { return Variant(e.source); }},
+    {L"NativeError", [](ado::Error& e, const Arguments&) { return Variant(e.nativeError); }},
+    {L"SQLState", [](ado::Error& e, const Arguments&) { return Variant(e.sqlState); }},
+};
+
+constexpr Member<ErrorList> errorListMembers[] = {
+    {L"Item",
+     [](ErrorList& list, const Arguments& arguments) {
+       const auto index = static_cast<std::size_t>(arguments.number(0));
+       if (index >= list.errors.size()) throw engine::adoerror::noSuchItem();
+       return object(
+           automated<ado::Error>(std::make_shared<ado::Error>(list.errors[index]), errorMembers));
+     }},
+    {L"Count",
+     [](ErrorList& list, const Arguments&) {
+       return Variant(static_cast<std::int32_t>(list.errors.size()));
+     }},
+};
+
+// ---- recordset
+
+/// What ADO's recordset keeps besides its rows.
+struct RecordsetState {
+  Ref<ado::Recordset> rows;
+  ComRef<IDispatch> connection;
+  std::string source;
+  ado::CursorLocation location = ado::CursorLocation::Server;
+  ado::CursorType cursorType = ado::CursorType::ForwardOnly;
+  ado::LockType lockType = ado::LockType::ReadOnly;
+
+  engine::AdoRecordset& own() const { return dynamic_cast<engine::AdoRecordset&>(*rows); }
+};
+
+using Argument = const Arguments&;
+
+struct FieldState {
+  std::shared_ptr<RecordsetState> recordset;
+  std::size_t index;
+
+  const ado::Field& field() const {
+    const auto& fields = recordset->rows->fields();
+    if (index >= fields.size()) throw engine::adoerror::noSuchItem();
+    return fields[index];
+  }
+};
+
+constexpr Member<FieldState> fieldMembers[] = {
+    {L"Value",
+     [](FieldState& f, Argument) { return Variant(f.recordset->rows->value(f.field().name)); },
+     [](FieldState& f, Argument arguments) {
+       f.recordset->rows->setValue(f.field().name, arguments.value(0));
+     }},
+    {L"Name", [](FieldState& f, Argument) { return Variant(f.field().name); }},
+    {L"Type",
+     [](FieldState& f, Argument) { return Variant(static_cast<std::int32_t>(f.field().type)); }},
+    {L"DefinedSize", [](FieldState& f, Argument) { return Variant(f.field().definedSize); }},
+    {L"Precision",
+     [](FieldState& f, Argument) { return Variant(std::int32_t{f.field().precision}); }},
+    {L"NumericScale",
+     [](FieldState& f, Argument) { return Variant(std::int32_t{f.field().numericScale}); }},
+    {L"OriginalValue",
+     [](FieldState& f, Argument) {
+       return Variant(f.recordset->rows->originalValue(f.field().name));
+     }},
+};
+
+std::size_t fieldIndex(const RecordsetState& recordset, const Value& key) {
+  const auto& fields = recordset.rows->fields();
+  if (!key.isText()) return static_cast<std::size_t>(toInt32(key));
+  const auto at = std::find_if(fields.begin(), fields.end(), [&](const ado::Field& field) {
+    return equalsIgnoringCase(field.name, key.as<std::string>());
+  });
+  return static_cast<std::size_t>(at - fields.begin());
+}
+
+Variant fieldOf(const std::shared_ptr<RecordsetState>& recordset, const Value& key) {
+  const auto field =
+      std::make_shared<FieldState>(FieldState{recordset, fieldIndex(*recordset, key)});
+  static_cast<void>(field->field());
+  return object(automated<FieldState>(field, fieldMembers));
+}
+
+struct FieldsState {
+  std::shared_ptr<RecordsetState> recordset;
+};
+
+constexpr Member<FieldsState> fieldsMembers[] = {
+    {L"Item", [](FieldsState& fields,
+                 Argument arguments) { return fieldOf(fields.recordset, arguments.value(0)); }},
+    {L"Count",
+     [](FieldsState& fields, Argument) {
+       return Variant(static_cast<std::int32_t>(fields.recordset->rows->fields().size()));
+     }},
+};
+
+/// The fields that GetRows is asked for: all of them, one, or an array of them.
+std::vector<std::size_t> wantedFields(const RecordsetState& recordset, Argument arguments,
+                                      std::size_t at) {
+  std::vector<std::size_t> wanted;
+  const std::size_t all = recordset.rows->fields().size();
+  if (!arguments.has(at)) {
+    for (std::size_t i = 0; i < all; ++i) wanted.push_back(i);
+    return wanted;
+  }
+  const VARIANT& given = followed(arguments.at(at));
+  if (given.vt != (VT_ARRAY | VT_VARIANT)) {
+    wanted.push_back(fieldIndex(recordset, toValue(given)));
+  } else {
+    LONG first = 0;
+    LONG last = -1;
+    SafeArrayGetLBound(given.parray, 1, &first);
+    SafeArrayGetUBound(given.parray, 1, &last);
+    for (LONG i = first; i <= last; ++i) {
+      Variant key;
+      if (FAILED(SafeArrayGetElement(given.parray, &i, key.out()))) {
+        throw engine::adoerror::badArgument();
+      }
+      wanted.push_back(fieldIndex(recordset, toValue(key.get())));
+    }
+  }
+  if (std::any_of(wanted.begin(), wanted.end(), [&](std::size_t i) { return i >= all; })) {
+    throw engine::adoerror::noSuchItem();
+  }
+  return wanted;
+}
+
+/// An array [field][row], as ADO gives rows in bulk.
+Variant toArray(const std::vector<std::vector<Value>>& rows,
+                const std::vector<std::size_t>& wanted) {
+  SAFEARRAYBOUND bounds[] = {{static_cast<ULONG>(wanted.size()), 0},
+                             {static_cast<ULONG>(rows.size()), 0}};
+  Variant result;
+  SAFEARRAY* const array = SafeArrayCreate(VT_VARIANT, 2, bounds);
+  if (!array) throw RuntimeError::outOfMemory();
+  VARIANT* const out = result.out();
+  out->vt = VT_ARRAY | VT_VARIANT;
+  out->parray = array;
+  VARIANT* cell = nullptr;
+  if (FAILED(SafeArrayAccessData(array, reinterpret_cast<void**>(&cell)))) {
+    throw RuntimeError::outOfMemory();
+  }
+  // The first dimension varies fastest.
+  for (const auto& row : rows) {
+    for (const std::size_t field : wanted) *cell++ = Variant(row[field]).detach();
+  }
+  SafeArrayUnaccessData(array);
+  return result;
+}
+
+Variant getRows(RecordsetState& recordset, Argument arguments) {
+  constexpr std::int32_t fromFirst = 1;
+  if (arguments.has(1) && toValue(arguments.at(1)).isNumber() && arguments.number(1) == fromFirst) {
+    recordset.rows->MoveFirst();
+  }
+  const auto wanted = wantedFields(recordset, arguments, 2);
+  return toArray(recordset.rows->GetRows(arguments.number(0, -1)), wanted);
+}
+
+ComRef<IDispatch> automateState(const std::shared_ptr<RecordsetState>& state);
+
+void openRecordset(RecordsetState& recordset, Argument arguments) {
+  if (arguments.has(0)) recordset.source = arguments.text(0);
+  if (arguments.has(1)) recordset.connection = arguments.object(1);
+  recordset.cursorType = static_cast<ado::CursorType>(
+      arguments.number(2, static_cast<std::int32_t>(recordset.cursorType)));
+  recordset.lockType = static_cast<ado::LockType>(
+      arguments.number(3, static_cast<std::int32_t>(recordset.lockType)));
+  recordset.rows->Open(recordset.source, connectionBehind(recordset.connection),
+                       recordset.cursorType, recordset.lockType);
+}
+
+void setFilter(RecordsetState& recordset, Argument arguments) {
+  constexpr std::int32_t pendingRecords = 1;
+  const Value filter = arguments.value(0);
+  if (filter.isText()) {
+    recordset.rows->setFilter(filter.as<std::string>());
+  } else if (toInt32(filter) == pendingRecords) {
+    recordset.own().filterPending();
+  } else if (toInt32(filter) == 0) {
+    recordset.rows->setFilter("");
+  } else {
+    throw engine::adoerror::badArgument();
+  }
+}
+
+/// A member that only does something.
+template <auto Method>
+Variant doing(RecordsetState& recordset, Argument /*arguments*/) {
+  ((*recordset.rows).*Method)();
+  return nothing();
+}
+
+std::shared_ptr<RecordsetState> cloneOf(const RecordsetState& recordset) {
+  auto clone = std::make_shared<RecordsetState>(recordset);
+  clone->rows = recordset.rows->Clone();
+  return clone;
+}
+
+// As ADO has them, a recordset's fields and clone need the recordset itself.
+struct RecordsetObject {
+  std::shared_ptr<RecordsetState> state = std::make_shared<RecordsetState>();
+};
+
+template <Variant (*Call)(RecordsetState&, Argument)>
+Variant on(RecordsetObject& recordset, Argument arguments) {
+  return Call(*recordset.state, arguments);
+}
+
+constexpr Member<RecordsetObject> recordsetMembers[] = {
+    {L"Fields",
+     [](RecordsetObject& r, Argument arguments) {
+       if (arguments.count() > 0) return fieldOf(r.state, arguments.value(0));
+       return object(automated<FieldsState>(std::make_shared<FieldsState>(FieldsState{r.state}),
+                                            fieldsMembers));
+     }},
+    {L"CursorLocation",
+     [](RecordsetObject& r, Argument) {
+       return Variant(static_cast<std::int32_t>(r.state->location));
+     },
+     [](RecordsetObject& r, Argument arguments) {
+       const auto location = static_cast<ado::CursorLocation>(arguments.number(0));
+       r.state->rows->setCursorLocation(location);
+       r.state->location = location;
+     }},
+    {L"CursorType",
+     [](RecordsetObject& r, Argument) {
+       return Variant(static_cast<std::int32_t>(r.state->cursorType));
+     },
+     [](RecordsetObject& r, Argument arguments) {
+       if (r.state->rows->isOpen()) throw engine::adoerror::open();
+       r.state->cursorType = static_cast<ado::CursorType>(arguments.number(0));
+     }},
+    {L"LockType",
+     [](RecordsetObject& r, Argument) {
+       return Variant(static_cast<std::int32_t>(r.state->lockType));
+     },
+     [](RecordsetObject& r, Argument arguments) {
+       if (r.state->rows->isOpen()) throw engine::adoerror::open();
+       r.state->lockType = static_cast<ado::LockType>(arguments.number(0));
+     }},
+    {L"Source", [](RecordsetObject& r, Argument) { return Variant(r.state->source); },
+     [](RecordsetObject& r, Argument arguments) { r.state->source = arguments.text(0); }},
+    {L"ActiveConnection", [](RecordsetObject& r, Argument) { return object(r.state->connection); },
+     [](RecordsetObject& r, Argument arguments) { r.state->connection = arguments.object(0); }},
+    {L"Open",
+     [](RecordsetObject& r, Argument arguments) {
+       openRecordset(*r.state, arguments);
+       return nothing();
+     }},
+    {L"Close", on<doing<&ado::Recordset::Close>>},
+    {L"State", [](RecordsetObject& r,
+                  Argument) { return Variant(r.state->rows->isOpen() ? stateOpen : stateClosed); }},
+    {L"Requery", on<doing<&ado::Recordset::Requery>>},
+    {L"Clone",
+     [](RecordsetObject& r, Argument) { return object(automateState(cloneOf(*r.state))); }},
+    {L"BOF", [](RecordsetObject& r, Argument) { return Variant(r.state->rows->BOF()); }},
+    {L"EOF", [](RecordsetObject& r, Argument) { return Variant(r.state->rows->EOF_()); }},
+    {L"MoveFirst", on<doing<&ado::Recordset::MoveFirst>>},
+    {L"MoveLast", on<doing<&ado::Recordset::MoveLast>>},
+    {L"MoveNext", on<doing<&ado::Recordset::MoveNext>>},
+    {L"MovePrevious", on<doing<&ado::Recordset::MovePrevious>>},
+    {L"RecordCount",
+     [](RecordsetObject& r, Argument) { return Variant(r.state->rows->RecordCount()); }},
+    {L"AbsolutePosition",
+     [](RecordsetObject& r, Argument) { return Variant(r.state->rows->AbsolutePosition()); },
+     [](RecordsetObject& r, Argument arguments) {
+       r.state->rows->setAbsolutePosition(arguments.number(0));
+     }},
+    {L"Filter",
+     [](RecordsetObject& r, Argument) {
+       const std::string filter = r.state->rows->filter();
+       return filter.empty() ? Variant(std::int32_t{0}) : Variant(filter);
+     },
+     [](RecordsetObject& r, Argument arguments) { setFilter(*r.state, arguments); }},
+    {L"GetRows", on<getRows>},
+    {L"AddNew", on<doing<&ado::Recordset::AddNew>>},
+    {L"Update", on<doing<&ado::Recordset::Update>>},
+    {L"CancelUpdate", on<doing<&ado::Recordset::CancelUpdate>>},
+    {L"Delete", on<doing<&ado::Recordset::Delete>>},
+    {L"UpdateBatch", on<doing<&ado::Recordset::UpdateBatch>>},
+    {L"CancelBatch", on<doing<&ado::Recordset::CancelBatch>>},
+    {L"EditMode",
+     [](RecordsetObject& r, Argument) {
+       return Variant(static_cast<std::int32_t>(r.state->rows->editMode()));
+     }},
+    {L"Status", [](RecordsetObject& r, Argument) { return Variant(r.state->own().status()); }},
+};
+
+ComRef<IDispatch> automateState(const std::shared_ptr<RecordsetState>& state) {
+  auto recordset = std::make_shared<RecordsetObject>();
+  recordset->state = state;
+  return automated<RecordsetObject>(recordset, recordsetMembers);
+}
+
+// ---- connection
+
+constexpr Member<ado::Connection> connectionMembers[] = {
+    {L"ConnectionString",
+     [](ado::Connection& c, Argument) { return Variant(c.connectionString()); },
+     [](ado::Connection& c, Argument arguments) { c.setConnectionString(arguments.text(0)); }},
+    {L"Open",
+     [](ado::Connection& c, Argument arguments) {
+       if (arguments.has(0)) c.setConnectionString(arguments.text(0));
+       c.Open();
+       return nothing();
+     }},
+    {L"Close",
+     [](ado::Connection& c, Argument) {
+       c.Close();
+       return nothing();
+     }},
+    {L"State",
+     [](ado::Connection& c, Argument) { return Variant(c.isOpen() ? stateOpen : stateClosed); }},
+    {L"Execute", [](ado::Connection& c,
+                    Argument arguments) { return object(automate(c.Execute(arguments.text(0)))); }},
+    {L"Errors",
+     [](ado::Connection& c, Argument) {
+       return object(automated<ErrorList>(std::make_shared<ErrorList>(ErrorList{c.errors()}),
+                                          errorListMembers));
+     }},
+};
+
+// ---- command
+
+struct CommandState {
+  Ref<ado::Command> command;
+  ComRef<IDispatch> connection;
+  std::string text;
+  std::int32_t type = 8;  // unknown
+};
+
+struct ParameterState {
+  std::shared_ptr<CommandState> owner;
+  std::string name;
+  Value value;
+};
+
+constexpr Member<ParameterState> parameterMembers[] = {
+    {L"Value", [](ParameterState& p, Argument) { return Variant(p.value); },
+     [](ParameterState& p, Argument arguments) {
+       p.value = arguments.value(0);
+       p.owner->command->setParameter(p.name, p.value);
+     }},
+    {L"Name", [](ParameterState& p, Argument) { return Variant(p.name); }},
+};
+
+struct ParametersState {
+  std::shared_ptr<CommandState> owner;
+};
+
+constexpr Member<ParametersState> parametersMembers[] = {
+    {L"Item",
+     [](ParametersState& p, Argument arguments) {
+       const auto parameter =
+           std::make_shared<ParameterState>(ParameterState{p.owner, arguments.text(0), {}});
+       return object(automated<ParameterState>(parameter, parameterMembers));
+     }},
+    // The engine's command looks its procedure up by itself.
+    {L"Refresh", [](ParametersState&, Argument) { return nothing(); }},
+};
+
+struct CommandObject {
+  std::shared_ptr<CommandState> state = std::make_shared<CommandState>();
+};
+
+constexpr Member<CommandObject> commandMembers[] = {
+    {L"Parameters",
+     [](CommandObject& c, Argument) {
+       return object(automated<ParametersState>(
+           std::make_shared<ParametersState>(ParametersState{c.state}), parametersMembers));
+     }},
+    {L"ActiveConnection", [](CommandObject& c, Argument) { return object(c.state->connection); },
+     [](CommandObject& c, Argument arguments) {
+       c.state->connection = arguments.object(0);
+       c.state->command->setActiveConnection(connectionBehind(c.state->connection));
+     }},
+    {L"CommandText", [](CommandObject& c, Argument) { return Variant(c.state->text); },
+     [](CommandObject& c, Argument arguments) {
+       c.state->text = arguments.text(0);
+       c.state->command->setCommandText(c.state->text);
+     }},
+    {L"CommandType", [](CommandObject& c, Argument) { return Variant(c.state->type); },
+     [](CommandObject& c, Argument arguments) { c.state->type = arguments.number(0); }},
+    {L"Execute",
+     [](CommandObject& c, Argument) {
+       c.state->command->Execute();
+       return nothing();
+     }},
+};
+
+}  // namespace
+
+ComRef<IDispatch> automate(const Ref<ado::Connection>& connection) {
+  // One that is an object already is handed over as it is.
+  const auto real = std::dynamic_pointer_cast<RealConnection>(connection.shared());
+  if (real) return real->object();
+  return automated<ado::Connection>(connection.shared(), connectionMembers);
+}
+
+ComRef<IDispatch> automate(const Ref<ado::Recordset>& recordset) {
+  if (!recordset) return nullptr;
+  auto state = std::make_shared<RecordsetState>();
+  state->rows = recordset;
+  return automateState(state);
+}
+
+ComRef<IDispatch> automate(const Ref<ado::Command>& command) {
+  if (!command) return nullptr;
+  auto object = std::make_shared<CommandObject>();
+  object->state->command = command;
+  return automated<CommandObject>(object, commandMembers);
+}
+
+Ref<ado::Connection> connectionBehind(const ComRef<IDispatch>& object) {
+  return subjectOf<ado::Connection>(object);
+}
+
+ado::Errors readErrors(const ComRef<IDispatch>& collection) {
+  ado::Errors errors;
+  if (!collection) return errors;
+  const LateBound list(collection);
+  const std::int32_t count = toInt32(list.value("Count"));
+  for (std::int32_t i = 0; i < count; ++i) {
+    const LateBound entry(toDispatch(list.get("Item", {Variant(i)}).get()));
+    errors.push_back({toInt32(entry.value("Number")), toText(entry.value("Description")),
+                      toText(entry.value("Source")), toInt32(entry.value("NativeError")),
+                      toText(entry.value("SQLState"))});
+  }
+  return errors;
+}
+
+}  // namespace kebu::workbench

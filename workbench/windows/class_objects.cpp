@@ -1,0 +1,79 @@
+#include "workbench/windows/class_objects.h"
+
+#include <windows.h>
+
+#include <objbase.h>
+
+#include <utility>
+
+#include "workbench/windows/ado_automation.h"
+
+namespace kebu::workbench {
+
+namespace {
+
+constexpr GUID adoClass(unsigned long number) {
+  return {number, 0x0000, 0x0010, {0x80, 0x00, 0x00, 0xAA, 0x00, 0x6D, 0x2E, 0xA4}};
+}
+constexpr GUID commandClass = adoClass(0x507);
+constexpr GUID connectionClass = adoClass(0x514);
+constexpr GUID recordsetClass = adoClass(0x535);
+
+class ClassObject : public IClassFactory {
+ public:
+  using Make = std::function<ComRef<IDispatch>()>;
+  explicit ClassObject(Make make) : make_(std::move(make)) {}
+  virtual ~ClassObject() = default;
+
+  STDMETHODIMP QueryInterface(REFIID wanted, void** object) override {
+    if (!object) return E_POINTER;
+    *object = nullptr;
+    if (wanted != IID_IUnknown && wanted != IID_IClassFactory) return E_NOINTERFACE;
+    *object = this;
+    AddRef();
+    return S_OK;
+  }
+  STDMETHODIMP_(ULONG) AddRef() override { return ++references_; }
+  STDMETHODIMP_(ULONG) Release() override {
+    const ULONG left = --references_;
+    if (left == 0) delete this;
+    return left;
+  }
+  STDMETHODIMP CreateInstance(IUnknown* outer, REFIID wanted, void** object) override {
+    if (!object) return E_POINTER;
+    *object = nullptr;
+    if (outer) return CLASS_E_NOAGGREGATION;
+    return make_()->QueryInterface(wanted, object);
+  }
+  STDMETHODIMP LockServer(BOOL /*lock*/) override { return S_OK; }
+
+ private:
+  Make make_;
+  ULONG references_ = 1;
+};
+
+}  // namespace
+
+ClassObjects::ClassObjects(ado::Library& library,
+                           std::function<Ref<ado::Connection>()> newConnection) {
+  const std::pair<GUID, ClassObject::Make> classes[] = {
+      {recordsetClass, [&library] { return automate(library.newRecordset()); }},
+      {commandClass, [&library] { return automate(library.newCommand()); }},
+      {connectionClass, [newConnection] { return automate(newConnection()); }},
+  };
+  for (const auto& [id, make] : classes) {
+    const auto object = ComRef<IUnknown>::adopt(new ClassObject(make));
+    DWORD cookie = 0;
+    if (FAILED(CoRegisterClassObject(id, object.get(), CLSCTX_INPROC_SERVER, REGCLS_MULTIPLEUSE,
+                                     &cookie))) {
+      throw RuntimeError(429, "The database objects cannot be offered to this process.");
+    }
+    cookies_.push_back(cookie);
+  }
+}
+
+ClassObjects::~ClassObjects() {
+  for (const DWORD cookie : cookies_) CoRevokeClassObject(cookie);
+}
+
+}  // namespace kebu::workbench

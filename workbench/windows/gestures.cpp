@@ -1,0 +1,49 @@
+#include "workbench/windows/gestures.h"
+
+namespace kebu::workbench {
+
+void clickAt(HWND window, POINT point) {
+  const LPARAM place = MAKELPARAM(point.x, point.y);
+  PostMessageW(window, WM_LBUTTONDOWN, MK_LBUTTON, place);
+  PostMessageW(window, WM_LBUTTONUP, 0, place);
+}
+
+void clickOn(HWND window, const RECT& bounds) {
+  clickAt(window, {(bounds.left + bounds.right) / 2, (bounds.top + bounds.bottom) / 2});
+}
+
+void pressKey(HWND window, WPARAM key, int times) {
+  constexpr LPARAM released = static_cast<LPARAM>(0xC0000001);
+  for (int i = 0; i < times; ++i) {
+    PostMessageW(window, WM_KEYDOWN, key, 1);
+    PostMessageW(window, WM_KEYUP, key, released);
+  }
+}
+
+void typeText(HWND window, const std::wstring& text) {
+  for (const wchar_t c : text) PostMessageW(window, WM_CHAR, c, 1);
+}
+
+void replaceText(HWND edit, const std::wstring& text) {
+  PostMessageW(edit, EM_SETSEL, 0, -1);
+  if (text.empty()) {
+    pressKey(edit, VK_DELETE);
+  } else {
+    typeText(edit, text);
+  }
+}
+
+void takeFromList(HWND combo, int index) {
+  if (!SendMessageW(combo, CB_GETDROPPEDSTATE, 0, 0)) pressKey(combo, VK_F4);
+  pressKey(combo, VK_HOME);
+  pressKey(combo, VK_DOWN, index);
+  pressKey(combo, VK_RETURN);
+}
+
+std::wstring classOf(HWND window) {
+  wchar_t name[64] = {};
+  GetClassNameW(window, name, 64);
+  return name;
+}
+
+}  // namespace kebu::workbench

@@ -1,0 +1,206 @@
+#include "workbench/windows/host_automation.h"
+
+#include "common/convert.h"
+#include "workbench/windows/ado_automation.h"
+#include "workbench/windows/automation.h"
+#include "workbench/windows/late_bound.h"
+#include "workbench/windows/navigator_events.h"
+
+namespace kebu::workbench {
+
+namespace {
+
+using Argument = const Arguments&;
+
+Variant nothing() {
+  return {};
+}
+
+/// Services are handed the plug-in's interface; those of the workbench need nothing of it.
+template <class Service>
+Variant initialize(Service& service, Argument /*arguments*/) {
+  service.Initialize(nullptr);
+  return nothing();
+}
+
+constexpr Member<host::MessageService> messageMembers[] = {
+    {L"Translate",
+     [](host::MessageService& s, Argument a) { return Variant(s.Translate(a.text(0))); }},
+    {L"MsgBox",
+     [](host::MessageService& s, Argument a) {
+       return Variant(s.MsgBox(a.value(0), a.number(1), a.has(2) ? a.value(2) : Value(), {}));
+     }},
+    {L"MsgBoxFromId",
+     [](host::MessageService& s, Argument a) {
+       return Variant(
+           s.MsgBoxFromId(a.number(0), a.number(1), a.has(2) ? a.value(2) : Value(), {}));
+     }},
+};
+
+constexpr Member<host::LogService> logMembers[] = {
+    {L"SetError",
+     [](host::LogService& s, Argument a) {
+       s.SetError(a.number(0), a.text(1), a.text(2));
+       return nothing();
+     }},
+    {L"SetConnectionErrors",
+     [](host::LogService& s, Argument a) {
+       s.SetConnectionErrors(readErrors(a.object(0)));
+       return nothing();
+     }},
+    {L"ShowError",
+     [](host::LogService& s, Argument a) {
+       return Variant(Value(s.ShowError(a.text(0), a.text(1), a.text(2), a.number(3))));
+     }},
+};
+
+constexpr Member<host::ConnectionProvider> providerMembers[] = {
+    {L"NewConnection",
+     [](host::ConnectionProvider& s, Argument) { return Variant(automate(s.NewConnection())); }},
+};
+
+constexpr Member<host::EnvironmentService> environmentMembers[] = {
+    {L"Initialize", initialize<host::EnvironmentService>},
+    {L"GetPath",
+     [](host::EnvironmentService& s, Argument a) {
+       return Variant(s.GetPath(a.number(0), a.has(1) ? a.text(1) : ""));
+     }},
+};
+
+constexpr Member<host::SqlDecodeService> decodeMembers[] = {
+    {L"Initialize", initialize<host::SqlDecodeService>},
+    {L"DocumentType", [](host::SqlDecodeService& s,
+                         Argument a) { return Variant(s.DocumentType(a.text(0), a.text(1))); }},
+    {L"Customer", [](host::SqlDecodeService& s,
+                     Argument a) { return Variant(s.Customer(a.text(0), a.text(1))); }},
+};
+
+Variant captionsOf(const host::LookupDefinition& definition) {
+  SAFEARRAY* const array =
+      SafeArrayCreateVector(VT_BSTR, 0, static_cast<ULONG>(definition.captions.size()));
+  if (!array) throw RuntimeError::outOfMemory();
+  Variant result;
+  VARIANT* const out = result.out();
+  out->vt = VT_ARRAY | VT_BSTR;
+  out->parray = array;
+  for (LONG i = 0; i < static_cast<LONG>(definition.captions.size()); ++i) {
+    const Variant caption(definition.captions[static_cast<std::size_t>(i)]);
+    if (FAILED(SafeArrayPutElement(array, &i, caption.get().bstrVal))) {
+      throw RuntimeError::outOfMemory();
+    }
+  }
+  return result;
+}
+
+constexpr Member<host::LookupDefinition> definitionMembers[] = {
+    {L"Statement", [](host::LookupDefinition& d, Argument) { return Variant(d.statement); }},
+    {L"Title", [](host::LookupDefinition& d, Argument) { return Variant(d.title); }},
+    {L"Captions", [](host::LookupDefinition& d, Argument) { return captionsOf(d); }},
+};
+
+Variant definition(host::LookupDefinition&& value) {
+  return Variant(automated<host::LookupDefinition>(
+      std::make_shared<host::LookupDefinition>(std::move(value)), definitionMembers));
+}
+
+constexpr Member<host::LookupService> lookupMembers[] = {
+    {L"Initialize", initialize<host::LookupService>},
+    {L"DocumentTypes",
+     [](host::LookupService& s, Argument a) { return definition(s.DocumentTypes(a.text(0))); }},
+    {L"Customers",
+     [](host::LookupService& s, Argument a) { return definition(s.Customers(a.text(0))); }},
+};
+
+constexpr Member<host::FilterSpecificationService> filterMembers[] = {
+    {L"Initialize", initialize<host::FilterSpecificationService>},
+    {L"Load", [](host::FilterSpecificationService& s,
+                 Argument a) { return Variant(s.Load(a.text(0), a.text(1))); }},
+    {L"Save",
+     [](host::FilterSpecificationService& s, Argument a) {
+       s.Save(a.text(0), a.text(1), a.text(2), a.flag(3));
+       return nothing();
+     }},
+};
+
+template <class Model>
+Variant registerIn(Model& model, Argument a) {
+  return Variant(ForeignObject::behind(
+      model.Register(a.text(0), ForeignObject::of(a.object(1)), a.number(2), a.text(3))));
+}
+
+constexpr Member<host::LayoutModel> layoutMembers[] = {
+    {L"Initialize", initialize<host::LayoutModel>},
+    {L"Register", registerIn<host::LayoutModel>},
+};
+
+constexpr Member<host::ScriptModel> scriptMembers[] = {
+    {L"Initialize", initialize<host::ScriptModel>},
+    {L"Register", registerIn<host::ScriptModel>},
+    {L"RunEvent",
+     [](host::ScriptModel& s, Argument a) {
+       bool cancel = a.has(1) && a.flag(1);
+       s.RunEvent(a.text(0), cancel);
+       if (a.has(1)) a.giveBack(1, cancel);
+       return Variant(cancel);
+     }},
+};
+
+constexpr Member<host::StatusBar> statusBarMembers[] = {
+    {L"SetPanelText",
+     [](host::StatusBar& s, Argument a) {
+       s.SetPanelText(a.number(0), a.text(1));
+       return nothing();
+     }},
+};
+
+/// A service of the global object, under the members that it has for others.
+template <auto Create, const auto& members>
+Variant service(host::ClsGlobal& global, Argument /*arguments*/) {
+  return Variant(automated((global.*Create)().shared(), members));
+}
+
+constexpr Member<host::ClsGlobal> globalMembers[] = {
+    {L"ConnectionString",
+     [](host::ClsGlobal& g, Argument) { return Variant(g.ConnectionString()); }},
+    {L"CompanyCode", [](host::ClsGlobal& g, Argument) { return Variant(g.CompanyCode()); }},
+    {L"Messages", service<&host::ClsGlobal::Messages, messageMembers>},
+    {L"RefreshStatus",
+     [](host::ClsGlobal& g, Argument a) {
+       g.RefreshStatus(ForeignObject::of(a.object(0)));
+       return nothing();
+     }},
+    {L"CreateLog", service<&host::ClsGlobal::CreateLog, logMembers>},
+    {L"CreateConnectionProvider",
+     service<&host::ClsGlobal::CreateConnectionProvider, providerMembers>},
+    {L"CreateEnvironment", service<&host::ClsGlobal::CreateEnvironment, environmentMembers>},
+    {L"CreateSqlDecode", service<&host::ClsGlobal::CreateSqlDecode, decodeMembers>},
+    {L"CreateLookups", service<&host::ClsGlobal::CreateLookups, lookupMembers>},
+    {L"CreateFilterSpecifications",
+     service<&host::ClsGlobal::CreateFilterSpecifications, filterMembers>},
+    {L"CreateLayoutModel", service<&host::ClsGlobal::CreateLayoutModel, layoutMembers>},
+    {L"CreateScriptModel", service<&host::ClsGlobal::CreateScriptModel, scriptMembers>},
+};
+
+}  // namespace
+
+ComRef<IDispatch> automate(const Ref<host::ClsGlobal>& global) {
+  return automated<host::ClsGlobal>(global.shared(), globalMembers);
+}
+
+ComRef<IDispatch> automate(const Ref<host::StatusBar>& bar) {
+  return automated<host::StatusBar>(bar.shared(), statusBarMembers);
+}
+
+ComRef<IDispatch> automate(const Ref<host::LayoutModel>& model) {
+  if (auto script = std::dynamic_pointer_cast<host::ScriptModel>(model.shared())) {
+    return automated<host::ScriptModel>(script, scriptMembers);
+  }
+  return automated<host::LayoutModel>(model.shared(), layoutMembers);
+}
+
+ComRef<IDispatch> automate(const Ref<host::Navigator>& navigator, REFIID events) {
+  if (!navigator) return nullptr;
+  return ComRef<IDispatch>::adopt(new NavigatorObject(navigator.shared(), events));
+}
+
+}  // namespace kebu::workbench

@@ -1,0 +1,99 @@
+#include "workbench/windows/navigator_events.h"
+
+#include <olectl.h>
+
+#include "workbench/windows/host_automation.h"
+
+namespace kebu::workbench {
+
+namespace {
+
+enum EventId : DISPID {
+  beforeExportToOffice = 1,
+  initializeLayoutObjectModel = 2,
+  initializeScriptObjectModel = 3
+};
+
+}  // namespace
+
+NavigatorObject::NavigatorObject(std::shared_ptr<host::Navigator> navigator, REFIID events)
+    : Automated(std::move(navigator), {}), events_(events) {
+  subscriptions_.push_back(subject()->BeforeExportToOffice.connect(
+      [this](const Value& arguments) { raise(beforeExportToOffice, Variant(arguments)); }));
+  subscriptions_.push_back(
+      subject()->InitializeLayoutObjectModel.connect([this](const Ref<host::LayoutModel>& model) {
+        raise(initializeLayoutObjectModel, Variant(automate(model)));
+      }));
+  subscriptions_.push_back(
+      subject()->InitializeScriptObjectModel.connect([this](const Ref<host::ScriptModel>& model) {
+        raise(initializeScriptObjectModel, Variant(automate(Ref<host::LayoutModel>(model))));
+      }));
+}
+
+void NavigatorObject::raise(DISPID event, const Variant& argument) const {
+  const auto sinks = sinks_;  // a sink may leave while it is called
+  for (const auto& [cookie, sink] : sinks) {
+    VARIANT lent = argument.get();
+    DISPPARAMS parameters{&lent, nullptr, 1, 0};
+    sink->Invoke(event, IID_NULL, LOCALE_USER_DEFAULT, DISPATCH_METHOD, &parameters, nullptr,
+                 nullptr, nullptr);
+  }
+}
+
+IUnknown* NavigatorObject::furtherInterface(REFIID wanted) {
+  if (wanted == IID_IConnectionPointContainer) return static_cast<IConnectionPointContainer*>(this);
+  if (wanted == IID_IConnectionPoint) return static_cast<IConnectionPoint*>(this);
+  return nullptr;
+}
+
+STDMETHODIMP NavigatorObject::EnumConnectionPoints(IEnumConnectionPoints** points) {
+  if (points) *points = nullptr;
+  return E_NOTIMPL;
+}
+
+STDMETHODIMP NavigatorObject::FindConnectionPoint(REFIID events, IConnectionPoint** point) {
+  if (!point) return E_POINTER;
+  *point = nullptr;
+  if (events != events_) return CONNECT_E_NOCONNECTION;
+  *point = this;
+  AddRef();
+  return S_OK;
+}
+
+STDMETHODIMP NavigatorObject::GetConnectionInterface(IID* events) {
+  if (!events) return E_POINTER;
+  *events = events_;
+  return S_OK;
+}
+
+STDMETHODIMP NavigatorObject::GetConnectionPointContainer(IConnectionPointContainer** container) {
+  if (!container) return E_POINTER;
+  *container = this;
+  AddRef();
+  return S_OK;
+}
+
+STDMETHODIMP NavigatorObject::Advise(IUnknown* sink, DWORD* cookie) {
+  if (!sink || !cookie) return E_POINTER;
+  *cookie = 0;
+  ComRef<IDispatch> events;
+  // The sink may know the events' interface by its own name only.
+  if (FAILED(sink->QueryInterface(events_, reinterpret_cast<void**>(events.out()))) &&
+      FAILED(sink->QueryInterface(IID_IDispatch, reinterpret_cast<void**>(events.out())))) {
+    return CONNECT_E_CANNOTCONNECT;
+  }
+  *cookie = ++lastCookie_;
+  sinks_[*cookie] = std::move(events);
+  return S_OK;
+}
+
+STDMETHODIMP NavigatorObject::Unadvise(DWORD cookie) {
+  return sinks_.erase(cookie) > 0 ? S_OK : CONNECT_E_NOCONNECTION;
+}
+
+STDMETHODIMP NavigatorObject::EnumConnections(IEnumConnections** connections) {
+  if (connections) *connections = nullptr;
+  return E_NOTIMPL;
+}
+
+}  // namespace kebu::workbench

@@ -1,0 +1,104 @@
+// Opens the window for a person.
+#include <windows.h>
+
+#include <objbase.h>
+
+#include <ostream>
+
+#include "common/error.h"
+#include "windows/views/wide_text.h"
+#include "workbench/command_line.h"
+#include "workbench/commands.h"
+#include "workbench/company_file.h"
+#include "workbench/engine/ado_objects.h"
+#include "workbench/host/local_platform.h"
+#include "workbench/host/stand_in_host.h"
+#include "workbench/windows/apartment.h"
+#include "workbench/windows/class_objects.h"
+#include "workbench/windows/person.h"
+#include "workbench/windows/plugin_source.h"
+#include "workbench/windows/real_connection.h"
+
+namespace kebu::workbench {
+
+std::int32_t Person::answer(const ShownMessage& box) {
+  return MessageBoxW(GetActiveWindow(), windows::toWide(box.text).c_str(),
+                     windows::toWide(box.title).c_str(), static_cast<UINT>(box.style));
+}
+
+namespace {
+
+BOOL CALLBACK noteVisible(HWND window, LPARAM context) {
+  if (!IsWindowVisible(window)) return TRUE;
+  *reinterpret_cast<bool*>(context) = true;
+  return FALSE;
+}
+
+bool hasWindow() {
+  bool found = false;
+  EnumThreadWindows(GetCurrentThreadId(), noteVisible, reinterpret_cast<LPARAM>(&found));
+  return found;
+}
+
+/// Passes messages on until the last window is closed.
+void pumpWindows() {
+  MSG message{};
+  while (hasWindow() && GetMessageW(&message, nullptr, 0, 0) > 0) {
+    TranslateMessage(&message);
+    DispatchMessageW(&message);
+  }
+}
+
+CompanyDatabase remoteCompany(const std::string& connectionString) {
+  const auto connect = [connectionString] {
+    return Ref<ado::Connection>(makeRef<RealConnection>(connectionString));
+  };
+  // The first one tells whether there is anything at the other end.
+  try {
+    const Ref<ado::Connection> first = connect();
+    first->Open();
+    first->Close();
+  } catch (const RuntimeError& error) {
+    throw CommandError("the database cannot be reached: " + error.description());
+  }
+  return {connectionString, connect, connect, true};
+}
+
+void showWindow(const CompanyDatabase& database, std::int32_t company) {
+  Person person;
+  std::ostream noTrace(nullptr);
+  LocalPlatform platform(person, noTrace);
+  const PluginSource source(platform);
+  if (!source.isDll() && database.isReal) {
+    throw CommandError("a connection through ADO needs the plug-in's DLL beside the program");
+  }
+  StandInHost host([&] { return source.create(); },
+                   {person, database, company, {}, [](const std::string&) {}});
+  host.open();
+  pumpWindows();
+}
+
+}  // namespace
+
+int showCommand(const std::vector<std::string>& words) {
+  const CommandLine line(words, {"--database", "--company", "--connection"});
+  const auto path = line.option("--database");
+  const auto connection = line.option("--connection");
+  if (!line.operands().empty() || (path && connection)) {
+    throw CommandError("use: workbench show [--database FILE | --connection STRING] [--company N]");
+  }
+  const std::int32_t company = line.number("--company", 1);
+  const Apartment apartment;
+  if (connection) {
+    showWindow(remoteCompany(*connection), company);
+    return 0;
+  }
+  const CompanyDatabase embedded =
+      embeddedCompany(path ? openCompany(*path) : demoCompany(), nullptr);
+  engine::Library objects;
+  const ClassObjects classes(objects, embedded.forPlugin);
+  showWindow(embedded, company);
+  return 0;
+}
+
+}  // namespace kebu::workbench

@@ -1,0 +1,20 @@
+#pragma once
+
+#include <ostream>
+
+namespace kebu::workbench {
+
+/// Writes what this process tells a debugger to a stream, as long as it lives.
+/// There is one at a time.
+class TraceListener {
+ public:
+  explicit TraceListener(std::ostream& out);
+  ~TraceListener();
+  TraceListener(const TraceListener&) = delete;
+  TraceListener& operator=(const TraceListener&) = delete;
+
+ private:
+  void* handler_;
+};
+
+}  // namespace kebu::workbench

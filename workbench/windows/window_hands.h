@@ -1,0 +1,73 @@
+#pragma once
+
+#include <functional>
+#include <optional>
+#include <string>
+
+#include "workbench/host/user.h"
+#include "workbench/player/hands.h"
+#include "workbench/windows/window_reader.h"
+#include "workbench/windows/window_thread.h"
+
+namespace kebu::workbench {
+
+/// Works in the real window as a person does, with clicks and keys. After each
+/// gesture it waits until the window waits for the user again, and turns to the
+/// user with what came up meanwhile.
+class WindowHands : public Hands {
+ public:
+  /// Pictures go to the folder; nothing to take none.
+  WindowHands(WindowThread& thread, User& user, std::optional<std::string> pictures)
+      : thread_(thread), user_(user), pictures_(std::move(pictures)) {}
+
+  /// Has the host do something; see Stage::atHost.
+  void atHost(std::function<void()> work);
+
+  void openPage(std::int32_t view) override;
+  void press(const std::string& bar, const std::string& button) override;
+  void clickButton(const std::string& button) override;
+  void type(const std::string& box, const std::string& text) override;
+  void choose(const std::string& combo, const std::string& code) override;
+  void tick(const std::string& check, bool on) override;
+  void selectRow(const std::string& grid, std::int32_t row) override;
+  void edit(const std::string& grid, std::int32_t row, const std::string& field,
+            const Value& value) override;
+  void tickCell(const std::string& grid, std::int32_t row, const std::string& field) override;
+  void tickAll(const std::string& grid, const std::string& field, bool on) override;
+  void lookup(const std::string& box) override;
+  void lookupCell(const std::string& grid, std::int32_t row, const std::string& field) override;
+  void activateWindow() override;
+  void takePicture(const std::string& name) override;
+
+  ControlView look(const std::string& control, const RowRange& rows) override;
+  std::string value(const std::string& control) override;
+  std::string cellText(const std::string& grid, std::int32_t row,
+                       const std::string& field) override;
+  bool isButtonEnabled(const std::string& bar, const std::string& button) override;
+
+ private:
+  /// The window in front; StepError when there is none.
+  HWND front() const;
+  WindowReader reader() const { return WindowReader(front()); }
+  /// A control of the kind on which a person could act now; StepError when it is not.
+  windows::Inspection reachable(const std::string& name, const std::string& kind,
+                                const char* kindInWords) const;
+  windows::Inspection item(const std::string& control, const std::string& key,
+                           const char* itemInWords) const;
+  /// A cell brought into sight.
+  windows::Inspection cellInSight(const std::string& grid, std::int32_t row,
+                                  const std::string& field);
+  void bringRowIntoSight(const windows::Inspection& grid, std::int32_t row);
+  HWND focus() const;
+  /// Presses or lets go of Ctrl, perhaps with Shift.
+  void holdControl(bool shift, bool down);
+  void goToCell(const std::string& grid, std::int32_t row, const std::string& field);
+  /// Waits, and turns to the user with message boxes and lists.
+  void settle();
+
+  WindowThread& thread_;
+  User& user_;
+  std::optional<std::string> pictures_;
+};
+
+}  // namespace kebu::workbench
