@@ -29,6 +29,8 @@ class GroupBox : public Control {
     (add(all), ...);
   }
   const std::vector<Control*>& children() const { return children_; }
+  /// A control came into the group.
+  Event<Control&> ChildAdded;
 
  private:
   std::vector<Control*> children_;
