@@ -21,19 +21,27 @@ bool takesCodes(QueryOperator op) {
          op == QueryOperator::Range;
 }
 
-std::string rowName(const std::string& editor, const QueryField& field) {
-  return editor + "(" + std::to_string(field.position) + ")";
+std::string rowName(const std::string& editor, std::size_t row) {
+  return editor + "(" + std::to_string(row) + ")";
 }
 
 }  // namespace
 
-QueryEditor::Row::Row(const std::string& editor, const QueryField& declared)
+QueryEditor::Row::Row(const std::string& name, const QueryField& declared)
     : field(declared),
-      op(rowName(editor, declared) + ".OPERATORE", std::string(declared.caption)),
-      first(rowName(editor, declared) + ".VALORE1"),
-      second(rowName(editor, declared) + ".VALORE2"),
-      firstDescription(rowName(editor, declared) + ".DESCRIZIONE1"),
-      secondDescription(rowName(editor, declared) + ".DESCRIZIONE2") {}
+      op(name + ".OPERATORE", std::string(declared.caption)),
+      first(name + ".VALORE1"),
+      second(name + ".VALORE2"),
+      firstDescription(name + ".DESCRIZIONE1"),
+      secondDescription(name + ".DESCRIZIONE2") {}
+
+std::string QueryEditor::operatorName(const std::string& editor, std::size_t row) {
+  return rowName(editor, row) + ".OPERATORE";
+}
+
+std::string QueryEditor::valueName(const std::string& editor, std::size_t row, RangeEnd end) {
+  return rowName(editor, row) + (end == RangeEnd::First ? ".VALORE1" : ".VALORE2");
+}
 
 QueryOperator QueryEditor::Row::chosen() const {
   return operatorByCode(op.text()).value_or(QueryOperator::Any);
@@ -61,7 +69,8 @@ std::string QueryEditor::translated(std::string_view text) const {
 // ---- declaration
 
 void QueryEditor::addField(const QueryField& field) {
-  Row& row = *rows_.emplace_back(std::make_unique<Row>(Name(), field));
+  const std::string name = rowName(Name(), rows_.size() + 1);
+  Row& row = *rows_.emplace_back(std::make_unique<Row>(name, field));
   row.op.setCaption(translated(field.caption));
   row.op.setShowsCodes(false);
   for (const OperatorTraits& traits : queryOperators()) {
@@ -182,6 +191,20 @@ std::string QueryEditor::value(std::string_view dataField, RangeEnd end) const {
   const bool isBoth = end == RangeEnd::First || stated.op == QueryOperator::Equal;
   if (stated.op == QueryOperator::OneOf) return "";
   return isBoth ? row->first.text() : row->second.text();
+}
+
+std::string QueryEditor::sentence(std::size_t row) const {
+  const Row& shown = *rows_.at(row);
+  const ComboBox::Row* const op = shown.op.selected();
+  std::string text = op ? op->caption : "";
+  const auto add = [&](const char* before, const EditBox& box, const Label& description) {
+    if (!box.isVisible() || box.text().empty()) return;
+    text += before + box.text();
+    if (!description.caption().empty()) text += " (" + description.caption() + ")";
+  };
+  add(" ", shown.first, shown.firstDescription);
+  add(" ... ", shown.second, shown.secondDescription);
+  return text;
 }
 
 // ---- the user at work

@@ -48,8 +48,8 @@ struct QueryRequest {
 /// field, the predicates that come of them, and specifications saved by name
 /// in the host's store.
 ///
-/// Its parts are ordinary controls, named after the editor and the row, and
-/// a person works with those: "ENHQUERY_CLI(2).VALORE1".
+/// Its parts are ordinary controls, named after the editor and the row counted
+/// from 1, and a person works with those: "ENHQUERY_CLI(2).VALORE1".
 class QueryEditor : public GroupBox {
  public:
   /// What the editor is handed of the window that it stands in.
@@ -115,13 +115,20 @@ class QueryEditor : public GroupBox {
   /// "Conta": fill in the answer.
   Event<std::string&> Count;
 
+  /// What is stated on a row in words: "uguale a VER (Vernici)".
+  std::string sentence(std::size_t row) const;
+
+  /// The name of a row's operator, or of a value.
+  static std::string operatorName(const std::string& editor, std::size_t row);
+  static std::string valueName(const std::string& editor, std::size_t row, RangeEnd end);
+
   // What the rows consist of, for those who place or look for them.
   struct Row;
   const std::vector<std::unique_ptr<Row>>& rows() const { return rows_; }
-  EditBox& composedText() { return text_; }
-  Button& countButton() { return count_; }
-  Label& countAnswer() { return answer_; }
-  Label& warning() { return warning_; }
+  const EditBox& composedText() const { return text_; }
+  const Button& countButton() const { return count_; }
+  const Label& countAnswer() const { return answer_; }
+  const Label& warning() const { return warning_; }
 
  private:
   Row* find(std::string_view dataField) const;
@@ -155,7 +162,7 @@ class QueryEditor : public GroupBox {
 
 /// A field of the editor on the screen.
 struct QueryEditor::Row {
-  Row(const std::string& editor, const QueryField& declared);
+  Row(const std::string& name, const QueryField& declared);
   QueryOperator chosen() const;
 
   QueryField field;

@@ -77,17 +77,32 @@ const ErpCodes& erpCodes(std::string_view table) {
   return *at;
 }
 
-std::string whereKeys(const ErpCodes& codes, const std::string& company,
-                      std::span<const std::string> values) {
+namespace {
+
+std::string where(const ErpCodes& codes, const std::string& company,
+                  std::span<const std::string> values, bool openIfEmpty) {
   if (values.size() > codes.keys.size()) {
     throw RuntimeError(5, "The table " + std::string(codes.table) + " has fewer levels.");
   }
-  std::string where = " WHERE " + std::string(codes.name.substr(0, 4)) + "_DITTA_CG18 = " + company;
-  if (!codes.condition.empty()) where += " AND " + std::string(codes.condition);
+  std::string text = " WHERE " + std::string(codes.name.substr(0, 4)) + "_DITTA_CG18 = " + company;
+  if (!codes.condition.empty()) text += " AND " + std::string(codes.condition);
   for (std::size_t i = 0; i < values.size(); ++i) {
-    where += " AND " + std::string(codes.keys[i]) + " = '" + replaceAll(values[i], "'", "''") + "'";
+    if (openIfEmpty && values[i].empty()) continue;
+    text += " AND " + std::string(codes.keys[i]) + " = '" + replaceAll(values[i], "'", "''") + "'";
   }
-  return where;
+  return text;
+}
+
+}  // namespace
+
+std::string whereKeys(const ErpCodes& codes, const std::string& company,
+                      std::span<const std::string> values) {
+  return where(codes, company, values, false);
+}
+
+std::string whereGivenKeys(const ErpCodes& codes, const std::string& company,
+                           std::span<const std::string> values) {
+  return where(codes, company, values, true);
 }
 
 }  // namespace kebu::workbench

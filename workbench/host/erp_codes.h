@@ -22,5 +22,8 @@ const ErpCodes& erpCodes(std::string_view table);
 /// " WHERE …" for the company and the first of the table's keys, as many as there are values.
 std::string whereKeys(const ErpCodes& codes, const std::string& company,
                       std::span<const std::string> values);
+/// The same, in which an empty value leaves its key open.
+std::string whereGivenKeys(const ErpCodes& codes, const std::string& company,
+                           std::span<const std::string> values);
 
 }  // namespace kebu::workbench

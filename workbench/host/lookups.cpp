@@ -63,8 +63,8 @@ host::LookupDefinition Lookups::Codes(const std::string& table, const std::strin
   const std::string code(codes.keys.back());
   return {std::string(codes.title),
           "SELECT " + code + ", " + std::string(codes.description) + " FROM " +
-              std::string(codes.name) + " WITH (NOLOCK)" + whereKeys(codes, company, upperKeys) +
-              " ORDER BY " + code,
+              std::string(codes.name) + " WITH (NOLOCK)" +
+              whereGivenKeys(codes, company, upperKeys) + " ORDER BY " + code,
           captions};
 }
 
