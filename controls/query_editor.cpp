@@ -43,6 +43,16 @@ std::string QueryEditor::valueName(const std::string& editor, std::size_t row, R
   return rowName(editor, row) + (end == RangeEnd::First ? ".VALORE1" : ".VALORE2");
 }
 
+std::string QueryEditor::composedTextName(const std::string& editor) {
+  return editor + ".CONDIZIONE";
+}
+
+bool QueryEditor::isPartName(std::string_view editor, std::string_view name) {
+  if (editor.empty() || !name.starts_with(editor)) return false;
+  name.remove_prefix(editor.size());
+  return name.starts_with('(') || name.starts_with('.');
+}
+
 QueryOperator QueryEditor::Row::chosen() const {
   return operatorByCode(op.text()).value_or(QueryOperator::Any);
 }
@@ -50,7 +60,7 @@ QueryOperator QueryEditor::Row::chosen() const {
 QueryEditor::QueryEditor(std::string name, ControlHost& host)
     : GroupBox(std::move(name)),
       host_(host),
-      text_(Name() + ".CONDIZIONE", "Condizione"),
+      text_(composedTextName(Name()), "Condizione"),
       count_(Name() + ".CONTA", "Conta"),
       answer_(Name() + ".ESITO"),
       warning_(Name() + ".AVVISO") {

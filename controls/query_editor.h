@@ -121,6 +121,9 @@ class QueryEditor : public GroupBox {
   /// The name of a row's operator, or of a value.
   static std::string operatorName(const std::string& editor, std::size_t row);
   static std::string valueName(const std::string& editor, std::size_t row, RangeEnd end);
+  static std::string composedTextName(const std::string& editor);
+  /// Whether a control of that name is one of the editor's parts.
+  static bool isPartName(std::string_view editor, std::string_view name);
 
   // What the rows consist of, for those who place or look for them.
   struct Row;
