@@ -20,6 +20,7 @@ constexpr int operatorWidth = 118;
 constexpr int codeWidth = 120;
 constexpr int lookupWidth = 26;
 constexpr int widestValue = 440;
+constexpr int mostLines = 6;  // of the composed text, however much room there is
 
 /// Where a value goes that has `area` for itself and what belongs to it.
 struct Slot {
@@ -106,10 +107,11 @@ void PageLayout::placeBelow(const QueryEditor& editor, const Rect& area, int war
   }
   const int button = metrics_.fieldHeight() + metrics_.px(2);
   top += metrics_.px(blockGap);
-  const int height = area.bottom() - top - button - metrics_.px(rowGap);
+  const int most = mostLines * metrics_.lineHeight + metrics_.px(8);
+  const int height = std::min(area.bottom() - top - button - metrics_.px(rowGap), most);
   placements_[&editor.composedText()] = {
       {left, top, width, height}, {area.left, top, captionColumn_, metrics_.fieldHeight()}, {}};
-  const int line = area.bottom() - button;
+  const int line = top + height + metrics_.px(rowGap);
   const int buttonRight = left + buttonWidth(editor.countButton());
   placements_[&editor.countButton()].bounds = {left, line, buttonRight - left, button};
   const int answerLeft = buttonRight + metrics_.px(captionGap);
