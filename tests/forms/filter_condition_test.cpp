@@ -152,9 +152,10 @@ class FilterConditionTest : public testing::Test {
                            " FROM GM04_PARAMETRITVRO WHERE GM04_DITTA_CG18 = 1");
   }
 
-  std::set<std::string> expectedArticles(const Source& source, const QueryCondition& condition) {
-    const auto values = read(workplace.session(), source.table, source.article,
-                             std::string(source.field.dataField), source.ones);
+  using Cells = std::multimap<std::string, Cell>;
+
+  std::set<std::string> expectedArticles(const Source& source, const Cells& values,
+                                         const QueryCondition& condition) {
     std::set<std::string> articles;
     for (const auto& [article, unused] : allArticles) {
       auto [from, to] = values.equal_range(article);
@@ -170,7 +171,7 @@ class FilterConditionTest : public testing::Test {
   }
 
   Workplace workplace;
-  std::multimap<std::string, Cell> allArticles =
+  Cells allArticles =
       read(workplace.session(), "MG66_ANAGRART", "MG66_CODART", "MG66_UNMIS", {"MG66_DITTA_CG18"});
 };
 
@@ -198,6 +199,7 @@ TEST_F(FilterConditionTest, ArticlesAreThoseThatTheFilterSays) {
   int selecting = 0;
   for (const Source& source : sources) {
     const std::string name(source.field.dataField);
+    const Cells values = read(workplace.session(), source.table, source.article, name, source.ones);
     const auto [low, high] = twoValues(source);
     for (const QueryCondition& condition : conditionsOn(source.field, low, high)) {
       state("ENHQUERY_ART", rows[name], condition);
@@ -211,7 +213,7 @@ TEST_F(FilterConditionTest, ArticlesAreThoseThatTheFilterSays) {
                                    : "";
       const auto found = setOf(workplace.column("SELECT MG66_CODART FROM MG66_ANAGRART" + joined +
                                                 " WHERE MG66_DITTA_CG18 = 1" + filter));
-      const auto expected = expectedArticles(source, condition);
+      const auto expected = expectedArticles(source, values, condition);
       EXPECT_EQ(found, expected);
       EXPECT_EQ(count, std::to_string(expected.size()));
       selecting += !expected.empty() && expected.size() < allArticles.size() ? 1 : 0;
