@@ -129,6 +129,7 @@ class QueryEditor : public GroupBox {
   struct Row;
   const std::vector<std::unique_ptr<Row>>& rows() const { return rows_; }
   const EditBox& composedText() const { return text_; }
+  Button& countButton() { return count_; }
   const Button& countButton() const { return count_; }
   const Label& countAnswer() const { return answer_; }
   const Label& warning() const { return warning_; }

@@ -20,6 +20,7 @@ constexpr int operatorWidth = 118;
 constexpr int codeWidth = 120;
 constexpr int lookupWidth = 26;
 constexpr int widestValue = 440;
+constexpr int edges = 16;
 constexpr int mostLines = 6;  // of the composed text, however much room there is
 
 /// Where a value goes that has `area` for itself and what belongs to it.
@@ -28,12 +29,14 @@ struct Slot {
   Placements& placements;
   Rect area;
 
-  void put(const controls::EditBox& box, const controls::Label& description, bool isList) const {
+  void put(const controls::EditBox& box, const controls::Label& description, std::size_t length,
+           bool isList) const {
     Placement& place = placements[&box];
     const bool hasDescription = box.description() && !isList;
     const int button = box.hasLookup() ? metrics.px(lookupWidth) : 0;
     const int room = std::max(area.width - button, 0);
-    const int wanted = metrics.px(hasDescription ? codeWidth : widestValue);
+    const int wanted = std::clamp(metrics.textWidth(std::string(length, '0')) + metrics.px(edges),
+                                  metrics.px(codeWidth), metrics.px(widestValue));
     const int width = isList ? room : std::min(wanted, room);
     place.bounds = {area.left, area.top, width, area.height};
     if (button) {
@@ -89,11 +92,11 @@ void PageLayout::placeRow(const QueryEditor::Row& row, const Rect& area) {
   const int width = isRange ? (room - metrics_.px(blockGap)) / 2 : room;
   if (row.first.isVisible()) {
     Slot{metrics_, placements_, {from, area.top, width, area.height}}.put(
-        row.first, row.firstDescription, isList);
+        row.first, row.firstDescription, row.field.length, isList);
   }
   if (isRange) {
     Slot{metrics_, placements_, {area.right() - width, area.top, width, area.height}}.put(
-        row.second, row.secondDescription, false);
+        row.second, row.secondDescription, row.field.length, false);
   }
 }
 
