@@ -66,6 +66,7 @@ QueryEditor::QueryEditor(std::string name, ControlHost& host)
       warning_(Name() + ".AVVISO") {
   text_.setEditable(false);
   text_.setLines(3);
+  warning_.setWarning(true);
   warning_.setVisible(false);
   count_.ButtonClick.on([this] { count(); });
 }

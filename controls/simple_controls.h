@@ -11,6 +11,13 @@ namespace kebu::controls {
 class Label : public Control {
  public:
   using Control::Control;
+
+  /// A text that is not to be overlooked.
+  bool isWarning() const { return warning_; }
+  void setWarning(bool warning) { warning_ = warning; }
+
+ private:
+  bool warning_ = false;
 };
 
 class TitleBar : public Control {
