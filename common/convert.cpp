@@ -148,6 +148,11 @@ std::string toSqlNumber(const Value& value) {
   return plain.format(toDecimal(value));
 }
 
+std::size_t characterCount(std::string_view utf8) {
+  const auto begins = [](char c) { return (static_cast<unsigned char>(c) & 0xC0U) != 0x80U; };
+  return static_cast<std::size_t>(std::count_if(utf8.begin(), utf8.end(), begins));
+}
+
 std::string trim(std::string_view text) {
   text.remove_prefix(std::min(text.find_first_not_of(' '), text.size()));
   return trimRight(text);

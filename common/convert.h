@@ -35,6 +35,8 @@ bool equalAsVariants(const Value& a, const Value& b);
 /// Texts are taken by the locale first.
 std::string toSqlNumber(const Value& value);
 
+/// Characters of a UTF-8 text.
+std::size_t characterCount(std::string_view utf8);
 std::string trim(std::string_view text);
 std::string trimRight(std::string_view text);
 std::string replaceAll(std::string text, std::string_view what, std::string_view with);

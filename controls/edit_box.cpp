@@ -1,19 +1,8 @@
 #include "controls/edit_box.h"
 
-#include <algorithm>
-
 #include "common/convert.h"
 
 namespace kebu::controls {
-
-namespace {
-
-std::size_t characters(const std::string& utf8) {
-  const auto begins = [](char c) { return (static_cast<unsigned char>(c) & 0xC0U) != 0x80U; };
-  return static_cast<std::size_t>(std::count_if(utf8.begin(), utf8.end(), begins));
-}
-
-}  // namespace
 
 void EditBox::setText(const std::string& text) {
   text_ = text;
@@ -46,7 +35,7 @@ void EditBox::requireEditable() const {
 
 void EditBox::type(const std::string& text) {
   requireEditable();
-  if (maxLength_ && characters(text) > maxLength_) {
+  if (maxLength_ && characterCount(text) > maxLength_) {
     throw GestureRefused(Name() + " takes " + std::to_string(maxLength_) +
                          " characters at the most");
   }
@@ -55,9 +44,16 @@ void EditBox::type(const std::string& text) {
   LostFocus.raise();
 }
 
+void EditBox::setMaxLength(std::size_t length) {
+  maxLength_ = length;
+  changed.raise();
+}
+
 void EditBox::enter(const Value& code) {
   const std::string text = trimRight(toDisplay(code));
-  if (!writeToRecord(text.empty() ? Value(Null{}) : Value(text))) {
+  bool cancel = false;
+  BeforeItem.raise(text, cancel);
+  if (cancel || !writeToRecord(text.empty() ? Value(Null{}) : Value(text))) {
     changed.raise();  // the view shows the old text again
     return;
   }
@@ -73,8 +69,12 @@ void EditBox::lookup() {
 }
 
 void EditBox::decode() {
-  if (!description_ || text_ == decoded_) return;
+  if (text_ != decoded_) decodeAgain();
+}
+
+void EditBox::decodeAgain() {
   decoded_ = text_;
+  if (!description_) return;
   std::string description;
   if (!text_.empty()) StartDecode.raise(text_, description);
   description_->setCaption(description);

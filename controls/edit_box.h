@@ -29,10 +29,15 @@ class EditBox : public BoundControl {
   void setMasked(bool masked) { masked_ = masked; }
   /// Characters at the most; 0 without limit.
   std::size_t maxLength() const { return maxLength_; }
-  void setMaxLength(std::size_t length) { maxLength_ = length; }
+  void setMaxLength(std::size_t length);
+  /// Lines that a view shows; more than one for a text to be read.
+  int lines() const { return lines_; }
+  void setLines(int lines) { lines_ = lines; }
   /// The control that shows the description of the code in this box.
   void setDescription(Control& description) { description_ = &description; }
   const Control* description() const { return description_; }
+  /// Asks for the description afresh: what it depends on besides the code has changed.
+  void decodeAgain();
   bool hasLookup() const { return StartLookup.hasHandlers(); }
 
   /// The gestures: enter the box, replace its text, leave it; open the look-up.
@@ -43,6 +48,8 @@ class EditBox : public BoundControl {
 
   Event<> GotFocus;
   Event<> LostFocus;
+  /// The user's text is about to be taken; a handler may cancel it.
+  Event<const std::string&, bool&> BeforeItem;
   /// The text was changed by the user and taken.
   Event<> AfterItem;
   /// A code, and the description to fill in (empty when there is none).
@@ -54,11 +61,12 @@ class EditBox : public BoundControl {
   void decode();
 
   std::string text_;
-  std::string decoded_;
+  std::string decoded_;  ///< the text that the description belongs to
   bool editable_ = true;
   bool required_ = false;
   bool masked_ = false;
   std::size_t maxLength_ = 0;
+  int lines_ = 1;
   Control* description_ = nullptr;
 };
 

@@ -24,6 +24,18 @@ void Form::addTree(GroupBox& group) {
       add(*child);
     }
   }
+  group.ChildAdded.on([this, &group](Control& child) { addLate(group, child); });
+}
+
+void Form::addLate(const GroupBox& group, Control& child) {
+  // Behind the group's last control, so that the tab key finds it where it stands.
+  const auto isOfGroup = [&](const Control* control) {
+    while (control && control != &group) control = control->container();
+    return control != nullptr;
+  };
+  const auto last = std::find_if(controls_.rbegin(), controls_.rend(), isOfGroup);
+  controls_.insert(last.base(), &child);
+  changed.raise();
 }
 
 void Form::moveTo(std::int32_t left, std::int32_t top) {

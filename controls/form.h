@@ -56,6 +56,9 @@ class Form : public Control, public std::enable_shared_from_this<Form> {
   virtual void Form_Unload() {}
 
  private:
+  /// A control that came into a group of the window later.
+  void addLate(const GroupBox& group, Control& child);
+
   Desktop& desktop_;
   std::vector<Control*> controls_;
   std::int32_t left_ = 0;

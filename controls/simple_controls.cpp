@@ -7,6 +7,7 @@ namespace kebu::controls {
 void GroupBox::add(Control& child) {
   child.setContainer(*this);
   children_.push_back(&child);
+  ChildAdded.raise(child);
 }
 
 void Button::click() {

@@ -11,6 +11,13 @@ namespace kebu::controls {
 class Label : public Control {
  public:
   using Control::Control;
+
+  /// A text that is not to be overlooked.
+  bool isWarning() const { return warning_; }
+  void setWarning(bool warning) { warning_ = warning; }
+
+ private:
+  bool warning_ = false;
 };
 
 class TitleBar : public Control {
@@ -29,6 +36,8 @@ class GroupBox : public Control {
     (add(all), ...);
   }
   const std::vector<Control*>& children() const { return children_; }
+  /// A control came into the group.
+  Event<Control&> ChildAdded;
 
  private:
   std::vector<Control*> children_;

@@ -16,6 +16,11 @@ class ClsGlobal {
 
   virtual std::string ConnectionString() = 0;
   virtual Value CompanyCode() = 0;
+  /// The code under which the host's application keeps what its users save.
+  virtual std::string ApplicationCode() = 0;
+  /// The two identifiers of the user's session.
+  virtual Value SessionId() = 0;
+  virtual Value UserId() = 0;
   virtual Ref<MessageService> Messages() = 0;
   /// Called whenever the window becomes active, with the frame in use.
   virtual void RefreshStatus(const Ref<NamedObject>& activeFrame) = 0;

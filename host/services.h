@@ -10,7 +10,8 @@
 #include "host/named_object.h"
 
 // The host's services as the plug-in calls them. On Windows each member is
-// called by late binding under the name that it has here.
+// called by late binding under the name that it has here; a list of keys goes
+// as one argument each.
 namespace kebu::host {
 
 class Cinterface;
@@ -66,6 +67,11 @@ class SqlDecodeService : public Service {
   virtual std::string DocumentType(const std::string& company, const std::string& code) = 0;
   /// The statement for the customer `code`; its name is column "CG16_RAGSOANAG".
   virtual std::string Customer(const std::string& company, const std::string& code) = 0;
+  /// The statement for a code of the ERP table with the prefix `table` ("MG54"). `keys` ends
+  /// with the code itself, after the codes of the levels above it; the description is the
+  /// table's own column.
+  virtual std::string Code(const std::string& table, const std::string& company,
+                           const std::vector<std::string>& keys) = 0;
 };
 
 /// What a look-up list shows: a statement whose first column is the code.
@@ -73,6 +79,8 @@ struct LookupDefinition {
   std::string title;
   std::string statement;
   std::vector<std::string> captions;
+  /// Under which the host keeps what users do to the list's looks; "" for its own lists.
+  std::string key{};
 };
 
 /// The host's own look-up lists.
@@ -80,6 +88,13 @@ class LookupService : public Service {
  public:
   virtual LookupDefinition DocumentTypes(const std::string& company) = 0;
   virtual LookupDefinition Customers(const std::string& company) = 0;
+  /// The customers with the name first, which is what is taken.
+  virtual LookupDefinition CustomerNames(const std::string& company) = 0;
+  virtual LookupDefinition Suppliers(const std::string& company) = 0;
+  /// The codes of the ERP table with the prefix `table`, under the codes of the levels above
+  /// when there are any; what has no table goes by its column ("PD18_INDTIPOPROD").
+  virtual LookupDefinition Codes(const std::string& table, const std::string& company,
+                                 const std::vector<std::string>& upperKeys) = 0;
 };
 
 /// The conditions that users save by name under a storage key.

@@ -25,6 +25,7 @@ class PageContext {
   Value company;
   Ref<host::SqlDecodeService> decodes;
   Ref<host::LookupService> lookups;
+  Ref<host::FilterSpecificationService> specifications;
   /// False until the window's first activation is done.
   bool loaded = false;
 
@@ -34,6 +35,7 @@ class PageContext {
   std::string profileIdText() const;
   Value profileId() const;
 
+  const Runtime& runtime() const { return runtime_; }
   Ref<ado::Recordset> newRecordset() const { return runtime_.ado.newRecordset(); }
   Ref<ado::Command> newCommand() const { return runtime_.ado.newCommand(); }
   /// A client recordset on the window's connection that can be edited row by row.

@@ -5,6 +5,7 @@
 #include "controls/check_box.h"
 #include "controls/edit_box.h"
 #include "controls/navigator_bar.h"
+#include "controls/query_editor.h"
 #include "controls/query_grid.h"
 #include "windows/views/layout/frame_layout.h"
 
@@ -49,7 +50,8 @@ class PageLayoutTest : public testing::Test {
     return PageLayout(metrics, rules).place(group.children(), {0, 0, width, height});
   }
 
-  static void expectNoOverlap(const Placements& placements, const std::vector<Control*>& controls) {
+  static void expectNoOverlap(const Placements& placements,
+                              const std::vector<const Control*>& controls) {
     for (const Control* a : controls) {
       for (const Control* b : controls) {
         if (a == b) continue;
@@ -148,6 +150,46 @@ TEST_F(PageLayoutTest, SizesFollowTheResolution) {
   twice.dpi = 192;
   twice.lineHeight = metrics.lineHeight * 2;
   EXPECT_NEAR(PageLayout(twice, {}).naturalHeight(page.children(), 1000), 2 * usual, 4);
+}
+
+TEST_F(PageLayoutTest, AQueryEditorHasALineForEachField) {
+  QueryEditor editor("EDITOR", host);
+  const auto declare = [&](const char* caption, bool lookup, std::size_t length) {
+    editor.addField(
+        {"Standard", caption, caption, true, 0, lookup, true, false, false, false, false, length});
+  };
+  declare("Famiglia", true, 3);
+  declare("Ragione sociale", false, 40);
+  editor.completeDeclaration();
+  page.add(editor);
+  auto& family = *editor.rows()[0];
+  auto& business = *editor.rows()[1];
+  std::vector<const Control*> shown{
+      &family.op,      &family.first,          &family.firstDescription, &business.op,
+      &business.first, &editor.composedText(), &editor.countButton(),    &editor.countAnswer()};
+  Placements placements = place(page, 900, 600, {{"EDITOR", 15}});
+  expectNoOverlap(placements, shown);
+  EXPECT_EQ(placements.at(&editor).bounds.height, 600) << "it takes what is left";
+  EXPECT_EQ(placements.at(&family.op).bounds.left, placements.at(&business.op).bounds.left);
+  EXPECT_EQ(placements.at(&family.op).bounds.top, placements.at(&family.first).bounds.top);
+  EXPECT_GT(placements.at(&business.first).bounds.width, placements.at(&family.first).bounds.width);
+  EXPECT_EQ(placements.count(&family.second), 0U);
+
+  family.op.choose("between");
+  shown.insert(shown.end(), {&family.second, &family.secondDescription});
+  placements = place(page, 900, 600);
+  expectNoOverlap(placements, shown);
+  EXPECT_EQ(placements.at(&family.second).bounds.top, placements.at(&family.op).bounds.top);
+  family.first.type("B");
+  family.second.type("A");
+  shown.push_back(&editor.warning());
+  expectNoOverlap(place(page, 900, 600), shown);
+
+  family.op.choose("in");
+  placements = place(page, 900, 600);
+  EXPECT_EQ(placements.count(&family.firstDescription), 0U) << "a list takes the line";
+  family.op.choose("empty");
+  EXPECT_EQ(place(page, 900, 600).count(&family.first), 0U);
 }
 
 TEST_F(PageLayoutTest, TheFrameLeavesTheRestToThePage) {

@@ -113,6 +113,74 @@ TEST_F(HostStatementsTest, ListsHoldTheCompanysRowsUnderEnoughCaptions) {
   EXPECT_TRUE(rows(lookups.Customers("9").statement).empty());
 }
 
+TEST_F(HostStatementsTest, CodesAreListedAndDecodedUnderTheLevelsAboveThem) {
+  SqlDecodes decodes;
+  Lookups lookups;
+  struct Case {
+    std::vector<std::string> keys;
+    const char* table;
+    const char* description;
+    const char* column;
+  };
+  const Case cases[] = {
+      {{"CEN"}, "MG07", "Centro Italia", "MG07_DESCRMACROAR"},
+      {{"CEN", "ADR"}, "MG08", "Versante adriatico", "MG08_DESCRAREA"},
+      {{"CEN", "ADR", "MAR"}, "MG09", "Marche", "MG09_DESCRZONA"},
+      {{"RIV"}, "MG10", "Rivenditori", "MG10_DESCRMACROCAT"},
+      {{"RIV", "FER"}, "MG11", "Ferramenta", "MG11_DESCRCAT"},
+      {{"VER"}, "MG53", "Vernici", "MG53_DESCRFAM"},
+      {{"VER", "SMA"}, "MG54", "Smalti", "MG54_DESCRSFAM"},
+      {{"VER", "SMA", "G2"}, "MG55", "Linea professionale", "MG55_DESCRGRUPPO"},
+      {{"VER", "SMA", "G2", "S1"}, "MG56", "Confezione singola", "MG56_DESCRSGRUPPO"},
+  };
+  for (const Case& each : cases) {
+    const auto decoded = session.execute(decodes.Code(each.table, "1", each.keys)).front();
+    ASSERT_EQ(decoded.rows.size(), 1U) << each.table;
+    EXPECT_EQ(decoded.fields.front().name, each.column);
+    EXPECT_EQ(toText(decoded.rows.front().front()), each.description);
+
+    const std::vector<std::string> upper(each.keys.begin(), each.keys.end() - 1);
+    bool listed = false;
+    for (const auto& row : rows(lookups.Codes(each.table, "1", upper).statement)) {
+      listed |= toText(row[0]) == each.keys.back() && toText(row[1]) == each.description;
+    }
+    EXPECT_TRUE(listed) << each.table;
+  }
+  EXPECT_EQ(value(decodes.Code("MG53", "1", {"o'c"})), "");
+  EXPECT_THROW(decodes.Code("MG99", "1", {"A"}), RuntimeError);
+  // The same code under another family is another code.
+  EXPECT_EQ(value(decodes.Code("MG54", "1", {"VER", "INT"})), "Vernici per interni");
+  EXPECT_EQ(value(decodes.Code("MG54", "1", {"ELE", "INT"})), "Interruttori");
+}
+
+TEST_F(HostStatementsTest, EveryListOfCodesRuns) {
+  Lookups lookups;
+  const char* const tables[] = {"MG07",
+                                "MG10",
+                                "MG12",
+                                "MG31",
+                                "MG32",
+                                "MG33",
+                                "MG53",
+                                "MG57",
+                                "MG63",
+                                "MG64",
+                                "MG66",
+                                "MG74",
+                                "MG75",
+                                "MG76",
+                                "MG77",
+                                "PD18_INDPROVENIENZA",
+                                "PD18_INDTIPOPROD"};
+  std::vector<host::LookupDefinition> lists{lookups.CustomerNames("1"), lookups.Suppliers("1")};
+  for (const char* table : tables) lists.push_back(lookups.Codes(table, "1", {}));
+  for (const auto& list : lists) {
+    const auto result = session.execute(list.statement).front();
+    EXPECT_EQ(result.fields.size(), list.captions.size()) << list.title;
+    EXPECT_FALSE(result.rows.empty()) << list.title;
+  }
+}
+
 TEST(ScriptModel, ARefusalCancelsAndNothingElseDoes) {
   ScriptModel script([](const std::string&) {},
                      [](const std::string& event) { return event == "tsClose"; });

@@ -75,10 +75,11 @@ TEST_F(PlayerTest, AWrongLineEndsTheScenario) {
       {"expect TXT_CODE colour = red", "controls have no \"colour\""},
       {"expect TXT_CODE rows = 1", "TXT_CODE is not a grid"},
       {"lookup TXT_CODE", "TXT_CODE has no look-up"},
-      {"condition ENHQUERY_CLI Codice = 1",
-       "conditions of a query editor cannot be played: there is no such control"},
-      {"lookup ENHQUERY_CLI Codice 1",
-       "look-ups of a query editor cannot be played: there is no such control"},
+      {"condition ENHQUERY_CLI Codice = 1", "FRM_SAMPLE has no control ENHQUERY_CLI"},
+      {"condition TXT_CODE Codice = 1", "TXT_CODE has no field \"Codice\""},
+      {"condition TXT_CODE Codice like 1", "\"like\" is no operator of a query editor"},
+      {"condition TXT_CODE Codice = 1 2", "too many values for the operator ="},
+      {"lookup ENHQUERY_CLI Codice 1", "FRM_SAMPLE has no control ENHQUERY_CLI"},
   };
   ASSERT_TRUE(play("open"));
   for (const auto& [line, message] : cases) {

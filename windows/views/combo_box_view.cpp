@@ -84,6 +84,7 @@ void ComboBoxView::take() {
 }
 
 void ComboBoxView::describe(Inspection& inspection) {
+  FieldView::describe(inspection);
   const auto* chosen = model_.selected();
   writeText(inspection, chosen ? chosen->caption : "");
   inspection.count = static_cast<std::int32_t>(model_.rows().size());

@@ -11,8 +11,8 @@ namespace kebu::windows {
 EditBoxView::EditBoxView(ViewSite& site, controls::EditBox& model, HWND parent)
     : FieldView(site, model, "EditBox", parent), model_(model) {
   const DWORD masked = model.isMasked() ? ES_PASSWORD : 0U;
-  setHandle(createStock(L"EDIT", WS_TABSTOP | ES_AUTOHSCROLL | masked, WS_EX_CLIENTEDGE, parent));
-  if (model.maxLength() > 0) SendMessageW(handle(), EM_LIMITTEXT, model.maxLength(), 0);
+  const DWORD kind = model.lines() > 1 ? ES_MULTILINE | WS_VSCROLL : ES_AUTOHSCROLL | masked;
+  setHandle(createStock(L"EDIT", WS_TABSTOP | kind, WS_EX_CLIENTEDGE, parent));
   // Reached with F4: the tabulator goes from value to value.
   lookup_ = createStock(L"BUTTON", BS_OWNERDRAW, 0, parent);
 }
@@ -30,6 +30,7 @@ void EditBoxView::place(const layout::Placement& placement) {
 void EditBoxView::refresh() {
   FieldView::refresh();
   SendMessageW(handle(), EM_SETREADONLY, !model_.isEditable(), 0);
+  SendMessageW(handle(), EM_LIMITTEXT, model_.maxLength(), 0);
   EnableWindow(lookup_, looksEnabled() && model_.isEditable());
   // What is being typed stays until it is taken or refused.
   if (touched_ && model_.text() == shown_) return;
@@ -101,6 +102,7 @@ HBRUSH EditBoxView::colours(HDC dc, HWND window) {
 }
 
 void EditBoxView::describe(Inspection& inspection) {
+  FieldView::describe(inspection);
   const std::wstring text = windowText(handle());
   write(inspection.text, model_.isMasked() ? std::wstring(text.size(), L'*') : text);
   if (model_.isMasked()) addMark(inspection, "masked");

@@ -40,6 +40,10 @@ HBRUSH FieldView::colours(HDC dc, HWND window) {
   return behindBrush();
 }
 
+void FieldView::describe(Inspection& inspection) {
+  write(inspection.caption, toWide(control().caption()));
+}
+
 void FieldView::setMnemonic(std::size_t at) {
   mnemonic_ = at;
   refresh();

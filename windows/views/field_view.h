@@ -23,6 +23,7 @@ class FieldView : public View {
   void setHandle(HWND window) { control_ = window; }
   /// Whether the caption carries the mark of what must be given.
   virtual bool isMarked() const { return false; }
+  void describe(Inspection& inspection) override;
 
  private:
   HWND caption_;

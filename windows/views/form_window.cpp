@@ -63,6 +63,7 @@ FormWindow::FormWindow(HINSTANCE module, controls::Form& form, HWND owner)
 FormWindow::~FormWindow() {
   keys_.reset();
   subscriptions_.clear();
+  groupSubscriptions_.clear();
   inOrder_.clear();
   views_.clear();
   pages_.clear();
@@ -83,12 +84,28 @@ void FormWindow::build() {
     inOrder_.push_back(view.get());
     views_[control] = std::move(view);
     if (group) {
-      subscriptions_.push_back(group->changed.connect([this, group] { groupChanged(*group); }));
+      groupSubscriptions_.push_back(
+          group->changed.connect([this, group] { groupChanged(*group); }));
     }
     if (auto* const resizing = dynamic_cast<controls::ResizeManager*>(control)) {
-      subscriptions_.push_back(resizing->changed.connect([this] { requestLayout(); }));
+      groupSubscriptions_.push_back(resizing->changed.connect([this] { requestLayout(); }));
     }
   }
+}
+
+void FormWindow::rebuildIfGrown() {
+  if (form_.controls().size() == inOrder_.size()) return;
+  // Controls are few and cheap; made in one go they come in the order of the tab key.
+  groupSubscriptions_.clear();
+  mnemonics_.clear();
+  inOrder_.clear();
+  views_.clear();
+  pages_.clear();
+  loosePage_.reset();
+  shownPage_ = nullptr;
+  covered_.clear();
+  lastFocus_ = nullptr;
+  build();
 }
 
 PageWindow& FormWindow::addPage() {
@@ -126,6 +143,7 @@ View* FormWindow::find(const controls::Control& control) const {
 
 void FormWindow::formChanged() {
   setWindowText(handle(), toWide(form_.caption()));
+  if (form_.controls().size() != inOrder_.size()) requestLayout();
   if (!showing_ || IsWindowVisible(handle())) return;
   SetWindowPos(handle(), nullptr, form_.left(), form_.top(), 0, 0,
                SWP_NOSIZE | SWP_NOZORDER | SWP_NOACTIVATE);
@@ -149,6 +167,7 @@ void FormWindow::requestLayout() {
 
 void FormWindow::layOut() {
   layoutWanted_ = false;
+  rebuildIfGrown();
   const RECT client = clientArea();
   if (client.right <= 0 || client.bottom <= 0) return;
   const layout::Rect area{0, 0, static_cast<int>(client.right), static_cast<int>(client.bottom)};

@@ -36,6 +36,8 @@ class FormWindow : public Window, public ViewSite, public KeyTarget {
   std::function<void()> actionFor(const Key& key) override;
 
   void build();
+  /// Makes the views anew when the form has got more controls.
+  void rebuildIfGrown();
   PageWindow& addPage();
   HWND parentFor(const controls::Control& control);
   View* find(const controls::Control& control) const;
@@ -65,6 +67,7 @@ class FormWindow : public Window, public ViewSite, public KeyTarget {
   std::vector<View*> inOrder_;
   std::map<char, std::function<void()>> mnemonics_;
   std::vector<Subscription> subscriptions_;
+  std::vector<Subscription> groupSubscriptions_;  ///< to what is laid out together
   std::unique_ptr<KeyboardHook> keys_;
   HWND lastFocus_ = nullptr;
   bool hasSideBar_ = false;

@@ -13,8 +13,9 @@ enum class Inspected : std::uint32_t {
   Cell,     ///< `row`, and the column by `key` (its field) or `index`
   Column,   ///< a column's head, by `key` (its field) or `index`
   TickAll,  ///< the box in a column's head that sets all of its cells
-  Item,     ///< a bar's button, a side bar's link, a combo's row, a status panel:
-            ///< by `key` (button key, view number, code) or `index`
+  Item,     ///< a bar's button, a side bar's link, a combo's row, a status panel, a
+            ///< query editor's field: by `key` (button key, view number, code,
+            ///< caption) or `index`
   Lookup,   ///< the button that opens the look-up of an edit box
   Choice,   ///< an entry of a column's list of values: the column, and `row` from 1; its
             ///< code is the name
@@ -46,8 +47,9 @@ struct Inspection {
   wchar_t name[128] = {};   ///< of the control; of a part its key: field, button key, view, code;
                             ///< of a row the field of its state
   wchar_t text[2048] = {};  ///< as people read it
-  wchar_t marks[128] = {};  ///< blank-separated: "read-only required masked look-up locked
-                            ///< chosen running animated no-record", a row's state
+  wchar_t caption[128] = {};  ///< that stands beside a field
+  wchar_t marks[128] = {};    ///< blank-separated: "read-only required masked look-up locked
+                              ///< chosen running animated no-record", a row's state
 };
 
 /// The number of the message, the same for every process.

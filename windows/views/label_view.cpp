@@ -13,12 +13,14 @@ constexpr DWORD style = SS_LEFT | SS_CENTERIMAGE | SS_ENDELLIPSIS | SS_NOPREFIX;
 LabelView::LabelView(ViewSite& site, controls::Label& model, HWND parent)
     : View(site, model, "Label"),
       window_(createStock(L"STATIC", style, 0, parent)),
-      isTitle_(false) {}
+      role_(model.isWarning() ? Role::Warning : Role::Text) {
+  applyTheme();
+}
 
 LabelView::LabelView(ViewSite& site, controls::TitleBar& model, HWND parent)
     : View(site, model, "TitleBar"),
       window_(createStock(L"STATIC", style, 0, parent)),
-      isTitle_(true) {
+      role_(Role::Title) {
   applyTheme();
 }
 
@@ -36,13 +38,15 @@ void LabelView::refresh() {
 }
 
 void LabelView::applyTheme() {
-  HFONT font = isTitle_ ? theme().title() : theme().font();
+  HFONT font = theme().font();
+  if (role_ == Role::Warning) font = theme().strong();
+  if (role_ == Role::Title) font = theme().title();
   SendMessageW(window_, WM_SETFONT, reinterpret_cast<WPARAM>(font), TRUE);
 }
 
 HBRUSH LabelView::colours(HDC dc, HWND /*window*/) {
   const Palette& colours = theme().colours();
-  const COLORREF ink = isTitle_ ? colours.text : colours.muted;
+  const COLORREF ink = role_ == Role::Text ? colours.muted : colours.text;
   SetTextColor(dc, looksEnabled() ? ink : colours.faint);
   SetBkColor(dc, behind());
   return behindBrush();

@@ -19,8 +19,10 @@ class LabelView : public View {
   HBRUSH colours(HDC dc, HWND window) override;
 
  private:
+  enum class Role { Text, Warning, Title };
+
   HWND window_;
-  bool isTitle_;
+  Role role_;
 };
 
 }  // namespace kebu::windows

@@ -35,6 +35,7 @@ constexpr Made (*makers[])(ViewSite&, controls::Control&, HWND) = {
     make<controls::Label, LabelView>,
     make<controls::TitleBar, LabelView>,
     make<controls::QueryGrid, QueryGridView>,
+    make<controls::QueryEditor, QueryEditorView>,
     make<controls::GroupBox, GroupBoxView>,
     make<controls::SideBar, SideBarView>,
     make<controls::NavigatorBar, NavigatorBarView>,

@@ -4,13 +4,33 @@
 
 namespace kebu::windows {
 
-GroupBoxView::GroupBoxView(ViewSite& site, controls::GroupBox& model, HWND page)
-    : View(site, model, "GroupBox"), page_(page) {}
+GroupBoxView::GroupBoxView(ViewSite& site, controls::GroupBox& model, HWND page, const char* kind)
+    : View(site, model, kind), page_(page) {}
 
 void GroupBoxView::describe(Inspection& inspection) {
   View::describe(inspection);
   inspection.window = page_;
   if (control().isShown()) inspection.bounds = toRECT(bounds_);
+}
+
+QueryEditorView::QueryEditorView(ViewSite& site, controls::QueryEditor& model, HWND page)
+    : GroupBoxView(site, model, page, "QueryEditor"), model_(model) {}
+
+void QueryEditorView::describe(Inspection& inspection) {
+  GroupBoxView::describe(inspection);
+  writeText(inspection, model_.composedText().text());
+  inspection.count = static_cast<std::int32_t>(model_.fieldCount());
+}
+
+bool QueryEditorView::describePart(Inspection& inspection) {
+  const auto& rows = model_.rows();
+  const auto at = itemAsked(inspection, rows.size(), [&](std::size_t i, const std::string& key) {
+    return rows[i]->op.caption() == key;
+  });
+  if (!at) return false;
+  writeName(inspection, rows[*at]->op.caption());
+  writeText(inspection, model_.sentence(*at));
+  return true;
 }
 
 RecordFrameView::RecordFrameView(ViewSite& site, controls::RecordFrame& model, HWND /*parent*/)

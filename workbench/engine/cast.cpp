@@ -211,11 +211,6 @@ bool takeOneOf(std::string_view& text, std::string_view characters) {
 
 }  // namespace
 
-std::size_t characterCount(std::string_view utf8) {
-  return static_cast<std::size_t>(
-      std::count_if(utf8.begin(), utf8.end(), [](char c) { return (c & 0xC0) != 0x80; }));
-}
-
 std::string_view firstCharacters(std::string_view utf8, std::size_t count) {
   std::size_t end = 0;
   for (; end < utf8.size(); ++end) {

@@ -17,7 +17,6 @@ Value castTo(const Value& value, const SqlType& to, int style = 0);
 
 /// "yyyymmdd", "yyyy-mm-dd" (also with "/" and "."), each with an optional time of day.
 std::optional<Date> parseSqlDate(std::string_view input);
-std::size_t characterCount(std::string_view utf8);
 /// The first characters of a text.
 std::string_view firstCharacters(std::string_view utf8, std::size_t count);
 

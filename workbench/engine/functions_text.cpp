@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <array>
 
+#include "common/convert.h"
 #include "workbench/engine/cast.h"
 #include "workbench/engine/functions.h"
 #include "workbench/engine/sql_error.h"

@@ -38,6 +38,9 @@ class GlobalServices : public host::ClsGlobal {
 
   std::string ConnectionString() override;
   Value CompanyCode() override;
+  std::string ApplicationCode() override { return "KB"; }
+  Value SessionId() override { return std::int32_t{1}; }
+  Value UserId() override { return std::int32_t{1}; }
   Ref<host::MessageService> Messages() override;
   void RefreshStatus(const Ref<host::NamedObject>& activeFrame) override;
 

@@ -9,6 +9,8 @@ class SqlDecodes : public host::SqlDecodeService {
   void Initialize(const Ref<host::Cinterface>& /*host*/) override {}
   std::string DocumentType(const std::string& company, const std::string& code) override;
   std::string Customer(const std::string& company, const std::string& code) override;
+  std::string Code(const std::string& table, const std::string& company,
+                   const std::vector<std::string>& keys) override;
 };
 
 }  // namespace kebu::workbench

@@ -7,6 +7,7 @@
 #include "controls/combo_box.h"
 #include "controls/edit_box.h"
 #include "controls/navigator_bar.h"
+#include "controls/query_editor.h"
 #include "controls/record_frame.h"
 #include "controls/simple_controls.h"
 #include "workbench/player/scenario.h"
@@ -69,6 +70,12 @@ void describe(ControlView& view, const GroupBox& group) {
   for (Control* child : group.children()) view.children.push_back(viewOf(*child, {}));
 }
 
+void describe(ControlView& view, const QueryEditor& editor) {
+  for (std::size_t row = 0; row < editor.fieldCount(); ++row) {
+    view.items.push_back({editor.rows()[row]->op.caption(), editor.sentence(row)});
+  }
+}
+
 void describe(ControlView& view, const Form& form) {
   view.value = "at " + std::to_string(form.left()) + ", " + std::to_string(form.top());
   for (Control* control : form.controls()) {
@@ -125,6 +132,8 @@ ControlView viewOf(Control& control, const RowRange& rows) {
     describe(view, *progress);
   } else if (const auto* frame = dynamic_cast<RecordFrame*>(&control)) {
     describe(view, *frame);
+  } else if (const auto* editor = dynamic_cast<QueryEditor*>(&control)) {
+    describe(view, *editor);
   } else if (const auto* group = dynamic_cast<GroupBox*>(&control)) {
     describe(view, *group);
   } else if (const auto* form = dynamic_cast<Form*>(&control)) {
@@ -143,6 +152,9 @@ std::string valueOf(const Control& control) {
   }
   if (const auto* frame = dynamic_cast<const RecordFrame*>(&control))
     return nameOf(frame->status());
+  if (const auto* editor = dynamic_cast<const QueryEditor*>(&control)) {
+    return editor->composedText().text();
+  }
   if (const auto* progress = dynamic_cast<const ProgressBar*>(&control)) return progress->text();
   if (const auto* links = dynamic_cast<const SideBar*>(&control)) {
     return links->selected() ? std::to_string(links->selected()->view) : "";

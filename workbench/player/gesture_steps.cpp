@@ -1,6 +1,12 @@
+#include <algorithm>
+
+#include "controls/query_editor.h"
 #include "workbench/player/steps.h"
 
 namespace kebu::workbench::steps {
+
+using controls::QueryEditor;
+using controls::RangeEnd;
 
 void page(Player& player, const Words& arguments) {
   player.stage().hands.openPage(toNumber(arguments[0]));
@@ -51,6 +57,20 @@ std::optional<std::int32_t> rowAfter(const Words& arguments, std::size_t count) 
   return toNumber(arguments[count]);
 }
 
+/// The place of a query editor's field, from 1.
+std::size_t fieldOf(Hands& hands, const std::string& editor, const std::string& caption) {
+  const std::vector<ItemView> fields = hands.look(editor, {}).items;
+  const auto at = std::find_if(fields.begin(), fields.end(),
+                               [&](const ItemView& field) { return field.text == caption; });
+  if (at == fields.end()) throw StepError(editor + " has no field \"" + caption + "\"");
+  return static_cast<std::size_t>(at - fields.begin()) + 1;
+}
+
+RangeEnd toEnd(const std::string& text) {
+  if (text != "1" && text != "2") throw StepError("\"" + text + "\" is no end of a range: 1 or 2");
+  return text == "1" ? RangeEnd::First : RangeEnd::Second;
+}
+
 }  // namespace
 
 void lookup(Player& player, const Words& arguments) {
@@ -62,12 +82,35 @@ void lookup(Player& player, const Words& arguments) {
     player.playLookup([&] { hands.lookupCell(arguments[0], row, arguments[2]); },
                       rowAfter(arguments, 3));
   } else {
-    throw StepError("look-ups of a query editor cannot be played: there is no such control");
+    const std::string box = QueryEditor::valueName(
+        arguments[0], fieldOf(hands, arguments[0], arguments[1]), toEnd(arguments[2]));
+    player.playLookup([&] { hands.lookup(box); }, rowAfter(arguments, 3));
   }
 }
 
-void condition(Player& /*player*/, const Words& /*arguments*/) {
-  throw StepError("conditions of a query editor cannot be played: there is no such control");
+void condition(Player& player, const Words& arguments) {
+  Hands& hands = player.stage().hands;
+  const std::string& editor = arguments[0];
+  const std::string& op = arguments[2];
+  const auto known = controls::operatorByCode(op);
+  if (!known) throw StepError("\"" + op + "\" is no operator of a query editor");
+  const std::vector<std::string> values(arguments.begin() + 3, arguments.end());
+  const bool isList = *known == controls::QueryOperator::OneOf;
+  const auto most = static_cast<std::size_t>(controls::traitsOf(*known).values);
+  const bool takesNone = *known == controls::QueryOperator::Any;
+  if (!isList && values.size() > (takesNone ? 0 : most)) {
+    throw StepError("too many values for the operator " + op);
+  }
+  const std::size_t field = fieldOf(hands, editor, arguments[1]);
+  hands.choose(QueryEditor::operatorName(editor, field), op);
+  if (isList) {
+    hands.type(QueryEditor::valueName(editor, field, RangeEnd::First), controls::joinList(values));
+    return;
+  }
+  for (std::size_t i = 0; i < values.size(); ++i) {
+    const RangeEnd end = i == 0 ? RangeEnd::First : RangeEnd::Second;
+    hands.type(QueryEditor::valueName(editor, field, end), values[i]);
+  }
 }
 
 void picture(Player& player, const Words& arguments) {

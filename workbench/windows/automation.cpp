@@ -28,6 +28,12 @@ std::string Arguments::text(std::size_t index) const {
   return toText(value(index));
 }
 
+std::vector<std::string> Arguments::textsFrom(std::size_t index) const {
+  std::vector<std::string> texts;
+  for (; index < count(); ++index) texts.push_back(text(index));
+  return texts;
+}
+
 std::int32_t Arguments::number(std::size_t index) const {
   return toInt32(value(index));
 }

@@ -4,6 +4,7 @@
 #include <span>
 #include <string>
 #include <type_traits>
+#include <vector>
 
 #include "common/error.h"
 #include "common/ref.h"
@@ -22,6 +23,8 @@ class Arguments {
   const VARIANT& at(std::size_t index) const;
   Value value(std::size_t index) const { return toValue(at(index)); }
   std::string text(std::size_t index) const;
+  /// That argument and all after it.
+  std::vector<std::string> textsFrom(std::size_t index) const;
   std::int32_t number(std::size_t index) const;
   std::int32_t number(std::size_t index, std::int32_t usual) const;
   bool flag(std::size_t index) const;

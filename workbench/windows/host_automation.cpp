@@ -73,6 +73,8 @@ constexpr Member<host::SqlDecodeService> decodeMembers[] = {
                          Argument a) { return Variant(s.DocumentType(a.text(0), a.text(1))); }},
     {L"Customer", [](host::SqlDecodeService& s,
                      Argument a) { return Variant(s.Customer(a.text(0), a.text(1))); }},
+    {L"Code", [](host::SqlDecodeService& s,
+                 Argument a) { return Variant(s.Code(a.text(0), a.text(1), a.textsFrom(2))); }},
 };
 
 Variant captionsOf(const host::LookupDefinition& definition) {
@@ -96,6 +98,7 @@ constexpr Member<host::LookupDefinition> definitionMembers[] = {
     {L"Statement", [](host::LookupDefinition& d, Argument) { return Variant(d.statement); }},
     {L"Title", [](host::LookupDefinition& d, Argument) { return Variant(d.title); }},
     {L"Captions", [](host::LookupDefinition& d, Argument) { return captionsOf(d); }},
+    {L"Key", [](host::LookupDefinition& d, Argument) { return Variant(d.key); }},
 };
 
 Variant definition(host::LookupDefinition&& value) {
@@ -109,6 +112,14 @@ constexpr Member<host::LookupService> lookupMembers[] = {
      [](host::LookupService& s, Argument a) { return definition(s.DocumentTypes(a.text(0))); }},
     {L"Customers",
      [](host::LookupService& s, Argument a) { return definition(s.Customers(a.text(0))); }},
+    {L"CustomerNames",
+     [](host::LookupService& s, Argument a) { return definition(s.CustomerNames(a.text(0))); }},
+    {L"Suppliers",
+     [](host::LookupService& s, Argument a) { return definition(s.Suppliers(a.text(0))); }},
+    {L"Codes",
+     [](host::LookupService& s, Argument a) {
+       return definition(s.Codes(a.text(0), a.text(1), a.textsFrom(2)));
+     }},
 };
 
 constexpr Member<host::FilterSpecificationService> filterMembers[] = {
@@ -163,6 +174,9 @@ constexpr Member<host::ClsGlobal> globalMembers[] = {
     {L"ConnectionString",
      [](host::ClsGlobal& g, Argument) { return Variant(g.ConnectionString()); }},
     {L"CompanyCode", [](host::ClsGlobal& g, Argument) { return Variant(g.CompanyCode()); }},
+    {L"ApplicationCode", [](host::ClsGlobal& g, Argument) { return Variant(g.ApplicationCode()); }},
+    {L"SessionId", [](host::ClsGlobal& g, Argument) { return Variant(g.SessionId()); }},
+    {L"UserId", [](host::ClsGlobal& g, Argument) { return Variant(g.UserId()); }},
     {L"Messages", service<&host::ClsGlobal::Messages, messageMembers>},
     {L"RefreshStatus",
      [](host::ClsGlobal& g, Argument a) {

@@ -5,6 +5,7 @@
 #include <sstream>
 
 #include "common/convert.h"
+#include "controls/query_editor.h"
 #include "windows/views/wide_text.h"
 #include "workbench/player/scenario.h"
 
@@ -112,6 +113,8 @@ void WindowReader::describeItems(ControlView& view, const Inspection& control) c
     const std::string chosen = isMarked(*item, "chosen") ? "chosen" : "";
     if (kind == "NavigatorBar") {
       view.items.push_back({textOf(*item), item->enabled ? "enabled" : "disabled"});
+    } else if (kind == "QueryEditor") {
+      view.items.push_back({nameOf(*item), textOf(*item)});
     } else if (kind == "StatusBar") {
       view.items.push_back({"\"" + textOf(*item) + "\"", ""});
     } else {
@@ -147,9 +150,15 @@ void WindowReader::describeChildren(ControlView& view, const Inspection& control
   const bool isForm = kindOf(control) == "Form";
   std::vector<Inspection> all;
   std::vector<HWND> groups;
+  std::string editor;
   for (const std::string& name : controlNames()) {
     const auto found = find(Inspected::Control, name, {});
     if (!found || isShownWithoutText(kindOf(*found))) continue;
+    if (kindOf(*found) == "QueryEditor") {
+      editor = name;
+    } else if (controls::QueryEditor::isPartName(editor, name)) {
+      continue;  // told as its fields
+    }
     if (kindOf(*found) == "GroupBox") groups.push_back(found->window);
     all.push_back(*found);
   }
@@ -179,10 +188,11 @@ ControlView WindowReader::look(const std::string& name, const RowRange& rows) co
   } else if (kind == "CheckBox") {
     view.value = isMarked(found, "chosen") ? "[x]" : "[ ]";
     view.caption = shownCaption(found.window);
-  } else {
+  } else if (kind != "QueryEditor") {
     view.caption = textOf(found);
   }
-  if (kind == "NavigatorBar" || kind == "SideBar" || kind == "StatusBar") {
+  if (found.caption[0]) view.caption = windows::toUtf8(found.caption);
+  if (kind == "QueryEditor" || kind == "NavigatorBar" || kind == "SideBar" || kind == "StatusBar") {
     describeItems(view, found);
   } else if (kind == "QueryGrid") {
     describeGrid(view, found, rows);
@@ -197,6 +207,7 @@ std::string WindowReader::value(const std::string& name) const {
   const Inspection found = control(name);
   const std::string kind = kindOf(found);
   if (kind == "EditBox") return windows::toUtf8(windows::windowText(found.window));
+  if (kind == "QueryEditor") return value(controls::QueryEditor::composedTextName(nameOf(found)));
   if (kind == "ComboBox" || kind == "SideBar") {
     const auto item = find(Inspected::Item, name, {"", found.current - 1, 0});
     return found.current > 0 && item ? nameOf(*item) : "";

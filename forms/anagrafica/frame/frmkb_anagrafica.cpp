@@ -34,7 +34,9 @@ FRMKB_ANAGRAFICA::FRMKB_ANAGRAFICA(const Runtime& runtime)
       parameters_(context_, INAV_PAR),
       deposits_(context_),
       priceLists_(context_, progress_),
-      profile_(context_, INAV_PAR, {parameters_, deposits_, priceLists_, synchronisation_}),
+      filters_(context_),
+      profile_(context_, INAV_PAR,
+               {parameters_, deposits_, priceLists_, filters_, synchronisation_}),
       GRP_LISTINI("GRP_LISTINI", "Listini da pubblicare"),
       GRP_AGGLISTINI("GRP_AGGLISTINI", "Aggiornamento prezzi"),
       GRP_DEP("GRP_DEP", "Depositi da pubblicare") {
@@ -65,6 +67,7 @@ void FRMKB_ANAGRAFICA::buildPages() {
   pages_.GRPMAIN_LISTINI.addAll(GRP_LISTINI, GRP_AGGLISTINI);
   GRP_DEP.add(deposits_.QGRID_DEP);
   pages_.GRPMAIN_GIACENZE.add(GRP_DEP);
+  filters_.place(pages_.GRPMAIN_FILTROCLI, pages_.GRPMAIN_FILTROART);
 
   addAll(SBAR_MAIN, TITLEBAR, INAV_PAR, INAV_CATCLIART, FME_ANAGRAFICA, parameters_.FME_PARAMETRI);
   for (controls::GroupBox* page : pages_.all) {
@@ -153,6 +156,7 @@ void FRMKB_ANAGRAFICA::setUp(Steps& step) {
   priceLists_.ImpostaRstListini();
   synchronisation_.InsertGM02Records();
   synchronisation_.InsertGM08NuoviModelliSincro();
+  filters_.ImpostaEnQuery();
   CambiaVisualizzazione(views[0].number);
   InizializzaScriptELayout();
   step([&] { VLT_RESIZEFORM1.layOut(); });
@@ -187,6 +191,7 @@ void FRMKB_ANAGRAFICA::createHostServices(Steps& step) {
   }
   context_.decodes = sqlDecode_;
   context_.lookups = lookups_;
+  context_.specifications = filterSpecifications_;
   synchronisation_.setEnvironment(environment_);
 }
 
@@ -329,6 +334,8 @@ void FRMKB_ANAGRAFICA::Form_Unload() {
 void FRMKB_ANAGRAFICA::releaseHostObjects() {
   context_.decodes.reset();
   context_.lookups.reset();
+  context_.specifications.reset();
+  filters_.release();
   synchronisation_.setEnvironment(nullptr);
   sqlDecode_.reset();
   lookups_.reset();

@@ -88,6 +88,7 @@ void ProfilePage::FME_ANAGRAFICA_BeforeUpdate(bool& cancel) {
     for (const FixedValue& fixed : fixedValues) set(fixed.column, fixed.value);
     const Value description = step([&] { return context_.profile.field("GM03_DESCRIZIONE"); });
     if (NVL(description, "") == Value("")) set("GM03_DESCRIZIONE", "Merkal");
+    dependents_.filters.storeConditions(step, dependents_.parameters.FME_PARAMETRI, cancel);
   });
 }
 
@@ -120,6 +121,8 @@ void ProfilePage::FME_ANAGRAFICA_AfterUndo() {
   trap(context_.services, "FME_ANAGRAFICA_AfterUndo", [&](Steps& step) {
     step([&] { navigator_.refreshButtons(); });
     reloadDependents();
+    // A filter that was changed and not saved is undone with the rest.
+    dependents_.filters.reload();
   });
 }
 

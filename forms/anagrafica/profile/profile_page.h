@@ -3,6 +3,7 @@
 #include "controls/edit_box.h"
 #include "controls/navigator_bar.h"
 #include "controls/simple_controls.h"
+#include "forms/anagrafica/filters/filter_pages.h"
 #include "forms/anagrafica/page_context.h"
 #include "forms/anagrafica/pricelists/deposits_page.h"
 #include "forms/anagrafica/pricelists/price_lists_page.h"
@@ -16,6 +17,7 @@ struct ProfileDependents {
   ParameterPage& parameters;
   DepositsPage& deposits;
   PriceListsPage& priceLists;
+  FilterPages& filters;
   Synchronisation& synchronisation;
 };
 

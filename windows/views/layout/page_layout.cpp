@@ -41,6 +41,10 @@ bool isLabel(const Control& control) {
   return dynamic_cast<const controls::Label*>(&control) != nullptr;
 }
 
+bool isEditor(const Control& control) {
+  return dynamic_cast<const controls::QueryEditor*>(&control) != nullptr;
+}
+
 const Control* descriptionOf(const Control& control) {
   const auto* box = dynamic_cast<const controls::EditBox*>(&control);
   return box ? box->description() : nullptr;
@@ -67,8 +71,9 @@ std::int32_t PageLayout::ruleOf(const Control& control) const {
   if (registered != rules_.end()) return registered->second;
   constexpr std::int32_t stretched = leftSide | topSide | rightSide;
   if (const auto* group = dynamic_cast<const GroupBox*>(&control)) {
-    const bool inner = std::any_of(group->children().begin(), group->children().end(),
-                                   [&](const Control* child) { return grows(*child); });
+    const bool inner =
+        isEditor(control) || std::any_of(group->children().begin(), group->children().end(),
+                                         [&](const Control* child) { return grows(*child); });
     return inner ? stretched | bottomSide : stretched;
   }
   // What is none of the known small controls wants room: a grid, an editor.
@@ -246,7 +251,9 @@ PageLayout::Blocks PageLayout::blocksOf(const Controls& controls, int width) {
   Blocks blocks;
   for (std::size_t i = 0; i < shown.size();) {
     Control& control = *shown[i++];
-    if (auto* group = dynamic_cast<GroupBox*>(&control)) {
+    if (auto* editor = dynamic_cast<controls::QueryEditor*>(&control)) {
+      blocks.push_back(editorBlock(*editor));
+    } else if (auto* group = dynamic_cast<GroupBox*>(&control)) {
       std::vector<GroupBox*> run{group};
       const auto sideBySide = [&](const GroupBox& box) {
         const std::int32_t rule = ruleOf(box);
@@ -254,7 +261,7 @@ PageLayout::Blocks PageLayout::blocksOf(const Controls& controls, int width) {
       };
       while (sideBySide(*group) && i < shown.size()) {
         auto* next = dynamic_cast<GroupBox*>(shown[i]);
-        if (!next || !sideBySide(*next)) break;
+        if (!next || isEditor(*next) || !sideBySide(*next)) break;
         run.push_back(next);
         ++i;
       }

@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "controls/control.h"
+#include "controls/query_editor.h"
 #include "controls/simple_controls.h"
 #include "windows/views/layout/metrics.h"
 
@@ -62,6 +63,10 @@ class PageLayout {
   Block groupBlock(controls::GroupBox& group, int width);
   Block columnsBlock(const std::vector<controls::GroupBox*>& groups, int width);
   Block wholeBlock(controls::Control& control);
+  // query_editor_layout.cpp
+  Block editorBlock(controls::QueryEditor& editor);
+  void placeRow(const controls::QueryEditor::Row& row, const Rect& area);
+  void placeBelow(const controls::QueryEditor& editor, const Rect& area, int warning);
   static int heightOf(const Blocks& blocks);
   static void placeBlocks(const Blocks& blocks, const Rect& area);
   void prepare(const Controls& controls, int width);

@@ -1,0 +1,181 @@
+#pragma once
+
+#include <cstdint>
+#include <memory>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "ado/connection.h"
+#include "controls/combo_box.h"
+#include "controls/control_host.h"
+#include "controls/edit_box.h"
+#include "controls/query_condition.h"
+#include "controls/simple_controls.h"
+#include "host/cls_global.h"
+
+namespace kebu::controls {
+
+/// A field as a form declares it. The options go by their place among the
+/// arguments of the declaration; this editor acts on 6 and 8 alone.
+struct QueryField {
+  std::string_view group;
+  std::string_view caption;
+  std::string_view dataField;
+  bool option4;
+  std::int32_t position;
+  bool hasLookup;  ///< option 6
+  bool option7;
+  bool isNumeric;  ///< option 8
+  bool option9;
+  bool option10;
+  bool option11;
+  std::size_t length;
+};
+
+/// Which of the two values of a range; the first is also the only one of others.
+enum class RangeEnd : std::uint8_t { First = 1, Second = 2 };
+
+/// A look-up or decode that the editor asks its form for.
+struct QueryRequest {
+  std::string caption;
+  std::string value;
+  RangeEnd end;
+};
+
+/// The enhanced query editor: a row of operator and values for each declared
+/// field, the predicates that come of them, and specifications saved by name
+/// in the host's store.
+///
+/// Its parts are ordinary controls, named after the editor and the row counted
+/// from 1, and a person works with those: "ENHQUERY_CLI(2).VALORE1".
+class QueryEditor : public GroupBox {
+ public:
+  /// What the editor is handed of the window that it stands in.
+  struct Surroundings {
+    Decimal company;
+    Value sessionId;
+    Value userId;
+    Ref<host::ClsGlobal> global;
+    Ref<host::FilterSpecificationService> store;
+    Ref<ado::Connection> connection;
+  };
+
+  /// A field with the predicate that its user's choices come to.
+  struct Item {
+    std::string DataField;
+    std::string Condizione;  ///< "" when the field restricts nothing
+  };
+
+  QueryEditor(std::string name, ControlHost& host);
+  ~QueryEditor() override;
+
+  void setSurroundings(Surroundings surroundings) { surroundings_ = std::move(surroundings); }
+  /// Gives back what the editor was handed.
+  void releaseSurroundings() { surroundings_ = {}; }
+  const Surroundings& surroundings() const { return surroundings_; }
+  /// Under which specifications are kept in the store.
+  void setStorageKey(const std::string& key) { storageKey_ = key; }
+  /// Puts the texts of the rows into the user's language; before the first field.
+  void setTranslator(Translator translator) { translator_ = std::move(translator); }
+
+  void addField(const QueryField& field);
+  /// The last field was declared: what stands below the rows follows.
+  void completeDeclaration();
+  std::size_t fieldCount() const { return rows_.size(); }
+  void removeLastField();
+
+  /// In the order of declaration.
+  std::vector<Item> items() const;
+  /// All items put together, each behind " AND "; "" when nothing is restricted.
+  std::string ComponiCondizione() const;
+  /// The value stated on a field at that end; "" for none and for an unknown field.
+  std::string value(std::string_view dataField, RangeEnd end) const;
+  /// States a condition without the user's doing. RuntimeError 5 for an unknown field.
+  void setCondition(std::string_view dataField, const QueryCondition& condition);
+  QueryCondition condition(std::string_view dataField) const;
+  /// Asks for a field's descriptions afresh.
+  void decodeAgain(std::string_view dataField);
+  /// Tells the user of ranges that stand the wrong way round; whether there are none.
+  bool confirmRanges();
+
+  /// Whether there is a specification of that name, which is shown then.
+  bool loadSpecification(const std::string& name);
+  void saveSpecification(const std::string& name, bool isDefault);
+
+  /// Fill in the description; it is empty before.
+  Event<const QueryRequest&, std::string&> StartDecode;
+  /// Fill in the code chosen; without one nothing is changed.
+  Event<const QueryRequest&, std::optional<Value>&> StartLookup;
+  /// After a look-up that chose; may put another text in place of the code.
+  Event<const QueryRequest&, Value&> CloseLookup;
+  /// The user changed the condition of a field, by its data field.
+  Event<const std::string&> CurrentRecordChanged;
+  /// "Conta": fill in the answer.
+  Event<std::string&> Count;
+
+  /// What is stated on a row in words: "uguale a VER (Vernici)".
+  std::string sentence(std::size_t row) const;
+
+  /// The name of a row's operator, or of a value.
+  static std::string operatorName(const std::string& editor, std::size_t row);
+  static std::string valueName(const std::string& editor, std::size_t row, RangeEnd end);
+  static std::string composedTextName(const std::string& editor);
+  /// Whether a control of that name is one of the editor's parts.
+  static bool isPartName(std::string_view editor, std::string_view name);
+
+  // What the rows consist of, for those who place or look for them.
+  struct Row;
+  const std::vector<std::unique_ptr<Row>>& rows() const { return rows_; }
+  const EditBox& composedText() const { return text_; }
+  Button& countButton() { return count_; }
+  const Button& countButton() const { return count_; }
+  const Label& countAnswer() const { return answer_; }
+  const Label& warning() const { return warning_; }
+
+ private:
+  Row* find(std::string_view dataField) const;
+  const Row& get(std::string_view dataField) const;
+  QueryCondition conditionOf(const Row& row) const;
+  bool isReversed(const Row& row) const;
+  std::string reversedRanges() const;
+  void listen(Row& row);
+  void show(Row& row);
+  void operatorChosen(Row& row);
+  void checkValue(Row& row, const std::string& text, bool& cancel);
+  void valueEntered(Row& row);
+  void lookUp(Row& row, RangeEnd end);
+  void decode(const Row& row, RangeEnd end, const std::string& value, std::string& description);
+  void conditionChanged(const Row& row);
+  void recompose();
+  void count();
+  std::string translated(std::string_view text) const;
+
+  ControlHost& host_;
+  Surroundings surroundings_;
+  std::string storageKey_;
+  Translator translator_;
+  std::vector<std::unique_ptr<Row>> rows_;
+  std::vector<std::unique_ptr<Row>> removed_;  ///< still on the screen, perhaps
+  EditBox text_;
+  Button count_;
+  Label answer_;
+  Label warning_;
+};
+
+/// A field of the editor on the screen.
+struct QueryEditor::Row {
+  Row(const std::string& name, const QueryField& declared);
+  QueryOperator chosen() const;
+
+  QueryField field;
+  ComboBox op;
+  EditBox first;
+  EditBox second;
+  Label firstDescription;
+  Label secondDescription;
+  QueryOperator shown = QueryOperator::Any;  ///< for which the boxes stand ready
+};
+
+}  // namespace kebu::controls

@@ -1,0 +1,96 @@
+#pragma once
+
+#include <string>
+
+#include "common/instance_trace.h"
+#include "controls/form.h"
+#include "controls/query_editor.h"
+#include "controls/simple_controls.h"
+#include "forms/anagrafica/page_context.h"
+#include "forms/filters/filter_editor.h"
+
+namespace kebu::forms {
+
+/// What a selection dialog has of the window that calls it: what to work with,
+/// and where the filter goes.
+struct SelectionCaller {
+  PageContext& context;
+  std::string filterText;
+  bool isFilterObtained = false;
+};
+
+/// A modal dialog in which the user narrows a list: one query editor, OK and
+/// Cancel. On OK the caller gets the condition.
+class SelectionDialog : public controls::Form {
+ public:
+  /// What the two dialogs differ in.
+  struct Kind {
+    const char* name;
+    const char* caption;
+    const char* editor;
+    const FilterSubject& (*subject)();
+    const char* keySuffix;
+  };
+
+  SelectionDialog(const Kind& kind, SelectionCaller& caller);
+  ~SelectionDialog() override;
+  /// The caller is let go of, once the dialog is closed.
+  void clearCaller() { caller_ = nullptr; }
+
+ protected:
+  void Form_Unload() override;
+  void translateTexts(Steps& step);
+  void prepareEditor(Steps& step) { filter_.prepare(step, kind_.keySuffix); }
+  /// The condition that is handed to the caller.
+  virtual std::string condition(Steps& step) { return filter_.condition(step); }
+  Services& services() const { return context_.services; }
+
+  controls::QueryEditor editor_;
+  controls::Button CMD_OK;
+  controls::Button CMD_ANNULLA;
+
+ private:
+  void CMD_OK_ButtonClick();
+  void CMD_ANNULLA_ButtonClick();
+
+  const Kind& kind_;
+  InstanceTrace trace_;
+  SelectionCaller* caller_;
+  PageContext& context_;
+  FilterEditor filter_;
+};
+
+/// Of articles.
+class FRMKB_SELMULTIART : public SelectionDialog {
+ public:
+  explicit FRMKB_SELMULTIART(SelectionCaller& caller);
+
+ protected:
+  void Form_Load() override;
+};
+
+/// Of customers.
+class FRMKB_SELMULTICLI : public SelectionDialog {
+ public:
+  explicit FRMKB_SELMULTICLI(SelectionCaller& caller);
+
+ protected:
+  void Form_Load() override;
+  void Form_Activate() override;
+  void Form_Unload() override;
+  std::string condition(Steps& step) override;
+
+ private:
+  void ImpostaEnQueryLimiti();
+  std::string StringaLimitiADV();
+
+  controls::ResizeManager VLT_RESIZEFORM1;
+  bool activated_ = false;
+};
+
+/// The main window's side of it: each opens a dialog made anew and returns when
+/// it is closed, with the filter in the caller's members if the user gave one.
+void VisualizzaFiltroArticoli(SelectionCaller& caller);
+void VisualizzaFiltroClienti(SelectionCaller& caller);
+
+}  // namespace kebu::forms

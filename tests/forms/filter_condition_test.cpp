@@ -1,0 +1,290 @@
+// A filter stated in the window and saved must select exactly the rows that it says, and as many as
+// "Conta" told: for every operator on fields of every table. What it says is worked out in C++ from
+// rows that are read plain.
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+
+#include "common/convert.h"
+#include "tests/forms/filter_oracle.h"
+#include "tests/forms/workplace.h"
+
+namespace kebu::workbench {
+namespace {
+
+using controls::QueryCondition;
+using controls::QueryEditor;
+using controls::QueryField;
+using controls::RangeEnd;
+using Op = controls::QueryOperator;
+
+/// A field by which articles are filtered, and where its values stand.
+struct Source {
+  QueryField field;
+  const char* table;
+  const char* article;            ///< the column that holds the article's code
+  std::vector<std::string> ones;  ///< company 1, and suppliers are kind 1
+  bool isDirect;                  ///< of the article's own row: without one the value is NULL
+};
+
+constexpr QueryField text(const char* caption, const char* name) {
+  return {"Standard", caption, name, true, 0, false, true, false, false, false, false, 30};
+}
+constexpr QueryField number(const char* caption, const char* name) {
+  return {"Standard", caption, name, true, 0, false, false, true, false, false, false, 6};
+}
+
+const Source sources[] = {
+    {text("Famiglia", "MG66_FAM_MG53"), "MG66_ANAGRART", "MG66_CODART", {"MG66_DITTA_CG18"}, true},
+    {number("Stato", "MG66_INDSTATO_MG6W"),
+     "MG66_ANAGRART",
+     "MG66_CODART",
+     {"MG66_DITTA_CG18"},
+     true},
+    {text("Codice articolo", "MG87_CODART_MG66"),
+     "MG87_ARTDESC",
+     "MG87_CODART_MG66",
+     {"MG87_DITTA_CG18"},
+     true},
+    {text("Applicazione", "MG72_CODAPPLIC_MG57"),
+     "MG72_APPLICART",
+     "MG72_CODART_MG66",
+     {"MG72_DITTA_CG18"},
+     false},
+    {number("Fornitore", "MG73_CLIFOR_CG44"),
+     "MG73_ARTCLIFOR",
+     "MG73_CODART_MG66",
+     {"MG73_DITTA_CG18", "MG73_TIPOCF_CG44"},
+     false},
+    {text("Codice del fornitore", "MG73_CODARTCF"),
+     "MG73_ARTCLIFOR",
+     "MG73_CODART_MG66",
+     {"MG73_DITTA_CG18", "MG73_TIPOCF_CG44"},
+     false},
+    {number("Provenienza prodotto", "PD18_INDPROVENIENZA"),
+     "PD18_ARTPROD",
+     "PD18_CODART_MG66",
+     {"PD18_DITTA_CG18"},
+     false},
+    {text("Articolo prodotto", "PD18_CODART_MG66"),
+     "PD18_ARTPROD",
+     "PD18_CODART_MG66",
+     {"PD18_DITTA_CG18"},
+     false},
+};
+
+/// For a text or a number each operator, the range with one end open too.
+/// `low` and `high` are values of the column in their order.
+std::vector<QueryCondition> conditionsOn(const QueryField& field, const std::string& low,
+                                         const std::string& high) {
+  std::vector<QueryCondition> all{
+      {Op::Equal, {low}},     {Op::Different, {low}}, {Op::Range, {low, high}},
+      {Op::Range, {low, ""}}, {Op::Range, {"", low}}, {Op::OneOf, {low, high}},
+      {Op::OneOf, {low}},     {Op::Empty, {}},        {Op::NotEmpty, {}},
+  };
+  if (field.isNumeric) return all;
+  all.push_back({Op::Starts, {low.substr(0, 2)}});
+  all.push_back({Op::Contains, {low.substr(1)}});
+  for (const char* odd : {"'", "%_[", "' OR '1' = '1"}) {
+    all.push_back({Op::Equal, {odd}});
+    all.push_back({Op::Different, {odd}});
+    all.push_back({Op::Starts, {odd}});
+    all.push_back({Op::Contains, {odd}});
+    all.push_back({Op::OneOf, {odd, low}});
+  }
+  return all;
+}
+
+class FilterConditionTest : public testing::Test {
+ protected:
+  FilterConditionTest() {
+    addOddRows();
+    workplace.open();
+  }
+  ~FilterConditionTest() override { workplace.close(); }
+
+  /// What real data have: NULL beside "", signs in codes, an article without descriptions.
+  void addOddRows() {
+    workplace.session().execute(
+        "UPDATE MG66_ANAGRART SET MG66_FAM_MG53 = NULL, MG66_INDSTATO_MG6W = NULL"
+        " WHERE MG66_CODART LIKE '%-00_3'"
+        " UPDATE MG66_ANAGRART SET MG66_FAM_MG53 = 'o''c' WHERE MG66_CODART LIKE '%-00_4'"
+        " UPDATE MG66_ANAGRART SET MG66_FAM_MG53 = '[%_x' WHERE MG66_CODART LIKE '%-00_5'"
+        " DELETE FROM MG87_ARTDESC WHERE MG87_CODART_MG66 LIKE '%-001_'"
+        " UPDATE MG73_ARTCLIFOR SET MG73_CODARTCF = NULL WHERE MG73_CODART_MG66 LIKE '%-00_4'"
+        " UPDATE MG73_ARTCLIFOR SET MG73_CODARTCF = '' WHERE MG73_CODART_MG66 LIKE '%-00_6'"
+        " UPDATE MG73_ARTCLIFOR SET MG73_CODARTCF = 'F''%1' WHERE MG73_CODART_MG66 LIKE '%-00_7'"
+        " UPDATE PD18_ARTPROD SET PD18_INDPROVENIENZA = NULL WHERE PD18_CODART_MG66 LIKE '%-00_2'"
+        " INSERT INTO MG72_APPLICART VALUES (1, 'VIT-0032', '')"
+        " INSERT INTO MG72_APPLICART VALUES (1, 'VIT-0064', 'a_b')"
+        // A customer's code for an article is no supplier's.
+        " INSERT INTO MG73_ARTCLIFOR VALUES (1, 0, 3, 'VIT-0032', 'F10032')");
+  }
+
+  void state(const std::string& editor, std::size_t row, const QueryCondition& condition) {
+    ModelHands& hands = workplace.hands();
+    hands.choose(QueryEditor::operatorName(editor, row),
+                 std::string(controls::traitsOf(condition.op).code));
+    const bool isList = condition.op == Op::OneOf;
+    const auto value = [&](std::size_t i) { return condition.values[i]; };
+    const std::string first = QueryEditor::valueName(editor, row, RangeEnd::First);
+    if (isList) {
+      hands.type(first, controls::joinList(condition.values));
+    } else if (!condition.values.empty()) {
+      hands.type(first, value(0));
+    }
+    if (condition.op == Op::Range) {
+      hands.type(QueryEditor::valueName(editor, row, RangeEnd::Second), value(1));
+    }
+  }
+
+  /// The count that the button tells.
+  std::string counted(const std::string& editor) {
+    workplace.hands().clickButton(editor + ".CONTA");
+    const std::string answer = workplace.hands().value(editor + ".ESITO");
+    return answer.substr(answer.find(": ") + 2);
+  }
+
+  std::string stored(const char* column) {
+    workplace.hands().press("INAV_PAR", "Conferma");
+    return workplace.value(std::string("SELECT ") + column +
+                           " FROM GM04_PARAMETRITVRO WHERE GM04_DITTA_CG18 = 1");
+  }
+
+  using Cells = std::multimap<std::string, Cell>;
+
+  std::set<std::string> expectedArticles(const Source& source, const Cells& values,
+                                         const QueryCondition& condition) {
+    std::set<std::string> articles;
+    for (const auto& [article, unused] : allArticles) {
+      auto [from, to] = values.equal_range(article);
+      bool any = from == to && source.isDirect && holds({}, source.field.isNumeric, condition);
+      for (; from != to; ++from) any |= holds(from->second, source.field.isNumeric, condition);
+      if (any) articles.insert(article);
+    }
+    return articles;
+  }
+
+  static std::set<std::string> setOf(const std::vector<std::string>& texts) {
+    return {texts.begin(), texts.end()};
+  }
+
+  Workplace workplace;
+  Cells allArticles =
+      read(workplace.session(), "MG66_ANAGRART", "MG66_CODART", "MG66_UNMIS", {"MG66_DITTA_CG18"});
+};
+
+/// Two values that occur, in their order.
+std::pair<std::string, std::string> twoValues(const Source& source) {
+  if (source.field.isNumeric) return {"1", "2"};
+  const std::string name(source.field.dataField);
+  if (name == "MG66_FAM_MG53") return {"ele", "UTE"};
+  if (name == "MG72_CODAPPLIC_MG57") return {"EST", "LEG"};
+  if (name == "MG73_CODARTCF") return {"F10030", "F10500"};
+  return {"ELE-0036", "VIT-0096"};
+}
+
+TEST_F(FilterConditionTest, ArticlesAreThoseThatTheFilterSays) {
+  QueryEditor& editor = workplace.editor("ENHQUERY_ART");
+  // The window declares the first three itself.
+  std::map<std::string, std::size_t> rows{
+      {"MG87_CODART_MG66", 1}, {"MG66_FAM_MG53", 2}, {"MG66_INDSTATO_MG6W", 11}};
+  for (const Source& source : sources) {
+    if (rows.contains(std::string(source.field.dataField))) continue;
+    editor.addField(source.field);
+    rows[std::string(source.field.dataField)] = editor.fieldCount();
+  }
+  workplace.hands().openPage(11);
+  int selecting = 0;
+  for (const Source& source : sources) {
+    const std::string name(source.field.dataField);
+    const Cells values = read(workplace.session(), source.table, source.article, name, source.ones);
+    const auto [low, high] = twoValues(source);
+    for (const QueryCondition& condition : conditionsOn(source.field, low, high)) {
+      state("ENHQUERY_ART", rows[name], condition);
+      const std::string count = counted("ENHQUERY_ART");
+      const std::string filter = stored("GM04_WHERESELARTICOLI");
+      SCOPED_TRACE(filter);
+      ASSERT_FALSE(filter.empty());
+      const std::string joined =
+          name.starts_with("MG87") ? " LEFT JOIN MG87_ARTDESC ON MG87_DITTA_CG18 = MG66_DITTA_CG18"
+                                     " AND MG87_CODART_MG66 = MG66_CODART"
+                                   : "";
+      const auto found = setOf(workplace.column("SELECT MG66_CODART FROM MG66_ANAGRART" + joined +
+                                                " WHERE MG66_DITTA_CG18 = 1" + filter));
+      const auto expected = expectedArticles(source, values, condition);
+      EXPECT_EQ(found, expected);
+      EXPECT_EQ(count, std::to_string(expected.size()));
+      selecting += !expected.empty() && expected.size() < allArticles.size() ? 1 : 0;
+    }
+    workplace.hands().choose(QueryEditor::operatorName("ENHQUERY_ART", rows[name]), "clear");
+  }
+  EXPECT_GT(selecting, 80) << "most of the filters are to select some articles and not others";
+  EXPECT_EQ(workplace.messages, std::vector<std::string>());
+}
+
+TEST_F(FilterConditionTest, CustomersAreThoseThatTheFilterSays) {
+  workplace.hands().openPage(10);
+  const std::map<std::string, std::pair<const char*, const char*>> samples{
+      {"CG44_CLIFOR", {"1010", "1100"}},
+      {"Azienda", {"Colorificio", "Ferramenta D'Amico S.r.l."}},
+      {"IndirizzoPrincipaleL1", {"Corso", "Via"}},
+      {"Cap", {"20124", "60121"}},
+      {"Citta", {"Forlì", "L'Aquila"}},
+      {"Provincia", {"AN", "MC"}},
+      {"PartitaIva", {"01", "02"}},
+  };
+  const QueryEditor& editor = workplace.editor("ENHQUERY_CLI");
+  int selecting = 0;
+  for (std::size_t row = 1; row <= editor.fieldCount(); ++row) {
+    const QueryField& field = editor.rows()[row - 1]->field;
+    const std::string column(field.dataField);
+    const auto values = read(workplace.session(), "VGM16_KBWSUSERS_KELMORIA", "CG44_CLIFOR", column,
+                             {"CG44_DITTA_CG18"});
+    ASSERT_FALSE(values.empty());
+    const auto sample = samples.find(column);
+    const bool isSampled = sample != samples.end();
+    const std::string low = isSampled ? sample->second.first : "EDI";
+    const std::string high = isSampled ? sample->second.second : "RIV";
+    for (const QueryCondition& condition : conditionsOn(field, low, high)) {
+      const bool isTyped = std::all_of(
+          condition.values.begin(), condition.values.end(),
+          [&](const std::string& value) { return characterCount(value) <= field.length; });
+      if (!isTyped) continue;  // nobody could have
+      state("ENHQUERY_CLI", row, condition);
+      const std::string count = counted("ENHQUERY_CLI");
+      const std::string filter = stored("GM04_WHERECLIFOR");
+      SCOPED_TRACE(filter);
+      std::multiset<std::string> expected;
+      for (const auto& [customer, cell] : values) {
+        if (holds(cell, field.isNumeric, condition)) expected.insert(customer);
+      }
+      const auto found = workplace.column(
+          "SELECT CG44_CLIFOR FROM VGM16_KBWSUSERS_KELMORIA WHERE CG44_DITTA_CG18 = 1" + filter);
+      EXPECT_EQ(std::multiset<std::string>(found.begin(), found.end()), expected);
+      EXPECT_EQ(count, std::to_string(expected.size()));
+      selecting += !expected.empty() && expected.size() < values.size() ? 1 : 0;
+    }
+    workplace.hands().choose(QueryEditor::operatorName("ENHQUERY_CLI", row), "clear");
+  }
+  EXPECT_GT(selecting, 80);
+  EXPECT_EQ(workplace.messages, std::vector<std::string>());
+}
+
+TEST_F(FilterConditionTest, AFieldOfAnUnknownTableIsDropped) {
+  QueryEditor& editor = workplace.editor("ENHQUERY_ART");
+  editor.addField(text("Sconosciuto", "XX01_COLONNA"));
+  editor.addField(text("Minuscolo", "mg66_CODART"));
+  editor.addField(text("Corto", "MG6"));
+  workplace.hands().openPage(11);
+  const std::size_t first = editor.fieldCount() - 2;
+  for (std::size_t row = first; row < first + 3; ++row) {
+    state("ENHQUERY_ART", row, {Op::Equal, {"x"}});
+  }
+  state("ENHQUERY_ART", 2, {Op::Equal, {"VER"}});
+  EXPECT_EQ(stored("GM04_WHERESELARTICOLI"), " AND (MG66_FAM_MG53 = 'VER') ");
+}
+
+}  // namespace
+}  // namespace kebu::workbench
