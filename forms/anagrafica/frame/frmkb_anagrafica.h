@@ -8,6 +8,7 @@
 #include "controls/mdi_container.h"
 #include "controls/navigator_bar.h"
 #include "controls/simple_controls.h"
+#include "forms/anagrafica/categories/categories_page.h"
 #include "forms/anagrafica/filters/filter_pages.h"
 #include "forms/anagrafica/frame/page_groups.h"
 #include "forms/anagrafica/frame/progress_display.h"
@@ -88,6 +89,7 @@ class FRMKB_ANAGRAFICA : public controls::Form {
   ProgressDisplay progress_;
   Synchronisation synchronisation_;
   ParameterPage parameters_;
+  CategoriesPage categories_;
   DepositsPage deposits_;
   PriceListsPage priceLists_;
   FilterPages filters_;

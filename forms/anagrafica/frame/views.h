@@ -18,6 +18,8 @@ inline constexpr View views[] = {
     {1, "Parametri", "GRPMAIN_PAR", "INAV_PAR"},
     {2, "Listini", "GRPMAIN_LISTINI", "INAV_PAR"},
     {3, "Depositi", "GRPMAIN_GIACENZE", "INAV_PAR"},
+    {6, "Categorie clienti", "GRPMAIN_CATCLIENTI", "INAV_CATCLIART"},
+    {7, "Categorie articoli", "GRPMAIN_CATART", "INAV_CATCLIART"},
     {10, "Filtro clienti", "GRPMAIN_FILTROCLI", "INAV_PAR"},
     {11, "Filtro articoli", "GRPMAIN_FILTROART", "INAV_PAR"},
 };
