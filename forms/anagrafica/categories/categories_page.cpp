@@ -126,7 +126,12 @@ void CategoriesPage::showDefaults() {
 
 void CategoriesPage::ConfermaModificheCategorie() {
   trap(context_.services, "ConfermaModificheCategorie", [&](Steps& step) {
-    if (equalAsVariants(context_.profileId(), std::int32_t{0})) return;
+    if (equalAsVariants(context_.profileId(), std::int32_t{0})) {
+      step([&] {
+        context_.services.message("Salvare prima il profilo di collegamento.", msgbox::information);
+      });
+      return;
+    }
     const Ref<ado::Recordset> rows = step([&] { return context_.newRecordset(); });
     step([&] {
       rows->setCursorLocation(ado::CursorLocation::Client);
