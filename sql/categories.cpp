@@ -25,8 +25,8 @@ std::string Categorie(const std::string& profileId) {
 }
 
 std::string FiltroCategoria(int level, int entity) {
-  return join({"GM19_PROG = ", std::to_string(level),
-               " and GM19_INDENTITA = ", std::to_string(entity)});
+  return join(
+      {"GM19_PROG = ", std::to_string(level), " and GM19_INDENTITA = ", std::to_string(entity)});
 }
 
 std::string DecodificaVariante(const std::string& company, const std::string& code) {
@@ -40,9 +40,10 @@ std::string DecodificaDimensione(const std::string& company, const std::string& 
 }
 
 std::string ElencoDimensioni(const std::string& company) {
-  return join({" SELECT MG6F_PROGR, MG6F_DESCR, MG6F_SIZE FROM MG6F_DIMEART WITH (NOLOCK)"
-               " WHERE MG6F_DITTA_CG18 = ",
-               company});
+  return join(
+      {" SELECT MG6F_PROGR, MG6F_DESCR, MG6F_SIZE FROM MG6F_DIMEART WITH (NOLOCK)"
+       " WHERE MG6F_DITTA_CG18 = ",
+       company});
 }
 
 }  // namespace kebu::sql

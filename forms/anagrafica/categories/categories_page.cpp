@@ -73,9 +73,8 @@ void CategoriesPage::addCatalogue(Steps& step) {
 
 bool CategoriesPage::isOffered(std::int32_t articleClassification, Steps& step) {
   const auto exists = [&](std::string (*statement)(const std::string&)) {
-    return step([&] {
-      return !context_.connection->Execute(statement(context_.companyText()))->EOF_();
-    });
+    return step(
+        [&] { return !context_.connection->Execute(statement(context_.companyText()))->EOF_(); });
   };
   switch (additionalCodeOf(articleClassification)) {
     case AdditionalCode::ConfigurationVariant:
@@ -103,10 +102,9 @@ void CategoriesPage::LetturaDatiConfigurazioneCategorie() {
         const std::int32_t entity = toInt32(CDecN(rows->value("GM19_INDENTITA")));
         for (CategoryLevels* levels : {&customers_, &articles_}) {
           if (entity != levels->kind().entity) continue;
-          levels->show(toInt32(CDecN(rows->value("GM19_PROG"))),
-                       RTrimN(rows->value("GM19_INDCLASSIF")),
-                       RTrimN(rows->value("GM19_CODCLASSIF")),
-                       RTrimN(rows->value("GM19_DESCRCLASSIF")));
+          levels->show(
+              toInt32(CDecN(rows->value("GM19_PROG"))), RTrimN(rows->value("GM19_INDCLASSIF")),
+              RTrimN(rows->value("GM19_CODCLASSIF")), RTrimN(rows->value("GM19_DESCRCLASSIF")));
         }
       });
       step([&] { rows->MoveNext(); });

@@ -8,11 +8,7 @@ namespace kebu::forms {
 
 void ClassificationCatalogue::open(const PageContext& context) {
   rows_.reset();
-  const Ref<ado::Recordset> rows = context.newRecordset();
-  rows->setCursorLocation(ado::CursorLocation::Client);
-  rows->Open(sql::Classificazioni(), context.connection, ado::CursorType::Static,
-             ado::LockType::ReadOnly);
-  rows_ = rows;
+  rows_ = context.openReadable(sql::Classificazioni());
 }
 
 ClassificationCatalogue::Entry ClassificationCatalogue::current() const {

@@ -35,6 +35,7 @@ FRMKB_ANAGRAFICA::FRMKB_ANAGRAFICA(const Runtime& runtime)
       categories_(context_, INAV_CATCLIART, parameters_),
       deposits_(context_),
       priceLists_(context_, progress_),
+      preview_(context_, progress_),
       filters_(context_),
       profile_(context_, INAV_PAR,
                {parameters_, categories_, deposits_, priceLists_, filters_, synchronisation_}),
@@ -44,6 +45,8 @@ FRMKB_ANAGRAFICA::FRMKB_ANAGRAFICA(const Runtime& runtime)
   trace_.initialized();
   buildPages();
   INAV_PAR.bind(FME_ANAGRAFICA);
+  preview_.VisualizzaFiltroArticoli = [](PreviewFilter& filter) { filter.obtained = true; };
+  preview_.VisualizzaFiltroClienti = [](PreviewFilter& filter) { filter.obtained = true; };
   SBAR_MAIN.OnClickItemLink.on(
       [this](const controls::SideBar::Link& link) { SBAR_MAIN_OnClickItemLink(link); });
   VLT_RESIZEFORM1.Setup.on([this](controls::ResizeManager&) { VLT_RESIZEFORM1_Setup(); });
@@ -69,6 +72,7 @@ void FRMKB_ANAGRAFICA::buildPages() {
   pages_.GRPMAIN_LISTINI.addAll(GRP_LISTINI, GRP_AGGLISTINI);
   GRP_DEP.add(deposits_.QGRID_DEP);
   pages_.GRPMAIN_GIACENZE.add(GRP_DEP);
+  pages_.GRPMAIN_RIEPART.add(preview_.QGRID_ART);
   filters_.place(pages_.GRPMAIN_FILTROCLI, pages_.GRPMAIN_FILTROART);
 
   addAll(SBAR_MAIN, TITLEBAR, INAV_PAR, INAV_CATCLIART, FME_ANAGRAFICA, parameters_.FME_PARAMETRI);
@@ -268,10 +272,18 @@ void FRMKB_ANAGRAFICA::show(std::string_view control) {
 
 void FRMKB_ANAGRAFICA::VisualizzaVista(std::int32_t number) {
   trap(services_, "VisualizzaVista", [&](Steps& step) {
-    NascondiViste();
     const auto* view = std::find_if(std::begin(views), std::end(views),
                                     [&](const View& v) { return v.number == number; });
-    if (view != std::end(views)) {
+    const bool isKnown = view != std::end(views);
+    if (isKnown && view->preview != PreviewKind::None) {
+      // The page of before stays until there is something to show, or for good.
+      if (!preview_.load(view->preview)) return;
+      NascondiViste();
+    } else {
+      NascondiViste();
+      preview_.release();
+    }
+    if (isKnown) {
       step([&] { show(view->group); });
       step([&] { show(view->navigatorBar); });
     }
@@ -344,6 +356,7 @@ void FRMKB_ANAGRAFICA::releaseHostObjects() {
   filters_.release();
   synchronisation_.setEnvironment(nullptr);
   categories_.close();
+  preview_.release();
   sqlDecode_.reset();
   lookups_.reset();
   filterSpecifications_.reset();

@@ -13,6 +13,7 @@
 #include "forms/anagrafica/frame/page_groups.h"
 #include "forms/anagrafica/frame/progress_display.h"
 #include "forms/anagrafica/page_context.h"
+#include "forms/anagrafica/preview/preview_page.h"
 #include "forms/anagrafica/pricelists/deposits_page.h"
 #include "forms/anagrafica/pricelists/price_lists_page.h"
 #include "forms/anagrafica/profile/parameter_page.h"
@@ -92,6 +93,7 @@ class FRMKB_ANAGRAFICA : public controls::Form {
   CategoriesPage categories_;
   DepositsPage deposits_;
   PriceListsPage priceLists_;
+  PreviewPage preview_;
   FilterPages filters_;
   ProfilePage profile_;
   controls::GroupBox GRP_LISTINI;
