@@ -163,7 +163,8 @@ void CategoryLevels::lookUpCode(Level& level) {
       }
       return {"Elenco parametri composizione articolo",
               sql::ElencoDimensioni(company),
-              {"Progressivo", "Descrizione", "Dimensione"}};
+              {"Progressivo", "Descrizione", "Dimensione"},
+              "Lkp_ComposizioneArticolo"};
     });
     const auto code = step([&] { return context_.choose(list); });
     if (!code) return;

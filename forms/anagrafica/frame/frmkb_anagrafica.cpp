@@ -45,8 +45,6 @@ FRMKB_ANAGRAFICA::FRMKB_ANAGRAFICA(const Runtime& runtime)
   trace_.initialized();
   buildPages();
   INAV_PAR.bind(FME_ANAGRAFICA);
-  preview_.VisualizzaFiltroArticoli = [](PreviewFilter& filter) { filter.obtained = true; };
-  preview_.VisualizzaFiltroClienti = [](PreviewFilter& filter) { filter.obtained = true; };
   SBAR_MAIN.OnClickItemLink.on(
       [this](const controls::SideBar::Link& link) { SBAR_MAIN_OnClickItemLink(link); });
   VLT_RESIZEFORM1.Setup.on([this](controls::ResizeManager&) { VLT_RESIZEFORM1_Setup(); });

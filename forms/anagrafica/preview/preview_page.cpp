@@ -7,13 +7,21 @@
 namespace kebu::forms {
 
 PreviewPage::PreviewPage(PageContext& context, ProgressDisplay& progress)
-    : QGRID_ART("QGRID_ART", context.services), context_(context), progress_(progress) {}
+    : QGRID_ART("QGRID_ART", context.services),
+      context_(context),
+      progress_(progress),
+      filter_{context, {}, false} {}
 
 bool PreviewPage::load(PreviewKind kind) {
-  filter_ = {};
+  filter_.filterText.clear();
+  filter_.isFilterObtained = false;
   const bool customers = kind == PreviewKind::Customers;
-  (customers ? VisualizzaFiltroClienti : VisualizzaFiltroArticoli)(filter_);
-  if (!filter_.obtained) return false;
+  if (customers) {
+    VisualizzaFiltroClienti(filter_);
+  } else {
+    VisualizzaFiltroArticoli(filter_);
+  }
+  if (!filter_.isFilterObtained) return false;
   ImpostaGridArticoli(kind);
   progress_.ImpostaMessaggioStato(
       customers ? "Caricamento clienti in corso..." : "Caricamento articoli in corso...", true);
@@ -65,14 +73,14 @@ void PreviewPage::ImpostaGridArticoli(PreviewKind kind) {
 void PreviewPage::CaricaClienti() {
   trap(context_.services, "CaricaClienti", [&](Steps& step) {
     const std::string view = GetNomeTabella(PreviewKind::Customers);
-    show(sql::ClientiPubblicati(view, context_.companyText(), filter_.text), step);
+    show(sql::ClientiPubblicati(view, context_.companyText(), filter_.filterText), step);
   });
 }
 
 void PreviewPage::CaricaArticoli() {
   trap(context_.services, "CaricaArticoli", [&](Steps& step) {
     const std::string view = GetNomeTabella(PreviewKind::Articles);
-    show(sql::ArticoliPubblicati(view, context_.companyText(), filter_.text), step);
+    show(sql::ArticoliPubblicati(view, context_.companyText(), filter_.filterText), step);
   });
 }
 

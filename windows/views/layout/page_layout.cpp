@@ -60,7 +60,7 @@ bool hasLookup(const Control& control) {
 std::string elementOf(const Control& control) {
   const std::string name = control.Name();
   const std::size_t open = name.find('(');
-  return open == std::string::npos ? "" : name.substr(open);
+  return open == std::string::npos || name.back() != ')' ? "" : name.substr(open);
 }
 
 /// How many fields from `first` on are the elements of different arrays with the same index.
