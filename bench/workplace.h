@@ -15,7 +15,6 @@
 #include "workbench/host/stand_in_host.h"
 #include "workbench/player/model_desktop.h"
 #include "workbench/player/model_hands.h"
-#include "workbench/player/player.h"
 
 namespace kebu::workbench {
 
@@ -44,15 +43,15 @@ class Workplace {
  public:
   explicit Workplace(std::shared_ptr<engine::Database> database = demoCompany())
       : database_(std::move(database)),
-        player_(nowhere_, nowhere_),
-        platform_(player_, nowhere_),
-        desktop_(player_),
+        person_(*this),
+        platform_(person_, nowhere_),
+        desktop_(person_),
         hands_(desktop_),
         host_(
             [this] {
               return plugin::CLSKB_ANAGKELMORIA::create({platform_, library_, desktop_});
             },
-            {player_, embeddedCompany(database_, &recorder_), company, {}, [](const std::string&) {
+            {person_, embeddedCompany(database_, &recorder_), company, {}, [](const std::string&) {
              }}) {}
 
   void open() { host_.open(); }
@@ -78,11 +77,23 @@ class Workplace {
   const std::shared_ptr<engine::Database>& database() const { return database_; }
 
  private:
+  /// Wants to see everything that a dialog offers, and no message box at all.
+  class Person : public User {
+   public:
+    explicit Person(Workplace& workplace) : workplace_(workplace) {}
+    std::int32_t answer(const ShownMessage& box) override { throw std::logic_error(box.text); }
+    void chooseFrom(ShownList& list) override { throw std::logic_error(list.title()); }
+    void workIn(controls::Form&) override { workplace_.hands_.clickButton("CMD_OK"); }
+
+   private:
+    Workplace& workplace_;
+  };
+
   static constexpr std::int32_t company = 1;
 
   std::shared_ptr<engine::Database> database_;
   std::ostream nowhere_{nullptr};
-  Player player_;
+  Person person_;
   LocalPlatform platform_;
   ModelDesktop desktop_;
   ModelHands hands_;
