@@ -6,6 +6,7 @@ namespace kebu::controls {
 
 void ComboBox::clear() {
   rows_.clear();
+  hasStray_ = false;
   selected_.reset();
   changed.raise();
 }
@@ -25,8 +26,20 @@ std::string ComboBox::text() const {
 
 void ComboBox::select(const Value& code) {
   selected_ = find(code);
+  if (hasStray_ && selected_ != rows_.size() - 1) {
+    rows_.pop_back();
+    hasStray_ = false;
+  }
   ChangeRow.raise();
   changed.raise();
+}
+
+void ComboBox::setText(const std::string& code) {
+  select(code.empty() ? Value(Null{}) : Value(code));
+  if (code.empty() || selected_) return;
+  rows_.push_back({code, code});
+  hasStray_ = true;
+  select(code);
 }
 
 Value ComboBox::value() const {

@@ -32,6 +32,9 @@ class ComboBox : public BoundControl {
   std::string text() const;
   /// Chooses the row of that code; one without a row leaves the combo unselected.
   void select(const Value& code);
+  /// Shows a stored code. One without a row gets a row of its own, which stands
+  /// as long as it is the chosen one: what is stored is shown and never lost.
+  void setText(const std::string& code);
   Value value() const override;
   void refreshFromRecord() override;
 
@@ -49,6 +52,7 @@ class ComboBox : public BoundControl {
 
   std::vector<Row> rows_;
   std::optional<std::size_t> selected_;
+  bool hasStray_ = false;  ///< the last row is one of setText's own
   bool showsCodes_ = true;
 };
 

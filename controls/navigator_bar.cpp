@@ -22,6 +22,12 @@ bool isOffered(const std::string& key, RecordFrame& frame, const Rights& rights)
   return false;
 }
 
+/// Without a frame: what is shown is stored already, and can only be changed.
+bool isOffered(const std::string& key, bool modified, const Rights& rights) {
+  if (key == "Conferma") return modified && rights.canUpdate;
+  return key == "Annulla" && modified;
+}
+
 }  // namespace
 
 NavigatorBar::NavigatorBar(std::string name, ControlHost& host,
@@ -40,6 +46,11 @@ void NavigatorBar::unbind() {
   frame_ = nullptr;
 }
 
+void NavigatorBar::setModified(bool modified) {
+  modified_ = modified;
+  refreshButtons();
+}
+
 void NavigatorBar::setRights(const Rights& rights) {
   rights_ = rights;
   refreshButtons();
@@ -56,8 +67,10 @@ void NavigatorBar::setButtonEnabled(const std::string& key, bool enabled) {
 }
 
 void NavigatorBar::refreshButtons() {
-  if (!frame_) return;
-  for (Button& button : buttons_) button.enabled = isOffered(button.key, *frame_, rights_);
+  for (Button& button : buttons_) {
+    button.enabled = frame_ ? isOffered(button.key, *frame_, rights_)
+                            : isOffered(button.key, modified_, rights_);
+  }
   changed.raise();
 }
 

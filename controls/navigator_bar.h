@@ -16,6 +16,7 @@ struct Rights {
 
 /// The bar of record buttons. Bound to a frame it carries the frame's actions
 /// out and offers just what the frame's state and the user's rights allow.
+/// Unbound it offers to confirm and to undo what its page says is modified.
 class NavigatorBar : public Control {
  public:
   struct Button {
@@ -29,6 +30,8 @@ class NavigatorBar : public Control {
   void bind(RecordFrame& frame);
   void unbind();
   void setRights(const Rights& rights);
+  /// Whether the page of an unbound bar has changes that are not stored.
+  void setModified(bool modified);
 
   const std::vector<Button>& buttons() const { return buttons_; }
   bool isButtonEnabled(const std::string& key) const;
@@ -49,6 +52,7 @@ class NavigatorBar : public Control {
   ControlHost& host_;
   RecordFrame* frame_ = nullptr;
   Rights rights_;
+  bool modified_ = false;
   std::vector<Button> buttons_;
 };
 

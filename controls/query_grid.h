@@ -16,6 +16,7 @@ namespace kebu::controls {
 enum class ColumnKind {
   Text,         ///< shown, not edited
   Number,       ///< edited as a number
+  Figure,       ///< a number that is shown, not edited
   Check,        ///< a flag, 1 or 0
   ValueList,    ///< a code shown by its caption
   Lookup,       ///< a code with a look-up
@@ -24,7 +25,12 @@ enum class ColumnKind {
 
 /// Whether the user changes cells of such a column at all.
 constexpr bool isChangeable(ColumnKind kind) {
-  return kind != ColumnKind::Text && kind != ColumnKind::Description;
+  return kind != ColumnKind::Text && kind != ColumnKind::Figure && kind != ColumnKind::Description;
+}
+
+/// Whether its cells are numbers, which line up at their right.
+constexpr bool isNumeric(ColumnKind kind) {
+  return kind == ColumnKind::Number || kind == ColumnKind::Figure;
 }
 
 struct ValueListItem {

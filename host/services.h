@@ -88,6 +88,8 @@ class LookupService : public Service {
  public:
   virtual LookupDefinition DocumentTypes(const std::string& company) = 0;
   virtual LookupDefinition Customers(const std::string& company) = 0;
+  /// The configurator's variants ("Lkp_Configuratore"), by their numbers.
+  virtual LookupDefinition Configurator(const std::string& company) = 0;
   /// The customers with the name first, which is what is taken.
   virtual LookupDefinition CustomerNames(const std::string& company) = 0;
   virtual LookupDefinition Suppliers(const std::string& company) = 0;

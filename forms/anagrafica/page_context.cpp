@@ -19,9 +19,17 @@ std::string PageContext::profileIdText() const {
 }
 
 Ref<ado::Recordset> PageContext::openEditable(const std::string& statement) const {
+  return open(statement, ado::LockType::Optimistic);
+}
+
+Ref<ado::Recordset> PageContext::openReadable(const std::string& statement) const {
+  return open(statement, ado::LockType::ReadOnly);
+}
+
+Ref<ado::Recordset> PageContext::open(const std::string& statement, ado::LockType lock) const {
   Ref<ado::Recordset> rows = newRecordset();
   rows->setCursorLocation(ado::CursorLocation::Client);
-  rows->Open(statement, connection, ado::CursorType::Static, ado::LockType::Optimistic);
+  rows->Open(statement, connection, ado::CursorType::Static, lock);
   return rows;
 }
 

@@ -15,6 +15,7 @@ FieldView::~FieldView() {
 }
 
 void FieldView::place(const layout::Placement& placement) {
+  headsColumn_ = placement.caption.bottom() <= placement.bounds.top;
   moveWindow(caption_, placement.caption);
   ShowWindow(caption_, placement.caption.isEmpty() ? SW_HIDE : SW_SHOWNA);
   moveWindow(control_, placement.bounds);
@@ -35,7 +36,8 @@ void FieldView::applyTheme() {
 
 HBRUSH FieldView::colours(HDC dc, HWND window) {
   if (window != caption_) return nullptr;
-  SetTextColor(dc, looksEnabled() ? theme().colours().muted : theme().colours().faint);
+  SetTextColor(dc,
+               looksEnabled() || headsColumn_ ? theme().colours().muted : theme().colours().faint);
   SetBkColor(dc, behind());
   return behindBrush();
 }

@@ -27,6 +27,7 @@ class FieldView : public View {
 
  private:
   HWND caption_;
+  bool headsColumn_ = false;  ///< the caption stands above, for the fields below too
   HWND control_ = nullptr;
   std::size_t mnemonic_ = std::string::npos;
 };

@@ -51,7 +51,9 @@ int GridControl::gutter() const {
 
 int GridControl::columnWidth(std::size_t column) const {
   const int drawn = column < widths_.size() ? widths_[column] : 0;
-  return theme_->px(std::max(drawn ? drawn : source_.columns()[column].width, leastColumn));
+  if (drawn) return theme_->px(std::max(drawn, leastColumn));
+  const int needed = column < needed_.size() ? needed_[column] : 0;
+  return std::max(theme_->px(std::max(source_.columns()[column].width, leastColumn)), needed);
 }
 
 int GridControl::columnLeft(std::size_t column) const {
@@ -191,12 +193,14 @@ void GridControl::showColumn(std::size_t column) {
 void GridControl::sourceChanged() {
   if (column_ >= source_.columns().size()) column_ = 0;
   if (widths_.size() != source_.columns().size()) widths_.assign(source_.columns().size(), 0);
+  measureColumns();
   updateScrollBars();
   invalidate();
 }
 
 void GridControl::themeChanged() {
   commit();
+  needed_.clear();
   sourceChanged();
 }
 

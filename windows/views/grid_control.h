@@ -56,6 +56,10 @@ class GridControl : public Window {
   int gutter() const;
   int columnLeft(std::size_t column) const;
   int columnWidth(std::size_t column) const;
+  /// Finds what the columns need at the least.
+  void measureColumns();
+  int headNeeds(const GridSource::Column& column) const;
+  int cellsNeed(std::size_t column) const;
   int totalWidth() const;
   int visibleRows() const;
   std::int32_t lastTopRow() const;
@@ -87,6 +91,8 @@ class GridControl : public Window {
   const Theme* theme_;
   GridSource& source_;
   std::vector<int> widths_;  ///< of columns the user has drawn wider, in 96ths; else 0
+  std::vector<int> needed_;  ///< widths at the least, in pixels, for columns not drawn by the user
+  std::int32_t measuredRows_ = 0;
   std::map<std::size_t, bool> allTicked_;
   std::int32_t topRow_ = 1;
   int leftOffset_ = 0;

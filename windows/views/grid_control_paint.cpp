@@ -39,7 +39,7 @@ void GridControl::paintHead(HDC dc) {
                source_.isEnabled() && source_.rowCount() > 0, theme_->px(14));
       area.left = tickAllBounds(i).right + theme_->px(5);
     }
-    const UINT align = column.kind == ColumnKind::Number ? DT_RIGHT : DT_LEFT;
+    const UINT align = isNumeric(column.kind) ? DT_RIGHT : DT_LEFT;
     area.right -= theme_->px(6);
     text(dc, toWide(column.caption), area, colours.muted, theme_->strong(), DT_NOPREFIX | align);
   }
@@ -100,7 +100,7 @@ void GridControl::paintCell(HDC dc, std::int32_t row, std::size_t column, const 
     const COLORREF ink = !source_.isEnabled() || locked    ? colours.faint
                          : kind == ColumnKind::Description ? colours.muted
                                                            : colours.text;
-    const UINT align = kind == ColumnKind::Number ? DT_RIGHT : DT_LEFT;
+    const UINT align = isNumeric(kind) ? DT_RIGHT : DT_LEFT;
     text(dc, toWide(shown), inside, ink, theme_->font(), align | DT_NOPREFIX);
   }
   if (isCurrentCell && GetFocus() == handle()) frame(dc, area, colours.accent);

@@ -1,5 +1,7 @@
 #include "windows/views/side_bar_view.h"
 
+#include <utility>
+
 #include "windows/views/guard.h"
 #include "windows/views/painting.h"
 #include "windows/views/wide_text.h"
@@ -13,6 +15,8 @@ SideBarView::SideBarView(ViewSite& site, controls::SideBar& model, HWND parent)
                           WS_VISIBLE | WS_TABSTOP | WS_VSCROLL | LBS_NOTIFY | LBS_OWNERDRAWFIXED |
                               LBS_HASSTRINGS | LBS_NOINTEGRALHEIGHT,
                           0, parent)) {
+  listBox_ = reinterpret_cast<WNDPROC>(
+      SetWindowLongPtrW(window_, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(listProcedure)));
   applyTheme();
 }
 
@@ -47,6 +51,29 @@ void SideBarView::command(HWND /*from*/, UINT code) {
   if (code != LBN_SELCHANGE) return;
   const auto index = static_cast<int>(SendMessageW(window_, LB_GETCURSEL, 0, 0));
   if (index >= 0 && index != chosenIndex()) open(static_cast<std::size_t>(index));
+}
+
+int SideBarView::indexAt(LPARAM point) const {
+  const LRESULT found = SendMessageW(window_, LB_ITEMFROMPOINT, 0, point);
+  return HIWORD(found) ? -1 : LOWORD(found);  // the high word tells that it is beside the items
+}
+
+// A click on the chosen link opens its page anew, which the list itself tells nobody.
+LRESULT CALLBACK SideBarView::listProcedure(HWND window, UINT message, WPARAM wParam,
+                                            LPARAM lParam) {
+  auto& self = static_cast<SideBarView&>(*viewOf(window));
+  if (message == WM_LBUTTONDOWN) {
+    const int index = self.indexAt(lParam);
+    self.pressed_ = index == self.chosenIndex() ? index : -1;
+  }
+  const LRESULT result = CallWindowProcW(self.listBox_, window, message, wParam, lParam);
+  if (message == WM_LBUTTONUP) {
+    const int pressed = std::exchange(self.pressed_, -1);
+    if (pressed >= 0 && pressed == self.indexAt(lParam)) {
+      self.open(static_cast<std::size_t>(pressed));
+    }
+  }
+  return result;
 }
 
 void SideBarView::open(std::size_t index) {

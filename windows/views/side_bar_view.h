@@ -27,9 +27,13 @@ class SideBarView : public View {
  private:
   int chosenIndex() const;
   void open(std::size_t index);
+  int indexAt(LPARAM point) const;
+  static LRESULT CALLBACK listProcedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam);
 
   controls::SideBar& model_;
   HWND window_;
+  WNDPROC listBox_ = nullptr;  ///< the list's own procedure
+  int pressed_ = -1;           ///< the chosen link, while the mouse is down on it
 };
 
 }  // namespace kebu::windows

@@ -17,8 +17,9 @@ RowSet::RowSet(ResultSet result)
   for (std::size_t i = 0; i < result.rows.size(); ++i) {
     Row& row = rows.emplace_back();
     row.values = std::move(result.rows[i]);
+    if (table.empty()) continue;
     row.original = row.values;
-    if (!table.empty()) row.id = result.rowIds[i];
+    row.id = result.rowIds[i];
   }
 }
 

@@ -43,7 +43,9 @@ struct Row {
   enum class Pending { Nothing, Insert, Update, Delete };
 
   Values values;
-  Values original;      ///< as the database has it; empty for a row that it does not have yet
+  /// As the database has it. Empty for a row that it does not have yet, and
+  /// where rows cannot be written back: there the values are the original.
+  Values original;
   std::int64_t id = 0;  ///< the row's id in its table
   Pending pending = Pending::Nothing;
   FieldList changed;  ///< fields that differ from `original`

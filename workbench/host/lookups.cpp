@@ -32,6 +32,15 @@ host::LookupDefinition Lookups::Customers(const std::string& company) {
           {"Codice cliente", "Ragione sociale", "Localita'", "Provincia"}};
 }
 
+// A variant's code is its number behind an "A".
+host::LookupDefinition Lookups::Configurator(const std::string& company) {
+  return {"Elenco varianti configuratore",
+          "SELECT SUBSTRING(MG5F_CODICEVAR, 2, 9), MG5F_DESCR_VAR FROM MG5F_DIMECONF WITH (NOLOCK)"
+          " WHERE MG5F_DITTA_CG18 = " +
+              company + " ORDER BY MG5F_CODICEVAR",
+          {"Codice variante", "Descrizione"}};
+}
+
 host::LookupDefinition Lookups::CustomerNames(const std::string& company) {
   return {"Elenco clienti",
           customerRows("CG16_RAGSOANAG, CG44_CLIFOR", company, 0, "CG16_RAGSOANAG"),

@@ -9,6 +9,7 @@ class Lookups : public host::LookupService {
   void Initialize(const Ref<host::Cinterface>& /*host*/) override {}
   host::LookupDefinition DocumentTypes(const std::string& company) override;
   host::LookupDefinition Customers(const std::string& company) override;
+  host::LookupDefinition Configurator(const std::string& company) override;
   host::LookupDefinition CustomerNames(const std::string& company) override;
   host::LookupDefinition Suppliers(const std::string& company) override;
   host::LookupDefinition Codes(const std::string& table, const std::string& company,

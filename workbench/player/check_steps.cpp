@@ -69,7 +69,12 @@ constexpr Aspect aspects[] = {
     {"required", true,
      [](const ControlView& v) { return std::string(flagText(isMarked(v, "required"))); }},
     {"caption", false, [](const ControlView& v) { return v.caption; }},
-    {"rows", false, [](const ControlView& v) { return std::to_string(gridOf(v).rowCount); }},
+    {"rows", false,
+     [](const ControlView& v) {
+       // A combo's or bar's entries are its rows.
+       return std::to_string(v.items.empty() ? gridOf(v).rowCount
+                                             : static_cast<std::int32_t>(v.items.size()));
+     }},
     {"row", false, [](const ControlView& v) { return std::to_string(gridOf(v).currentRow); }},
 };
 

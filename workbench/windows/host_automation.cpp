@@ -112,6 +112,8 @@ constexpr Member<host::LookupService> lookupMembers[] = {
      [](host::LookupService& s, Argument a) { return definition(s.DocumentTypes(a.text(0))); }},
     {L"Customers",
      [](host::LookupService& s, Argument a) { return definition(s.Customers(a.text(0))); }},
+    {L"Configurator",
+     [](host::LookupService& s, Argument a) { return definition(s.Configurator(a.text(0))); }},
     {L"CustomerNames",
      [](host::LookupService& s, Argument a) { return definition(s.CustomerNames(a.text(0))); }},
     {L"Suppliers",

@@ -32,11 +32,13 @@ FRMKB_ANAGRAFICA::FRMKB_ANAGRAFICA(const Runtime& runtime)
       progress_(services_, runtime.desktop, {SBAR_MAIN, pages_.GRPMAIN_LISTINI, INAV_PAR}),
       synchronisation_(context_),
       parameters_(context_, INAV_PAR),
+      categories_(context_, INAV_CATCLIART, parameters_),
       deposits_(context_),
       priceLists_(context_, progress_),
+      preview_(context_, progress_),
       filters_(context_),
       profile_(context_, INAV_PAR,
-               {parameters_, deposits_, priceLists_, filters_, synchronisation_}),
+               {parameters_, categories_, deposits_, priceLists_, filters_, synchronisation_}),
       GRP_LISTINI("GRP_LISTINI", "Listini da pubblicare"),
       GRP_AGGLISTINI("GRP_AGGLISTINI", "Aggiornamento prezzi"),
       GRP_DEP("GRP_DEP", "Depositi da pubblicare") {
@@ -62,11 +64,13 @@ void FRMKB_ANAGRAFICA::buildPages() {
 
   profile_.place(pages_.GRPMAIN_PAR, pages_.GRPMAIN_CATCLIENTI, pages_.GRPMAIN_CATART);
   parameters_.place(pages_.GRPMAIN_PAR, pages_.GRPMAIN_SCONTI);
+  categories_.place(profile_.GRP_CATCLI, profile_.GRP_CATART);
   GRP_LISTINI.add(priceLists_.QGRID_LISTINI);
   GRP_AGGLISTINI.add(priceLists_.BTN_AGGLISTINI);
   pages_.GRPMAIN_LISTINI.addAll(GRP_LISTINI, GRP_AGGLISTINI);
   GRP_DEP.add(deposits_.QGRID_DEP);
   pages_.GRPMAIN_GIACENZE.add(GRP_DEP);
+  pages_.GRPMAIN_RIEPART.add(preview_.QGRID_ART);
   filters_.place(pages_.GRPMAIN_FILTROCLI, pages_.GRPMAIN_FILTROART);
 
   addAll(SBAR_MAIN, TITLEBAR, INAV_PAR, INAV_CATCLIART, FME_ANAGRAFICA, parameters_.FME_PARAMETRI);
@@ -131,7 +135,9 @@ void FRMKB_ANAGRAFICA::Form_Activate() {
 
 void FRMKB_ANAGRAFICA::applyRights(Steps& step) {
   step([&] {
-    INAV_PAR.setRights({host()->CanInsert(), host()->CanUpdate(), host()->CanDelete()});
+    const controls::Rights rights{host()->CanInsert(), host()->CanUpdate(), host()->CanDelete()};
+    INAV_PAR.setRights(rights);
+    INAV_CATCLIART.setRights(rights);
   });
 }
 
@@ -147,9 +153,11 @@ void FRMKB_ANAGRAFICA::setUp(Steps& step) {
   step([&] { SBAR_MAIN.selectFirst(); });
   step([&] { TITLEBAR.setCaption(SBAR_MAIN.links().front().text); });
 
+  categories_.CaricaComboClientiArticoli();
   parameters_.CaricoCombo();
   progress_.InizializzaProgressAnimation();
   profile_.ImpostaVirtualFrame();
+  categories_.LetturaDatiConfigurazioneCategorie();
   deposits_.ImpostaQGRID_DEP();
   deposits_.ImpostaRstDepositi();
   priceLists_.ImpostaQGRID_Listini();
@@ -262,10 +270,18 @@ void FRMKB_ANAGRAFICA::show(std::string_view control) {
 
 void FRMKB_ANAGRAFICA::VisualizzaVista(std::int32_t number) {
   trap(services_, "VisualizzaVista", [&](Steps& step) {
-    NascondiViste();
     const auto* view = std::find_if(std::begin(views), std::end(views),
                                     [&](const View& v) { return v.number == number; });
-    if (view != std::end(views)) {
+    const bool isKnown = view != std::end(views);
+    if (isKnown && view->preview != PreviewKind::None) {
+      // The page of before stays until there is something to show, or for good.
+      if (!preview_.load(view->preview)) return;
+      NascondiViste();
+    } else {
+      NascondiViste();
+      preview_.release();
+    }
+    if (isKnown) {
       step([&] { show(view->group); });
       step([&] { show(view->navigatorBar); });
     }
@@ -337,6 +353,8 @@ void FRMKB_ANAGRAFICA::releaseHostObjects() {
   context_.specifications.reset();
   filters_.release();
   synchronisation_.setEnvironment(nullptr);
+  categories_.close();
+  preview_.release();
   sqlDecode_.reset();
   lookups_.reset();
   filterSpecifications_.reset();

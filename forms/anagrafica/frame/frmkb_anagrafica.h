@@ -8,10 +8,12 @@
 #include "controls/mdi_container.h"
 #include "controls/navigator_bar.h"
 #include "controls/simple_controls.h"
+#include "forms/anagrafica/categories/categories_page.h"
 #include "forms/anagrafica/filters/filter_pages.h"
 #include "forms/anagrafica/frame/page_groups.h"
 #include "forms/anagrafica/frame/progress_display.h"
 #include "forms/anagrafica/page_context.h"
+#include "forms/anagrafica/preview/preview_page.h"
 #include "forms/anagrafica/pricelists/deposits_page.h"
 #include "forms/anagrafica/pricelists/price_lists_page.h"
 #include "forms/anagrafica/profile/parameter_page.h"
@@ -88,8 +90,10 @@ class FRMKB_ANAGRAFICA : public controls::Form {
   ProgressDisplay progress_;
   Synchronisation synchronisation_;
   ParameterPage parameters_;
+  CategoriesPage categories_;
   DepositsPage deposits_;
   PriceListsPage priceLists_;
+  PreviewPage preview_;
   FilterPages filters_;
   ProfilePage profile_;
   controls::GroupBox GRP_LISTINI;

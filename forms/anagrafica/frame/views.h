@@ -3,6 +3,8 @@
 #include <cstdint>
 #include <string_view>
 
+#include "forms/anagrafica/preview/preview_page.h"
+
 namespace kebu::forms {
 
 /// The window's pages: the side bar's link, and the group and navigator bar
@@ -11,13 +13,18 @@ struct View {
   std::int32_t number;
   std::string_view link;
   std::string_view group;
-  std::string_view navigatorBar;
+  std::string_view navigatorBar;  ///< "" for none
+  PreviewKind preview = PreviewKind::None;
 };
 
 inline constexpr View views[] = {
     {1, "Parametri", "GRPMAIN_PAR", "INAV_PAR"},
     {2, "Listini", "GRPMAIN_LISTINI", "INAV_PAR"},
     {3, "Depositi", "GRPMAIN_GIACENZE", "INAV_PAR"},
+    {6, "Categorie clienti", "GRPMAIN_CATCLIENTI", "INAV_CATCLIART"},
+    {7, "Categorie articoli", "GRPMAIN_CATART", "INAV_CATCLIART"},
+    {8, "Anteprima articoli", "GRPMAIN_RIEPART", "", PreviewKind::Articles},
+    {9, "Anteprima clienti", "GRPMAIN_RIEPART", "", PreviewKind::Customers},
     {10, "Filtro clienti", "GRPMAIN_FILTROCLI", "INAV_PAR"},
     {11, "Filtro articoli", "GRPMAIN_FILTROART", "INAV_PAR"},
 };

@@ -281,6 +281,18 @@ void ParameterPage::FME_PARAMETRI_UpdateBatchAll() {
   });
 }
 
+void ParameterPage::storeCustomerNotes(Steps& step) {
+  if (!FME_PARAMETRI.hasRecord()) return;
+  const std::string& text = TXT_GM04_NUMNOTECLIENTI.text();
+  const bool none = step([&] { return equalAsVariants(CDecN(text), std::int32_t{0}); });
+  step([&] {
+    FME_PARAMETRI.setField("GM04_NUMNOTECLIENTI", none ? Value(Null{}) : Value(text));
+    rows_->Update();
+  });
+  step([&] { rows_->UpdateBatch(); });
+  step([&] { TXT_GM04_NUMNOTECLIENTI.refreshFromRecord(); });
+}
+
 bool ParameterPage::VerificaDepositoDocumento(const std::string& document) {
   return trap(context_.services, "VerificaDepositoDocumento", [&](Steps& step) {
     const Ref<ado::Recordset> rows = step([&] {

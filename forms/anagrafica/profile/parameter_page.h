@@ -61,6 +61,8 @@ class ParameterPage {
   void ShowChild();
   void ClearChild();
   void FME_PARAMETRI_ChangeStatus();
+  /// Stores the number of customer notes by itself, apart from the profile's save.
+  void storeCustomerNotes(Steps& step);
 
  private:
   void bindControls();

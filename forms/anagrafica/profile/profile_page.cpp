@@ -97,8 +97,12 @@ void ProfilePage::FME_ANAGRAFICA_AfterUpdate() {
     dependents_.deposits.ConfermaModificheDepositi();
     dependents_.priceLists.ConfermaModificheListini();
     dependents_.synchronisation.SchedulaAttJob();
-    // A profile that has just come into being has its price slots made now.
-    if (!equalAsVariants(loadedProfile_, context_.profileId())) reloadDependents();
+    // A profile that has just come into being has its price slots made now, and
+    // the usual categories proposed.
+    if (!equalAsVariants(loadedProfile_, context_.profileId())) {
+      dependents_.categories.LetturaDatiConfigurazioneCategorie();
+      reloadDependents();
+    }
   });
 }
 
@@ -114,7 +118,10 @@ void ProfilePage::FME_ANAGRAFICA_BeforeDelete(bool& cancel) {
 }
 
 void ProfilePage::FME_ANAGRAFICA_AfterDelete() {
-  trap(context_.services, "FME_ANAGRAFICA_AfterDelete", [&](Steps&) { reloadDependents(); });
+  trap(context_.services, "FME_ANAGRAFICA_AfterDelete", [&](Steps&) {
+    dependents_.categories.LetturaDatiConfigurazioneCategorie();
+    reloadDependents();
+  });
 }
 
 void ProfilePage::FME_ANAGRAFICA_AfterUndo() {

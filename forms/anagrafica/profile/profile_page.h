@@ -3,6 +3,7 @@
 #include "controls/edit_box.h"
 #include "controls/navigator_bar.h"
 #include "controls/simple_controls.h"
+#include "forms/anagrafica/categories/categories_page.h"
 #include "forms/anagrafica/filters/filter_pages.h"
 #include "forms/anagrafica/page_context.h"
 #include "forms/anagrafica/pricelists/deposits_page.h"
@@ -15,6 +16,7 @@ namespace kebu::forms {
 /// The pages that are loaded and saved with the profile.
 struct ProfileDependents {
   ParameterPage& parameters;
+  CategoriesPage& categories;
   DepositsPage& deposits;
   PriceListsPage& priceLists;
   FilterPages& filters;

@@ -26,6 +26,7 @@ constexpr int widestField = 440;
 constexpr int longestShort = 30;  // characters of a box that is not stretched
 constexpr int twoColumnsFrom = 720;
 constexpr int leastGrid = 190;
+constexpr int tableCombo = 250;
 
 bool isField(const Control& control) {
   return dynamic_cast<const controls::EditBox*>(&control) ||
@@ -53,6 +54,24 @@ const Control* descriptionOf(const Control& control) {
 bool hasLookup(const Control& control) {
   const auto* box = dynamic_cast<const controls::EditBox*>(&control);
   return box && box->hasLookup();
+}
+
+/// "(2)" of "TXT_COD(2)", an element of a control array; "" for other controls.
+std::string elementOf(const Control& control) {
+  const std::string name = control.Name();
+  const std::size_t open = name.find('(');
+  return open == std::string::npos || name.back() != ')' ? "" : name.substr(open);
+}
+
+/// How many fields from `first` on are the elements of different arrays with the same index.
+std::size_t lineLength(const std::vector<Control*>& controls, std::size_t first) {
+  const std::string element = elementOf(*controls[first]);
+  if (element.empty()) return 1;
+  std::size_t end = first;
+  while (end < controls.size() && isField(*controls[end]) && elementOf(*controls[end]) == element) {
+    ++end;
+  }
+  return std::max<std::size_t>(end - first, 1);
 }
 
 bool holdsAnythingShown(const GroupBox& group) {
@@ -90,8 +109,13 @@ bool PageLayout::grows(const Control& control) const {
 
 int PageLayout::captionColumn(const Controls& controls) const {
   int widest = 0;
+  const Control* before = nullptr;
   for (const Control* control : controls) {
     if (!control->isVisible()) continue;
+    const bool isHeaded =
+        before && !elementOf(*control).empty() && elementOf(*control) == elementOf(*before);
+    before = control;
+    if (isHeaded) continue;
     if (const auto* group = dynamic_cast<const GroupBox*>(control)) {
       widest = std::max(widest, captionColumn(group->children()));
     } else if (isField(*control) && !control->caption().empty()) {
@@ -178,6 +202,43 @@ PageLayout::Block PageLayout::lineBlock(const Controls& line) {
   return block;
 }
 
+// The first field's caption stands before the line, the others' head their columns.
+PageLayout::Block PageLayout::tableLineBlock(const Controls& line, bool headed) {
+  const int heading = headed ? metrics_.lineHeight + metrics_.px(4) : 0;
+  Block block;
+  block.height = heading + metrics_.fieldHeight();
+  block.gap = metrics_.px(rowGap);
+  block.place = [this, line, heading](const Rect& area) {
+    const int gap = metrics_.px(partGap);
+    const int top = area.top + heading;
+    const int height = area.height - heading;
+    int left = area.left + captionColumn_ + metrics_.px(captionGap);
+    placements_[line.front()].caption = {area.left, top, captionColumn_, height};
+    for (const Control* control : line) {
+      Placement& placement = placements_[control];
+      const bool isLast = control == line.back();
+      const int room = std::max(area.right() - left, 0);
+      const int button = hasLookup(*control) ? metrics_.px(26) : 0;
+      int width = fieldWidth(*control);
+      if (dynamic_cast<const controls::ComboBox*>(control)) {
+        width = std::min(metrics_.px(tableCombo), room * 2 / 5);
+      } else if (!isLast) {
+        width = std::max(width, metrics_.textWidth(control->caption()) + gap - button);
+      }
+      width = std::min(width, std::max(room - button, 0));
+      placement.bounds = {left, top, width, height};
+      if (button) {
+        placement.lookup = {left + width + metrics_.px(2), top, button - metrics_.px(2), height};
+      }
+      if (heading && control != line.front()) {
+        placement.caption = {left, area.top, width + button, heading};
+      }
+      left += width + button + gap;
+    }
+  };
+  return block;
+}
+
 PageLayout::Block PageLayout::wholeBlock(Control& control) {
   Block block;
   block.height = metrics_.px(leastGrid);
@@ -249,7 +310,17 @@ PageLayout::Blocks PageLayout::blocksOf(const Controls& controls, int width) {
   }
 
   Blocks blocks;
+  bool inTable = false;
   for (std::size_t i = 0; i < shown.size();) {
+    if (const std::size_t length = lineLength(shown, i); length > 1) {
+      const auto from = shown.begin() + static_cast<std::ptrdiff_t>(i);
+      blocks.push_back(
+          tableLineBlock(Controls(from, from + static_cast<std::ptrdiff_t>(length)), !inTable));
+      inTable = true;
+      i += length;
+      continue;
+    }
+    inTable = false;
     Control& control = *shown[i++];
     if (auto* editor = dynamic_cast<controls::QueryEditor*>(&control)) {
       blocks.push_back(editorBlock(*editor));

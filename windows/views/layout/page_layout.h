@@ -28,8 +28,9 @@ enum Sides : std::int32_t { leftSide = 1, topSide = 2, rightSide = 4, bottomSide
 
 /// Finds the places of the controls of a page, which themselves carry none:
 /// fields one below the other with their captions in a column, descriptions
-/// beside their codes, groups as cards, in two columns where there is room, and
-/// what the resize manager lets grow filling what is left.
+/// beside their codes, the elements of control arrays in the lines of a table,
+/// groups as cards, in two columns where there is room, and what the resize
+/// manager lets grow filling what is left.
 class PageLayout {
  public:
   PageLayout(Metrics metrics, const Rules& rules);
@@ -60,6 +61,7 @@ class PageLayout {
   Blocks blocksOf(const Controls& controls, int width);
   Block fieldBlock(controls::Control& field);
   Block lineBlock(const Controls& line);
+  Block tableLineBlock(const Controls& line, bool headed);
   Block groupBlock(controls::GroupBox& group, int width);
   Block columnsBlock(const std::vector<controls::GroupBox*>& groups, int width);
   Block wholeBlock(controls::Control& control);

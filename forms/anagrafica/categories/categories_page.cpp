@@ -1,0 +1,180 @@
+#include "forms/anagrafica/categories/categories_page.h"
+
+#include "common/convert.h"
+#include "common/nulls.h"
+#include "common/platform.h"
+#include "sql/categories.h"
+
+namespace kebu::forms {
+
+CategoriesPage::CategoriesPage(PageContext& context, controls::NavigatorBar& navigator,
+                               ParameterPage& parameters)
+    : context_(context),
+      navigator_(navigator),
+      parameters_(parameters),
+      customers_(customerCategories, context, catalogue_, [this] { navigator_.setModified(true); }),
+      articles_(articleCategories, context, catalogue_, [this] { navigator_.setModified(true); }) {
+  navigator_.ButtonClick.on(
+      [this](bool&, const std::string& button) { INAV_CATCLIART_ButtonClick(button); });
+}
+
+void CategoriesPage::place(controls::GroupBox& customers, controls::GroupBox& articles) {
+  customers_.place(customers);
+  articles_.place(articles);
+  articlePage_ = &articles;
+}
+
+void CategoriesPage::INAV_CATCLIART_ButtonClick(const std::string& button) {
+  if (button == "Conferma") ConfermaModificheCategorie();
+  if (button == "Annulla") LetturaDatiConfigurazioneCategorie();
+}
+
+void CategoriesPage::CaricaComboClientiArticoli() {
+  trap(context_.services, "CaricaComboClientiArticoli", [&](Steps& step) {
+    const std::int16_t none = 0;
+    for (CategoryLevels* levels : {&customers_, &articles_}) {
+      for (auto& level : levels->levels()) {
+        level.classification.clear();
+        step([&] { level.classification.addRow(none, context_.translate("Seleziona...")); });
+      }
+    }
+    step([&] { catalogue_.open(context_); });
+    addCatalogue(step);
+    for (CategoryLevels* levels : {&customers_, &articles_}) {
+      for (auto& level : levels->levels()) {
+        for (const FixedClassification& fixed : levels->kind().fixed) {
+          level.classification.addRow(fixed.code, std::string(fixed.caption));
+        }
+        level.classification.select(none);
+      }
+    }
+  });
+}
+
+void CategoriesPage::addCatalogue(Steps& step) {
+  const Ref<ado::Recordset> rows = catalogue_.rows();
+  while (rows && step([&] { return !rows->EOF_(); })) {
+    const auto entry = step([&] { return catalogue_.current(); });
+    if (entry.entity == customerCategories.entity) {
+      for (auto& level : customers_.levels()) {
+        level.classification.addRow(entry.code, entry.description);
+      }
+    } else if (entry.entity == articleCategories.entity) {
+      for (auto& level : articles_.levels()) {
+        // Asked anew for every combo, and meant so.
+        if (isOffered(toInt32(CDecN(entry.code)), step)) {
+          level.classification.addRow(entry.code, entry.description);
+        }
+      }
+    }
+    step([&] { rows->MoveNext(); });
+  }
+}
+
+bool CategoriesPage::isOffered(std::int32_t articleClassification, Steps& step) {
+  const auto exists = [&](std::string (*statement)(const std::string&)) {
+    return step(
+        [&] { return !context_.connection->Execute(statement(context_.companyText()))->EOF_(); });
+  };
+  switch (additionalCodeOf(articleClassification)) {
+    case AdditionalCode::ConfigurationVariant:
+      return exists(sql::EsisteVariante);
+    case AdditionalCode::ArticleDimension:
+      return exists(sql::EsisteDimensione);
+    default:
+      return true;
+  }
+}
+
+void CategoriesPage::LetturaDatiConfigurazioneCategorie() {
+  trap(context_.services, "LetturaDatiConfigurazioneCategorie", [&](Steps& step) {
+    step([&] { customers_.clear(); });
+    step([&] { articles_.clear(); });
+    const Ref<ado::Recordset> rows = step(
+        [&] { return context_.connection->Execute(sql::Categorie(context_.profileIdText())); });
+    if (step([&] { return rows->EOF_(); })) {
+      step([&] { showDefaults(); });
+      navigator_.setModified(true);
+      return;
+    }
+    while (step([&] { return !rows->EOF_(); })) {
+      step([&] {
+        const std::int32_t entity = toInt32(CDecN(rows->value("GM19_INDENTITA")));
+        for (CategoryLevels* levels : {&customers_, &articles_}) {
+          if (entity != levels->kind().entity) continue;
+          levels->show(
+              toInt32(CDecN(rows->value("GM19_PROG"))), RTrimN(rows->value("GM19_INDCLASSIF")),
+              RTrimN(rows->value("GM19_CODCLASSIF")), RTrimN(rows->value("GM19_DESCRCLASSIF")));
+        }
+      });
+      step([&] { rows->MoveNext(); });
+    }
+    navigator_.setModified(false);
+  });
+}
+
+// What most companies publish, to be confirmed.
+void CategoriesPage::showDefaults() {
+  const auto& fixed = articleCategories.fixed;
+  for (std::int32_t level : {1, 2}) {
+    const FixedClassification& proposed = fixed[static_cast<std::size_t>(level - 1)];
+    articles_.show(level, std::to_string(proposed.code), "", std::string(proposed.caption));
+  }
+}
+
+void CategoriesPage::ConfermaModificheCategorie() {
+  trap(context_.services, "ConfermaModificheCategorie", [&](Steps& step) {
+    if (equalAsVariants(context_.profileId(), std::int32_t{0})) {
+      step([&] {
+        context_.services.message("Salvare prima il profilo di collegamento.", msgbox::information);
+      });
+      return;
+    }
+    const Ref<ado::Recordset> rows = step([&] { return context_.newRecordset(); });
+    step([&] {
+      rows->setCursorLocation(ado::CursorLocation::Client);
+      rows->Open(sql::Categorie(context_.profileIdText()), context_.connection,
+                 ado::CursorType::Static, ado::LockType::BatchOptimistic);
+    });
+    // When the user goes on without it nothing can be stored.
+    if (!step([&] { return rows->isOpen(); })) return;
+    store(customers_, rows, step);
+    store(articles_, rows, step);
+    step([&] { rows->setFilter(""); });
+    step([&] { rows->UpdateBatch(); });
+    if (articlePage_->isShown()) parameters_.storeCustomerNotes(step);
+    // A batch that was skipped on the user's word is still to be stored.
+    navigator_.setModified(rows->hasPendingBatch());
+  });
+}
+
+void CategoriesPage::store(CategoryLevels& levels, const Ref<ado::Recordset>& rows, Steps& step) {
+  std::int16_t number = 0;
+  for (const auto& level : levels.levels()) {
+    ++number;
+    const int entity = levels.kind().entity;
+    const std::int32_t chosen = CategoryLevels::chosen(level);
+    step([&] { rows->setFilter(sql::FiltroCategoria(number, entity)); });
+    const bool stored = step([&] { return !rows->EOF_(); });
+    if (stored && chosen == 0) {
+      step([&] { rows->Delete(); });
+      continue;
+    }
+    if (!stored && chosen <= 0) continue;
+    const auto set = [&](const char* column, const Value& value) {
+      step([&] { rows->setValue(column, value); });
+    };
+    if (!stored) {
+      step([&] { rows->AddNew(); });
+      set("GM19_IDDISPOSITIVO_GM03", context_.profileId());
+      set("GM19_PROG", number);
+      set("GM19_INDENTITA", static_cast<std::int16_t>(entity));
+    }
+    set("GM19_INDCLASSIF", level.classification.text());
+    set("GM19_CODCLASSIF", level.code.text());
+    set("GM19_DESCRCLASSIF", level.description.text());
+    step([&] { rows->Update(); });
+  }
+}
+
+}  // namespace kebu::forms

@@ -1,0 +1,177 @@
+#include "forms/anagrafica/categories/category_levels.h"
+
+#include "common/convert.h"
+#include "common/nulls.h"
+#include "common/platform.h"
+#include "sql/categories.h"
+
+namespace kebu::forms {
+
+namespace {
+
+constexpr std::size_t longestCode = 20;
+constexpr std::size_t longestDescription = 60;
+
+std::string element(std::string_view array, int index) {
+  return std::string(array) + "(" + std::to_string(index) + ")";
+}
+
+void clearBoxes(CategoryLevels::Level& level) {
+  level.code.setText("");
+  level.description.setText("");
+}
+
+}  // namespace
+
+CategoryLevels::Level::Level(const CategoryKind& kind, int index)
+    : classification(element(kind.combos, index), "Livello " + std::to_string(index + 1)),
+      code(element(kind.codes, index), "Codice aggiuntivo"),
+      description(element(kind.descriptions, index), "Descrizione") {
+  classification.setShowsCodes(false);
+  code.setMaxLength(longestCode);
+  description.setMaxLength(longestDescription);
+}
+
+CategoryLevels::CategoryLevels(const CategoryKind& kind, PageContext& context,
+                               ClassificationCatalogue& catalogue, std::function<void()> modified)
+    : kind_(kind), context_(context), catalogue_(catalogue), modified_(std::move(modified)) {
+  for (int i = 0; i < kind.levels; ++i) handleEvents(levels_.emplace_back(kind, i));
+}
+
+void CategoryLevels::handleEvents(Level& level) {
+  level.classification.GotFocus.on(
+      [this, &level] { classificationBefore_ = level.classification.text(); });
+  level.classification.AfterItem.on([this, &level] { AfterItem(level); });
+  level.classification.ChangeRow.on([this, &level] { ChangeRow(level); });
+  level.code.AfterItem.on([this] { modified_(); });
+  level.description.AfterItem.on([this] { modified_(); });
+  if (kind_.entity == articleCategories.entity) {
+    level.code.GotFocus.on([this, &level] { codeBefore_ = level.code.text(); });
+    level.code.LostFocus.on([this, &level] { TXT_COD_ART_AZ_LostFocus(level); });
+    level.code.StartLookup.on([this, &level](controls::EditBox&) { lookUpCode(level); });
+  }
+}
+
+void CategoryLevels::place(controls::GroupBox& group) {
+  for (Level& level : levels_) group.addAll(level.classification, level.code, level.description);
+}
+
+void CategoryLevels::clear() {
+  for (Level& level : levels_) {
+    level.classification.setText("");
+    clearBoxes(level);
+  }
+}
+
+void CategoryLevels::show(std::int32_t level, const std::string& classification,
+                          const std::string& code, const std::string& description) {
+  if (level < 1 || level > kind_.levels) return;
+  Level& shown = levels_[static_cast<std::size_t>(level - 1)];
+  shown.classification.setText(classification);
+  shown.code.setText(code);
+  shown.description.setText(description);
+}
+
+std::int32_t CategoryLevels::chosen(const Level& level) {
+  return toInt32(CDecN(level.classification.text()));
+}
+
+void CategoryLevels::AfterItem(Level& level) {
+  trap(context_.services, comboEvent("_AfterItem"), [&](Steps& step) {
+    const std::string text = level.classification.text();
+    if (text == classificationBefore_) return;
+    if (kind_.choiceClearsBoxes) clearBoxes(level);
+    if (chosen(level) == 0) {
+      clearBoxes(level);
+    } else {
+      const auto found = step([&] { return catalogue_.find(kind_.entity, text); });
+      if (!found) {
+        clearBoxes(level);
+        for (const FixedClassification& fixed : kind_.fixed) {
+          if (fixed.code == chosen(level)) level.description.setText(std::string(fixed.caption));
+        }
+      } else if (found->takesCode) {
+        level.code.setText("");
+        const std::string& description = level.description.text();
+        const auto* const entry = level.classification.selected();
+        if (description.empty() || (entry && description == entry->caption)) {
+          level.description.setText(found->description);
+        }
+      } else {
+        // The catalogue's description is not proposed here, and is meant not to be.
+        level.description.setText("");
+      }
+    }
+    modified_();
+  });
+}
+
+void CategoryLevels::ChangeRow(Level& level) {
+  trap(context_.services, comboEvent("_ChangeRow"), [&](Steps& step) {
+    bool takesCode = false;
+    if (chosen(level) != 0) {
+      const auto found =
+          step([&] { return catalogue_.find(kind_.entity, level.classification.text()); });
+      takesCode = found && found->takesCode;
+    }
+    level.code.setEnabled(takesCode);
+  });
+}
+
+void CategoryLevels::TXT_COD_ART_AZ_LostFocus(Level& level) {
+  trap(context_.services, "TXT_COD_ART_AZ_LostFocus", [&](Steps& step) {
+    const std::string code = level.code.text();
+    const AdditionalCode kind = additionalCodeOf(chosen(level));
+    if (code == codeBefore_ || kind == AdditionalCode::None) return;
+    Decimal number;
+    bool isNumber = false;
+    ignoringErrors([&] {
+      number = toDecimal(CDecN(code));
+      isNumber = true;
+    });
+    if (!isNumber) {
+      const std::string text = context_.translate("Valore non valido: ") + "\"" + code + "\".";
+      step([&] { context_.services.showText(text, msgbox::exclamation); });
+      level.code.setText(codeBefore_);
+      return;
+    }
+    codeBefore_ = code;
+    if (number > Decimal(0)) {
+      const std::string company = context_.companyText();
+      const std::string description = step([&] {
+        return kind == AdditionalCode::ConfigurationVariant
+                   ? context_.lookUpText(sql::DecodificaVariante(company, code), "MG5F_DESCR_VAR")
+                   : context_.lookUpText(sql::DecodificaDimensione(company, toSqlNumber(number)),
+                                         "MG6F_DESCR");
+      });
+      level.description.setText(description);
+    } else {
+      level.description.setText("");
+    }
+    modified_();
+  });
+}
+
+void CategoryLevels::lookUpCode(Level& level) {
+  trap(context_.services, "TXT_COD_ART_AZ_StartLookup", [&](Steps& step) {
+    const AdditionalCode kind = additionalCodeOf(chosen(level));
+    if (kind == AdditionalCode::None) return;
+    const std::string company = context_.companyText();
+    const auto list = step([&]() -> host::LookupDefinition {
+      if (kind == AdditionalCode::ConfigurationVariant) {
+        return context_.lookups->Configurator(company);
+      }
+      return {"Elenco parametri composizione articolo",
+              sql::ElencoDimensioni(company),
+              {"Progressivo", "Descrizione", "Dimensione"},
+              "Lkp_ComposizioneArticolo"};
+    });
+    const auto code = step([&] { return context_.choose(list); });
+    if (!code) return;
+    codeBefore_ = level.code.text();
+    step([&] { level.code.enter(*code); });
+    TXT_COD_ART_AZ_LostFocus(level);
+  });
+}
+
+}  // namespace kebu::forms

@@ -1,0 +1,64 @@
+#pragma once
+
+#include <deque>
+#include <functional>
+#include <string>
+
+#include "controls/combo_box.h"
+#include "controls/edit_box.h"
+#include "controls/simple_controls.h"
+#include "forms/anagrafica/categories/category_kinds.h"
+#include "forms/anagrafica/categories/classification_catalogue.h"
+#include "forms/anagrafica/page_context.h"
+
+namespace kebu::forms {
+
+/// The category levels of customers or of articles: a line of a classification,
+/// its additional code and a description for each.
+class CategoryLevels {
+ public:
+  struct Level {
+    /// `index` from 0.
+    Level(const CategoryKind& kind, int index);
+
+    controls::ComboBox classification;
+    controls::EditBox code;
+    controls::EditBox description;
+  };
+
+  /// `modified` is called when the user changed a level.
+  CategoryLevels(const CategoryKind& kind, PageContext& context, ClassificationCatalogue& catalogue,
+                 std::function<void()> modified);
+
+  const CategoryKind& kind() const { return kind_; }
+  std::deque<Level>& levels() { return levels_; }
+  void place(controls::GroupBox& group);
+
+  /// Forgets what is shown of every level.
+  void clear();
+  /// Shows what is stored of a level, from 1; one that the page does not have is passed over.
+  void show(std::int32_t level, const std::string& classification, const std::string& code,
+            const std::string& description);
+
+  /// The classification chosen; 0 for none.
+  static std::int32_t chosen(const Level& level);
+
+ private:
+  void handleEvents(Level& level);
+  void AfterItem(Level& level);
+  void ChangeRow(Level& level);
+  void TXT_COD_ART_AZ_LostFocus(Level& level);
+  void lookUpCode(Level& level);
+  std::string comboEvent(const char* name) const { return std::string(kind_.combos) + name; }
+
+  const CategoryKind& kind_;
+  PageContext& context_;
+  ClassificationCatalogue& catalogue_;
+  std::function<void()> modified_;
+  std::deque<Level> levels_;
+  /// The texts when a combo, or a code box, received the focus.
+  std::string classificationBefore_;
+  std::string codeBefore_;
+};
+
+}  // namespace kebu::forms

@@ -1,0 +1,35 @@
+#pragma once
+
+#include <cstdint>
+#include <optional>
+#include <string>
+
+#include "forms/anagrafica/page_context.h"
+
+namespace kebu::forms {
+
+/// The ERP's classifications that are offered, kept open as long as the window.
+class ClassificationCatalogue {
+ public:
+  struct Entry {
+    std::int32_t entity = 0;
+    Value code;
+    std::string description;
+    bool takesCode = false;  ///< an additional code belongs to it
+  };
+
+  /// Reads the catalogue on the window's connection.
+  void open(const PageContext& context);
+  void close() { rows_.reset(); }
+
+  /// Its rows, one after the other in the order of presentation.
+  Ref<ado::Recordset> rows() const { return rows_; }
+  Entry current() const;
+  /// The classification of that entity; nothing when the catalogue has none.
+  std::optional<Entry> find(int entity, const std::string& code) const;
+
+ private:
+  Ref<ado::Recordset> rows_;
+};
+
+}  // namespace kebu::forms

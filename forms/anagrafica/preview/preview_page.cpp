@@ -1,0 +1,92 @@
+#include "forms/anagrafica/preview/preview_page.h"
+
+#include "common/convert.h"
+#include "forms/anagrafica/preview/preview_columns.h"
+#include "sql/preview.h"
+
+namespace kebu::forms {
+
+PreviewPage::PreviewPage(PageContext& context, ProgressDisplay& progress)
+    : QGRID_ART("QGRID_ART", context.services),
+      context_(context),
+      progress_(progress),
+      filter_{context, {}, false} {}
+
+bool PreviewPage::load(PreviewKind kind) {
+  filter_.filterText.clear();
+  filter_.isFilterObtained = false;
+  const bool customers = kind == PreviewKind::Customers;
+  if (customers) {
+    VisualizzaFiltroClienti(filter_);
+  } else {
+    VisualizzaFiltroArticoli(filter_);
+  }
+  if (!filter_.isFilterObtained) return false;
+  ImpostaGridArticoli(kind);
+  progress_.ImpostaMessaggioStato(
+      customers ? "Caricamento clienti in corso..." : "Caricamento articoli in corso...", true);
+  if (customers) {
+    CaricaClienti();
+  } else {
+    CaricaArticoli();
+  }
+  progress_.ImpostaMessaggioStato("", false);
+  return true;
+}
+
+std::string PreviewPage::GetNomeTabella(PreviewKind kind) {
+  return trap(context_.services, "GetNomeTabella", [&](Steps& step) {
+    const Ref<ado::Recordset> rows = step(
+        [&] { return context_.connection->Execute(sql::NomeTabella(static_cast<int>(kind))); });
+    return step([&] { return toText(rows->value("Tabella")); });
+  });
+}
+
+void PreviewPage::ImpostaGridArticoli(PreviewKind kind) {
+  trap(context_.services, "ImpostaGridArticoli", [&](Steps& step) {
+    const auto translate = [this](const std::string& text) { return context_.translate(text); };
+    // The rows of before do not belong under the columns of now.
+    step([&] { release(); });
+    step([&] {
+      QGRID_ART.clearColumns();
+      if (kind == PreviewKind::Customers) {
+        QGRID_ART.setCaption(translate("Clienti"));
+        for (const auto& column : customerColumns) QGRID_ART.addColumn(column, translate);
+        return;
+      }
+      QGRID_ART.setCaption(translate("Articoli"));
+      for (const auto& column : articleColumns) QGRID_ART.addColumn(column, translate);
+      for (int slot = 1; slot <= articlePrices; ++slot) {
+        for (controls::GridColumn column : articlePriceColumns) {
+          const std::string field = std::string(column.field) + std::to_string(slot);
+          const std::string caption = std::string(column.caption) + std::to_string(slot);
+          column.field = field;
+          column.caption = caption;
+          QGRID_ART.addColumn(column, translate);
+        }
+      }
+      QGRID_ART.addColumn(articleLastColumn, translate);
+    });
+  });
+}
+
+void PreviewPage::CaricaClienti() {
+  trap(context_.services, "CaricaClienti", [&](Steps& step) {
+    const std::string view = GetNomeTabella(PreviewKind::Customers);
+    show(sql::ClientiPubblicati(view, context_.companyText(), filter_.filterText), step);
+  });
+}
+
+void PreviewPage::CaricaArticoli() {
+  trap(context_.services, "CaricaArticoli", [&](Steps& step) {
+    const std::string view = GetNomeTabella(PreviewKind::Articles);
+    show(sql::ArticoliPubblicati(view, context_.companyText(), filter_.filterText), step);
+  });
+}
+
+void PreviewPage::show(const std::string& statement, Steps& step) {
+  const Ref<ado::Recordset> rows = step([&] { return context_.openReadable(statement); });
+  step([&] { QGRID_ART.setDataSource(rows); });
+}
+
+}  // namespace kebu::forms

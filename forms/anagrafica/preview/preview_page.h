@@ -1,0 +1,38 @@
+#pragma once
+
+#include <string>
+
+#include "controls/query_grid.h"
+#include "forms/anagrafica/frame/progress_display.h"
+#include "forms/anagrafica/page_context.h"
+#include "forms/selection/selection_dialog.h"
+
+namespace kebu::forms {
+
+enum class PreviewKind { None = 0, Customers = 1, Articles = 2 };
+
+/// The customers or articles exactly as the platform will receive them.
+class PreviewPage {
+ public:
+  PreviewPage(PageContext& context, ProgressDisplay& progress);
+
+  controls::QueryGrid QGRID_ART;
+
+  /// Lets the user state a filter and loads what passes it; false when the user left.
+  bool load(PreviewKind kind);
+  /// Gives the rows back.
+  void release() { QGRID_ART.setDataSource(nullptr); }
+
+ private:
+  std::string GetNomeTabella(PreviewKind kind);
+  void ImpostaGridArticoli(PreviewKind kind);
+  void CaricaClienti();
+  void CaricaArticoli();
+  void show(const std::string& statement, Steps& step);
+
+  PageContext& context_;
+  ProgressDisplay& progress_;
+  SelectionCaller filter_;
+};
+
+}  // namespace kebu::forms
