@@ -2,39 +2,12 @@
 
 #include <string_view>
 
+#include "sql/script.h"
 #include "sql/text.h"
 
 namespace kebu::sql {
 
 namespace {
-
-/// A statement written line by line.
-class Script {
- public:
-  Script& line(std::string_view text) {
-    text_ += text;
-    text_ += "\r\n";
-    return *this;
-  }
-  Script& lines(const Pieces& pieces) {
-    for (const std::string_view piece : pieces) {
-      if (!piece.empty()) line(piece);
-    }
-    return *this;
-  }
-  /// Pieces with commas between.
-  Script& list(const Pieces& pieces) {
-    for (std::size_t i = 0; i < pieces.size() && !pieces[i].empty(); ++i) {
-      const bool last = i + 1 == pieces.size() || pieces[i + 1].empty();
-      line(join({pieces[i], last ? "" : ","}));
-    }
-    return *this;
-  }
-  const std::string& text() const { return text_; }
-
- private:
-  std::string text_;
-};
 
 /// One SELECT over a source: its columns in the order of the kind, and what follows.
 class Candidates {
@@ -176,7 +149,7 @@ void Candidates::ruleName() {
   const std::string number = join({"ROW_NUMBER() OVER(ORDER BY ", own("_DITTA_CG18"), " ASC)"});
   std::string name = join({"'", source_.nameLabel, " - ' + CAST("});
   if (source_.namedFromIdentity) name += "IDENT_CURRENT('GM61_KBDISCOUNTRULES') ";
-  if (!onPrice()) name += join({"   + ", std::to_string(priceRows_), " "});
+  if (!onPrice()) name += join({"   + ", std::to_string(priceRows_), "\r\n"});
   name += join({source_.namedFromIdentity ? "+ " : "", number, " as varchar)"});
   column(name, "GM61_NOMEREGOLA");
 }

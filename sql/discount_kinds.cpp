@@ -90,8 +90,8 @@ constexpr DiscountSource areaList{
               //
               "LEFT OUTER JOIN", "MG09_ZONE WITH(NOLOCK)", "ON LI12_DITTA_CG18 = MG09_DITTA_CG18",
               "AND MG09_TIPOCF_MG08 = MG08_TIPOCF_MG07",
-              "AND LI12_MACROAREA_MG07 = MG09_MACROAREA_MG08", "AND LI12_AREA_MG08 = MG09_AREA_MG08",
-              "AND LI12_ZONA_MG09 = MG09_ZONA"},
+              "AND LI12_MACROAREA_MG07 = MG09_MACROAREA_MG08",
+              "AND LI12_AREA_MG08 = MG09_AREA_MG08", "AND LI12_ZONA_MG09 = MG09_ZONA"},
     .filter = {"AND LI12_FLGUSODECOR = 0", "AND LI12_FLGVENDACQ = 0",
                "AND LI12_CODICE_CG08 = 'EURO'", validToday},
     .groupBy = {"LI12_DITTA_CG18", "LI12_CODART_MG66", "LI12_OPZIONE_MG5E", "LI12_MACROAREA_MG07",
@@ -196,7 +196,7 @@ constexpr DiscountSource customerArticleSteps[] = {{
                 "GM61_OPZIONE_MG5E ASC"},
     // Neither the currency nor the list flag are asked for again: this read is meant so.
     .steps = {.filter = {"AND LI15_FLGUSODECOR = 0 ", "AND LI15_TIPOCF_CG44 = 0 "},
-              .keys = {{{"LI15_CLIFOR_CG44", "GM61_CODCLIENTE", false},
+              .keys = {{{"LI15_CLIFOR_CG44", "GM61_CODCLIENTE", StepKey::Form::Number},
                         {"LI15_CODART_MG66", "GM61_CODART_MG66"},
                         {"LI15_OPZIONE_MG5E", "GM61_OPZIONE_MG5E"}}}},
 }};
@@ -218,7 +218,9 @@ constexpr DiscountSource articleStepsByList{
                          "AND LI14_CODICE_CG08 = 'EURO' "},
               .keys = {{{"LI14_CODART_MG66", "GM61_CODART_MG66"},
                         {"LI14_OPZIONE_MG5E", "GM61_OPZIONE_MG5E"},
-                        {"LI14_NUMLISTUTIL", "GM61_DESC2", false}}}},
+                        // A stored rule does not keep its list number; one that is loaded goes by
+                        // its dates.
+                        {"LI14_NUMLISTUTIL", "GM61_DESC2", StepKey::Form::NumberIfKnown}}}},
 };
 
 constexpr DiscountSource articleSteps{
@@ -285,7 +287,7 @@ constexpr DiscountSource customerFamilySteps[] = {{
                 "MG66_FAM_MG53", "MG66_SFAM_MG54", "MG66_GRUPPO_MG55", "MG66_SGRUPPO_MG56"},
     .steps = {.filter = {"AND LI15_FLGUSODECOR = 0 ", "AND LI15_TIPOCF_CG44 = 0 ",
                          "AND LI15_CODICE_CG08 = 'EURO' "},
-              .keys = {{{"LI15_CLIFOR_CG44", "GM61_CODCLIENTE", false},
+              .keys = {{{"LI15_CLIFOR_CG44", "GM61_CODCLIENTE", StepKey::Form::Number},
                         {"LI15_CODART_MG66", "GM61_CODART_MG66"},
                         {"LI15_OPZIONE_MG5E", "GM61_OPZIONE_MG5E"}}}},
 }};
@@ -296,9 +298,9 @@ constexpr DiscountSource articleAndFamilySteps[] = {articleSteps, familySteps};
 
 using Customer = SavedColumns::Customer;
 
-constexpr SavedColumns byCustomer{Customer::FromRow, false, false};
-constexpr SavedColumns byTariff{Customer::Null, true, false};
-constexpr SavedColumns byPosition{Customer::Absent, true, true};
+constexpr SavedColumns byCustomer{Customer::FromRow, false, false, false};
+constexpr SavedColumns byTariff{Customer::Null, true, false, false};
+constexpr SavedColumns byPosition{Customer::Absent, true, true, true};
 
 constexpr std::string_view unordered;
 constexpr std::string_view byLabel = " ORDER BY GM61_DESCLISTCORVANE ASC";
@@ -332,10 +334,9 @@ std::span<const DiscountKind> discountKinds() {
 }
 
 const DiscountKind& discountKind(DiscountMode mode, std::int32_t listType) {
-  const auto* const found =
-      std::find_if(std::begin(kinds), std::end(kinds), [&](const DiscountKind& kind) {
-        return kind.mode == mode && kind.listType == listType;
-      });
+  const auto* const found = std::find_if(
+      std::begin(kinds), std::end(kinds),
+      [&](const DiscountKind& kind) { return kind.mode == mode && kind.listType == listType; });
   if (found == std::end(kinds)) throw std::out_of_range("no such kind of discount rules");
   return *found;
 }

@@ -32,14 +32,16 @@ struct Description {
   Pieces expression = {};
 };
 
-/// A column by which the quantity steps of a stored rule are found again.
+/// A column by which the quantity steps of a rule are found again.
 struct StepKey {
+  enum class Form { Text, Number, NumberIfKnown };
+
   std::string_view column = {};  ///< of the price list
   std::string_view field = {};   ///< of the rule
-  bool quoted = true;
+  Form form = Form::Text;
 };
 
-/// How they are read: with these conditions, the rule's own dates, and the keys.
+/// How they are read: by these conditions, the keys, and the rule's own dates.
 struct StepRead {
   Pieces filter = {};
   std::array<StepKey, 4> keys = {};
@@ -78,6 +80,7 @@ struct SavedColumns {
   enum class Customer { FromRow, Null, Absent } customer;
   bool families;
   bool descriptions;
+  bool position;
 };
 
 /// One of the eight kinds of discount rules: a mode and a list type.
