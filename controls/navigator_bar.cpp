@@ -51,13 +51,31 @@ bool NavigatorBar::isButtonEnabled(const std::string& key) const {
 }
 
 void NavigatorBar::setButtonEnabled(const std::string& key, bool enabled) {
-  if (Button* button = find(key)) button->enabled = enabled;
+  if (Button* button = find(key)) {
+    button->offered = enabled;
+    button->enabled = enabled && permits(key);
+  }
   changed.raise();
+}
+
+bool NavigatorBar::permits(const std::string& key) const {
+  if (!frame_) return true;
+  if (key == "Nuovo") return rights_.canInsert;
+  if (key == "Conferma") return rights_.canInsert || rights_.canUpdate;
+  return key != "Elimina" || rights_.canDelete;
+}
+
+void NavigatorBar::setFollowsFrame(bool follows) {
+  followsFrame_ = follows;
+  refreshButtons();
 }
 
 void NavigatorBar::refreshButtons() {
   if (!frame_) return;
-  for (Button& button : buttons_) button.enabled = isOffered(button.key, *frame_, rights_);
+  for (Button& button : buttons_) {
+    if (followsFrame_) button.offered = isOffered(button.key, *frame_, rights_);
+    button.enabled = button.offered && permits(button.key);
+  }
   changed.raise();
 }
 

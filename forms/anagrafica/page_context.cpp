@@ -18,10 +18,11 @@ std::string PageContext::profileIdText() const {
   return toSqlNumber(profileId());
 }
 
-Ref<ado::Recordset> PageContext::openEditable(const std::string& statement) const {
+Ref<ado::Recordset> PageContext::openEditable(const std::string& statement,
+                                              ado::CursorType cursor) const {
   Ref<ado::Recordset> rows = newRecordset();
   rows->setCursorLocation(ado::CursorLocation::Client);
-  rows->Open(statement, connection, ado::CursorType::Static, ado::LockType::Optimistic);
+  rows->Open(statement, connection, cursor, ado::LockType::Optimistic);
   return rows;
 }
 

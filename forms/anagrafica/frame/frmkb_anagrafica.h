@@ -8,6 +8,7 @@
 #include "controls/mdi_container.h"
 #include "controls/navigator_bar.h"
 #include "controls/simple_controls.h"
+#include "forms/anagrafica/discounts/discounts_page.h"
 #include "forms/anagrafica/frame/page_groups.h"
 #include "forms/anagrafica/frame/progress_display.h"
 #include "forms/anagrafica/page_context.h"
@@ -89,6 +90,7 @@ class FRMKB_ANAGRAFICA : public controls::Form {
   ParameterPage parameters_;
   DepositsPage deposits_;
   PriceListsPage priceLists_;
+  DiscountsPage discounts_;
   ProfilePage profile_;
   controls::GroupBox GRP_LISTINI;
   controls::GroupBox GRP_AGGLISTINI;

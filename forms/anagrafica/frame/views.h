@@ -18,6 +18,7 @@ inline constexpr View views[] = {
     {1, "Parametri", "GRPMAIN_PAR", "INAV_PAR"},
     {2, "Listini", "GRPMAIN_LISTINI", "INAV_PAR"},
     {3, "Depositi", "GRPMAIN_GIACENZE", "INAV_PAR"},
+    {12, "Sconti", "GRPMAIN_SCONTI", "INAV_PAR"},
 };
 
 /// What is hidden before another page is shown, in this order. The discount
