@@ -96,6 +96,7 @@ std::string QueryGrid::cellText(std::int32_t row, std::size_t index) {
   }
   const Value value = cell(row, column.field);
   if (column.kind == ColumnKind::Check) return toBoolean(CDecN(value)) ? "1" : "0";
+  if (value.isEmpty()) return "";  // a column without a field
   const Items& items = itemsOf(row, column);
   const auto item = std::find_if(items.begin(), items.end(), [&](const auto& i) {
     return equalAsVariants(Value(i.first), value);
