@@ -156,8 +156,8 @@ std::vector<Kind> kinds() {
 }
 
 INSTANTIATE_TEST_SUITE_P(EveryKind, CandidatesTest, testing::ValuesIn(kinds()),
-                         [](const auto& info) {
-                           const Kind& of = info.param;
+                         [](const auto& test) {
+                           const Kind& of = test.param;
                            return "AggiornaListini_" + std::to_string(of.listType) +
                                   (of.mode == DiscountMode::OnPrice ? "_A_" : "_B_") + "company" +
                                   of.company;

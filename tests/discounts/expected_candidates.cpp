@@ -119,7 +119,8 @@ std::map<std::string, std::string> descriptions(engine::Session& session,
                                                 const std::array<std::string, 3>& statements) {
   std::map<std::string, std::string> found;
   for (const std::string& statement : statements) {
-    for (const auto& values : session.execute(statement + company).front().rows) {
+    const engine::ResultSet result = session.execute(statement + company).front();
+    for (const auto& values : result.rows) {
       std::string codes;
       for (std::size_t i = 0; i + 1 < values.size(); ++i) codes += "/" + RTrimN(values[i]);
       found[codes] = toText(values.back());
