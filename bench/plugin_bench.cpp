@@ -1,103 +1,11 @@
 // The plug-in at work, each action beside its floor: the same statements straight on the engine.
 
-#include <benchmark/benchmark.h>
-
 #include <iterator>
-#include <memory>
-#include <ostream>
-#include <stdexcept>
-#include <string>
-#include <utility>
-#include <vector>
 
-#include "plugin/clskb_anagkelmoria.h"
-#include "workbench/company_file.h"
-#include "workbench/engine/ado_objects.h"
-#include "workbench/engine/session.h"
-#include "workbench/engine/statement_observer.h"
-#include "workbench/host/local_platform.h"
-#include "workbench/host/stand_in_host.h"
-#include "workbench/player/model_desktop.h"
-#include "workbench/player/model_hands.h"
-#include "workbench/player/player.h"
+#include "bench/workplace.h"
 
 namespace kebu::workbench {
 namespace {
-
-using Statements = std::vector<std::string>;
-
-class StatementRecorder : public engine::StatementObserver {
- public:
-  void before(const std::string&, bool) override {}
-  void after(const std::string& text, bool, std::int64_t, const RuntimeError* error) override {
-    if (error) throw std::logic_error("a statement failed: " + text);
-    if (recording_) statements_.push_back(text);
-  }
-  void start() { recording_ = true; }
-  Statements stop() {
-    recording_ = false;
-    return std::exchange(statements_, {});
-  }
-
- private:
-  bool recording_ = false;
-  Statements statements_;
-};
-
-/// The demo company before someone who opens the window and saves.
-class Workplace {
- public:
-  Workplace()
-      : player_(nowhere_, nowhere_),
-        platform_(player_, nowhere_),
-        desktop_(player_),
-        hands_(desktop_),
-        host_(
-            [this] {
-              return plugin::CLSKB_ANAGKELMORIA::create({platform_, library_, desktop_});
-            },
-            {player_, embeddedCompany(database_, &recorder_), company, {}, [](const std::string&) {
-             }}) {}
-
-  void open() { host_.open(); }
-  void close() {
-    if (!host_.close()) throw std::logic_error("the window stays open");
-  }
-  /// A change of the profile's note, and "Conferma"; every other time the note is the same.
-  void save() {
-    second_ = !second_;
-    hands_.type("TXT_GM03_NOTE", second_ ? "di mattina" : "di sera");
-    hands_.press("INAV_PAR", "Conferma");
-    if (hands_.isButtonEnabled("INAV_PAR", "Conferma")) throw std::logic_error("nothing was saved");
-  }
-  template <class Action>
-  Statements statementsOf(Action&& action) {
-    recorder_.start();
-    action();
-    return recorder_.stop();
-  }
-  const std::shared_ptr<engine::Database>& database() const { return database_; }
-
- private:
-  static constexpr std::int32_t company = 1;
-
-  std::shared_ptr<engine::Database> database_ = demoCompany();
-  std::ostream nowhere_{nullptr};
-  Player player_;
-  LocalPlatform platform_;
-  ModelDesktop desktop_;
-  ModelHands hands_;
-  engine::Library library_;
-  StatementRecorder recorder_;
-  StandInHost host_;
-  bool second_ = false;
-};
-
-void replay(engine::Session& session, const Statements& statements) {
-  for (const std::string& statement : statements) {
-    benchmark::DoNotOptimize(session.execute(statement));
-  }
-}
 
 void OpenWindow(benchmark::State& state) {
   Workplace workplace;

@@ -130,6 +130,20 @@ TEST_F(PageLayoutTest, AButtonOfTheRightSharesItsLineWithTheLabel) {
   expectNoOverlap(placements, {&updated, &button});
 }
 
+TEST_F(PageLayoutTest, ACheckBoxBeforeAGridIsItsHeading) {
+  page.addAll(name, flag, grid);
+  const Placements placements = place(page, 600, 500, {{"QGRID", 15}});
+  EXPECT_EQ(placements.at(&flag).bounds.left, placements.at(&grid).bounds.left);
+  EXPECT_LT(placements.at(&flag).bounds.left, placements.at(&name).bounds.left);
+  EXPECT_GT(placements.at(&grid).bounds.top, placements.at(&flag).bounds.bottom());
+  EXPECT_EQ(placements.at(&grid).bounds.bottom(), 500);
+  // Before something else it is one of the fields.
+  GroupBox other{"OTHER"};
+  other.addAll(flag, name);
+  const Placements fields = place(other, 600, 500);
+  EXPECT_EQ(fields.at(&flag).bounds.left, fields.at(&name).bounds.left);
+}
+
 TEST_F(PageLayoutTest, HiddenControlsTakeNoRoom) {
   page.addAll(first, second);
   PageLayout layout(metrics, {});

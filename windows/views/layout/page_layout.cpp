@@ -37,6 +37,13 @@ bool isLineItem(const Control& control) {
          dynamic_cast<const controls::Label*>(&control);
 }
 
+/// A grid or an editor, which takes the whole width.
+bool isWhole(const Control& control) {
+  return !isField(control) && !isLineItem(control) &&
+         !dynamic_cast<const controls::CheckBox*>(&control) &&
+         !dynamic_cast<const GroupBox*>(&control);
+}
+
 bool isLabel(const Control& control) {
   return dynamic_cast<const controls::Label*>(&control) != nullptr;
 }
@@ -182,6 +189,20 @@ PageLayout::Block PageLayout::wholeBlock(Control& control) {
   return block;
 }
 
+PageLayout::Block PageLayout::headingBlock(Control& check, Control& control) {
+  Block block = wholeBlock(control);
+  const int heading = metrics_.fieldHeight();
+  const int gap = metrics_.px(partGap);
+  block.height += heading + gap;
+  block.place = [this, &check, &control, heading, gap](const Rect& area) {
+    placements_[&check].bounds = {area.left, area.top, area.width, heading};
+    const int above = heading + gap;
+    placements_[&control].bounds = {area.left, area.top + above, area.width,
+                                    std::max(area.height - above, 0)};
+  };
+  return block;
+}
+
 PageLayout::Block PageLayout::groupBlock(GroupBox& group, int width) {
   const int inset = metrics_.px(padding);
   const int title =
@@ -271,6 +292,9 @@ PageLayout::Blocks PageLayout::blocksOf(const Controls& controls, int width) {
         line.push_back(shown[i++]);
       }
       blocks.push_back(lineBlock(line));
+    } else if (dynamic_cast<controls::CheckBox*>(&control) && i < shown.size() &&
+               isWhole(*shown[i])) {
+      blocks.push_back(headingBlock(control, *shown[i++]));
     } else if (isField(control) || dynamic_cast<controls::CheckBox*>(&control)) {
       blocks.push_back(fieldBlock(control));
     } else {

@@ -62,6 +62,8 @@ class PageLayout {
   Block groupBlock(controls::GroupBox& group, int width);
   Block columnsBlock(const std::vector<controls::GroupBox*>& groups, int width);
   Block wholeBlock(controls::Control& control);
+  /// A check box that switches what stands below it, as its heading.
+  Block headingBlock(controls::Control& check, controls::Control& control);
   static int heightOf(const Blocks& blocks);
   static void placeBlocks(const Blocks& blocks, const Rect& area);
   void prepare(const Controls& controls, int width);
