@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include "controls/check_box.h"
+#include "controls/combo_box.h"
 #include "controls/edit_box.h"
 #include "controls/navigator_bar.h"
 #include "controls/query_grid.h"
@@ -142,6 +143,29 @@ TEST_F(PageLayoutTest, ACheckBoxBeforeAGridIsItsHeading) {
   other.addAll(flag, name);
   const Placements fields = place(other, 600, 500);
   EXPECT_EQ(fields.at(&flag).bounds.left, fields.at(&name).bounds.left);
+}
+
+TEST_F(PageLayoutTest, CheckBoxesShareALineWhereThereIsRoom) {
+  CheckBox once{"CHK_ONCE", "Monouso"};
+  GroupBox options{"OPTIONS"};
+  options.addAll(note, flag, once);
+  const Placements wide = place(options, 600, 400);
+  EXPECT_EQ(wide.at(&flag).bounds.top, wide.at(&once).bounds.top);
+  EXPECT_EQ(wide.at(&flag).bounds.left, wide.at(&note).bounds.left);
+  expectNoOverlap(wide, {&flag, &once});
+  const Placements narrow = place(options, 150, 400);
+  EXPECT_GT(narrow.at(&once).bounds.top, narrow.at(&flag).bounds.top);
+  EXPECT_EQ(narrow.at(&once).bounds.left, narrow.at(&flag).bounds.left);
+}
+
+TEST_F(PageLayoutTest, AComboIsAsWideAsItsLongestEntryWhereThereIsRoom) {
+  ComboBox rule{"CMB_RULE", "Regola"};
+  const std::string entry(100, 'x');
+  rule.addRow(std::int32_t{1}, entry);
+  GroupBox options{"OPTIONS"};
+  options.addAll(rule);
+  EXPECT_GT(place(options, 1000, 400).at(&rule).bounds.width, metrics.textWidth(entry));
+  EXPECT_LE(place(options, 500, 400).at(&rule).bounds.right(), 500);
 }
 
 TEST_F(PageLayoutTest, HiddenControlsTakeNoRoom) {

@@ -64,18 +64,19 @@ struct Descriptions {
   std::array<GridColumn, 3> columns;
 };
 
-constexpr GridColumn customer{"GM61_CODCLIENTE", "Cliente", 1200, ColumnKind::Text};
-constexpr GridColumn listData{"GM61_DESC1", "Dati listino", 2400, ColumnKind::Text};
-constexpr GridColumn otherListData{"GM61_DESC2", "Altri dati listino", 2600, ColumnKind::Text};
+constexpr GridColumn customer{"GM61_CODCLIENTE", "Cliente", 1000, ColumnKind::Text};
+constexpr GridColumn listData{"GM61_DESC1", "Dati listino", 1650, ColumnKind::Text};
+constexpr GridColumn areaOrList{"GM61_DESC2", "Altri dati listino", 2500, ColumnKind::Text};
+constexpr GridColumn listNumber{"GM61_DESC2", "Altri dati listino", 1600, ColumnKind::Text};
 constexpr GridColumn none{};
 
 constexpr Descriptions descriptions[] = {
     {1, {customer, GridColumn{"", "Articolo", 2400, ColumnKind::Text}, none}},
-    {2, {listData, otherListData, none}},
+    {2, {listData, areaOrList, none}},
     {3,
-     {customer, GridColumn{"GM61_DESC1", "Cliente", 1200, ColumnKind::Text},
-      GridColumn{"GM61_DESC2", "Codice parlante", 2600, ColumnKind::Text}}},
-    {4, {listData, otherListData, none}},
+     {customer, GridColumn{"GM61_DESC1", "Cliente", 1000, ColumnKind::Text},
+      GridColumn{"GM61_DESC2", "Codice parlante", 2300, ColumnKind::Text}}},
+    {4, {listData, listNumber, none}},
 };
 
 template <class Items>
@@ -134,8 +135,8 @@ void DiscountGrid::Imposta(std::int32_t listType) {
       step([&] { grid.addColumn(column, translate); });
     };
     step([&] { grid.clearColumns(); });
-    add({selected, "Sel.", 700, ColumnKind::Check});
-    add({"GM61_DESCLISTCORVANE", "Listini Corvane", 2300, ColumnKind::Text});
+    add({selected, "Sel.", 950, ColumnKind::Check});
+    add({"GM61_DESCLISTCORVANE", "Listini Corvane", 2200, ColumnKind::Text});
     for (const Descriptions& of : descriptions) {
       if (of.listType != listType) continue;
       for (GridColumn column : of.columns) {
@@ -144,11 +145,11 @@ void DiscountGrid::Imposta(std::int32_t listType) {
         add(column);
       }
     }
-    add(listColumn(names_.typeField, "Sconto Tarvo", 1700, names_.types));
-    add(listColumn(erpField, "Campo list. Corvane", 1700, percentageField));
-    add({"GM61_NOMEREGOLA", "Nome Tarvo", 2900, ColumnKind::Text});
+    add(listColumn(names_.typeField, "Sconto Tarvo", 1650, names_.types));
+    add(listColumn(erpField, "Campo list. Corvane", 2050, percentageField));
+    add({"GM61_NOMEREGOLA", "Nome Tarvo", 2600, ColumnKind::Text});
     add(listColumn(priceList, "Dummy", 0, priceFields));
-    if (listType == 4) add({"GM61_POSIZIONE", "Posizione", 1000, ColumnKind::Number});
+    if (listType == 4) add({"GM61_POSIZIONE", "Posizione", 1150, ColumnKind::Number});
   });
 }
 

@@ -50,14 +50,23 @@ class PageLayout {
   using Blocks = std::vector<Block>;
   using Controls = std::vector<controls::Control*>;
 
+  static constexpr int captionColumnGap = 10;  ///< in 96ths of an inch
+
   std::int32_t ruleOf(const controls::Control& control) const;
   bool grows(const controls::Control& control) const;
   int captionColumn(const Controls& controls) const;
   int fieldWidth(const controls::Control& control) const;
+  int checkWidth(const controls::Control& check) const;
   int buttonWidth(const controls::Control& button) const;
+  /// From the left edge to where fields begin.
+  int fieldColumn() const {
+    return captionColumn_ ? captionColumn_ + metrics_.px(captionColumnGap) : 0;
+  }
 
   Blocks blocksOf(const Controls& controls, int width);
   Block fieldBlock(controls::Control& field);
+  /// Check boxes side by side.
+  Block checksBlock(const Controls& checks);
   Block lineBlock(const Controls& line);
   Block groupBlock(controls::GroupBox& group, int width);
   Block columnsBlock(const std::vector<controls::GroupBox*>& groups, int width);
