@@ -24,7 +24,8 @@ ModeFlags flagsOf(DiscountMode mode) {
 }
 
 bool isZero(const Value& value) {
-  return equalAsVariants(CDecN(value), Value(std::int16_t{0}));
+  if (value.holds<std::int16_t>()) return value.as<std::int16_t>() == 0;
+  return toDecimal(CDecN(value)).isZero();
 }
 
 std::string amount(const Value& value) {
@@ -34,6 +35,8 @@ std::string amount(const Value& value) {
 /// A number as it stands, without quotes.
 std::string number(const Value& value) {
   if (value.isEmpty() || value.isNull()) return "NULL";
+  if (value.holds<std::int16_t>()) return std::to_string(value.as<std::int16_t>());
+  if (value.holds<std::int32_t>()) return std::to_string(value.as<std::int32_t>());
   if (!value.isText()) return toSqlNumber(value);
   const std::string text = trim(value.as<std::string>());
   return text.empty() ? "NULL" : text;
@@ -41,6 +44,7 @@ std::string number(const Value& value) {
 
 // As it stands: a quote inside of it breaks the statement, and the user is told.
 std::string quoted(const Value& value) {
+  if (value.isText()) return join({"'", value.as<std::string>(), "'"});
   return join({"'", toDisplay(value), "'"});
 }
 
@@ -187,6 +191,11 @@ RuleStatements::RuleStatements(const DiscountKind& kind, const std::string& comp
       name(column.name);
     }
   }
+  type_ = indexOf("GM61_TIPOSCONTO");
+  field_ = indexOf("GM61_CAMPOCORVANE");
+  discount_ = indexOf("GM61_SC1PER");
+  listPrice_ = indexOf("GM61_PREZZOLORDO");
+  netPrice_ = indexOf("GM61_PREZZONETTO");
   head_ = lines({"INSERT INTO  ", " GM61_KBDISCOUNTRULES ", " (", names, " )", " VALUES ", " ("});
 }
 
@@ -236,10 +245,13 @@ std::size_t RuleStatements::indexOf(std::string_view column) const {
   return found == columns_.end() ? nowhere : found->second;
 }
 
-const Value& RuleStatements::value(const Row& row, std::string_view column) const {
+const Value& RuleStatements::at(const Row& row, std::size_t index) {
   static const Value nothing;
-  const std::size_t index = indexOf(column);
   return index == nowhere ? nothing : row.at(index);
+}
+
+const Value& RuleStatements::value(const Row& row, std::string_view column) const {
+  return at(row, indexOf(column));
 }
 
 const DiscountSource& RuleStatements::source(const Row& row) const {
@@ -247,11 +259,8 @@ const DiscountSource& RuleStatements::source(const Row& row) const {
 }
 
 std::string RuleStatements::publishedValue(const Row& row) const {
-  const bool isPercentage = isZero(value(row, "GM61_TIPOSCONTO"));
-  const bool isListPrice = isZero(value(row, "GM61_CAMPOCORVANE"));
-  return amount(value(row, isPercentage  ? "GM61_SC1PER"
-                           : isListPrice ? "GM61_PREZZOLORDO"
-                                         : "GM61_PREZZONETTO"));
+  if (isZero(at(row, type_))) return amount(at(row, discount_));
+  return amount(at(row, isZero(at(row, field_)) ? listPrice_ : netPrice_));
 }
 
 void RuleStatements::writeSteps(std::string& text, const std::vector<RuleStep>& steps) {
@@ -287,11 +296,12 @@ std::string RuleStatements::LeggiScaglioni(const Row& row) const {
 
 std::string RuleStatements::InserisciRegola(const Row& row,
                                             const std::vector<RuleStep>& steps) const {
-  static const Value nothing;
-  std::string text = head_;
+  std::string text;
+  text.reserve(2 * head_.size());
+  text += head_;
   for (const Piece& piece : pieces_) {
     if (&piece != pieces_.data()) text += ",\r\n";
-    const Value& own = piece.index == nowhere ? nothing : row.at(piece.index);
+    const Value& own = at(row, piece.index);
     switch (piece.form) {
       case Form::Number:
         text += number(own);

@@ -81,6 +81,7 @@ class RuleStatements {
   Form formOf(const SavedColumn& column) const;
   std::string constantOf(Form form, const RuleOptions& options) const;
   std::size_t indexOf(std::string_view column) const;
+  static const Value& at(const Row& row, std::size_t index);
   std::string publishedValue(const Row& row) const;
   static void writeSteps(std::string& text, const std::vector<RuleStep>& steps);
 
@@ -89,6 +90,12 @@ class RuleStatements {
   std::map<std::string, std::size_t, std::less<>> columns_;
   std::string head_;
   std::vector<Piece> pieces_;
+  // Where a row has what decides on the value published.
+  std::size_t type_ = 0;
+  std::size_t field_ = 0;
+  std::size_t discount_ = 0;
+  std::size_t listPrice_ = 0;
+  std::size_t netPrice_ = 0;
 };
 
 }  // namespace kebu::sql
