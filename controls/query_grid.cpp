@@ -105,7 +105,8 @@ std::string QueryGrid::cellText(std::int32_t row, std::size_t index) {
 }
 
 const QueryGrid::Items& QueryGrid::itemsOf(std::int32_t row, const Column& column) {
-  if (column.kind != ColumnKind::ValueList) return column.items;
+  const bool hasCell = row >= 1 && row <= rowCount();
+  if (column.kind != ColumnKind::ValueList || !hasCell) return column.items;
   std::string lender;
   GetCellRenderColumn.raise(row, column.field, lender);
   const Column* const found = lender.empty() ? nullptr : findColumn(lender);

@@ -85,7 +85,8 @@ class QueryGrid : public Control {
   /// `index` among columns().
   std::string cellText(std::int32_t row, std::size_t index);
   bool isLocked(std::int32_t row, const Column& column);
-  /// The value list of a cell: its column's, or the one that it borrows.
+  /// The value list of a cell: its column's, or the one that it borrows. Where
+  /// there is no such row the column's.
   const Items& itemsOf(std::int32_t row, const Column& column);
   /// Nothing when the row state is not kept or null.
   Value rowState(std::int32_t row);

@@ -137,6 +137,8 @@ TEST_F(QueryGridTest, CellsShowAndTakeTheListThatTheyBorrow) {
   EXPECT_EQ(grid.cellText(1, 1), "Grande");
   EXPECT_EQ(grid.cellText(2, 1), "Rosso");
   EXPECT_EQ(grid.cellText(2, 5), "");
+  EXPECT_EQ(grid.itemsOf(2, grid.columns()[1]).size(), 2U);
+  EXPECT_EQ(grid.itemsOf(0, grid.columns()[1]).front().second, "Piccolo");
   grid.edit(2, "MISURA", "7");
   EXPECT_EQ(grid.cellText(2, 1), "Blu");
   EXPECT_THROW(grid.edit(2, "MISURA", "2"), GestureRefused);

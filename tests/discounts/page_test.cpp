@@ -302,6 +302,8 @@ TEST_F(DiscountPageTest, UntickedRowsLockWhatIsEditedAndTheListFollowsTheType) {
   edit("GM61_CAMPOCORVANE", "1");
   edit("GM61_POSIZIONE", "9");
   EXPECT_THROW(edit("DUMMY", "1"), controls::GestureRefused);
+  // 219.10 less 33.33 %, in the locale's form.
+  EXPECT_EQ(hands_.cellText("QGRID_SCONTOSUPREZZO", 1, "GM61_PREZZONETTO"), "146,07397");
   hands_.tickCell("QGRID_SCONTOSUPREZZO", 1, "GM61_ATTIVA");
   EXPECT_THROW(edit("GM61_POSIZIONE", "8"), controls::GestureRefused);
   EXPECT_EQ(hands_.cellText("QGRID_SCONTOSUPREZZO", 1, "GM61_POSIZIONE"), "9");
