@@ -1,21 +1,12 @@
 // The plug-in at work, each action beside its floor: the same statements straight on the engine.
 
-#include <benchmark/benchmark.h>
-
 #include <iterator>
 #include <memory>
 
 #include "bench/workplace.h"
-#include "workbench/engine/session.h"
 
 namespace kebu::workbench {
 namespace {
-
-void replay(engine::Session& session, const Statements& statements) {
-  for (const std::string& statement : statements) {
-    benchmark::DoNotOptimize(session.execute(statement));
-  }
-}
 
 void OpenWindow(benchmark::State& state) {
   Workplace workplace;

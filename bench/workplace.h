@@ -1,5 +1,7 @@
 #pragma once
 
+#include <benchmark/benchmark.h>
+
 #include <memory>
 #include <ostream>
 #include <stdexcept>
@@ -10,6 +12,7 @@
 #include "plugin/clskb_anagkelmoria.h"
 #include "workbench/company_file.h"
 #include "workbench/engine/ado_objects.h"
+#include "workbench/engine/session.h"
 #include "workbench/engine/statement_observer.h"
 #include "workbench/host/local_platform.h"
 #include "workbench/host/stand_in_host.h"
@@ -38,7 +41,7 @@ class StatementRecorder : public engine::StatementObserver {
   Statements statements_;
 };
 
-/// A company before someone who opens the window, saves and looks.
+/// A company before someone who works in the window.
 class Workplace {
  public:
   explicit Workplace(std::shared_ptr<engine::Database> database = demoCompany())
@@ -68,6 +71,7 @@ class Workplace {
   void showPage(std::int32_t view) { hands_.openPage(view); }
   /// What the user sees first of a grid: some rows from the first on, all columns.
   ControlView look(const std::string& grid) { return hands_.look(grid, {1, 30}); }
+  ModelHands& hands() { return hands_; }
   template <class Action>
   Statements statementsOf(Action&& action) {
     recorder_.start();
@@ -102,5 +106,12 @@ class Workplace {
   StandInHost host_;
   bool second_ = false;
 };
+
+/// Runs the same statements straight on the engine.
+inline void replay(engine::Session& session, const Statements& statements) {
+  for (const std::string& statement : statements) {
+    benchmark::DoNotOptimize(session.execute(statement));
+  }
+}
 
 }  // namespace kebu::workbench

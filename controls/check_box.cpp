@@ -6,8 +6,10 @@
 namespace kebu::controls {
 
 void CheckBox::setTicked(bool ticked) {
+  const bool clicked = ticked != ticked_;
   ticked_ = ticked;
   changed.raise();
+  if (clicked) Click.raise();
 }
 
 void CheckBox::refreshFromRecord() {

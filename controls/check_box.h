@@ -10,13 +10,15 @@ class CheckBox : public BoundControl {
   using BoundControl::BoundControl;
 
   bool isTicked() const { return ticked_; }
-  /// Without the user's doing: no event but `changed`.
+  /// Without the user's doing.
   void setTicked(bool ticked);
   Value value() const override { return static_cast<std::int16_t>(ticked_ ? 1 : 0); }
   void refreshFromRecord() override;
 
   /// The gesture.
   void tick(bool on);
+  /// It is ticked or cleared now, by the user or not.
+  Event<> Click;
   /// The user changed it.
   Event<> AfterChange;
 

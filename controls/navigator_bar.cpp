@@ -22,12 +22,6 @@ bool isOffered(const std::string& key, RecordFrame& frame, const Rights& rights)
   return false;
 }
 
-/// Without a frame: what is shown is stored already, and can only be changed.
-bool isOffered(const std::string& key, bool modified, const Rights& rights) {
-  if (key == "Conferma") return modified && rights.canUpdate;
-  return key == "Annulla" && modified;
-}
-
 }  // namespace
 
 NavigatorBar::NavigatorBar(std::string name, ControlHost& host,
@@ -47,8 +41,7 @@ void NavigatorBar::unbind() {
 }
 
 void NavigatorBar::setModified(bool modified) {
-  modified_ = modified;
-  refreshButtons();
+  for (const char* key : {"Conferma", "Annulla"}) setButtonEnabled(key, modified);
 }
 
 void NavigatorBar::setRights(const Rights& rights) {
@@ -62,14 +55,29 @@ bool NavigatorBar::isButtonEnabled(const std::string& key) const {
 }
 
 void NavigatorBar::setButtonEnabled(const std::string& key, bool enabled) {
-  if (Button* button = find(key)) button->enabled = enabled;
+  if (Button* button = find(key)) {
+    button->offered = enabled;
+    button->enabled = enabled && permits(key);
+  }
   changed.raise();
+}
+
+bool NavigatorBar::permits(const std::string& key) const {
+  if (key == "Nuovo") return rights_.canInsert;
+  // Without a frame what is shown is stored already, and can only be changed.
+  if (key == "Conferma") return rights_.canUpdate || (frame_ && rights_.canInsert);
+  return key != "Elimina" || rights_.canDelete;
+}
+
+void NavigatorBar::setFollowsFrame(bool follows) {
+  followsFrame_ = follows;
+  refreshButtons();
 }
 
 void NavigatorBar::refreshButtons() {
   for (Button& button : buttons_) {
-    button.enabled = frame_ ? isOffered(button.key, *frame_, rights_)
-                            : isOffered(button.key, modified_, rights_);
+    if (frame_ && followsFrame_) button.offered = isOffered(button.key, *frame_, rights_);
+    button.enabled = button.offered && permits(button.key);
   }
   changed.raise();
 }

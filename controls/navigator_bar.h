@@ -23,6 +23,7 @@ class NavigatorBar : public Control {
     std::string key;  ///< the Italian caption, by which handlers know it
     std::string caption;
     bool enabled = false;
+    bool offered = false;  ///< enabled, if the user's rights allow it
   };
 
   NavigatorBar(std::string name, ControlHost& host, const std::vector<std::string>& keys);
@@ -35,9 +36,13 @@ class NavigatorBar : public Control {
 
   const std::vector<Button>& buttons() const { return buttons_; }
   bool isButtonEnabled(const std::string& key) const;
+  /// Never beyond the user's rights on the bound frame's records.
   void setButtonEnabled(const std::string& key, bool enabled);
   /// Offers what the bound frame's state allows now.
   void refreshButtons();
+  /// A page for which the bar does something else sets the buttons itself: the
+  /// frame's state leaves them alone until the bar follows it again.
+  void setFollowsFrame(bool follows);
   void translate(const Translator& translator) override;
 
   /// The gesture, by key or by the caption shown.
@@ -47,12 +52,13 @@ class NavigatorBar : public Control {
 
  private:
   Button* find(const std::string& name);
+  bool permits(const std::string& key) const;
   void act(const std::string& key);
 
   ControlHost& host_;
   RecordFrame* frame_ = nullptr;
   Rights rights_;
-  bool modified_ = false;
+  bool followsFrame_ = true;
   std::vector<Button> buttons_;
 };
 

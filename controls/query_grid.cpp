@@ -96,10 +96,21 @@ std::string QueryGrid::cellText(std::int32_t row, std::size_t index) {
   }
   const Value value = cell(row, column.field);
   if (column.kind == ColumnKind::Check) return toBoolean(CDecN(value)) ? "1" : "0";
-  const auto item = std::find_if(column.items.begin(), column.items.end(), [&](const auto& i) {
+  if (value.isEmpty()) return "";  // a column without a field
+  const Items& items = itemsOf(row, column);
+  const auto item = std::find_if(items.begin(), items.end(), [&](const auto& i) {
     return equalAsVariants(Value(i.first), value);
   });
-  return item != column.items.end() ? item->second : trimRight(toDisplay(value));
+  return item != items.end() ? item->second : trimRight(toDisplay(value));
+}
+
+const QueryGrid::Items& QueryGrid::itemsOf(std::int32_t row, const Column& column) {
+  const bool hasCell = row >= 1 && row <= rowCount();
+  if (column.kind != ColumnKind::ValueList || !hasCell) return column.items;
+  std::string lender;
+  GetCellRenderColumn.raise(row, column.field, lender);
+  const Column* const found = lender.empty() ? nullptr : findColumn(lender);
+  return found ? found->items : column.items;
 }
 
 bool QueryGrid::isLocked(std::int32_t row, const Column& column) {
@@ -111,11 +122,16 @@ Value QueryGrid::rowState(std::int32_t row) {
   return rowStateField_.empty() ? Value(Null{}) : cell(row, rowStateField_);
 }
 
-const QueryGrid::Column& QueryGrid::requireCell(std::int32_t row, const std::string& field) {
-  selectRow(row);
+const QueryGrid::Column* QueryGrid::findColumn(std::string_view field) const {
   const auto column = std::find_if(columns_.begin(), columns_.end(),
                                    [&](const Column& c) { return c.field == field; });
-  if (column == columns_.end()) throw GestureRefused(Name() + " has no column " + field);
+  return column == columns_.end() ? nullptr : &*column;
+}
+
+const QueryGrid::Column& QueryGrid::requireCell(std::int32_t row, const std::string& field) {
+  selectRow(row);
+  const Column* const column = findColumn(field);
+  if (!column) throw GestureRefused(Name() + " has no column " + field);
   return *column;
 }
 
@@ -156,14 +172,18 @@ void QueryGrid::edit(std::int32_t row, const std::string& field, const Value& va
   const bool fixed =
       !isChangeable(column.kind) || column.kind == ColumnKind::Check || column.field == keyField_;
   if (fixed) throw GestureRefused(field + " of " + Name() + " is not edited by typing");
-  if (column.kind == ColumnKind::ValueList && !value.isNull() &&
-      std::none_of(column.items.begin(), column.items.end(),
-                   [&](const auto& i) { return equalAsVariants(Value(i.first), value); })) {
-    throw GestureRefused(field + " of " + Name() + " has no entry \"" + toDisplay(value) + "\"");
+  if (column.kind == ColumnKind::ValueList && !value.isNull()) {
+    const Items& items = itemsOf(row, column);
+    if (std::none_of(items.begin(), items.end(),
+                     [&](const auto& i) { return equalAsVariants(Value(i.first), value); })) {
+      throw GestureRefused(field + " of " + Name() + " has no entry \"" + toDisplay(value) + "\"");
+    }
   }
   bool cancel = false;
   OnEditing.raise(field, cancel);
-  if (!cancel) commit(field, value);
+  if (cancel) return;
+  if (isLocked(row, column)) throw GestureRefused(field + " of " + Name() + " is locked there");
+  commit(field, value);
 }
 
 void QueryGrid::tickCell(std::int32_t row, const std::string& field) {

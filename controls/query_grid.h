@@ -42,7 +42,7 @@ struct ValueListItem {
 struct GridColumn {
   std::string_view field;
   std::string_view caption;
-  std::int32_t width = 0;  ///< twips
+  std::int32_t width = 0;  ///< twips; 0 for a column that is there for its list alone
   ColumnKind kind = ColumnKind::Text;
   const ValueListItem* items = nullptr;
   std::size_t itemCount = 0;
@@ -52,12 +52,13 @@ struct GridColumn {
 /// edit goes to the recordset at once.
 class QueryGrid : public Control {
  public:
+  using Items = std::vector<std::pair<std::int32_t, std::string>>;
   struct Column {
     std::string field;
     std::string caption;
     std::int32_t width = 0;
     ColumnKind kind = ColumnKind::Text;
-    std::vector<std::pair<std::int32_t, std::string>> items;
+    Items items;
   };
 
   QueryGrid(std::string name, ControlHost& host);
@@ -90,6 +91,9 @@ class QueryGrid : public Control {
   /// `index` among columns().
   std::string cellText(std::int32_t row, std::size_t index);
   bool isLocked(std::int32_t row, const Column& column);
+  /// The value list of a cell: its column's, or the one that it borrows. Where
+  /// there is no such row the column's.
+  const Items& itemsOf(std::int32_t row, const Column& column);
   /// Nothing when the row state is not kept or null.
   Value rowState(std::int32_t row);
 
@@ -115,10 +119,14 @@ class QueryGrid : public Control {
   Event<const std::string&, bool, bool&> SelectAllClickEXT;
   /// The text of a description cell is wanted: row, field, text to fill in.
   Event<std::int32_t, const std::string&, std::string&> DataFormatEXT;
+  /// A value list cell is drawn or edited: row, field, and the column to fill in
+  /// whose list it borrows.
+  Event<std::int32_t, const std::string&, std::string&> GetCellRenderColumn;
   /// The look-up of a code cell: field, and the code to fill in (empty: none chosen).
   Event<const std::string&, Value&> StartLookup;
 
  private:
+  const Column* findColumn(std::string_view field) const;
   const Column& requireCell(std::int32_t row, const std::string& field);
   std::size_t fieldIndex(std::string_view field) const;
   /// Writes a cell as the user's doing; false when it was not stored.

@@ -37,8 +37,28 @@ void ProgressBar::moveTo(std::int32_t left, std::int32_t top) {
 
 void ProgressBar::start() {
   running_ = true;
+  maximum_ = 0;
   setVisible(true);
   changed.raise();
+}
+
+void ProgressBar::setMaximum(std::int32_t maximum) {
+  maximum_ = maximum;
+  position_ = 0;
+  changed.raise();
+}
+
+bool ProgressBar::setPosition(std::int32_t position) {
+  const auto before = percent();
+  position_ = std::clamp(position, 0, maximum_);
+  if (percent() == before) return false;
+  changed.raise();
+  return true;
+}
+
+std::optional<std::int32_t> ProgressBar::percent() const {
+  if (maximum_ <= 0) return std::nullopt;
+  return static_cast<std::int32_t>(std::int64_t{100} * position_ / maximum_);
 }
 
 void ProgressBar::stop() {

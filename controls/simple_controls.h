@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -51,7 +52,8 @@ class Button : public Control {
   Event<> ButtonClick;
 };
 
-/// A bar with a text that moves while something long is at work.
+/// A bar with a text that moves while something long is at work, or shows how
+/// much of it is done when that can be counted.
 class ProgressBar : public Control {
  public:
   explicit ProgressBar(std::string name);
@@ -68,13 +70,22 @@ class ProgressBar : public Control {
   std::int32_t top() const { return top_; }
   void bringToFront() { changed.raise(); }
   bool isRunning() const { return running_; }
+  /// Begins; how much is to be done is not known yet.
   void start();
+  /// From 0 on, `maximum` things are to be done.
+  void setMaximum(std::int32_t maximum);
+  /// How many are done; true when the bar looks different from before.
+  bool setPosition(std::int32_t position);
+  /// 0 to 100; nothing while it is not known how much is to be done.
+  std::optional<std::int32_t> percent() const;
   void stop();
 
  private:
   bool animated_ = false;
   bool keepsText_ = true;
   bool running_ = false;
+  std::int32_t maximum_ = 0;
+  std::int32_t position_ = 0;
   std::string text_;
   std::int32_t left_ = 0;
   std::int32_t top_ = 0;

@@ -54,9 +54,9 @@ std::int32_t Services::message(const std::string& text, std::int32_t style) {
   return showText(TranslateString(text), style);
 }
 
-std::string Services::GetTempTableName() {
-  return trap(*this, "GetTempTableName", [&](Steps& step) {
-    std::string name = "##tempT";
+std::string Services::GetTempTableName(const char* procedure, const char* prefix) {
+  return trap(*this, procedure, [&](Steps& step) {
+    std::string name = std::string("##temp") + prefix;
     const Ref<ado::Recordset> rows =
         step([&] { return connection_->Execute(sql::NuovoIdentificativo()); });
     step([&] {

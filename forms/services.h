@@ -39,8 +39,10 @@ class Services : public controls::ControlHost {
   std::int32_t showText(const std::string& text, std::int32_t style);
   /// Translates and shows `text` titled with the window's caption.
   std::int32_t message(const std::string& text, std::int32_t style) override;
-  /// A global temporary table's name that nobody else has.
-  std::string GetTempTableName();
+  /// A global temporary table's name that nobody else has: "##temp", `prefix` and
+  /// an identifier. `procedure` is the given name under which errors are told.
+  std::string GetTempTableName(const char* procedure = "GetTempTableName",
+                               const char* prefix = "T");
 
  private:
   Ref<host::MessageService> messages() const;

@@ -18,18 +18,20 @@ std::string PageContext::profileIdText() const {
   return toSqlNumber(profileId());
 }
 
-Ref<ado::Recordset> PageContext::openEditable(const std::string& statement) const {
-  return open(statement, ado::LockType::Optimistic);
+Ref<ado::Recordset> PageContext::openEditable(const std::string& statement,
+                                              ado::CursorType cursor) const {
+  return open(statement, cursor, ado::LockType::Optimistic);
 }
 
 Ref<ado::Recordset> PageContext::openReadable(const std::string& statement) const {
-  return open(statement, ado::LockType::ReadOnly);
+  return open(statement, ado::CursorType::Static, ado::LockType::ReadOnly);
 }
 
-Ref<ado::Recordset> PageContext::open(const std::string& statement, ado::LockType lock) const {
+Ref<ado::Recordset> PageContext::open(const std::string& statement, ado::CursorType cursor,
+                                      ado::LockType lock) const {
   Ref<ado::Recordset> rows = newRecordset();
   rows->setCursorLocation(ado::CursorLocation::Client);
-  rows->Open(statement, connection, ado::CursorType::Static, lock);
+  rows->Open(statement, connection, cursor, lock);
   return rows;
 }
 

@@ -39,9 +39,12 @@ class PageContext {
   Ref<ado::Recordset> newRecordset() const { return runtime_.ado.newRecordset(); }
   Ref<ado::Command> newCommand() const { return runtime_.ado.newCommand(); }
   /// A client recordset on the window's connection that can be edited row by row.
-  Ref<ado::Recordset> openEditable(const std::string& statement) const;
+  Ref<ado::Recordset> openEditable(const std::string& statement,
+                                   ado::CursorType cursor = ado::CursorType::Static) const;
   /// A client recordset on the window's connection whose rows are only looked at.
   Ref<ado::Recordset> openReadable(const std::string& statement) const;
+  /// The day by the user's clock.
+  Date today() const { return Date::fromDayNumber(runtime_.platform.now().dayNumber()); }
   /// The first row's value of `column`, through NVL and RTrimN; "" without a row.
   std::string lookUpText(const std::string& statement, const std::string& column) const;
   /// Lets the user choose from a list; the code chosen, or nothing.
@@ -50,7 +53,8 @@ class PageContext {
   std::string translate(const std::string& text) const { return services.TranslateString(text); }
 
  private:
-  Ref<ado::Recordset> open(const std::string& statement, ado::LockType lock) const;
+  Ref<ado::Recordset> open(const std::string& statement, ado::CursorType cursor,
+                           ado::LockType lock) const;
 
   Runtime runtime_;
 };

@@ -126,5 +126,47 @@ TEST_F(QueryGridTest, LookupEntersTheChosenCodeOnly) {
   EXPECT_EQ(grid.cellText(2, 5), "F12");
 }
 
+TEST_F(QueryGridTest, CellsShowAndTakeTheListThatTheyBorrow) {
+  static constexpr ValueListItem colours[] = {{1, "Rosso"}, {7, "Blu"}};
+  fill(3);
+  grid.addColumn({"LISTA", "", 0, ColumnKind::ValueList, colours, std::size(colours)},
+                 [](const std::string& text) { return text; });
+  grid.GetCellRenderColumn.on([&](std::int32_t row, const std::string& field, std::string& lender) {
+    if (field == "MISURA" && row == 2) lender = "LISTA";
+  });
+  EXPECT_EQ(grid.cellText(1, 1), "Grande");
+  EXPECT_EQ(grid.cellText(2, 1), "Rosso");
+  EXPECT_EQ(grid.cellText(2, 5), "");
+  EXPECT_EQ(grid.itemsOf(2, grid.columns()[1]).size(), 2U);
+  EXPECT_EQ(grid.itemsOf(0, grid.columns()[1]).front().second, "Piccolo");
+  grid.edit(2, "MISURA", "7");
+  EXPECT_EQ(grid.cellText(2, 1), "Blu");
+  EXPECT_THROW(grid.edit(2, "MISURA", "2"), GestureRefused);
+  EXPECT_THROW(grid.edit(1, "MISURA", "7"), GestureRefused);
+}
+
+TEST_F(QueryGridTest, LockedCellsRefuseAnEditUnlessAHandlerAnswersFirst) {
+  fill(3);
+  grid.cellLocked = [](std::int32_t row, const std::string& field) {
+    return row == 2 && field == "PREZZO";
+  };
+  grid.edit(1, "PREZZO", "10");
+  EXPECT_THROW(grid.edit(2, "PREZZO", "20"), GestureRefused);
+  grid.OnEditing.on([](const std::string&, bool& cancel) { cancel = true; });
+  grid.edit(2, "PREZZO", "20");
+  EXPECT_EQ(first("SELECT SUM(PREZZO) FROM T"), "15");
+}
+
+TEST_F(QueryGridTest, RequeriedRowsAreShownOnceTheyAreHandedOverAgain) {
+  fill(3);
+  EXPECT_EQ(grid.cellText(2, 3), "0");
+  run("UPDATE T SET SCELTO = 1");
+  grid.dataSource()->Requery();
+  grid.setDataSource(grid.dataSource());
+  EXPECT_EQ(grid.cellText(2, 3), "1");
+  grid.tickCell(2, "SCELTO");
+  EXPECT_EQ(first("SELECT SUM(SCELTO) FROM T"), "2");
+}
+
 }  // namespace
 }  // namespace kebu::controls

@@ -161,5 +161,24 @@ TEST_F(RecordFrameTest, DecodingFollowsTheCode) {
   EXPECT_EQ(description.caption(), "");
 }
 
+TEST_F(RecordFrameTest, APageMayRuleTheBarWithinTheUsersRights) {
+  run("INSERT INTO P (NOME) VALUES ('a')");
+  show();
+  bar.setRights({false, true, false});
+  bar.setFollowsFrame(false);
+  bar.setButtonEnabled("Conferma", true);
+  bar.setButtonEnabled("Elimina", true);
+  name.type("b");
+  EXPECT_TRUE(bar.isButtonEnabled("Conferma"));
+  EXPECT_FALSE(bar.isButtonEnabled("Elimina"));
+  EXPECT_FALSE(bar.isButtonEnabled("Annulla"));  // though the frame has a pending change
+  bar.setRights({false, false, true});
+  EXPECT_FALSE(bar.isButtonEnabled("Conferma"));
+  EXPECT_TRUE(bar.isButtonEnabled("Elimina"));
+  bar.setRights({true, true, true});
+  bar.setFollowsFrame(true);
+  EXPECT_TRUE(bar.isButtonEnabled("Annulla"));
+}
+
 }  // namespace
 }  // namespace kebu::controls

@@ -1,5 +1,6 @@
 #include "controls/simple_controls.h"
 
+#include "controls/check_box.h"
 #include "tests/controls/control_fixture.h"
 
 namespace kebu::controls {
@@ -51,6 +52,37 @@ TEST(ResizeManager, AsksForItsRegistrationsOnce) {
   manager.layOut();
   EXPECT_EQ(asked, 1);
   EXPECT_EQ(manager.registrations().size(), 1U);
+}
+
+TEST(CheckBox, TellsOfEveryChangeAndWhichAreTheUsers) {
+  CheckBox box("BOX");
+  int clicks = 0;
+  int changes = 0;
+  box.Click.on([&] { ++clicks; });
+  box.AfterChange.on([&] { ++changes; });
+  box.setTicked(false);
+  EXPECT_EQ(clicks, 0);
+  box.setTicked(true);
+  EXPECT_EQ(clicks, 1);
+  EXPECT_EQ(changes, 0);
+  box.tick(false);
+  EXPECT_EQ(clicks, 2);
+  EXPECT_EQ(changes, 1);
+}
+
+TEST(ProgressBar, LooksDifferentAtWholePercents) {
+  ProgressBar bar("BAR");
+  bar.start();
+  EXPECT_EQ(bar.percent(), std::nullopt);
+  EXPECT_FALSE(bar.setPosition(1));
+  bar.setMaximum(1000);
+  int drawn = 0;
+  bar.changed.on([&] { ++drawn; });
+  for (std::int32_t done = 1; done <= 1000; ++done) bar.setPosition(done);
+  EXPECT_EQ(drawn, 100);
+  EXPECT_EQ(bar.percent(), 100);
+  bar.start();
+  EXPECT_EQ(bar.percent(), std::nullopt);
 }
 
 }  // namespace

@@ -9,17 +9,18 @@ namespace kebu::workbench {
 namespace {
 
 constexpr const char* writtenTables[] = {
-    "GM03_DISPOSITIVI", "GM04_PARAMETRITVRO", "GM08_ATTIVITADISPO", "GM13_TIPISINCRO",
-    "GM56_KBDEPOSITI",  "GM57_KBLISTINI",     "FW01_JOB",
+    "GM03_DISPOSITIVI", "GM04_PARAMETRITVRO", "GM08_ATTIVITADISPO",   "GM13_TIPISINCRO",
+    "GM56_KBDEPOSITI",  "GM57_KBLISTINI",     "GM61_KBDISCOUNTRULES", "FW01_JOB",
 };
 
 /// Working tables are called differently in every run.
 std::string withoutTableNames(std::string text) {
-  const std::string prefix = "##tempT";
   constexpr std::size_t identifier = 32;
-  for (std::size_t at = 0; (at = text.find(prefix, at)) != std::string::npos;) {
-    at += prefix.size();
-    text.erase(at, identifier);
+  for (const std::string prefix : {"##tempT", "##tempPrezzo", "##tempGriglia"}) {
+    for (std::size_t at = 0; (at = text.find(prefix, at)) != std::string::npos;) {
+      at += prefix.size();
+      text.erase(at, identifier);
+    }
   }
   return text;
 }

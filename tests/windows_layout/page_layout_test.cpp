@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include "controls/check_box.h"
+#include "controls/combo_box.h"
 #include "controls/edit_box.h"
 #include "controls/navigator_bar.h"
 #include "controls/query_editor.h"
@@ -130,6 +131,43 @@ TEST_F(PageLayoutTest, AButtonOfTheRightSharesItsLineWithTheLabel) {
   EXPECT_EQ(placements.at(&button).bounds.right(), 600);
   EXPECT_EQ(placements.at(&updated).bounds.top, placements.at(&button).bounds.top);
   expectNoOverlap(placements, {&updated, &button});
+}
+
+TEST_F(PageLayoutTest, ACheckBoxBeforeAGridIsItsHeading) {
+  page.addAll(name, flag, grid);
+  const Placements placements = place(page, 600, 500, {{"QGRID", 15}});
+  EXPECT_EQ(placements.at(&flag).bounds.left, placements.at(&grid).bounds.left);
+  EXPECT_LT(placements.at(&flag).bounds.left, placements.at(&name).bounds.left);
+  EXPECT_GT(placements.at(&grid).bounds.top, placements.at(&flag).bounds.bottom());
+  EXPECT_EQ(placements.at(&grid).bounds.bottom(), 500);
+  // Before something else it is one of the fields.
+  GroupBox other{"OTHER"};
+  other.addAll(flag, name);
+  const Placements fields = place(other, 600, 500);
+  EXPECT_EQ(fields.at(&flag).bounds.left, fields.at(&name).bounds.left);
+}
+
+TEST_F(PageLayoutTest, CheckBoxesShareALineWhereThereIsRoom) {
+  CheckBox once{"CHK_ONCE", "Monouso"};
+  GroupBox options{"OPTIONS"};
+  options.addAll(note, flag, once);
+  const Placements wide = place(options, 600, 400);
+  EXPECT_EQ(wide.at(&flag).bounds.top, wide.at(&once).bounds.top);
+  EXPECT_EQ(wide.at(&flag).bounds.left, wide.at(&note).bounds.left);
+  expectNoOverlap(wide, {&flag, &once});
+  const Placements narrow = place(options, 150, 400);
+  EXPECT_GT(narrow.at(&once).bounds.top, narrow.at(&flag).bounds.top);
+  EXPECT_EQ(narrow.at(&once).bounds.left, narrow.at(&flag).bounds.left);
+}
+
+TEST_F(PageLayoutTest, AComboIsAsWideAsItsLongestEntryWhereThereIsRoom) {
+  ComboBox rule{"CMB_RULE", "Regola"};
+  const std::string entry(100, 'x');
+  rule.addRow(std::int32_t{1}, entry);
+  GroupBox options{"OPTIONS"};
+  options.addAll(rule);
+  EXPECT_GT(place(options, 1000, 400).at(&rule).bounds.width, metrics.textWidth(entry));
+  EXPECT_LE(place(options, 500, 400).at(&rule).bounds.right(), 500);
 }
 
 TEST_F(PageLayoutTest, HiddenControlsTakeNoRoom) {

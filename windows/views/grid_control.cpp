@@ -50,10 +50,22 @@ int GridControl::gutter() const {
 }
 
 int GridControl::columnWidth(std::size_t column) const {
+  if (!isShown(column)) return 0;
   const int drawn = column < widths_.size() ? widths_[column] : 0;
   if (drawn) return theme_->px(std::max(drawn, leastColumn));
   const int needed = column < needed_.size() ? needed_[column] : 0;
   return std::max(theme_->px(std::max(source_.columns()[column].width, leastColumn)), needed);
+}
+
+bool GridControl::isShown(std::size_t column) const {
+  return source_.columns()[column].width > 0;
+}
+
+std::size_t GridControl::shownFrom(std::size_t column, int step) const {
+  const std::size_t count = source_.columns().size();
+  std::size_t at = column + static_cast<std::size_t>(step);
+  while (at < count && !isShown(at)) at += static_cast<std::size_t>(step);
+  return at < count ? at : column;
 }
 
 int GridControl::columnLeft(std::size_t column) const {
@@ -113,6 +125,7 @@ bool GridControl::isTickAllOn(std::size_t column) const {
 GridControl::Hit GridControl::hitTest(POINT point) const {
   Hit hit;
   for (std::size_t i = 0; i < source_.columns().size(); ++i) {
+    if (!isShown(i)) continue;
     const int right = columnLeft(i) + columnWidth(i);
     if (point.y < headHeight() && std::abs(point.x - right) <= theme_->px(edgeReach)) {
       hit.onEdge = true;
@@ -321,16 +334,16 @@ void GridControl::keyDown(WPARAM key, bool shift, bool control) {
   const bool isCheck = source_.columns()[column_].kind == ColumnKind::Check;
   switch (key) {
     case VK_LEFT:
-      if (column_ > 0) goTo(row, column_ - 1);
+      goTo(row, shownFrom(column_, -1));
       break;
     case VK_RIGHT:
-      if (column_ + 1 < count) goTo(row, column_ + 1);
+      goTo(row, shownFrom(column_, 1));
       break;
     case VK_HOME:
       goTo(row, 0);
       break;
     case VK_END:
-      goTo(row, count - 1);
+      goTo(row, shownFrom(count, -1));
       break;
     case VK_SPACE:
       if (isCheck) tick(row, column_);
@@ -432,7 +445,7 @@ void GridControl::startEdit(const wchar_t* typed) {
   SendMessageW(editor_, WM_SETFONT, reinterpret_cast<WPARAM>(theme_->font()), FALSE);
   if (isList) {
     SendMessageW(editor_, CB_SETITEMHEIGHT, static_cast<WPARAM>(-1), rowHeight() - 6);
-    for (const std::string& item : column.items) {
+    for (const std::string& item : source_.itemsOf(row, column_)) {
       SendMessageW(editor_, CB_ADDSTRING, 0, reinterpret_cast<LPARAM>(toWide(item).c_str()));
     }
     SendMessageW(editor_, CB_SELECTSTRING, static_cast<WPARAM>(-1),

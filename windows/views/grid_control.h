@@ -60,6 +60,9 @@ class GridControl : public Window {
   void measureColumns();
   int headNeeds(const GridSource::Column& column) const;
   int cellsNeed(std::size_t column) const;
+  bool isShown(std::size_t column) const;
+  /// The next column in sight, `column` itself when there is none; `step` is 1 or -1.
+  std::size_t shownFrom(std::size_t column, int step) const;
   int totalWidth() const;
   int visibleRows() const;
   std::int32_t lastTopRow() const;

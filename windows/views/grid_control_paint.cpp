@@ -26,6 +26,7 @@ void GridControl::paintHead(HDC dc) {
   head.bottom = headHeight();
   fill(dc, head, colours.locked);
   for (std::size_t i = 0; i < source_.columns().size(); ++i) {
+    if (!isShown(i)) continue;
     const GridSource::Column& column = source_.columns()[i];
     RECT area = headBounds(i);
     const bool isOpenCode = column.caption.empty();  // shares the next column's caption

@@ -15,9 +15,8 @@ class GridSource {
   struct Column {
     std::string field;
     std::string caption;
-    int width = 0;  ///< in 96ths of an inch
+    int width = 0;  ///< in 96ths of an inch; a column of no width is out of sight
     controls::ColumnKind kind = controls::ColumnKind::Text;
-    std::vector<std::string> items;  ///< of a value list
   };
 
   virtual ~GridSource() = default;
@@ -25,6 +24,10 @@ class GridSource {
   virtual std::int32_t rowCount() const = 0;
   virtual std::int32_t currentRow() const = 0;
   virtual std::string cellText(std::int32_t row, std::size_t column) = 0;
+  /// The entries of a value list cell.
+  virtual std::vector<std::string> itemsOf(std::int32_t /*row*/, std::size_t /*column*/) {
+    return {};
+  }
   virtual bool isEnabled() const { return true; }
   virtual bool isLocked(std::int32_t /*row*/, std::size_t /*column*/) { return true; }
   virtual bool keepsRowState() const { return false; }

@@ -17,8 +17,8 @@ enum class Inspected : std::uint32_t {
             ///< query editor's field: by `key` (button key, view number, code,
             ///< caption) or `index`
   Lookup,   ///< the button that opens the look-up of an edit box
-  Choice,   ///< an entry of a column's list of values: the column, and `row` from 1; its
-            ///< code is the name
+  Choice,   ///< an entry of the list of values that the current row's cell of a column
+            ///< offers: the column, and `row` from 1; its code is the name
 };
 
 /// What an onlooker (a screen reader, a test) may ask of a window of this
@@ -39,7 +39,7 @@ struct Inspection {
   BOOL enabled = FALSE;
   BOOL visible = FALSE;
   std::int32_t count = 0;    ///< a grid's or list's rows; a bar's items; a combo's rows;
-                             ///< a column's list of values
+                             ///< the list of values in the current row of a column
   std::int32_t columns = 0;  ///< a grid's or list's columns
   std::int32_t current =
       0;                    ///< a grid's current row, from 1; a chosen item's index + 1; 0 for none

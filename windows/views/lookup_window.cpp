@@ -28,8 +28,7 @@ LookupWindow::LookupWindow(HINSTANCE module, controls::LookupList& list, HWND ow
       widest = std::max(widest, theme_.metrics().textWidth(list.cellText(row, i)));
     }
     const int units = std::clamp(MulDiv(widest, 96, theme_.dpi()) + 20, 70, 320);
-    columns_.push_back(
-        {std::to_string(i), list.captions()[i], units, controls::ColumnKind::Text, {}});
+    columns_.push_back({std::to_string(i), list.captions()[i], units, controls::ColumnKind::Text});
     width += units;
   }
   width = theme_.px(std::clamp(width + 40, 440, 900));

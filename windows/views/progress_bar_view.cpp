@@ -75,6 +75,11 @@ void ProgressBarView::paint() const {
   fill(buffer.dc(), track, colours.line);
   if (!model_.isRunning()) return;
   const LONG room = track.right - track.left;
+  if (const auto percent = model_.percent()) {
+    track.right = track.left + MulDiv(room, *percent, 100);
+    fill(buffer.dc(), track, colours.accent);
+    return;
+  }
   const LONG piece = room / 3;
   const auto way = static_cast<LONG>(GetTickCount64() % roundMilliseconds);
   const LONG from =

@@ -31,9 +31,7 @@ void QueryGridView::place(const layout::Placement& placement) {
 void QueryGridView::readColumns() {
   columns_.clear();
   for (const controls::QueryGrid::Column& column : model_.columns()) {
-    Column shown{column.field, column.caption, column.width / twipsPerUnit, column.kind, {}};
-    for (const auto& item : column.items) shown.items.push_back(item.second);
-    columns_.push_back(std::move(shown));
+    columns_.push_back({column.field, column.caption, column.width / twipsPerUnit, column.kind});
   }
 }
 
@@ -54,6 +52,14 @@ std::string QueryGridView::cellText(std::int32_t row, std::size_t column) {
   return text;
 }
 
+std::vector<std::string> QueryGridView::itemsOf(std::int32_t row, std::size_t column) {
+  std::vector<std::string> texts;
+  for (const auto& item : model_.itemsOf(row, model_.columns().at(column))) {
+    texts.push_back(item.second);
+  }
+  return texts;
+}
+
 bool QueryGridView::isLocked(std::int32_t row, std::size_t column) {
   bool locked = true;
   ignoringErrors([&] { locked = model_.isLocked(row, model_.columns().at(column)); });
@@ -71,8 +77,8 @@ void QueryGridView::edit(std::int32_t row, std::size_t column, const std::string
 }
 
 void QueryGridView::choose(std::int32_t row, std::size_t column, std::size_t item) {
-  const std::int32_t code = model_.columns().at(column).items.at(item).first;
-  model_.edit(row, fieldOf(column), Value(code));
+  const auto& items = model_.itemsOf(row, model_.columns().at(column));
+  model_.edit(row, fieldOf(column), Value(items.at(item).first));
 }
 
 void QueryGridView::empty(std::int32_t row, std::size_t column) {
@@ -129,13 +135,15 @@ bool QueryGridView::describePart(Inspection& inspection) {
     case Inspected::Column:
       if (seen) inspection.bounds = grid_.headBounds(index);
       writeText(inspection, column.caption);
-      inspection.count = static_cast<std::int32_t>(column.items.size());
+      inspection.count =
+          static_cast<std::int32_t>(model_.itemsOf(model_.currentRow(), column).size());
       return true;
     case Inspected::Choice: {
       const auto choice = static_cast<std::size_t>(row) - 1;
-      if (row < 1 || choice >= column.items.size()) return false;
-      writeName(inspection, std::to_string(column.items[choice].first));
-      writeText(inspection, column.items[choice].second);
+      const auto& items = model_.itemsOf(model_.currentRow(), column);
+      if (row < 1 || choice >= items.size()) return false;
+      writeName(inspection, std::to_string(items[choice].first));
+      writeText(inspection, items[choice].second);
       return true;
     }
     case Inspected::TickAll:

@@ -28,6 +28,7 @@ class QueryGridView : public View, private GridSource {
   std::int32_t rowCount() const override { return model_.rowCount(); }
   std::int32_t currentRow() const override { return model_.currentRow(); }
   std::string cellText(std::int32_t row, std::size_t column) override;
+  std::vector<std::string> itemsOf(std::int32_t row, std::size_t column) override;
   bool isEnabled() const override { return looksEnabled(); }
   bool isLocked(std::int32_t row, std::size_t column) override;
   bool keepsRowState() const override { return !model_.rowStateField().empty(); }

@@ -37,6 +37,7 @@ FRMKB_ANAGRAFICA::FRMKB_ANAGRAFICA(const Runtime& runtime)
       priceLists_(context_, progress_),
       preview_(context_, progress_),
       filters_(context_),
+      discounts_(context_, progress_, parameters_, INAV_PAR),
       profile_(context_, INAV_PAR,
                {parameters_, categories_, deposits_, priceLists_, filters_, synchronisation_}),
       GRP_LISTINI("GRP_LISTINI", "Listini da pubblicare"),
@@ -65,6 +66,7 @@ void FRMKB_ANAGRAFICA::buildPages() {
   profile_.place(pages_.GRPMAIN_PAR, pages_.GRPMAIN_CATCLIENTI, pages_.GRPMAIN_CATART);
   parameters_.place(pages_.GRPMAIN_PAR, pages_.GRPMAIN_SCONTI);
   categories_.place(profile_.GRP_CATCLI, profile_.GRP_CATART);
+  discounts_.place(pages_.GRPMAIN_SCONTI);
   GRP_LISTINI.add(priceLists_.QGRID_LISTINI);
   GRP_AGGLISTINI.add(priceLists_.BTN_AGGLISTINI);
   pages_.GRPMAIN_LISTINI.addAll(GRP_LISTINI, GRP_AGGLISTINI);
@@ -286,6 +288,7 @@ void FRMKB_ANAGRAFICA::VisualizzaVista(std::int32_t number) {
       step([&] { show(view->navigatorBar); });
     }
     view_ = number;
+    step([&] { discounts_.viewShown(number); });
   });
 }
 
@@ -361,6 +364,7 @@ void FRMKB_ANAGRAFICA::releaseHostObjects() {
   environment_.reset();
   priceLists_.QGRID_LISTINI.setDataSource(nullptr);
   deposits_.QGRID_DEP.setDataSource(nullptr);
+  discounts_.release();
   INAV_PAR.unbind();
   INAV_CATCLIART.unbind();
   layoutModel_.reset();

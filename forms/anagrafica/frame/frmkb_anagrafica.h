@@ -10,6 +10,7 @@
 #include "controls/simple_controls.h"
 #include "forms/anagrafica/categories/categories_page.h"
 #include "forms/anagrafica/filters/filter_pages.h"
+#include "forms/anagrafica/discounts/discounts_page.h"
 #include "forms/anagrafica/frame/page_groups.h"
 #include "forms/anagrafica/frame/progress_display.h"
 #include "forms/anagrafica/page_context.h"
@@ -95,6 +96,7 @@ class FRMKB_ANAGRAFICA : public controls::Form {
   PriceListsPage priceLists_;
   PreviewPage preview_;
   FilterPages filters_;
+  DiscountsPage discounts_;
   ProfilePage profile_;
   controls::GroupBox GRP_LISTINI;
   controls::GroupBox GRP_AGGLISTINI;

@@ -66,4 +66,25 @@ void ProgressDisplay::ImpostaMessaggioStato(const std::string& message, bool sho
   });
 }
 
+void ProgressDisplay::during(const std::string& procedure, const char* message,
+                             const std::function<void(Steps&)>& body) {
+  const bool done = trap(services_, procedure, [&](Steps& step) {
+    ImpostaMessaggioStato(message, true);
+    body(step);
+    ImpostaMessaggioStato("Pronto", false);
+    return true;
+  });
+  if (done) return;
+  STATUSBAR.setAnimated(false);
+  MostraAvanzamento(false);
+}
+
+void ProgressDisplay::expect(std::int32_t total) {
+  PBAR.setMaximum(total);
+}
+
+void ProgressDisplay::advance(std::int32_t done) {
+  if (PBAR.setPosition(done)) desktop_.repaint();
+}
+
 }  // namespace kebu::forms

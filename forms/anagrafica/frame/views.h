@@ -27,6 +27,7 @@ inline constexpr View views[] = {
     {9, "Anteprima clienti", "GRPMAIN_RIEPART", "", PreviewKind::Customers},
     {10, "Filtro clienti", "GRPMAIN_FILTROCLI", "INAV_PAR"},
     {11, "Filtro articoli", "GRPMAIN_FILTROART", "INAV_PAR"},
+    {12, "Sconti", "GRPMAIN_SCONTI", "INAV_PAR"},
 };
 
 /// What is hidden before another page is shown, in this order. The discount

@@ -19,14 +19,20 @@ namespace {
 constexpr int rowGap = 7;
 constexpr int groupGap = 12;
 constexpr int padding = 14;
-constexpr int captionGap = 10;
 constexpr int partGap = 6;
 constexpr int codeWidth = 90;
 constexpr int widestField = 440;
 constexpr int longestShort = 30;  // characters of a box that is not stretched
 constexpr int twoColumnsFrom = 720;
-constexpr int leastGrid = 190;
+constexpr int leastGrid = 176;
 constexpr int tableCombo = 250;
+constexpr int checkMark = 22;  // the box of a check box and what is between it and its text
+constexpr int dropArrow = 36;  // what a combo needs beside its text
+constexpr int checkGap = 22;
+
+const controls::CheckBox* asCheck(const Control& control) {
+  return dynamic_cast<const controls::CheckBox*>(&control);
+}
 
 bool isField(const Control& control) {
   return dynamic_cast<const controls::EditBox*>(&control) ||
@@ -36,6 +42,12 @@ bool isField(const Control& control) {
 bool isLineItem(const Control& control) {
   return dynamic_cast<const controls::Button*>(&control) ||
          dynamic_cast<const controls::Label*>(&control);
+}
+
+/// A grid or an editor, which takes the whole width.
+bool isWhole(const Control& control) {
+  return !isField(control) && !isLineItem(control) && !asCheck(control) &&
+         !dynamic_cast<const GroupBox*>(&control);
 }
 
 bool isLabel(const Control& control) {
@@ -96,8 +108,7 @@ std::int32_t PageLayout::ruleOf(const Control& control) const {
     return inner ? stretched | bottomSide : stretched;
   }
   // What is none of the known small controls wants room: a grid, an editor.
-  const bool isSmall =
-      isField(control) || isLineItem(control) || dynamic_cast<const controls::CheckBox*>(&control);
+  const bool isSmall = isField(control) || isLineItem(control) || asCheck(control);
   return isSmall ? leftSide | topSide : stretched | bottomSide;
 }
 
@@ -132,7 +143,17 @@ int PageLayout::fieldWidth(const Control& control) const {
     const std::string digits(std::max<std::size_t>(box->maxLength(), 4), '0');
     return metrics_.textWidth(digits) + metrics_.px(16);
   }
-  return metrics_.px(widestField);
+  int width = metrics_.px(widestField);
+  if (const auto* combo = dynamic_cast<const controls::ComboBox*>(&control)) {
+    for (const auto& row : combo->rows()) {
+      width = std::max(width, metrics_.textWidth(row.caption) + metrics_.px(dropArrow));
+    }
+  }
+  return width;
+}
+
+int PageLayout::checkWidth(const Control& check) const {
+  return metrics_.textWidth(check.caption()) + metrics_.px(checkMark);
 }
 
 int PageLayout::buttonWidth(const Control& button) const {
@@ -145,15 +166,13 @@ PageLayout::Block PageLayout::fieldBlock(Control& field) {
   block.gap = metrics_.px(rowGap);
   block.place = [this, &field](const Rect& area) {
     Placement& placement = placements_[&field];
-    const int left =
-        captionColumn_ ? area.left + captionColumn_ + metrics_.px(captionGap) : area.left;
+    const int left = area.left + fieldColumn();
     const int room = std::max(area.right() - left, 0);
     if (captionColumn_) {
       placement.caption = {area.left, area.top, captionColumn_, area.height};
     }
     const int button = hasLookup(field) ? metrics_.px(26) : 0;
-    const bool isCheck = dynamic_cast<const controls::CheckBox*>(&field) != nullptr;
-    const int width = isCheck ? room : std::min(fieldWidth(field), room - button);
+    const int width = asCheck(field) ? room : std::min(fieldWidth(field), room - button);
     placement.bounds = {left, area.top, width, area.height};
     if (button) {
       placement.lookup = {placement.bounds.right() + metrics_.px(2), area.top,
@@ -163,6 +182,20 @@ PageLayout::Block PageLayout::fieldBlock(Control& field) {
       const int from = left + width + button + metrics_.px(partGap);
       placements_[description].bounds = {from, area.top, std::max(area.right() - from, 0),
                                          area.height};
+    }
+  };
+  return block;
+}
+
+PageLayout::Block PageLayout::checksBlock(const Controls& checks) {
+  Block block;
+  block.height = metrics_.fieldHeight();
+  block.gap = metrics_.px(rowGap);
+  block.place = [this, checks](const Rect& area) {
+    int left = area.left + fieldColumn();
+    for (const Control* check : checks) {
+      placements_[check].bounds = {left, area.top, checkWidth(*check), area.height};
+      left += checkWidth(*check) + metrics_.px(checkGap);
     }
   };
   return block;
@@ -245,6 +278,20 @@ PageLayout::Block PageLayout::wholeBlock(Control& control) {
   block.gap = metrics_.px(groupGap);
   block.grows = grows(control);
   block.place = [this, &control](const Rect& area) { placements_[&control].bounds = area; };
+  return block;
+}
+
+PageLayout::Block PageLayout::headingBlock(Control& check, Control& control) {
+  Block block = wholeBlock(control);
+  const int heading = metrics_.fieldHeight();
+  const int gap = metrics_.px(partGap);
+  block.height += heading + gap;
+  block.place = [this, &check, &control, heading, gap](const Rect& area) {
+    placements_[&check].bounds = {area.left, area.top, area.width, heading};
+    const int above = heading + gap;
+    placements_[&control].bounds = {area.left, area.top + above, area.width,
+                                    std::max(area.height - above, 0)};
+  };
   return block;
 }
 
@@ -349,7 +396,19 @@ PageLayout::Blocks PageLayout::blocksOf(const Controls& controls, int width) {
         line.push_back(shown[i++]);
       }
       blocks.push_back(lineBlock(line));
-    } else if (isField(control) || dynamic_cast<controls::CheckBox*>(&control)) {
+    } else if (asCheck(control) && i < shown.size() && isWhole(*shown[i])) {
+      blocks.push_back(headingBlock(control, *shown[i++]));
+    } else if (asCheck(control)) {
+      Controls checks{&control};
+      int right = fieldColumn() + checkWidth(control);
+      while (i < shown.size() && asCheck(*shown[i]) &&
+             !(i + 1 < shown.size() && isWhole(*shown[i + 1]))) {
+        right += metrics_.px(checkGap) + checkWidth(*shown[i]);
+        if (right > width) break;
+        checks.push_back(shown[i++]);
+      }
+      blocks.push_back(checks.size() > 1 ? checksBlock(checks) : fieldBlock(control));
+    } else if (isField(control)) {
       blocks.push_back(fieldBlock(control));
     } else {
       blocks.push_back(wholeBlock(control));

@@ -52,14 +52,23 @@ class PageLayout {
   using Blocks = std::vector<Block>;
   using Controls = std::vector<controls::Control*>;
 
+  static constexpr int captionColumnGap = 10;  ///< in 96ths of an inch
+
   std::int32_t ruleOf(const controls::Control& control) const;
   bool grows(const controls::Control& control) const;
   int captionColumn(const Controls& controls) const;
   int fieldWidth(const controls::Control& control) const;
+  int checkWidth(const controls::Control& check) const;
   int buttonWidth(const controls::Control& button) const;
+  /// From the left edge to where fields begin.
+  int fieldColumn() const {
+    return captionColumn_ ? captionColumn_ + metrics_.px(captionColumnGap) : 0;
+  }
 
   Blocks blocksOf(const Controls& controls, int width);
   Block fieldBlock(controls::Control& field);
+  /// Check boxes side by side.
+  Block checksBlock(const Controls& checks);
   Block lineBlock(const Controls& line);
   Block tableLineBlock(const Controls& line, bool headed);
   Block groupBlock(controls::GroupBox& group, int width);
@@ -69,6 +78,8 @@ class PageLayout {
   Block editorBlock(controls::QueryEditor& editor);
   void placeRow(const controls::QueryEditor::Row& row, const Rect& area);
   void placeBelow(const controls::QueryEditor& editor, const Rect& area, int warning);
+  /// A check box that switches what stands below it, as its heading.
+  Block headingBlock(controls::Control& check, controls::Control& control);
   static int heightOf(const Blocks& blocks);
   static void placeBlocks(const Blocks& blocks, const Rect& area);
   void prepare(const Controls& controls, int width);

@@ -1,0 +1,67 @@
+#pragma once
+
+#include <cstdint>
+#include <string>
+
+#include "controls/check_box.h"
+#include "controls/query_grid.h"
+#include "forms/anagrafica/frame/progress_display.h"
+#include "forms/anagrafica/page_context.h"
+#include "sql/discount_kinds.h"
+
+namespace kebu::forms {
+
+/// What one mode of the discount rules calls its controls, procedures and columns.
+struct DiscountModeNames;
+
+/// One mode of the discount rules: its rows in a grid, the check box that
+/// switches it on, and the working table behind the rows. The same for both
+/// modes but for names.
+class DiscountGrid {
+ public:
+  DiscountGrid(PageContext& context, ProgressDisplay& progress, sql::DiscountMode mode);
+
+  controls::CheckBox check;
+  controls::QueryGrid grid;
+
+  sql::DiscountMode mode() const { return mode_; }
+  bool isOn() const { return check.isTicked(); }
+  const Ref<ado::Recordset>& rows() const { return grid.dataSource(); }
+
+  /// The working table's name; "" before the first load.
+  const std::string& table() const { return table_; }
+  /// Gives the working table a name that nobody else has.
+  void renameTable();
+
+  /// Lays the grid's columns out for a list type: ImpostaQGRID_SCONTOSUPREZZO
+  /// and ImpostaQGRID_SCONTOSUGRIGLIA.
+  void Imposta(std::int32_t listType);
+  /// Shows no rows.
+  void empty() { grid.setDataSource(nullptr); }
+
+  /// The user changed something that is saved.
+  Event<> Modified;
+  /// The current row's date of the last save, when it has one.
+  Event<const Date&> LastUpdate;
+
+ private:
+  void OnEdited();
+  void SelectionBoxClick(const std::string& field);
+  void RowChanged();
+  void GetCellRenderColumn(std::int32_t row, const std::string& field, std::string& lender);
+  /// The column whose list edits the cell.
+  std::string GetNodeEdit(std::int32_t row, const std::string& field);
+  void SelectAllClickEXT(bool selecting, bool& cancel);
+  void CheckClick();
+  bool isLocked(std::int32_t row, const std::string& field);
+  /// The given name of a procedure: "QGRID_SCONTOSUPREZZO" and then "_OnEdited".
+  std::string procedure(const char* event) const { return grid.Name() + event; }
+
+  const DiscountModeNames& names_;
+  sql::DiscountMode mode_;
+  PageContext& context_;
+  ProgressDisplay& progress_;
+  std::string table_;
+};
+
+}  // namespace kebu::forms

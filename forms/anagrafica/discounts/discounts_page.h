@@ -1,0 +1,75 @@
+#pragma once
+
+#include <cstdint>
+#include <string>
+
+#include "controls/navigator_bar.h"
+#include "controls/simple_controls.h"
+#include "forms/anagrafica/discounts/discount_grid.h"
+#include "forms/anagrafica/frame/progress_display.h"
+#include "forms/anagrafica/page_context.h"
+#include "forms/anagrafica/profile/parameter_page.h"
+#include "sql/discount_kinds.h"
+
+namespace kebu::forms {
+
+/// The discount rules of the company: candidates from the ERP's price lists for
+/// one list type at a time, in two modes, of which the ticked ones are stored.
+/// What the eight kinds differ in is in the table of sql/discount_kinds.
+class DiscountsPage {
+ public:
+  /// The list type and the options of the rules are controls of `parameters`.
+  DiscountsPage(PageContext& context, ProgressDisplay& progress, ParameterPage& parameters,
+                controls::NavigatorBar& navigator);
+
+  DiscountGrid onPrice;
+  DiscountGrid byGrid;
+  controls::Button CMD_AGGIORNA;
+  controls::Label LBL_DATAULTAGG;
+
+  /// Puts the page's controls into its group, after those of the parameters.
+  void place(controls::GroupBox& page);
+  /// The window shows a view: on this page the navigator bar saves and deletes rules.
+  void viewShown(std::int32_t view);
+  /// Lets go of the rows.
+  void release();
+
+ private:
+  void handleEvents();
+  void CMB_LISTINISCONTO_ChangeRow();
+  void CMD_AGGIORNA_ButtonClick();
+  void INAV_PAR_ButtonClick(bool& cancel, const std::string& button);
+
+  /// CaricaListini_1_A to CaricaListini_4_B.
+  void CaricaListini(DiscountGrid& mode);
+  /// AggiornaListini_1_A to AggiornaListini_4_B.
+  void AggiornaListini(DiscountGrid& mode);
+  /// RegistraListini_1_A to RegistraListini_4_B.
+  void RegistraListini(DiscountGrid& mode);
+  void EliminaListini();
+
+  void dropTable(DiscountGrid& mode, Steps& step);
+  void showStored(DiscountGrid& mode, Steps& step);
+  void storeTicked(const sql::DiscountKind& kind, const DiscountGrid& mode, Steps& step);
+  void setModified(bool modified);
+  void resetOptions();
+  void showLastUpdate(const Date& day);
+  void offer(bool confirming, bool deleting);
+  const sql::DiscountKind& kindOf(const DiscountGrid& mode) const;
+
+  PageContext& context_;
+  ProgressDisplay& progress_;
+  ParameterPage& parameters_;
+  controls::NavigatorBar& navigator_;
+  /// The list type whose rules are shown; 0 for none.
+  std::int32_t listType_ = 0;
+  /// How many candidates the last recomputation on price gave.
+  std::int32_t priceRows_ = 0;
+  /// Changes that are not saved.
+  bool pending_ = false;
+  bool shown_ = false;
+  bool offersConfirming_ = false;
+  bool offersDeleting_ = false;
+};
+
+}  // namespace kebu::forms

@@ -1,0 +1,126 @@
+// Saving the ticked rules of a kind.
+
+#include <algorithm>
+
+#include "common/convert.h"
+#include "common/nulls.h"
+#include "forms/anagrafica/discounts/discounts_page.h"
+#include "sql/discount_rules.h"
+
+namespace kebu::forms {
+
+namespace {
+
+constexpr std::int32_t rowsAtATime = 500;
+constexpr std::int32_t stepsOfARule = 10;
+constexpr std::int32_t netPriceByQuantity = 2;
+
+using Row = sql::RuleStatements::Row;
+
+std::size_t indexOf(const ado::Recordset& rows, const std::string& field) {
+  const auto& fields = rows.fields();
+  const auto at = std::find_if(fields.begin(), fields.end(), [&](const ado::Field& f) {
+    return equalsIgnoringCase(f.name, field);
+  });
+  if (at == fields.end()) throw RuntimeError(3265, "Item cannot be found: " + field);
+  return static_cast<std::size_t>(at - fields.begin());
+}
+
+/// What the steps of a rule give: the discount, or for a rule of net prices the
+/// price, less the discount where the rule asks for it.
+class StepReader {
+ public:
+  StepReader(const sql::RuleStatements& statements, const Row& row)
+      : prefix_(statements.source(row).prefix) {
+    const auto number = [&](const char* column) {
+      return toInt32(CDecN(statements.value(row, column)));
+    };
+    isPrice_ = number("GM61_TIPOGRIGLIASCONTO") == netPriceByQuantity;
+    isNet_ = number("GM61_CAMPOCORVANE") != 0;
+  }
+
+  std::vector<sql::RuleStep> read(ado::Recordset& rows) const {
+    std::vector<sql::RuleStep> steps;
+    if (rows.EOF_()) return steps;
+    const std::size_t from = indexOf(rows, prefix_ + "_DAQTA");
+    const std::size_t discount = indexOf(rows, prefix_ + "_SC1PER");
+    const std::size_t price = indexOf(rows, prefix_ + "_PREZZO");
+    for (const Row& step : rows.GetRows(stepsOfARule)) {
+      steps.push_back({number(step[from]), valueOf(number(step[price]), number(step[discount]))});
+    }
+    return steps;
+  }
+
+ private:
+  static Decimal number(const Value& value) { return toDecimal(CDecN(value)); }
+
+  Decimal valueOf(const Decimal& price, const Decimal& discount) const {
+    if (!isPrice_) return discount;
+    return isNet_ ? price - price / Decimal(100) * discount : price;
+  }
+
+  std::string prefix_;
+  bool isPrice_ = false;
+  bool isNet_ = false;
+};
+
+}  // namespace
+
+void DiscountsPage::RegistraListini(DiscountGrid& mode) {
+  if (!mode.isOn()) return;
+  const sql::DiscountKind& kind = kindOf(mode);
+  progress_.during(kind.registra, "Registrazione listini in corso...", [&](Steps& step) {
+    const Ref<ado::Recordset>& shown = mode.rows();
+    const std::int32_t count = step([&] { return shown ? shown->RecordCount() : 0; });
+    if (count == 1) {
+      // The tick of an only row may not have reached the working table.
+      if (step([&] { return toInt32(CDecN(shown->value("GM61_ATTIVA"))) == 1; })) {
+        step([&] {
+          context_.connection->Execute(
+              sql::SelezionaRiga(mode.table(), toSqlNumber(shown->value("GM61_ID"))));
+        });
+      }
+    } else if (count > 1) {
+      step([&] { shown->MoveFirst(); });  // stores an edit that is still under way
+      step([&] { mode.grid.refresh(); });
+    }
+    step([&] {
+      context_.connection->Execute(
+          sql::EliminaRegole(kind.mode, std::to_string(kind.listType), context_.companyText()));
+    });
+    storeTicked(kind, mode, step);
+  });
+}
+
+void DiscountsPage::storeTicked(const sql::DiscountKind& kind, const DiscountGrid& mode,
+                                Steps& step) {
+  const Ref<ado::Recordset> ticked =
+      step([&] { return context_.openEditable(sql::RegoleSelezionate(kind, mode.table())); });
+  if (!ticked) return;
+  std::vector<std::string> columns;
+  for (const ado::Field& field : ticked->fields()) columns.push_back(field.name);
+  const sql::RuleStatements statements(
+      kind, context_.companyText(), columns,
+      {parameters_.CHK_VISPREZZIBARRATI.value(), parameters_.CHK_NONTRATTAREALTRISCONTI.value(),
+       parameters_.CHK_MONOUSO.value(), parameters_.CMB_REGAPPLICAZIONE.value(),
+       GetAnsiDate(context_.today())});
+
+  const auto stepsOf = [&](const Row& row) {
+    if (kind.mode != sql::DiscountMode::Grid) return std::vector<sql::RuleStep>();
+    return step([&] {
+      const auto found = context_.connection->Execute(statements.LeggiScaglioni(row));
+      return StepReader(statements, row).read(*found);
+    });
+  };
+  progress_.expect(step([&] { return ticked->RecordCount(); }));
+  std::int32_t done = 0;
+  while (step([&] { return !ticked->EOF_(); })) {
+    for (const Row& row : step([&] { return ticked->GetRows(rowsAtATime); })) {
+      progress_.advance(++done);
+      const std::vector<sql::RuleStep> steps = stepsOf(row);
+      step([&] { context_.connection->Execute(statements.InserisciRegola(row, steps)); });
+    }
+  }
+}
+
+}  // namespace kebu::forms

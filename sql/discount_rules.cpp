@@ -1,0 +1,332 @@
+#include "sql/discount_rules.h"
+
+#include <array>
+
+#include "common/convert.h"
+#include "common/nulls.h"
+#include "sql/script.h"
+#include "sql/text.h"
+
+namespace kebu::sql {
+
+namespace {
+
+constexpr std::size_t stepsOfARule = 10;
+constexpr std::size_t nowhere = static_cast<std::size_t>(-1);
+
+struct ModeFlags {
+  std::string_view onPrice;
+  std::string_view grid;
+};
+
+ModeFlags flagsOf(DiscountMode mode) {
+  return mode == DiscountMode::OnPrice ? ModeFlags{"1", "0"} : ModeFlags{"0", "1"};
+}
+
+bool isZero(const Value& value) {
+  if (value.holds<std::int16_t>()) return value.as<std::int16_t>() == 0;
+  return toDecimal(CDecN(value)).isZero();
+}
+
+std::string amount(const Value& value) {
+  return toSqlNumber(CDecN(value));
+}
+
+/// A number as it stands, without quotes.
+std::string number(const Value& value) {
+  if (value.isEmpty() || value.isNull()) return "NULL";
+  if (value.holds<std::int16_t>()) return std::to_string(value.as<std::int16_t>());
+  if (value.holds<std::int32_t>()) return std::to_string(value.as<std::int32_t>());
+  if (!value.isText()) return toSqlNumber(value);
+  const std::string text = trim(value.as<std::string>());
+  return text.empty() ? "NULL" : text;
+}
+
+// As it stands: a quote inside of it breaks the statement, and the user is told.
+std::string quoted(const Value& value) {
+  if (value.isText()) return join({"'", value.as<std::string>(), "'"});
+  return join({"'", toDisplay(value), "'"});
+}
+
+std::string quotedDay(const Value& value) {
+  return join({"'", GetAnsiDate(value), "'"});
+}
+
+}  // namespace
+
+std::string EliminaTabellaSconti(const std::string& table) {
+  return join({"IF OBJECT_ID('TEMPDB.DBO.", table, "') IS NOT NULL DROP TABLE ", table});
+}
+
+std::string CaricaRegole(const DiscountKind& kind, const std::string& table,
+                         const std::string& company) {
+  const ModeFlags flags = flagsOf(kind.mode);
+  return Script()
+      .line("SELECT ")
+      .line(" *")
+      .line(" INTO ")
+      .line(table)
+      .line(" FROM ")
+      .line("   GM61_KBDISCOUNTRULES WITH(NOLOCK) ")
+      .line(" WHERE ")
+      .line(join({"   GM61_DITTA_CG18 = ", company}))
+      .line(join({"   AND GM61_INDTIPOLISTINO = ", std::to_string(kind.listType), " "}))
+      .line(join({"   AND GM61_FLGSCONTISUPRZ = ", flags.onPrice, " "}))
+      .line(join({"   AND GM61_FLGGRIGLIASCONTI = ", flags.grid, " "}))
+      .line(" ORDER BY GM61_ATTIVA DESC ")
+      .text();
+}
+
+std::string RigheRegole(const std::string& table) {
+  return join({"SELECT * FROM ", table});
+}
+
+std::string SelezionaTutte(const std::string& table, bool selected) {
+  return join({"UPDATE ", table, " SET GM61_ATTIVA = ", selected ? "1" : "0"});
+}
+
+std::string SelezionaRiga(const std::string& table, const std::string& id) {
+  return join({"UPDATE ", table, " SET GM61_ATTIVA = 1 WHERE GM61_ID = ", id});
+}
+
+std::string EliminaRegole(DiscountMode mode, const std::string& listType,
+                          const std::string& company) {
+  const ModeFlags flags = flagsOf(mode);
+  return lines({"DELETE ", " FROM ", "   GM61_KBDISCOUNTRULES ", " WHERE ",
+                join({"   GM61_DITTA_CG18 =  ", company}),
+                join({"   AND GM61_INDTIPOLISTINO = ", listType}),
+                join({"   AND GM61_FLGSCONTISUPRZ = ", flags.onPrice}),
+                join({"   AND GM61_FLGGRIGLIASCONTI = ", flags.grid})});
+}
+
+std::string RegoleSelezionate(const DiscountKind& kind, const std::string& table) {
+  return join({"SELECT * FROM ", table, " WHERE GM61_ATTIVA = 1 AND GM61_INDTIPOLISTINO = ",
+               std::to_string(kind.listType), " "});
+}
+
+/// How a value is written into the INSERT.
+enum class RuleStatements::Form {
+  Absent,  ///< not among the columns of the kind
+  Null,
+  Zero,
+  One,
+  Number,     ///< the row's, unquoted
+  Text,       ///< the row's, between quotes
+  Day,        ///< the row's, between quotes
+  Amount,     ///< the row's, nothing being 0
+  Published,  ///< what the rule's type and field say
+  Steps,      ///< the twenty columns of the steps
+  StruckThroughPrices,
+  NoOtherDiscounts,
+  SingleUse,
+  Application,
+  Today,
+  // What the kind decides.
+  Customer,
+  Families,
+  Descriptions,
+  Position,
+};
+
+struct RuleStatements::SavedColumn {
+  std::string_view name;
+  Form onPrice;
+  Form grid;
+};
+
+// The columns of a stored rule in the order of the INSERT.
+const RuleStatements::SavedColumn RuleStatements::savedColumns[] = {
+    {"GM61_DITTA_CG18", Form::Number, Form::Number},
+    {"GM61_INDTIPOLISTINO", Form::Number, Form::Number},
+    {"GM61_DESCLISTCORVANE", Form::Text, Form::Text},
+    {"GM61_ATTIVA", Form::Number, Form::Number},
+    {"GM61_CODCLIENTE", Form::Customer, Form::Customer},
+    {"GM61_CODART_MG66", Form::Text, Form::Text},
+    {"GM61_OPZIONE_MG5E", Form::Text, Form::Text},
+    {"GM61_FAM_MG53", Form::Families, Form::Families},
+    {"GM61_SFAM_MG54", Form::Families, Form::Families},
+    {"GM61_GRUPPO_MG55", Form::Families, Form::Families},
+    {"GM61_SGRUPPO_MG56", Form::Families, Form::Families},
+    {"GM61_DESC1", Form::Descriptions, Form::Descriptions},
+    {"GM61_DESC2", Form::Descriptions, Form::Descriptions},
+    {"GM61_DATAINIZIO", Form::Day, Form::Day},
+    {"GM61_DATAFINE", Form::Day, Form::Day},
+    {"GM61_FLGSCONTISUPRZ", Form::One, Form::Zero},
+    {"GM61_FLGGRIGLIASCONTI", Form::Zero, Form::One},
+    {"GM61_NOMEREGOLA", Form::Text, Form::Text},
+    {"GM61_TIPOSCONTO", Form::Number, Form::Number},
+    {"GM61_VALORESCONTO", Form::Published, Form::Null},
+    {"GM61_TIPOGRIGLIASCONTO", Form::Zero, Form::Number},
+    {"", Form::Absent, Form::Steps},
+    {"GM61_SC1PER", Form::Amount, Form::Null},
+    {"GM61_PREZZOLORDO", Form::Amount, Form::Null},
+    {"GM61_PREZZONETTO", Form::Amount, Form::Null},
+    {"GM61_CAMPOCORVANE", Form::Number, Form::Number},
+    {"GM61_FLGPRZBARRATI", Form::StruckThroughPrices, Form::StruckThroughPrices},
+    {"GM61_FLGNONTRATTAREALTRISC", Form::NoOtherDiscounts, Form::NoOtherDiscounts},
+    {"GM61_FLGMONOUSO", Form::SingleUse, Form::SingleUse},
+    {"GM61_INDREGOLEINCLUSIONE", Form::Application, Form::Application},
+    {"GM61_POSIZIONE", Form::Position, Form::Position},
+    {"GM61_DATAULTAGG", Form::Today, Form::Today},
+};
+
+RuleStatements::RuleStatements(const DiscountKind& kind, const std::string& company,
+                               const std::vector<std::string>& columns, const RuleOptions& options)
+    : kind_(kind), company_(company) {
+  for (std::size_t i = 0; i < columns.size(); ++i) columns_.emplace(columns[i], i);
+  std::string names;
+  const auto name = [&](std::string_view column) {
+    names += join({names.empty() ? "" : ",\r\n", column});
+  };
+  for (const SavedColumn& column : savedColumns) {
+    const Form form = formOf(column);
+    if (form == Form::Absent) continue;
+    pieces_.push_back({form, indexOf(column.name), constantOf(form, options)});
+    if (form == Form::Steps) {
+      for (std::size_t step = 0; step < stepsOfARule; ++step) {
+        name("GM61_GRIGLIAVALINF" + std::to_string(step));
+        name("GM61_GRIGLIAVALORESC" + std::to_string(step));
+      }
+    } else {
+      name(column.name);
+    }
+  }
+  type_ = indexOf("GM61_TIPOSCONTO");
+  field_ = indexOf("GM61_CAMPOCORVANE");
+  discount_ = indexOf("GM61_SC1PER");
+  listPrice_ = indexOf("GM61_PREZZOLORDO");
+  netPrice_ = indexOf("GM61_PREZZONETTO");
+  head_ = lines({"INSERT INTO  ", " GM61_KBDISCOUNTRULES ", " (", names, " )", " VALUES ", " ("});
+}
+
+RuleStatements::Form RuleStatements::formOf(const SavedColumn& column) const {
+  using Customer = SavedColumns::Customer;
+  const Form form = kind_.mode == DiscountMode::OnPrice ? column.onPrice : column.grid;
+  switch (form) {
+    case Form::Customer:
+      if (kind_.saved.customer == Customer::Absent) return Form::Absent;
+      return kind_.saved.customer == Customer::Null ? Form::Null : Form::Number;
+    case Form::Families:
+      return kind_.saved.families ? Form::Text : Form::Absent;
+    case Form::Descriptions:
+      return kind_.saved.descriptions ? Form::Text : Form::Absent;
+    case Form::Position:
+      return kind_.saved.position ? Form::Number : Form::Null;
+    default:
+      return form;
+  }
+}
+
+std::string RuleStatements::constantOf(Form form, const RuleOptions& options) const {
+  switch (form) {
+    case Form::Null:
+      return "NULL";
+    case Form::Zero:
+      return "0";
+    case Form::One:
+      return "1";
+    case Form::StruckThroughPrices:
+      return amount(options.struckThroughPrices);
+    case Form::NoOtherDiscounts:
+      return amount(options.noOtherDiscounts);
+    case Form::SingleUse:
+      return amount(options.singleUse);
+    case Form::Application:
+      return amount(options.application);
+    case Form::Today:
+      return join({"'", options.today, "'"});
+    default:
+      return "";
+  }
+}
+
+std::size_t RuleStatements::indexOf(std::string_view column) const {
+  const auto found = columns_.find(column);
+  return found == columns_.end() ? nowhere : found->second;
+}
+
+const Value& RuleStatements::at(const Row& row, std::size_t index) {
+  static const Value nothing;
+  return index == nowhere ? nothing : row.at(index);
+}
+
+const Value& RuleStatements::value(const Row& row, std::string_view column) const {
+  return at(row, indexOf(column));
+}
+
+const DiscountSource& RuleStatements::source(const Row& row) const {
+  return sourceOf(kind_, toDisplay(value(row, "GM61_DESCLISTCORVANE")));
+}
+
+std::string RuleStatements::publishedValue(const Row& row) const {
+  if (isZero(at(row, type_))) return amount(at(row, discount_));
+  return amount(at(row, isZero(at(row, field_)) ? listPrice_ : netPrice_));
+}
+
+void RuleStatements::writeSteps(std::string& text, const std::vector<RuleStep>& steps) {
+  for (std::size_t i = 0; i < stepsOfARule; ++i) {
+    if (i > 0) text += ",\r\n";
+    text += i < steps.size()
+                ? join({toSqlNumber(steps[i].from), ",\r\n", toSqlNumber(steps[i].value)})
+                : "NULL,\r\nNULL";
+  }
+}
+
+std::string RuleStatements::LeggiScaglioni(const Row& row) const {
+  const DiscountSource& list = source(row);
+  const auto own = [&](std::string_view column) { return join({list.prefix, column}); };
+  const auto day = [&](std::string_view column) { return quotedDay(value(row, column)); };
+  Script script;
+  script.line("SELECT ").line(" * ").line(" FROM ");
+  script.line(join({list.table, " WITH(NOLOCK)"})).line(" WHERE ");
+  script.line(join({own("_DITTA_CG18"), " = ", company_})).lines(list.steps.filter);
+  for (const StepKey& key : list.steps.keys) {
+    if (key.column.empty()) break;
+    const Value& found = value(row, key.field);
+    const std::string plain = number(found);
+    if (key.form == StepKey::Form::NumberIfKnown && plain == "NULL") continue;
+    script.line(
+        join({"AND ", key.column, " = ", key.form == StepKey::Form::Text ? quoted(found) : plain}));
+  }
+  script.line(join({"AND ", own("_DATAINIZIOVAL"), " =", day("GM61_DATAINIZIO")}));
+  script.line(join({"AND ", own("_DATAFINEVAL"), " =", day("GM61_DATAFINE")}));
+  script.line(" ORDER BY ").line(join({own("_DAQTA"), " ASC"}));
+  return script.text();
+}
+
+std::string RuleStatements::InserisciRegola(const Row& row,
+                                            const std::vector<RuleStep>& steps) const {
+  std::string text;
+  text.reserve(2 * head_.size());
+  text += head_;
+  for (const Piece& piece : pieces_) {
+    if (&piece != pieces_.data()) text += ",\r\n";
+    const Value& own = at(row, piece.index);
+    switch (piece.form) {
+      case Form::Number:
+        text += number(own);
+        break;
+      case Form::Text:
+        text += quoted(own);
+        break;
+      case Form::Day:
+        text += quotedDay(own);
+        break;
+      case Form::Amount:
+        text += amount(own);
+        break;
+      case Form::Published:
+        text += publishedValue(row);
+        break;
+      case Form::Steps:
+        writeSteps(text, steps);
+        break;
+      default:
+        text += piece.constant;
+    }
+  }
+  text += " )";
+  return text;
+}
+
+}  // namespace kebu::sql

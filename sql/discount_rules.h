@@ -1,0 +1,101 @@
+#pragma once
+
+#include <cstdint>
+#include <map>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "common/value.h"
+#include "sql/discount_kinds.h"
+
+namespace kebu::sql {
+
+/// Drops the working table of a discount mode when it exists.
+std::string EliminaTabellaSconti(const std::string& table);
+
+/// Makes the working table from the kind's stored rules, ticked ones first.
+std::string CaricaRegole(const DiscountKind& kind, const std::string& table,
+                         const std::string& company);
+
+/// The rows of a working table made by CaricaRegole, in the order in which they were copied.
+std::string RigheRegole(const std::string& table);
+
+/// Ticks or clears all rows of a working table, or ticks one.
+std::string SelezionaTutte(const std::string& table, bool selected);
+std::string SelezionaRiga(const std::string& table, const std::string& id);
+
+/// Deletes the stored rules of a mode and list type.
+std::string EliminaRegole(DiscountMode mode, const std::string& listType,
+                          const std::string& company);
+
+/// The ticked rows of a working table.
+std::string RegoleSelezionate(const DiscountKind& kind, const std::string& table);
+
+/// A step of a discount grid: from which quantity on, and what it gives.
+struct RuleStep {
+  Decimal from;
+  Decimal value;
+};
+
+/// What all rules of one save have in common: numbers, and the day as "yyyymmdd".
+struct RuleOptions {
+  Value struckThroughPrices;
+  Value noOtherDiscounts;
+  Value singleUse;
+  Value application;
+  std::string today;
+};
+
+/// Writes rows of a kind's working table as rules. What a row's column means
+/// is settled once, so that a row costs little more than its text.
+class RuleStatements {
+ public:
+  using Row = std::vector<Value>;
+
+  /// `columns` are the working table's, in the order of the rows' values.
+  RuleStatements(const DiscountKind& kind, const std::string& company,
+                 const std::vector<std::string>& columns, const RuleOptions& options);
+
+  /// The row's value; nothing where the working table lacks the column.
+  const Value& value(const Row& row, std::string_view column) const;
+  /// The price list that the row comes from.
+  const DiscountSource& source(const Row& row) const;
+
+  /// The quantity steps that the price list has for the row, by ascending quantity.
+  std::string LeggiScaglioni(const Row& row) const;
+  /// Stores the row as a rule; `steps` are for discount grids, ten at the most.
+  std::string InserisciRegola(const Row& row, const std::vector<RuleStep>& steps) const;
+
+ private:
+  enum class Form;
+  struct SavedColumn;
+  /// A value of the INSERT: how it is written, and from where in the row.
+  struct Piece {
+    Form form;
+    std::size_t index;
+    std::string constant;
+  };
+  static const SavedColumn savedColumns[];
+
+  Form formOf(const SavedColumn& column) const;
+  std::string constantOf(Form form, const RuleOptions& options) const;
+  std::size_t indexOf(std::string_view column) const;
+  static const Value& at(const Row& row, std::size_t index);
+  std::string publishedValue(const Row& row) const;
+  static void writeSteps(std::string& text, const std::vector<RuleStep>& steps);
+
+  const DiscountKind& kind_;
+  std::string company_;
+  std::map<std::string, std::size_t, std::less<>> columns_;
+  std::string head_;
+  std::vector<Piece> pieces_;
+  // Where a row has what decides on the value published.
+  std::size_t type_ = 0;
+  std::size_t field_ = 0;
+  std::size_t discount_ = 0;
+  std::size_t listPrice_ = 0;
+  std::size_t netPrice_ = 0;
+};
+
+}  // namespace kebu::sql
