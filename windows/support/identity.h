@@ -19,81 +19,74 @@ namespace kebu::windows {
 
 /// A host's COM object in one of the roles of ado/ and host/.
 class Foreign {
-public:
+ public:
   explicit Foreign(ComPtr<IDispatch> object) : object_(std::move(object)) {}
-  Foreign(const Foreign &) = delete;
-  Foreign &operator=(const Foreign &) = delete;
+  Foreign(const Foreign&) = delete;
+  Foreign& operator=(const Foreign&) = delete;
   virtual ~Foreign() = default;
 
-  const ComPtr<IDispatch> &comObject() const { return object_.object(); }
+  const ComPtr<IDispatch>& comObject() const { return object_.object(); }
 
-protected:
+ protected:
   Dispatch object_;
 };
 
 /// One that is only passed on.
 class ForeignObject : public Object, public Foreign {
-public:
+ public:
   using Role = Object;
   using Foreign::Foreign;
 };
 
 /// A variant of a kind that no value can be, only passed on.
 class ForeignVariant : public Object {
-public:
+ public:
   explicit ForeignVariant(Variant variant) : variant_(std::move(variant)) {}
-  const Variant &variant() const { return variant_; }
+  const Variant& variant() const { return variant_; }
 
-private:
+ private:
   Variant variant_;
 };
 
-/// What the COM faces of our own objects answer to, inside this library only.
-struct IOwnObject : IUnknown {
-  virtual std::shared_ptr<Object> STDMETHODCALLTYPE object() = 0;
-};
-
-/// A COM face tells that it stands for the object, for as long as this lives.
+/// A COM face tells that it stands for an object of ours, for as long as this
+/// lives. `face` is the IDispatch that is also its IUnknown.
 class FaceEntry {
-public:
-  FaceEntry(const Object &object, IDispatch *face);
-  FaceEntry(const FaceEntry &) = delete;
-  FaceEntry &operator=(const FaceEntry &) = delete;
+ public:
+  FaceEntry(const std::shared_ptr<Object>& object, IDispatch* face);
+  FaceEntry(const FaceEntry&) = delete;
+  FaceEntry& operator=(const FaceEntry&) = delete;
   ~FaceEntry();
 
-private:
-  const void *object_;
+ private:
+  IDispatch* face_;
 };
 
-/// The COM object for one of ours or of the host's; absent for an absent one.
-ComPtr<IDispatch> faceOf(const std::shared_ptr<Object> &object);
+/// The COM object for one of ours or of the host's; absent for an absent one,
+/// and for one of ours that no host is to see.
+ComPtr<IDispatch> faceOf(const std::shared_ptr<Object>& object);
 
-template <class Role> ComPtr<IDispatch> toCom(const Ref<Role> &object) {
-  if (!object)
-    return nullptr;
-  if (const auto *foreign = dynamic_cast<const Foreign *>(object.get()))
-    return foreign->comObject();
-  auto *own = dynamic_cast<Object *>(object.get());
+/// The very object that was wrapped, or the face of one of ours; absent for an
+/// absent one.
+template <class Role>
+ComPtr<IDispatch> unwrap(const Ref<Role>& object) {
+  if (!object) return nullptr;
+  if (const auto* foreign = dynamic_cast<const Foreign*>(object.get())) return foreign->comObject();
+  auto* own = dynamic_cast<Object*>(object.get());
   return own ? faceOf(std::shared_ptr<Object>(object.shared(), own)) : nullptr;
 }
 
-/// Our own object behind a COM object; absent when it is the host's.
-std::shared_ptr<Object> ownObject(IDispatch *object);
+/// Our own object behind a face of this library; absent for the host's.
+std::shared_ptr<Object> ownObject(IDispatch* object);
 
 /// A COM object in the role that `Adapter` gives it; our own objects as they
-/// are.
+/// are, nothing for nothing.
 template <class Adapter>
-Ref<typename Adapter::Role> fromCom(const ComPtr<IDispatch> &object) {
-  if (!object)
-    return nullptr;
-  if (auto own = std::dynamic_pointer_cast<typename Adapter::Role>(
-          ownObject(object.get()))) {
+Ref<typename Adapter::Role> wrap(const ComPtr<IDispatch>& object) {
+  if (!object) return nullptr;
+  if (auto own = std::dynamic_pointer_cast<typename Adapter::Role>(ownObject(object.get()))) {
     return own;
   }
   return makeRef<Adapter>(object);
 }
 
-} // namespace kebu::windows
-
-__CRT_UUID_DECL(kebu::windows::IOwnObject, 0x087311D3, 0xE66A, 0x4357, 0xBF,
-                0x31, 0x5F, 0xB4, 0x49, 0xCD, 0x23, 0x54)
+}  // namespace kebu::windows

@@ -16,16 +16,17 @@ namespace {
 
 std::atomic<long> locks = 0;
 
-} // namespace
+}  // namespace
 
-HINSTANCE moduleHandle() { return reinterpret_cast<HINSTANCE>(&__ImageBase); }
+HINSTANCE moduleHandle() {
+  return reinterpret_cast<HINSTANCE>(&__ImageBase);
+}
 
 std::wstring modulePath() {
   std::wstring path(MAX_PATH, L'\0');
   DWORD length = 0;
   while ((length = GetModuleFileNameW(moduleHandle(), path.data(),
-                                      static_cast<DWORD>(path.size()))) ==
-         path.size()) {
+                                      static_cast<DWORD>(path.size()))) == path.size()) {
     path.resize(path.size() * 2);
   }
   path.resize(length);
@@ -40,10 +41,16 @@ ComPtr<ITypeInfo> typeInfoOf(REFIID type) {
   return info;
 }
 
-void ModuleLock::add() { ++locks; }
+void ModuleLock::add() {
+  ++locks;
+}
 
-void ModuleLock::remove() { --locks; }
+void ModuleLock::remove() {
+  --locks;
+}
 
-bool ModuleLock::anyHeld() { return locks > 0; }
+bool ModuleLock::anyHeld() {
+  return locks > 0;
+}
 
-} // namespace kebu::windows
+}  // namespace kebu::windows

@@ -18,10 +18,10 @@ ComPtr<ITypeInfo> typeInfoOf(REFIID type);
 
 /// While one of these lives the library cannot be unloaded.
 class ModuleLock {
-public:
+ public:
   ModuleLock() { add(); }
-  ModuleLock(const ModuleLock &) { add(); }
-  ModuleLock &operator=(const ModuleLock &) = default;
+  ModuleLock(const ModuleLock&) { add(); }
+  ModuleLock& operator=(const ModuleLock&) = default;
   ~ModuleLock() { remove(); }
 
   static void add();
@@ -29,4 +29,4 @@ public:
   static bool anyHeld();
 };
 
-} // namespace kebu::windows
+}  // namespace kebu::windows

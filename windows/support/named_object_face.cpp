@@ -1,39 +1,32 @@
 #include "windows/support/named_object_face.h"
 
-#include "kebu_anagkelmoria.h"
-#include "windows/support/com_object.h"
+#include "windows/support/automation.h"
+#include "windows/support/identity.h"
 
 namespace kebu::windows {
 
 namespace {
 
-class NamedObjectFace final : public DualObject<INamedObject, IOwnObject> {
-public:
-  explicit NamedObjectFace(std::shared_ptr<host::NamedObject> object)
-      : object_(std::move(object)), entry_(*object_, this) {}
+constexpr Member<host::NamedObject> members[] = {
+    {L"Name", [](host::NamedObject& object, const Arguments&) { return Variant(object.Name()); },
+     [](host::NamedObject& object, const Arguments& arguments) {
+       object.setName(arguments.text(0));
+     }},
+};
 
-  STDMETHODIMP put_Name(BSTR value) override {
-    return hresultOf([&] { object_->setName(Bstr::utf8Of(value)); });
-  }
-  STDMETHODIMP get_Name(BSTR *value) override {
-    if (!value)
-      return E_POINTER;
-    return hresultOf([&] { *value = Bstr(object_->Name()).detach(); });
-  }
-  std::shared_ptr<Object> STDMETHODCALLTYPE object() override {
-    return object_;
-  }
+class NamedObjectFace final : public Automated<host::NamedObject> {
+ public:
+  explicit NamedObjectFace(const std::shared_ptr<host::NamedObject>& object)
+      : Automated(object, members), entry_(object, this) {}
 
-private:
-  std::shared_ptr<host::NamedObject> object_;
+ private:
   FaceEntry entry_;
 };
 
-} // namespace
+}  // namespace
 
-ComPtr<IDispatch>
-newNamedObjectFace(const std::shared_ptr<host::NamedObject> &object) {
+ComPtr<IDispatch> newNamedObjectFace(const std::shared_ptr<host::NamedObject>& object) {
   return ComPtr<IDispatch>::adopt(new NamedObjectFace(object));
 }
 
-} // namespace kebu::windows
+}  // namespace kebu::windows

@@ -13,4 +13,4 @@ std::string toUtf8(std::wstring_view text);
 /// In the system's ANSI code page, as the debugger's output takes it.
 std::string toAnsi(std::string_view text);
 
-} // namespace kebu::windows
+}  // namespace kebu::windows

@@ -8,10 +8,10 @@ namespace kebu::windows {
 /// The nearest value: whole numbers up to 32 bits as such, all other numbers as
 /// decimals, dates to the millisecond, a missing argument as empty.
 /// RuntimeError 13 for what no value can be, such as an array.
-Value toValue(const VARIANT &variant);
+Value toValue(const VARIANT& variant);
 /// A value that gives back the very same variant: what the plug-in only keeps
 /// and passes on.
-Value keptValue(const VARIANT &variant);
-Variant toVariant(const Value &value);
+Value keptValue(const VARIANT& variant);
+Variant toVariant(const Value& value);
 
-} // namespace kebu::windows
+}  // namespace kebu::windows

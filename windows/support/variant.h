@@ -16,7 +16,7 @@ namespace kebu::windows {
 
 /// Owns a VARIANT.
 class Variant {
-public:
+ public:
   Variant() { VariantInit(&value_); }
   Variant(std::int16_t value) : Variant() {
     value_.vt = VT_I2;
@@ -34,21 +34,21 @@ public:
     value_.bstrVal = Bstr(utf8).detach();
     value_.vt = VT_BSTR;
   }
-  Variant(const std::string &utf8) : Variant(std::string_view(utf8)) {}
-  Variant(const char *utf8) : Variant(std::string_view(utf8)) {}
+  Variant(const std::string& utf8) : Variant(std::string_view(utf8)) {}
+  Variant(const char* utf8) : Variant(std::string_view(utf8)) {}
   /// "Nothing" when the object is absent.
   Variant(ComPtr<IDispatch> object) : Variant() {
     value_.vt = VT_DISPATCH;
     value_.pdispVal = object.detach();
   }
   /// A copy; what a reference refers to rather than the reference.
-  static Variant copyOf(const VARIANT &value) {
+  static Variant copyOf(const VARIANT& value) {
     Variant copy;
-    check(VariantCopyInd(&copy.value_, const_cast<VARIANT *>(&value)));
+    check(VariantCopyInd(&copy.value_, const_cast<VARIANT*>(&value)));
     return copy;
   }
   /// An argument that the callee may change.
-  static Variant referenceTo(VARIANT_BOOL &flag) {
+  static Variant referenceTo(VARIANT_BOOL& flag) {
     Variant reference;
     reference.value_.vt = VT_BYREF | VT_BOOL;
     reference.value_.pboolVal = &flag;
@@ -59,21 +59,35 @@ public:
     result.value_.vt = VT_NULL;
     return result;
   }
-
-  Variant(const Variant &other) : Variant() {
-    check(VariantCopy(&value_, const_cast<VARIANT *>(&other.value_)));
+  /// An argument that is left out.
+  static Variant missing() {
+    Variant result;
+    result.value_.vt = VT_ERROR;
+    result.value_.scode = DISP_E_PARAMNOTFOUND;
+    return result;
   }
-  Variant(Variant &&other) noexcept : value_(other.detach()) {}
-  Variant &operator=(Variant other) noexcept {
+  /// Takes over an array of the element type.
+  static Variant adopt(SAFEARRAY* array, VARTYPE elements) {
+    Variant result;
+    result.value_.vt = static_cast<VARTYPE>(VT_ARRAY | elements);
+    result.value_.parray = array;
+    return result;
+  }
+
+  Variant(const Variant& other) : Variant() {
+    check(VariantCopy(&value_, const_cast<VARIANT*>(&other.value_)));
+  }
+  Variant(Variant&& other) noexcept : value_(other.detach()) {}
+  Variant& operator=(Variant other) noexcept {
     std::swap(value_, other.value_);
     return *this;
   }
   ~Variant() { VariantClear(&value_); }
 
   VARTYPE type() const { return value_.vt; }
-  const VARIANT &get() const { return value_; }
-  VARIANT &raw() { return value_; }
-  VARIANT *put() {
+  const VARIANT& get() const { return value_; }
+  VARIANT& raw() { return value_; }
+  VARIANT* put() {
     VariantClear(&value_);
     return &value_;
   }
@@ -83,18 +97,15 @@ public:
     return result;
   }
 
-  /// The object inside; absent when there is none.
-  ComPtr<IDispatch> object() const {
-    if (value_.vt == VT_DISPATCH)
-      return ComPtr<IDispatch>(value_.pdispVal);
-    if (value_.vt == VT_UNKNOWN && value_.punkVal) {
-      return ComPtr<IUnknown>(value_.punkVal).as<IDispatch>();
-    }
-    return nullptr;
-  }
-
-private:
+ private:
   VARIANT value_;
 };
 
-} // namespace kebu::windows
+/// The object in it, references followed; absent for "Nothing" and for an
+/// argument left out or never filled. RuntimeError 424 when it holds something
+/// else, 430 when the object has no late-bound members.
+ComPtr<IDispatch> objectIn(const VARIANT& variant);
+/// The VARIANT that a reference to one leads to; itself otherwise.
+const VARIANT& followed(const VARIANT& variant);
+
+}  // namespace kebu::windows
