@@ -7,8 +7,11 @@
 
 #include "tests/windows/checks.h"
 #include "tests/windows/listener.h"
+#include "tests/windows/same_variant.h"
+#include "windows/host/navigator_events.h"
 #include "windows/support/dispatch.h"
 #include "windows/support/text.h"
+#include "workbench/windows/host_automation.h"
 
 namespace kebu::tests {
 
@@ -81,6 +84,8 @@ Variant bytes() {
   Variant result;
   result.raw().vt = VT_ARRAY | VT_UI1;
   result.raw().parray = SafeArrayCreateVector(VT_UI1, 0, 3);
+  for (LONG i = 0; i < 3; ++i)
+    SafeArrayPutElement(result.get().parray, &i, const_cast<char*>(&"abc"[i]));
   return result;
 }
 
@@ -89,6 +94,9 @@ std::vector<Property> properties() {
   const Variant object(ComPtr<IDispatch>::adopt(new Listener));
   const Variant nothing(ComPtr<IDispatch>(nullptr));
   const std::vector<Variant> objects = {object, nothing};
+  const auto navigator =
+      workbench::automate(makeRef<host::Navigator>(), windows::navigatorEventsId);
+  const std::vector<Variant> navigators = {Variant(ComPtr<IDispatch>(navigator.get())), nothing};
   const std::vector<Variant> flags = {true, false};
   const std::vector<Variant> narrow = {std::int32_t{2}, std::int32_t{-32768}};
   const std::vector<Variant> handle = {std::int32_t{0x12345678}, std::int32_t{-2}};
@@ -100,7 +108,7 @@ std::vector<Property> properties() {
   return {
       {MEMBER(putref_, ClsGlobal), objects, nothing},
       {MEMBER(putref_, ActiveFrame), objects, nothing},
-      {MEMBER(putref_, ActiveNavigator), objects, nothing},
+      {MEMBER(putref_, ActiveNavigator), navigators, nothing},
       {MEMBER(putref_, ActiveDll), objects, nothing, true},
       {MEMBER(putref_, StatusBar), objects, nothing},
       {MEMBER(put_, CanInsert), flags, false},
@@ -126,25 +134,6 @@ std::vector<Property> properties() {
   };
 }
 #undef MEMBER
-
-/// Kind and contents; an object by its identity.
-bool isSame(const Variant& a, const Variant& b) {
-  if (a.type() != b.type()) return false;
-  const auto identity = [](const Variant& v) { return v.object().as<IUnknown>().get(); };
-  switch (a.type()) {
-    case VT_EMPTY:
-    case VT_NULL:
-      return true;
-    case VT_DISPATCH:
-      return identity(a) == identity(b);
-    case VT_ARRAY | VT_UI1:
-      return SafeArrayGetElemsize(a.get().parray) == SafeArrayGetElemsize(b.get().parray) &&
-             a.get().parray->rgsabound[0].cElements == b.get().parray->rgsabound[0].cElements;
-    default:
-      return VarCmp(const_cast<VARIANT*>(&a.get()), const_cast<VARIANT*>(&b.get()), 0, 0) ==
-             static_cast<HRESULT>(VARCMP_EQ);
-  }
-}
 
 /// The two ways to a property.
 struct Way {

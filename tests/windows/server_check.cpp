@@ -6,6 +6,7 @@
 #include <ocidl.h>
 #include <olectl.h>
 
+#include <algorithm>
 #include <iostream>
 #include <sstream>
 #include <string>
@@ -15,6 +16,7 @@
 #include "tests/windows/listener.h"
 #include "tests/windows/property_checks.h"
 #include "tests/windows/registry.h"
+#include "tests/windows/same_variant.h"
 #include "windows/support/com_error.h"
 #include "windows/support/dispatch.h"
 #include "windows/support/text.h"
@@ -65,6 +67,22 @@ bool holdsFile(const std::wstring& value) {
          lstrcmpiW(value.c_str() + value.size() - std::wstring(fileName).size(), fileName) == 0;
 }
 
+/// The entries that speak of the plug-in.
+RegistryContents mentions(const RegistryContents& contents) {
+  const std::wstring own[] = {
+      L"KEBU_ANAGKELMORIA", textOf(__uuidof(::CLSKB_ANAGKELMORIA)), textOf(__uuidof(::Cinterface)),
+      textOf(__uuidof(::DCLSKB_ANAGKELMORIAEvents)), textOf(__uuidof(::DNavigatorEvents))};
+  RegistryContents found;
+  for (const auto& [place, value] : contents) {
+    for (const std::wstring& name : own) {
+      if (place.find(name) != std::wstring::npos || value.find(name) != std::wstring::npos) {
+        found.emplace(place, value);
+      }
+    }
+  }
+  return found;
+}
+
 void checkRegistered(const RegistryContents& entries) {
   const std::wstring classKey = L"CLSID\\" + textOf(__uuidof(::CLSKB_ANAGKELMORIA));
   const auto value = [&](const std::wstring& place) {
@@ -78,10 +96,10 @@ void checkRegistered(const RegistryContents& entries) {
   expectThat(value(std::wstring(programId) + L"\\CLSID|") == textOf(__uuidof(::CLSKB_ANAGKELMORIA)),
              "the name leads to the class");
   const std::wstring typeLibrary = value(classKey + L"\\TypeLib|");
-  bool isThere = false;
-  for (const auto& [place, text] : entries) {
-    isThere = isThere || (place.rfind(L"TypeLib\\" + typeLibrary, 0) == 0 && holdsFile(text));
-  }
+  const bool isThere = std::any_of(entries.begin(), entries.end(), [&](const auto& entry) {
+    return entry.first.find(typeLibrary + L"\\1.0\\0\\win") != std::wstring::npos &&
+           holdsFile(entry.second);
+  });
   expectThat(isThere, "the type library is registered");
 }
 
@@ -198,11 +216,7 @@ void checkDataTransfer() {
     check(plugin->TransferData(data.get(), result.put()));
     const auto& heard = listener->heard;
     const bool same =
-        !heard.empty() && heard.back().event == 1 && heard.back().argument.type() == data.type() &&
-        (data.type() == VT_EMPTY ||
-         VarCmp(const_cast<VARIANT*>(&heard.back().argument.get()),
-                const_cast<VARIANT*>(&data.get()), 0, 0) == static_cast<HRESULT>(VARCMP_EQ) ||
-         heard.back().argument.object().get() == data.object().get());
+        !heard.empty() && heard.back().event == 1 && isSame(heard.back().argument, data);
     expectThat(same && result.type() == VT_EMPTY,
                "DataTransfer passes on a variant of kind " + std::to_string(data.type()));
   }
@@ -276,9 +290,11 @@ void checkOwnActiveDll() {
 void run(const std::wstring& path) {
   const workbench::Apartment apartment;
   std::cout << "registration\n";
-  const RegistryContents before = registeredClasses();
+  RegistryContents before;
   {
     const Library library(path);
+    library.call("DllUnregisterServer");  // what a run that broke down left
+    before = registeredClasses();
     expectThat(library.call("DllRegisterServer") == S_OK, "DllRegisterServer succeeds");
     checkRegistered(added(before, registeredClasses()));
     expectThat(library.call("DllRegisterServer") == S_OK, "a second time too");
@@ -314,10 +330,11 @@ void run(const std::wstring& path) {
     expectThat(library.call("DllUnregisterServer") == S_OK, "a second time too");
   }
   const RegistryContents after = registeredClasses();
-  for (const auto& [place, value] : added(before, after)) {
+  expectThat(after == before, "the registry is as it was before");
+  expectThat(mentions(after).empty(), "nothing of the plug-in is left in the registry");
+  for (const auto& [place, value] : mentions(after)) {
     std::cout << "    left behind: " << windows::toUtf8(place) << '\n';
   }
-  expectThat(after == before, "the registry is as it was before");
 }
 
 }  // namespace

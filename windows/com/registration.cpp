@@ -38,6 +38,11 @@ struct Library {
     types->ReleaseTLibAttr(told);
   }
 
+  std::wstring version() const {
+    return std::to_wstring(attributes.wMajorVerNum) + L"." +
+           std::to_wstring(attributes.wMinorVerNum);
+  }
+
   ComPtr<ITypeLib> types;
   TLIBATTR attributes{};
 };
@@ -62,14 +67,25 @@ void enterAll() {
       {key + L"\\ProgID", nullptr, programId},
       {key + L"\\Programmable", nullptr, L""},
       {key + L"\\TypeLib", nullptr, textOf(library.attributes.guid)},
-      {key + L"\\Version", nullptr,
-       std::to_wstring(library.attributes.wMajorVerNum) + L"." +
-           std::to_wstring(library.attributes.wMinorVerNum)},
+      {key + L"\\Version", nullptr, library.version()},
       {programId, nullptr, programId},
       {std::wstring(programId) + L"\\CLSID", nullptr, textOf(__uuidof(CLSKB_ANAGKELMORIA))},
   };
   for (const auto& entry : entries) enter(entry.key, entry.name, entry.value);
   check(RegisterTypeLib(library.types.get(), modulePath().data(), nullptr));
+}
+
+/// Whether the type library is, for programs of this one's width.
+bool isEntered(const Library& library) {
+  const std::wstring place = L"TypeLib\\" + textOf(library.attributes.guid) + L"\\" +
+                             library.version() + L"\\0\\win" +
+                             (library.attributes.syskind == SYS_WIN64 ? L"64" : L"32");
+  HKEY key = nullptr;
+  if (RegOpenKeyExW(HKEY_CLASSES_ROOT, place.c_str(), 0, KEY_READ, &key) != ERROR_SUCCESS) {
+    return false;
+  }
+  RegCloseKey(key);
+  return true;
 }
 
 void takeOut(const std::wstring& key) {
@@ -91,10 +107,10 @@ void registerServer() {
 void unregisterServer() {
   takeOut(classKey());
   takeOut(programId);
-  const TLIBATTR library = Library().attributes;
-  const HRESULT result = UnRegisterTypeLib(library.guid, library.wMajorVerNum, library.wMinorVerNum,
-                                           library.lcid, library.syskind);
-  if (result != TYPE_E_REGISTRYACCESS) check(result);
+  const Library library;
+  if (!isEntered(library)) return;
+  const TLIBATTR& id = library.attributes;
+  check(UnRegisterTypeLib(id.guid, id.wMajorVerNum, id.wMinorVerNum, id.lcid, id.syskind));
 }
 
 }  // namespace kebu::windows
