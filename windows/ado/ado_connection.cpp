@@ -2,6 +2,7 @@
 
 #include "windows/ado/ado_constants.h"
 #include "windows/ado/ado_objects.h"
+#include "windows/ado/error_collection.h"
 #include "windows/ado/results.h"
 
 namespace kebu::windows {

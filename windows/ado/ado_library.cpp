@@ -17,24 +17,29 @@ constexpr CLSID commandClass = adoClass(0x507);
 constexpr CLSID connectionClass = adoClass(0x514);
 constexpr CLSID recordsetClass = adoClass(0x535);
 
-ComPtr<IDispatch> create(const CLSID& id) {
+ComPtr<IDispatch> create(const CLSID& id, const char* name) {
   ComPtr<IDispatch> object;
-  check(CoCreateInstance(id, nullptr, CLSCTX_INPROC_SERVER, IID_IDispatch, object.putVoid()));
+  const HRESULT result =
+      CoCreateInstance(id, nullptr, CLSCTX_INPROC_SERVER, IID_IDispatch, object.putVoid());
+  if (FAILED(result)) {
+    const RuntimeError error = errorOf(result);
+    throw RuntimeError(error.number(), error.description() + ": " + name, error.source());
+  }
   return object;
 }
 
 }  // namespace
 
 Ref<ado::Recordset> AdoLibrary::newRecordset() {
-  return wrap<AdoRecordset>(create(recordsetClass));
+  return wrap<AdoRecordset>(create(recordsetClass, "ADODB.Recordset"));
 }
 
 Ref<ado::Command> AdoLibrary::newCommand() {
-  return wrap<AdoCommand>(create(commandClass));
+  return wrap<AdoCommand>(create(commandClass, "ADODB.Command"));
 }
 
 Ref<ado::Connection> AdoLibrary::newConnection() {
-  return wrap<AdoConnection>(create(connectionClass));
+  return wrap<AdoConnection>(create(connectionClass, "ADODB.Connection"));
 }
 
 Ref<ado::Connection> wrapConnection(IDispatch* object) {

@@ -25,7 +25,4 @@ Ref<ado::Connection> wrapConnection(IDispatch* object);
 Ref<ado::Recordset> wrapRecordset(IDispatch* object);
 Ref<ado::Command> wrapCommand(IDispatch* object);
 
-/// An error collection: Count, Item(index from 0).
-ado::Errors readErrors(IDispatch* collection);
-
 }  // namespace kebu::windows

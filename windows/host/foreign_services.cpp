@@ -4,7 +4,7 @@
 
 #include "common/convert.h"
 #include "windows/ado/ado_objects.h"
-#include "windows/host/connection_errors.h"
+#include "windows/ado/error_collection.h"
 #include "windows/host/host_objects.h"
 #include "windows/support/safe_array.h"
 #include "windows/support/values.h"

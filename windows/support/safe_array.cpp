@@ -2,7 +2,6 @@
 
 #include "windows/support/com_error.h"
 #include "windows/support/values.h"
-#include "windows/support/variant.h"
 
 namespace kebu::windows {
 
@@ -57,6 +56,18 @@ std::vector<Value> vectorIn(const VARIANT& variant) {
     SAFEARRAY* const array = arrayIn(variant, VT_VARIANT, 1);
     const Elements<VARIANT> values(array);
     for (std::size_t i = 0; i < length(array, 1); ++i) result.push_back(toValue(values[i]));
+  }
+  return result;
+}
+
+Variant textArray(const std::vector<std::string>& texts) {
+  SAFEARRAY* const array = SafeArrayCreateVector(VT_BSTR, 0, static_cast<ULONG>(texts.size()));
+  if (!array) throw RuntimeError::outOfMemory();
+  Variant result = Variant::adopt(array, VT_BSTR);
+  LONG at = 0;
+  for (const std::string& text : texts) {
+    check(SafeArrayPutElement(array, &at, Bstr(text).get()));  // which copies it
+    ++at;
   }
   return result;
 }

@@ -1,8 +1,8 @@
 #include "windows/views/side_bar_view.h"
 
+#include "windows/support/text.h"
 #include "windows/views/guard.h"
 #include "windows/views/painting.h"
-#include "windows/views/wide_text.h"
 
 namespace kebu::windows {
 

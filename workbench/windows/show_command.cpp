@@ -6,7 +6,8 @@
 #include <ostream>
 
 #include "common/error.h"
-#include "windows/views/wide_text.h"
+#include "windows/ado/ado_objects.h"
+#include "windows/support/text.h"
 #include "workbench/command_line.h"
 #include "workbench/commands.h"
 #include "workbench/company_file.h"
@@ -17,7 +18,6 @@
 #include "workbench/windows/class_objects.h"
 #include "workbench/windows/person.h"
 #include "workbench/windows/plugin_source.h"
-#include "workbench/windows/real_connection.h"
 
 namespace kebu::workbench {
 
@@ -51,7 +51,9 @@ void pumpWindows() {
 
 CompanyDatabase remoteCompany(const std::string& connectionString) {
   const auto connect = [connectionString] {
-    return Ref<ado::Connection>(makeRef<RealConnection>(connectionString));
+    const Ref<ado::Connection> connection = windows::AdoLibrary().newConnection();
+    connection->setConnectionString(connectionString);
+    return connection;
   };
   // The first one tells whether there is anything at the other end.
   try {

@@ -5,7 +5,8 @@
 #include <sstream>
 
 #include "common/convert.h"
-#include "windows/views/wide_text.h"
+#include "windows/support/text.h"
+#include "windows/views/window_text.h"
 #include "workbench/player/scenario.h"
 
 namespace kebu::workbench {

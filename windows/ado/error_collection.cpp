@@ -1,12 +1,19 @@
-#include "windows/host/connection_errors.h"
+#include "windows/ado/error_collection.h"
 
 #include <memory>
 
 #include "windows/support/automation.h"
+#include "windows/support/dispatch.h"
 
 namespace kebu::windows {
 
 namespace {
+
+RuntimeError noSuchItem() {
+  return {3265,
+          "Item cannot be found in the collection corresponding to the requested name or ordinal.",
+          "ADODB"};
+}
 
 constexpr Member<ado::Error> errorMembers[] = {
     {L"Description", [](ado::Error& e, const Arguments&) { return Variant(e.description); }},
@@ -20,7 +27,7 @@ constexpr Member<ado::Errors> collectionMembers[] = {
     {L"Item",
      [](ado::Errors& errors, const Arguments& arguments) {
        const auto index = static_cast<std::size_t>(arguments.number(0));
-       if (index >= errors.size()) throw errorOf(DISP_E_BADINDEX);
+       if (index >= errors.size()) throw noSuchItem();
        return Variant(
            automated<ado::Error>(std::make_shared<ado::Error>(errors[index]), errorMembers));
      }},
@@ -29,6 +36,19 @@ constexpr Member<ado::Errors> collectionMembers[] = {
 };
 
 }  // namespace
+
+ado::Errors readErrors(IDispatch* collection) {
+  ado::Errors errors;
+  if (!collection) return errors;
+  const Dispatch list{ComPtr<IDispatch>(collection)};
+  const std::int32_t count = list.number(L"Count");
+  for (std::int32_t i = 0; i < count; ++i) {
+    const Dispatch entry = list.get(L"Item", {i});
+    errors.push_back({entry.number(L"Number"), entry.text(L"Description"), entry.text(L"Source"),
+                      entry.number(L"NativeError"), entry.text(L"SQLState")});
+  }
+  return errors;
+}
 
 ComPtr<IDispatch> newErrorCollection(const ado::Errors& errors) {
   return automated<ado::Errors>(std::make_shared<ado::Errors>(errors), collectionMembers);

@@ -4,8 +4,6 @@
 
 #include <string>
 
-#include "windows/support/text.h"
-
 namespace kebu::windows {
 
 /// What a control shows.

@@ -6,9 +6,11 @@
 
 namespace kebu::windows {
 
-/// A provider's errors as ADO's error collection has them: Count and
-/// Item(index from 0), each with Number, Description, Source, NativeError and
-/// SQLState.
+// ADO's error collection: Count and Item(index from 0), each with Number,
+// Description, Source, NativeError and SQLState.
+
+/// None of an absent collection.
+ado::Errors readErrors(IDispatch* collection);
 ComPtr<IDispatch> newErrorCollection(const ado::Errors& errors);
 
 }  // namespace kebu::windows

@@ -1,0 +1,4 @@
+#include "tests/windows/host_checks.h"
+namespace kebu::tests {
+void checkHostObjects() {}
+}  // namespace kebu::tests
