@@ -1,7 +1,7 @@
 // The plug-in's window as a host opens, tells and closes it, and what is left of
 // it afterwards.
 //
-//   window_check
+//   window_check PATH\KEBU_ANAGKELMORIA.dll
 #include <windows.h>
 // After windows.h, which they build on.
 #include <objbase.h>
@@ -14,9 +14,11 @@
 #include "common/error.h"
 #include "tests/windows/checks.h"
 #include "tests/windows/resources.h"
+#include "windows/support/text.h"
 #include "workbench/company_file.h"
 #include "workbench/engine/ado_objects.h"
 #include "workbench/host/stand_in_host.h"
+#include "workbench/program_words.h"
 #include "workbench/windows/apartment.h"
 #include "workbench/windows/class_objects.h"
 #include "workbench/windows/dll_plugin.h"
@@ -78,7 +80,9 @@ class Host {
  public:
   explicit Host(const workbench::PluginLibrary& library)
       : stand_([&library] { return workbench::newPlugin(library); },
-               {user_, company_, 1, {}, [this](const std::string& told) { journal.push_back(told); }}) {}
+               {user_, company_, 1, {}, [this](const std::string& told) {
+                  journal.push_back(told);
+                }}) {}
 
   workbench::StandInHost* operator->() { return &stand_; }
   void set(const char* property, const std::string& value) {
@@ -97,9 +101,8 @@ class Host {
 };
 
 bool told(const std::vector<std::string>& journal, const std::string& what) {
-  return std::any_of(journal.begin(), journal.end(), [&](const std::string& line) {
-    return line.find(what) != std::string::npos;
-  });
+  return std::any_of(journal.begin(), journal.end(),
+                     [&](const std::string& line) { return line.find(what) != std::string::npos; });
 }
 
 void checkModeless(const workbench::PluginLibrary& library) {
@@ -187,9 +190,9 @@ void checkResources(const workbench::PluginLibrary& library) {
   expectThat(after.privateBytes < before.privateBytes + slack, "private memory stays flat");
 }
 
-void run() {
+void run(const std::string& path) {
   const workbench::Apartment apartment;
-  const workbench::PluginLibrary library(workbench::PluginLibrary::besideWorkbench());
+  const workbench::PluginLibrary library(windows::toWide(path));
   std::cout << "modeless" << std::endl;
   checkModeless(library);
   std::cout << "modal" << std::endl;
@@ -204,12 +207,17 @@ void run() {
 
 }  // namespace kebu::tests
 
-int main() {
+int main(int argc, char** argv) {
+  const auto words = kebu::workbench::programWords(argc, argv);
+  if (words.size() != 1) {
+    std::cout << "use: window_check DLL\n";
+    return 1;
+  }
   try {
-    kebu::tests::run();
+    kebu::tests::run(words[0]);
   } catch (const kebu::RuntimeError& error) {
-    kebu::tests::expectThat(false, "no error " + std::to_string(error.number()) + " (" +
-                                       error.description() + ")");
+    kebu::tests::expectThat(
+        false, "no error " + std::to_string(error.number()) + " (" + error.description() + ")");
   }
   std::cout << (kebu::tests::failedChecks() == 0 ? "every check holds\n" : "");
   return kebu::tests::failedChecks() == 0 ? 0 : 1;

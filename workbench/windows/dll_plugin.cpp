@@ -76,4 +76,8 @@ Value DllPlugin::TransferData(const Value& data) {
   return object_.value(L"TransferData", {toVariant(data)});
 }
 
+Ref<host::Cinterface> newPlugin(const PluginLibrary& library) {
+  return makeRef<DllPlugin>(library.create(), library.navigatorEvents());
+}
+
 }  // namespace kebu::workbench

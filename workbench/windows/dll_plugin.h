@@ -3,6 +3,7 @@
 #include "host/cinterface.h"
 #include "windows/support/dispatch.h"
 #include "windows/support/values.h"
+#include "workbench/windows/plugin_library.h"
 
 namespace kebu::workbench {
 
@@ -81,5 +82,8 @@ class DllPlugin : public host::Cinterface {
   windows::Dispatch object_;
   IID events_;
 };
+
+/// A new instance of the plug-in that the library holds.
+Ref<host::Cinterface> newPlugin(const PluginLibrary& library);
 
 }  // namespace kebu::workbench
