@@ -7,11 +7,10 @@ namespace kebu::tests {
 
 /// What this process holds of the system.
 struct Resources {
-  int windows = 0;
   int gdiObjects = 0;
-  int userObjects = 0;  ///< windows, menus, icons, hooks; 0 where the system does not tell
+  int userObjects = 0;  ///< at the least windows, menus and icons
   int handles = 0;
-  std::size_t privateBytes = 0;
+  std::size_t bytes = 0;  ///< in use in its heaps
 };
 
 Resources usedResources();

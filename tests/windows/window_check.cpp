@@ -9,6 +9,7 @@
 #include <algorithm>
 #include <functional>
 #include <iostream>
+#include <memory>
 #include <vector>
 
 #include "common/error.h"
@@ -171,6 +172,7 @@ void checkResources(const workbench::PluginLibrary& library) {
     pumpWaiting();
     openPage(shownForm(), "2");
     openPage(shownForm(), "3");
+    host.journal.clear();
     return host->close();
   };
   constexpr int warmUp = 20;
@@ -182,17 +184,18 @@ void checkResources(const workbench::PluginLibrary& library) {
   const Resources after = usedResources();
   expectThat(closed, "the window opens and closes 220 times");
   std::cout << "    before: " << before << "\n    after:  " << after << std::endl;
-  expectThat(after.windows == before.windows, "windows stay flat");
   expectThat(after.gdiObjects == before.gdiObjects, "GDI objects stay flat");
+  expectThat(after.userObjects == before.userObjects, "USER objects stay flat");
   expectThat(after.handles == before.handles, "handles stay flat");
-  // What the heap keeps for the next time is no leak; 4 KB a turn would be.
-  constexpr std::size_t slack = times * std::size_t{4096};
-  expectThat(after.privateBytes < before.privateBytes + slack, "private memory stays flat");
+  // A static control of Wine's own loses 24 bytes with its font, and a window has some thirty.
+  constexpr std::size_t slack = times * std::size_t{1024};
+  expectThat(before.bytes > 0 && after.bytes < before.bytes + slack, "memory stays flat");
 }
 
 void run(const std::string& path) {
   const workbench::Apartment apartment;
-  const workbench::PluginLibrary library(windows::toWide(path));
+  auto loaded = std::make_unique<workbench::PluginLibrary>(windows::toWide(path));
+  const workbench::PluginLibrary& library = *loaded;
   std::cout << "modeless" << std::endl;
   checkModeless(library);
   std::cout << "modal" << std::endl;
@@ -201,6 +204,8 @@ void run(const std::string& path) {
   std::cout << "again and again" << std::endl;
   checkResources(library);
   expectThat(library.canUnload(), "nothing of the plug-in is left");
+  loaded.reset();
+  expectThat(GetModuleHandleW(L"KEBU_ANAGKELMORIA.dll") == nullptr, "the library is unloaded");
 }
 
 }  // namespace
