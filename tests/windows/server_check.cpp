@@ -10,6 +10,7 @@
 #include <iostream>
 #include <sstream>
 #include <string>
+#include <vector>
 
 #include "kebu_anagkelmoria.h"
 #include "tests/windows/checks.h"
@@ -17,11 +18,15 @@
 #include "tests/windows/property_checks.h"
 #include "tests/windows/registry.h"
 #include "tests/windows/same_variant.h"
+#include "windows/host/navigator_events.h"
+#include "windows/support/automation.h"
 #include "windows/support/com_error.h"
 #include "windows/support/dispatch.h"
 #include "windows/support/text.h"
+#include "workbench/host/object_models.h"
 #include "workbench/program_words.h"
 #include "workbench/windows/apartment.h"
+#include "workbench/windows/host_automation.h"
 #include "workbench/windows/trace_listener.h"
 
 namespace kebu::tests {
@@ -287,6 +292,28 @@ void checkOwnActiveDll() {
   }
 }
 
+constexpr windows::Member<bool> dllMembers[] = {
+    {L"IsActive", [](bool& isActive, const windows::Arguments&) { return Variant(isActive); }},
+};
+
+void checkForeignActiveDll() {
+  const ComPtr<::Cinterface> plugin = create();
+  std::vector<std::string> journal;
+  const Ref<host::Navigator> navigator = makeRef<host::Navigator>();
+  const Ref<host::LayoutModel> model =
+      makeRef<workbench::LayoutModel>([&](const std::string& told) { journal.push_back(told); });
+  check(plugin->putref_ActiveNavigator(
+      workbench::automate(navigator, windows::navigatorEventsId).get()));
+  const auto isActive = std::make_shared<bool>(false);
+  check(plugin->putref_ActiveDll(windows::automated<bool>(isActive, dllMembers).get()));
+  check(plugin->put_IsActive(VARIANT_TRUE));
+  navigator->InitializeLayoutObjectModel.raise(model);
+  expectThat(journal.empty(), "whether it is active an ActiveDll of the host's own says");
+  *isActive = true;
+  navigator->InitializeLayoutObjectModel.raise(model);
+  expectThat(journal.size() == 1, "and is asked anew at every event");
+}
+
 void run(const std::wstring& path) {
   const workbench::Apartment apartment;
   std::cout << "registration\n";
@@ -314,6 +341,7 @@ void run(const std::wstring& path) {
   checkDataTransfer();
   checkTrace();
   checkOwnActiveDll();
+  checkForeignActiveDll();
 
   std::cout << "end\n";
   {
