@@ -6,6 +6,7 @@
 #include "tests/windows/ado_stories.h"
 #include "tests/windows/checks.h"
 #include "tests/windows/host_checks.h"
+#include "tests/windows/unusual_objects.h"
 #include "windows/ado/ado_objects.h"
 #include "workbench/engine/ado_objects.h"
 #include "workbench/windows/apartment.h"
@@ -48,7 +49,9 @@ void run() {
   for (const AdoStory& story : adoStories()) {
     expectSameStory(story.name, toldByEngine(story), toldThroughCom(story), story.milestones);
   }
+  checkAdoManners();
   checkHostObjects();
+  checkUnusualHosts();
 }
 
 }  // namespace

@@ -1,12 +1,9 @@
 #include "windows/host/foreign_services.h"
 
-#include <vector>
-
 #include "common/convert.h"
 #include "windows/ado/ado_objects.h"
 #include "windows/ado/error_collection.h"
 #include "windows/host/host_objects.h"
-#include "windows/support/safe_array.h"
 #include "windows/support/values.h"
 
 namespace kebu::windows {
@@ -21,11 +18,7 @@ Ref<host::NamedObject> registerIn(const Dispatch& model, const std::string& name
 }
 
 host::LookupDefinition definition(const Dispatch& list) {
-  host::LookupDefinition result{list.text(L"Title"), list.text(L"Statement"), {}};
-  for (const Value& caption : vectorIn(list.call(L"Captions").get())) {
-    result.captions.push_back(toText(caption));
-  }
-  return result;
+  return {list.text(L"Title"), list.text(L"Statement"), list.texts(L"Captions")};
 }
 
 }  // namespace

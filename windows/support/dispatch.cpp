@@ -6,6 +6,7 @@
 #include <string>
 
 #include "common/convert.h"
+#include "windows/support/safe_array.h"
 #include "windows/support/values.h"
 
 namespace kebu::windows {
@@ -106,6 +107,14 @@ std::int32_t Dispatch::number(std::wstring_view name, Arguments arguments) const
 bool Dispatch::flag(std::wstring_view name, Arguments arguments) const {
   return converted(name, call(name, arguments),
                    [](const VARIANT& answer) { return toBoolean(toValue(answer)); });
+}
+
+std::vector<std::string> Dispatch::texts(std::wstring_view name, Arguments arguments) const {
+  return converted(name, call(name, arguments), [](const VARIANT& answer) {
+    std::vector<std::string> result;
+    for (const Value& element : vectorIn(answer)) result.push_back(toText(element));
+    return result;
+  });
 }
 
 }  // namespace kebu::windows

@@ -45,6 +45,8 @@ class Dispatch {
   std::string text(std::wstring_view name, Arguments arguments = {}) const;
   std::int32_t number(std::wstring_view name, Arguments arguments = {}) const;
   bool flag(std::wstring_view name, Arguments arguments = {}) const;
+  /// An array of texts.
+  std::vector<std::string> texts(std::wstring_view name, Arguments arguments = {}) const;
 
  private:
   /// Finds the member's identifier, once.
