@@ -1,9 +1,10 @@
 #include "windows/views/button_view.h"
 
+#include "windows/support/text.h"
 #include "windows/views/guard.h"
 #include "windows/views/layout/mnemonics.h"
 #include "windows/views/push_button.h"
-#include "windows/views/wide_text.h"
+#include "windows/views/window_text.h"
 
 namespace kebu::windows {
 

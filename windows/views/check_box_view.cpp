@@ -2,9 +2,10 @@
 
 #include <algorithm>
 
+#include "windows/support/text.h"
 #include "windows/views/guard.h"
 #include "windows/views/layout/mnemonics.h"
-#include "windows/views/wide_text.h"
+#include "windows/views/window_text.h"
 
 namespace kebu::windows {
 

@@ -3,8 +3,8 @@
 #include <algorithm>
 
 #include "common/convert.h"
+#include "windows/support/text.h"
 #include "windows/views/guard.h"
-#include "windows/views/wide_text.h"
 
 namespace kebu::windows {
 

@@ -2,9 +2,10 @@
 
 #include <utility>
 
+#include "windows/support/text.h"
 #include "windows/views/guard.h"
 #include "windows/views/push_button.h"
-#include "windows/views/wide_text.h"
+#include "windows/views/window_text.h"
 
 namespace kebu::windows {
 

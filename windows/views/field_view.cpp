@@ -1,7 +1,8 @@
 #include "windows/views/field_view.h"
 
+#include "windows/support/text.h"
 #include "windows/views/layout/mnemonics.h"
-#include "windows/views/wide_text.h"
+#include "windows/views/window_text.h"
 
 namespace kebu::windows {
 

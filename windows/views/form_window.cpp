@@ -5,6 +5,7 @@
 #include "common/convert.h"
 #include "controls/mdi_container.h"
 #include "controls/navigator_bar.h"
+#include "windows/support/text.h"
 #include "windows/views/guard.h"
 #include "windows/views/inspection.h"
 #include "windows/views/layout/frame_layout.h"
@@ -13,7 +14,7 @@
 #include "windows/views/painting.h"
 #include "windows/views/side_bar_view.h"
 #include "windows/views/view_factory.h"
-#include "windows/views/wide_text.h"
+#include "windows/views/window_text.h"
 
 namespace kebu::windows {
 

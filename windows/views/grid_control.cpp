@@ -4,9 +4,10 @@
 
 #include <algorithm>
 
+#include "windows/support/text.h"
 #include "windows/views/common_controls.h"
 #include "windows/views/guard.h"
-#include "windows/views/wide_text.h"
+#include "windows/views/window_text.h"
 
 namespace kebu::windows {
 

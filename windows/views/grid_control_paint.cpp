@@ -1,7 +1,7 @@
 // The part of GridControl that draws.
 
+#include "windows/support/text.h"
 #include "windows/views/grid_control.h"
-#include "windows/views/wide_text.h"
 
 namespace kebu::windows {
 

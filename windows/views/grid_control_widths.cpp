@@ -4,7 +4,7 @@
 #include <algorithm>
 
 #include "windows/views/grid_control.h"
-#include "windows/views/wide_text.h"
+#include "windows/support/text.h"
 
 namespace kebu::windows {
 

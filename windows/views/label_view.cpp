@@ -1,6 +1,7 @@
 #include "windows/views/label_view.h"
 
-#include "windows/views/wide_text.h"
+#include "windows/support/text.h"
+#include "windows/views/window_text.h"
 
 namespace kebu::windows {
 

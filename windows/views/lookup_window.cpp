@@ -2,10 +2,11 @@
 
 #include <algorithm>
 
+#include "windows/support/text.h"
 #include "windows/views/guard.h"
 #include "windows/views/push_button.h"
 #include "windows/views/view.h"
-#include "windows/views/wide_text.h"
+#include "windows/views/window_text.h"
 
 namespace kebu::windows {
 

@@ -2,9 +2,9 @@
 
 #include <algorithm>
 
+#include "windows/support/text.h"
 #include "windows/views/painting.h"
 #include "windows/views/view.h"
-#include "windows/views/wide_text.h"
 
 namespace kebu::windows {
 

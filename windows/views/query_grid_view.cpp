@@ -4,7 +4,7 @@
 
 #include "common/convert.h"
 #include "common/nulls.h"
-#include "windows/views/wide_text.h"
+#include "windows/support/text.h"
 
 namespace kebu::windows {
 

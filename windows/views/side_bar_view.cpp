@@ -2,9 +2,9 @@
 
 #include <utility>
 
+#include "windows/support/text.h"
 #include "windows/views/guard.h"
 #include "windows/views/painting.h"
-#include "windows/views/wide_text.h"
 
 namespace kebu::windows {
 

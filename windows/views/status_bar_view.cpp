@@ -2,7 +2,7 @@
 
 #include <commctrl.h>
 
-#include "windows/views/wide_text.h"
+#include "windows/support/text.h"
 
 namespace kebu::windows {
 

@@ -2,8 +2,8 @@
 
 #include <cwchar>
 
+#include "windows/support/text.h"
 #include "windows/views/painting.h"
-#include "windows/views/wide_text.h"
 
 namespace kebu::windows {
 

@@ -2,8 +2,8 @@
 
 #include "common/convert.h"
 #include "common/error.h"
+#include "windows/support/text.h"
 #include "windows/views/guard.h"
-#include "windows/views/wide_text.h"
 
 namespace kebu::windows {
 

@@ -5,60 +5,34 @@
 #include <vector>
 
 #include "common/convert.h"
+#include "windows/ado/error_collection.h"
+#include "windows/support/automation.h"
+#include "windows/support/identity.h"
 #include "workbench/engine/ado_error.h"
 #include "workbench/engine/ado_recordset.h"
-#include "workbench/windows/automation.h"
-#include "workbench/windows/late_bound.h"
-#include "workbench/windows/real_connection.h"
 
 namespace kebu::workbench {
+
+using namespace windows;
 
 namespace {
 
 constexpr std::int32_t stateClosed = 0;
 constexpr std::int32_t stateOpen = 1;
 
-Variant object(const ComRef<IDispatch>& reference) {
+Variant object(const ComPtr<IDispatch>& reference) {
   return Variant(reference);
 }
 Variant nothing() {
   return {};
 }
 
-// ---- errors
-
-struct ErrorList {
-  ado::Errors errors;
-};
-
-constexpr Member<ado::Error> errorMembers[] = {
-    {L"Description", [](ado::Error& e, const Arguments&) { return Variant(e.description); }},
-    {L"Number", [](ado::Error& e, const Arguments&) { return Variant(e.number); }},
-    {L"Source", [](ado::Error& e, const Arguments&) { return Variant(e.source); }},
-    {L"NativeError", [](ado::Error& e, const Arguments&) { return Variant(e.nativeError); }},
-    {L"SQLState", [](ado::Error& e, const Arguments&) { return Variant(e.sqlState); }},
-};
-
-constexpr Member<ErrorList> errorListMembers[] = {
-    {L"Item",
-     [](ErrorList& list, const Arguments& arguments) {
-       const auto index = static_cast<std::size_t>(arguments.number(0));
-       if (index >= list.errors.size()) throw engine::adoerror::noSuchItem();
-       return object(
-           automated<ado::Error>(std::make_shared<ado::Error>(list.errors[index]), errorMembers));
-     }},
-    {L"Count",
-     [](ErrorList& list, const Arguments&) {
-       return Variant(static_cast<std::int32_t>(list.errors.size()));
-     }},
-};
-
 // ---- recordset
 
 /// What ADO's recordset keeps besides its rows.
 struct RecordsetState {
   Ref<ado::Recordset> rows;
-  ComRef<IDispatch> connection;
+  ComPtr<IDispatch> connection;
   std::string source;
   ado::CursorLocation location = ado::CursorLocation::Server;
   ado::CursorType cursorType = ado::CursorType::ForwardOnly;
@@ -82,7 +56,7 @@ struct FieldState {
 
 constexpr Member<FieldState> fieldMembers[] = {
     {L"Value",
-     [](FieldState& f, Argument) { return Variant(f.recordset->rows->value(f.field().name)); },
+     [](FieldState& f, Argument) { return toVariant(f.recordset->rows->value(f.field().name)); },
      [](FieldState& f, Argument arguments) {
        f.recordset->rows->setValue(f.field().name, arguments.value(0));
      }},
@@ -96,7 +70,7 @@ constexpr Member<FieldState> fieldMembers[] = {
      [](FieldState& f, Argument) { return Variant(std::int32_t{f.field().numericScale}); }},
     {L"OriginalValue",
      [](FieldState& f, Argument) {
-       return Variant(f.recordset->rows->originalValue(f.field().name));
+       return toVariant(f.recordset->rows->originalValue(f.field().name));
      }},
 };
 
@@ -148,7 +122,7 @@ std::vector<std::size_t> wantedFields(const RecordsetState& recordset, Argument 
     SafeArrayGetUBound(given.parray, 1, &last);
     for (LONG i = first; i <= last; ++i) {
       Variant key;
-      if (FAILED(SafeArrayGetElement(given.parray, &i, key.out()))) {
+      if (FAILED(SafeArrayGetElement(given.parray, &i, key.put()))) {
         throw engine::adoerror::badArgument();
       }
       wanted.push_back(fieldIndex(recordset, toValue(key.get())));
@@ -168,7 +142,7 @@ Variant toArray(const std::vector<std::vector<Value>>& rows,
   Variant result;
   SAFEARRAY* const array = SafeArrayCreate(VT_VARIANT, 2, bounds);
   if (!array) throw RuntimeError::outOfMemory();
-  VARIANT* const out = result.out();
+  VARIANT* const out = result.put();
   out->vt = VT_ARRAY | VT_VARIANT;
   out->parray = array;
   VARIANT* cell = nullptr;
@@ -177,7 +151,7 @@ Variant toArray(const std::vector<std::vector<Value>>& rows,
   }
   // The first dimension varies fastest.
   for (const auto& row : rows) {
-    for (const std::size_t field : wanted) *cell++ = Variant(row[field]).detach();
+    for (const std::size_t field : wanted) *cell++ = toVariant(row[field]).detach();
   }
   SafeArrayUnaccessData(array);
   return result;
@@ -192,7 +166,7 @@ Variant getRows(RecordsetState& recordset, Argument arguments) {
   return toArray(recordset.rows->GetRows(arguments.number(0, -1)), wanted);
 }
 
-ComRef<IDispatch> automateState(const std::shared_ptr<RecordsetState>& state);
+ComPtr<IDispatch> automateState(const std::shared_ptr<RecordsetState>& state);
 
 void openRecordset(RecordsetState& recordset, Argument arguments) {
   if (arguments.has(0)) recordset.source = arguments.text(0);
@@ -286,6 +260,8 @@ constexpr Member<RecordsetObject> recordsetMembers[] = {
     {L"Close", on<doing<&ado::Recordset::Close>>},
     {L"State", [](RecordsetObject& r,
                   Argument) { return Variant(r.state->rows->isOpen() ? stateOpen : stateClosed); }},
+    // The engine keeps the first result only.
+    {L"NextRecordset", [](RecordsetObject&, Argument) { return object(nullptr); }},
     {L"Requery", on<doing<&ado::Recordset::Requery>>},
     {L"Clone",
      [](RecordsetObject& r, Argument) { return object(automateState(cloneOf(*r.state))); }},
@@ -322,7 +298,7 @@ constexpr Member<RecordsetObject> recordsetMembers[] = {
     {L"Status", [](RecordsetObject& r, Argument) { return Variant(r.state->own().status()); }},
 };
 
-ComRef<IDispatch> automateState(const std::shared_ptr<RecordsetState>& state) {
+ComPtr<IDispatch> automateState(const std::shared_ptr<RecordsetState>& state) {
   auto recordset = std::make_shared<RecordsetObject>();
   recordset->state = state;
   return automated<RecordsetObject>(recordset, recordsetMembers);
@@ -350,17 +326,14 @@ constexpr Member<ado::Connection> connectionMembers[] = {
     {L"Execute", [](ado::Connection& c,
                     Argument arguments) { return object(automate(c.Execute(arguments.text(0)))); }},
     {L"Errors",
-     [](ado::Connection& c, Argument) {
-       return object(automated<ErrorList>(std::make_shared<ErrorList>(ErrorList{c.errors()}),
-                                          errorListMembers));
-     }},
+     [](ado::Connection& c, Argument) { return object(newErrorCollection(c.errors())); }},
 };
 
 // ---- command
 
 struct CommandState {
   Ref<ado::Command> command;
-  ComRef<IDispatch> connection;
+  ComPtr<IDispatch> connection;
   std::string text;
   std::int32_t type = 8;  // unknown
 };
@@ -372,7 +345,7 @@ struct ParameterState {
 };
 
 constexpr Member<ParameterState> parameterMembers[] = {
-    {L"Value", [](ParameterState& p, Argument) { return Variant(p.value); },
+    {L"Value", [](ParameterState& p, Argument) { return toVariant(p.value); },
      [](ParameterState& p, Argument arguments) {
        p.value = arguments.value(0);
        p.owner->command->setParameter(p.name, p.value);
@@ -426,43 +399,30 @@ constexpr Member<CommandObject> commandMembers[] = {
 
 }  // namespace
 
-ComRef<IDispatch> automate(const Ref<ado::Connection>& connection) {
+ComPtr<IDispatch> automate(const Ref<ado::Connection>& connection) {
   // One that is an object already is handed over as it is.
-  const auto real = std::dynamic_pointer_cast<RealConnection>(connection.shared());
-  if (real) return real->object();
+  if (const auto* const real = dynamic_cast<const Foreign*>(connection.get())) {
+    return real->comObject();
+  }
   return automated<ado::Connection>(connection.shared(), connectionMembers);
 }
 
-ComRef<IDispatch> automate(const Ref<ado::Recordset>& recordset) {
+ComPtr<IDispatch> automate(const Ref<ado::Recordset>& recordset) {
   if (!recordset) return nullptr;
   auto state = std::make_shared<RecordsetState>();
   state->rows = recordset;
   return automateState(state);
 }
 
-ComRef<IDispatch> automate(const Ref<ado::Command>& command) {
+ComPtr<IDispatch> automate(const Ref<ado::Command>& command) {
   if (!command) return nullptr;
   auto object = std::make_shared<CommandObject>();
   object->state->command = command;
   return automated<CommandObject>(object, commandMembers);
 }
 
-Ref<ado::Connection> connectionBehind(const ComRef<IDispatch>& object) {
+Ref<ado::Connection> connectionBehind(const ComPtr<IDispatch>& object) {
   return subjectOf<ado::Connection>(object);
-}
-
-ado::Errors readErrors(const ComRef<IDispatch>& collection) {
-  ado::Errors errors;
-  if (!collection) return errors;
-  const LateBound list(collection);
-  const std::int32_t count = toInt32(list.value("Count"));
-  for (std::int32_t i = 0; i < count; ++i) {
-    const LateBound entry(toDispatch(list.get("Item", {Variant(i)}).get()));
-    errors.push_back({toInt32(entry.value("Number")), toText(entry.value("Description")),
-                      toText(entry.value("Source")), toInt32(entry.value("NativeError")),
-                      toText(entry.value("SQLState"))});
-  }
-  return errors;
 }
 
 }  // namespace kebu::workbench

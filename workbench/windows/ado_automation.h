@@ -5,19 +5,17 @@
 #include "ado/command.h"
 #include "ado/connection.h"
 #include "ado/recordset.h"
-#include "workbench/windows/variant.h"
+#include "windows/support/com_ptr.h"
 
 namespace kebu::workbench {
 
 // The workbench's database objects as ADO's: late-bound objects with ADO's
 // member names. Nothing for none.
 
-ComRef<IDispatch> automate(const Ref<ado::Connection>& connection);
-ComRef<IDispatch> automate(const Ref<ado::Recordset>& recordset);
-ComRef<IDispatch> automate(const Ref<ado::Command>& command);
-/// The connection behind an object that automate() made, or one from elsewhere.
-Ref<ado::Connection> connectionBehind(const ComRef<IDispatch>& object);
-/// An error collection: Count, Item(index from 0).
-ado::Errors readErrors(const ComRef<IDispatch>& collection);
+windows::ComPtr<IDispatch> automate(const Ref<ado::Connection>& connection);
+windows::ComPtr<IDispatch> automate(const Ref<ado::Recordset>& recordset);
+windows::ComPtr<IDispatch> automate(const Ref<ado::Command>& command);
+/// The connection behind an object that automate() made; nothing for another.
+Ref<ado::Connection> connectionBehind(const windows::ComPtr<IDispatch>& object);
 
 }  // namespace kebu::workbench

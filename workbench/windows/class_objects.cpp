@@ -6,9 +6,12 @@
 
 #include <utility>
 
+#include "windows/support/com_object.h"
 #include "workbench/windows/ado_automation.h"
 
 namespace kebu::workbench {
+
+using windows::ComPtr;
 
 namespace {
 
@@ -19,26 +22,11 @@ constexpr GUID commandClass = adoClass(0x507);
 constexpr GUID connectionClass = adoClass(0x514);
 constexpr GUID recordsetClass = adoClass(0x535);
 
-class ClassObject : public IClassFactory {
+class ClassObject final : public windows::ComObject<IClassFactory> {
  public:
-  using Make = std::function<ComRef<IDispatch>()>;
+  using Make = std::function<ComPtr<IDispatch>()>;
   explicit ClassObject(Make make) : make_(std::move(make)) {}
-  virtual ~ClassObject() = default;
 
-  STDMETHODIMP QueryInterface(REFIID wanted, void** object) override {
-    if (!object) return E_POINTER;
-    *object = nullptr;
-    if (wanted != IID_IUnknown && wanted != IID_IClassFactory) return E_NOINTERFACE;
-    *object = this;
-    AddRef();
-    return S_OK;
-  }
-  STDMETHODIMP_(ULONG) AddRef() override { return ++references_; }
-  STDMETHODIMP_(ULONG) Release() override {
-    const ULONG left = --references_;
-    if (left == 0) delete this;
-    return left;
-  }
   STDMETHODIMP CreateInstance(IUnknown* outer, REFIID wanted, void** object) override {
     if (!object) return E_POINTER;
     *object = nullptr;
@@ -49,7 +37,6 @@ class ClassObject : public IClassFactory {
 
  private:
   Make make_;
-  ULONG references_ = 1;
 };
 
 }  // namespace
@@ -62,7 +49,7 @@ ClassObjects::ClassObjects(ado::Library& library,
       {connectionClass, [newConnection] { return automate(newConnection()); }},
   };
   for (const auto& [id, make] : classes) {
-    const auto object = ComRef<IUnknown>::adopt(new ClassObject(make));
+    const auto object = ComPtr<IUnknown>::adopt(new ClassObject(make));
     DWORD cookie = 0;
     if (FAILED(CoRegisterClassObject(id, object.get(), CLSCTX_INPROC_SERVER, REGCLS_MULTIPLEUSE,
                                      &cookie))) {

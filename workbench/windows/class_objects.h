@@ -1,10 +1,11 @@
 #pragma once
 
+#include <windows.h>
+
 #include <functional>
 #include <vector>
 
 #include "ado/library.h"
-#include "workbench/windows/variant.h"
 
 namespace kebu::workbench {
 

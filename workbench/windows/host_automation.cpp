@@ -1,12 +1,16 @@
 #include "workbench/windows/host_automation.h"
 
 #include "common/convert.h"
+#include "windows/ado/error_collection.h"
+#include "windows/host/host_objects.h"
+#include "windows/support/automation.h"
+#include "windows/support/safe_array.h"
 #include "workbench/windows/ado_automation.h"
-#include "workbench/windows/automation.h"
-#include "workbench/windows/late_bound.h"
 #include "workbench/windows/navigator_events.h"
 
 namespace kebu::workbench {
+
+using namespace windows;
 
 namespace {
 
@@ -45,12 +49,12 @@ constexpr Member<host::LogService> logMembers[] = {
      }},
     {L"SetConnectionErrors",
      [](host::LogService& s, Argument a) {
-       s.SetConnectionErrors(readErrors(a.object(0)));
+       s.SetConnectionErrors(readErrors(a.object(0).get()));
        return nothing();
      }},
     {L"ShowError",
      [](host::LogService& s, Argument a) {
-       return Variant(Value(s.ShowError(a.text(0), a.text(1), a.text(2), a.number(3))));
+       return Variant(s.ShowError(a.text(0), a.text(1), a.text(2), a.number(3)));
      }},
 };
 
@@ -77,27 +81,10 @@ constexpr Member<host::SqlDecodeService> decodeMembers[] = {
                  Argument a) { return Variant(s.Code(a.text(0), a.text(1), a.textsFrom(2))); }},
 };
 
-Variant captionsOf(const host::LookupDefinition& definition) {
-  SAFEARRAY* const array =
-      SafeArrayCreateVector(VT_BSTR, 0, static_cast<ULONG>(definition.captions.size()));
-  if (!array) throw RuntimeError::outOfMemory();
-  Variant result;
-  VARIANT* const out = result.out();
-  out->vt = VT_ARRAY | VT_BSTR;
-  out->parray = array;
-  for (LONG i = 0; i < static_cast<LONG>(definition.captions.size()); ++i) {
-    const Variant caption(definition.captions[static_cast<std::size_t>(i)]);
-    if (FAILED(SafeArrayPutElement(array, &i, caption.get().bstrVal))) {
-      throw RuntimeError::outOfMemory();
-    }
-  }
-  return result;
-}
-
 constexpr Member<host::LookupDefinition> definitionMembers[] = {
     {L"Statement", [](host::LookupDefinition& d, Argument) { return Variant(d.statement); }},
     {L"Title", [](host::LookupDefinition& d, Argument) { return Variant(d.title); }},
-    {L"Captions", [](host::LookupDefinition& d, Argument) { return captionsOf(d); }},
+    {L"Captions", [](host::LookupDefinition& d, Argument) { return textArray(d.captions); }},
     {L"Key", [](host::LookupDefinition& d, Argument) { return Variant(d.key); }},
 };
 
@@ -127,7 +114,7 @@ constexpr Member<host::LookupService> lookupMembers[] = {
 constexpr Member<host::FilterSpecificationService> filterMembers[] = {
     {L"Initialize", initialize<host::FilterSpecificationService>},
     {L"Load", [](host::FilterSpecificationService& s,
-                 Argument a) { return Variant(s.Load(a.text(0), a.text(1))); }},
+                 Argument a) { return toVariant(s.Load(a.text(0), a.text(1))); }},
     {L"Save",
      [](host::FilterSpecificationService& s, Argument a) {
        s.Save(a.text(0), a.text(1), a.text(2), a.flag(3));
@@ -137,8 +124,8 @@ constexpr Member<host::FilterSpecificationService> filterMembers[] = {
 
 template <class Model>
 Variant registerIn(Model& model, Argument a) {
-  return Variant(ForeignObject::behind(
-      model.Register(a.text(0), ForeignObject::of(a.object(1)), a.number(2), a.text(3))));
+  return Variant(unwrap(
+      model.Register(a.text(0), wrapNamedObject(a.object(1).get()), a.number(2), a.text(3))));
 }
 
 constexpr Member<host::LayoutModel> layoutMembers[] = {
@@ -175,14 +162,14 @@ Variant service(host::ClsGlobal& global, Argument /*arguments*/) {
 constexpr Member<host::ClsGlobal> globalMembers[] = {
     {L"ConnectionString",
      [](host::ClsGlobal& g, Argument) { return Variant(g.ConnectionString()); }},
-    {L"CompanyCode", [](host::ClsGlobal& g, Argument) { return Variant(g.CompanyCode()); }},
+    {L"CompanyCode", [](host::ClsGlobal& g, Argument) { return toVariant(g.CompanyCode()); }},
     {L"ApplicationCode", [](host::ClsGlobal& g, Argument) { return Variant(g.ApplicationCode()); }},
     {L"SessionId", [](host::ClsGlobal& g, Argument) { return Variant(g.SessionId()); }},
     {L"UserId", [](host::ClsGlobal& g, Argument) { return Variant(g.UserId()); }},
     {L"Messages", service<&host::ClsGlobal::Messages, messageMembers>},
     {L"RefreshStatus",
      [](host::ClsGlobal& g, Argument a) {
-       g.RefreshStatus(ForeignObject::of(a.object(0)));
+       g.RefreshStatus(wrapNamedObject(a.object(0).get()));
        return nothing();
      }},
     {L"CreateLog", service<&host::ClsGlobal::CreateLog, logMembers>},
@@ -199,24 +186,24 @@ constexpr Member<host::ClsGlobal> globalMembers[] = {
 
 }  // namespace
 
-ComRef<IDispatch> automate(const Ref<host::ClsGlobal>& global) {
+ComPtr<IDispatch> automate(const Ref<host::ClsGlobal>& global) {
   return automated<host::ClsGlobal>(global.shared(), globalMembers);
 }
 
-ComRef<IDispatch> automate(const Ref<host::StatusBar>& bar) {
+ComPtr<IDispatch> automate(const Ref<host::StatusBar>& bar) {
   return automated<host::StatusBar>(bar.shared(), statusBarMembers);
 }
 
-ComRef<IDispatch> automate(const Ref<host::LayoutModel>& model) {
+ComPtr<IDispatch> automate(const Ref<host::LayoutModel>& model) {
   if (auto script = std::dynamic_pointer_cast<host::ScriptModel>(model.shared())) {
     return automated<host::ScriptModel>(script, scriptMembers);
   }
   return automated<host::LayoutModel>(model.shared(), layoutMembers);
 }
 
-ComRef<IDispatch> automate(const Ref<host::Navigator>& navigator, REFIID events) {
+ComPtr<IDispatch> automate(const Ref<host::Navigator>& navigator, REFIID events) {
   if (!navigator) return nullptr;
-  return ComRef<IDispatch>::adopt(new NavigatorObject(navigator.shared(), events));
+  return ComPtr<IDispatch>::adopt(new NavigatorObject(navigator.shared(), events));
 }
 
 }  // namespace kebu::workbench

@@ -3,17 +3,17 @@
 #include "host/cls_global.h"
 #include "host/navigator.h"
 #include "host/services.h"
-#include "workbench/windows/variant.h"
+#include "windows/support/com_ptr.h"
 
 namespace kebu::workbench {
 
 // The host's objects for a plug-in that calls them by late binding: the members
 // have the names that they have in host/. Nothing for none.
 
-ComRef<IDispatch> automate(const Ref<host::ClsGlobal>& global);
-ComRef<IDispatch> automate(const Ref<host::StatusBar>& bar);
-ComRef<IDispatch> automate(const Ref<host::LayoutModel>& model);
+windows::ComPtr<IDispatch> automate(const Ref<host::ClsGlobal>& global);
+windows::ComPtr<IDispatch> automate(const Ref<host::StatusBar>& bar);
+windows::ComPtr<IDispatch> automate(const Ref<host::LayoutModel>& model);
 /// A connection point for `events` passes the navigator's events on.
-ComRef<IDispatch> automate(const Ref<host::Navigator>& navigator, REFIID events);
+windows::ComPtr<IDispatch> automate(const Ref<host::Navigator>& navigator, REFIID events);
 
 }  // namespace kebu::workbench

@@ -2,48 +2,45 @@
 
 #include <olectl.h>
 
+#include "windows/host/navigator_events.h"
 #include "workbench/windows/host_automation.h"
 
 namespace kebu::workbench {
 
-namespace {
-
-enum EventId : DISPID {
-  beforeExportToOffice = 1,
-  initializeLayoutObjectModel = 2,
-  initializeScriptObjectModel = 3
-};
-
-}  // namespace
+using windows::ComPtr;
+using windows::NavigatorEvent;
+using windows::Variant;
 
 NavigatorObject::NavigatorObject(std::shared_ptr<host::Navigator> navigator, REFIID events)
     : Automated(std::move(navigator), {}), events_(events) {
-  subscriptions_.push_back(subject()->BeforeExportToOffice.connect(
-      [this](const Value& arguments) { raise(beforeExportToOffice, Variant(arguments)); }));
+  subscriptions_.push_back(subject()->BeforeExportToOffice.connect([this](const Value& arguments) {
+    raise(NavigatorEvent::BeforeExportToOffice, windows::toVariant(arguments));
+  }));
   subscriptions_.push_back(
       subject()->InitializeLayoutObjectModel.connect([this](const Ref<host::LayoutModel>& model) {
-        raise(initializeLayoutObjectModel, Variant(automate(model)));
+        raise(NavigatorEvent::InitializeLayoutObjectModel, Variant(automate(model)));
       }));
   subscriptions_.push_back(
       subject()->InitializeScriptObjectModel.connect([this](const Ref<host::ScriptModel>& model) {
-        raise(initializeScriptObjectModel, Variant(automate(Ref<host::LayoutModel>(model))));
+        raise(NavigatorEvent::InitializeScriptObjectModel,
+              Variant(automate(Ref<host::LayoutModel>(model))));
       }));
 }
 
-void NavigatorObject::raise(DISPID event, const Variant& argument) const {
+void NavigatorObject::raise(NavigatorEvent event, const Variant& argument) const {
   const auto sinks = sinks_;  // a sink may leave while it is called
   for (const auto& [cookie, sink] : sinks) {
     VARIANT lent = argument.get();
     DISPPARAMS parameters{&lent, nullptr, 1, 0};
-    sink->Invoke(event, IID_NULL, LOCALE_USER_DEFAULT, DISPATCH_METHOD, &parameters, nullptr,
-                 nullptr, nullptr);
+    sink->Invoke(static_cast<DISPID>(event), IID_NULL, LOCALE_USER_DEFAULT, DISPATCH_METHOD,
+                 &parameters, nullptr, nullptr, nullptr);
   }
 }
 
-IUnknown* NavigatorObject::furtherInterface(REFIID wanted) {
+void* NavigatorObject::find(REFIID wanted) {
   if (wanted == IID_IConnectionPointContainer) return static_cast<IConnectionPointContainer*>(this);
   if (wanted == IID_IConnectionPoint) return static_cast<IConnectionPoint*>(this);
-  return nullptr;
+  return Automated::find(wanted);
 }
 
 STDMETHODIMP NavigatorObject::EnumConnectionPoints(IEnumConnectionPoints** points) {
@@ -76,10 +73,10 @@ STDMETHODIMP NavigatorObject::GetConnectionPointContainer(IConnectionPointContai
 STDMETHODIMP NavigatorObject::Advise(IUnknown* sink, DWORD* cookie) {
   if (!sink || !cookie) return E_POINTER;
   *cookie = 0;
-  ComRef<IDispatch> events;
+  ComPtr<IDispatch> events;
   // The sink may know the events' interface by its own name only.
-  if (FAILED(sink->QueryInterface(events_, reinterpret_cast<void**>(events.out()))) &&
-      FAILED(sink->QueryInterface(IID_IDispatch, reinterpret_cast<void**>(events.out())))) {
+  if (FAILED(sink->QueryInterface(events_, events.putVoid())) &&
+      FAILED(sink->QueryInterface(IID_IDispatch, events.putVoid()))) {
     return CONNECT_E_CANNOTCONNECT;
   }
   *cookie = ++lastCookie_;

@@ -10,23 +10,24 @@
 
 #include "common/event.h"
 #include "host/navigator.h"
-#include "workbench/windows/automation.h"
+#include "windows/host/navigator_events.h"
+#include "windows/support/automation.h"
 
 namespace kebu::workbench {
 
 /// The host's navigator: an object without members that passes its events on to
 /// whoever asks its connection point.
-class NavigatorObject : public Automated<host::Navigator>,
+class NavigatorObject : public windows::Automated<host::Navigator>,
                         public IConnectionPointContainer,
                         public IConnectionPoint {
  public:
   NavigatorObject(std::shared_ptr<host::Navigator> navigator, REFIID events);
 
   STDMETHODIMP QueryInterface(REFIID wanted, void** object) override {
-    return AutomationObject::QueryInterface(wanted, object);
+    return Automated::QueryInterface(wanted, object);
   }
-  STDMETHODIMP_(ULONG) AddRef() override { return AutomationObject::AddRef(); }
-  STDMETHODIMP_(ULONG) Release() override { return AutomationObject::Release(); }
+  STDMETHODIMP_(ULONG) AddRef() override { return Automated::AddRef(); }
+  STDMETHODIMP_(ULONG) Release() override { return Automated::Release(); }
 
   STDMETHODIMP EnumConnectionPoints(IEnumConnectionPoints** points) override;
   STDMETHODIMP FindConnectionPoint(REFIID events, IConnectionPoint** point) override;
@@ -38,11 +39,11 @@ class NavigatorObject : public Automated<host::Navigator>,
   STDMETHODIMP EnumConnections(IEnumConnections** connections) override;
 
  private:
-  IUnknown* furtherInterface(REFIID wanted) override;
-  void raise(DISPID event, const Variant& argument) const;
+  void* find(REFIID wanted) override;
+  void raise(windows::NavigatorEvent event, const windows::Variant& argument) const;
 
   IID events_;
-  std::map<DWORD, ComRef<IDispatch>> sinks_;
+  std::map<DWORD, windows::ComPtr<IDispatch>> sinks_;
   DWORD lastCookie_ = 0;
   std::vector<Subscription> subscriptions_;
 };

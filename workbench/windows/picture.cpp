@@ -15,7 +15,7 @@ using std::min;
 }  // namespace Gdiplus
 #include <gdiplus.h>
 
-#include "windows/views/wide_text.h"
+#include "windows/support/text.h"
 #include "workbench/player/scenario.h"
 
 namespace kebu::workbench {

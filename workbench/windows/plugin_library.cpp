@@ -3,10 +3,12 @@
 #include <string>
 
 #include "common/error.h"
-#include "windows/views/wide_text.h"
+#include "windows/support/text.h"
 #include "workbench/command_line.h"
 
 namespace kebu::workbench {
+
+using windows::ComPtr;
 
 namespace {
 
@@ -16,11 +18,11 @@ std::string shown(const std::filesystem::path& path) {
 
 GUID idOf(ITypeLib& library, const wchar_t* type) {
   std::wstring name = type;
-  ComRef<ITypeInfo> info;
+  ComPtr<ITypeInfo> info;
   MEMBERID member = 0;
   USHORT count = 1;
   TYPEATTR* attributes = nullptr;
-  if (FAILED(library.FindName(name.data(), 0, info.out(), &member, &count)) || count == 0 ||
+  if (FAILED(library.FindName(name.data(), 0, info.put(), &member, &count)) || count == 0 ||
       FAILED(info->GetTypeAttr(&attributes))) {
     throw CommandError("the plug-in's type library knows no " + windows::toUtf8(type));
   }
@@ -46,8 +48,8 @@ std::filesystem::path PluginLibrary::besideProgram() {
 }
 
 PluginLibrary::PluginLibrary(const std::filesystem::path& file) {
-  ComRef<ITypeLib> types;
-  if (FAILED(LoadTypeLibEx(file.c_str(), REGKIND_NONE, types.out()))) {
+  ComPtr<ITypeLib> types;
+  if (FAILED(LoadTypeLibEx(file.c_str(), REGKIND_NONE, types.put()))) {
     throw CommandError(shown(file) + " is not there, or holds no type library");
   }
   class_ = idOf(*types.get(), L"CLSKB_ANAGKELMORIA");
@@ -60,16 +62,14 @@ PluginLibrary::~PluginLibrary() {
   FreeLibrary(module_);
 }
 
-ComRef<IDispatch> PluginLibrary::create() const {
+ComPtr<IDispatch> PluginLibrary::create() const {
   const auto getClassObject =
       exported<HRESULT(STDAPICALLTYPE*)(REFCLSID, REFIID, LPVOID*)>(module_, "DllGetClassObject");
-  ComRef<IClassFactory> factory;
-  ComRef<IDispatch> object;
-  HRESULT result =
-      getClassObject(class_, IID_IClassFactory, reinterpret_cast<void**>(factory.out()));
+  ComPtr<IClassFactory> factory;
+  ComPtr<IDispatch> object;
+  HRESULT result = getClassObject(class_, IID_IClassFactory, factory.putVoid());
   if (SUCCEEDED(result)) {
-    result =
-        factory->CreateInstance(nullptr, IID_IDispatch, reinterpret_cast<void**>(object.out()));
+    result = factory->CreateInstance(nullptr, IID_IDispatch, object.putVoid());
   }
   if (FAILED(result)) {
     throw RuntimeError(static_cast<std::int32_t>(result), "The plug-in cannot be created.");

@@ -6,7 +6,7 @@
 
 #include <filesystem>
 
-#include "workbench/windows/com_ref.h"
+#include "windows/support/com_ptr.h"
 
 namespace kebu::workbench {
 
@@ -23,7 +23,7 @@ class PluginLibrary {
   static std::filesystem::path besideProgram();
 
   /// A new instance of the class.
-  ComRef<IDispatch> create() const;
+  windows::ComPtr<IDispatch> create() const;
   /// The interface of the navigator's events.
   const IID& navigatorEvents() const { return navigatorEvents_; }
   bool canUnload() const;

@@ -9,7 +9,7 @@
 #include <cstdio>
 #include <memory>
 
-#include "windows/views/wide_text.h"
+#include "windows/support/text.h"
 
 namespace kebu::workbench {
 

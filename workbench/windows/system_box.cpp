@@ -3,7 +3,8 @@
 #include <algorithm>
 #include <utility>
 
-#include "windows/views/wide_text.h"
+#include "windows/support/text.h"
+#include "windows/views/window_text.h"
 #include "workbench/windows/gestures.h"
 
 namespace kebu::workbench {

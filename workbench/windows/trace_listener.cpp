@@ -4,7 +4,7 @@
 
 #include <string>
 
-#include "windows/views/wide_text.h"
+#include "windows/support/text.h"
 
 namespace kebu::workbench {
 

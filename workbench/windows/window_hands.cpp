@@ -5,7 +5,7 @@
 
 #include "common/convert.h"
 #include "controls/control.h"
-#include "windows/views/wide_text.h"
+#include "windows/support/text.h"
 #include "workbench/host/shown_list.h"
 #include "workbench/player/scenario.h"
 #include "workbench/windows/gestures.h"

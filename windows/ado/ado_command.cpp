@@ -1,0 +1,37 @@
+#include "windows/ado/ado_command.h"
+
+#include "windows/ado/ado_constants.h"
+#include "windows/ado/results.h"
+#include "windows/support/values.h"
+
+namespace kebu::windows {
+
+void AdoCommand::setActiveConnection(const Ref<ado::Connection>& connection) {
+  parameters_.reset();
+  object_.put(L"ActiveConnection", unwrap(connection));
+}
+
+void AdoCommand::setCommandText(const std::string& procedure) {
+  parameters_.reset();
+  object_.put(L"CommandType", commandIsStoredProcedure);
+  object_.put(L"CommandText", procedure);
+}
+
+const Dispatch& AdoCommand::parameters() {
+  if (!parameters_) {
+    const Dispatch described = object_.get(L"Parameters");
+    described.call(L"Refresh");
+    parameters_ = described;
+  }
+  return *parameters_;
+}
+
+void AdoCommand::setParameter(std::string_view name, const Value& value) {
+  parameters().get(L"Item", {name}).put(L"Value", toVariant(value));
+}
+
+void AdoCommand::Execute() {
+  drain(object_.get(L"Execute"));
+}
+
+}  // namespace kebu::windows

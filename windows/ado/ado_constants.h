@@ -1,0 +1,24 @@
+#pragma once
+
+#include <cstdint>
+
+#include "windows/support/dispatch.h"
+
+namespace kebu::windows {
+
+// ADO's numbers, as far as the roles in ado/ do not have them.
+
+inline constexpr std::int32_t commandIsText = 1;
+inline constexpr std::int32_t commandIsStoredProcedure = 4;
+inline constexpr std::int32_t filterNone = 0;
+inline constexpr std::int32_t filterPendingRecords = 1;
+/// All rows, also those that a filter hides.
+inline constexpr std::int32_t affectAllChapters = 4;
+
+/// Whether an object of ADO's is open, whatever else it is doing.
+inline bool isStateOpen(const Dispatch& object) {
+  constexpr std::int32_t open = 1;
+  return (object.number(L"State") & open) != 0;
+}
+
+}  // namespace kebu::windows

@@ -1,0 +1,57 @@
+#include <objbase.h>
+
+#include "windows/ado/ado_command.h"
+#include "windows/ado/ado_connection.h"
+#include "windows/ado/ado_objects.h"
+#include "windows/ado/ado_recordset.h"
+
+namespace kebu::windows {
+
+namespace {
+
+// The classes of ADO differ in their first number only.
+constexpr CLSID adoClass(unsigned long number) {
+  return {number, 0x0000, 0x0010, {0x80, 0x00, 0x00, 0xAA, 0x00, 0x6D, 0x2E, 0xA4}};
+}
+constexpr CLSID commandClass = adoClass(0x507);
+constexpr CLSID connectionClass = adoClass(0x514);
+constexpr CLSID recordsetClass = adoClass(0x535);
+
+ComPtr<IDispatch> create(const CLSID& id, const char* name) {
+  ComPtr<IDispatch> object;
+  const HRESULT result =
+      CoCreateInstance(id, nullptr, CLSCTX_INPROC_SERVER, IID_IDispatch, object.putVoid());
+  if (FAILED(result)) {
+    const RuntimeError error = errorOf(result);
+    throw RuntimeError(error.number(), error.description() + ": " + name, error.source());
+  }
+  return object;
+}
+
+}  // namespace
+
+Ref<ado::Recordset> AdoLibrary::newRecordset() {
+  return wrap<AdoRecordset>(create(recordsetClass, "ADODB.Recordset"));
+}
+
+Ref<ado::Command> AdoLibrary::newCommand() {
+  return wrap<AdoCommand>(create(commandClass, "ADODB.Command"));
+}
+
+Ref<ado::Connection> AdoLibrary::newConnection() {
+  return wrap<AdoConnection>(create(connectionClass, "ADODB.Connection"));
+}
+
+Ref<ado::Connection> wrapConnection(IDispatch* object) {
+  return wrap<AdoConnection>(ComPtr<IDispatch>(object));
+}
+
+Ref<ado::Recordset> wrapRecordset(IDispatch* object) {
+  return wrap<AdoRecordset>(ComPtr<IDispatch>(object));
+}
+
+Ref<ado::Command> wrapCommand(IDispatch* object) {
+  return wrap<AdoCommand>(ComPtr<IDispatch>(object));
+}
+
+}  // namespace kebu::windows

@@ -1,0 +1,51 @@
+#include "windows/host/host_objects.h"
+
+#include "windows/host/foreign_cls_global.h"
+#include "windows/host/foreign_navigator.h"
+
+namespace kebu::windows {
+
+namespace {
+
+class ForeignStatusBar : public host::StatusBar, public Foreign {
+ public:
+  using Role = host::StatusBar;
+  using Foreign::Foreign;
+
+  void SetPanelText(std::int32_t panel, const std::string& text) override {
+    object_.call(L"SetPanelText", {panel, text});
+  }
+};
+
+class ForeignNamedObject : public host::NamedObject, public Foreign {
+ public:
+  using Role = host::NamedObject;
+  using Foreign::Foreign;
+
+  std::string Name() const override { return object_.text(L"Name"); }
+  void setName(const std::string& name) override { object_.put(L"Name", name); }
+};
+
+}  // namespace
+
+Ref<host::ClsGlobal> wrapClsGlobal(IDispatch* object) {
+  return wrap<ForeignClsGlobal>(ComPtr<IDispatch>(object));
+}
+
+Ref<host::Navigator> wrapNavigator(IDispatch* object) {
+  return wrap<ForeignNavigator>(ComPtr<IDispatch>(object));
+}
+
+Ref<host::StatusBar> wrapStatusBar(IDispatch* object) {
+  return wrap<ForeignStatusBar>(ComPtr<IDispatch>(object));
+}
+
+Ref<host::NamedObject> wrapNamedObject(IDispatch* object) {
+  return wrap<ForeignNamedObject>(ComPtr<IDispatch>(object));
+}
+
+Ref<Object> wrapObject(IDispatch* object) {
+  return wrap<ForeignObject>(ComPtr<IDispatch>(object));
+}
+
+}  // namespace kebu::windows

@@ -1,0 +1,121 @@
+#pragma once
+
+#include <windows.h>
+// After windows.h, which it builds on.
+#include <oaidl.h>
+
+#include <memory>
+#include <span>
+#include <string>
+#include <type_traits>
+#include <vector>
+
+#include "common/value.h"
+#include "windows/support/com_object.h"
+#include "windows/support/values.h"
+#include "windows/support/variant.h"
+
+namespace kebu::windows {
+
+/// What a late-bound call hands over, in the order in which it is written.
+class Arguments {
+ public:
+  explicit Arguments(const DISPPARAMS& parameters) : parameters_(parameters) {}
+
+  std::size_t count() const { return parameters_.cArgs; }
+  bool has(std::size_t index) const;
+  /// RuntimeError 449 when it was left out.
+  const VARIANT& at(std::size_t index) const;
+  Value value(std::size_t index) const { return toValue(at(index)); }
+  std::string text(std::size_t index) const;
+  /// That argument and all after it.
+  std::vector<std::string> textsFrom(std::size_t index) const;
+  std::int32_t number(std::size_t index) const;
+  std::int32_t number(std::size_t index, std::int32_t usual) const;
+  bool flag(std::size_t index) const;
+  ComPtr<IDispatch> object(std::size_t index) const { return objectIn(at(index)); }
+  /// Gives a value back in an argument that was passed by reference, and only in one.
+  void giveBack(std::size_t index, const Value& value) const;
+
+ private:
+  const DISPPARAMS& parameters_;
+};
+
+/// A member of an object by its name. Reading a property and calling a method
+/// are the same thing; a property that can be set takes the value last.
+template <class Subject>
+struct Member {
+  const wchar_t* name;
+  Variant (*call)(Subject& subject, const Arguments& arguments);
+  void (*put)(Subject& subject, const Arguments& arguments) = nullptr;
+};
+
+/// An object that is called by late binding. Its members are a table; the
+/// first is also its default member.
+class AutomationObject : public ComObject<IDispatch> {
+ public:
+  /// The object of this kind, made by this module, behind a reference; null
+  /// for one from elsewhere.
+  static AutomationObject* behind(IUnknown* object);
+
+  STDMETHODIMP GetTypeInfoCount(UINT* count) override;
+  STDMETHODIMP GetTypeInfo(UINT index, LCID locale, ITypeInfo** info) override;
+  STDMETHODIMP GetIDsOfNames(REFIID reserved, LPOLESTR* names, UINT count, LCID locale,
+                             DISPID* ids) override;
+  STDMETHODIMP Invoke(DISPID id, REFIID reserved, LCID locale, WORD flags, DISPPARAMS* parameters,
+                      VARIANT* result, EXCEPINFO* exception, UINT* wrongArgument) override;
+
+ protected:
+  void* find(REFIID wanted) override;
+
+ private:
+  virtual std::size_t memberCount() const = 0;
+  virtual const wchar_t* memberName(std::size_t index) const = 0;
+  /// False when the member cannot be used so.
+  virtual bool invoke(std::size_t index, bool put, const Arguments& arguments, Variant& result) = 0;
+};
+
+template <class Subject>
+class Automated : public AutomationObject {
+ public:
+  Automated(std::shared_ptr<Subject> subject, std::span<const Member<Subject>> members)
+      : subject_(std::move(subject)), members_(members) {}
+
+  const std::shared_ptr<Subject>& subject() const { return subject_; }
+
+ private:
+  std::size_t memberCount() const override { return members_.size(); }
+  const wchar_t* memberName(std::size_t index) const override { return members_[index].name; }
+  bool invoke(std::size_t index, bool put, const Arguments& arguments, Variant& result) override {
+    const Member<Subject>& member = members_[index];
+    const auto keptAlive = subject_;
+    if (put && member.put) {
+      member.put(*keptAlive, arguments);
+    } else if (!put && member.call) {
+      result = member.call(*keptAlive, arguments);
+    } else {
+      return false;
+    }
+    return true;
+  }
+
+  std::shared_ptr<Subject> subject_;
+  std::span<const Member<Subject>> members_;
+};
+
+/// The subject as others see it; nothing for none.
+template <class Subject>
+ComPtr<IDispatch> automated(const std::shared_ptr<Subject>& subject,
+                            std::span<const Member<std::type_identity_t<Subject>>> members) {
+  if (!subject) return nullptr;
+  return ComPtr<IDispatch>::adopt(new Automated<Subject>(subject, members));
+}
+
+/// The subject behind a reference; nothing for none and for one of another kind.
+template <class Subject>
+std::shared_ptr<Subject> subjectOf(const ComPtr<IDispatch>& object) {
+  auto* const own = dynamic_cast<Automated<Subject>*>(AutomationObject::behind(object.get()));
+  return own ? own->subject() : nullptr;
+}
+
+}  // namespace kebu::windows

@@ -1,0 +1,65 @@
+#include "windows/support/identity.h"
+
+#include <algorithm>
+#include <vector>
+
+#include "host/named_object.h"
+#include "windows/support/named_object_face.h"
+
+namespace kebu::windows {
+
+namespace {
+
+struct Face {
+  IDispatch* face;
+  std::weak_ptr<Object> object;
+  const void* whole;
+};
+
+/// The faces that there are. All live in the one apartment that the window is in.
+std::vector<Face>& faces() {
+  static std::vector<Face> all;
+  return all;
+}
+
+/// The whole of an object, whichever of its parts is meant.
+const void* wholeOf(const Object& object) {
+  return dynamic_cast<const void*>(&object);
+}
+
+template <class Condition>
+const Face* find(Condition&& holds) {
+  const auto found = std::find_if(faces().begin(), faces().end(), holds);
+  return found == faces().end() ? nullptr : &*found;
+}
+
+}  // namespace
+
+FaceEntry::FaceEntry(const std::shared_ptr<Object>& object, IDispatch* face) : face_(face) {
+  faces().push_back({face, object, wholeOf(*object)});
+}
+
+FaceEntry::~FaceEntry() {
+  std::erase_if(faces(), [this](const Face& entry) { return entry.face == face_; });
+}
+
+ComPtr<IDispatch> faceOf(const std::shared_ptr<Object>& object) {
+  if (!object) return nullptr;
+  if (const auto* foreign = dynamic_cast<const Foreign*>(object.get())) return foreign->comObject();
+  const void* const whole = wholeOf(*object);
+  if (const Face* known = find([&](const Face& entry) { return entry.whole == whole; })) {
+    return ComPtr<IDispatch>(known->face);
+  }
+  const auto named = std::dynamic_pointer_cast<host::NamedObject>(object);
+  return named ? newNamedObjectFace(named) : nullptr;
+}
+
+std::shared_ptr<Object> ownObject(IDispatch* object) {
+  // Two pointers mean the same object when their IUnknowns are the same.
+  const auto identity = ComPtr<IDispatch>(object).as<IUnknown>();
+  const Face* const known =
+      find([&](const Face& entry) { return static_cast<IUnknown*>(entry.face) == identity.get(); });
+  return known ? known->object.lock() : nullptr;
+}
+
+}  // namespace kebu::windows

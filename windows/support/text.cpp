@@ -1,0 +1,38 @@
+#include "windows/support/text.h"
+
+#include <windows.h>
+
+namespace kebu::windows {
+
+namespace {
+
+std::string toCodePage(std::wstring_view text, UINT codePage) {
+  if (text.empty()) return {};
+  const int size = static_cast<int>(text.size());
+  const int length =
+      WideCharToMultiByte(codePage, 0, text.data(), size, nullptr, 0, nullptr, nullptr);
+  std::string result(static_cast<std::size_t>(length), '\0');
+  WideCharToMultiByte(codePage, 0, text.data(), size, result.data(), length, nullptr, nullptr);
+  return result;
+}
+
+}  // namespace
+
+std::wstring toWide(std::string_view text) {
+  if (text.empty()) return {};
+  const int size = static_cast<int>(text.size());
+  const int length = MultiByteToWideChar(CP_UTF8, 0, text.data(), size, nullptr, 0);
+  std::wstring result(static_cast<std::size_t>(length), L'\0');
+  MultiByteToWideChar(CP_UTF8, 0, text.data(), size, result.data(), length);
+  return result;
+}
+
+std::string toUtf8(std::wstring_view text) {
+  return toCodePage(text, CP_UTF8);
+}
+
+std::string toAnsi(std::string_view text) {
+  return toCodePage(toWide(text), CP_ACP);
+}
+
+}  // namespace kebu::windows

@@ -1,0 +1,14 @@
+#pragma once
+
+#include <windows.h>
+
+#include <string>
+
+namespace kebu::windows {
+
+/// What a control shows.
+std::wstring windowText(HWND window);
+/// Sets it when it differs, so that nothing flickers and no caret jumps.
+void setWindowText(HWND window, const std::wstring& text);
+
+}  // namespace kebu::windows
