@@ -19,15 +19,15 @@ made_of() {
   ninja -C "$build" -t deps | awk -v root="$root/" '
     /^[^ ].*#deps/ { source = ""; next }
     /^ / {
-      sub(/^ +/, "")
+      sub(/^ +(\.\.\/)*/, "")  # a compiler cache makes them relative
       if (substr($0, 1, length(root)) == root) $0 = substr($0, length(root) + 1)
-      if ($0 ~ /^\// || $0 ~ /^(\.\.\/)*build\// || $0 !~ /\.(cpp|h)$/) next
+      if ($0 ~ /^\// || $0 ~ /^build\// || $0 !~ /\.(cpp|h)$/) next
       if (source == "") source = $0
       if (source ~ /\.cpp$/) print source "\t" $0
     }' | sort -u
 }
 
-declare -A hash_of content_of
+declare -A hash_of=() content_of=()
 while read -r hash file; do hash_of[$file]=$hash; done \
   < <(made_of | cut -f2 | sort -u | while IFS= read -r file; do [[ ! -f $file ]] || printf '%s\0' "$file"; done |
       xargs -0 --no-run-if-empty sha256sum)
