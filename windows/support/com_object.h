@@ -93,10 +93,9 @@ class DualObject : public ComObject<Dual, Interfaces...> {
     HRESULT result = S_OK;
     const HRESULT described = hresultOf([&] {
       result = call(kind);
-      // Callers that do not tell "Set" from "Let" mean the object all the same.
-      if (result == DISP_E_MEMBERNOTFOUND && kind == DISPATCH_PROPERTYPUT) {
-        result = call(DISPATCH_PROPERTYPUTREF);
-      }
+      // Callers that do not tell "Set" from "Let" mean the one that there is.
+      constexpr WORD either = DISPATCH_PROPERTYPUT | DISPATCH_PROPERTYPUTREF;
+      if (result == DISP_E_MEMBERNOTFOUND && (kind & either)) result = call(kind ^ either);
     });
     return FAILED(described) ? described : result;
   }

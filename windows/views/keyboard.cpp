@@ -13,11 +13,10 @@ struct Targets {
   HHOOK hook = nullptr;
 };
 
-/// Windows belong to the thread that made them, and so does the hook.
-Targets& targets() {
-  thread_local Targets ours;
-  return ours;
-}
+/// Windows belong to the thread that made them, and so does the hook. Null while
+/// there are none. No object: what a thread has to destroy at its end keeps the
+/// library loaded until then.
+thread_local Targets* targets = nullptr;
 
 constexpr LPARAM shiftFlag = 1;
 constexpr LPARAM controlFlag = 2;
@@ -43,17 +42,18 @@ bool isDroppedCombo(HWND window) {
 }
 
 void redirect(MSG& message) {
+  if (!targets) return;
   const bool isKey = message.message == WM_KEYDOWN || message.message == WM_SYSKEYDOWN;
   if (message.message == WM_MOUSEWHEEL && isCombo(message.hwnd) && !isDroppedCombo(message.hwnd) &&
-      targets().byWindow.count(GetAncestor(message.hwnd, GA_ROOT))) {
+      targets->byWindow.count(GetAncestor(message.hwnd, GA_ROOT))) {
     // Scrolling a page must not change a choice that the pointer happens to stand on.
     message.hwnd = GetParent(message.hwnd);
     return;
   }
   if (!isKey && message.message != WM_SYSCHAR) return;
   const HWND root = GetAncestor(message.hwnd, GA_ROOT);
-  const auto at = targets().byWindow.find(root);
-  if (at == targets().byWindow.end()) return;
+  const auto at = targets->byWindow.find(root);
+  if (at == targets->byWindow.end()) return;
   const bool alt = message.message != WM_KEYDOWN && (HIWORD(message.lParam) & KF_ALTDOWN);
   if (isKey && alt) return;  // Alt with a letter comes as WM_SYSCHAR
   if (isDroppedCombo(message.hwnd)) return;
@@ -74,20 +74,19 @@ LRESULT CALLBACK hookProcedure(int code, WPARAM wParam, LPARAM lParam) {
 }  // namespace
 
 KeyboardHook::KeyboardHook(HWND window, KeyTarget& target) : window_(window) {
-  Targets& all = targets();
-  all.byWindow[window] = &target;
-  if (!all.hook) {
-    all.hook = SetWindowsHookExW(WH_GETMESSAGE, hookProcedure, nullptr, GetCurrentThreadId());
+  if (!targets) {
+    HHOOK hook = SetWindowsHookExW(WH_GETMESSAGE, hookProcedure, nullptr, GetCurrentThreadId());
+    targets = new Targets{{}, hook};
   }
+  targets->byWindow[window] = &target;
 }
 
 KeyboardHook::~KeyboardHook() {
-  Targets& all = targets();
-  all.byWindow.erase(window_);
-  if (all.byWindow.empty() && all.hook) {
-    UnhookWindowsHookEx(all.hook);
-    all.hook = nullptr;
-  }
+  targets->byWindow.erase(window_);
+  if (!targets->byWindow.empty()) return;
+  if (targets->hook) UnhookWindowsHookEx(targets->hook);
+  delete targets;
+  targets = nullptr;
 }
 
 void KeyboardHook::act(KeyTarget& target, WPARAM wParam, LPARAM lParam) {

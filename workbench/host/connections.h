@@ -20,7 +20,6 @@ struct CompanyDatabase {
   ConnectionFactory forPlugin;
   /// The ERP's own: what runs on it is not the plug-in's doing.
   ConnectionFactory forHost;
-  bool isReal = false;  ///< not one of the workbench's, but of an ADO that is installed
 };
 
 /// The embedded company; `observer`, which may be null, sees what the plug-in runs.

@@ -58,7 +58,10 @@ void StandInHost::open() {
   fill(*shown);
   shown->ShowForm();
   // The navigator has nothing to tell once a modal window was left.
-  if (shown->WindowModal()) return;
+  if (!shown->WindowModal()) tellNavigator();
+}
+
+void StandInHost::tellNavigator() {
   navigator_->InitializeLayoutObjectModel.raise(global_->CreateLayoutModel());
   navigator_->InitializeScriptObjectModel.raise(global_->CreateScriptModel());
 }

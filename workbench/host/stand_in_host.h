@@ -34,6 +34,8 @@ class StandInHost {
   const Ref<host::Cinterface>& plugin() const { return plugin_; }
 
   void open();
+  /// The navigator asks for what belongs into the host's object models.
+  void tellNavigator();
   /// Whether the window is gone; if so the plug-in is, too.
   bool close();
 

@@ -17,14 +17,6 @@ Ref<host::ClsGlobal> DllPlugin::ClsGlobal() {
   return subjectOf<host::ClsGlobal>(part(L"ClsGlobal"));
 }
 
-void DllPlugin::setActiveFrame(const Ref<host::NamedObject>& value) {
-  object_.put(L"ActiveFrame", unwrap(value));
-}
-
-Ref<host::NamedObject> DllPlugin::ActiveFrame() {
-  return wrapNamedObject(part(L"ActiveFrame").get());
-}
-
 void DllPlugin::setActiveNavigator(const Ref<host::Navigator>& value) {
   object_.put(L"ActiveNavigator", automate(value, events_));
 }
@@ -60,20 +52,8 @@ Ref<ado::Connection> DllPlugin::Connection() {
   return connectionBehind(part(L"Connection"));
 }
 
-Ref<host::NamedObject> DllPlugin::Cwindow() {
-  return wrapNamedObject(part(L"Cwindow").get());
-}
-
-void DllPlugin::setClsVoceMenu(const Ref<Object>& value) {
-  object_.put(L"ClsVoceMenu", unwrap(value));
-}
-
-Ref<Object> DllPlugin::ClsVoceMenu() {
-  return wrapObject(part(L"ClsVoceMenu").get());
-}
-
-Value DllPlugin::TransferData(const Value& data) {
-  return object_.value(L"TransferData", {toVariant(data)});
+Ref<host::Cinterface> newPlugin(const PluginLibrary& library) {
+  return makeRef<DllPlugin>(library.create(), library.navigatorEvents());
 }
 
 }  // namespace kebu::workbench

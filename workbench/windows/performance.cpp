@@ -5,12 +5,11 @@
 #include <thread>
 
 #include "workbench/engine/ado_objects.h"
-#include "workbench/host/local_platform.h"
 #include "workbench/player/player.h"
 #include "workbench/statement_log.h"
 #include "workbench/windows/apartment.h"
 #include "workbench/windows/class_objects.h"
-#include "workbench/windows/plugin_source.h"
+#include "workbench/windows/dll_plugin.h"
 #include "workbench/windows/trace_listener.h"
 #include "workbench/windows/window_hands.h"
 #include "workbench/windows/window_thread.h"
@@ -28,12 +27,11 @@ bool perform(const Scenario& scenario, const Performance& performance) {
   engine::Library objects;
   const ClassObjects classes(objects, company.forPlugin);
   engine::Session session(performance.database);
-  LocalPlatform platform(player, performance.trace);
-  const PluginSource source(platform);
+  const PluginLibrary plugin(PluginLibrary::besideProgram());
   WindowThread thread;
   WindowHands hands(thread, player, performance.pictures);
   const auto journal = [](const std::string& entry) { std::cout << "  " << entry << '\n'; };
-  StandInHost host([&] { return source.create(); },
+  StandInHost host([&] { return newPlugin(plugin); },
                    {player, company, performance.company, performance.translations, journal});
 
   bool held = false;

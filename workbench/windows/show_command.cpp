@@ -3,8 +3,6 @@
 
 #include <objbase.h>
 
-#include <ostream>
-
 #include "common/error.h"
 #include "windows/ado/ado_objects.h"
 #include "windows/support/text.h"
@@ -12,12 +10,11 @@
 #include "workbench/commands.h"
 #include "workbench/company_file.h"
 #include "workbench/engine/ado_objects.h"
-#include "workbench/host/local_platform.h"
 #include "workbench/host/stand_in_host.h"
 #include "workbench/windows/apartment.h"
 #include "workbench/windows/class_objects.h"
+#include "workbench/windows/dll_plugin.h"
 #include "workbench/windows/person.h"
-#include "workbench/windows/plugin_source.h"
 
 namespace kebu::workbench {
 
@@ -63,18 +60,13 @@ CompanyDatabase remoteCompany(const std::string& connectionString) {
   } catch (const RuntimeError& error) {
     throw CommandError("the database cannot be reached: " + error.description());
   }
-  return {connectionString, connect, connect, true};
+  return {connectionString, connect, connect};
 }
 
 void showWindow(const CompanyDatabase& database, std::int32_t company) {
   Person person;
-  std::ostream noTrace(nullptr);
-  LocalPlatform platform(person, noTrace);
-  const PluginSource source(platform);
-  if (!source.isDll() && database.isReal) {
-    throw CommandError("a connection through ADO needs the plug-in's DLL beside the program");
-  }
-  StandInHost host([&] { return source.create(); },
+  const PluginLibrary plugin(PluginLibrary::besideProgram());
+  StandInHost host([&] { return newPlugin(plugin); },
                    {person, database, company, {}, [](const std::string&) {}});
   host.open();
   pumpWindows();

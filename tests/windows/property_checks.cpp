@@ -1,0 +1,213 @@
+#include "tests/windows/property_checks.h"
+
+#include <oleauto.h>
+
+#include <string>
+#include <vector>
+
+#include "tests/windows/checks.h"
+#include "tests/windows/listener.h"
+#include "tests/windows/same_variant.h"
+#include "windows/host/navigator_events.h"
+#include "windows/support/dispatch.h"
+#include "windows/support/text.h"
+#include "workbench/windows/host_automation.h"
+
+namespace kebu::tests {
+
+namespace {
+
+using windows::ComPtr;
+using windows::Dispatch;
+using windows::Variant;
+
+/// An argument of the vtable, whatever kind the member takes.
+struct Given {
+  const VARIANT& value;
+  operator VARIANT_BOOL() const { return value.boolVal; }
+  operator LONG() const { return value.lVal; }
+  operator IDispatch*() const { return value.pdispVal; }
+  operator VARIANT() const { return value; }
+};
+
+/// Where a member of the vtable puts its answer.
+struct Received {
+  VARIANT& value;
+  operator VARIANT_BOOL*() const { return as(VT_BOOL, &value.boolVal); }
+  operator LONG*() const { return as(VT_I4, &value.lVal); }
+  operator IDispatch**() const { return as(VT_DISPATCH, &value.pdispVal); }
+  operator VARIANT*() const { return &value; }
+
+ private:
+  template <class T>
+  T* as(VARTYPE type, T* target) const {
+    value.vt = type;
+    return target;
+  }
+};
+
+struct Property {
+  const wchar_t* name;
+  HRESULT (*put)(::Cinterface& plugin, const VARIANT& value);
+  HRESULT (*get)(::Cinterface& plugin, VARIANT& value);
+  std::vector<Variant> values;  ///< each comes back as it was
+  Variant first;                ///< what a new instance has
+  bool isKnownLater = false;    ///< a new instance has another object
+};
+
+template <auto Put>
+HRESULT put(::Cinterface& plugin, const VARIANT& value) {
+  return (plugin.*Put)(Given{value});
+}
+template <auto Get>
+HRESULT get(::Cinterface& plugin, VARIANT& value) {
+  return (plugin.*Get)(Received{value});
+}
+#define MEMBER(prefix, name) \
+  L## #name, put<&::Cinterface::prefix##name>, get<&::Cinterface::get_##name>
+
+Variant date(double day) {
+  Variant result;
+  result.raw().vt = VT_DATE;
+  result.raw().date = day;
+  return result;
+}
+
+Variant number(double value) {
+  Variant result;
+  result.raw().vt = VT_R8;
+  result.raw().dblVal = value;
+  return result;
+}
+
+Variant bytes() {
+  Variant result;
+  result.raw().vt = VT_ARRAY | VT_UI1;
+  result.raw().parray = SafeArrayCreateVector(VT_UI1, 0, 3);
+  for (LONG i = 0; i < 3; ++i)
+    SafeArrayPutElement(result.get().parray, &i, const_cast<char*>(&"abc"[i]));
+  return result;
+}
+
+/// In the order of the contract.
+std::vector<Property> properties() {
+  const Variant object(ComPtr<IDispatch>::adopt(new Listener));
+  const Variant nothing(ComPtr<IDispatch>(nullptr));
+  const std::vector<Variant> objects = {object, nothing};
+  const auto navigator =
+      workbench::automate(makeRef<host::Navigator>(), windows::navigatorEventsId);
+  const std::vector<Variant> navigators = {Variant(ComPtr<IDispatch>(navigator.get())), nothing};
+  const std::vector<Variant> flags = {true, false};
+  const std::vector<Variant> narrow = {std::int32_t{2}, std::int32_t{-32768}};
+  const std::vector<Variant> handle = {std::int32_t{0x12345678}, std::int32_t{-2}};
+  const std::vector<Variant> places = {std::int32_t{240}, std::int32_t{-70000}};
+  const std::vector<Variant> anything = {"perché",         std::int16_t{7}, Variant::null(), object,
+                                         date(45356.5625), number(0.1),     bytes(),         {}};
+  const std::vector<Variant> texts = {"Parametri à", "", std::int16_t{7}, {}};
+  const Variant zero = std::int32_t{0};
+  return {
+      {MEMBER(putref_, ClsGlobal), objects, nothing},
+      {MEMBER(putref_, ActiveFrame), objects, nothing},
+      {MEMBER(putref_, ActiveNavigator), navigators, nothing},
+      {MEMBER(putref_, ActiveDll), objects, nothing, true},
+      {MEMBER(putref_, StatusBar), objects, nothing},
+      {MEMBER(put_, CanInsert), flags, false},
+      {MEMBER(put_, CanDelete), flags, false},
+      {MEMBER(put_, CanUpdate), flags, false},
+      {MEMBER(put_, CanQbe), flags, false},
+      {MEMBER(put_, WindowState), narrow, zero},
+      {MEMBER(put_, WindowModal), flags, false},
+      {MEMBER(put_, ProgramMode), narrow, zero},
+      {MEMBER(put_, MenuModulo), anything, {}},
+      {MEMBER(put_, MenuPadre), anything, {}},
+      {MEMBER(put_, MenuProg), anything, {}},
+      {MEMBER(put_, Caption), texts, {}},
+      {MEMBER(put_, hwndParent), handle, zero},
+      {MEMBER(putref_, Connection), objects, nothing},
+      {L"Cwindow", nullptr, get<&::Cinterface::get_Cwindow>, {}, nothing},
+      {MEMBER(put_, Top), places, zero},
+      {MEMBER(put_, Left), places, zero},
+      {MEMBER(putref_, ClsVoceMenu), objects, nothing},
+      {MEMBER(put_, IsActive), flags, false},
+      {MEMBER(put_, IsCalled), flags, false},
+      {MEMBER(put_, Filtro), {}, {}},
+  };
+}
+#undef MEMBER
+
+/// The two ways to a property.
+struct Way {
+  const char* name;
+  bool byName;
+};
+constexpr Way ways[] = {{"by name", true}, {"through the vtable", false}};
+
+bool write(::Cinterface& plugin, const Property& property, const Way& way, const Variant& value) {
+  if (!way.byName) return property.put(plugin, value.get()) == S_OK;
+  Dispatch(ComPtr<IDispatch>(&plugin)).put(property.name, value);
+  return true;
+}
+
+Variant read(::Cinterface& plugin, const Property& property, const Way& way) {
+  if (way.byName) return Dispatch(ComPtr<IDispatch>(&plugin)).call(property.name);
+  Variant value;
+  windows::check(property.get(plugin, *value.put()));
+  return value;
+}
+
+}  // namespace
+
+void checkProperties(::Cinterface& plugin) {
+  for (const Property& property : properties()) {
+    const std::string name = windows::toUtf8(property.name);
+    for (const Way& way : ways) {
+      bool holds = property.isKnownLater || isSame(read(plugin, property, way), property.first);
+      expectThat(holds, name + " of a new instance " + way.name);
+    }
+    if (property.values.empty()) continue;
+    for (const Way& writing : ways) {
+      bool holds = true;
+      for (const Variant& value : property.values) {
+        holds = write(plugin, property, writing, value) && holds;
+        for (const Way& reading : ways) {
+          holds = isSame(read(plugin, property, reading), value) && holds;
+        }
+      }
+      // As it was, for the way to come.
+      if (!property.isKnownLater) write(plugin, property, writing, property.first);
+      expectThat(holds, name + " set " + writing.name + " reads back both ways");
+    }
+  }
+}
+
+void checkOrder(::Cinterface& plugin) {
+  std::vector<std::wstring> expected;
+  for (const Property& property : properties()) expected.emplace_back(property.name);
+  for (const wchar_t* method : {L"ShowForm", L"CloseForm", L"TransferData"}) {
+    expected.emplace_back(method);
+  }
+
+  ComPtr<ITypeInfo> info;
+  windows::check(plugin.GetTypeInfo(0, 0, info.put()));
+  ComPtr<ITypeInfo> vtable;
+  HREFTYPE reference = 0;
+  // A dual interface is described twice; the other one is that of its vtable.
+  windows::check(info->GetRefTypeOfImplType(static_cast<UINT>(-1), &reference));
+  windows::check(info->GetRefTypeInfo(reference, vtable.put()));
+  constexpr SHORT inheritedSlots = 7;
+  std::vector<std::wstring> found;
+  bool slotsFollow = true;
+  FUNCDESC* function = nullptr;
+  for (UINT i = 0; SUCCEEDED(vtable->GetFuncDesc(i, &function)); ++i) {
+    slotsFollow =
+        slotsFollow && function->oVft == static_cast<SHORT>((inheritedSlots + i) * sizeof(void*));
+    windows::Bstr name;
+    vtable->GetDocumentation(function->memid, name.put(), nullptr, nullptr, nullptr);
+    vtable->ReleaseFuncDesc(function);
+    if (found.empty() || found.back() != name.get()) found.emplace_back(name.get());
+  }
+  expectThat(found == expected, "the type library names the members in the contract's order");
+  expectThat(slotsFollow, "the members follow each other in the vtable");
+}
+
+}  // namespace kebu::tests

@@ -1,0 +1,70 @@
+#include "windows/com/event_source.h"
+
+#include "windows/com/enumerator.h"
+
+namespace kebu::windows {
+
+void EventSource::raise(DISPID event, const Variant& argument) const {
+  const auto listeners = listeners_;  // one may leave while it is told
+  for (const auto& [cookie, listener] : listeners) {
+    VARIANT lent = argument.get();
+    DISPPARAMS parameters = {&lent, nullptr, 1, 0};
+    Variant answer;
+    listener->Invoke(event, IID_NULL, LOCALE_USER_DEFAULT, DISPATCH_METHOD, &parameters,
+                     answer.put(), nullptr, nullptr);
+  }
+}
+
+STDMETHODIMP EventSource::QueryInterface(REFIID wanted, void** object) {
+  if (!object) return E_POINTER;
+  *object = nullptr;
+  if (wanted != IID_IUnknown && wanted != IID_IConnectionPoint) return E_NOINTERFACE;
+  *object = static_cast<IConnectionPoint*>(this);
+  AddRef();
+  return S_OK;
+}
+
+STDMETHODIMP EventSource::GetConnectionInterface(IID* events) {
+  if (!events) return E_POINTER;
+  *events = events_;
+  return S_OK;
+}
+
+STDMETHODIMP EventSource::GetConnectionPointContainer(IConnectionPointContainer** container) {
+  return copyTo(&owner_, container);
+}
+
+STDMETHODIMP EventSource::Advise(IUnknown* listener, DWORD* cookie) {
+  if (!listener || !cookie) return E_POINTER;
+  *cookie = 0;
+  ComPtr<IDispatch> events;
+  // A listener may know the events by their own interface or by IDispatch alone.
+  if (FAILED(listener->QueryInterface(events_, events.putVoid())) &&
+      FAILED(listener->QueryInterface(IID_IDispatch, events.putVoid()))) {
+    return CONNECT_E_CANNOTCONNECT;
+  }
+  return hresultOf([&] {
+    listeners_.emplace(lastCookie_ + 1, std::move(events));
+    *cookie = ++lastCookie_;
+  });
+}
+
+STDMETHODIMP EventSource::Unadvise(DWORD cookie) {
+  // Let go last: a listener's end may come back here.
+  const auto left = listeners_.extract(cookie);
+  return left ? S_OK : CONNECT_E_NOCONNECTION;
+}
+
+STDMETHODIMP EventSource::EnumConnections(IEnumConnections** connections) {
+  if (!connections) return E_POINTER;
+  *connections = nullptr;
+  return hresultOf([&] {
+    std::vector<Connection> all;
+    for (const auto& [cookie, listener] : listeners_) {
+      all.push_back({ComPtr<IUnknown>(listener.get()), cookie});
+    }
+    *connections = new Connections(std::move(all));
+  });
+}
+
+}  // namespace kebu::windows

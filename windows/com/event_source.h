@@ -1,0 +1,43 @@
+#pragma once
+
+#include <windows.h>
+// After windows.h, which they build on.
+#include <ocidl.h>
+#include <olectl.h>
+
+#include <map>
+
+#include "windows/support/com_ptr.h"
+#include "windows/support/variant.h"
+
+namespace kebu::windows {
+
+/// The place where a host asks for the events of an object. It is a part of the
+/// object and lives as long.
+class EventSource final : public IConnectionPoint {
+ public:
+  EventSource(REFIID events, IConnectionPointContainer& owner) : events_(events), owner_(owner) {}
+  EventSource(const EventSource&) = delete;
+  EventSource& operator=(const EventSource&) = delete;
+
+  /// Tells everybody; what a listener answers is nobody's business.
+  void raise(DISPID event, const Variant& argument) const;
+
+  STDMETHODIMP QueryInterface(REFIID wanted, void** object) override;
+  STDMETHODIMP_(ULONG) AddRef() override { return owner_.AddRef(); }
+  STDMETHODIMP_(ULONG) Release() override { return owner_.Release(); }
+
+  STDMETHODIMP GetConnectionInterface(IID* events) override;
+  STDMETHODIMP GetConnectionPointContainer(IConnectionPointContainer** container) override;
+  STDMETHODIMP Advise(IUnknown* listener, DWORD* cookie) override;
+  STDMETHODIMP Unadvise(DWORD cookie) override;
+  STDMETHODIMP EnumConnections(IEnumConnections** connections) override;
+
+ private:
+  IID events_;
+  IConnectionPointContainer& owner_;
+  std::map<DWORD, ComPtr<IDispatch>> listeners_;
+  DWORD lastCookie_ = 0;
+};
+
+}  // namespace kebu::windows

@@ -1,0 +1,38 @@
+// The four doors of the library, as COM knows every in-process server.
+#include <windows.h>
+// After windows.h, which they build on.
+#include <olectl.h>
+
+#include "kebu_anagkelmoria.h"
+#include "windows/com/class_factory.h"
+#include "windows/com/plugin_runtime.h"
+#include "windows/com/registration.h"
+#include "windows/support/module.h"
+
+using namespace kebu::windows;
+
+STDAPI DllGetClassObject(REFCLSID wantedClass, REFIID wanted, void** object) {
+  if (!object) return E_POINTER;
+  *object = nullptr;
+  if (wantedClass != __uuidof(CLSKB_ANAGKELMORIA)) return CLASS_E_CLASSNOTAVAILABLE;
+  HRESULT result = S_OK;
+  const HRESULT made = hresultOf([&] {
+    const auto factory = ComPtr<ClassFactory>::adopt(new ClassFactory);
+    result = factory->QueryInterface(wanted, object);
+  });
+  return FAILED(made) ? made : result;
+}
+
+STDAPI DllCanUnloadNow() {
+  if (ModuleLock::anyHeld()) return S_FALSE;
+  PluginRuntime::end();
+  return S_OK;
+}
+
+STDAPI DllRegisterServer() {
+  return hresultOf(registerServer);
+}
+
+STDAPI DllUnregisterServer() {
+  return hresultOf(unregisterServer);
+}

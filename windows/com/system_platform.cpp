@@ -1,0 +1,73 @@
+#include "windows/com/system_platform.h"
+
+// After windows.h, which it builds on.
+#include <objbase.h>
+
+#include <algorithm>
+#include <cwchar>
+#include <iterator>
+
+#include "windows/support/text.h"
+
+namespace kebu::windows {
+
+namespace {
+
+/// A separator; some locales group digits by a blank that is no ASCII character.
+char separator(LCID locale, LCTYPE kind, char usual) {
+  wchar_t text[8] = {};
+  if (GetLocaleInfoW(locale, kind, text, static_cast<int>(std::size(text))) == 0) return usual;
+  if (text[0] == 0) return usual;
+  return text[0] < 0x80 ? static_cast<char>(text[0]) : ' ';
+}
+
+/// The order of a date's parts is that in which its pattern names them.
+bool isDayFirst(LCID locale) {
+  wchar_t pattern[80] = {};
+  if (GetLocaleInfoW(locale, LOCALE_SSHORTDATE, pattern, static_cast<int>(std::size(pattern))) == 0)
+    return Locale().dayFirst;
+  const wchar_t* const day = std::wcschr(pattern, L'd');
+  const wchar_t* const month = std::wcschr(pattern, L'M');
+  return day && month ? day < month : Locale().dayFirst;
+}
+
+}  // namespace
+
+std::optional<Guid> SystemPlatform::createGuid() {
+  GUID made{};
+  if (FAILED(CoCreateGuid(&made))) return std::nullopt;
+  Guid guid;
+  guid.data1 = made.Data1;
+  guid.data2 = made.Data2;
+  guid.data3 = made.Data3;
+  std::copy(std::begin(made.Data4), std::end(made.Data4), std::begin(guid.data4));
+  return guid;
+}
+
+void SystemPlatform::outputDebugString(const std::string& text) {
+  OutputDebugStringA(toAnsi(text).c_str());
+}
+
+std::int32_t SystemPlatform::messageBox(const std::string& prompt, std::int32_t buttons,
+                                        const std::string& title) {
+  // msgbox:: counts styles and answers as Windows does.
+  return MessageBoxW(GetActiveWindow(), toWide(prompt).c_str(), toWide(title).c_str(),
+                     static_cast<UINT>(buttons));
+}
+
+Date SystemPlatform::now() {
+  SYSTEMTIME time{};
+  GetLocalTime(&time);
+  return Date::make(time.wYear, time.wMonth, time.wDay, time.wHour, time.wMinute, time.wSecond,
+                    time.wMilliseconds)
+      .value_or(Date{});
+}
+
+Locale localeOf(LCID locale) {
+  const Locale usual;
+  return {separator(locale, LOCALE_SDECIMAL, usual.decimalSeparator),
+          separator(locale, LOCALE_STHOUSAND, usual.groupSeparator),
+          separator(locale, LOCALE_SDATE, usual.dateSeparator), isDayFirst(locale)};
+}
+
+}  // namespace kebu::windows

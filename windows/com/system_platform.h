@@ -1,0 +1,23 @@
+#pragma once
+
+#include <windows.h>
+
+#include "common/locale.h"
+#include "common/platform.h"
+
+namespace kebu::windows {
+
+/// Windows as the operating system.
+class SystemPlatform final : public Platform {
+ public:
+  std::optional<Guid> createGuid() override;
+  void outputDebugString(const std::string& text) override;
+  std::int32_t messageBox(const std::string& prompt, std::int32_t buttons,
+                          const std::string& title) override;
+  Date now() override;
+};
+
+/// How Windows writes numbers and dates under the locale given.
+Locale localeOf(LCID locale);
+
+}  // namespace kebu::windows
