@@ -1,6 +1,6 @@
 // The DLL's start, each step beside its floor: the same work without the plug-in.
 //
-//   window_bench PATH\KEBU_ANAGKELMORIA.dll
+//   kebu_window_bench PATH\KEBU_ANAGKELMORIA.dll
 #include <windows.h>
 // After windows.h, which it builds on.
 #include <objbase.h>
@@ -147,7 +147,7 @@ void run(const std::string& path) {
 int main(int argc, char** argv) {
   const auto words = kebu::workbench::programWords(argc, argv);
   if (words.size() != 1) {
-    std::cout << "use: window_bench DLL\n";
+    std::cout << "use: kebu_window_bench DLL\n";
     return 1;
   }
   try {

@@ -63,7 +63,7 @@ class AdoRecordset : public ado::Recordset {
   struct Edit {
     bool isNew = false;
     Values values;
-    std::set<std::size_t> changed;
+    FieldList changed;
   };
 
   RowSet& rows() const;

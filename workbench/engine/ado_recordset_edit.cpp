@@ -21,7 +21,7 @@ void AdoRecordset::setValue(std::string_view field, const Value& value) {
   Value converted = forField(value, rows().types[index]);
   if (!edit_) edit_ = Edit{false, current().values, {}};
   edit_->values[index] = std::move(converted);
-  edit_->changed.insert(index);
+  edit_->changed.add(index);
 }
 
 void AdoRecordset::AddNew() {
@@ -39,9 +39,13 @@ void AdoRecordset::Update() {
   static_cast<void>(rows());
   if (!edit_) return;
   // The row is written to a copy first: a failing statement leaves the edit as it is.
-  Row row = edit_->isNew ? Row{} : current();
+  Row row;
+  if (!edit_->isNew) {
+    const Row& now = current();
+    row = {{}, now.original, now.id, now.pending, now.changed, now.gone};
+  }
   row.values = edit_->values;
-  row.changed.insert(edit_->changed.begin(), edit_->changed.end());
+  row.changed.add(edit_->changed);
   if (edit_->isNew) {
     row.pending = Row::Pending::Insert;
   } else if (row.pending == Row::Pending::Nothing && !edit_->changed.empty()) {

@@ -47,7 +47,13 @@ struct BoundQuery {
   TablePtr base;       ///< the one table whose rows these are, with kb_row
 };
 
-using Variables = std::map<std::string, SqlType>;
+/// A variable of a batch or procedure.
+struct Variable {
+  SqlType type;
+  Value value;  ///< empty for a parameter that was given none
+};
+
+using Variables = std::map<std::string, Variable>;
 
 /// Binds expressions and queries to the catalogue: names become columns, every
 /// expression gets its type, and the text for SQLite is made. Errors are

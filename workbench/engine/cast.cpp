@@ -45,7 +45,15 @@ std::optional<Decimal> decimalOf(const Value& value) {
   return std::nullopt;
 }
 
+Value wholeNumber(std::int64_t number, const SqlType& to) {
+  if (to.kind == TypeKind::Bit) return number != 0;
+  if (number < leastOf(to.kind) || number > greatestOf(to.kind)) throw overflow(to);
+  return valueOf(Cell::of(number), to);
+}
+
 Value toInteger(const Value& value, const SqlType& to) {
+  if (value.holds<std::int16_t>()) return wholeNumber(value.as<std::int16_t>(), to);
+  if (value.holds<std::int32_t>()) return wholeNumber(value.as<std::int32_t>(), to);
   if (value.isText() && to.kind == TypeKind::Bit) {
     if (equalsIgnoringCase(value.as<std::string>(), "true")) return true;
     if (equalsIgnoringCase(value.as<std::string>(), "false")) return false;
@@ -58,8 +66,8 @@ Value toInteger(const Value& value, const SqlType& to) {
   if (!number) throw notConvertible(to);
   if (to.kind == TypeKind::Bit) return !number->isZero();
   const auto whole = number->truncated(0).unscaledAt(0);
-  if (!whole || *whole < leastOf(to.kind) || *whole > greatestOf(to.kind)) throw overflow(to);
-  return valueOf(Cell::of(*whole), to);
+  if (!whole) throw overflow(to);
+  return wholeNumber(*whole, to);
 }
 
 Value toDecimal(const Value& value, const SqlType& to) {

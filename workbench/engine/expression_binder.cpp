@@ -154,7 +154,7 @@ Bound Binder::variable(const std::string& name, std::string_view at) {
       return slot({-1, name, SqlType::integer()});
     if (name == "@@IDENTITY") return slot({-1, name, SqlType::decimal(38, 0)});
     const auto found = variables_.find(name);
-    if (found != variables_.end()) return slot({-1, name, found->second});
+    if (found != variables_.end()) return slot({-1, name, found->second.type});
   }
   throw SqlError(137, "Must declare the scalar variable \"" + std::string(at) + "\".");
 }

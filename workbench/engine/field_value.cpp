@@ -7,17 +7,20 @@
 namespace kebu::engine {
 namespace {
 
+bool isWholeNumber(const Value& value) {
+  return value.holds<std::int16_t>() || value.holds<std::int32_t>();
+}
+
 Value number(const Value& value, const SqlType& type) {
   try {
-    return castTo(toDecimal(value), type);
+    return castTo(value, type);
   } catch (const SqlError&) {  // it has more digits than the field
     throw RuntimeError::overflow();
   }
 }
 
 Value integer(const Value& value, const SqlType& type) {
-  const Decimal whole = toDecimal(value).rounded(0);
-  return number(whole, type);
+  return number(isWholeNumber(value) ? value : toDecimal(value).rounded(0), type);
 }
 
 Value text(const Value& value, const SqlType& type) {
@@ -34,7 +37,7 @@ Value forField(const Value& value, const SqlType& type) {
   if (value.isNull()) return value;
   if (type.kind == TypeKind::Bit) return toBoolean(value);
   if (type.isInteger() && type.kind != TypeKind::BigInt) return integer(value, type);
-  if (type.isNumber()) return number(value, type);
+  if (type.isNumber()) return number(toDecimal(value), type);
   if (type.isText() || type.kind == TypeKind::Guid) return text(value, type);
   if (type.isDate()) return toDate(value);
   return value;

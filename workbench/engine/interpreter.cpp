@@ -33,12 +33,18 @@ SqlError undeclared(const std::string& name) {
 
 }  // namespace
 
+Variable& Interpreter::variable(const std::string& name) {
+  const auto found = frame_.variables.find(name);
+  if (found == frame_.variables.end()) throw undeclared(name);
+  return found->second;
+}
+
 Database& Interpreter::database() const {
   return session_.database();
 }
 
 Compiler Interpreter::compiler() {
-  return {database(), session_.id(), frame_.types};
+  return {database(), session_.id(), frame_.variables};
 }
 
 template <class Make>
@@ -61,11 +67,11 @@ void Interpreter::run(const std::vector<ast::StatementPtr>& statements) {
 void Interpreter::declareIn(const ast::Statement& node) {
   std::visit(Overloaded{[&](const ast::Declare& declare) {
                           for (const auto& variable : declare.variables) {
-                            if (!frame_.types.emplace(variable.name, variable.type).second) {
+                            const Variable declared{variable.type, Null{}};
+                            if (!frame_.variables.emplace(variable.name, declared).second) {
                               throw SqlError(134, "The variable name '" + variable.name +
                                                       "' has already been declared.");
                             }
-                            frame_.values[variable.name] = Null{};
                           }
                         },
                         [&](const ast::Block& block) {
@@ -253,10 +259,9 @@ void Interpreter::assign(const ast::Query& node, const ast::Select& select) {
   for (; statement.step(); ++rows) {
     for (std::size_t i = 0; i < select.items.size(); ++i) {
       const std::string& name = select.items[i].variable;
-      const auto type = frame_.types.find(name);
-      if (type == frame_.types.end()) throw undeclared(name);
-      frame_.values[name] = castTo(
-          valueOf(statement.cell(static_cast<int>(i)), ready->columns[i].type), type->second);
+      Variable& target = variable(name);
+      const Cell cell = statement.cell(static_cast<int>(i));
+      target.value = castTo(valueOf(cell, ready->columns[i].type), target.type);
     }
   }
   session_.rowCount_ = rows;
@@ -279,9 +284,8 @@ bool Interpreter::condition(const ast::Expr& expr) {
 }
 
 void Interpreter::setVariable(const std::string& name, const ast::Expr& expr) {
-  const auto type = frame_.types.find(name);
-  if (type == frame_.types.end()) throw undeclared(name);
-  frame_.values[name] = value(expr, &type->second);
+  Variable& target = variable(name);
+  target.value = value(expr, &target.type);
 }
 
 void Interpreter::exec(const ast::Exec& node) {
@@ -296,29 +300,30 @@ void Interpreter::exec(const ast::Exec& node) {
   }
   Frame frame;
   for (const auto& parameter : parameters)
-    frame.types.emplace(toUpperAscii(parameter.name), parameter.type);
+    frame.variables.emplace(toUpperAscii(parameter.name), Variable{parameter.type, {}});
   for (std::size_t i = 0; i < node.args.size(); ++i) {
     const auto& argument = node.args[i];
     const std::string name =
         argument.name.empty() ? toUpperAscii(parameters[i].name) : argument.name;
-    const auto type = frame.types.find(name);
-    if (type == frame.types.end()) {
+    const auto found = frame.variables.find(name);
+    if (found == frame.variables.end()) {
       throw SqlError(8145,
                      name + " is not a parameter for procedure " + node.procedure.last() + ".");
     }
-    if (argument.value) frame.values[name] = value(*argument.value, &type->second);
+    Variable& target = found->second;
+    if (argument.value) target.value = value(*argument.value, &target.type);
   }
   Program& program = session_.programOf(module);
   Interpreter callee(session_, program, frame, results_);
   for (const auto& parameter : parameters) {
-    const std::string name = toUpperAscii(parameter.name);
-    if (frame.values.contains(name)) continue;
+    Variable& target = frame.variables.at(toUpperAscii(parameter.name));
+    if (!target.value.isEmpty()) continue;
     if (!parameter.defaultValue) {
       throw SqlError(201, "Procedure or function '" + node.procedure.last() +
                               "' expects parameter '" + parameter.name +
                               "', which was not supplied.");
     }
-    frame.values[name] = callee.value(*parameter.defaultValue, &parameter.type);
+    target.value = callee.value(*parameter.defaultValue, &parameter.type);
   }
   constexpr int deepest = 32;
   if (++session_.depth_ > deepest) {

@@ -17,6 +17,7 @@ struct ResultSet;
 struct Program {
   Batch batch;
   ModulePtr module;
+  std::vector<ast::Literal> literals;  ///< where the text is always the same
   std::unordered_map<const void*, std::shared_ptr<Compiled>> compiled;
 };
 
@@ -47,6 +48,7 @@ class Interpreter {
   Value value(const ast::Expr& expr, const SqlType* type);
   bool condition(const ast::Expr& expr);
   void setVariable(const std::string& name, const ast::Expr& expr);
+  Variable& variable(const std::string& name);
   Database& database() const;
   Compiler compiler();
 

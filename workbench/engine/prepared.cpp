@@ -28,7 +28,7 @@ void PreparedStatement::start(const Frame& frame) {
       bind(statement_.get(), place,
            storedAs(database_.current()->globalVariable(slot.variable), slot.type));
     } else {
-      bind(statement_.get(), place, storedAs(frame.values.at(slot.variable), slot.type));
+      bind(statement_.get(), place, storedAs(frame.variables.at(slot.variable).value, slot.type));
     }
   }
 }

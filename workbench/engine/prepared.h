@@ -14,8 +14,7 @@ namespace kebu::engine {
 
 /// The variables of a batch or procedure while it runs, and the batch's literals.
 struct Frame {
-  Variables types;
-  std::map<std::string, Value> values;
+  Variables variables;
   const std::vector<ast::Literal>* literals = nullptr;
 };
 

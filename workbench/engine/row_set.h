@@ -1,8 +1,8 @@
 #pragma once
 
+#include <algorithm>
 #include <cstdint>
 #include <memory>
-#include <set>
 #include <string>
 #include <vector>
 
@@ -14,6 +14,30 @@ namespace kebu::engine {
 
 using Values = std::vector<Value>;
 
+/// Positions of fields, ascending, each once.
+class FieldList {
+ public:
+  auto begin() const { return fields_.begin(); }
+  auto end() const { return fields_.end(); }
+  void add(std::size_t field) {
+    const auto place = std::lower_bound(fields_.begin(), fields_.end(), field);
+    if (place == fields_.end() || *place != field) fields_.insert(place, field);
+  }
+  void add(const FieldList& others) {
+    if (fields_.empty()) {
+      fields_ = others.fields_;
+    } else {
+      for (const std::size_t field : others) add(field);
+    }
+  }
+  void clear() { fields_.clear(); }
+  bool empty() const { return fields_.empty(); }
+  std::size_t size() const { return fields_.size(); }
+
+ private:
+  std::vector<std::size_t> fields_;
+};
+
 /// A row in memory, and what of it waits to be sent.
 struct Row {
   enum class Pending { Nothing, Insert, Update, Delete };
@@ -22,8 +46,8 @@ struct Row {
   Values original;      ///< as the database has it; empty for a row that it does not have yet
   std::int64_t id = 0;  ///< the row's id in its table
   Pending pending = Pending::Nothing;
-  std::set<std::size_t> changed;  ///< fields that differ from `original`
-  bool gone = false;              ///< deleted, or given up before it was sent
+  FieldList changed;  ///< fields that differ from `original`
+  bool gone = false;  ///< deleted, or given up before it was sent
 };
 
 /// The rows of a recordset, which its clones share. Rows that are gone keep their

@@ -1,6 +1,7 @@
 #include "workbench/engine/row_writer.h"
 
 #include <algorithm>
+#include <iterator>
 #include <string_view>
 #include <utility>
 
@@ -12,21 +13,64 @@
 namespace kebu::engine {
 namespace {
 
-std::string bracketed(const std::string& name) {
-  return "[" + (name.find(']') == std::string::npos ? name : replaceAll(name, "]", "]]")) + "]";
-}
-
-std::string variableName(std::size_t field) {
-  return "@P" + std::to_string(field + 1);
-}
+constexpr const char* thisRow = " WHERE $ROWID = @ROW";
 
 Preset rowId(const Row& row) {
   return {"@ROW", SqlType::integer(TypeKind::BigInt), Decimal(row.id)};
 }
 
-constexpr const char* thisRow = " WHERE $ROWID = @ROW";
+void appendName(std::string& text, const std::string& name) {
+  text += '[';
+  text += name.find(']') == std::string::npos ? name : replaceAll(name, "]", "]]");
+  text += ']';
+}
+
+std::size_t positionOf(const std::string& column, const std::vector<std::string>& columns) {
+  const auto found = std::find_if(columns.begin(), columns.end(), [&](const std::string& other) {
+    return equalsIgnoringCase(other, column);
+  });
+  return static_cast<std::size_t>(found - columns.begin());
+}
 
 }  // namespace
+
+/// A statement in both of its forms, written piece by piece.
+class RowWriter::Statement {
+ public:
+  Statement(std::string_view start, const std::string& table, std::size_t valueCount) {
+    constexpr std::size_t plenty = 1024;
+    values.reserve(valueCount);
+    text.reserve(plenty);
+    command.reserve(plenty);
+    add(start);
+    addName(table);
+  }
+  Statement& add(std::string_view piece) {
+    text += piece;
+    command += piece;
+    return *this;
+  }
+  Statement& addName(const std::string& name) {
+    appendName(text, name);
+    appendName(command, name);
+    return *this;
+  }
+  void addValue(const SqlType& type, const Value& value) {
+    const Preset& preset =
+        values.emplace_back(Preset{"@P" + std::to_string(values.size() + 1), type, value});
+    text += sqlText(value);
+    command += preset.name;
+  }
+  void addPlace(const std::string& key, const Row& row) {
+    text += key;
+    command += thisRow;
+    values.push_back(rowId(row));
+  }
+
+  std::string text;     ///< with values, as one reads it
+  std::string command;  ///< with variables, as it is run
+  std::vector<Preset> values;
+};
 
 void RowWriter::send(Row& row) const {
   if (row.pending == Row::Pending::Nothing) return;
@@ -50,80 +94,65 @@ void RowWriter::send(Row& row) const {
 }
 
 RowWriter::Statement RowWriter::insert(const Row& row) const {
-  const std::string into = "INSERT INTO " + bracketed(rows_.table);
-  if (row.changed.empty()) return {into + " DEFAULT VALUES", into + " DEFAULT VALUES", {}};
-  Statement statement;
-  std::string columns;
-  std::string texts;
-  std::string variables;
+  Statement statement("INSERT INTO ", rows_.table, row.changed.size());
+  if (row.changed.empty()) return std::move(statement.add(" DEFAULT VALUES"));
+  const char* before = " (";
   for (const std::size_t field : row.changed) {
-    const std::string comma = columns.empty() ? "" : ", ";
-    columns += comma + bracketed(rows_.columns[field]);
-    texts += comma + sqlText(row.values[field]);
-    variables += comma + variableName(field);
-    statement.values.push_back({variableName(field), rows_.types[field], row.values[field]});
+    statement.add(before).addName(rows_.columns[field]);
+    before = ", ";
   }
-  const std::string head = into + " (" + columns + ") VALUES (";
-  statement.text = head + texts + ")";
-  statement.command = head + variables + ")";
-  return statement;
+  before = ") VALUES (";
+  for (const std::size_t field : row.changed) {
+    statement.add(before).addValue(rows_.types[field], row.values[field]);
+    before = ", ";
+  }
+  return std::move(statement.add(")"));
 }
 
 RowWriter::Statement RowWriter::update(const Row& row) const {
-  Statement statement;
-  statement.values.reserve(row.changed.size() + 1);
-  statement.text.reserve(1024);
-  statement.command.reserve(1024);
-  const auto write = [&](std::string_view piece) {
-    statement.text += piece;
-    statement.command += piece;
-  };
-  write("UPDATE " + bracketed(rows_.table) + " SET ");
+  Statement statement("UPDATE ", rows_.table, row.changed.size() + 1);
+  const char* before = " SET ";
   for (const std::size_t field : row.changed) {
-    const Value& value = row.values[field];
-    const Preset& preset =
-        statement.values.emplace_back(Preset{variableName(field), rows_.types[field], value});
-    write(statement.values.size() == 1 ? "" : ", ");
-    write(bracketed(rows_.columns[field]));
-    write(" = ");
-    statement.text += sqlText(value);
-    statement.command += preset.name;
+    statement.add(before).addName(rows_.columns[field]).add(" = ");
+    statement.addValue(rows_.types[field], row.values[field]);
+    before = ", ";
   }
-  statement.text += readableKey(row);
-  statement.command += thisRow;
-  statement.values.push_back(rowId(row));
+  statement.addPlace(readableKey(row), row);
   return statement;
 }
 
 RowWriter::Statement RowWriter::remove(const Row& row) const {
-  const std::string head = "DELETE FROM " + bracketed(rows_.table);
-  return {head + readableKey(row), head + thisRow, {rowId(row)}};
+  Statement statement("DELETE FROM ", rows_.table, 1);
+  statement.addPlace(readableKey(row), row);
+  return statement;
 }
 
-/// The row as ADO names it: by the primary key, without one by all that was read.
-std::string RowWriter::readableKey(const Row& row) const {
+/// The fields of the primary key, ascending; without one, or when not all of it was read, all
+/// that come from the table.
+FieldList RowWriter::keyFields() const {
   const Session& session = connection_.session();
   const TablePtr table = session.database().catalogue().table({{rows_.table}, {}}, session.id());
-  std::vector<std::string> key;
+  FieldList fields;
   for (const auto& candidate : table ? table->keys : std::vector<ast::KeyDef>()) {
-    if (candidate.primary) key = candidate.columns;
+    if (!candidate.primary) continue;
+    for (const auto& column : candidate.columns) fields.add(positionOf(column, rows_.columns));
   }
-  const auto read = [&](const std::string& column) {
-    return std::any_of(rows_.columns.begin(), rows_.columns.end(),
-                       [&](const std::string& c) { return equalsIgnoringCase(c, column); });
-  };
-  const bool byKey = !key.empty() && std::all_of(key.begin(), key.end(), read);
-  std::string text;
+  if (!fields.empty() && *std::prev(fields.end()) < rows_.columns.size()) return fields;
+  fields.clear();
   for (std::size_t field = 0; field < rows_.columns.size(); ++field) {
-    const std::string& column = rows_.columns[field];
-    const bool named =
-        byKey ? std::any_of(key.begin(), key.end(),
-                            [&](const std::string& k) { return equalsIgnoringCase(k, column); })
-              : !column.empty();
-    if (!named) continue;
+    if (!rows_.columns[field].empty()) fields.add(field);
+  }
+  return fields;
+}
+
+/// The row as ADO names it.
+std::string RowWriter::readableKey(const Row& row) const {
+  std::string text;
+  for (const std::size_t field : keyFields()) {
+    text += text.empty() ? " WHERE " : " AND ";
+    appendName(text, rows_.columns[field]);
     const Value& value = row.original[field];
-    text += (text.empty() ? " WHERE " : " AND ") + bracketed(column) +
-            (value.isNull() ? " IS NULL" : " = " + sqlText(value));
+    text += value.isNull() ? " IS NULL" : " = " + sqlText(value);
   }
   return text;
 }
@@ -141,12 +170,18 @@ void RowWriter::keepAsStored(Row& row) const {
 
 /// What the database made of a new row: identity, defaults, rounding.
 void RowWriter::readBack(Row& row) const {
-  std::string list;
+  std::string select;
   for (const auto& column : rows_.columns) {
-    list += (list.empty() ? "" : ", ") + (column.empty() ? std::string("NULL") : bracketed(column));
+    select += select.empty() ? "SELECT " : ", ";
+    if (column.empty()) {
+      select += "NULL";
+    } else {
+      appendName(select, column);
+    }
   }
-  const auto results = connection_.session().execute(
-      "SELECT " + list + " FROM " + bracketed(rows_.table) + thisRow, {rowId(row)});
+  select += " FROM ";
+  appendName(select, rows_.table);
+  const auto results = connection_.session().execute(select + thisRow, {rowId(row)});
   if (!results.at(0).rows.empty()) {
     const auto& read = results[0].rows[0];
     for (std::size_t field = 0; field < read.size(); ++field) {

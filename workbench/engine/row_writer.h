@@ -15,15 +15,12 @@ class RowWriter {
   void send(Row& row) const;
 
  private:
-  struct Statement {
-    std::string text;     ///< with values, as one reads it
-    std::string command;  ///< with variables, as it is run
-    std::vector<Preset> values;
-  };
+  class Statement;
 
   Statement insert(const Row& row) const;
   Statement update(const Row& row) const;
   Statement remove(const Row& row) const;
+  FieldList keyFields() const;
   std::string readableKey(const Row& row) const;
   void keepAsStored(Row& row) const;
   void readBack(Row& row) const;

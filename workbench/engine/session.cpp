@@ -41,6 +41,47 @@ void forgetSize(SqlType& type) {
   if (type.kind == TypeKind::Decimal && !type.isWide()) type.precision = 18;
 }
 
+std::vector<ast::Literal> literalsOf(const std::vector<Token>& tokens) {
+  std::vector<ast::Literal> literals;
+  const bool loose = onlyInsertsRows(tokens);
+  for (const auto& token : tokens) {
+    if (!isLiteral(token)) continue;
+    literals.push_back(literalOf(token));
+    if (loose) forgetSize(literals.back().type);
+  }
+  return literals;
+}
+
+/// The batch with its literals' types in place of them.
+std::string formOf(const std::vector<Token>& tokens, const std::vector<ast::Literal>& literals,
+                   std::size_t textSize) {
+  std::string form;
+  form.reserve(textSize + 16);
+  std::size_t literal = 0;
+  for (const auto& token : tokens) {
+    if (isLiteral(token)) {
+      form += '?';
+      form += std::to_string(literals[literal++].type.code());
+    } else {
+      form += token.text;
+    }
+    form += ' ';
+  }
+  return form;
+}
+
+std::shared_ptr<Program> parsed(const std::string& batch,
+                                const std::vector<ast::Literal>& literals) {
+  LiteralTypes types;
+  types.reserve(literals.size());
+  for (const auto& literal : literals) types.push_back(literal.type);
+  const auto text = std::make_shared<const std::string>(batch);
+  // The tree refers to the text that is kept, not to the caller's.
+  auto program = std::make_shared<Program>();
+  program->batch = parseBatch(text, tokenize(*text), types);
+  return program;
+}
+
 }  // namespace
 
 Session::Session(std::shared_ptr<Database> database)
@@ -59,24 +100,13 @@ Session::~Session() {
 
 std::vector<ResultSet> Session::execute(const std::string& batch,
                                         const std::vector<Preset>& variables) {
-  const auto tokens = tokenize(batch);
   std::vector<ast::Literal> literals;
-  const bool loose = onlyInsertsRows(tokens);
-  for (const auto& token : tokens) {
-    if (!isLiteral(token)) continue;
-    literals.push_back(literalOf(token));
-    if (loose) forgetSize(literals.back().type);
-  }
-  literals_ = std::move(literals);
-  const auto program = plan(batch, tokens, variables);
-  const auto values = std::exchange(literals_, {});
-
+  const auto program = variables.empty() ? planOf(batch, literals) : planOf(batch, variables);
   Frame frame;
-  frame.literals = &values;
-  for (const auto& variable : variables) {
-    const std::string name = toUpperAscii(variable.name);
-    frame.types[name] = variable.type;
-    frame.values[name] = castTo(variable.value, variable.type);
+  frame.literals = variables.empty() ? &literals : &program->literals;
+  for (const auto& preset : variables) {
+    frame.variables.emplace(toUpperAscii(preset.name),
+                            Variable{preset.type, castTo(preset.value, preset.type)});
   }
   const Activation activation(*database_, *this);
   rowsAffected_ = -1;
@@ -86,41 +116,49 @@ std::vector<ResultSet> Session::execute(const std::string& batch,
   return results;
 }
 
-std::shared_ptr<Program> Session::plan(const std::string& batch, const std::vector<Token>& tokens,
-                                       const std::vector<Preset>& variables) {
+/// The texts differ by their literals as a rule, so that they are planned by their form.
+std::shared_ptr<Program> Session::planOf(const std::string& batch,
+                                         std::vector<ast::Literal>& literals) {
+  const auto tokens = tokenize(batch);
+  literals = literalsOf(tokens);
+  const std::string form = formOf(tokens, literals, batch.size());
+  // A batch whose literals belong to its form is kept by its whole text.
+  const std::string exactForm = form + batch;
+  if (auto known = knownPlan(form)) return known;
+  if (auto known = knownPlan(exactForm)) return known;
+  const auto program = parsed(batch, literals);
+  return keepPlan(program->batch.liftable ? form : exactForm, program);
+}
+
+/// With variables the text is the same again and again.
+std::shared_ptr<Program> Session::planOf(const std::string& batch,
+                                         const std::vector<Preset>& variables) {
   std::string key;
-  key.reserve(batch.size() + 16);
-  for (const auto& variable : variables)
-    key += variable.name + "=" + std::to_string(variable.type.code()) + " ";
-  std::size_t literal = 0;
-  for (const auto& token : tokens) {
-    if (isLiteral(token)) {
-      key += '?';
-      key += std::to_string(literals_[literal++].type.code());
-    } else {
-      key += token.text;
-    }
+  key.reserve(batch.size() + 16 * variables.size());
+  for (const auto& preset : variables) {
+    key += preset.name;
+    key += '=';
+    key += std::to_string(preset.type.code());
     key += ' ';
   }
-  const auto use = [&](const std::string& name) -> std::shared_ptr<Program> {
-    const auto found = planOf_.find(name);
-    if (found == planOf_.end()) return nullptr;
-    plans_.splice(plans_.begin(), plans_, found->second);
-    return plans_.front().second;
-  };
-  // A batch whose literals belong to its form is kept by its whole text.
-  const std::string exactKey = key + batch;
-  if (auto known = use(key)) return known;
-  if (auto known = use(exactKey)) return known;
+  key += batch;
+  if (auto known = knownPlan(key)) return known;
+  auto literals = literalsOf(tokenize(batch));
+  const auto program = parsed(batch, literals);
+  program->literals = std::move(literals);
+  return keepPlan(key, program);
+}
 
-  LiteralTypes types;
-  types.reserve(literals_.size());
-  for (const auto& item : literals_) types.push_back(item.type);
-  const auto text = std::make_shared<const std::string>(batch);
-  // The tree refers to the text that is kept, not to the caller's.
-  auto program = std::make_shared<Program>();
-  program->batch = parseBatch(text, tokenize(*text), types);
-  plans_.emplace_front(program->batch.liftable ? key : exactKey, program);
+std::shared_ptr<Program> Session::knownPlan(const std::string& key) {
+  const auto found = planOf_.find(key);
+  if (found == planOf_.end()) return nullptr;
+  plans_.splice(plans_.begin(), plans_, found->second);
+  return plans_.front().second;
+}
+
+std::shared_ptr<Program> Session::keepPlan(const std::string& key,
+                                           const std::shared_ptr<Program>& program) {
+  plans_.emplace_front(key, program);
   planOf_[plans_.front().first] = plans_.begin();
   if (plans_.size() > plansKept) {
     planOf_.erase(plans_.back().first);
@@ -162,8 +200,7 @@ Cell Session::callFunction(const std::string& name, CellArguments args) {
   for (std::size_t i = 0; i < module->tree.parameters.size(); ++i) {
     const auto& parameter = module->tree.parameters[i];
     const std::string variable = toUpperAscii(parameter.name);
-    frame.types[variable] = parameter.type;
-    frame.values[variable] = valueOf(cellOf(args[i]), parameter.type);
+    frame.variables[variable] = {parameter.type, valueOf(cellOf(args[i]), parameter.type)};
   }
   Interpreter interpreter(*this, programOf(module), frame, nullptr);
   interpreter.run({module->tree.body});

@@ -68,8 +68,11 @@ class Session {
 
  private:
   friend class Interpreter;
-  std::shared_ptr<Program> plan(const std::string& batch, const std::vector<Token>& tokens,
-                                const std::vector<Preset>& variables);
+  std::shared_ptr<Program> planOf(const std::string& batch, std::vector<ast::Literal>& literals);
+  std::shared_ptr<Program> planOf(const std::string& batch, const std::vector<Preset>& variables);
+  std::shared_ptr<Program> knownPlan(const std::string& key);
+  std::shared_ptr<Program> keepPlan(const std::string& key,
+                                    const std::shared_ptr<Program>& program);
   Program& programOf(const ModulePtr& module);
 
   std::shared_ptr<Database> database_;
@@ -79,7 +82,6 @@ class Session {
   std::optional<std::int64_t> lastIdentity_;
   std::string identityInsert_;  ///< the table whose identity may be given
   int depth_ = 0;
-  std::vector<ast::Literal> literals_;
   std::list<std::pair<std::string, std::shared_ptr<Program>>> plans_;  ///< the last used first
   std::unordered_map<std::string_view, decltype(plans_)::iterator> planOf_;
   std::map<ModulePtr, Program> modules_;
