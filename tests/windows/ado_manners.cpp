@@ -29,7 +29,7 @@ struct Recordset {
   std::vector<Result> chain;
   std::vector<std::string> calls;
   std::int32_t editMode = 0;
-  bool hasRecord = true;
+  std::int32_t editModeError = 0;
 
   bool isOpen() const { return !chain.empty() && chain.front() == Result::Rows; }
 };
@@ -86,7 +86,7 @@ constexpr Member<Recordset> recordsetMembers[] = {
     {L"AbsolutePosition", [](Recordset&, const Arguments&) { return Variant(std::int32_t{-3}); }},
     {L"EditMode",
      [](Recordset& r, const Arguments&) {
-       if (!r.hasRecord) throw adoError(3021, "no record");
+       if (r.editModeError != 0) throw adoError(r.editModeError, "no row");
        return Variant(r.editMode);
      }},
     {L"CancelUpdate", cancelUpdate},
@@ -156,8 +156,10 @@ void recordsets() {
   rows->UpdateBatch();
   expectThat(real->calls == std::vector<std::string>{"CancelUpdate", "UpdateBatch 4"},
              "a batch is sent with the rows that a filter hides");
-  real->hasRecord = false;
-  expectThat(rows->editMode() == ado::EditMode::None, "where there is no record none is edited");
+  real->editModeError = 3021;
+  expectThat(rows->editMode() == ado::EditMode::None, "where there is no row none is edited");
+  real->editModeError = -2147217885;
+  expectThat(rows->editMode() == ado::EditMode::Delete, "a deleted row is one");
 }
 
 }  // namespace

@@ -7,6 +7,7 @@
 #include "tests/windows/checks.h"
 #include "tests/windows/host_checks.h"
 #include "tests/windows/unusual_objects.h"
+#include "tests/windows/value_checks.h"
 #include "windows/ado/ado_objects.h"
 #include "workbench/engine/ado_objects.h"
 #include "workbench/windows/apartment.h"
@@ -46,6 +47,7 @@ Story toldThroughCom(const AdoStory& story) {
 }
 
 void run() {
+  checkValues();
   for (const AdoStory& story : adoStories()) {
     expectSameStory(story.name, toldByEngine(story), toldThroughCom(story), story.milestones);
   }

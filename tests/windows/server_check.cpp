@@ -12,12 +12,12 @@
 #include <string>
 #include <vector>
 
-#include "kebu_anagkelmoria.h"
 #include "tests/windows/checks.h"
 #include "tests/windows/listener.h"
 #include "tests/windows/property_checks.h"
 #include "tests/windows/registry.h"
 #include "tests/windows/same_variant.h"
+#include "windows/com/kebu_anagkelmoria.h"
 #include "windows/host/navigator_events.h"
 #include "windows/support/automation.h"
 #include "windows/support/com_error.h"

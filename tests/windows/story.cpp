@@ -18,7 +18,9 @@ struct Describer {
   std::string operator()(std::int32_t value) const { return "int32 " + std::to_string(value); }
   std::string operator()(const Decimal& value) const { return "decimal " + value.toString(); }
   std::string operator()(const Date& value) const { return "date " + value.toIso(); }
-  std::string operator()(const std::string& value) const { return "text \"" + value + "\""; }
+  std::string operator()(const std::string& value) const {
+    return "text \"" + replaceAll(value, {"\0", 1}, "\\0") + "\"";
+  }
   std::string operator()(const std::shared_ptr<Object>& value) const {
     return value ? "object" : "no object";
   }

@@ -15,15 +15,11 @@
 
 #include "common/error.h"
 #include "tests/windows/checks.h"
+#include "tests/windows/dll_host.h"
 #include "tests/windows/resources.h"
 #include "windows/support/text.h"
-#include "workbench/company_file.h"
-#include "workbench/engine/ado_objects.h"
-#include "workbench/host/stand_in_host.h"
 #include "workbench/program_words.h"
 #include "workbench/windows/apartment.h"
-#include "workbench/windows/class_objects.h"
-#include "workbench/windows/dll_plugin.h"
 #include "workbench/windows/gestures.h"
 #include "workbench/windows/plugin_library.h"
 #include "workbench/windows/window_reader.h"
@@ -35,41 +31,6 @@ namespace {
 using windows::Inspected;
 using workbench::WindowReader;
 
-/// Takes the usual button of every box.
-class QuietUser : public workbench::User {
- public:
-  std::int32_t answer(const workbench::ShownMessage& box) override {
-    std::cout << "    box: " << box.text << std::endl;
-    return workbench::defaultButton(box.style);
-  }
-  void chooseFrom(workbench::ShownList&) override {}
-  void workIn(controls::Form&) override {}
-};
-
-BOOL CALLBACK findForm(HWND window, LPARAM context) {
-  if (!IsWindowVisible(window) || !WindowReader(window).find(Inspected::Control, "", {})) {
-    return TRUE;
-  }
-  *reinterpret_cast<HWND*>(context) = window;
-  return FALSE;
-}
-
-/// The plug-in's window; null while none is shown.
-HWND shownForm() {
-  HWND found = nullptr;
-  EnumThreadWindows(GetCurrentThreadId(), findForm, reinterpret_cast<LPARAM>(&found));
-  return found;
-}
-
-/// Lets the windows do what waits for them.
-void pumpWaiting() {
-  MSG message{};
-  while (PeekMessageW(&message, nullptr, 0, 0, PM_REMOVE)) {
-    TranslateMessage(&message);
-    DispatchMessageW(&message);
-  }
-}
-
 /// A click on the link of a page.
 void openPage(HWND form, const std::string& view) {
   const auto link = WindowReader(form).find(Inspected::Item, "SBAR_MAIN", {view, 0, 0});
@@ -77,38 +38,13 @@ void openPage(HWND form, const std::string& view) {
   pumpWaiting();
 }
 
-/// A host with the plug-in that lies beside the workbench.
-class Host {
- public:
-  explicit Host(const workbench::PluginLibrary& library)
-      : stand_([&library] { return workbench::newPlugin(library); },
-               {user_, company_, 1, {}, [this](const std::string& told) {
-                  journal.push_back(told);
-                }}) {}
-
-  workbench::StandInHost* operator->() { return &stand_; }
-  void set(const char* property, const std::string& value) {
-    stand_.set(*workbench::findHostProperty(property), value);
-  }
-
-  std::vector<std::string> journal;
-
- private:
-  QuietUser user_;
-  std::shared_ptr<engine::Database> database_ = workbench::demoCompany();
-  workbench::CompanyDatabase company_ = workbench::embeddedCompany(database_, nullptr);
-  engine::Library objects_;
-  workbench::ClassObjects classes_{objects_, company_.forPlugin};
-  workbench::StandInHost stand_;
-};
-
 bool told(const std::vector<std::string>& journal, const std::string& what) {
   return std::any_of(journal.begin(), journal.end(),
                      [&](const std::string& line) { return line.find(what) != std::string::npos; });
 }
 
 void checkModeless(const workbench::PluginLibrary& library) {
-  Host host(library);
+  DllHost host(library);
   host->open();
   expectThat(shownForm() != nullptr, "a modeless ShowForm returns with the window shown");
   const Ref<host::Cinterface> plugin = host->plugin();
@@ -148,7 +84,7 @@ void CALLBACK onTimer(HWND window, UINT, UINT_PTR timer, DWORD) {
 }
 
 void checkModal(const workbench::PluginLibrary& library) {
-  Host host(library);
+  DllHost host(library);
   host.set("WindowModal", "on");
   bool hasReturned = false;
   bool wasShown = false;
@@ -167,7 +103,7 @@ void checkModal(const workbench::PluginLibrary& library) {
 }
 
 void checkResources(const workbench::PluginLibrary& library) {
-  Host host(library);
+  DllHost host(library);
   const auto once = [&] {
     host->open();
     pumpWaiting();

@@ -15,6 +15,7 @@ namespace kebu::windows {
 namespace {
 
 constexpr std::int32_t noCurrentRecord = 3021;
+constexpr std::int32_t deletedRow = -2147217885;
 
 }  // namespace
 
@@ -219,12 +220,14 @@ void AdoRecordset::CancelBatch() {
   object_.call(L"CancelBatch", {affectAllChapters});
 }
 
+// ADO has no mode for a place without a row.
 ado::EditMode AdoRecordset::editMode() const {
   if (isAhead()) return ado::EditMode::None;
   try {
     return static_cast<ado::EditMode>(object_.number(L"EditMode"));
   } catch (const RuntimeError& error) {
     if (error.number() == noCurrentRecord) return ado::EditMode::None;
+    if (error.number() == deletedRow) return ado::EditMode::Delete;
     throw;
   }
 }

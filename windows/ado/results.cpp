@@ -8,13 +8,15 @@ namespace kebu::windows {
 
 namespace {
 
-/// Absent at the end, and where a provider has only one result.
+/// Absent at the end, and where a provider has only one result: some say so
+/// with an error.
 Dispatch next(const Dispatch& recordset) {
   constexpr std::int32_t notSupported = 3251;
+  constexpr std::int32_t closed = 3704;
   try {
     return recordset.get(L"NextRecordset");
   } catch (const RuntimeError& error) {
-    if (error.number() == notSupported) return {};
+    if (error.number() == notSupported || error.number() == closed) return {};
     throw;
   }
 }

@@ -3,8 +3,8 @@
 // After windows.h, which they build on.
 #include <olectl.h>
 
-#include "kebu_anagkelmoria.h"
 #include "windows/com/class_factory.h"
+#include "windows/com/kebu_anagkelmoria.h"
 #include "windows/com/plugin_runtime.h"
 #include "windows/com/registration.h"
 #include "windows/support/module.h"

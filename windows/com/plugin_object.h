@@ -5,9 +5,9 @@
 #include <ocidl.h>
 #include <olectl.h>
 
-#include "kebu_anagkelmoria.h"
 #include "plugin/clskb_anagkelmoria.h"
 #include "windows/com/event_source.h"
+#include "windows/com/kebu_anagkelmoria.h"
 #include "windows/support/com_object.h"
 #include "windows/support/identity.h"
 #include "windows/support/values.h"

@@ -7,7 +7,7 @@
 #include <string>
 
 #include "common/trap.h"
-#include "kebu_anagkelmoria.h"
+#include "windows/com/kebu_anagkelmoria.h"
 #include "windows/support/com_error.h"
 #include "windows/support/com_ptr.h"
 #include "windows/support/module.h"

@@ -2,6 +2,9 @@
 
 #include <windows.h>
 
+#include <algorithm>
+#include <type_traits>
+
 namespace kebu::windows {
 
 namespace {
@@ -16,10 +19,17 @@ std::string toCodePage(std::wstring_view text, UINT codePage) {
   return result;
 }
 
+/// ASCII is the same in both: most texts need no call into the system.
+template <class Char>
+bool isAscii(std::basic_string_view<Char> text) {
+  return std::all_of(text.begin(), text.end(),
+                     [](Char c) { return static_cast<std::make_unsigned_t<Char>>(c) < 0x80; });
+}
+
 }  // namespace
 
 std::wstring toWide(std::string_view text) {
-  if (text.empty()) return {};
+  if (isAscii(text)) return {text.begin(), text.end()};
   const int size = static_cast<int>(text.size());
   const int length = MultiByteToWideChar(CP_UTF8, 0, text.data(), size, nullptr, 0);
   std::wstring result(static_cast<std::size_t>(length), L'\0');
@@ -28,6 +38,7 @@ std::wstring toWide(std::string_view text) {
 }
 
 std::string toUtf8(std::wstring_view text) {
+  if (isAscii(text)) return {text.begin(), text.end()};
   return toCodePage(text, CP_UTF8);
 }
 

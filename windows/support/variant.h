@@ -36,6 +36,9 @@ class Variant {
   }
   Variant(const std::string& utf8) : Variant(std::string_view(utf8)) {}
   Variant(const char* utf8) : Variant(std::string_view(utf8)) {}
+  /// Any other pointer would pass for a "true".
+  template <class T>
+  Variant(T*) = delete;
   /// "Nothing" when the object is absent.
   Variant(ComPtr<IDispatch> object) : Variant() {
     value_.vt = VT_DISPATCH;

@@ -1,0 +1,51 @@
+#include "tests/windows/dll_host.h"
+
+#include <iostream>
+
+#include "workbench/windows/dll_plugin.h"
+#include "workbench/windows/window_reader.h"
+
+namespace kebu::tests {
+
+namespace {
+
+BOOL CALLBACK findForm(HWND window, LPARAM context) {
+  const workbench::WindowReader reader(window);
+  if (!IsWindowVisible(window) || !reader.find(windows::Inspected::Control, "", {})) return TRUE;
+  *reinterpret_cast<HWND*>(context) = window;
+  return FALSE;
+}
+
+}  // namespace
+
+HWND shownForm() {
+  HWND found = nullptr;
+  EnumThreadWindows(GetCurrentThreadId(), findForm, reinterpret_cast<LPARAM>(&found));
+  return found;
+}
+
+void pumpWaiting() {
+  MSG message{};
+  while (PeekMessageW(&message, nullptr, 0, 0, PM_REMOVE)) {
+    TranslateMessage(&message);
+    DispatchMessageW(&message);
+  }
+}
+
+std::int32_t QuietUser::answer(const workbench::ShownMessage& box) {
+  std::cout << "    box: " << box.text << std::endl;
+  return workbench::defaultButton(box.style);
+}
+
+DllHost::DllHost(const workbench::PluginLibrary& library, engine::StatementObserver* observer)
+    : company_(workbench::embeddedCompany(database_, observer)),
+      classes_(objects_, company_.forPlugin),
+      stand_(
+          [&library] { return workbench::newPlugin(library); },
+          {user_, company_, 1, {}, [this](const std::string& told) { journal.push_back(told); }}) {}
+
+void DllHost::set(const char* property, const std::string& value) {
+  stand_.set(*workbench::findHostProperty(property), value);
+}
+
+}  // namespace kebu::tests
