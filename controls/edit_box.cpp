@@ -49,6 +49,11 @@ void EditBox::setMaxLength(std::size_t length) {
   changed.raise();
 }
 
+void EditBox::setHint(const std::string& hint) {
+  hint_ = hint;
+  changed.raise();
+}
+
 void EditBox::enter(const Value& code) {
   const std::string text = trimRight(toDisplay(code));
   bool cancel = false;

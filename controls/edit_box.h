@@ -30,6 +30,9 @@ class EditBox : public BoundControl {
   /// Characters at the most; 0 without limit.
   std::size_t maxLength() const { return maxLength_; }
   void setMaxLength(std::size_t length);
+  /// Shown in the box while it is empty: what it takes.
+  const std::string& hint() const { return hint_; }
+  void setHint(const std::string& hint);
   /// Lines that a view shows; more than one for a text to be read.
   int lines() const { return lines_; }
   void setLines(int lines) { lines_ = lines; }
@@ -66,6 +69,7 @@ class EditBox : public BoundControl {
   bool required_ = false;
   bool masked_ = false;
   std::size_t maxLength_ = 0;
+  std::string hint_;
   int lines_ = 1;
   Control* description_ = nullptr;
 };

@@ -230,6 +230,7 @@ void QueryEditor::show(Row& row) {
   row.secondDescription.setVisible(values == 2);
   row.first.setMaxLength(op == QueryOperator::OneOf ? 0 : row.field.length);
   row.second.setMaxLength(row.field.length);
+  row.first.setHint(op == QueryOperator::OneOf ? translated("valori separati da ;") : "");
 }
 
 void QueryEditor::operatorChosen(Row& row) {

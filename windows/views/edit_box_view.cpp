@@ -1,5 +1,7 @@
 #include "windows/views/edit_box_view.h"
 
+#include <commctrl.h>
+
 #include <utility>
 
 #include "windows/support/text.h"
@@ -32,6 +34,8 @@ void EditBoxView::refresh() {
   FieldView::refresh();
   SendMessageW(handle(), EM_SETREADONLY, !model_.isEditable(), 0);
   SendMessageW(handle(), EM_LIMITTEXT, model_.maxLength(), 0);
+  const std::wstring hint = toWide(model_.hint());
+  SendMessageW(handle(), EM_SETCUEBANNER, TRUE, reinterpret_cast<LPARAM>(hint.c_str()));
   EnableWindow(lookup_, looksEnabled() && model_.isEditable());
   // What is being typed stays until it is taken or refused.
   if (touched_ && model_.text() == shown_) return;

@@ -6,6 +6,7 @@
 #include "controls/mdi_container.h"
 #include "controls/navigator_bar.h"
 #include "windows/support/text.h"
+#include "windows/views/common_controls.h"
 #include "windows/views/guard.h"
 #include "windows/views/inspection.h"
 #include "windows/views/layout/frame_layout.h"
@@ -22,7 +23,7 @@ namespace {
 
 constexpr UINT layOutMessage = WM_APP + 2;
 constexpr layout::Rect usualSize{0, 0, 1180, 760};  // in 96ths of an inch
-constexpr layout::Rect dialogSize{0, 0, 860, 580};
+constexpr layout::Rect dialogSize{0, 0, 860, 680};
 constexpr layout::Rect leastSize{0, 0, 720, 480};
 
 bool isBar(const controls::Control& control) {
@@ -106,6 +107,7 @@ void FormWindow::rebuildIfGrown() {
   shownPage_ = nullptr;
   covered_.clear();
   lastFocus_ = nullptr;
+  const CommonControls::Scope scope;
   build();
 }
 

@@ -382,9 +382,6 @@ void WindowHands::activateWindow() {
 void WindowHands::takePicture(const std::string& name) {
   if (!pictures_) return;
   const std::filesystem::path folder(*pictures_);
-  // What was changed is drawn when nothing else is to be done, and may not be yet.
-  RedrawWindow(front(), nullptr, nullptr, RDW_UPDATENOW | RDW_ALLCHILDREN);
-  settle();
   savePicture(front(), (folder / (name + ".png")).wstring());
 }
 

@@ -1,0 +1,80 @@
+// What the articles' condition costs: an editor with every field restricted, beside the mere
+// putting together of its finished predicates. And "Conta" beside its statement, which the user
+// waits for.
+
+#include <benchmark/benchmark.h>
+
+#include <stdexcept>
+#include <string>
+#include <vector>
+
+#include "common/trap.h"
+#include "controls/control_host.h"
+#include "controls/query_editor.h"
+#include "forms/filters/filter_editor.h"
+#include "sql/filters.h"
+#include "workbench/company_file.h"
+#include "workbench/engine/session.h"
+
+namespace kebu::forms {
+namespace {
+
+class NoHost : public controls::ControlHost {
+ public:
+  std::int16_t VisualizzaErrore(const std::string&, const RuntimeError& error) override {
+    throw std::logic_error(error.description());
+  }
+  std::int32_t message(const std::string& text, std::int32_t) override {
+    throw std::logic_error(text);
+  }
+};
+
+/// The twelve article fields, each with a condition.
+class RestrictedEditor {
+ public:
+  RestrictedEditor() {
+    using Op = controls::QueryOperator;
+    const controls::QueryCondition texts[] = {
+        {Op::OneOf, {"ELE", "VER", "IDR"}}, {Op::Range, {"A", "Z"}}, {Op::Different, {"x'y"}}};
+    std::size_t next = 0;
+    for (const controls::QueryField& field : articlesSubject().fields) {
+      editor.addField(field);
+      editor.setCondition(field.dataField, field.isNumeric
+                                               ? controls::QueryCondition{Op::Range, {"0", "2"}}
+                                               : texts[next++ % std::size(texts)]);
+    }
+  }
+  std::string condition() {
+    return trap(host, "", [&](Steps& step) { return articlesSubject().condition(step, editor); });
+  }
+
+  NoHost host;
+  controls::QueryEditor editor{"ENHQUERY_ART", host};
+};
+
+void ComposeCondition(benchmark::State& state) {
+  RestrictedEditor restricted;
+  for (auto _ : state) benchmark::DoNotOptimize(restricted.condition());
+}
+
+/// Composing and running, as "Conta" does.
+void CountArticles(benchmark::State& state) {
+  engine::Session session(workbench::demoCompany());
+  RestrictedEditor restricted;
+  for (auto _ : state) {
+    benchmark::DoNotOptimize(session.execute(sql::ContaArticoli("1", restricted.condition())));
+  }
+}
+
+void CountArticles_floor(benchmark::State& state) {
+  engine::Session session(workbench::demoCompany());
+  const std::string statement = sql::ContaArticoli("1", RestrictedEditor().condition());
+  for (auto _ : state) benchmark::DoNotOptimize(session.execute(statement));
+}
+
+BENCHMARK(ComposeCondition)->Unit(benchmark::kMicrosecond);
+BENCHMARK(CountArticles)->Unit(benchmark::kMicrosecond);
+BENCHMARK(CountArticles_floor)->Unit(benchmark::kMicrosecond);
+
+}  // namespace
+}  // namespace kebu::forms
