@@ -1,6 +1,8 @@
 #include "controls/simple_controls.h"
 
 #include "controls/check_box.h"
+#include "controls/combo_box.h"
+#include "controls/navigator_bar.h"
 #include "tests/controls/control_fixture.h"
 
 namespace kebu::controls {
@@ -83,6 +85,42 @@ TEST(ProgressBar, LooksDifferentAtWholePercents) {
   EXPECT_EQ(bar.percent(), 100);
   bar.start();
   EXPECT_EQ(bar.percent(), std::nullopt);
+}
+
+TEST(ComboBox, ShowsAStoredCodeThatIsNotOfferedAsLongAsItStays) {
+  ComboBox combo("COMBO");
+  combo.addRow(std::int16_t{0}, "Seleziona...");
+  combo.addRow(std::int16_t{4}, "Quattro");
+  combo.setText("4");
+  EXPECT_EQ(combo.selected()->caption, "Quattro");
+  combo.setText("15");
+  EXPECT_EQ(combo.text(), "15");
+  EXPECT_EQ(combo.rows().size(), 3U);
+  combo.setText("16");
+  EXPECT_EQ(combo.text(), "16");
+  EXPECT_EQ(combo.rows().size(), 3U);
+  combo.choose("4");
+  EXPECT_EQ(combo.text(), "4");
+  EXPECT_EQ(combo.rows().size(), 2U);
+  EXPECT_THROW(combo.choose("15"), GestureRefused);
+  combo.setText("15");
+  combo.setText("");
+  EXPECT_EQ(combo.text(), "");
+  EXPECT_EQ(combo.rows().size(), 2U);
+}
+
+TEST_F(ControlTest, ABarWithoutAFrameOffersWhatItsPageChanged) {
+  NavigatorBar bar("BAR", host, {"Conferma", "Annulla"});
+  bar.setRights({true, true, true});
+  EXPECT_FALSE(bar.isButtonEnabled("Conferma"));
+  bar.setModified(true);
+  EXPECT_TRUE(bar.isButtonEnabled("Conferma"));
+  EXPECT_TRUE(bar.isButtonEnabled("Annulla"));
+  bar.setRights({true, false, true});
+  EXPECT_FALSE(bar.isButtonEnabled("Conferma"));
+  EXPECT_TRUE(bar.isButtonEnabled("Annulla"));
+  bar.setModified(false);
+  EXPECT_FALSE(bar.isButtonEnabled("Annulla"));
 }
 
 }  // namespace

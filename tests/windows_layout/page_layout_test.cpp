@@ -254,6 +254,41 @@ TEST_F(PageLayoutTest, TheFrameLeavesTheRestToThePage) {
   EXPECT_LT(frame.page.bottom(), frame.bars.at(&form.status).bounds.top);
 }
 
+// Elements of control arrays with the same index share a line, whose columns line up.
+TEST_F(PageLayoutTest, ControlArraysStandInATable) {
+  GroupBox levels{"GRP_LEVELS", "Livelli"};
+  ComboBox combos[] = {ComboBox{"CBO(0)", "Livello 1"}, ComboBox{"CBO(1)", "Livello 2"}};
+  EditBox codes[] = {EditBox{"TXT_COD(0)", "Codice aggiuntivo"},
+                     EditBox{"TXT_COD(1)", "Codice aggiuntivo"}};
+  EditBox texts[] = {EditBox{"TXT_DESC(0)", "Descrizione"}, EditBox{"TXT_DESC(1)", "Descrizione"}};
+  std::vector<Control*> all;
+  for (int i : {0, 1}) {
+    levels.addAll(combos[i], codes[i], texts[i]);
+    codes[i].StartLookup.on([](EditBox&) {});
+    all.insert(all.end(), {&combos[i], &codes[i], &texts[i]});
+  }
+  for (const int width : {500, 900}) {
+    Placements placements = place(levels, width, 300);
+    expectNoOverlap(placements, all);
+    for (int i : {0, 1}) {
+      const Rect& combo = placements[&combos[i]].bounds;
+      EXPECT_EQ(placements[&codes[i]].bounds.top, combo.top);
+      EXPECT_EQ(placements[&texts[i]].bounds.top, combo.top);
+      EXPECT_LE(placements[&codes[i]].lookup.right(), placements[&texts[i]].bounds.left);
+      EXPECT_LE(placements[&texts[i]].bounds.right(), width);
+      EXPECT_EQ(placements[&combos[i]].caption.top, combo.top);
+      EXPECT_LT(placements[&combos[i]].caption.right(), combo.left);
+    }
+    for (const auto* column : {codes, texts}) {
+      EXPECT_EQ(placements[&column[0]].bounds.left, placements[&column[1]].bounds.left);
+      // Only the first line has heads, above the boxes.
+      EXPECT_LE(placements[&column[0]].caption.bottom(), placements[&column[0]].bounds.top);
+      EXPECT_FALSE(placements[&column[0]].caption.isEmpty());
+      EXPECT_TRUE(placements[&column[1]].caption.isEmpty());
+    }
+  }
+}
+
 }  // namespace
 
 }  // namespace kebu::windows::layout
