@@ -22,6 +22,18 @@ Value ForeignClsGlobal::CompanyCode() {
   return object_.value(L"CompanyCode");
 }
 
+std::string ForeignClsGlobal::ApplicationCode() {
+  return object_.text(L"ApplicationCode");
+}
+
+Value ForeignClsGlobal::SessionId() {
+  return object_.value(L"SessionId");
+}
+
+Value ForeignClsGlobal::UserId() {
+  return object_.value(L"UserId");
+}
+
 Ref<host::MessageService> ForeignClsGlobal::Messages() {
   return serviceIfOffered<ForeignMessageService>(L"Messages");
 }

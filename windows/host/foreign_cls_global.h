@@ -18,6 +18,9 @@ class ForeignClsGlobal : public host::ClsGlobal, public Foreign {
 
   std::string ConnectionString() override;
   Value CompanyCode() override;
+  std::string ApplicationCode() override;
+  Value SessionId() override;
+  Value UserId() override;
   Ref<host::MessageService> Messages() override;
   void RefreshStatus(const Ref<host::NamedObject>& activeFrame) override;
 

@@ -18,7 +18,15 @@ Ref<host::NamedObject> registerIn(const Dispatch& model, const std::string& name
 }
 
 host::LookupDefinition definition(const Dispatch& list) {
-  return {list.text(L"Title"), list.text(L"Statement"), list.texts(L"Captions")};
+  return {list.text(L"Title"), list.text(L"Statement"), list.texts(L"Captions"), list.text(L"Key")};
+}
+
+/// A list of keys goes as one argument each.
+std::vector<Variant> withKeys(const std::string& table, const std::string& company,
+                              const std::vector<std::string>& keys) {
+  std::vector<Variant> arguments{table, company};
+  arguments.insert(arguments.end(), keys.begin(), keys.end());
+  return arguments;
 }
 
 }  // namespace
@@ -70,12 +78,31 @@ std::string ForeignSqlDecodeService::Customer(const std::string& company, const 
   return object_.text(L"Customer", {company, code});
 }
 
+std::string ForeignSqlDecodeService::Code(const std::string& table, const std::string& company,
+                                          const std::vector<std::string>& keys) {
+  return object_.text(L"Code", withKeys(table, company, keys));
+}
+
 host::LookupDefinition ForeignLookupService::DocumentTypes(const std::string& company) {
   return definition(object_.get(L"DocumentTypes", {company}));
 }
 
 host::LookupDefinition ForeignLookupService::Customers(const std::string& company) {
   return definition(object_.get(L"Customers", {company}));
+}
+
+host::LookupDefinition ForeignLookupService::CustomerNames(const std::string& company) {
+  return definition(object_.get(L"CustomerNames", {company}));
+}
+
+host::LookupDefinition ForeignLookupService::Suppliers(const std::string& company) {
+  return definition(object_.get(L"Suppliers", {company}));
+}
+
+host::LookupDefinition ForeignLookupService::Codes(const std::string& table,
+                                                   const std::string& company,
+                                                   const std::vector<std::string>& upperKeys) {
+  return definition(object_.get(L"Codes", withKeys(table, company, upperKeys)));
 }
 
 Value ForeignFilterSpecificationService::Load(const std::string& key, const std::string& name) {

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <string>
+#include <vector>
 
 #include "host/cinterface.h"
 #include "host/services.h"
@@ -67,6 +68,8 @@ class ForeignSqlDecodeService : public ForeignService<host::SqlDecodeService> {
 
   std::string DocumentType(const std::string& company, const std::string& code) override;
   std::string Customer(const std::string& company, const std::string& code) override;
+  std::string Code(const std::string& table, const std::string& company,
+                   const std::vector<std::string>& keys) override;
 };
 
 class ForeignLookupService : public ForeignService<host::LookupService> {
@@ -75,6 +78,10 @@ class ForeignLookupService : public ForeignService<host::LookupService> {
 
   host::LookupDefinition DocumentTypes(const std::string& company) override;
   host::LookupDefinition Customers(const std::string& company) override;
+  host::LookupDefinition CustomerNames(const std::string& company) override;
+  host::LookupDefinition Suppliers(const std::string& company) override;
+  host::LookupDefinition Codes(const std::string& table, const std::string& company,
+                               const std::vector<std::string>& upperKeys) override;
 };
 
 class ForeignFilterSpecificationService : public ForeignService<host::FilterSpecificationService> {

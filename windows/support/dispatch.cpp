@@ -67,7 +67,7 @@ Variant Dispatch::invoke(std::wstring_view name, WORD kind, DISPPARAMS& paramete
   return answer;
 }
 
-Variant Dispatch::call(std::wstring_view name, Arguments arguments) const {
+Variant Dispatch::call(std::wstring_view name, const Arguments& arguments) const {
   // Arguments go from the last to the first; who passes them keeps them.
   std::array<VARIANT, 8> reversed;
   if (arguments.size() > reversed.size()) throw RuntimeError::invalidCall();
@@ -86,30 +86,30 @@ void Dispatch::put(std::wstring_view name, const Variant& value) const {
   invoke(name, isObject ? DISPATCH_PROPERTYPUTREF : DISPATCH_PROPERTYPUT, parameters);
 }
 
-Dispatch Dispatch::get(std::wstring_view name, Arguments arguments) const {
+Dispatch Dispatch::get(std::wstring_view name, const Arguments& arguments) const {
   return Dispatch(converted(name, call(name, arguments), objectIn));
 }
 
-Value Dispatch::value(std::wstring_view name, Arguments arguments) const {
+Value Dispatch::value(std::wstring_view name, const Arguments& arguments) const {
   return converted(name, call(name, arguments), toValue);
 }
 
-std::string Dispatch::text(std::wstring_view name, Arguments arguments) const {
+std::string Dispatch::text(std::wstring_view name, const Arguments& arguments) const {
   return converted(name, call(name, arguments),
                    [](const VARIANT& answer) { return toText(toValue(answer)); });
 }
 
-std::int32_t Dispatch::number(std::wstring_view name, Arguments arguments) const {
+std::int32_t Dispatch::number(std::wstring_view name, const Arguments& arguments) const {
   return converted(name, call(name, arguments),
                    [](const VARIANT& answer) { return toInt32(toValue(answer)); });
 }
 
-bool Dispatch::flag(std::wstring_view name, Arguments arguments) const {
+bool Dispatch::flag(std::wstring_view name, const Arguments& arguments) const {
   return converted(name, call(name, arguments),
                    [](const VARIANT& answer) { return toBoolean(toValue(answer)); });
 }
 
-std::vector<std::string> Dispatch::texts(std::wstring_view name, Arguments arguments) const {
+std::vector<std::string> Dispatch::texts(std::wstring_view name, const Arguments& arguments) const {
   return converted(name, call(name, arguments), [](const VARIANT& answer) {
     std::vector<std::string> result;
     for (const Value& element : vectorIn(answer)) result.push_back(toText(element));

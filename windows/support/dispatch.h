@@ -4,7 +4,6 @@
 // After windows.h, which it builds on.
 #include <oaidl.h>
 
-#include <initializer_list>
 #include <string>
 #include <string_view>
 #include <utility>
@@ -22,7 +21,7 @@ namespace kebu::windows {
 /// tells the member.
 class Dispatch {
  public:
-  using Arguments = std::initializer_list<Variant>;
+  using Arguments = std::vector<Variant>;
 
   Dispatch() = default;
   explicit Dispatch(ComPtr<IDispatch> object) : object_(std::move(object)) {}
@@ -33,20 +32,20 @@ class Dispatch {
   /// Whether the object has such a member.
   bool has(std::wstring_view name) const;
   /// Calls a method or reads a property; `name` is a literal.
-  Variant call(std::wstring_view name, Arguments arguments = {}) const;
+  Variant call(std::wstring_view name, const Arguments& arguments = {}) const;
   /// Sets a property; an object as such, as "Set" does.
   void put(std::wstring_view name, const Variant& value) const;
 
   // The same as call(), with the answer in the kind that is wanted.
 
   /// The object that a member answers; an absent one when it answers none.
-  Dispatch get(std::wstring_view name, Arguments arguments = {}) const;
-  Value value(std::wstring_view name, Arguments arguments = {}) const;
-  std::string text(std::wstring_view name, Arguments arguments = {}) const;
-  std::int32_t number(std::wstring_view name, Arguments arguments = {}) const;
-  bool flag(std::wstring_view name, Arguments arguments = {}) const;
+  Dispatch get(std::wstring_view name, const Arguments& arguments = {}) const;
+  Value value(std::wstring_view name, const Arguments& arguments = {}) const;
+  std::string text(std::wstring_view name, const Arguments& arguments = {}) const;
+  std::int32_t number(std::wstring_view name, const Arguments& arguments = {}) const;
+  bool flag(std::wstring_view name, const Arguments& arguments = {}) const;
   /// An array of texts.
-  std::vector<std::string> texts(std::wstring_view name, Arguments arguments = {}) const;
+  std::vector<std::string> texts(std::wstring_view name, const Arguments& arguments = {}) const;
 
  private:
   /// Finds the member's identifier, once.
