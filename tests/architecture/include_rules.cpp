@@ -31,8 +31,9 @@ const std::vector<Room>& rooms() {
       "common", "ado",    "host",    "controls",  "sql",
       "forms",  "plugin", "windows", "workbench", "workbench/engine"};
   static const Names everything{
-      "common", "ado",     "host",      "controls",         "sql",   "forms",
-      "plugin", "windows", "workbench", "workbench/engine", "tests", "workbench/windows"};
+      "common",       "ado",     "host",      "controls",         "sql",   "forms",
+      "plugin",       "windows", "workbench", "workbench/engine", "tests", "workbench/windows",
+      "tests/windows"};
   static const std::vector<Room> all{
       {"common", {}},
       {"ado", {"common"}},
@@ -46,6 +47,7 @@ const std::vector<Room>& rooms() {
       {"workbench/windows", aboveWorkbenchWindows, true, true, false},
       {"workbench", aboveWorkbench},
       {"tests/windows", everything, true, true, false},
+      {"bench/windows", everything, true, true, false},
       {"tests", everything, true, false, false},
       {"bench", everything, true, false, true},
   };
