@@ -245,7 +245,7 @@ PageLayout::Block PageLayout::tableLineBlock(const Controls& line, bool headed) 
     const int gap = metrics_.px(partGap);
     const int top = area.top + heading;
     const int height = area.height - heading;
-    int left = area.left + captionColumn_ + metrics_.px(captionGap);
+    int left = area.left + fieldColumn();
     placements_[line.front()].caption = {area.left, top, captionColumn_, height};
     for (const Control* control : line) {
       Placement& placement = placements_[control];
