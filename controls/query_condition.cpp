@@ -37,8 +37,17 @@ std::string wholeNumber(std::string_view text) {
   return (negative && digits != "0" ? "-" : "") + digits;
 }
 
+/// The column's prefix, "PD18_", is not to be found in the literal: whoever
+/// qualifies columns by replacing it must not change a value.
+std::string textLiteral(const QueryColumn& column, std::string_view value) {
+  const std::size_t end = column.name.find('_');
+  if (end == std::string_view::npos) return quoted(value);
+  const std::string prefix(column.name.substr(0, end));
+  return replaceAll(quoted(value), prefix + "_", prefix + "' + '_");
+}
+
 std::string literal(const QueryColumn& column, std::string_view value) {
-  return column.isNumeric ? wholeNumber(value) : quoted(value);
+  return column.isNumeric ? wholeNumber(value) : textLiteral(column, value);
 }
 
 /// The text for LIKE, in which %, _ and [ stand for themselves between brackets.

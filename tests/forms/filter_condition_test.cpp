@@ -86,7 +86,7 @@ std::vector<QueryCondition> conditionsOn(const QueryField& field, const std::str
   if (field.isNumeric) return all;
   all.push_back({Op::Starts, {low.substr(0, 2)}});
   all.push_back({Op::Contains, {low.substr(1)}});
-  for (const char* odd : {"'", "%_[", "' OR '1' = '1"}) {
+  for (const char* odd : {"'", "%_[", "' OR '1' = '1", "PD18_X"}) {
     all.push_back({Op::Equal, {odd}});
     all.push_back({Op::Different, {odd}});
     all.push_back({Op::Starts, {odd}});
@@ -100,6 +100,8 @@ class FilterConditionTest : public testing::Test {
  protected:
   FilterConditionTest() {
     addOddRows();
+    allArticles = read(workplace.session(), "MG66_ANAGRART", "MG66_CODART", "MG66_UNMIS",
+                       {"MG66_DITTA_CG18"});
     workplace.open();
   }
   ~FilterConditionTest() override { workplace.close(); }
@@ -118,6 +120,9 @@ class FilterConditionTest : public testing::Test {
         " UPDATE PD18_ARTPROD SET PD18_INDPROVENIENZA = NULL WHERE PD18_CODART_MG66 LIKE '%-00_2'"
         " INSERT INTO MG72_APPLICART VALUES (1, 'VIT-0032', '')"
         " INSERT INTO MG72_APPLICART VALUES (1, 'VIT-0064', 'a_b')"
+        " INSERT INTO MG66_ANAGRART (MG66_DITTA_CG18, MG66_CODART, MG66_FAM_MG53)"
+        " VALUES (1, 'PD18_X', 'PD18_X')"
+        " INSERT INTO PD18_ARTPROD VALUES (1, 'PD18_X', 0, 0)"
         // A customer's code for an article is no supplier's.
         " INSERT INTO MG73_ARTCLIFOR VALUES (1, 0, 3, 'VIT-0032', 'F10032')");
   }
@@ -171,8 +176,7 @@ class FilterConditionTest : public testing::Test {
   }
 
   Workplace workplace;
-  Cells allArticles =
-      read(workplace.session(), "MG66_ANAGRART", "MG66_CODART", "MG66_UNMIS", {"MG66_DITTA_CG18"});
+  Cells allArticles;
 };
 
 /// Two values that occur, in their order.
@@ -270,6 +274,17 @@ TEST_F(FilterConditionTest, CustomersAreThoseThatTheFilterSays) {
   }
   EXPECT_GT(selecting, 80);
   EXPECT_EQ(workplace.messages, std::vector<std::string>());
+}
+
+TEST_F(FilterConditionTest, ACustomerCodeOfSevenDigitsIsNotDecoded) {
+  workplace.session().execute(
+      "INSERT INTO CG44_CLIFOR (CG44_DITTA_CG18, CG44_TIPOCF, CG44_CLIFOR, CG44_CODICE_CG16)"
+      " SELECT 1, 0, 1001001, CG44_CODICE_CG16 FROM CG44_CLIFOR"
+      " WHERE CG44_DITTA_CG18 = 1 AND CG44_TIPOCF = 0 AND CG44_CLIFOR = 1072");
+  QueryEditor& editor = workplace.editor("ENHQUERY_CLI");
+  editor.setCondition("CG44_CLIFOR", {Op::Range, {"1072", "1001001"}});
+  EXPECT_EQ(editor.rows()[0]->firstDescription.caption(), "Ferramenta D'Amico S.r.l.");
+  EXPECT_EQ(editor.rows()[0]->secondDescription.caption(), "");
 }
 
 TEST_F(FilterConditionTest, AFieldOfAnUnknownTableIsDropped) {
