@@ -261,7 +261,7 @@ TEST_F(PageLayoutTest, ControlArraysStandInATable) {
   EditBox codes[] = {EditBox{"TXT_COD(0)", "Codice aggiuntivo"},
                      EditBox{"TXT_COD(1)", "Codice aggiuntivo"}};
   EditBox texts[] = {EditBox{"TXT_DESC(0)", "Descrizione"}, EditBox{"TXT_DESC(1)", "Descrizione"}};
-  std::vector<Control*> all;
+  std::vector<const Control*> all;
   for (int i : {0, 1}) {
     levels.addAll(combos[i], codes[i], texts[i]);
     codes[i].StartLookup.on([](EditBox&) {});
