@@ -1,6 +1,6 @@
 #include "sql/discount_rules.h"
 
-#include <array>
+#include <utility>
 
 #include "common/convert.h"
 #include "common/nulls.h"
@@ -170,9 +170,9 @@ const RuleStatements::SavedColumn RuleStatements::savedColumns[] = {
     {"GM61_DATAULTAGG", Form::Today, Form::Today},
 };
 
-RuleStatements::RuleStatements(const DiscountKind& kind, const std::string& company,
+RuleStatements::RuleStatements(const DiscountKind& kind, std::string company,
                                const std::vector<std::string>& columns, const RuleOptions& options)
-    : kind_(kind), company_(company) {
+    : kind_(kind), company_(std::move(company)) {
   for (std::size_t i = 0; i < columns.size(); ++i) columns_.emplace(columns[i], i);
   std::string names;
   const auto name = [&](std::string_view column) {

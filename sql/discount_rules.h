@@ -54,7 +54,7 @@ class RuleStatements {
   using Row = std::vector<Value>;
 
   /// `columns` are the working table's, in the order of the rows' values.
-  RuleStatements(const DiscountKind& kind, const std::string& company,
+  RuleStatements(const DiscountKind& kind, std::string company,
                  const std::vector<std::string>& columns, const RuleOptions& options);
 
   /// The row's value; nothing where the working table lacks the column.

@@ -17,8 +17,8 @@ const char* const null = "NULL";
 /// A row of a price list; columns all lists have go without their prefix.
 class PriceRow {
  public:
-  PriceRow(const std::string& prefix, std::map<std::string, Value> values)
-      : prefix_(prefix), values_(std::move(values)) {}
+  PriceRow(std::string prefix, std::map<std::string, Value> values)
+      : prefix_(std::move(prefix)), values_(std::move(values)) {}
 
   const Value& value(const std::string& column) const { return values_.at(prefix_ + column); }
   std::string text(const std::string& column) const { return candidateText(value(column)); }

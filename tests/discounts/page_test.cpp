@@ -67,11 +67,12 @@ class DiscountPageTest : public testing::Test {
   /// The name of the working table that was spoken of last.
   std::string table(const std::string& prefix) const {
     constexpr std::size_t identifier = 32;
-    for (auto text = statements_.texts.rbegin(); text != statements_.texts.rend(); ++text) {
-      const std::size_t at = text->find(prefix);
-      if (at != std::string::npos) return text->substr(at, prefix.size() + identifier);
-    }
-    throw std::logic_error("no table " + prefix);
+    const auto& texts = statements_.texts;
+    const auto last = std::find_if(texts.rbegin(), texts.rend(), [&](const std::string& text) {
+      return text.find(prefix) != std::string::npos;
+    });
+    if (last == texts.rend()) throw std::logic_error("no table " + prefix);
+    return last->substr(last->find(prefix), prefix.size() + identifier);
   }
   std::string gridNames() {
     return first("SELECT GM61_NOMEREGOLA FROM " + table("##tempGriglia") + " WHERE GM61_ID = 1");

@@ -60,7 +60,7 @@ constexpr const char* priceList = "DUMMY";
 
 /// The columns by which the rules of a list type are recognised.
 struct Descriptions {
-  std::int32_t listType;
+  std::int32_t listType = 0;
   std::array<GridColumn, 3> columns;
 };
 
