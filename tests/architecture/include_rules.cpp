@@ -33,6 +33,10 @@ const std::vector<Room>& rooms() {
   static const Names everything{
       "common", "ado",     "host",      "controls",         "sql",   "forms",
       "plugin", "windows", "workbench", "workbench/engine", "tests", "workbench/windows"};
+  static const Names everythingOnWindows{
+      "common",       "ado",     "host",      "controls",         "sql",   "forms",
+      "plugin",       "windows", "workbench", "workbench/engine", "tests", "workbench/windows",
+      "tests/windows"};
   static const std::vector<Room> all{
       {"common", {}},
       {"ado", {"common"}},
@@ -47,6 +51,7 @@ const std::vector<Room>& rooms() {
       {"workbench", aboveWorkbench},
       {"tests/windows", everything, true, true, false},
       {"tests", everything, true, false, false},
+      {"bench/windows", everythingOnWindows, true, true, false},
       {"bench", everything, true, false, true},
   };
   return all;
