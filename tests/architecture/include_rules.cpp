@@ -31,9 +31,6 @@ const std::vector<Room>& rooms() {
       "common", "ado",    "host",    "controls",  "sql",
       "forms",  "plugin", "windows", "workbench", "workbench/engine"};
   static const Names everything{
-      "common", "ado",     "host",      "controls",         "sql",   "forms",
-      "plugin", "windows", "workbench", "workbench/engine", "tests", "workbench/windows"};
-  static const Names everythingOnWindows{
       "common",       "ado",     "host",      "controls",         "sql",   "forms",
       "plugin",       "windows", "workbench", "workbench/engine", "tests", "workbench/windows",
       "tests/windows"};
@@ -50,8 +47,8 @@ const std::vector<Room>& rooms() {
       {"workbench/windows", aboveWorkbenchWindows, true, true, false},
       {"workbench", aboveWorkbench},
       {"tests/windows", everything, true, true, false},
+      {"bench/windows", everything, true, true, false},
       {"tests", everything, true, false, false},
-      {"bench/windows", everythingOnWindows, true, true, false},
       {"bench", everything, true, false, true},
   };
   return all;
