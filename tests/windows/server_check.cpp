@@ -187,6 +187,25 @@ void checkNarrowing() {
              "ActiveFrame without a window yields no object");
 }
 
+void checkLocale() {
+  const LCID before = GetThreadLocale();
+  constexpr struct {
+    LCID locale;
+    LONG top;
+    const char* what;
+  } cases[] = {{0x0410, 4, "with an Italian thread 3,75 is nearly 4"},
+               {0x0409, 375, "with an American one it is 375"}};
+  for (const auto& [locale, expected, what] : cases) {
+    SetThreadLocale(locale);
+    const ComPtr<::Cinterface> plugin = create();
+    Variant top;
+    check(plugin->put_Top(Variant("3,75").get()));
+    check(plugin->get_Top(top.put()));
+    expectThat(top.type() == VT_I4 && top.get().lVal == expected, what);
+  }
+  SetThreadLocale(before);
+}
+
 void checkDataTransfer() {
   const ComPtr<::Cinterface> plugin = create();
   const auto container = plugin.as<IConnectionPointContainer>();
@@ -337,6 +356,7 @@ void run(const std::wstring& path) {
     checkOrder(*plugin.get());
   }
   checkNarrowing();
+  checkLocale();
   std::cout << "events and trace\n";
   checkDataTransfer();
   checkTrace();

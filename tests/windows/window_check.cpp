@@ -45,8 +45,12 @@ bool told(const std::vector<std::string>& journal, const std::string& what) {
 
 void checkModeless(const workbench::PluginLibrary& library) {
   DllHost host(library);
+  HWND parent = CreateWindowExW(0, L"STATIC", L"ERP", WS_OVERLAPPEDWINDOW | WS_VISIBLE, 0, 0, 1200,
+                                800, nullptr, nullptr, nullptr, nullptr);
+  host.set("hwndParent", std::to_string(static_cast<LONG>(reinterpret_cast<LONG_PTR>(parent))));
   host->open();
   expectThat(shownForm() != nullptr, "a modeless ShowForm returns with the window shown");
+  expectThat(GetWindow(shownForm(), GW_OWNER) == parent, "over the host's parent window");
   const Ref<host::Cinterface> plugin = host->plugin();
   expectThat(!plugin->Cwindow(), "Cwindow yields no object all the same");
   const auto frame = plugin->ActiveFrame();
@@ -73,6 +77,7 @@ void checkModeless(const workbench::PluginLibrary& library) {
   expectThat(WindowReader(shownForm()).control("GRPMAIN_LISTINI").visible != FALSE,
              "and leaves a window that works");
   expectThat(host->close() && shownForm() == nullptr, "one that is not answers true");
+  DestroyWindow(parent);
 }
 
 /// What happens on the timer while a modal window is shown.

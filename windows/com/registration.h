@@ -2,9 +2,8 @@
 
 namespace kebu::windows {
 
-/// Enters class, name and type library into the registry, for everybody or, by
-/// who may not write there, not at all: RuntimeError, and what was entered is
-/// taken out again.
+/// Enters class, name and type library into the registry. RuntimeError for whoever
+/// may not write there; then nothing of it stays.
 void registerServer();
 /// Takes out all that registerServer enters; what is not there is no error.
 void unregisterServer();
