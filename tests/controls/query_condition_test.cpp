@@ -22,8 +22,8 @@ class QueryConditionTest : public ControlTest {
     const std::string predicate = composePredicate(column, condition);
     std::string found;
     const std::string where = predicate.empty() ? "" : " AND " + predicate;
-    const auto result = engine::Session(database).execute("SELECT ID FROM R WHERE 1 = 1" + where +
-                                                          " ORDER BY ID");
+    const auto result =
+        engine::Session(database).execute("SELECT ID FROM R WHERE 1 = 1" + where + " ORDER BY ID");
     for (const auto& row : result.front().rows) found += toDisplay(row.front());
     return found;
   }
