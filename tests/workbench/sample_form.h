@@ -39,6 +39,7 @@ class SampleForm : public controls::Form {
     links.addLink(2, "Listini");
     links.selectFirst();
     status.setPanelText(2, "Pronto");
+    bar.setRights({true, true, true});
     bar.setButtonEnabled("Conferma", true);
     links.OnClickItemLink.on([this](const controls::SideBar::Link& link) { page = link.view; });
     bar.ButtonClick.on([this](bool&, const std::string& key) { pressed = key; });

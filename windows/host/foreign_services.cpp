@@ -99,6 +99,10 @@ host::LookupDefinition ForeignLookupService::Suppliers(const std::string& compan
   return definition(object_.get(L"Suppliers", {company}));
 }
 
+host::LookupDefinition ForeignLookupService::Configurator(const std::string& company) {
+  return definition(object_.get(L"Configurator", {company}));
+}
+
 host::LookupDefinition ForeignLookupService::Codes(const std::string& table,
                                                    const std::string& company,
                                                    const std::vector<std::string>& upperKeys) {

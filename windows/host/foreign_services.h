@@ -80,6 +80,7 @@ class ForeignLookupService : public ForeignService<host::LookupService> {
   host::LookupDefinition Customers(const std::string& company) override;
   host::LookupDefinition CustomerNames(const std::string& company) override;
   host::LookupDefinition Suppliers(const std::string& company) override;
+  host::LookupDefinition Configurator(const std::string& company) override;
   host::LookupDefinition Codes(const std::string& table, const std::string& company,
                                const std::vector<std::string>& upperKeys) override;
 };
