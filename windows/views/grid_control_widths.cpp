@@ -3,8 +3,8 @@
 
 #include <algorithm>
 
-#include "windows/views/grid_control.h"
 #include "windows/support/text.h"
+#include "windows/views/grid_control.h"
 
 namespace kebu::windows {
 

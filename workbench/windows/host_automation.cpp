@@ -164,8 +164,8 @@ constexpr Member<host::ClsGlobal> globalMembers[] = {
      [](host::ClsGlobal& g, Argument) { return Variant(g.ConnectionString()); }},
     {L"CompanyCode", [](host::ClsGlobal& g, Argument) { return toVariant(g.CompanyCode()); }},
     {L"ApplicationCode", [](host::ClsGlobal& g, Argument) { return Variant(g.ApplicationCode()); }},
-    {L"SessionId", [](host::ClsGlobal& g, Argument) { return Variant(g.SessionId()); }},
-    {L"UserId", [](host::ClsGlobal& g, Argument) { return Variant(g.UserId()); }},
+    {L"SessionId", [](host::ClsGlobal& g, Argument) { return toVariant(g.SessionId()); }},
+    {L"UserId", [](host::ClsGlobal& g, Argument) { return toVariant(g.UserId()); }},
     {L"Messages", service<&host::ClsGlobal::Messages, messageMembers>},
     {L"RefreshStatus",
      [](host::ClsGlobal& g, Argument a) {
