@@ -58,7 +58,8 @@ CompanyDatabase remoteCompany(const std::string& connectionString) {
     first->Open();
     first->Close();
   } catch (const RuntimeError& error) {
-    throw CommandError("the database cannot be reached: " + error.description());
+    throw CommandError("the database cannot be reached: " + error.description() +
+                       " (are ADO and the connection string's provider installed?)");
   }
   return {connectionString, connect, connect};
 }
