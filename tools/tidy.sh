@@ -12,7 +12,7 @@ stamps=build/tidy
 mkdir -p "$stamps"
 
 root=$PWD
-common_key=$({ clang-tidy --version; cat .clang-tidy; } | sha256sum)
+common_key=$({ clang-tidy --version; cat .clang-tidy tests/.clang-tidy; } | sha256sum)
 
 # What each source was made of, from the project itself: lines "source<tab>file".
 made_of() {
