@@ -187,8 +187,7 @@ Value AdoRecordset::originalValue(std::string_view field) const {
   const std::size_t index = rows().indexOf(field);
   if (edit_ && edit_->isNew) return Null{};
   const Row& row = current();
-  if (rows().table.empty()) return row.values[index];
-  return row.original.empty() ? Value(Null{}) : row.original[index];
+  return row.pending == Row::Pending::Insert ? Value(Null{}) : row.stored()[index];
 }
 
 std::vector<std::vector<Value>> AdoRecordset::GetRows(std::int32_t wanted) {

@@ -40,17 +40,18 @@ void AdoRecordset::Update() {
   if (!edit_) return;
   // The row is written to a copy first: a failing statement leaves the edit as it is.
   Row row;
-  if (!edit_->isNew) {
+  if (edit_->isNew) {
+    row.pending = Row::Pending::Insert;
+  } else {
     const Row& now = current();
     row = {{}, now.original, now.id, now.pending, now.changed, now.gone};
+    if (now.pending == Row::Pending::Nothing) {
+      row.pending = Row::Pending::Update;
+      row.original = now.values;
+    }
   }
   row.values = edit_->values;
   row.changed.add(edit_->changed);
-  if (edit_->isNew) {
-    row.pending = Row::Pending::Insert;
-  } else if (row.pending == Row::Pending::Nothing && !edit_->changed.empty()) {
-    row.pending = Row::Pending::Update;
-  }
   if (!isBatch()) send(row);
   if (edit_->isNew) {
     rows().rows.push_back(std::move(row));
@@ -82,7 +83,7 @@ void AdoRecordset::Delete() {
     return;
   }
   Row changed = row;
-  changed.values = row.original;
+  changed.values = row.stored();
   changed.pending = Row::Pending::Delete;
   if (!isBatch()) send(changed);
   row = std::move(changed);
@@ -104,8 +105,9 @@ void AdoRecordset::CancelBatch() {
       row.gone = true;
       rows().anyDeleted = true;
     } else {
-      row.values = row.original;
+      row.values = row.stored();
     }
+    row.original.clear();
     row.pending = Row::Pending::Nothing;
     row.changed.clear();
   }

@@ -17,9 +17,7 @@ RowSet::RowSet(ResultSet result)
   for (std::size_t i = 0; i < result.rows.size(); ++i) {
     Row& row = rows.emplace_back();
     row.values = std::move(result.rows[i]);
-    if (table.empty()) continue;
-    row.original = row.values;
-    row.id = result.rowIds[i];
+    if (!table.empty()) row.id = result.rowIds[i];
   }
 }
 

@@ -43,13 +43,14 @@ struct Row {
   enum class Pending { Nothing, Insert, Update, Delete };
 
   Values values;
-  /// As the database has it. Empty for a row that it does not have yet, and
-  /// where rows cannot be written back: there the values are the original.
-  Values original;
+  Values original;      ///< of a changed row: as the database has it
   std::int64_t id = 0;  ///< the row's id in its table
   Pending pending = Pending::Nothing;
   FieldList changed;  ///< fields that differ from `original`
   bool gone = false;  ///< deleted, or given up before it was sent
+
+  /// As the database has it, when it has it.
+  const Values& stored() const { return pending == Pending::Update ? original : values; }
 };
 
 /// The rows of a recordset, which its clones share. Rows that are gone keep their

@@ -90,6 +90,7 @@ void RowWriter::send(Row& row) const {
       row.gone = true;
   }
   row.pending = Row::Pending::Nothing;
+  row.original.clear();
   row.changed.clear();
 }
 
@@ -151,7 +152,7 @@ std::string RowWriter::readableKey(const Row& row) const {
   for (const std::size_t field : keyFields()) {
     text += text.empty() ? " WHERE " : " AND ";
     appendName(text, rows_.columns[field]);
-    const Value& value = row.original[field];
+    const Value& value = row.stored()[field];
     text += value.isNull() ? " IS NULL" : " = " + sqlText(value);
   }
   return text;
@@ -165,7 +166,6 @@ void RowWriter::keepAsStored(Row& row) const {
     value = castTo(value, type);
     if (type.kind == TypeKind::Guid && !value.isNull()) value = "{" + toText(value) + "}";
   }
-  for (const std::size_t field : row.changed) row.original[field] = row.values[field];
 }
 
 /// What the database made of a new row: identity, defaults, rounding.
@@ -188,7 +188,6 @@ void RowWriter::readBack(Row& row) const {
       if (!rows_.columns[field].empty()) row.values[field] = read[field];
     }
   }
-  row.original = row.values;
 }
 
 }  // namespace kebu::engine

@@ -95,7 +95,7 @@ void DiscountsPage::RegistraListini(DiscountGrid& mode) {
 void DiscountsPage::storeTicked(const sql::DiscountKind& kind, const DiscountGrid& mode,
                                 Steps& step) {
   const Ref<ado::Recordset> ticked =
-      step([&] { return context_.openEditable(sql::RegoleSelezionate(kind, mode.table())); });
+      step([&] { return context_.openReadable(sql::RegoleSelezionate(kind, mode.table())); });
   if (!ticked) return;
   std::vector<std::string> columns;
   for (const ado::Field& field : ticked->fields()) columns.push_back(field.name);
