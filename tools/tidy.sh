@@ -2,17 +2,18 @@
 # clang-tidy over every source of the project that a build knows. One that was clean is not looked at
 # again until it, a header of the project that it includes, its compilation or .clang-tidy changes.
 #
-#   tools/tidy.sh BUILD_FOLDER
+#   tools/tidy.sh BUILD_FOLDER [all]    without "all" the tests are left out: they would take as long
+#                                       again as everything else
 
 source "$(dirname "${BASH_SOURCE[0]}")/setup.sh"
 
-build=${1:-build/debug}
+build=${1:-build/debug} scope=${2:-}
 stamps=build/tidy
 [[ -f $build/compile_commands.json ]] || fail "$build holds no build"
 mkdir -p "$stamps"
 
 root=$PWD
-common_key=$({ clang-tidy --version; cat .clang-tidy tests/.clang-tidy; } | sha256sum)
+common_key=$({ clang-tidy --version; cat .clang-tidy; } | sha256sum)
 
 # What each source was made of, from the project itself: lines "source<tab>file".
 made_of() {
@@ -32,6 +33,7 @@ while read -r hash file; do hash_of[$file]=$hash; done \
   < <(made_of | cut -f2 | sort -u | while IFS= read -r file; do [[ ! -f $file ]] || printf '%s\0' "$file"; done |
       xargs -0 --no-run-if-empty sha256sum)
 while IFS=$'\t' read -r source file; do
+  [[ $scope == all || $source != tests/* ]] || continue
   if [[ -f $source ]]; then content_of[$source]+="$file ${hash_of[$file]:-}"$'\n'; fi
 done < <(made_of)
 [[ ${#content_of[@]} -gt 0 ]] || fail "$build does not know what its sources include"
