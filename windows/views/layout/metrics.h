@@ -28,4 +28,10 @@ struct Metrics {
   int fieldHeight() const { return lineHeight + px(8); }
 };
 
+// Measures that all pages share, in 96ths of an inch.
+inline constexpr int padding = 14;     ///< between a card's edge and what is in it
+inline constexpr int partGap = 6;      ///< between the parts of a line
+inline constexpr int lookupPart = 26;  ///< a look-up button with the gap before it
+inline constexpr int widestField = 440;
+
 }  // namespace kebu::windows::layout

@@ -18,10 +18,7 @@ namespace {
 // In 96ths of an inch.
 constexpr int rowGap = 7;
 constexpr int groupGap = 12;
-constexpr int padding = 14;
-constexpr int partGap = 6;
 constexpr int codeWidth = 90;
-constexpr int widestField = 440;
 constexpr int longestShort = 30;  // characters of a box that is not stretched
 constexpr int twoColumnsFrom = 720;
 constexpr int leastGrid = 176;
@@ -61,11 +58,6 @@ bool isEditor(const Control& control) {
 const Control* descriptionOf(const Control& control) {
   const auto* box = dynamic_cast<const controls::EditBox*>(&control);
   return box ? box->description() : nullptr;
-}
-
-bool hasLookup(const Control& control) {
-  const auto* box = dynamic_cast<const controls::EditBox*>(&control);
-  return box && box->hasLookup();
 }
 
 /// "(2)" of "TXT_COD(2)", an element of a control array; "" for other controls.
@@ -160,26 +152,36 @@ int PageLayout::buttonWidth(const Control& button) const {
   return std::max(metrics_.px(100), metrics_.textWidth(button.caption()) + metrics_.px(32));
 }
 
+int PageLayout::lookupWidth(const Control& field) const {
+  const auto* box = dynamic_cast<const controls::EditBox*>(&field);
+  return box && box->hasLookup() ? metrics_.px(lookupPart) : 0;
+}
+
+int PageLayout::putField(const Control& field, const Rect& bounds) {
+  Placement& placement = placements_[&field];
+  placement.bounds = bounds;
+  const int button = lookupWidth(field);
+  if (button == 0) return bounds.right();
+  const int gap = metrics_.px(2);
+  placement.lookup = {bounds.right() + gap, bounds.top, button - gap, bounds.height};
+  return bounds.right() + button;
+}
+
 PageLayout::Block PageLayout::fieldBlock(Control& field) {
   Block block;
   block.height = metrics_.fieldHeight();
   block.gap = metrics_.px(rowGap);
   block.place = [this, &field](const Rect& area) {
-    Placement& placement = placements_[&field];
     const int left = area.left + fieldColumn();
     const int room = std::max(area.right() - left, 0);
     if (captionColumn_) {
-      placement.caption = {area.left, area.top, captionColumn_, area.height};
+      placements_[&field].caption = {area.left, area.top, captionColumn_, area.height};
     }
-    const int button = hasLookup(field) ? metrics_.px(26) : 0;
-    const int width = asCheck(field) ? room : std::min(fieldWidth(field), room - button);
-    placement.bounds = {left, area.top, width, area.height};
-    if (button) {
-      placement.lookup = {placement.bounds.right() + metrics_.px(2), area.top,
-                          button - metrics_.px(2), area.height};
-    }
+    const int width =
+        asCheck(field) ? room : std::min(fieldWidth(field), room - lookupWidth(field));
+    const int end = putField(field, {left, area.top, width, area.height});
     if (const Control* description = descriptionOf(field)) {
-      const int from = left + width + button + metrics_.px(partGap);
+      const int from = end + metrics_.px(partGap);
       placements_[description].bounds = {from, area.top, std::max(area.right() - from, 0),
                                          area.height};
     }
@@ -248,10 +250,9 @@ PageLayout::Block PageLayout::tableLineBlock(const Controls& line, bool headed) 
     int left = area.left + fieldColumn();
     placements_[line.front()].caption = {area.left, top, captionColumn_, height};
     for (const Control* control : line) {
-      Placement& placement = placements_[control];
       const bool isLast = control == line.back();
       const int room = std::max(area.right() - left, 0);
-      const int button = hasLookup(*control) ? metrics_.px(26) : 0;
+      const int button = lookupWidth(*control);
       int width = fieldWidth(*control);
       if (dynamic_cast<const controls::ComboBox*>(control)) {
         width = std::min(metrics_.px(tableCombo), room * 2 / 5);
@@ -259,14 +260,11 @@ PageLayout::Block PageLayout::tableLineBlock(const Controls& line, bool headed) 
         width = std::max(width, metrics_.textWidth(control->caption()) + gap - button);
       }
       width = std::min(width, std::max(room - button, 0));
-      placement.bounds = {left, top, width, height};
-      if (button) {
-        placement.lookup = {left + width + metrics_.px(2), top, button - metrics_.px(2), height};
-      }
+      const int end = putField(*control, {left, top, width, height});
       if (heading && control != line.front()) {
-        placement.caption = {left, area.top, width + button, heading};
+        placements_[control].caption = {left, area.top, end - left, heading};
       }
-      left += width + button + gap;
+      left = end + gap;
     }
   };
   return block;

@@ -65,6 +65,11 @@ class PageLayout {
     return captionColumn_ ? captionColumn_ + metrics_.px(captionColumnGap) : 0;
   }
 
+  /// What a field's look-up button takes beside it; 0 without one.
+  int lookupWidth(const controls::Control& field) const;
+  /// Puts a field there and its look-up button behind it; gives where both end.
+  int putField(const controls::Control& field, const Rect& bounds);
+
   Blocks blocksOf(const Controls& controls, int width);
   Block fieldBlock(controls::Control& field);
   /// Check boxes side by side.
@@ -77,6 +82,8 @@ class PageLayout {
   // query_editor_layout.cpp
   Block editorBlock(controls::QueryEditor& editor);
   void placeRow(const controls::QueryEditor::Row& row, const Rect& area);
+  void placeValue(const controls::EditBox& box, const controls::Label& description,
+                  std::size_t length, bool isList, const Rect& area);
   void placeBelow(const controls::QueryEditor& editor, const Rect& area, int warning);
   /// A check box that switches what stands below it, as its heading.
   Block headingBlock(controls::Control& check, controls::Control& control);

@@ -13,42 +13,10 @@ namespace {
 // In 96ths of an inch.
 constexpr int rowGap = 5;
 constexpr int blockGap = 12;
-constexpr int padding = 14;
-constexpr int captionGap = 10;
-constexpr int partGap = 6;
 constexpr int operatorWidth = 118;
 constexpr int codeWidth = 120;
-constexpr int lookupWidth = 26;
-constexpr int widestValue = 440;
 constexpr int edges = 16;
 constexpr int mostLines = 6;  // of the composed text, however much room there is
-
-/// Where a value goes that has `area` for itself and what belongs to it.
-struct Slot {
-  const Metrics& metrics;
-  Placements& placements;
-  Rect area;
-
-  void put(const controls::EditBox& box, const controls::Label& description, std::size_t length,
-           bool isList) const {
-    Placement& place = placements[&box];
-    const bool hasDescription = box.description() && !isList;
-    const int button = box.hasLookup() ? metrics.px(lookupWidth) : 0;
-    const int room = std::max(area.width - button, 0);
-    const int wanted = std::clamp(metrics.textWidth(std::string(length, '0')) + metrics.px(edges),
-                                  metrics.px(codeWidth), metrics.px(widestValue));
-    const int width = isList ? room : std::min(wanted, room);
-    place.bounds = {area.left, area.top, width, area.height};
-    if (button) {
-      place.lookup = {place.bounds.right() + metrics.px(2), area.top, button - metrics.px(2),
-                      area.height};
-    }
-    if (!hasDescription) return;
-    const int from = area.left + width + button + metrics.px(partGap);
-    placements[&description].bounds = {from, area.top, std::max(area.right() - from, 0),
-                                       area.height};
-  }
-};
 
 }  // namespace
 
@@ -81,7 +49,7 @@ PageLayout::Block PageLayout::editorBlock(QueryEditor& editor) {
 }
 
 void PageLayout::placeRow(const QueryEditor::Row& row, const Rect& area) {
-  const int left = area.left + captionColumn_ + metrics_.px(captionGap);
+  const int left = area.left + fieldColumn();
   const int combo = metrics_.px(operatorWidth);
   placements_[&row.op] = {
       {left, area.top, combo, area.height}, {area.left, area.top, captionColumn_, area.height}, {}};
@@ -91,17 +59,31 @@ void PageLayout::placeRow(const QueryEditor::Row& row, const Rect& area) {
   const bool isRange = row.second.isVisible();
   const int width = isRange ? (room - metrics_.px(blockGap)) / 2 : room;
   if (row.first.isVisible()) {
-    Slot{metrics_, placements_, {from, area.top, width, area.height}}.put(
-        row.first, row.firstDescription, row.field.length, isList);
+    placeValue(row.first, row.firstDescription, row.field.length, isList,
+               {from, area.top, width, area.height});
   }
   if (isRange) {
-    Slot{metrics_, placements_, {area.right() - width, area.top, width, area.height}}.put(
-        row.second, row.secondDescription, row.field.length, false);
+    placeValue(row.second, row.secondDescription, row.field.length, false,
+               {area.right() - width, area.top, width, area.height});
   }
 }
 
+/// A value, its look-up button and its description share `area`.
+void PageLayout::placeValue(const controls::EditBox& box, const controls::Label& description,
+                            std::size_t length, bool isList, const Rect& area) {
+  const int room = std::max(area.width - lookupWidth(box), 0);
+  const int wanted = std::clamp(metrics_.textWidth(std::string(length, '0')) + metrics_.px(edges),
+                                metrics_.px(codeWidth), metrics_.px(widestField));
+  const int width = isList ? room : std::min(wanted, room);
+  const int end = putField(box, {area.left, area.top, width, area.height});
+  if (!box.description() || isList) return;
+  const int from = end + metrics_.px(partGap);
+  placements_[&description].bounds = {from, area.top, std::max(area.right() - from, 0),
+                                      area.height};
+}
+
 void PageLayout::placeBelow(const QueryEditor& editor, const Rect& area, int warning) {
-  const int left = area.left + captionColumn_ + metrics_.px(captionGap);
+  const int left = area.left + fieldColumn();
   const int width = std::max(area.right() - left, 0);
   int top = area.top;
   if (warning > 0) {
@@ -117,7 +99,7 @@ void PageLayout::placeBelow(const QueryEditor& editor, const Rect& area, int war
   const int line = top + height + metrics_.px(rowGap);
   const int buttonRight = left + buttonWidth(editor.countButton());
   placements_[&editor.countButton()].bounds = {left, line, buttonRight - left, button};
-  const int answerLeft = buttonRight + metrics_.px(captionGap);
+  const int answerLeft = buttonRight + metrics_.px(captionColumnGap);
   placements_[&editor.countAnswer()].bounds = {answerLeft, line,
                                                std::max(area.right() - answerLeft, 0), button};
 }
