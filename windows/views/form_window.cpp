@@ -78,7 +78,12 @@ void FormWindow::build() {
   hasSideBar_ = std::any_of(controls.begin(), controls.end(), [](const controls::Control* control) {
     return dynamic_cast<const controls::SideBar*>(control) != nullptr;
   });
+  inOrder_.clear();
   for (controls::Control* control : controls) {
+    if (View* const made = find(*control)) {
+      inOrder_.push_back(made);
+      continue;
+    }
     auto* const group = dynamic_cast<controls::GroupBox*>(control);
     const HWND parent = parentFor(*control);
     std::unique_ptr<View> view = makeView(*this, *control, parent);
@@ -97,16 +102,15 @@ void FormWindow::build() {
 
 void FormWindow::rebuildIfGrown() {
   if (form_.controls().size() == inOrder_.size()) return;
-  // Controls are few and cheap; made in one go they come in the order of the tab key.
-  groupSubscriptions_.clear();
-  mnemonics_.clear();
-  inOrder_.clear();
-  views_.clear();
-  pages_.clear();
-  loosePage_.reset();
-  shownPage_ = nullptr;
-  covered_.clear();
-  lastFocus_ = nullptr;
+  if (!hasSideBar_) {
+    // The tab key goes by the order in which windows were made. On a page of the side bar, a window
+    // of its own, what comes later stands last anyway; a dialog's few controls are made again.
+    groupSubscriptions_.clear();
+    mnemonics_.clear();
+    views_.clear();
+    loosePage_.reset();
+    lastFocus_ = nullptr;
+  }
   const CommonControls::Scope scope;
   build();
 }

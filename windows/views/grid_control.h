@@ -15,6 +15,8 @@
 
 namespace kebu::windows {
 
+class TextRuler;
+
 /// Rows in columns, read from the source as they come into sight, with cells
 /// that are edited in place. Neither rows nor ticks are kept here, so their
 /// number costs nothing.
@@ -58,8 +60,8 @@ class GridControl : public Window {
   int columnWidth(std::size_t column) const;
   /// Finds what the columns need at the least.
   void measureColumns();
-  int headNeeds(const GridSource::Column& column) const;
-  int cellsNeed(std::size_t column) const;
+  int headNeeds(const GridSource::Column& column, const TextRuler& ruler) const;
+  int cellsNeed(std::size_t column, const TextRuler& ruler) const;
   bool isShown(std::size_t column) const;
   /// The next column in sight, `column` itself when there is none; `step` is 1 or -1.
   std::size_t shownFrom(std::size_t column, int step) const;
