@@ -17,7 +17,7 @@ class Teller {
 
   void open(const std::string& source, CursorType cursor, LockType lock,
             CursorLocation location = CursorLocation::Client) {
-    rows = side_.library.newRecordset();
+    rows = side_.objects.newRecordset();
     rows->setCursorLocation(location);
     tell("open", [&] { rows->Open(source, connection, cursor, lock); });
   }
@@ -344,7 +344,7 @@ void connections(AdoSide& side, Story& story) {
 
 void recordsetsOutOfPlace(AdoSide& side, Story& story) {
   Teller t(side, story);
-  t.rows = side.library.newRecordset();
+  t.rows = side.objects.newRecordset();
   t.tell("is open", [&] { return t.rows->isOpen(); });
   t.tellPlace();
   t.tell("count", [&] { return t.rows->RecordCount(); });
@@ -390,7 +390,7 @@ void commands(AdoSide& side, Story& story) {
         "CREATE PROCEDURE ADD_ROW @key int, @text varchar(10) = 'solito', @price decimal(9, 2) = "
         "NULL AS BEGIN INSERT INTO T (K, A, P) VALUES (@key, @text, @price) END");
   });
-  const Ref<ado::Command> command = side.library.newCommand();
+  const Ref<ado::Command> command = side.objects.newCommand();
   const auto set = [&](const char* name, const Value& value) {
     t.tell(name, [&] { command->setParameter(name, value); });
   };

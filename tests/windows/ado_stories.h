@@ -11,7 +11,7 @@ namespace kebu::tests {
 
 /// One way to ADO's objects: the engine's own, or the same through COM.
 struct AdoSide {
-  ado::Library& library;
+  ado::Library& objects;
   /// A new one to a database that begins with the table T, still closed.
   std::function<Ref<ado::Connection>()> connect;
 };

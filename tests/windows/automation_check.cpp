@@ -62,10 +62,5 @@ void run() {
 
 int main() {
   const kebu::workbench::Apartment apartment;
-  try {
-    kebu::tests::run();
-  } catch (const kebu::RuntimeError& error) {
-    kebu::tests::expectThat(false, "no error gets this far: " + error.description());
-  }
-  return kebu::tests::failedChecks();
+  return kebu::tests::carryOut(kebu::tests::run);
 }

@@ -395,12 +395,5 @@ int main(int argc, char** argv) {
     std::cout << "use: server_check DLL\n";
     return 1;
   }
-  try {
-    kebu::tests::run(kebu::windows::toWide(words[0]));
-  } catch (const kebu::RuntimeError& error) {
-    kebu::tests::expectThat(
-        false, "no error " + std::to_string(error.number()) + " (" + error.description() + ")");
-  }
-  std::cout << (kebu::tests::failedChecks() == 0 ? "every check holds\n" : "");
-  return kebu::tests::failedChecks() == 0 ? 0 : 1;
+  return kebu::tests::carryOut([&] { kebu::tests::run(kebu::windows::toWide(words[0])); });
 }

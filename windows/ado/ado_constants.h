@@ -1,5 +1,7 @@
 #pragma once
 
+#include <windows.h>
+
 #include <cstdint>
 
 #include "windows/support/dispatch.h"
@@ -7,6 +9,14 @@
 namespace kebu::windows {
 
 // ADO's numbers, as far as the roles in ado/ do not have them.
+
+// Its classes differ in the first number of their identifiers only.
+constexpr CLSID adoClass(unsigned long number) {
+  return {number, 0x0000, 0x0010, {0x80, 0x00, 0x00, 0xAA, 0x00, 0x6D, 0x2E, 0xA4}};
+}
+inline constexpr CLSID commandClass = adoClass(0x507);
+inline constexpr CLSID connectionClass = adoClass(0x514);
+inline constexpr CLSID recordsetClass = adoClass(0x535);
 
 inline constexpr std::int32_t commandIsText = 1;
 inline constexpr std::int32_t commandIsStoredProcedure = 4;

@@ -2,20 +2,13 @@
 
 #include "windows/ado/ado_command.h"
 #include "windows/ado/ado_connection.h"
+#include "windows/ado/ado_constants.h"
 #include "windows/ado/ado_objects.h"
 #include "windows/ado/ado_recordset.h"
 
 namespace kebu::windows {
 
 namespace {
-
-// The classes of ADO differ in their first number only.
-constexpr CLSID adoClass(unsigned long number) {
-  return {number, 0x0000, 0x0010, {0x80, 0x00, 0x00, 0xAA, 0x00, 0x6D, 0x2E, 0xA4}};
-}
-constexpr CLSID commandClass = adoClass(0x507);
-constexpr CLSID connectionClass = adoClass(0x514);
-constexpr CLSID recordsetClass = adoClass(0x535);
 
 ComPtr<IDispatch> create(const CLSID& id, const char* name) {
   ComPtr<IDispatch> object;

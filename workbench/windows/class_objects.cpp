@@ -6,6 +6,7 @@
 
 #include <utility>
 
+#include "windows/ado/ado_constants.h"
 #include "windows/support/com_object.h"
 #include "workbench/windows/ado_automation.h"
 
@@ -14,13 +15,6 @@ namespace kebu::workbench {
 using windows::ComPtr;
 
 namespace {
-
-constexpr GUID adoClass(unsigned long number) {
-  return {number, 0x0000, 0x0010, {0x80, 0x00, 0x00, 0xAA, 0x00, 0x6D, 0x2E, 0xA4}};
-}
-constexpr GUID commandClass = adoClass(0x507);
-constexpr GUID connectionClass = adoClass(0x514);
-constexpr GUID recordsetClass = adoClass(0x535);
 
 class ClassObject final : public windows::ComObject<IClassFactory> {
  public:
@@ -44,9 +38,9 @@ class ClassObject final : public windows::ComObject<IClassFactory> {
 ClassObjects::ClassObjects(ado::Library& library,
                            std::function<Ref<ado::Connection>()> newConnection) {
   const std::pair<GUID, ClassObject::Make> classes[] = {
-      {recordsetClass, [&library] { return automate(library.newRecordset()); }},
-      {commandClass, [&library] { return automate(library.newCommand()); }},
-      {connectionClass, [newConnection] { return automate(newConnection()); }},
+      {windows::recordsetClass, [&library] { return automate(library.newRecordset()); }},
+      {windows::commandClass, [&library] { return automate(library.newCommand()); }},
+      {windows::connectionClass, [newConnection] { return automate(newConnection()); }},
   };
   for (const auto& [id, make] : classes) {
     const auto object = ComPtr<IUnknown>::adopt(new ClassObject(make));
