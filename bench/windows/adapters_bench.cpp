@@ -6,8 +6,6 @@
 // 19, the bare calls 82, the adapter's GetRows 112, by field names read ahead
 // 145 to 217, by field names row by row 180 to 254. The first of the adapter's
 // is 30 nanoseconds a value beyond the bare calls.
-#include <windows.h>
-
 #include <algorithm>
 #include <chrono>
 #include <cstdio>

@@ -1,10 +1,6 @@
 // The DLL's start, each step beside its floor: the same work without the plug-in.
 //
 //   kebu_window_bench PATH\KEBU_ANAGKELMORIA.dll
-#include <windows.h>
-// After windows.h, which it builds on.
-#include <objbase.h>
-
 #include <algorithm>
 #include <chrono>
 #include <functional>

@@ -47,7 +47,6 @@ const std::vector<Room>& rooms() {
       {"workbench/windows", aboveWorkbenchWindows, true, true, false},
       {"workbench", aboveWorkbench},
       {"tests/windows", everything, true, true, false},
-      {"bench/windows", everything, true, true, false},
       {"tests", everything, true, false, false},
       {"bench", everything, true, false, true},
   };
