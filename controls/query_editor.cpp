@@ -5,7 +5,7 @@
 #include "common/convert.h"
 #include "common/error.h"
 #include "common/platform.h"
-#include "controls/query_specification.h"
+#include "controls/saved_filter.h"
 
 namespace kebu::controls {
 
@@ -354,14 +354,14 @@ void QueryEditor::lookUp(Row& row, RangeEnd end) {
   box.enter(joinList(values));
 }
 
-// ---- saved specifications
+// ---- saved filters
 
-bool QueryEditor::loadSpecification(const std::string& name) {
+bool QueryEditor::loadFilter(const std::string& name) {
   const Value text = surroundings_.store->Load(storageKey_, name);
   if (!text.isText() || text.as<std::string>().empty()) return false;
-  const auto conditions = readSpecification(text.as<std::string>());
-  std::vector<const SpecifiedCondition*> known;
-  for (const SpecifiedCondition& each : conditions) {
+  const auto conditions = readFilter(text.as<std::string>());
+  std::vector<const SavedCondition*> known;
+  for (const SavedCondition& each : conditions) {
     // A field of another version of the window has nothing to be stated on.
     const Row* const row = find(each.dataField);
     if (!row) continue;
@@ -369,18 +369,18 @@ bool QueryEditor::loadSpecification(const std::string& name) {
     known.push_back(&each);
   }
   for (const auto& row : rows_) setCondition(row->field.dataField, {});
-  for (const SpecifiedCondition* each : known) setCondition(each->dataField, each->condition);
+  for (const SavedCondition* each : known) setCondition(each->dataField, each->condition);
   return true;
 }
 
-void QueryEditor::saveSpecification(const std::string& name, bool isDefault) {
-  std::vector<SpecifiedCondition> conditions;
+void QueryEditor::saveFilter(const std::string& name, bool isDefault) {
+  std::vector<SavedCondition> conditions;
   for (const auto& row : rows_) {
     const QueryCondition stated = conditionOf(*row);
     if (stated.op == QueryOperator::Any) continue;
     conditions.push_back({std::string(row->field.dataField), stated});
   }
-  surroundings_.store->Save(storageKey_, name, writeSpecification(conditions), isDefault);
+  surroundings_.store->Save(storageKey_, name, writeFilter(conditions), isDefault);
 }
 
 }  // namespace kebu::controls

@@ -45,7 +45,7 @@ struct QueryRequest {
 };
 
 /// The enhanced query editor: a row of operator and values for each declared
-/// field, the predicates that come of them, and specifications saved by name
+/// field, the predicates that come of them, and filters saved by name
 /// in the host's store.
 ///
 /// Its parts are ordinary controls, named after the editor and the row counted
@@ -58,7 +58,7 @@ class QueryEditor : public GroupBox {
     Value sessionId;
     Value userId;
     Ref<host::ClsGlobal> global;
-    Ref<host::FilterSpecificationService> store;
+    Ref<host::SavedFilterService> store;
     Ref<ado::Connection> connection;
   };
 
@@ -75,7 +75,7 @@ class QueryEditor : public GroupBox {
   /// Gives back what the editor was handed.
   void releaseSurroundings() { surroundings_ = {}; }
   const Surroundings& surroundings() const { return surroundings_; }
-  /// Under which specifications are kept in the store.
+  /// Under which filters are kept in the store.
   void setStorageKey(const std::string& key) { storageKey_ = key; }
   /// Puts the texts of the rows into the user's language; before the first field.
   void setTranslator(Translator translator) { translator_ = std::move(translator); }
@@ -100,9 +100,9 @@ class QueryEditor : public GroupBox {
   /// Tells the user of ranges that stand the wrong way round; whether there are none.
   bool confirmRanges();
 
-  /// Whether there is a specification of that name, which is shown then.
-  bool loadSpecification(const std::string& name);
-  void saveSpecification(const std::string& name, bool isDefault);
+  /// Whether there is a saved filter of that name, which is shown then.
+  bool loadFilter(const std::string& name);
+  void saveFilter(const std::string& name, bool isDefault);
 
   /// Fill in the description; it is empty before.
   Event<const QueryRequest&, std::string&> StartDecode;

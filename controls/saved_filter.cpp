@@ -1,4 +1,4 @@
-#include "controls/query_specification.h"
+#include "controls/saved_filter.h"
 
 #include "common/error.h"
 
@@ -49,26 +49,26 @@ std::string_view cut(std::string_view& text, char end) {
 }
 
 RuntimeError unreadable() {
-  return {5, "The saved filter specification cannot be read."};
+  return {5, "The saved filter cannot be read."};
 }
 
 }  // namespace
 
-std::string writeSpecification(const std::vector<SpecifiedCondition>& conditions) {
+std::string writeFilter(const std::vector<SavedCondition>& conditions) {
   std::string text(head);
-  for (const SpecifiedCondition& each : conditions) {
+  for (const SavedCondition& each : conditions) {
     text += "\n" + escaped(each.dataField) + "\t" + std::string(traitsOf(each.condition.op).code);
     for (const std::string& value : each.condition.values) text += "\t" + escaped(value);
   }
   return text;
 }
 
-std::vector<SpecifiedCondition> readSpecification(std::string_view text) {
+std::vector<SavedCondition> readFilter(std::string_view text) {
   if (cut(text, '\n') != head) throw unreadable();
-  std::vector<SpecifiedCondition> conditions;
+  std::vector<SavedCondition> conditions;
   while (!text.empty()) {
     std::string_view line = cut(text, '\n');
-    SpecifiedCondition& each = conditions.emplace_back();
+    SavedCondition& each = conditions.emplace_back();
     each.dataField = unescaped(cut(line, '\t'));
     const auto op = operatorByCode(cut(line, '\t'));
     if (each.dataField.empty() || !op) throw unreadable();

@@ -8,18 +8,18 @@
 
 namespace kebu::controls {
 
-/// A field with what is stated on it, as a saved specification holds it.
-struct SpecifiedCondition {
+/// A field with what is stated on it, as a saved filter holds it.
+struct SavedCondition {
   std::string dataField;
   QueryCondition condition;
 
-  friend bool operator==(const SpecifiedCondition&, const SpecifiedCondition&) = default;
+  friend bool operator==(const SavedCondition&, const SavedCondition&) = default;
 };
 
-/// The text under which a specification is kept: a line that tells the format,
+/// The text under which a filter is kept: a line that tells the format,
 /// then one a field with tabs between its name, operator and values. Never empty.
-std::string writeSpecification(const std::vector<SpecifiedCondition>& conditions);
+std::string writeFilter(const std::vector<SavedCondition>& conditions);
 /// And back; RuntimeError 5 for a text of another kind.
-std::vector<SpecifiedCondition> readSpecification(std::string_view text);
+std::vector<SavedCondition> readFilter(std::string_view text);
 
 }  // namespace kebu::controls

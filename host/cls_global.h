@@ -30,7 +30,7 @@ class ClsGlobal {
   virtual Ref<EnvironmentService> CreateEnvironment() = 0;
   virtual Ref<SqlDecodeService> CreateSqlDecode() = 0;
   virtual Ref<LookupService> CreateLookups() = 0;
-  virtual Ref<FilterSpecificationService> CreateFilterSpecifications() = 0;
+  virtual Ref<SavedFilterService> CreateSavedFilters() = 0;
   virtual Ref<LayoutModel> CreateLayoutModel() = 0;
   virtual Ref<ScriptModel> CreateScriptModel() = 0;
 };

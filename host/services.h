@@ -100,7 +100,7 @@ class LookupService : public Service {
 };
 
 /// The conditions that users save by name under a storage key.
-class FilterSpecificationService : public Service {
+class SavedFilterService : public Service {
  public:
   /// The stored text; empty when there is none.
   virtual Value Load(const std::string& key, const std::string& name) = 0;

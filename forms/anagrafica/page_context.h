@@ -25,7 +25,7 @@ class PageContext {
   Value company;
   Ref<host::SqlDecodeService> decodes;
   Ref<host::LookupService> lookups;
-  Ref<host::FilterSpecificationService> specifications;
+  Ref<host::SavedFilterService> savedFilters;
   /// False until the window's first activation is done.
   bool loaded = false;
 

@@ -64,7 +64,7 @@ void FilterEditor::prepare(Steps& step, const char* keySuffix) {
     const Ref<host::ClsGlobal> global = context_.services.host()->ClsGlobal();
     editor_.setStorageKey(global->ApplicationCode() + keySuffix);
     editor_.setSurroundings({toDecimal(context_.company), global->SessionId(), global->UserId(),
-                             global, context_.specifications, context_.connection});
+                             global, context_.savedFilters, context_.connection});
   });
   step([&] {
     for (const controls::QueryField& field : subject_.fields) editor_.addField(field);

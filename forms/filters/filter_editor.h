@@ -30,7 +30,7 @@ class FilterEditor {
   FilterEditor(PageContext& context, controls::QueryEditor& editor, const FilterSubject& subject);
 
   /// Hands the editor what it works with and declares its fields. It keeps its
-  /// specifications under the host application's code and `keySuffix`.
+  /// saved filters under the host application's code and `keySuffix`.
   void prepare(Steps& step, const char* keySuffix);
   std::string condition(Steps& step) { return subject_.condition(step, editor_); }
 

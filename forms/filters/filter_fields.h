@@ -38,7 +38,7 @@ inline constexpr controls::QueryField customerFields[] = {
     customerField(13, "Sottocategoria", "MG19_SOTTOCAT", true, true, false, 3),
     customerField(14, "Raggruppamento1", "MG19_RAGGRCF1", true, true, false, 3),
     customerField(15, "Raggruppamento2", "MG19_RAGGRCF2", true, true, false, 3),
-    // Spelled unlike the two before it; saved specifications go by this name.
+    // Spelled unlike the two before it; saved filters go by this name.
     customerField(16, "Raggruppamento3", "MG19_RAGGCRF3", true, true, false, 3),
 };
 

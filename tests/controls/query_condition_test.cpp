@@ -1,6 +1,6 @@
 #include "controls/query_condition.h"
 
-#include "controls/query_specification.h"
+#include "controls/saved_filter.h"
 #include "tests/controls/control_fixture.h"
 
 namespace kebu::controls {
@@ -129,18 +129,18 @@ TEST(QueryList, IsTypedWithSemicolonsAndQuotes) {
   }
 }
 
-TEST(QuerySpecification, ComesBackAsItWasWritten) {
-  const std::vector<SpecifiedCondition> conditions{
+TEST(SavedFilter, ComesBackAsItWasWritten) {
+  const std::vector<SavedCondition> conditions{
       {"A", {Op::Equal, {"x\ty\n\\n"}}},      {"B", {Op::Range, {"", "2"}}},
       {"C", {Op::Range, {"1", ""}}},          {"D", {Op::NotEmpty, {}}},
       {"E", {Op::OneOf, {"a", "b;c", "\r"}}},
   };
-  EXPECT_EQ(readSpecification(writeSpecification(conditions)), conditions);
-  EXPECT_FALSE(writeSpecification({}).empty()) << "an empty text tells that nothing is saved";
-  EXPECT_TRUE(readSpecification(writeSpecification({})).empty());
+  EXPECT_EQ(readFilter(writeFilter(conditions)), conditions);
+  EXPECT_FALSE(writeFilter({}).empty()) << "an empty text tells that nothing is saved";
+  EXPECT_TRUE(readFilter(writeFilter({})).empty());
   for (const char* text : {"", "x", "ENHQUERY 2\nA\t=\t1", "ENHQUERY 1\nA\tlike\t1",
                            "ENHQUERY 1\n\t=\t1", "ENHQUERY 1\nA"}) {
-    EXPECT_THROW(readSpecification(text), RuntimeError) << text;
+    EXPECT_THROW(readFilter(text), RuntimeError) << text;
   }
 }
 

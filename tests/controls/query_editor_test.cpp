@@ -9,7 +9,7 @@ namespace {
 
 using Op = QueryOperator;
 
-class MapStore : public host::FilterSpecificationService {
+class MapStore : public host::SavedFilterService {
  public:
   void Initialize(const Ref<host::Cinterface>&) override {}
   Value Load(const std::string& key, const std::string& name) override {
@@ -174,38 +174,38 @@ TEST_F(QueryEditorTest, LookupsEnterWhatWasChosen) {
   EXPECT_THROW(row(3).first.lookup(), GestureRefused);
 }
 
-TEST_F(QueryEditorTest, SpecificationsComeBackInAnotherEditor) {
-  EXPECT_FALSE(editor.loadSpecification("Filtro"));
+TEST_F(QueryEditorTest, SavedFiltersComeBackInAnotherEditor) {
+  EXPECT_FALSE(editor.loadFilter("Filtro"));
   row(0).op.choose("in");
   row(0).first.type("A; \"B;C\"");
   row(2).op.choose("between");
   row(2).second.type("5");
   row(3).op.choose("not-empty");
-  editor.saveSpecification("Filtro", true);
+  editor.saveFilter("Filtro", true);
   EXPECT_TRUE(store->lastIsDefault);
   changes.clear();
 
   QueryEditor other("OTHER", host);
   declare(other);
-  ASSERT_TRUE(other.loadSpecification("Filtro"));
+  ASSERT_TRUE(other.loadFilter("Filtro"));
   EXPECT_EQ(other.ComponiCondizione(), editor.ComponiCondizione());
   EXPECT_EQ(other.sentence(2), "compreso tra ... 5 (<5>)");
   EXPECT_TRUE(changes.empty()) << "the user changed nothing";
-  EXPECT_FALSE(other.loadSpecification("Altro"));
+  EXPECT_FALSE(other.loadFilter("Altro"));
   other.setStorageKey("KB_SELART");
-  EXPECT_FALSE(other.loadSpecification("Filtro"));
+  EXPECT_FALSE(other.loadFilter("Filtro"));
 }
 
-TEST_F(QueryEditorTest, AnUnreadableSpecificationChangesNothing) {
+TEST_F(QueryEditorTest, AnUnreadableFilterChangesNothing) {
   row(0).first.type("VER");
   for (const char* text : {"rubbish", "ENHQUERY 1\nGRP\t=\tX\nSTATO\t=\tx"}) {
     store->texts["KB_ART/Filtro"] = text;
-    EXPECT_THROW(editor.loadSpecification("Filtro"), RuntimeError) << text;
+    EXPECT_THROW(editor.loadFilter("Filtro"), RuntimeError) << text;
     EXPECT_EQ(editor.ComponiCondizione(), " AND (FAM = 'VER')");
   }
   // A field that another version of the window has.
   store->texts["KB_ART/Filtro"] = "ENHQUERY 1\nNUOVO\t=\t1\nNOME\t=\tx";
-  EXPECT_TRUE(editor.loadSpecification("Filtro"));
+  EXPECT_TRUE(editor.loadFilter("Filtro"));
   EXPECT_EQ(editor.ComponiCondizione(), " AND (NOME = 'x')");
 }
 

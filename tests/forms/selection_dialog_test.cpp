@@ -27,7 +27,7 @@ class SelectionDialogTest : public testing::Test {
     context.company = global->CompanyCode();
     context.decodes = global->CreateSqlDecode();
     context.lookups = global->CreateLookups();
-    context.specifications = global->CreateFilterSpecifications();
+    context.savedFilters = global->CreateSavedFilters();
   }
   ~SelectionDialogTest() override { workplace.close(); }
 
@@ -102,8 +102,8 @@ TEST_F(SelectionDialogTest, CancellingLeavesTheCallerAsItWas) {
 }
 
 TEST_F(SelectionDialogTest, NothingStatedIsAFilterTooAndNothingIsRemembered) {
-  context.specifications->Save("KB_ART", "Filtro articoli Tarvo",
-                               "ENHQUERY 1\nMG66_FAM_MG53\t=\tVER", true);
+  context.savedFilters->Save("KB_ART", "Filtro articoli Tarvo", "ENHQUERY 1\nMG66_FAM_MG53\t=\tVER",
+                             true);
   for (auto* const show : {VisualizzaFiltroArticoli, VisualizzaFiltroClienti}) {
     caller.isFilterObtained = false;
     workplace.inModalWindow = [&](controls::Form&) { hands().clickButton("CMD_OK"); };

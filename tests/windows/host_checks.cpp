@@ -90,7 +90,7 @@ void useServices(const Ref<host::ClsGlobal>& global, Story& story) {
   story.tell("documents", [&] { return describeList(lookups->DocumentTypes("1")); });
   story.tell("customers", [&] { return describeList(lookups->Customers("1")); });
 
-  const Ref<host::FilterSpecificationService> filters = global->CreateFilterSpecifications();
+  const Ref<host::SavedFilterService> filters = global->CreateSavedFilters();
   story.tell("load", [&] { return filters->Load("K", "mio"); });
   story.tell("save", [&] { filters->Save("K", "mio", "A = 'ù'", true); });
   story.tell("load", [&] { return filters->Load("K", "mio"); });
@@ -150,7 +150,7 @@ void absentServices() {
       windows::wrapClsGlobal(workbench::automate(Ref<host::ClsGlobal>(services)).get());
   expectThat(!global->Messages() && !global->CreateLog() && !global->CreateConnectionProvider() &&
                  !global->CreateEnvironment() && !global->CreateSqlDecode() &&
-                 !global->CreateLookups() && !global->CreateFilterSpecifications() &&
+                 !global->CreateLookups() && !global->CreateSavedFilters() &&
                  !global->CreateLayoutModel() && !global->CreateScriptModel(),
              "services that the host does not offer are absent");
 }

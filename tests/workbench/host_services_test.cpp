@@ -7,10 +7,10 @@
 #include "workbench/company_file.h"
 #include "workbench/engine/session.h"
 #include "workbench/host/error_log.h"
-#include "workbench/host/filter_specifications.h"
 #include "workbench/host/lookups.h"
 #include "workbench/host/messages.h"
 #include "workbench/host/object_models.h"
+#include "workbench/host/saved_filters.h"
 #include "workbench/host/sql_decodes.h"
 
 namespace kebu::workbench {
@@ -61,8 +61,8 @@ TEST(ErrorLog, ShowsAllThatIsKnownOfTheError) {
   EXPECT_EQ(user.boxes[1].text, "Errore n. 13 in CDecN\r\nType mismatch\r\nOrigine: KEBU");
 }
 
-TEST(FilterSpecifications, KeepsTheLastTextOfEachName) {
-  FilterSpecifications filters;
+TEST(SavedFilters, KeepsTheLastTextOfEachName) {
+  SavedFilters filters;
   EXPECT_TRUE(filters.Load("ENHQUERY_CLI", "Filtro clienti").isEmpty());
   filters.Save("ENHQUERY_CLI", "Filtro clienti", "a", true);
   filters.Save("ENHQUERY_CLI", "Filtro clienti", "b", true);

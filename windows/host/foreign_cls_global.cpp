@@ -62,8 +62,8 @@ Ref<host::LookupService> ForeignClsGlobal::CreateLookups() {
   return service<ForeignLookupService>(L"CreateLookups");
 }
 
-Ref<host::FilterSpecificationService> ForeignClsGlobal::CreateFilterSpecifications() {
-  return service<ForeignFilterSpecificationService>(L"CreateFilterSpecifications");
+Ref<host::SavedFilterService> ForeignClsGlobal::CreateSavedFilters() {
+  return service<ForeignSavedFilterService>(L"CreateSavedFilters");
 }
 
 Ref<host::LayoutModel> ForeignClsGlobal::CreateLayoutModel() {

@@ -29,7 +29,7 @@ class ForeignClsGlobal : public host::ClsGlobal, public Foreign {
   Ref<host::EnvironmentService> CreateEnvironment() override;
   Ref<host::SqlDecodeService> CreateSqlDecode() override;
   Ref<host::LookupService> CreateLookups() override;
-  Ref<host::FilterSpecificationService> CreateFilterSpecifications() override;
+  Ref<host::SavedFilterService> CreateSavedFilters() override;
   Ref<host::LayoutModel> CreateLayoutModel() override;
   Ref<host::ScriptModel> CreateScriptModel() override;
 

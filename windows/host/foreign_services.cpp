@@ -109,12 +109,12 @@ host::LookupDefinition ForeignLookupService::Codes(const std::string& table,
   return definition(object_.get(L"Codes", withKeys(table, company, upperKeys)));
 }
 
-Value ForeignFilterSpecificationService::Load(const std::string& key, const std::string& name) {
+Value ForeignSavedFilterService::Load(const std::string& key, const std::string& name) {
   return object_.value(L"Load", {key, name});
 }
 
-void ForeignFilterSpecificationService::Save(const std::string& key, const std::string& name,
-                                             const std::string& text, bool isDefault) {
+void ForeignSavedFilterService::Save(const std::string& key, const std::string& name,
+                                     const std::string& text, bool isDefault) {
   object_.call(L"Save", {key, name, text, isDefault});
 }
 

@@ -85,7 +85,7 @@ class ForeignLookupService : public ForeignService<host::LookupService> {
                                const std::vector<std::string>& upperKeys) override;
 };
 
-class ForeignFilterSpecificationService : public ForeignService<host::FilterSpecificationService> {
+class ForeignSavedFilterService : public ForeignService<host::SavedFilterService> {
  public:
   using ForeignService::ForeignService;
 

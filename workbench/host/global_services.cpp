@@ -14,7 +14,7 @@ GlobalServices::GlobalServices(const HostSurroundings& surroundings)
       company_(surroundings.company),
       journal_(surroundings.journal),
       messages_(makeRef<workbench::Messages>(surroundings.user, surroundings.translations)),
-      filters_(makeRef<FilterSpecifications>()) {}
+      filters_(makeRef<SavedFilters>()) {}
 
 const std::set<std::string, std::less<>>& GlobalServices::serviceNames() {
   static const std::set<std::string, std::less<>> names{"connections", "decodes",  "environment",
@@ -64,7 +64,7 @@ Ref<host::LookupService> GlobalServices::CreateLookups() {
   return makeRef<Lookups>();
 }
 
-Ref<host::FilterSpecificationService> GlobalServices::CreateFilterSpecifications() {
+Ref<host::SavedFilterService> GlobalServices::CreateSavedFilters() {
   if (!offers("filters")) return nullptr;
   return filters_;
 }

@@ -8,8 +8,8 @@
 
 #include "host/cls_global.h"
 #include "workbench/host/connections.h"
-#include "workbench/host/filter_specifications.h"
 #include "workbench/host/messages.h"
+#include "workbench/host/saved_filters.h"
 #include "workbench/host/user.h"
 
 namespace kebu::workbench {
@@ -49,7 +49,7 @@ class GlobalServices : public host::ClsGlobal {
   Ref<host::EnvironmentService> CreateEnvironment() override;
   Ref<host::SqlDecodeService> CreateSqlDecode() override;
   Ref<host::LookupService> CreateLookups() override;
-  Ref<host::FilterSpecificationService> CreateFilterSpecifications() override;
+  Ref<host::SavedFilterService> CreateSavedFilters() override;
   Ref<host::LayoutModel> CreateLayoutModel() override;
   Ref<host::ScriptModel> CreateScriptModel() override;
 
@@ -62,7 +62,7 @@ class GlobalServices : public host::ClsGlobal {
   std::int32_t company_;
   std::function<void(const std::string&)> journal_;
   Ref<workbench::Messages> messages_;
-  Ref<FilterSpecifications> filters_;
+  Ref<SavedFilters> filters_;
   std::set<std::string, std::less<>> withheld_;
   std::set<std::string, std::less<>> refused_;
 };

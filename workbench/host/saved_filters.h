@@ -9,7 +9,7 @@
 namespace kebu::workbench {
 
 /// Saved conditions; they last as long as the workbench runs.
-class FilterSpecifications : public host::FilterSpecificationService {
+class SavedFilters : public host::SavedFilterService {
  public:
   void Initialize(const Ref<host::Cinterface>& /*host*/) override {}
   Value Load(const std::string& key, const std::string& name) override;

@@ -111,12 +111,12 @@ constexpr Member<host::LookupService> lookupMembers[] = {
      }},
 };
 
-constexpr Member<host::FilterSpecificationService> filterMembers[] = {
-    {L"Initialize", initialize<host::FilterSpecificationService>},
-    {L"Load", [](host::FilterSpecificationService& s,
+constexpr Member<host::SavedFilterService> filterMembers[] = {
+    {L"Initialize", initialize<host::SavedFilterService>},
+    {L"Load", [](host::SavedFilterService& s,
                  Argument a) { return toVariant(s.Load(a.text(0), a.text(1))); }},
     {L"Save",
-     [](host::FilterSpecificationService& s, Argument a) {
+     [](host::SavedFilterService& s, Argument a) {
        s.Save(a.text(0), a.text(1), a.text(2), a.flag(3));
        return nothing();
      }},
@@ -178,8 +178,7 @@ constexpr Member<host::ClsGlobal> globalMembers[] = {
     {L"CreateEnvironment", service<&host::ClsGlobal::CreateEnvironment, environmentMembers>},
     {L"CreateSqlDecode", service<&host::ClsGlobal::CreateSqlDecode, decodeMembers>},
     {L"CreateLookups", service<&host::ClsGlobal::CreateLookups, lookupMembers>},
-    {L"CreateFilterSpecifications",
-     service<&host::ClsGlobal::CreateFilterSpecifications, filterMembers>},
+    {L"CreateSavedFilters", service<&host::ClsGlobal::CreateSavedFilters, filterMembers>},
     {L"CreateLayoutModel", service<&host::ClsGlobal::CreateLayoutModel, layoutMembers>},
     {L"CreateScriptModel", service<&host::ClsGlobal::CreateScriptModel, scriptMembers>},
 };

@@ -12,7 +12,7 @@ struct FilterPages::Filter {
   controls::QueryEditor& editor;
   FilterEditor& filter;
   const char* keySuffix;
-  const char* specification;
+  const char* savedName;
   const char* column;
   std::function<std::string()> condition;
 };
@@ -58,9 +58,9 @@ void FilterPages::ImpostaEnQuery() {
 
 void FilterPages::prepare(Steps& step, const Filter& filter) {
   filter.filter.prepare(step, filter.keySuffix);
-  const auto load = [&] { return filter.editor.loadSpecification(filter.specification); };
+  const auto load = [&] { return filter.editor.loadFilter(filter.savedName); };
   if (step(load)) return;
-  step([&] { filter.editor.saveSpecification(filter.specification, true); });
+  step([&] { filter.editor.saveFilter(filter.savedName, true); });
   step(load);
 }
 
@@ -85,7 +85,7 @@ void FilterPages::storeConditions(Steps& step, controls::RecordFrame& parameters
 }
 
 void FilterPages::store(Steps& step, const Filter& filter, controls::RecordFrame& parameters) {
-  step([&] { filter.editor.saveSpecification(filter.specification, true); });
+  step([&] { filter.editor.saveFilter(filter.savedName, true); });
   const std::string condition = filter.condition();
   step([&] {
     // Trailing blanks alone are no difference.
@@ -97,7 +97,7 @@ void FilterPages::store(Steps& step, const Filter& filter, controls::RecordFrame
 void FilterPages::reload() {
   trap(context_.services, "ImpostaEnQuery", [&](Steps& step) {
     for (const Filter& filter : {customers(), articles()}) {
-      step([&] { static_cast<void>(filter.editor.loadSpecification(filter.specification)); });
+      step([&] { static_cast<void>(filter.editor.loadFilter(filter.savedName)); });
     }
   });
 }

@@ -20,16 +20,16 @@ class FilterPages {
   controls::QueryEditor ENHQUERY_ART;
 
   void place(controls::GroupBox& customers, controls::GroupBox& articles);
-  /// Prepares both editors with their saved specifications.
+  /// Prepares both editors with their saved filters.
   void ImpostaEnQuery();
   /// The conditions as the synchronisation appends them; "" for no restriction.
   std::string StringaLimitiClienti();
   std::string StringaLimitiArticoli();
-  /// A step of the profile's save: keeps both specifications and writes the
+  /// A step of the profile's save: saves both filters and writes the
   /// conditions that differ into the parameter row. Cancels on a range that
   /// stands the wrong way round.
   void storeConditions(Steps& step, controls::RecordFrame& parameters, bool& cancel);
-  /// Shows the saved specifications again.
+  /// Shows the saved filters again.
   void reload();
   void release();
 

@@ -189,19 +189,18 @@ void FRMKB_ANAGRAFICA::createHostServices(Steps& step) {
   };
   create(sqlDecode_, [](host::ClsGlobal& global) { return global.CreateSqlDecode(); });
   create(lookups_, [](host::ClsGlobal& global) { return global.CreateLookups(); });
-  create(filterSpecifications_,
-         [](host::ClsGlobal& global) { return global.CreateFilterSpecifications(); });
+  create(savedFilters_, [](host::ClsGlobal& global) { return global.CreateSavedFilters(); });
   create(environment_, [](host::ClsGlobal& global) { return global.CreateEnvironment(); });
   create(layoutModel_, [](host::ClsGlobal& global) { return global.CreateLayoutModel(); });
   create(scriptModel_, [](host::ClsGlobal& global) { return global.CreateScriptModel(); });
   for (const Ref<host::Service>& service :
        {Ref<host::Service>(sqlDecode_), Ref<host::Service>(lookups_),
-        Ref<host::Service>(filterSpecifications_), Ref<host::Service>(environment_)}) {
+        Ref<host::Service>(savedFilters_), Ref<host::Service>(environment_)}) {
     step([&] { service->Initialize(host()); });
   }
   context_.decodes = sqlDecode_;
   context_.lookups = lookups_;
-  context_.specifications = filterSpecifications_;
+  context_.savedFilters = savedFilters_;
   synchronisation_.setEnvironment(environment_);
 }
 
@@ -275,14 +274,11 @@ void FRMKB_ANAGRAFICA::VisualizzaVista(std::int32_t number) {
     const auto* view = std::find_if(std::begin(views), std::end(views),
                                     [&](const View& v) { return v.number == number; });
     const bool isKnown = view != std::end(views);
-    if (isKnown && view->preview != PreviewKind::None) {
-      // The page of before stays until there is something to show, or for good.
-      if (!preview_.load(view->preview)) return;
-      NascondiViste();
-    } else {
-      NascondiViste();
-      preview_.release();
-    }
+    const bool isPreview = isKnown && view->preview != PreviewKind::None;
+    // The page of before stays until there is something to show, or for good.
+    if (isPreview && !preview_.load(view->preview)) return;
+    NascondiViste();
+    if (!isPreview) preview_.release();
     if (isKnown) {
       step([&] { show(view->group); });
       step([&] { show(view->navigatorBar); });
@@ -353,14 +349,14 @@ void FRMKB_ANAGRAFICA::Form_Unload() {
 void FRMKB_ANAGRAFICA::releaseHostObjects() {
   context_.decodes.reset();
   context_.lookups.reset();
-  context_.specifications.reset();
+  context_.savedFilters.reset();
   filters_.release();
   synchronisation_.setEnvironment(nullptr);
   categories_.close();
   preview_.release();
   sqlDecode_.reset();
   lookups_.reset();
-  filterSpecifications_.reset();
+  savedFilters_.reset();
   environment_.reset();
   priceLists_.QGRID_LISTINI.setDataSource(nullptr);
   deposits_.QGRID_DEP.setDataSource(nullptr);

@@ -107,7 +107,7 @@ class FRMKB_ANAGRAFICA : public controls::Form {
   // The host's service objects.
   Ref<host::SqlDecodeService> sqlDecode_;
   Ref<host::LookupService> lookups_;
-  Ref<host::FilterSpecificationService> filterSpecifications_;
+  Ref<host::SavedFilterService> savedFilters_;
   Ref<host::EnvironmentService> environment_;
   Ref<host::LayoutModel> layoutModel_;
   Ref<host::ScriptModel> scriptModel_;
