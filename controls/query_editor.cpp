@@ -147,7 +147,7 @@ const QueryEditor::Row& QueryEditor::get(std::string_view dataField) const {
 
 QueryCondition QueryEditor::conditionOf(const Row& row) const {
   QueryCondition stated;
-  stated.op = row.chosen();
+  stated.op = row.shown;
   if (stated.op == QueryOperator::OneOf) {
     stated.values = splitList(row.first.text());
   } else if (stated.op == QueryOperator::Range) {
@@ -253,7 +253,7 @@ void QueryEditor::operatorChosen(Row& row) {
 }
 
 void QueryEditor::checkValue(Row& row, const std::string& text, bool& cancel) {
-  const bool isList = row.chosen() == QueryOperator::OneOf;
+  const bool isList = row.shown == QueryOperator::OneOf;
   const std::vector<std::string> values =
       isList ? splitList(text) : std::vector<std::string>{trimRight(text)};
   for (const std::string& value : values) {
@@ -271,7 +271,7 @@ void QueryEditor::checkValue(Row& row, const std::string& text, bool& cancel) {
 }
 
 void QueryEditor::valueEntered(Row& row) {
-  if (row.chosen() == QueryOperator::Any) {
+  if (row.shown == QueryOperator::Any) {
     row.op.select(std::string(traitsOf(QueryOperator::Equal).code));
     show(row);
   }
@@ -325,7 +325,7 @@ void QueryEditor::count() {
 
 void QueryEditor::decode(const Row& row, RangeEnd end, const std::string& value,
                          std::string& description) {
-  if (!takesCodes(row.chosen())) return;
+  if (!takesCodes(row.shown)) return;
   StartDecode.raise({std::string(row.field.caption), value, end}, description);
 }
 
@@ -344,7 +344,7 @@ void QueryEditor::lookUp(Row& row, RangeEnd end) {
   StartLookup.raise(request, chosen);
   if (!chosen) return;
   CloseLookup.raise(request, *chosen);
-  if (row.chosen() != QueryOperator::OneOf) {
+  if (row.shown != QueryOperator::OneOf) {
     box.enter(*chosen);
     return;
   }

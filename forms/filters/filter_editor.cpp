@@ -17,7 +17,7 @@ std::string customerCondition(Steps& step, controls::QueryEditor& editor) {
 
 std::string articleCondition(Steps& step, controls::QueryEditor& editor) {
   // The whole text is read and not used: only the items tell which table each belongs to.
-  static_cast<void>(step([&] { return editor.ComponiCondizione(); }));
+  static_cast<void>(step([&] { return editor.composedText().text(); }));
   std::string condition;
   for (const auto& item : step([&] { return editor.items(); })) {
     if (!item.Condizione.empty())

@@ -234,6 +234,14 @@ bool isCustomersStep(const PriceRow& row) {
          row.code("_CODICE_CG08") == "EURO";
 }
 
+Cells customerArticleCells(const Group& g) {
+  const PriceRow& r = *g.front();
+  return {{"GM61_CODCLIENTE", r.text("_CLIFOR_CG44")},
+          {"GM61_DESC1", articleOf(r)},
+          {"GM61_CODART_MG66", r.text("_CODART_MG66")},
+          {"GM61_OPZIONE_MG5E", r.text("_OPZIONE_MG5E")}};
+}
+
 PriceList customerSteps() {
   return {"Lis. Cli./Art./Scagl. qtà",
           "Lis. Cli./Art./Scagl. qtà",
@@ -241,13 +249,7 @@ PriceList customerSteps() {
           "LI15_LISTARTCFQTA",
           [](const PriceRow& r) { return isCustomersStep(r) && r.is("_FLGLIST", 1); },
           {"_CLIFOR_CG44", "_CODART_MG66", "_OPZIONE_MG5E"},
-          [](const Group& g) -> Cells {
-            const PriceRow& r = *g.front();
-            return {{"GM61_CODCLIENTE", r.text("_CLIFOR_CG44")},
-                    {"GM61_DESC1", articleOf(r)},
-                    {"GM61_CODART_MG66", r.text("_CODART_MG66")},
-                    {"GM61_OPZIONE_MG5E", r.text("_OPZIONE_MG5E")}};
-          }};
+          customerArticleCells};
 }
 
 PriceList customerFamilySteps(engine::Session& session, const std::string& company) {
@@ -295,13 +297,7 @@ PriceList customerArticles() {
           "LI16_LISTARTCF",
           [](const PriceRow& r) { return r.is("_TIPOCF_CG44", 0) && r.is("_FLGLIST", 1); },
           {"_CLIFOR_CG44", "_CODART_MG66", "_OPZIONE_MG5E"},
-          [](const Group& g) -> Cells {
-            const PriceRow& r = *g.front();
-            return {{"GM61_CODCLIENTE", r.text("_CLIFOR_CG44")},
-                    {"GM61_DESC1", articleOf(r)},
-                    {"GM61_CODART_MG66", r.text("_CODART_MG66")},
-                    {"GM61_OPZIONE_MG5E", r.text("_OPZIONE_MG5E")}};
-          }};
+          customerArticleCells};
 }
 
 PriceList customerFamilies() {

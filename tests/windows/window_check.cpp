@@ -1,7 +1,7 @@
 // The plug-in's window as a host opens, tells and closes it, and what is left of
 // it afterwards.
 //
-//   window_check PATH\KEBU_ANAGKELMORIA.dll
+//   window_check PATH\KEBU_ANAGKELMORIA.dll [OPENINGS]
 #include <windows.h>
 // After windows.h, which they build on.
 #include <objbase.h>
