@@ -5,6 +5,7 @@
 
 #include "ado/library.h"
 #include "controls/record_frame.h"
+#include "forms/painted_meanwhile.h"
 #include "forms/runtime.h"
 #include "forms/services.h"
 #include "host/services.h"
@@ -43,6 +44,8 @@ class PageContext {
                                    ado::CursorType cursor = ado::CursorType::Static) const;
   /// A client recordset on the window's connection whose rows are only looked at.
   Ref<ado::Recordset> openReadable(const std::string& statement) const;
+  /// As long as the answer lives, the window is painted while statements run that take long.
+  PaintedMeanwhile paintedMeanwhile() const { return {connection, runtime_.desktop}; }
   /// The day by the user's clock.
   Date today() const { return Date::fromDayNumber(runtime_.platform.now().dayNumber()); }
   /// The first row's value of `column`, through NVL and RTrimN; "" without a row.

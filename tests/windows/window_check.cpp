@@ -7,7 +7,10 @@
 #include <objbase.h>
 
 #include <algorithm>
+#include <atomic>
+#include <chrono>
 #include <functional>
+#include <future>
 #include <iostream>
 #include <memory>
 #include <utility>
@@ -107,6 +110,64 @@ void checkModal(const workbench::PluginLibrary& library) {
              "a modal ShowForm returns when the window is closed");
 }
 
+/// A database that takes long over the discount rules' working tables.
+class SlowRules : public engine::StatementObserver {
+ public:
+  static constexpr DWORD delay = 1500;
+
+  void before(const std::string& text, bool /*edit*/) override {
+    if (text.find("SELECT") == std::string::npos || text.find("##temp") == std::string::npos ||
+        text.find("GM61_") == std::string::npos) {
+      return;
+    }
+    ++times;
+    Sleep(delay);
+  }
+  void after(const std::string& /*text*/, bool /*edit*/, std::int64_t /*rows*/,
+             const RuntimeError* /*error*/) override {}
+
+  std::atomic<int> times = 0;
+};
+
+/// The longest time in milliseconds for which a window gave no answer to another thread.
+ULONGLONG longestSilence(HWND window, const std::function<void()>& during) {
+  std::atomic<bool> over = false;
+  auto onlooker = std::async(std::launch::async, [&] {
+    ULONGLONG longest = 0;
+    while (!over) {
+      const ULONGLONG asked = GetTickCount64();
+      SendMessageW(window, WM_NULL, 0, 0);
+      longest = std::max(longest, GetTickCount64() - asked);
+      Sleep(1);
+    }
+    return longest;
+  });
+  during();
+  over = true;
+  // Its last question may still wait for the answer.
+  while (onlooker.wait_for(std::chrono::milliseconds(1)) != std::future_status::ready) {
+    pumpWaiting();
+  }
+  return onlooker.get();
+}
+
+void checkBusy(const workbench::PluginLibrary& library) {
+  SlowRules slow;
+  DllHost host(library, &slow);
+  host->open();
+  openPage(shownForm(), "12");
+  const auto lists = WindowReader(shownForm()).control("CMB_LISTINISCONTO");
+  const ULONGLONG silence = longestSilence(shownForm(), [&] {
+    workbench::takeFromList(lists.window, 1);
+    pumpWaiting();
+  });
+  std::cout << "    " << slow.times << " slow statements, " << silence << " ms without an answer"
+            << std::endl;
+  expectThat(slow.times >= 2 && silence < SlowRules::delay / 3,
+             "the window answers while the database is at work");
+  host->close();
+}
+
 BOOL CALLBACK countStatic(HWND window, LPARAM count) {
   wchar_t name[16] = {};
   GetClassNameW(window, name, 16);
@@ -159,7 +220,10 @@ void run(const std::string& path) {
   const workbench::Apartment apartment;
   // Each with the library loaded anew: it leaves nothing behind that the next one stumbles over.
   const std::pair<const char*, void (*)(const workbench::PluginLibrary&)> parts[] = {
-      {"modeless", checkModeless}, {"modal", checkModal}, {"again and again", checkResources}};
+      {"modeless", checkModeless},
+      {"modal", checkModal},
+      {"busy", checkBusy},
+      {"again and again", checkResources}};
   for (const auto& [name, carryOut] : parts) {
     std::cout << name << std::endl;
     {

@@ -1,9 +1,12 @@
 #include "windows/ado/ado_connection.h"
 
+#include <utility>
+
 #include "windows/ado/ado_constants.h"
 #include "windows/ado/ado_objects.h"
 #include "windows/ado/error_collection.h"
 #include "windows/ado/results.h"
+#include "windows/ado/waiting.h"
 
 namespace kebu::windows {
 
@@ -28,8 +31,17 @@ bool AdoConnection::isOpen() const {
 }
 
 Ref<ado::Recordset> AdoConnection::Execute(const std::string& text) {
-  const Dispatch first = object_.get(L"Execute", {text, Variant::missing(), commandIsText});
+  const std::int32_t options = commandIsText | (meanwhile_ ? executeAsynchronously : 0);
+  const Dispatch first = object_.get(L"Execute", {text, Variant::missing(), options});
+  if (meanwhile_) {
+    await(object_, meanwhile_);
+    await(first, meanwhile_);
+  }
   return wrapRecordset(firstWithRows(first).object().get());
+}
+
+void AdoConnection::whileExecuting(std::function<void()> meanwhile) {
+  meanwhile_ = std::move(meanwhile);
 }
 
 ado::Errors AdoConnection::errors() const {

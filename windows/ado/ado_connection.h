@@ -1,5 +1,6 @@
 #pragma once
 
+#include <functional>
 #include <string>
 
 #include "ado/connection.h"
@@ -19,7 +20,14 @@ class AdoConnection : public ado::Connection, public Foreign {
   void Close() override;
   bool isOpen() const override;
   Ref<ado::Recordset> Execute(const std::string& text) override;
+  void whileExecuting(std::function<void()> meanwhile) override;
   ado::Errors errors() const override;
+
+  /// What to do while a statement runs; empty to do nothing but wait.
+  const std::function<void()>& meanwhile() const { return meanwhile_; }
+
+ private:
+  std::function<void()> meanwhile_;
 };
 
 }  // namespace kebu::windows

@@ -20,15 +20,22 @@ inline constexpr CLSID recordsetClass = adoClass(0x535);
 
 inline constexpr std::int32_t commandIsText = 1;
 inline constexpr std::int32_t commandIsStoredProcedure = 4;
+inline constexpr std::int32_t executeAsynchronously = 0x10;
+inline constexpr std::int32_t fetchAsynchronously = 0x20;
 inline constexpr std::int32_t filterNone = 0;
 inline constexpr std::int32_t filterPendingRecords = 1;
 /// All rows, also those that a filter hides.
 inline constexpr std::int32_t affectAllChapters = 4;
 
+// Pieces of an object's state.
+inline constexpr std::int32_t stateClosed = 0;
+inline constexpr std::int32_t stateOpen = 1;
+inline constexpr std::int32_t stateExecuting = 4;
+inline constexpr std::int32_t stateFetching = 8;
+
 /// Whether an object of ADO's is open, whatever else it is doing.
 inline bool isStateOpen(const Dispatch& object) {
-  constexpr std::int32_t open = 1;
-  return (object.number(L"State") & open) != 0;
+  return (object.number(L"State") & stateOpen) != 0;
 }
 
 }  // namespace kebu::windows

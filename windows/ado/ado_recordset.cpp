@@ -4,9 +4,11 @@
 #include <iterator>
 #include <utility>
 
+#include "windows/ado/ado_connection.h"
 #include "windows/ado/ado_constants.h"
 #include "windows/ado/ado_objects.h"
 #include "windows/ado/results.h"
+#include "windows/ado/waiting.h"
 #include "windows/support/safe_array.h"
 #include "windows/support/values.h"
 
@@ -27,8 +29,13 @@ void AdoRecordset::setCursorLocation(ado::CursorLocation location) {
 
 void AdoRecordset::Open(const std::string& source, const Ref<ado::Connection>& connection,
                         ado::CursorType cursorType, ado::LockType lockType) {
+  const auto* const by = dynamic_cast<const AdoConnection*>(connection.get());
+  const bool waits = by && by->meanwhile();
+  const std::int32_t options =
+      commandIsText | (waits ? executeAsynchronously | fetchAsynchronously : 0);
   object_.call(L"Open", {source, unwrap(connection), static_cast<std::int32_t>(cursorType),
-                         static_cast<std::int32_t>(lockType), commandIsText});
+                         static_cast<std::int32_t>(lockType), options});
+  if (waits) await(object_, by->meanwhile());
   fields_.forget();
   dropAhead();
   object_ = firstWithRows(object_);

@@ -116,6 +116,12 @@ void Win32Desktop::pump(const std::function<bool()>& done) {
 
 void Win32Desktop::repaint() {
   for (const auto& [form, shown] : shown_) shown->window->paintNow();
+  // The thread's other windows too, the host's among them. To ask for messages is also how a
+  // program shows that it is alive; a window that never has enough of painting ends nothing.
+  MSG message{};
+  for (int i = 0; i < 64 && PeekMessageW(&message, nullptr, WM_PAINT, WM_PAINT, PM_REMOVE); ++i) {
+    DispatchMessageW(&message);
+  }
 }
 
 }  // namespace kebu::windows

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <functional>
 #include <memory>
 #include <string>
 #include <vector>
@@ -22,6 +23,8 @@ class AdoConnection : public ado::Connection, public std::enable_shared_from_thi
   void Close() override;
   bool isOpen() const override { return session_ != nullptr; }
   Ref<ado::Recordset> Execute(const std::string& text) override;
+  /// Never calls it: a statement runs on the caller's own thread.
+  void whileExecuting(std::function<void()> /*meanwhile*/) override {}
   ado::Errors errors() const override { return errors_; }
 
   /// Runs a text that the program handed over; the observer hears of it.

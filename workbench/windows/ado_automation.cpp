@@ -1,10 +1,14 @@
 #include "workbench/windows/ado_automation.h"
 
 #include <algorithm>
+#include <chrono>
+#include <functional>
+#include <future>
 #include <utility>
 #include <vector>
 
 #include "common/convert.h"
+#include "windows/ado/ado_constants.h"
 #include "windows/ado/error_collection.h"
 #include "windows/support/automation.h"
 #include "windows/support/identity.h"
@@ -16,9 +20,6 @@ namespace kebu::workbench {
 using namespace windows;
 
 namespace {
-
-constexpr std::int32_t stateClosed = 0;
-constexpr std::int32_t stateOpen = 1;
 
 Variant object(const ComPtr<IDispatch>& reference) {
   return Variant(reference);
@@ -32,6 +33,9 @@ Variant nothing() {
 /// What ADO's recordset keeps besides its rows.
 struct RecordsetState {
   Ref<ado::Recordset> rows;
+  /// The rows of a statement that runs on a thread of its own; until they are there
+  /// the recordset is closed.
+  std::future<Ref<ado::Recordset>> coming;
   ComPtr<IDispatch> connection;
   std::string source;
   ado::CursorLocation location = ado::CursorLocation::Server;
@@ -39,7 +43,47 @@ struct RecordsetState {
   ado::LockType lockType = ado::LockType::ReadOnly;
 
   engine::AdoRecordset& own() const { return dynamic_cast<engine::AdoRecordset&>(*rows); }
+  bool isExecuting() const {
+    return coming.valid() && coming.wait_for(std::chrono::seconds(0)) != std::future_status::ready;
+  }
+  /// As ADO has it, the error of what ran beside is raised the first time that this is asked.
+  std::int32_t state() {
+    if (isExecuting()) return stateExecuting;
+    if (coming.valid()) rows = coming.get();
+    return rows->isOpen() ? stateOpen : stateClosed;
+  }
 };
+
+/// A connection, and what is running on it.
+struct ConnectionState {
+  Ref<ado::Connection> connection;
+  std::weak_ptr<const RecordsetState> last;
+
+  bool isExecuting() const {
+    const auto recordset = last.lock();
+    return recordset && recordset->isExecuting();
+  }
+  ado::Connection& idle() const {
+    constexpr std::int32_t stillExecuting = 3711;
+    if (isExecuting()) {
+      throw RuntimeError(stillExecuting,
+                         "Operation cannot be performed while executing asynchronously.", "ADODB");
+    }
+    return *connection;
+  }
+};
+
+/// Whether ADO's options say that a statement is to run beside the caller.
+bool isAsynchronous(const Arguments& arguments, std::size_t at) {
+  return (arguments.number(at, 0) & executeAsynchronously) != 0;
+}
+
+/// Has `work` done beside the caller; its rows become those of the recordset.
+void runBeside(const std::shared_ptr<RecordsetState>& recordset, ConnectionState& connection,
+               std::function<Ref<ado::Recordset>()> work) {
+  recordset->coming = std::async(std::launch::async, std::move(work));
+  connection.last = recordset;
+}
 
 using Argument = const Arguments&;
 
@@ -168,15 +212,29 @@ Variant getRows(RecordsetState& recordset, Argument arguments) {
 
 ComPtr<IDispatch> automateState(const std::shared_ptr<RecordsetState>& state);
 
-void openRecordset(RecordsetState& recordset, Argument arguments) {
+void openRecordset(const std::shared_ptr<RecordsetState>& state, Argument arguments) {
+  RecordsetState& recordset = *state;
   if (arguments.has(0)) recordset.source = arguments.text(0);
   if (arguments.has(1)) recordset.connection = arguments.object(1);
   recordset.cursorType = static_cast<ado::CursorType>(
       arguments.number(2, static_cast<std::int32_t>(recordset.cursorType)));
   recordset.lockType = static_cast<ado::LockType>(
       arguments.number(3, static_cast<std::int32_t>(recordset.lockType)));
-  recordset.rows->Open(recordset.source, connectionBehind(recordset.connection),
-                       recordset.cursorType, recordset.lockType);
+  const auto on = subjectOf<ConnectionState>(recordset.connection);
+  const Ref<ado::Connection> connection = connectionBehind(recordset.connection);
+  if (!on || !isAsynchronous(arguments, 4)) {
+    recordset.rows->Open(recordset.source, connection, recordset.cursorType, recordset.lockType);
+    return;
+  }
+  if (recordset.rows->isOpen()) throw engine::adoerror::open();
+  runBeside(state, *on,
+            [connection, source = recordset.source, location = recordset.location,
+             cursor = recordset.cursorType, lock = recordset.lockType] {
+              Ref<ado::Recordset> rows = makeRef<engine::AdoRecordset>();
+              rows->setCursorLocation(location);
+              rows->Open(source, connection, cursor, lock);
+              return rows;
+            });
 }
 
 void setFilter(RecordsetState& recordset, Argument arguments) {
@@ -201,8 +259,13 @@ Variant doing(RecordsetState& recordset, Argument /*arguments*/) {
 }
 
 std::shared_ptr<RecordsetState> cloneOf(const RecordsetState& recordset) {
-  auto clone = std::make_shared<RecordsetState>(recordset);
+  auto clone = std::make_shared<RecordsetState>();
   clone->rows = recordset.rows->Clone();
+  clone->connection = recordset.connection;
+  clone->source = recordset.source;
+  clone->location = recordset.location;
+  clone->cursorType = recordset.cursorType;
+  clone->lockType = recordset.lockType;
   return clone;
 }
 
@@ -254,12 +317,11 @@ constexpr Member<RecordsetObject> recordsetMembers[] = {
      [](RecordsetObject& r, Argument arguments) { r.state->connection = arguments.object(0); }},
     {L"Open",
      [](RecordsetObject& r, Argument arguments) {
-       openRecordset(*r.state, arguments);
+       openRecordset(r.state, arguments);
        return nothing();
      }},
     {L"Close", on<doing<&ado::Recordset::Close>>},
-    {L"State", [](RecordsetObject& r,
-                  Argument) { return Variant(r.state->rows->isOpen() ? stateOpen : stateClosed); }},
+    {L"State", [](RecordsetObject& r, Argument) { return Variant(r.state->state()); }},
     // The engine keeps the first result only.
     {L"NextRecordset", [](RecordsetObject&, Argument) { return object(nullptr); }},
     {L"Requery", on<doing<&ado::Recordset::Requery>>},
@@ -306,27 +368,41 @@ ComPtr<IDispatch> automateState(const std::shared_ptr<RecordsetState>& state) {
 
 // ---- connection
 
-constexpr Member<ado::Connection> connectionMembers[] = {
+Variant execute(ConnectionState& state, Argument arguments) {
+  ado::Connection& connection = state.idle();
+  const std::string text = arguments.text(0);
+  if (!isAsynchronous(arguments, 2)) return object(automate(connection.Execute(text)));
+  auto result = std::make_shared<RecordsetState>();
+  result->rows = makeRef<engine::AdoRecordset>();
+  runBeside(result, state, [on = state.connection, text] { return on->Execute(text); });
+  return object(automateState(result));
+}
+
+constexpr Member<ConnectionState> connectionMembers[] = {
     {L"ConnectionString",
-     [](ado::Connection& c, Argument) { return Variant(c.connectionString()); },
-     [](ado::Connection& c, Argument arguments) { c.setConnectionString(arguments.text(0)); }},
+     [](ConnectionState& c, Argument) { return Variant(c.connection->connectionString()); },
+     [](ConnectionState& c, Argument arguments) {
+       c.connection->setConnectionString(arguments.text(0));
+     }},
     {L"Open",
-     [](ado::Connection& c, Argument arguments) {
-       if (arguments.has(0)) c.setConnectionString(arguments.text(0));
-       c.Open();
+     [](ConnectionState& c, Argument arguments) {
+       if (arguments.has(0)) c.connection->setConnectionString(arguments.text(0));
+       c.connection->Open();
        return nothing();
      }},
     {L"Close",
-     [](ado::Connection& c, Argument) {
-       c.Close();
+     [](ConnectionState& c, Argument) {
+       c.idle().Close();
        return nothing();
      }},
     {L"State",
-     [](ado::Connection& c, Argument) { return Variant(c.isOpen() ? stateOpen : stateClosed); }},
-    {L"Execute", [](ado::Connection& c,
-                    Argument arguments) { return object(automate(c.Execute(arguments.text(0)))); }},
+     [](ConnectionState& c, Argument) {
+       const std::int32_t state = c.connection->isOpen() ? stateOpen : stateClosed;
+       return Variant(c.isExecuting() ? state | stateExecuting : state);
+     }},
+    {L"Execute", execute},
     {L"Errors",
-     [](ado::Connection& c, Argument) { return object(newErrorCollection(c.errors())); }},
+     [](ConnectionState& c, Argument) { return object(newErrorCollection(c.idle().errors())); }},
 };
 
 // ---- command
@@ -404,7 +480,9 @@ ComPtr<IDispatch> automate(const Ref<ado::Connection>& connection) {
   if (const auto* const real = dynamic_cast<const Foreign*>(connection.get())) {
     return real->comObject();
   }
-  return automated<ado::Connection>(connection.shared(), connectionMembers);
+  if (!connection) return nullptr;
+  return automated<ConnectionState>(
+      std::make_shared<ConnectionState>(ConnectionState{connection, {}}), connectionMembers);
 }
 
 ComPtr<IDispatch> automate(const Ref<ado::Recordset>& recordset) {
@@ -422,7 +500,10 @@ ComPtr<IDispatch> automate(const Ref<ado::Command>& command) {
 }
 
 Ref<ado::Connection> connectionBehind(const ComPtr<IDispatch>& object) {
-  return subjectOf<ado::Connection>(object);
+  const auto connection = subjectOf<ConnectionState>(object);
+  if (!connection) return nullptr;
+  static_cast<void>(connection->idle());
+  return connection->connection;
 }
 
 }  // namespace kebu::workbench

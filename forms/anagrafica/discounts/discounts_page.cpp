@@ -189,6 +189,7 @@ void DiscountsPage::CaricaListini(DiscountGrid& mode) {
   const sql::DiscountKind& kind = kindOf(mode);
   mode.Imposta(kind.listType);
   progress_.during(kind.carica, "Caricamento listini in corso...", [&](Steps& step) {
+    const auto painted = context_.paintedMeanwhile();
     dropTable(mode, step);
     mode.renameTable();
     step([&] {
@@ -226,6 +227,7 @@ void DiscountsPage::showStored(DiscountGrid& mode, Steps& step) {
 void DiscountsPage::AggiornaListini(DiscountGrid& mode) {
   const sql::DiscountKind& kind = kindOf(mode);
   progress_.during(kind.aggiorna, "Aggiornamento listini in corso...", [&](Steps& step) {
+    const auto painted = context_.paintedMeanwhile();
     dropTable(mode, step);
     step([&] {
       context_.connection->Execute(

@@ -85,7 +85,10 @@ void PreviewPage::CaricaArticoli() {
 }
 
 void PreviewPage::show(const std::string& statement, Steps& step) {
-  const Ref<ado::Recordset> rows = step([&] { return context_.openReadable(statement); });
+  const Ref<ado::Recordset> rows = step([&] {
+    const auto painted = context_.paintedMeanwhile();
+    return context_.openReadable(statement);
+  });
   step([&] { QGRID_ART.setDataSource(rows); });
 }
 
