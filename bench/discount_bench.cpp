@@ -1,6 +1,7 @@
 // The discount page of a company with a hundred thousand candidates of one kind, each action
 // beside its floor: its statements straight on the engine.
 
+#include "bench/large_companies.h"
 #include "bench/workplace.h"
 
 namespace kebu::workbench {
@@ -8,28 +9,13 @@ namespace {
 
 constexpr int saved = 20'000;
 
-/// Prices of 1000 customers for 100 articles each, in place of the demo company's.
-const char* const manyPrices =
-    "DELETE FROM LI16_LISTARTCF "
-    "INSERT INTO LI16_LISTARTCF (LI16_DITTA_CG18, LI16_CLIFOR_CG44, LI16_CODART_MG66, "
-    "LI16_OPZIONE_MG5E, LI16_FLGLIST, LI16_DATAINIZIOVAL, LI16_DATAFINEVAL, LI16_PREZZO, "
-    "LI16_SC1PER) "
-    "SELECT 1, 10000 + A.N * 100 + B.N * 10 + C.N, "
-    "'ART-' + CAST(100 + D.N * 10 + E.N AS varchar(3)), '', 1, '20200101', '20991231', "
-    "19.9 + A.N, 10 + D.N "
-    "FROM (VALUES (0),(1),(2),(3),(4),(5),(6),(7),(8),(9)) AS A (N) "
-    "CROSS JOIN (VALUES (0),(1),(2),(3),(4),(5),(6),(7),(8),(9)) AS B (N) "
-    "CROSS JOIN (VALUES (0),(1),(2),(3),(4),(5),(6),(7),(8),(9)) AS C (N) "
-    "CROSS JOIN (VALUES (0),(1),(2),(3),(4),(5),(6),(7),(8),(9)) AS D (N) "
-    "CROSS JOIN (VALUES (0),(1),(2),(3),(4),(5),(6),(7),(8),(9)) AS E (N)";
-
 constexpr const char* combo = "CMB_LISTINISCONTO";
 
 /// Someone before the discount page of such a company. Grid rules are few.
 class DiscountWorkplace : public Workplace {
  public:
   DiscountWorkplace() : session_(database()) {
-    session_.execute(manyPrices);
+    fillWithPrices(session_);
     session_.execute("DELETE FROM GM61_KBDISCOUNTRULES");
     open();
     hands().openPage(12);

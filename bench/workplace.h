@@ -25,10 +25,11 @@ using Statements = std::vector<std::string>;
 
 class StatementRecorder : public engine::StatementObserver {
  public:
+  bool isListening() const override { return recording_; }
   void before(const std::string&, bool) override {}
   void after(const std::string& text, bool, std::int64_t, const RuntimeError* error) override {
     if (error) throw std::logic_error("a statement failed: " + text);
-    if (recording_) statements_.push_back(text);
+    statements_.push_back(text);
   }
   void start() { recording_ = true; }
   Statements stop() {

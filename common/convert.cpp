@@ -143,6 +143,8 @@ bool equalAsVariants(const Value& a, const Value& b) {
 }
 
 std::string toSqlNumber(const Value& value) {
+  if (value.holds<std::int16_t>()) return std::to_string(value.as<std::int16_t>());
+  if (value.holds<std::int32_t>()) return std::to_string(value.as<std::int32_t>());
   Locale plain;
   plain.decimalSeparator = '.';
   return plain.format(toDecimal(value));

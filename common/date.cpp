@@ -1,9 +1,7 @@
 #include "common/date.h"
 
-#include <array>
 #include <chrono>
 #include <cstddef>
-#include <cstdio>
 
 namespace kebu {
 namespace {
@@ -12,11 +10,13 @@ std::chrono::year_month_day calendarDay(const Date& date) {
   return {std::chrono::year(date.year), std::chrono::month(date.month), std::chrono::day(date.day)};
 }
 
-template <class... Args>
-std::string print(const char* format, Args... args) {
-  std::array<char, 64> buffer{};
-  const int length = std::snprintf(buffer.data(), buffer.size(), format, args...);
-  return {buffer.data(), static_cast<std::size_t>(length)};
+/// Adds `value` in as many digits as `width`, after `before`.
+void append(std::string& text, const char* before, int value, std::size_t width) {
+  text += before;
+  text.append(width, '0');
+  for (auto digit = text.rbegin(); value > 0; ++digit, value /= 10) {
+    *digit = static_cast<char>('0' + value % 10);
+  }
 }
 
 bool within(int value, int low, int high) {
@@ -53,12 +53,23 @@ Date Date::fromDayNumber(std::int32_t days) {
 }
 
 std::string Date::toAnsi() const {
-  return print("%04d%02d%02d", year, month, day);
+  std::string text;
+  append(text, "", year, 4);
+  append(text, "", month, 2);
+  append(text, "", day, 2);
+  return text;
 }
 
 std::string Date::toIso() const {
-  return print("%04d-%02d-%02d %02d:%02d:%02d.%03d", year, month, day, hour, minute, second,
-               millisecond);
+  std::string text;
+  append(text, "", year, 4);
+  append(text, "-", month, 2);
+  append(text, "-", day, 2);
+  append(text, " ", hour, 2);
+  append(text, ":", minute, 2);
+  append(text, ":", second, 2);
+  append(text, ".", millisecond, 3);
+  return text;
 }
 
 }  // namespace kebu

@@ -142,11 +142,16 @@ std::optional<Decimal> Decimal::parse(std::string_view text) {
 }
 
 std::string Decimal::toString() const {
+  constexpr int digitsAtOnce = 9;  // of the wide division, the slow one
+  constexpr std::uint32_t divisor = 1'000'000'000;
   std::string reversed;
   UInt192 rest(mantissa_);
-  for (int digit = 0; digit <= scale_ || !rest.isZero(); ++digit) {
+  std::uint32_t group = 0;
+  for (int digit = 0; digit <= scale_ || group != 0 || !rest.isZero(); ++digit) {
     if (digit == scale_ && scale_ > 0) reversed += '.';
-    reversed += static_cast<char>('0' + rest.divide(10));
+    if (digit % digitsAtOnce == 0) group = rest.divide(divisor);
+    reversed += static_cast<char>('0' + group % 10);
+    group /= 10;
   }
   if (negative_) reversed += '-';
   return {reversed.rbegin(), reversed.rend()};

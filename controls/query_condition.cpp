@@ -138,6 +138,7 @@ std::optional<QueryOperator> operatorByCode(std::string_view code) {
 }
 
 std::string composePredicate(const QueryColumn& column, const QueryCondition& condition) {
+  if (condition.op == QueryOperator::Any) return "";
   const std::string name(column.name);
   const auto value = [&](std::size_t i) {
     return i < condition.values.size() ? trimRight(condition.values[i]) : std::string();

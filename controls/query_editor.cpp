@@ -179,6 +179,7 @@ void QueryEditor::setCondition(std::string_view dataField, const QueryCondition&
 
 std::vector<QueryEditor::Item> QueryEditor::items() const {
   std::vector<Item> all;
+  all.reserve(rows_.size());
   for (const auto& row : rows_) {
     all.push_back({std::string(row->field.dataField),
                    composePredicate(columnOf(row->field), conditionOf(*row))});

@@ -35,8 +35,6 @@ std::string amount(const Value& value) {
 /// A number as it stands, without quotes.
 std::string number(const Value& value) {
   if (value.isEmpty() || value.isNull()) return "NULL";
-  if (value.holds<std::int16_t>()) return std::to_string(value.as<std::int16_t>());
-  if (value.holds<std::int32_t>()) return std::to_string(value.as<std::int32_t>());
   if (!value.isText()) return toSqlNumber(value);
   const std::string text = trim(value.as<std::string>());
   return text.empty() ? "NULL" : text;

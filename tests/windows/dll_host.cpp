@@ -1,8 +1,13 @@
 #include "tests/windows/dll_host.h"
 
+#include <algorithm>
+#include <atomic>
+#include <chrono>
+#include <future>
 #include <iostream>
 
 #include "workbench/windows/dll_plugin.h"
+#include "workbench/windows/gestures.h"
 #include "workbench/windows/window_reader.h"
 
 namespace kebu::tests {
@@ -30,6 +35,34 @@ void pumpWaiting() {
     TranslateMessage(&message);
     DispatchMessageW(&message);
   }
+}
+
+void openPage(HWND form, const std::string& view) {
+  const auto link =
+      workbench::WindowReader(form).find(windows::Inspected::Item, "SBAR_MAIN", {view, 0, 0});
+  if (link) workbench::clickOn(link->window, link->bounds);
+  pumpWaiting();
+}
+
+ULONGLONG longestSilence(HWND window, const std::function<void()>& deed) {
+  std::atomic<bool> over = false;
+  auto onlooker = std::async(std::launch::async, [&] {
+    ULONGLONG longest = 0;
+    while (!over) {
+      const ULONGLONG asked = GetTickCount64();
+      SendMessageW(window, WM_NULL, 0, 0);
+      longest = std::max(longest, GetTickCount64() - asked);
+      Sleep(1);
+    }
+    return longest;
+  });
+  deed();
+  over = true;
+  // Its last question may still wait for the answer.
+  while (onlooker.wait_for(std::chrono::milliseconds(1)) != std::future_status::ready) {
+    pumpWaiting();
+  }
+  return onlooker.get();
 }
 
 std::int32_t QuietUser::answer(const workbench::ShownMessage& box) {

@@ -2,6 +2,7 @@
 
 #include <windows.h>
 
+#include <functional>
 #include <memory>
 #include <string>
 #include <vector>
@@ -18,6 +19,12 @@ namespace kebu::tests {
 HWND shownForm();
 /// Lets the windows do what waits for them.
 void pumpWaiting();
+
+/// A click on the link of a page.
+void openPage(HWND form, const std::string& view);
+/// The longest time in milliseconds for which a window gives no answer to another
+/// thread while this one does something.
+ULONGLONG longestSilence(HWND window, const std::function<void()>& deed);
 
 /// Takes the usual button of every box, and prints the box.
 class QuietUser : public workbench::User {

@@ -40,16 +40,17 @@ void AdoConnection::keep(const RuntimeError& error) {
 template <class Work>
 void AdoConnection::observed(const std::string& text, bool edit, Work&& work) {
   errors_.clear();
+  const bool heard = isObserved();
   std::int64_t rows = 0;
   try {
-    if (observer_ != nullptr) observer_->before(text, edit);
+    if (heard) observer_->before(text, edit);
     rows = work();
   } catch (const RuntimeError& error) {
     keep(error);
-    if (observer_ != nullptr) observer_->after(text, edit, 0, &error);
+    if (heard) observer_->after(text, edit, 0, &error);
     throw;
   }
-  if (observer_ != nullptr) observer_->after(text, edit, rows, nullptr);
+  if (heard) observer_->after(text, edit, rows, nullptr);
 }
 
 std::vector<ResultSet> AdoConnection::run(const std::string& text) {

@@ -29,6 +29,8 @@ class AdoConnection : public ado::Connection, public std::enable_shared_from_thi
 
   /// Runs a text that the program handed over; the observer hears of it.
   std::vector<ResultSet> run(const std::string& text);
+  /// Whether somebody hears of the next statement.
+  bool isObserved() const { return observer_ != nullptr && observer_->isListening(); }
   /// Writes one row of a recordset: `statement` is run, `text` is what the
   /// observer hears. RuntimeError when it finds no row.
   void edit(const std::string& text, const std::string& statement,

@@ -40,11 +40,19 @@ Decimal fromSortableBytes(std::string_view bytes, int scale) {
   return {mantissa, scale, isNegative};
 }
 
-template <class Integer, class Bytes>
-Cell read(int type, Integer&& integer, Bytes&& bytes) {
-  switch (type) {
+std::string bytesOf(const void* data, int size) {
+  return data == nullptr
+             ? std::string()
+             : std::string(static_cast<const char*>(data), static_cast<std::size_t>(size));
+}
+
+}  // namespace
+
+Cell cellOf(sqlite3_value* value) {
+  const auto bytes = [&] { return bytesOf(sqlite3_value_blob(value), sqlite3_value_bytes(value)); };
+  switch (sqlite3_value_type(value)) {
     case SQLITE_INTEGER:
-      return Cell::of(integer());
+      return Cell::of(sqlite3_value_int64(value));
     case SQLITE_TEXT:
       return {Cell::Kind::Text, 0, bytes()};
     case SQLITE_BLOB:
@@ -56,28 +64,9 @@ Cell read(int type, Integer&& integer, Bytes&& bytes) {
   }
 }
 
-std::string bytesOf(const void* data, int size) {
-  return data == nullptr
-             ? std::string()
-             : std::string(static_cast<const char*>(data), static_cast<std::size_t>(size));
-}
-
-}  // namespace
-
-Cell cellOf(sqlite3_value* value) {
-  return read(
-      sqlite3_value_type(value), [&] { return sqlite3_value_int64(value); },
-      [&] { return bytesOf(sqlite3_value_blob(value), sqlite3_value_bytes(value)); });
-}
-
 Cell cellOf(sqlite3_stmt* statement, int column) {
-  return read(
-      sqlite3_column_type(statement, column),
-      [&] { return sqlite3_column_int64(statement, column); },
-      [&] {
-        return bytesOf(sqlite3_column_blob(statement, column),
-                       sqlite3_column_bytes(statement, column));
-      });
+  // A column's own functions lock the database once each; here it is one thread's anyway.
+  return cellOf(sqlite3_column_value(statement, column));
 }
 
 void bind(sqlite3_stmt* statement, int place, const Cell& cell) {

@@ -34,42 +34,48 @@ std::size_t positionOf(const std::string& column, const std::vector<std::string>
 
 }  // namespace
 
-/// A statement in both of its forms, written piece by piece.
+/// A statement in both of its forms, written piece by piece; the readable one only when it is
+/// wanted.
 class RowWriter::Statement {
  public:
-  Statement(std::string_view start, const std::string& table, std::size_t valueCount) {
+  Statement(std::string_view start, const std::string& table, std::size_t valueCount, bool readable)
+      : readable_(readable) {
     constexpr std::size_t plenty = 1024;
     values.reserve(valueCount);
-    text.reserve(plenty);
     command.reserve(plenty);
+    if (readable_) text.reserve(plenty);
     add(start);
     addName(table);
   }
   Statement& add(std::string_view piece) {
-    text += piece;
     command += piece;
+    if (readable_) text += piece;
     return *this;
   }
   Statement& addName(const std::string& name) {
-    appendName(text, name);
     appendName(command, name);
+    if (readable_) appendName(text, name);
     return *this;
   }
   void addValue(const SqlType& type, const Value& value) {
     const Preset& preset =
         values.emplace_back(Preset{"@P" + std::to_string(values.size() + 1), type, value});
-    text += sqlText(value);
     command += preset.name;
+    if (readable_) text += sqlText(value);
   }
-  void addPlace(const std::string& key, const Row& row) {
-    text += key;
+  /// The row is found by its id; one reads its key.
+  void addPlace(const RowWriter& writer, const Row& row) {
     command += thisRow;
     values.push_back(rowId(row));
+    if (readable_) text += writer.readableKey(row);
   }
 
   std::string text;     ///< with values, as one reads it
   std::string command;  ///< with variables, as it is run
   std::vector<Preset> values;
+
+ private:
+  bool readable_;
 };
 
 void RowWriter::send(Row& row) const {
@@ -94,8 +100,12 @@ void RowWriter::send(Row& row) const {
   row.changed.clear();
 }
 
+RowWriter::Statement RowWriter::begin(const char* start, std::size_t valueCount) const {
+  return {start, rows_.table, valueCount, connection_.isObserved()};
+}
+
 RowWriter::Statement RowWriter::insert(const Row& row) const {
-  Statement statement("INSERT INTO ", rows_.table, row.changed.size());
+  Statement statement = begin("INSERT INTO ", row.changed.size());
   if (row.changed.empty()) return std::move(statement.add(" DEFAULT VALUES"));
   const char* before = " (";
   for (const std::size_t field : row.changed) {
@@ -111,20 +121,20 @@ RowWriter::Statement RowWriter::insert(const Row& row) const {
 }
 
 RowWriter::Statement RowWriter::update(const Row& row) const {
-  Statement statement("UPDATE ", rows_.table, row.changed.size() + 1);
+  Statement statement = begin("UPDATE ", row.changed.size() + 1);
   const char* before = " SET ";
   for (const std::size_t field : row.changed) {
     statement.add(before).addName(rows_.columns[field]).add(" = ");
     statement.addValue(rows_.types[field], row.values[field]);
     before = ", ";
   }
-  statement.addPlace(readableKey(row), row);
+  statement.addPlace(*this, row);
   return statement;
 }
 
 RowWriter::Statement RowWriter::remove(const Row& row) const {
-  Statement statement("DELETE FROM ", rows_.table, 1);
-  statement.addPlace(readableKey(row), row);
+  Statement statement = begin("DELETE FROM ", 1);
+  statement.addPlace(*this, row);
   return statement;
 }
 

@@ -17,6 +17,7 @@ class RowWriter {
  private:
   class Statement;
 
+  Statement begin(const char* start, std::size_t valueCount) const;
   Statement insert(const Row& row) const;
   Statement update(const Row& row) const;
   Statement remove(const Row& row) const;

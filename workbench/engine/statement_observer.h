@@ -12,6 +12,8 @@ namespace kebu::engine {
 class StatementObserver {
  public:
   virtual ~StatementObserver() = default;
+  /// Whether it wants to hear of the next statement.
+  virtual bool isListening() const { return true; }
   /// May throw a RuntimeError: the statement then is not run and fails with it.
   virtual void before(const std::string& text, bool edit) = 0;
   /// `error`: with which it failed, or null.
