@@ -1,6 +1,7 @@
 #include "common/decimal.h"
 
 #include <algorithm>
+#include <array>
 #include <limits>
 #include <utility>
 
@@ -144,17 +145,18 @@ std::optional<Decimal> Decimal::parse(std::string_view text) {
 std::string Decimal::toString() const {
   constexpr int digitsAtOnce = 9;  // of the wide division, the slow one
   constexpr std::uint32_t divisor = 1'000'000'000;
-  std::string reversed;
+  std::array<char, 31> text{};  // as long as one gets: 29 digits, a point and a sign
+  auto begin = text.end();
   UInt192 rest(mantissa_);
   std::uint32_t group = 0;
   for (int digit = 0; digit <= scale_ || group != 0 || !rest.isZero(); ++digit) {
-    if (digit == scale_ && scale_ > 0) reversed += '.';
+    if (digit == scale_ && scale_ > 0) *--begin = '.';
     if (digit % digitsAtOnce == 0) group = rest.divide(divisor);
-    reversed += static_cast<char>('0' + group % 10);
+    *--begin = static_cast<char>('0' + group % 10);
     group /= 10;
   }
-  if (negative_) reversed += '-';
-  return {reversed.rbegin(), reversed.rend()};
+  if (negative_) *--begin = '-';
+  return {begin, text.end()};
 }
 
 Decimal Decimal::rounded(int scale) const {
