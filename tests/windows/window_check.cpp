@@ -8,6 +8,7 @@
 
 #include <algorithm>
 #include <atomic>
+#include <cstdlib>
 #include <functional>
 #include <iostream>
 #include <memory>
@@ -100,6 +101,55 @@ void checkModal(const workbench::PluginLibrary& library) {
              "a modal ShowForm returns when the window is closed");
 }
 
+LONG heightOf(const windows::Inspection& part) {
+  return part.bounds.bottom - part.bounds.top;
+}
+LONG widthOf(const windows::Inspection& part) {
+  return part.bounds.right - part.bounds.left;
+}
+
+/// The window comes to a screen of another resolution.
+void changeResolution(int dpi) {
+  RECT suggested{0, 0, MulDiv(1180, dpi, USER_DEFAULT_SCREEN_DPI),
+                 MulDiv(760, dpi, USER_DEFAULT_SCREEN_DPI)};
+  SendMessageW(shownForm(), WM_DPICHANGED, MAKEWPARAM(dpi, dpi),
+               reinterpret_cast<LPARAM>(&suggested));
+  pumpWaiting();
+}
+
+void checkLooks(const workbench::PluginLibrary& library) {
+  DllHost host(library);
+  host->open();
+  pumpWaiting();
+  const WindowReader reader(shownForm());
+  const auto box = [&] { return reader.control("TXT_GM03_NOTE"); };
+  const windows::Inspection usual = box();
+  changeResolution(2 * USER_DEFAULT_SCREEN_DPI);
+  expectThat(std::abs(heightOf(box()) - 2 * heightOf(usual)) <= 4,
+             "a finer screen has everything larger");
+  changeResolution(USER_DEFAULT_SCREEN_DPI);
+  expectThat(heightOf(box()) == heightOf(usual) && widthOf(box()) == widthOf(usual),
+             "and back everything is as it was");
+
+  openPage(shownForm(), "2");
+  constexpr std::int32_t third = 2;
+  constexpr LONG further = 40;
+  const auto column = [&] {
+    return reader.find(windows::Inspected::Column, "QGRID_LISTINI", {"", third, 0})
+        .value_or(windows::Inspection{});
+  };
+  const windows::Inspection head = column();
+  const LONG edge = head.bounds.right - 1;
+  const LONG middle = (head.bounds.top + head.bounds.bottom) / 2;
+  PostMessageW(head.window, WM_LBUTTONDOWN, MK_LBUTTON, MAKELPARAM(edge, middle));
+  PostMessageW(head.window, WM_MOUSEMOVE, MK_LBUTTON, MAKELPARAM(edge + further, middle));
+  PostMessageW(head.window, WM_LBUTTONUP, 0, MAKELPARAM(edge + further, middle));
+  pumpWaiting();
+  expectThat(std::abs(widthOf(column()) - widthOf(head) - further) <= 1,
+             "a column is as wide as it is drawn");
+  host->close();
+}
+
 /// A database that takes long over the discount rules' working tables.
 class SlowRules : public engine::StatementObserver {
  public:
@@ -188,6 +238,7 @@ void run(const std::string& path) {
   const std::pair<const char*, void (*)(const workbench::PluginLibrary&)> parts[] = {
       {"modeless", checkModeless},
       {"modal", checkModal},
+      {"looks", checkLooks},
       {"busy", checkBusy},
       {"again and again", checkResources}};
   for (const auto& [name, carryOut] : parts) {
