@@ -105,9 +105,9 @@ void setResult(sqlite3_context* context, const Cell& cell) {
   }
 }
 
-Value valueOf(const Cell& cell, const SqlType& type) {
+Value valueOf(Cell cell, const SqlType& type) {
   if (cell.isNull()) return Null{};
-  if (cell.kind == Cell::Kind::Text) return cell.bytes;
+  if (cell.kind == Cell::Kind::Text) return std::move(cell.bytes);
   if (cell.kind == Cell::Kind::Blob) return fromSortableBytes(cell.bytes, type.scale);
   switch (type.kind) {
     case TypeKind::Bit:

@@ -30,7 +30,7 @@ void bind(sqlite3_stmt* statement, int place, const Cell& cell);
 void setResult(sqlite3_context* context, const Cell& cell);
 
 /// The value that a cell of a column of this type holds.
-Value valueOf(const Cell& cell, const SqlType& type);
+Value valueOf(Cell cell, const SqlType& type);
 /// The cell for a value that is already of the type. SqlError 8115 when a
 /// decimal has more digits than can be kept.
 Cell storedAs(const Value& value, const SqlType& type);

@@ -22,9 +22,9 @@ SqlError exists(const std::string& name) {
 }
 
 /// A value as a result gives it: GUIDs in braces.
-Value asDelivered(const Cell& cell, const SqlType& type) {
+Value asDelivered(Cell cell, const SqlType& type) {
   if (type.kind == TypeKind::Guid && !cell.isNull()) return "{" + cell.bytes + "}";
-  return valueOf(cell, type);
+  return valueOf(std::move(cell), type);
 }
 
 SqlError undeclared(const std::string& name) {
@@ -260,8 +260,8 @@ void Interpreter::assign(const ast::Query& node, const ast::Select& select) {
     for (std::size_t i = 0; i < select.items.size(); ++i) {
       const std::string& name = select.items[i].variable;
       Variable& target = variable(name);
-      const Cell cell = statement.cell(static_cast<int>(i));
-      target.value = castTo(valueOf(cell, ready->columns[i].type), target.type);
+      const auto column = static_cast<int>(i);
+      target.value = castTo(valueOf(statement.cell(column), ready->columns[i].type), target.type);
     }
   }
   session_.rowCount_ = rows;
