@@ -50,6 +50,11 @@ struct Member {
   void (*put)(Subject& subject, const Arguments& arguments) = nullptr;
 };
 
+/// What a member answers that only does something.
+inline Variant nothing() {
+  return {};
+}
+
 /// An object that is called by late binding. Its members are a table; the
 /// first is also its default member.
 class AutomationObject : public ComObject<IDispatch> {

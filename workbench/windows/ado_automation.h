@@ -15,7 +15,8 @@ namespace kebu::workbench {
 windows::ComPtr<IDispatch> automate(const Ref<ado::Connection>& connection);
 windows::ComPtr<IDispatch> automate(const Ref<ado::Recordset>& recordset);
 windows::ComPtr<IDispatch> automate(const Ref<ado::Command>& command);
-/// The connection behind an object that automate() made; nothing for another.
+/// The connection behind an object that automate() made; nothing for another,
+/// RuntimeError 3711 while it executes.
 Ref<ado::Connection> connectionBehind(const windows::ComPtr<IDispatch>& object);
 
 }  // namespace kebu::workbench

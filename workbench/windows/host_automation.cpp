@@ -16,10 +16,6 @@ namespace {
 
 using Argument = const Arguments&;
 
-Variant nothing() {
-  return {};
-}
-
 /// Services are handed the plug-in's interface; those of the workbench need nothing of it.
 template <class Service>
 Variant initialize(Service& service, Argument /*arguments*/) {

@@ -1,89 +1,18 @@
 #include "workbench/windows/ado_automation.h"
 
 #include <algorithm>
-#include <chrono>
-#include <functional>
-#include <future>
 #include <utility>
 #include <vector>
 
 #include "common/convert.h"
-#include "windows/ado/ado_constants.h"
-#include "windows/ado/error_collection.h"
-#include "windows/support/automation.h"
-#include "windows/support/identity.h"
 #include "workbench/engine/ado_error.h"
-#include "workbench/engine/ado_recordset.h"
+#include "workbench/windows/ado_state.h"
 
 namespace kebu::workbench {
 
 using namespace windows;
 
 namespace {
-
-Variant object(const ComPtr<IDispatch>& reference) {
-  return Variant(reference);
-}
-Variant nothing() {
-  return {};
-}
-
-// ---- recordset
-
-/// What ADO's recordset keeps besides its rows.
-struct RecordsetState {
-  Ref<ado::Recordset> rows;
-  /// The rows of a statement that runs on a thread of its own; until they are there
-  /// the recordset is closed.
-  std::future<Ref<ado::Recordset>> coming;
-  ComPtr<IDispatch> connection;
-  std::string source;
-  ado::CursorLocation location = ado::CursorLocation::Server;
-  ado::CursorType cursorType = ado::CursorType::ForwardOnly;
-  ado::LockType lockType = ado::LockType::ReadOnly;
-
-  engine::AdoRecordset& own() const { return dynamic_cast<engine::AdoRecordset&>(*rows); }
-  bool isExecuting() const {
-    return coming.valid() && coming.wait_for(std::chrono::seconds(0)) != std::future_status::ready;
-  }
-  /// As ADO has it, the error of what ran beside is raised the first time that this is asked.
-  std::int32_t state() {
-    if (isExecuting()) return stateExecuting;
-    if (coming.valid()) rows = coming.get();
-    return rows->isOpen() ? stateOpen : stateClosed;
-  }
-};
-
-/// A connection, and what is running on it.
-struct ConnectionState {
-  Ref<ado::Connection> connection;
-  std::weak_ptr<const RecordsetState> last;
-
-  bool isExecuting() const {
-    const auto recordset = last.lock();
-    return recordset && recordset->isExecuting();
-  }
-  ado::Connection& idle() const {
-    constexpr std::int32_t stillExecuting = 3711;
-    if (isExecuting()) {
-      throw RuntimeError(stillExecuting,
-                         "Operation cannot be performed while executing asynchronously.", "ADODB");
-    }
-    return *connection;
-  }
-};
-
-/// Whether ADO's options say that a statement is to run beside the caller.
-bool isAsynchronous(const Arguments& arguments, std::size_t at) {
-  return (arguments.number(at, 0) & executeAsynchronously) != 0;
-}
-
-/// Has `work` done beside the caller; its rows become those of the recordset.
-void runBeside(const std::shared_ptr<RecordsetState>& recordset, ConnectionState& connection,
-               std::function<Ref<ado::Recordset>()> work) {
-  recordset->coming = std::async(std::launch::async, std::move(work));
-  connection.last = recordset;
-}
 
 using Argument = const Arguments&;
 
@@ -131,7 +60,7 @@ Variant fieldOf(const std::shared_ptr<RecordsetState>& recordset, const Value& k
   const auto field =
       std::make_shared<FieldState>(FieldState{recordset, fieldIndex(*recordset, key)});
   static_cast<void>(field->field());
-  return object(automated<FieldState>(field, fieldMembers));
+  return Variant(automated<FieldState>(field, fieldMembers));
 }
 
 struct FieldsState {
@@ -210,8 +139,6 @@ Variant getRows(RecordsetState& recordset, Argument arguments) {
   return toArray(recordset.rows->GetRows(arguments.number(0, -1)), wanted);
 }
 
-ComPtr<IDispatch> automateState(const std::shared_ptr<RecordsetState>& state);
-
 void openRecordset(const std::shared_ptr<RecordsetState>& state, Argument arguments) {
   RecordsetState& recordset = *state;
   if (arguments.has(0)) recordset.source = arguments.text(0);
@@ -283,8 +210,8 @@ constexpr Member<RecordsetObject> recordsetMembers[] = {
     {L"Fields",
      [](RecordsetObject& r, Argument arguments) {
        if (arguments.count() > 0) return fieldOf(r.state, arguments.value(0));
-       return object(automated<FieldsState>(std::make_shared<FieldsState>(FieldsState{r.state}),
-                                            fieldsMembers));
+       return Variant(automated<FieldsState>(std::make_shared<FieldsState>(FieldsState{r.state}),
+                                             fieldsMembers));
      }},
     {L"CursorLocation",
      [](RecordsetObject& r, Argument) {
@@ -313,7 +240,7 @@ constexpr Member<RecordsetObject> recordsetMembers[] = {
      }},
     {L"Source", [](RecordsetObject& r, Argument) { return Variant(r.state->source); },
      [](RecordsetObject& r, Argument arguments) { r.state->source = arguments.text(0); }},
-    {L"ActiveConnection", [](RecordsetObject& r, Argument) { return object(r.state->connection); },
+    {L"ActiveConnection", [](RecordsetObject& r, Argument) { return Variant(r.state->connection); },
      [](RecordsetObject& r, Argument arguments) { r.state->connection = arguments.object(0); }},
     {L"Open",
      [](RecordsetObject& r, Argument arguments) {
@@ -323,10 +250,10 @@ constexpr Member<RecordsetObject> recordsetMembers[] = {
     {L"Close", on<doing<&ado::Recordset::Close>>},
     {L"State", [](RecordsetObject& r, Argument) { return Variant(r.state->state()); }},
     // The engine keeps the first result only.
-    {L"NextRecordset", [](RecordsetObject&, Argument) { return object(nullptr); }},
+    {L"NextRecordset", [](RecordsetObject&, Argument) { return Variant(ComPtr<IDispatch>()); }},
     {L"Requery", on<doing<&ado::Recordset::Requery>>},
     {L"Clone",
-     [](RecordsetObject& r, Argument) { return object(automateState(cloneOf(*r.state))); }},
+     [](RecordsetObject& r, Argument) { return Variant(automateState(cloneOf(*r.state))); }},
     {L"BOF", [](RecordsetObject& r, Argument) { return Variant(r.state->rows->BOF()); }},
     {L"EOF", [](RecordsetObject& r, Argument) { return Variant(r.state->rows->EOF_()); }},
     {L"MoveFirst", on<doing<&ado::Recordset::MoveFirst>>},
@@ -360,129 +287,12 @@ constexpr Member<RecordsetObject> recordsetMembers[] = {
     {L"Status", [](RecordsetObject& r, Argument) { return Variant(r.state->own().status()); }},
 };
 
+}  // namespace
+
 ComPtr<IDispatch> automateState(const std::shared_ptr<RecordsetState>& state) {
   auto recordset = std::make_shared<RecordsetObject>();
   recordset->state = state;
   return automated<RecordsetObject>(recordset, recordsetMembers);
-}
-
-// ---- connection
-
-Variant execute(ConnectionState& state, Argument arguments) {
-  ado::Connection& connection = state.idle();
-  const std::string text = arguments.text(0);
-  if (!isAsynchronous(arguments, 2)) return object(automate(connection.Execute(text)));
-  auto result = std::make_shared<RecordsetState>();
-  result->rows = makeRef<engine::AdoRecordset>();
-  runBeside(result, state, [on = state.connection, text] { return on->Execute(text); });
-  return object(automateState(result));
-}
-
-constexpr Member<ConnectionState> connectionMembers[] = {
-    {L"ConnectionString",
-     [](ConnectionState& c, Argument) { return Variant(c.connection->connectionString()); },
-     [](ConnectionState& c, Argument arguments) {
-       c.connection->setConnectionString(arguments.text(0));
-     }},
-    {L"Open",
-     [](ConnectionState& c, Argument arguments) {
-       if (arguments.has(0)) c.connection->setConnectionString(arguments.text(0));
-       c.connection->Open();
-       return nothing();
-     }},
-    {L"Close",
-     [](ConnectionState& c, Argument) {
-       c.idle().Close();
-       return nothing();
-     }},
-    {L"State",
-     [](ConnectionState& c, Argument) {
-       const std::int32_t state = c.connection->isOpen() ? stateOpen : stateClosed;
-       return Variant(c.isExecuting() ? state | stateExecuting : state);
-     }},
-    {L"Execute", execute},
-    {L"Errors",
-     [](ConnectionState& c, Argument) { return object(newErrorCollection(c.idle().errors())); }},
-};
-
-// ---- command
-
-struct CommandState {
-  Ref<ado::Command> command;
-  ComPtr<IDispatch> connection;
-  std::string text;
-  std::int32_t type = 8;  // unknown
-};
-
-struct ParameterState {
-  std::shared_ptr<CommandState> owner;
-  std::string name;
-  Value value;
-};
-
-constexpr Member<ParameterState> parameterMembers[] = {
-    {L"Value", [](ParameterState& p, Argument) { return toVariant(p.value); },
-     [](ParameterState& p, Argument arguments) {
-       p.value = arguments.value(0);
-       p.owner->command->setParameter(p.name, p.value);
-     }},
-    {L"Name", [](ParameterState& p, Argument) { return Variant(p.name); }},
-};
-
-struct ParametersState {
-  std::shared_ptr<CommandState> owner;
-};
-
-constexpr Member<ParametersState> parametersMembers[] = {
-    {L"Item",
-     [](ParametersState& p, Argument arguments) {
-       const auto parameter =
-           std::make_shared<ParameterState>(ParameterState{p.owner, arguments.text(0), {}});
-       return object(automated<ParameterState>(parameter, parameterMembers));
-     }},
-    // The engine's command looks its procedure up by itself.
-    {L"Refresh", [](ParametersState&, Argument) { return nothing(); }},
-};
-
-struct CommandObject {
-  std::shared_ptr<CommandState> state = std::make_shared<CommandState>();
-};
-
-constexpr Member<CommandObject> commandMembers[] = {
-    {L"Parameters",
-     [](CommandObject& c, Argument) {
-       return object(automated<ParametersState>(
-           std::make_shared<ParametersState>(ParametersState{c.state}), parametersMembers));
-     }},
-    {L"ActiveConnection", [](CommandObject& c, Argument) { return object(c.state->connection); },
-     [](CommandObject& c, Argument arguments) {
-       c.state->connection = arguments.object(0);
-       c.state->command->setActiveConnection(connectionBehind(c.state->connection));
-     }},
-    {L"CommandText", [](CommandObject& c, Argument) { return Variant(c.state->text); },
-     [](CommandObject& c, Argument arguments) {
-       c.state->text = arguments.text(0);
-       c.state->command->setCommandText(c.state->text);
-     }},
-    {L"CommandType", [](CommandObject& c, Argument) { return Variant(c.state->type); },
-     [](CommandObject& c, Argument arguments) { c.state->type = arguments.number(0); }},
-    {L"Execute",
-     [](CommandObject& c, Argument) {
-       c.state->command->Execute();
-       return nothing();
-     }},
-};
-
-}  // namespace
-
-ComPtr<IDispatch> automate(const Ref<ado::Connection>& connection) {
-  // One that is an object already is handed over as it is.
-  if (const auto* const real = dynamic_cast<const Foreign*>(connection.get())) {
-    return real->comObject();
-  }
-  if (!connection) return nullptr;
-  return automated<ConnectionState>(
-      std::make_shared<ConnectionState>(ConnectionState{connection, {}}), connectionMembers);
 }
 
 ComPtr<IDispatch> automate(const Ref<ado::Recordset>& recordset) {
@@ -490,20 +300,6 @@ ComPtr<IDispatch> automate(const Ref<ado::Recordset>& recordset) {
   auto state = std::make_shared<RecordsetState>();
   state->rows = recordset;
   return automateState(state);
-}
-
-ComPtr<IDispatch> automate(const Ref<ado::Command>& command) {
-  if (!command) return nullptr;
-  auto object = std::make_shared<CommandObject>();
-  object->state->command = command;
-  return automated<CommandObject>(object, commandMembers);
-}
-
-Ref<ado::Connection> connectionBehind(const ComPtr<IDispatch>& object) {
-  const auto connection = subjectOf<ConnectionState>(object);
-  if (!connection) return nullptr;
-  static_cast<void>(connection->idle());
-  return connection->connection;
 }
 
 }  // namespace kebu::workbench

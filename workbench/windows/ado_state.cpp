@@ -1,0 +1,44 @@
+#include "workbench/windows/ado_state.h"
+
+#include <chrono>
+#include <utility>
+
+#include "windows/ado/ado_constants.h"
+
+namespace kebu::workbench {
+
+bool RecordsetState::isExecuting() const {
+  return coming.valid() && coming.wait_for(std::chrono::seconds(0)) != std::future_status::ready;
+}
+
+std::int32_t RecordsetState::state() {
+  if (isExecuting()) return windows::stateExecuting;
+  if (coming.valid()) rows = coming.get();
+  return rows->isOpen() ? windows::stateOpen : windows::stateClosed;
+}
+
+bool ConnectionState::isExecuting() const {
+  const auto recordset = last.lock();
+  return recordset && recordset->isExecuting();
+}
+
+ado::Connection& ConnectionState::idle() const {
+  constexpr std::int32_t stillExecuting = 3711;
+  if (isExecuting()) {
+    throw RuntimeError(stillExecuting,
+                       "Operation cannot be performed while executing asynchronously.", "ADODB");
+  }
+  return *connection;
+}
+
+bool isAsynchronous(const windows::Arguments& arguments, std::size_t at) {
+  return (arguments.number(at, 0) & windows::executeAsynchronously) != 0;
+}
+
+void runBeside(const std::shared_ptr<RecordsetState>& recordset, ConnectionState& connection,
+               std::function<Ref<ado::Recordset>()> work) {
+  recordset->coming = std::async(std::launch::async, std::move(work));
+  connection.last = recordset;
+}
+
+}  // namespace kebu::workbench

@@ -1,0 +1,75 @@
+#include "workbench/windows/ado_automation.h"
+
+#include <memory>
+#include <string>
+
+#include "windows/ado/ado_constants.h"
+#include "windows/ado/error_collection.h"
+#include "windows/support/identity.h"
+#include "workbench/windows/ado_state.h"
+
+namespace kebu::workbench {
+
+using namespace windows;
+
+namespace {
+
+using Argument = const Arguments&;
+
+Variant execute(ConnectionState& state, Argument arguments) {
+  ado::Connection& connection = state.idle();
+  const std::string text = arguments.text(0);
+  if (!isAsynchronous(arguments, 2)) return Variant(automate(connection.Execute(text)));
+  auto result = std::make_shared<RecordsetState>();
+  result->rows = makeRef<engine::AdoRecordset>();
+  runBeside(result, state, [on = state.connection, text] { return on->Execute(text); });
+  return Variant(automateState(result));
+}
+
+constexpr Member<ConnectionState> connectionMembers[] = {
+    {L"ConnectionString",
+     [](ConnectionState& c, Argument) { return Variant(c.connection->connectionString()); },
+     [](ConnectionState& c, Argument arguments) {
+       c.connection->setConnectionString(arguments.text(0));
+     }},
+    {L"Open",
+     [](ConnectionState& c, Argument arguments) {
+       if (arguments.has(0)) c.connection->setConnectionString(arguments.text(0));
+       c.connection->Open();
+       return nothing();
+     }},
+    {L"Close",
+     [](ConnectionState& c, Argument) {
+       c.idle().Close();
+       return nothing();
+     }},
+    {L"State",
+     [](ConnectionState& c, Argument) {
+       const std::int32_t state = c.connection->isOpen() ? stateOpen : stateClosed;
+       return Variant(c.isExecuting() ? state | stateExecuting : state);
+     }},
+    {L"Execute", execute},
+    {L"Errors",
+     [](ConnectionState& c, Argument) { return Variant(newErrorCollection(c.idle().errors())); }},
+};
+
+}  // namespace
+
+ComPtr<IDispatch> automate(const Ref<ado::Connection>& connection) {
+  // One that is an object already is handed over as it is.
+  if (const auto* const real = dynamic_cast<const Foreign*>(connection.get())) {
+    return real->comObject();
+  }
+  if (!connection) return nullptr;
+  return automated<ConnectionState>(
+      std::make_shared<ConnectionState>(ConnectionState{connection, {}}), connectionMembers);
+}
+
+Ref<ado::Connection> connectionBehind(const ComPtr<IDispatch>& object) {
+  const auto connection = subjectOf<ConnectionState>(object);
+  if (!connection) return nullptr;
+  static_cast<void>(connection->idle());
+  return connection->connection;
+}
+
+}  // namespace kebu::workbench
