@@ -7,6 +7,7 @@
 #include <string>
 
 #include "bench/large_companies.h"
+#include "common/convert.h"
 #include "common/error.h"
 #include "tests/windows/dll_host.h"
 #include "windows/support/text.h"
@@ -50,12 +51,30 @@ void run(const std::string& path) {
   host->open();
   HWND form = tests::shownForm();
 
+  const workbench::WindowReader reader(form);
   tests::openPage(form, discounts);
-  const auto lists = workbench::WindowReader(form).control("CMB_LISTINISCONTO");
-  tell("discount candidates", form, [&] {
-    workbench::takeFromList(lists.window, 1);
+  const auto lists = reader.control("CMB_LISTINISCONTO");
+  const auto choose = [&](int index) {
+    workbench::takeFromList(lists.window, index);
     tests::pumpWaiting();
+  };
+  const auto click = [&](const windows::Inspection& part) {
+    workbench::clickOn(part.window, part.bounds);
+    tests::pumpWaiting();
+  };
+  tell("discount candidates", form, [&] { choose(1); });
+  click(reader.control("CHK_SCONTOPREZZOART"));
+  tell("all of them selected", form, [&] {
+    click(reader.find(windows::Inspected::TickAll, "QGRID_SCONTOSUPREZZO", {"GM61_ATTIVA", 0, 0})
+              .value());
   });
+  tell("and stored as rules", form, [&] {
+    click(reader.find(windows::Inspected::Item, "INAV_PAR", {"Conferma", 0, 0}).value());
+  });
+  const auto rules = session.execute("SELECT COUNT(*) AS N FROM GM61_KBDISCOUNTRULES");
+  std::cout << "    (" << toText(rules.front().rows.front().front()) << " rules)" << std::endl;
+  choose(2);
+  tell("the stored rules", form, [&] { choose(1); });
   constexpr UINT delay = 1000;
   const auto openPreview = [&] { tests::openPage(form, articlesPreview); };
   SetTimer(nullptr, 0, delay, leaveDialog<false>);

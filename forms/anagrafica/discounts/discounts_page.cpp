@@ -250,6 +250,7 @@ void DiscountsPage::EliminaListini() {
       if (mode->isOn() || !mode->rows()) continue;
       const std::string listType = toSqlNumber(CDecN(parameters_.CMB_LISTINISCONTO.value()));
       step([&] {
+        const auto painted = context_.paintedMeanwhile();
         context_.connection->Execute(
             sql::EliminaRegole(mode->mode(), listType, context_.companyText()));
       });

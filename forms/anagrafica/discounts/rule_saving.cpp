@@ -85,6 +85,7 @@ void DiscountsPage::RegistraListini(DiscountGrid& mode) {
       step([&] { mode.grid.refresh(); });
     }
     step([&] {
+      const auto painted = context_.paintedMeanwhile();
       context_.connection->Execute(
           sql::EliminaRegole(kind.mode, std::to_string(kind.listType), context_.companyText()));
     });
@@ -94,8 +95,10 @@ void DiscountsPage::RegistraListini(DiscountGrid& mode) {
 
 void DiscountsPage::storeTicked(const sql::DiscountKind& kind, const DiscountGrid& mode,
                                 Steps& step) {
-  const Ref<ado::Recordset> ticked =
-      step([&] { return context_.openReadable(sql::RegoleSelezionate(kind, mode.table())); });
+  const Ref<ado::Recordset> ticked = step([&] {
+    const auto painted = context_.paintedMeanwhile();
+    return context_.openReadable(sql::RegoleSelezionate(kind, mode.table()));
+  });
   if (!ticked) return;
   std::vector<std::string> columns;
   for (const ado::Field& field : ticked->fields()) columns.push_back(field.name);
