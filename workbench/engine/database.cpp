@@ -167,9 +167,22 @@ void Database::dropModule(const Module& module) {
 
 std::optional<std::int64_t> Database::currentIdentity(const Table& table) {
   if (table.identity < 0) return std::nullopt;
-  const std::string sql = "SELECT seq FROM " + table.schema() +
-                          ".sqlite_sequence WHERE name = " + textLiteral(table.physical);
-  return std::max(wholeNumber(handle(), sql.c_str()), table.seed);
+  // A statement may ask for every one of its rows.
+  Prepared& asked = identities_[table.schema()];
+  if (!asked) {
+    const std::string sql =
+        "SELECT seq FROM " + table.schema() + ".sqlite_sequence WHERE name = ?1";
+    sqlite3_stmt* raw = nullptr;
+    // Without any identity as yet there is no such table.
+    if (sqlite3_prepare_v2(handle(), sql.c_str(), -1, &raw, nullptr) != SQLITE_OK)
+      return table.seed;
+    asked.reset(raw);
+  }
+  sqlite3_bind_text(asked.get(), 1, table.physical.c_str(), -1, SQLITE_TRANSIENT);
+  const bool found = sqlite3_step(asked.get()) == SQLITE_ROW;
+  const std::int64_t last = found ? sqlite3_column_int64(asked.get(), 0) : table.seed;
+  sqlite3_reset(asked.get());
+  return std::max(last, table.seed);
 }
 
 SqlError Database::lastError() {

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <map>
 #include <memory>
 #include <optional>
 #include <string>
@@ -61,6 +62,7 @@ class Database {
   void load();
 
   Handle handle_;
+  std::map<std::string, Prepared> identities_;  ///< by schema: what asks for a table's last one
   Catalogue catalogue_;
   std::optional<SqlError> raised_;
   Session* current_ = nullptr;
