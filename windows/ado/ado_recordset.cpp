@@ -29,13 +29,13 @@ void AdoRecordset::setCursorLocation(ado::CursorLocation location) {
 
 void AdoRecordset::Open(const std::string& source, const Ref<ado::Connection>& connection,
                         ado::CursorType cursorType, ado::LockType lockType) {
-  const auto* const by = dynamic_cast<const AdoConnection*>(connection.get());
-  const bool waits = by && by->meanwhile();
+  const auto* const adapter = dynamic_cast<const AdoConnection*>(connection.get());
+  const bool waits = adapter && adapter->meanwhile();
   const std::int32_t options =
       commandIsText | (waits ? executeAsynchronously | fetchAsynchronously : 0);
   object_.call(L"Open", {source, unwrap(connection), static_cast<std::int32_t>(cursorType),
                          static_cast<std::int32_t>(lockType), options});
-  if (waits) await(object_, by->meanwhile());
+  if (waits) await(object_, adapter->meanwhile());
   fields_.forget();
   dropAhead();
   object_ = firstWithRows(object_);
