@@ -8,12 +8,11 @@
 #include <string>
 
 #include "bench/large_companies.h"
+#include "bench/windows/on_dll.h"
 #include "common/convert.h"
-#include "common/error.h"
 #include "tests/windows/dll_host.h"
 #include "windows/support/text.h"
 #include "workbench/engine/session.h"
-#include "workbench/program_words.h"
 #include "workbench/windows/apartment.h"
 #include "workbench/windows/gestures.h"
 #include "workbench/windows/window_reader.h"
@@ -90,16 +89,5 @@ void run(const std::string& path) {
 }  // namespace kebu::bench
 
 int main(int argc, char** argv) {
-  const auto words = kebu::workbench::programWords(argc, argv);
-  if (words.size() != 1) {
-    std::cout << "use: kebu_busy_bench DLL\n";
-    return 1;
-  }
-  try {
-    kebu::bench::run(words[0]);
-  } catch (const kebu::RuntimeError& error) {
-    std::cout << "error " << error.number() << ": " << error.description() << '\n';
-    return 1;
-  }
-  return 0;
+  return kebu::bench::onDll(argc, argv, "kebu_busy_bench", kebu::bench::run);
 }

@@ -9,12 +9,11 @@
 #include <string>
 #include <vector>
 
-#include "common/error.h"
+#include "bench/windows/on_dll.h"
 #include "tests/windows/dll_host.h"
 #include "windows/ado/ado_objects.h"
 #include "windows/support/text.h"
 #include "workbench/engine/session.h"
-#include "workbench/program_words.h"
 #include "workbench/windows/apartment.h"
 
 namespace kebu::bench {
@@ -141,16 +140,5 @@ void run(const std::string& path) {
 }  // namespace kebu::bench
 
 int main(int argc, char** argv) {
-  const auto words = kebu::workbench::programWords(argc, argv);
-  if (words.size() != 1) {
-    std::cout << "use: kebu_window_bench DLL\n";
-    return 1;
-  }
-  try {
-    kebu::bench::run(words[0]);
-  } catch (const kebu::RuntimeError& error) {
-    std::cout << "error " << error.number() << ": " << error.description() << '\n';
-    return 1;
-  }
-  return 0;
+  return kebu::bench::onDll(argc, argv, "kebu_window_bench", kebu::bench::run);
 }

@@ -53,7 +53,7 @@ Story toldThroughCom(const AdoStory& story, const std::function<void()>& meanwhi
   return told;
 }
 
-/// The same rows twice over; some tenths of a second for the engine.
+/// Some tenths of a second for the engine.
 constexpr const char* slowCount =
     "SELECT COUNT(*) AS N FROM T A, T B, T C WHERE C.K < 25 AND A.K + B.K + C.K = 7";
 

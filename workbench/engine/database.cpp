@@ -17,11 +17,17 @@ RuntimeError fileError(const std::string& path, const std::string& what) {
   return {-2147467259, path + ": " + what, SqlError::providerName};
 }
 
-std::int64_t wholeNumber(sqlite3* handle, const char* sql) {
+/// Nothing when the text cannot be prepared.
+Prepared prepared(sqlite3* handle, const std::string& sql) {
   sqlite3_stmt* raw = nullptr;
-  if (sqlite3_prepare_v2(handle, sql, -1, &raw, nullptr) != SQLITE_OK) return -1;
-  const Prepared statement(raw);
-  return sqlite3_step(raw) == SQLITE_ROW ? sqlite3_column_int64(raw, 0) : -1;
+  sqlite3_prepare_v2(handle, sql.c_str(), -1, &raw, nullptr);
+  return Prepared(raw);
+}
+
+/// The first row's number; -1 without a row or a statement.
+std::int64_t wholeNumber(const Prepared& statement) {
+  const bool found = statement && sqlite3_step(statement.get()) == SQLITE_ROW;
+  return found ? sqlite3_column_int64(statement.get(), 0) : -1;
 }
 
 /// "T.A, T.B" behind SQLite's "… constraint failed: ".
@@ -62,7 +68,7 @@ std::shared_ptr<Database> Database::openFile(const std::string& path) {
   if (!std::filesystem::is_regular_file(path))
     throw fileError(path, "there is no such database file");
   Handle handle = open(path, SQLITE_OPEN_READWRITE);
-  const std::int64_t id = wholeNumber(handle.get(), "PRAGMA application_id");
+  const std::int64_t id = wholeNumber(prepared(handle.get(), "PRAGMA application_id"));
   if (id < 0) throw fileError(path, "is not a database");
   if (id != applicationId) throw fileError(path, "is not a database of the workbench");
   std::shared_ptr<Database> database(new Database(std::move(handle)));
@@ -170,17 +176,12 @@ std::optional<std::int64_t> Database::currentIdentity(const Table& table) {
   // A statement may ask for every one of its rows.
   Prepared& asked = identities_[table.schema()];
   if (!asked) {
-    const std::string sql =
-        "SELECT seq FROM " + table.schema() + ".sqlite_sequence WHERE name = ?1";
-    sqlite3_stmt* raw = nullptr;
-    // Without any identity as yet there is no such table.
-    if (sqlite3_prepare_v2(handle(), sql.c_str(), -1, &raw, nullptr) != SQLITE_OK)
-      return table.seed;
-    asked.reset(raw);
+    asked = prepared(handle(),
+                     "SELECT seq FROM " + table.schema() + ".sqlite_sequence WHERE name = ?1");
   }
+  if (!asked) return table.seed;  // no table with an identity has been made yet
   sqlite3_bind_text(asked.get(), 1, table.physical.c_str(), -1, SQLITE_TRANSIENT);
-  const bool found = sqlite3_step(asked.get()) == SQLITE_ROW;
-  const std::int64_t last = found ? sqlite3_column_int64(asked.get(), 0) : table.seed;
+  const std::int64_t last = wholeNumber(asked);
   sqlite3_reset(asked.get());
   return std::max(last, table.seed);
 }

@@ -1,6 +1,7 @@
 #include "workbench/windows/ado_automation.h"
 
 #include <algorithm>
+#include <type_traits>
 #include <utility>
 #include <vector>
 
@@ -206,6 +207,19 @@ Variant on(RecordsetObject& recordset, Argument arguments) {
   return Call(*recordset.state, arguments);
 }
 
+/// How a recordset is to be opened.
+template <auto Option>
+Variant option(RecordsetObject& recordset, Argument /*arguments*/) {
+  return Variant(static_cast<std::int32_t>((*recordset.state).*Option));
+}
+
+template <auto Option>
+void setOption(RecordsetObject& recordset, Argument arguments) {
+  if (recordset.state->rows->isOpen()) throw engine::adoerror::open();
+  auto& option = (*recordset.state).*Option;
+  option = static_cast<std::remove_reference_t<decltype(option)>>(arguments.number(0));
+}
+
 constexpr Member<RecordsetObject> recordsetMembers[] = {
     {L"Fields",
      [](RecordsetObject& r, Argument arguments) {
@@ -213,31 +227,14 @@ constexpr Member<RecordsetObject> recordsetMembers[] = {
        return Variant(automated<FieldsState>(std::make_shared<FieldsState>(FieldsState{r.state}),
                                              fieldsMembers));
      }},
-    {L"CursorLocation",
-     [](RecordsetObject& r, Argument) {
-       return Variant(static_cast<std::int32_t>(r.state->location));
-     },
+    {L"CursorLocation", option<&RecordsetState::location>,
      [](RecordsetObject& r, Argument arguments) {
        const auto location = static_cast<ado::CursorLocation>(arguments.number(0));
        r.state->rows->setCursorLocation(location);
        r.state->location = location;
      }},
-    {L"CursorType",
-     [](RecordsetObject& r, Argument) {
-       return Variant(static_cast<std::int32_t>(r.state->cursorType));
-     },
-     [](RecordsetObject& r, Argument arguments) {
-       if (r.state->rows->isOpen()) throw engine::adoerror::open();
-       r.state->cursorType = static_cast<ado::CursorType>(arguments.number(0));
-     }},
-    {L"LockType",
-     [](RecordsetObject& r, Argument) {
-       return Variant(static_cast<std::int32_t>(r.state->lockType));
-     },
-     [](RecordsetObject& r, Argument arguments) {
-       if (r.state->rows->isOpen()) throw engine::adoerror::open();
-       r.state->lockType = static_cast<ado::LockType>(arguments.number(0));
-     }},
+    {L"CursorType", option<&RecordsetState::cursorType>, setOption<&RecordsetState::cursorType>},
+    {L"LockType", option<&RecordsetState::lockType>, setOption<&RecordsetState::lockType>},
     {L"Source", [](RecordsetObject& r, Argument) { return Variant(r.state->source); },
      [](RecordsetObject& r, Argument arguments) { r.state->source = arguments.text(0); }},
     {L"ActiveConnection", [](RecordsetObject& r, Argument) { return Variant(r.state->connection); },
