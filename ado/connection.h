@@ -37,9 +37,9 @@ class Connection {
   /// raises RuntimeError and fills errors().
   virtual Ref<Recordset> Execute(const std::string& text) = 0;
   /// From now on `meanwhile` may be called many times a second while a statement
-  /// of Execute or of a recordset's Open runs, so that a window can be painted.
-  /// It must leave the connection alone. An empty function: they only wait, as
-  /// at first.
+  /// of Execute or of a recordset's Open or Requery runs, so that a window can be
+  /// painted. It must leave the connection and that recordset alone. An empty function: they only
+  /// wait, as at first.
   virtual void whileExecuting(std::function<void()> meanwhile) = 0;
   /// What the provider said of the last failing call.
   virtual Errors errors() const = 0;

@@ -56,7 +56,7 @@ class Recordset {
                     CursorType cursorType, LockType lockType) = 0;
   virtual void Close() = 0;
   virtual bool isOpen() const = 0;
-  /// Runs the statement again.
+  /// Runs the statement again. Clones keep the rows that they had.
   virtual void Requery() = 0;
   /// A second cursor with its own position and filter over the same rows; what
   /// one changes the other sees.

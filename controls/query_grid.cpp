@@ -40,6 +40,20 @@ void QueryGrid::setDataSource(const Ref<ado::Recordset>& rows) {
   if (rowCount() > 0) RowChanged.raise();
 }
 
+void QueryGrid::requery() {
+  // A grid that is painted meanwhile must not look at a recordset that is on its way.
+  const Ref<ado::Recordset> rows = rows_;
+  rows_.reset();
+  cache_.attach(nullptr);
+  try {
+    rows->Requery();
+  } catch (...) {
+    setDataSource(rows);
+    throw;
+  }
+  setDataSource(rows);
+}
+
 void QueryGrid::refresh() {
   cache_.invalidate();
   formatDescriptions();

@@ -76,6 +76,8 @@ class QueryGrid : public Control {
   /// Nothing takes the rows away.
   void setDataSource(const Ref<ado::Recordset>& rows);
   const Ref<ado::Recordset>& dataSource() const { return rows_; }
+  /// Runs the statement of the rows again and shows what it gives.
+  void requery();
   /// Reads anew what is shown.
   void refresh();
 

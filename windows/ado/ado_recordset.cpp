@@ -29,16 +29,25 @@ void AdoRecordset::setCursorLocation(ado::CursorLocation location) {
 
 void AdoRecordset::Open(const std::string& source, const Ref<ado::Connection>& connection,
                         ado::CursorType cursorType, ado::LockType lockType) {
-  const auto* const adapter = dynamic_cast<const AdoConnection*>(connection.get());
-  const bool waits = adapter && adapter->meanwhile();
-  const std::int32_t options =
-      commandIsText | (waits ? executeAsynchronously | fetchAsynchronously : 0);
-  object_.call(L"Open", {source, unwrap(connection), static_cast<std::int32_t>(cursorType),
-                         static_cast<std::int32_t>(lockType), options});
-  if (waits) await(object_, adapter->meanwhile());
+  connection_ = connection;
+  arrive([&](std::int32_t options) {
+    object_.call(L"Open", {source, unwrap(connection), static_cast<std::int32_t>(cursorType),
+                           static_cast<std::int32_t>(lockType), commandIsText | options});
+  });
+  object_ = firstWithRows(object_);
+}
+
+template <class Call>
+void AdoRecordset::arrive(const Call& call) {
+  const auto* const adapter = dynamic_cast<const AdoConnection*>(connection_.get());
+  if (adapter && adapter->meanwhile()) {
+    call(executeAsynchronously | fetchAsynchronously);
+    await(object_, adapter->meanwhile());
+  } else {
+    call(0);
+  }
   fields_.forget();
   dropAhead();
-  object_ = firstWithRows(object_);
 }
 
 void AdoRecordset::Close() {
@@ -52,9 +61,7 @@ bool AdoRecordset::isOpen() const {
 }
 
 void AdoRecordset::Requery() {
-  object_.call(L"Requery");
-  fields_.forget();
-  dropAhead();
+  arrive([&](std::int32_t options) { object_.call(L"Requery", {options}); });
 }
 
 Ref<ado::Recordset> AdoRecordset::Clone() {

@@ -56,6 +56,9 @@ class AdoRecordset : public ado::Recordset, public Foreign {
  private:
   using Rows = std::vector<std::vector<Value>>;
 
+  /// Has the rows come by a call, which takes ADO's options.
+  template <class Call>
+  void arrive(const Call& call);
   ado::LockType lockType() const;
   bool isEditing() const;
   Value fieldValue(std::string_view field, std::wstring_view member) const;
@@ -66,6 +69,7 @@ class AdoRecordset : public ado::Recordset, public Foreign {
   void readAhead();
   void dropAhead();
 
+  Ref<ado::Connection> connection_;  ///< that it was opened on here
   mutable FieldTable fields_;
   /// The current row and those behind it; the object stands behind them all.
   Rows ahead_;

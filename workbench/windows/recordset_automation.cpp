@@ -140,6 +140,21 @@ Variant getRows(RecordsetState& recordset, Argument arguments) {
   return toArray(recordset.rows->GetRows(arguments.number(0, -1)), wanted);
 }
 
+/// Opens the recordset as its state says, beside the caller.
+void openBeside(const std::shared_ptr<RecordsetState>& state, ConnectionState& on,
+                const std::string& filter = "") {
+  runBeside(
+      state, on,
+      [connection = connectionBehind(state->connection), source = state->source,
+       location = state->location, cursor = state->cursorType, lock = state->lockType, filter] {
+        Ref<ado::Recordset> rows = makeRef<engine::AdoRecordset>();
+        rows->setCursorLocation(location);
+        rows->Open(source, connection, cursor, lock);
+        if (!filter.empty()) rows->setFilter(filter);
+        return rows;
+      });
+}
+
 void openRecordset(const std::shared_ptr<RecordsetState>& state, Argument arguments) {
   RecordsetState& recordset = *state;
   if (arguments.has(0)) recordset.source = arguments.text(0);
@@ -149,20 +164,23 @@ void openRecordset(const std::shared_ptr<RecordsetState>& state, Argument argume
   recordset.lockType = static_cast<ado::LockType>(
       arguments.number(3, static_cast<std::int32_t>(recordset.lockType)));
   const auto on = subjectOf<ConnectionState>(recordset.connection);
-  const Ref<ado::Connection> connection = connectionBehind(recordset.connection);
   if (!on || !isAsynchronous(arguments, 4)) {
-    recordset.rows->Open(recordset.source, connection, recordset.cursorType, recordset.lockType);
+    recordset.rows->Open(recordset.source, connectionBehind(recordset.connection),
+                         recordset.cursorType, recordset.lockType);
     return;
   }
   if (recordset.rows->isOpen()) throw engine::adoerror::open();
-  runBeside(state, *on,
-            [connection, source = recordset.source, location = recordset.location,
-             cursor = recordset.cursorType, lock = recordset.lockType] {
-              Ref<ado::Recordset> rows = makeRef<engine::AdoRecordset>();
-              rows->setCursorLocation(location);
-              rows->Open(source, connection, cursor, lock);
-              return rows;
-            });
+  openBeside(state, *on);
+}
+
+void requery(const std::shared_ptr<RecordsetState>& state, Argument arguments) {
+  const auto on = subjectOf<ConnectionState>(state->connection);
+  if (!on || !isAsynchronous(arguments, 0)) {
+    state->rows->Requery();
+    return;
+  }
+  if (!state->rows->isOpen()) throw engine::adoerror::closed();
+  openBeside(state, *on, state->rows->filter());
 }
 
 void setFilter(RecordsetState& recordset, Argument arguments) {
@@ -248,7 +266,11 @@ constexpr Member<RecordsetObject> recordsetMembers[] = {
     {L"State", [](RecordsetObject& r, Argument) { return Variant(r.state->state()); }},
     // The engine keeps the first result only.
     {L"NextRecordset", [](RecordsetObject&, Argument) { return Variant(ComPtr<IDispatch>()); }},
-    {L"Requery", on<doing<&ado::Recordset::Requery>>},
+    {L"Requery",
+     [](RecordsetObject& r, Argument arguments) {
+       requery(r.state, arguments);
+       return nothing();
+     }},
     {L"Clone",
      [](RecordsetObject& r, Argument) { return Variant(automateState(cloneOf(*r.state))); }},
     {L"BOF", [](RecordsetObject& r, Argument) { return Variant(r.state->rows->BOF()); }},

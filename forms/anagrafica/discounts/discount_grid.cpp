@@ -207,16 +207,13 @@ std::string DiscountGrid::GetNodeEdit(std::int32_t row, const std::string& field
 
 void DiscountGrid::SelectAllClickEXT(bool selecting, bool& cancel) {
   cancel = true;  // one statement does it, not the grid row by row
-  progress_.during(procedure("_SelectAllClickEXT"), "Seleziona/deseleziona in corso...",
-                   [&](Steps& step) {
-                     step([&] {
-                       const auto painted = context_.paintedMeanwhile();
-                       context_.connection->Execute(sql::SelezionaTutte(table_, selecting));
-                     });
-                     step([&] { rows()->Requery(); });
-                     step([&] { grid.setDataSource(rows()); });
-                     Modified.raise();
-                   });
+  progress_.during(
+      procedure("_SelectAllClickEXT"), "Seleziona/deseleziona in corso...", [&](Steps& step) {
+        const auto painted = context_.paintedMeanwhile();
+        step([&] { context_.connection->Execute(sql::SelezionaTutte(table_, selecting)); });
+        step([&] { grid.requery(); });
+        Modified.raise();
+      });
 }
 
 void DiscountGrid::CheckClick() {
