@@ -40,14 +40,38 @@ std::string number(const Value& value) {
   return text.empty() ? "NULL" : text;
 }
 
-// As it stands: a quote inside of it breaks the statement, and the user is told.
-std::string quoted(const Value& value) {
-  if (value.isText()) return join({"'", value.as<std::string>(), "'"});
-  return join({"'", toDisplay(value), "'"});
+void writeQuoted(std::string& text, std::string_view value) {
+  text += '\'';
+  text += value;
+  text += '\'';
 }
 
-std::string quotedDay(const Value& value) {
-  return join({"'", GetAnsiDate(value), "'"});
+// As it stands: a quote inside of it breaks the statement, and the user is told.
+void writeText(std::string& text, const Value& value) {
+  if (value.isText()) {
+    writeQuoted(text, value.as<std::string>());
+  } else {
+    writeQuoted(text, toDisplay(value));
+  }
+}
+
+std::string stepColumns() {
+  std::string names;
+  for (std::size_t i = 0; i < stepsOfARule; ++i) {
+    const std::string step = std::to_string(i);
+    names += join(
+        {i > 0 ? ",\r\n" : "", "GM61_GRIGLIAVALINF", step, ",\r\n", "GM61_GRIGLIAVALORESC", step});
+  }
+  return names;
+}
+
+void writeSteps(std::string& text, const std::vector<RuleStep>& steps) {
+  for (std::size_t i = 0; i < stepsOfARule; ++i) {
+    if (i > 0) text += ",\r\n";
+    text += i < steps.size()
+                ? join({toSqlNumber(steps[i].from), ",\r\n", toSqlNumber(steps[i].value)})
+                : "NULL,\r\nNULL";
+  }
 }
 
 }  // namespace
@@ -173,28 +197,29 @@ RuleStatements::RuleStatements(const DiscountKind& kind, std::string company,
     : kind_(kind), company_(std::move(company)) {
   for (std::size_t i = 0; i < columns.size(); ++i) columns_.emplace(columns[i], i);
   std::string names;
-  const auto name = [&](std::string_view column) {
-    names += join({names.empty() ? "" : ",\r\n", column});
-  };
+  std::string fixed;  // since the last value that rows differ by
   for (const SavedColumn& column : savedColumns) {
     const Form form = formOf(column);
     if (form == Form::Absent) continue;
-    pieces_.push_back({form, indexOf(column.name), constantOf(form, options)});
-    if (form == Form::Steps) {
-      for (std::size_t step = 0; step < stepsOfARule; ++step) {
-        name("GM61_GRIGLIAVALINF" + std::to_string(step));
-        name("GM61_GRIGLIAVALORESC" + std::to_string(step));
-      }
+    if (!names.empty()) {
+      names += ",\r\n";
+      fixed += ",\r\n";
+    }
+    names += form == Form::Steps ? stepColumns() : std::string(column.name);
+    if (const auto constant = constantOf(form, options)) {
+      fixed += *constant;
     } else {
-      name(column.name);
+      pieces_.push_back({std::exchange(fixed, {}), form, indexOf(column.name)});
     }
   }
+  pieces_.front().before.insert(
+      0, lines({"INSERT INTO  ", " GM61_KBDISCOUNTRULES ", " (", names, " )", " VALUES ", " ("}));
+  tail_ = join({fixed, " )"});
   type_ = indexOf("GM61_TIPOSCONTO");
   field_ = indexOf("GM61_CAMPOCORVANE");
   discount_ = indexOf("GM61_SC1PER");
   listPrice_ = indexOf("GM61_PREZZOLORDO");
   netPrice_ = indexOf("GM61_PREZZONETTO");
-  head_ = lines({"INSERT INTO  ", " GM61_KBDISCOUNTRULES ", " (", names, " )", " VALUES ", " ("});
 }
 
 RuleStatements::Form RuleStatements::formOf(const SavedColumn& column) const {
@@ -215,7 +240,7 @@ RuleStatements::Form RuleStatements::formOf(const SavedColumn& column) const {
   }
 }
 
-std::string RuleStatements::constantOf(Form form, const RuleOptions& options) const {
+std::optional<std::string> RuleStatements::constantOf(Form form, const RuleOptions& options) {
   switch (form) {
     case Form::Null:
       return "NULL";
@@ -234,7 +259,7 @@ std::string RuleStatements::constantOf(Form form, const RuleOptions& options) co
     case Form::Today:
       return join({"'", options.today, "'"});
     default:
-      return "";
+      return std::nullopt;
   }
 }
 
@@ -256,24 +281,16 @@ const DiscountSource& RuleStatements::source(const Row& row) const {
   return sourceOf(kind_, toDisplay(value(row, "GM61_DESCLISTCORVANE")));
 }
 
-std::string RuleStatements::publishedValue(const Row& row) const {
-  if (isZero(at(row, type_))) return amount(at(row, discount_));
-  return amount(at(row, isZero(at(row, field_)) ? listPrice_ : netPrice_));
-}
-
-void RuleStatements::writeSteps(std::string& text, const std::vector<RuleStep>& steps) {
-  for (std::size_t i = 0; i < stepsOfARule; ++i) {
-    if (i > 0) text += ",\r\n";
-    text += i < steps.size()
-                ? join({toSqlNumber(steps[i].from), ",\r\n", toSqlNumber(steps[i].value)})
-                : "NULL,\r\nNULL";
-  }
+const Value& RuleStatements::publishedValue(const Row& row) const {
+  if (isZero(at(row, type_))) return at(row, discount_);
+  return at(row, isZero(at(row, field_)) ? listPrice_ : netPrice_);
 }
 
 std::string RuleStatements::LeggiScaglioni(const Row& row) const {
   const DiscountSource& list = source(row);
   const auto own = [&](std::string_view column) { return join({list.prefix, column}); };
-  const auto day = [&](std::string_view column) { return quotedDay(value(row, column)); };
+  const auto quoted = [](std::string_view text) { return join({"'", text, "'"}); };
+  const auto day = [&](std::string_view column) { return quoted(GetAnsiDate(value(row, column))); };
   Script script;
   script.line("SELECT ").line(" * ").line(" FROM ");
   script.line(join({list.table, " WITH(NOLOCK)"})).line(" WHERE ");
@@ -283,8 +300,8 @@ std::string RuleStatements::LeggiScaglioni(const Row& row) const {
     const Value& found = value(row, key.field);
     const std::string plain = number(found);
     if (key.form == StepKey::Form::NumberIfKnown && plain == "NULL") continue;
-    script.line(
-        join({"AND ", key.column, " = ", key.form == StepKey::Form::Text ? quoted(found) : plain}));
+    script.line(join({"AND ", key.column, " = ",
+                      key.form == StepKey::Form::Text ? quoted(toDisplay(found)) : plain}));
   }
   script.line(join({"AND ", own("_DATAINIZIOVAL"), " =", day("GM61_DATAINIZIO")}));
   script.line(join({"AND ", own("_DATAFINEVAL"), " =", day("GM61_DATAFINE")}));
@@ -295,35 +312,31 @@ std::string RuleStatements::LeggiScaglioni(const Row& row) const {
 std::string RuleStatements::InserisciRegola(const Row& row,
                                             const std::vector<RuleStep>& steps) const {
   std::string text;
-  text.reserve(2 * head_.size());
-  text += head_;
+  text.reserve(2 * pieces_.front().before.size());
   for (const Piece& piece : pieces_) {
-    if (&piece != pieces_.data()) text += ",\r\n";
+    text += piece.before;
     const Value& own = at(row, piece.index);
     switch (piece.form) {
-      case Form::Number:
-        text += number(own);
-        break;
       case Form::Text:
-        text += quoted(own);
+        writeText(text, own);
         break;
       case Form::Day:
-        text += quotedDay(own);
+        writeQuoted(text, GetAnsiDate(own));
         break;
       case Form::Amount:
         text += amount(own);
         break;
       case Form::Published:
-        text += publishedValue(row);
+        text += amount(publishedValue(row));
         break;
       case Form::Steps:
         writeSteps(text, steps);
         break;
       default:
-        text += piece.constant;
+        text += number(own);
     }
   }
-  text += " )";
+  text += tail_;
   return text;
 }
 

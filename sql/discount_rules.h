@@ -2,6 +2,7 @@
 
 #include <cstdint>
 #include <map>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -70,26 +71,27 @@ class RuleStatements {
  private:
   enum class Form;
   struct SavedColumn;
-  /// A value of the INSERT: how it is written, and from where in the row.
+  /// A value of the INSERT that rows differ by: what stands before it, how it is
+  /// written, and from where in the row.
   struct Piece {
+    std::string before;
     Form form;
     std::size_t index;
-    std::string constant;
   };
   static const SavedColumn savedColumns[];
 
   Form formOf(const SavedColumn& column) const;
-  std::string constantOf(Form form, const RuleOptions& options) const;
+  /// What is the same in all rows; nothing where they differ.
+  static std::optional<std::string> constantOf(Form form, const RuleOptions& options);
   std::size_t indexOf(std::string_view column) const;
   static const Value& at(const Row& row, std::size_t index);
-  std::string publishedValue(const Row& row) const;
-  static void writeSteps(std::string& text, const std::vector<RuleStep>& steps);
+  const Value& publishedValue(const Row& row) const;
 
   const DiscountKind& kind_;
   std::string company_;
   std::map<std::string, std::size_t, std::less<>> columns_;
-  std::string head_;
   std::vector<Piece> pieces_;
+  std::string tail_;
   // Where a row has what decides on the value published.
   std::size_t type_ = 0;
   std::size_t field_ = 0;
