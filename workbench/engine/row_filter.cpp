@@ -1,9 +1,8 @@
 #include "workbench/engine/row_filter.h"
 
 #include <algorithm>
-#include <array>
 #include <compare>
-#include <optional>
+#include <iterator>
 
 #include "common/convert.h"
 #include "workbench/engine/ado_error.h"
@@ -30,33 +29,60 @@ Value readValue(const Tokens& tokens, std::size_t& at) {
   return -toDecimal(value);
 }
 
-/// Nothing when either is null.
-std::optional<int> compared(const Value& field, const Value& value) {
-  if (field.isNull() || value.isNull()) return std::nullopt;
-  const auto sign = [](auto order) { return std::is_lt(order) ? -1 : std::is_gt(order) ? 1 : 0; };
-  if (field.holds<Date>()) {
-    return sign(field.as<Date>() <=> castTo(value, {TypeKind::DateTime}).as<Date>());
-  }
-  if (field.isText()) return compareTexts(field.as<std::string>(), toText(value));
-  if (field.holds<bool>())
-    return sign(Decimal(field.as<bool>() ? 1 : 0) <=> Decimal(toBoolean(value) ? 1 : 0));
-  return sign(toDecimal(field) <=> castTo(value, SqlType::decimal(38, 10)).as<Decimal>());
+/// The value as fields of the type are compared with it; as text where texts are.
+Value comparable(const Value& value, const SqlType& type, bool asText) {
+  if (value.isNull()) return value;
+  if (asText) return toText(value);
+  if (type.isDate()) return castTo(value, {TypeKind::DateTime});
+  if (type.kind == TypeKind::Bit) return toBoolean(value);
+  if (type.isNumber() && value.isText()) return castTo(value, SqlType::decimal(38, 10));
+  if (type.isNumber()) return toDecimal(value);
+  return toText(value);
 }
 
-bool holds(const Value& field, const std::string& op, const Value& value) {
-  if (value.isNull()) return (op == "=") == field.isNull();
-  if (op == "LIKE") return !field.isNull() && matchesLike(toText(field), toText(value));
-  const auto order = compared(field, value);
-  if (!order) return false;
-  if (op == "=") return *order == 0;
-  if (op == "<>") return *order != 0;
-  if (op == "<") return *order < 0;
-  if (op == "<=") return *order <= 0;
-  if (op == ">") return *order > 0;
-  return *order >= 0;
+int compared(const Value& field, const Value& value) {
+  const auto sign = [](auto order) { return std::is_lt(order) ? -1 : std::is_gt(order) ? 1 : 0; };
+  if (field.isText()) return compareTexts(field.as<std::string>(), value.as<std::string>());
+  if (field.holds<Date>()) return sign(field.as<Date>() <=> value.as<Date>());
+  if (field.holds<bool>()) return sign(field.as<bool>() <=> value.as<bool>());
+  return sign(toDecimal(field) <=> value.as<Decimal>());
 }
 
 }  // namespace
+
+struct RowFilter::OperatorName {
+  std::string_view text;
+  Operator op;
+};
+
+const RowFilter::OperatorName RowFilter::operatorNames[] = {
+    {"=", Operator::Equal},   {"<>", Operator::Different}, {"<", Operator::Less},
+    {"<=", Operator::AtMost}, {">", Operator::Greater},    {">=", Operator::AtLeast},
+    {"LIKE", Operator::Like},
+};
+
+bool RowFilter::holds(const Condition& condition, const Value& field) {
+  if (condition.value.isNull()) return (condition.op == Operator::Equal) == field.isNull();
+  if (field.isNull()) return false;
+  if (condition.op == Operator::Like) {
+    return matchesLike(toText(field), condition.value.as<std::string>());
+  }
+  const int order = compared(field, condition.value);
+  switch (condition.op) {
+    case Operator::Equal:
+      return order == 0;
+    case Operator::Different:
+      return order != 0;
+    case Operator::Less:
+      return order < 0;
+    case Operator::AtMost:
+      return order <= 0;
+    case Operator::Greater:
+      return order > 0;
+    default:
+      return order >= 0;
+  }
+}
 
 RowFilter::RowFilter(const std::string& text, const RowSet& rows) {
   const Tokens tokens = tokenize(text);
@@ -65,19 +91,22 @@ RowFilter::RowFilter(const std::string& text, const RowSet& rows) {
     if (!conditions_.empty() && !isWord(tokens[at++], "AND")) throw adoerror::badArgument();
     const Token& name = tokens[at];
     if (name.kind != TokenKind::Word && name.kind != TokenKind::Name) throw adoerror::badArgument();
-    Condition condition{rows.indexOf(nameOf(name)), toUpperAscii(tokens[at + 1].text), {}};
-    static constexpr std::array<std::string_view, 7> known{"=", "<>", "<", "<=", ">", ">=", "LIKE"};
-    if (std::find(known.begin(), known.end(), condition.op) == known.end())
-      throw adoerror::badArgument();
+    const std::size_t field = rows.indexOf(nameOf(name));
+    const auto* const found = std::find_if(
+        std::begin(operatorNames), std::end(operatorNames), [&](const OperatorName& known) {
+          return equalsIgnoringCase(known.text, tokens[at + 1].text);
+        });
+    if (found == std::end(operatorNames)) throw adoerror::badArgument();
     at += 2;
-    condition.value = readValue(tokens, at);
-    conditions_.push_back(std::move(condition));
+    const Value value = readValue(tokens, at);
+    const bool asText = found->op == Operator::Like;
+    conditions_.push_back({field, found->op, comparable(value, rows.types[field], asText)});
   }
 }
 
 bool RowFilter::passes(const Values& values) const {
   return std::all_of(conditions_.begin(), conditions_.end(), [&](const Condition& condition) {
-    return holds(values[condition.field], condition.op, condition.value);
+    return holds(condition, values[condition.field]);
   });
 }
 

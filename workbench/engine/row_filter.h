@@ -18,11 +18,17 @@ class RowFilter {
   bool passesAll() const { return conditions_.empty(); }
 
  private:
+  enum class Operator { Equal, Different, Less, AtMost, Greater, AtLeast, Like };
   struct Condition {
     std::size_t field;
-    std::string op;
-    Value value;
+    Operator op;
+    Value value;  ///< as the field's values are compared with it
   };
+  struct OperatorName;
+  static const OperatorName operatorNames[];
+
+  static bool holds(const Condition& condition, const Value& field);
+
   std::vector<Condition> conditions_;
 };
 
