@@ -40,33 +40,50 @@ Decimal fromSortableBytes(std::string_view bytes, int scale) {
   return {mantissa, scale, isNegative};
 }
 
-std::string bytesOf(const void* data, int size) {
-  return data == nullptr
-             ? std::string()
-             : std::string(static_cast<const char*>(data), static_cast<std::size_t>(size));
+std::string_view bytesOf(sqlite3_value* value) {
+  const auto* const data = static_cast<const char*>(sqlite3_value_blob(value));
+  return {data, static_cast<std::size_t>(sqlite3_value_bytes(value))};
+}
+
+Value fromInteger(std::int64_t integer, const SqlType& type) {
+  switch (type.kind) {
+    case TypeKind::Bit:
+      return integer != 0;
+    case TypeKind::TinyInt:
+    case TypeKind::SmallInt:
+      return static_cast<std::int16_t>(integer);
+    case TypeKind::BigInt:
+      return Decimal(integer);
+    case TypeKind::Decimal:
+      return Decimal::scaled(integer, type.scale);
+    case TypeKind::Date:
+    case TypeKind::DateTime:
+      return dateFromMilliseconds(integer);
+    default:
+      return static_cast<std::int32_t>(integer);
+  }
+}
+
+// Only an operation on integers that left the 64 bits gives a floating-point number.
+SqlError integerTooLarge() {
+  return {8115, "Arithmetic overflow error converting expression to data type bigint."};
 }
 
 }  // namespace
 
 Cell cellOf(sqlite3_value* value) {
-  const auto bytes = [&] { return bytesOf(sqlite3_value_blob(value), sqlite3_value_bytes(value)); };
   switch (sqlite3_value_type(value)) {
     case SQLITE_INTEGER:
       return Cell::of(sqlite3_value_int64(value));
     case SQLITE_TEXT:
-      return {Cell::Kind::Text, 0, bytes()};
+      return {Cell::Kind::Text, 0, std::string(bytesOf(value))};
     case SQLITE_BLOB:
-      return {Cell::Kind::Blob, 0, bytes()};
-    case SQLITE_FLOAT:  // only an integer operation that left the 64 bits gives one
-      throw SqlError(8115, "Arithmetic overflow error converting expression to data type bigint.");
+      return {Cell::Kind::Blob, 0, std::string(bytesOf(value))};
+    case SQLITE_FLOAT:
+      throw integerTooLarge();
     default:
       return {};
   }
-}
-
-Cell cellOf(sqlite3_stmt* statement, int column) {
-  // A column's own functions lock the database once each; here it is one thread's anyway.
-  return cellOf(sqlite3_column_value(statement, column));
 }
 
 void bind(sqlite3_stmt* statement, int place, const Cell& cell) {
@@ -106,24 +123,30 @@ void setResult(sqlite3_context* context, const Cell& cell) {
 }
 
 Value valueOf(Cell cell, const SqlType& type) {
-  if (cell.isNull()) return Null{};
-  if (cell.kind == Cell::Kind::Text) return std::move(cell.bytes);
-  if (cell.kind == Cell::Kind::Blob) return fromSortableBytes(cell.bytes, type.scale);
-  switch (type.kind) {
-    case TypeKind::Bit:
-      return cell.integer != 0;
-    case TypeKind::TinyInt:
-    case TypeKind::SmallInt:
-      return static_cast<std::int16_t>(cell.integer);
-    case TypeKind::BigInt:
-      return Decimal(cell.integer);
-    case TypeKind::Decimal:
-      return Decimal::scaled(cell.integer, type.scale);
-    case TypeKind::Date:
-    case TypeKind::DateTime:
-      return dateFromMilliseconds(cell.integer);
+  switch (cell.kind) {
+    case Cell::Kind::Integer:
+      return fromInteger(cell.integer, type);
+    case Cell::Kind::Text:
+      return std::move(cell.bytes);
+    case Cell::Kind::Blob:
+      return fromSortableBytes(cell.bytes, type.scale);
     default:
-      return static_cast<std::int32_t>(cell.integer);
+      return Null{};
+  }
+}
+
+Value valueOf(sqlite3_value* cell, const SqlType& type) {
+  switch (sqlite3_value_type(cell)) {
+    case SQLITE_INTEGER:
+      return fromInteger(sqlite3_value_int64(cell), type);
+    case SQLITE_TEXT:
+      return bytesOf(cell);
+    case SQLITE_BLOB:
+      return fromSortableBytes(bytesOf(cell), type.scale);
+    case SQLITE_FLOAT:
+      throw integerTooLarge();
+    default:
+      return Null{};
   }
 }
 

@@ -25,12 +25,12 @@ struct Cell {
 };
 
 Cell cellOf(sqlite3_value* value);
-Cell cellOf(sqlite3_stmt* statement, int column);
 void bind(sqlite3_stmt* statement, int place, const Cell& cell);
 void setResult(sqlite3_context* context, const Cell& cell);
 
 /// The value that a cell of a column of this type holds.
 Value valueOf(Cell cell, const SqlType& type);
+Value valueOf(sqlite3_value* cell, const SqlType& type);
 /// The cell for a value that is already of the type. SqlError 8115 when a
 /// decimal has more digits than can be kept.
 Cell storedAs(const Value& value, const SqlType& type);

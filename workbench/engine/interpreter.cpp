@@ -22,9 +22,9 @@ SqlError exists(const std::string& name) {
 }
 
 /// A value as a result gives it: GUIDs in braces.
-Value asDelivered(Cell cell, const SqlType& type) {
-  if (type.kind == TypeKind::Guid && !cell.isNull()) return "{" + cell.bytes + "}";
-  return valueOf(std::move(cell), type);
+Value asDelivered(Value value, const SqlType& type) {
+  if (type.kind == TypeKind::Guid && !value.isNull()) return "{" + value.as<std::string>() + "}";
+  return value;
 }
 
 SqlError undeclared(const std::string& name) {
@@ -237,10 +237,11 @@ void Interpreter::query(const ast::Query& node) {
   while (statement.step()) {
     auto& row = result.rows.emplace_back();
     row.reserve(ready->columns.size());
-    for (int i = 0; i < width; ++i)
-      row.push_back(
-          asDelivered(statement.cell(i), ready->columns[static_cast<std::size_t>(i)].type));
-    if (ready->base) result.rowIds.push_back(statement.cell(width).integer);
+    for (int i = 0; i < width; ++i) {
+      const SqlType& type = result.types[static_cast<std::size_t>(i)];
+      row.push_back(asDelivered(statement.value(i, type), type));
+    }
+    if (ready->base) result.rowIds.push_back(statement.integer(width));
   }
   result.rowsAffected = static_cast<std::int64_t>(result.rows.size());
   session_.rowCount_ = result.rowsAffected;
@@ -261,7 +262,7 @@ void Interpreter::assign(const ast::Query& node, const ast::Select& select) {
       const std::string& name = select.items[i].variable;
       Variable& target = variable(name);
       const auto column = static_cast<int>(i);
-      target.value = castTo(valueOf(statement.cell(column), ready->columns[i].type), target.type);
+      target.value = castTo(statement.value(column, ready->columns[i].type), target.type);
     }
   }
   session_.rowCount_ = rows;
@@ -272,7 +273,7 @@ Value Interpreter::value(const ast::Expr& expr, const SqlType* type) {
   PreparedStatement& statement = ready->steps[0];
   statement.start(frame_);
   const Running running(statement);
-  return statement.step() ? valueOf(statement.cell(0), ready->columns[0].type) : Value(Null{});
+  return statement.step() ? statement.value(0, ready->columns[0].type) : Value(Null{});
 }
 
 bool Interpreter::condition(const ast::Expr& expr) {
@@ -280,7 +281,7 @@ bool Interpreter::condition(const ast::Expr& expr) {
   PreparedStatement& statement = ready->steps[0];
   statement.start(frame_);
   const Running running(statement);
-  return statement.step() && statement.cell(0).integer != 0;
+  return statement.step() && statement.integer(0) != 0;
 }
 
 void Interpreter::setVariable(const std::string& name, const ast::Expr& expr) {

@@ -29,10 +29,14 @@ class PreparedStatement {
   void reset() { sqlite3_reset(statement_.get()); }
   /// Runs to the end; the number of rows changed.
   std::int64_t run(const Frame& frame);
-  Cell cell(int column) const { return cellOf(statement_.get(), column); }
+  /// A column of the row that step() went to.
+  Value value(int column, const SqlType& type) const { return valueOf(at(column), type); }
+  std::int64_t integer(int column) const { return sqlite3_value_int64(at(column)); }
   bool busy() const { return sqlite3_stmt_busy(statement_.get()) != 0; }
 
  private:
+  sqlite3_value* at(int column) const { return sqlite3_column_value(statement_.get(), column); }
+
   Database& database_;
   Prepared statement_;
   std::vector<Slot> slots_;
