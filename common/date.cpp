@@ -10,13 +10,9 @@ std::chrono::year_month_day calendarDay(const Date& date) {
   return {std::chrono::year(date.year), std::chrono::month(date.month), std::chrono::day(date.day)};
 }
 
-/// Adds `value` in as many digits as `width`, after `before`.
-void append(std::string& text, const char* before, int value, std::size_t width) {
-  text += before;
-  text.append(width, '0');
-  for (auto digit = text.rbegin(); value > 0; ++digit, value /= 10) {
-    *digit = static_cast<char>('0' + value % 10);
-  }
+/// Writes a number over the zeros that end before `end`.
+void write(std::string& text, std::size_t end, int value) {
+  for (; value > 0; value /= 10) text[--end] = static_cast<char>('0' + value % 10);
 }
 
 bool within(int value, int low, int high) {
@@ -53,22 +49,22 @@ Date Date::fromDayNumber(std::int32_t days) {
 }
 
 std::string Date::toAnsi() const {
-  std::string text;
-  append(text, "", year, 4);
-  append(text, "", month, 2);
-  append(text, "", day, 2);
+  std::string text = "00000000";
+  write(text, 4, year);
+  write(text, 6, month);
+  write(text, 8, day);
   return text;
 }
 
 std::string Date::toIso() const {
-  std::string text;
-  append(text, "", year, 4);
-  append(text, "-", month, 2);
-  append(text, "-", day, 2);
-  append(text, " ", hour, 2);
-  append(text, ":", minute, 2);
-  append(text, ":", second, 2);
-  append(text, ".", millisecond, 3);
+  std::string text = "0000-00-00 00:00:00.000";
+  write(text, 4, year);
+  write(text, 7, month);
+  write(text, 10, day);
+  write(text, 13, hour);
+  write(text, 16, minute);
+  write(text, 19, second);
+  write(text, 23, millisecond);
   return text;
 }
 

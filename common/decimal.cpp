@@ -143,18 +143,17 @@ std::optional<Decimal> Decimal::parse(std::string_view text) {
 }
 
 std::string Decimal::toString() const {
-  constexpr int digitsAtOnce = 9;  // of the wide division, the slow one
-  constexpr std::uint32_t divisor = 1'000'000'000;
   std::array<char, 31> text{};  // as long as one gets: 29 digits, a point and a sign
   auto begin = text.end();
+  int digits = 0;
+  const auto put = [&](std::uint64_t digit) {
+    if (digits == scale_ && scale_ > 0) *--begin = '.';
+    *--begin = static_cast<char>('0' + digit);
+    ++digits;
+  };
   UInt192 rest(mantissa_);
-  std::uint32_t group = 0;
-  for (int digit = 0; digit <= scale_ || group != 0 || !rest.isZero(); ++digit) {
-    if (digit == scale_ && scale_ > 0) *--begin = '.';
-    if (digit % digitsAtOnce == 0) group = rest.divide(divisor);
-    *--begin = static_cast<char>('0' + group % 10);
-    group /= 10;
-  }
+  while (!rest.fits64()) put(rest.divide(10));  // slow, and seldom needed
+  for (std::uint64_t low = rest.low64(); low != 0 || digits <= scale_; low /= 10) put(low % 10);
   if (negative_) *--begin = '-';
   return {begin, text.end()};
 }

@@ -42,6 +42,7 @@ class UInt192 {
   std::uint32_t divide(std::uint32_t divisor) {
     std::uint64_t remainder = 0;
     for (std::size_t i = limbCount; i-- > 0;) {
+      if (limbs_[i] == 0 && remainder == 0) continue;  // most numbers are short, and divisions slow
       remainder = remainder << 32 | limbs_[i];
       limbs_[i] = static_cast<std::uint32_t>(remainder / divisor);
       remainder %= divisor;

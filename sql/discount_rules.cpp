@@ -13,6 +13,7 @@ namespace {
 
 constexpr std::size_t stepsOfARule = 10;
 constexpr std::size_t nowhere = static_cast<std::size_t>(-1);
+const Value nothing;
 
 struct ModeFlags {
   std::string_view onPrice;
@@ -269,8 +270,7 @@ std::size_t RuleStatements::indexOf(std::string_view column) const {
 }
 
 const Value& RuleStatements::at(const Row& row, std::size_t index) {
-  static const Value nothing;
-  return index == nowhere ? nothing : row.at(index);
+  return index == nowhere ? nothing : row[index];
 }
 
 const Value& RuleStatements::value(const Row& row, std::string_view column) const {
