@@ -1,5 +1,7 @@
 #include "controls/combo_box.h"
 
+#include <utility>
+
 #include "common/convert.h"
 
 namespace kebu::controls {
@@ -11,8 +13,8 @@ void ComboBox::clear() {
   changed.raise();
 }
 
-void ComboBox::addRow(const Value& code, const std::string& caption) {
-  rows_.push_back({code, caption});
+void ComboBox::addRow(Value code, std::string caption) {
+  rows_.push_back({std::move(code), std::move(caption)});
   changed.raise();
 }
 

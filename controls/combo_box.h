@@ -20,7 +20,7 @@ class ComboBox : public BoundControl {
   using BoundControl::BoundControl;
 
   void clear();
-  void addRow(const Value& code, const std::string& caption);
+  void addRow(Value code, std::string caption);
   const std::vector<Row>& rows() const { return rows_; }
   /// The rows as a person finds them may show their codes too; off for captions only.
   bool showsCodes() const { return showsCodes_; }

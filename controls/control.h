@@ -4,6 +4,7 @@
 #include <functional>
 #include <stdexcept>
 #include <string>
+#include <string_view>
 
 #include "common/event.h"
 #include "host/named_object.h"
@@ -35,6 +36,8 @@ class Control : public host::NamedObject {
 
   std::string Name() const override { return name_; }
   void setName(const std::string& name) override { name_ = name; }
+  /// Whether that is its name, case aside.
+  bool isNamed(std::string_view name) const;
 
   const std::string& caption() const { return caption_; }
   void setCaption(const std::string& caption);

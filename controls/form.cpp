@@ -2,8 +2,6 @@
 
 #include <algorithm>
 
-#include "common/convert.h"
-
 namespace kebu::controls {
 
 Form::Form(std::string name, Desktop& desktop) : Control(std::move(name)), desktop_(desktop) {
@@ -44,10 +42,9 @@ void Form::moveTo(std::int32_t left, std::int32_t top) {
   changed.raise();
 }
 
-Control* Form::find(const std::string& name) const {
-  const auto at = std::find_if(controls_.begin(), controls_.end(), [&](const Control* c) {
-    return equalsIgnoringCase(c->Name(), name);
-  });
+Control* Form::find(std::string_view name) const {
+  const auto at = std::find_if(controls_.begin(), controls_.end(),
+                               [&](const Control* c) { return c->isNamed(name); });
   return at == controls_.end() ? nullptr : *at;
 }
 

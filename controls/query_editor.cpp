@@ -1,6 +1,7 @@
 #include "controls/query_editor.h"
 
 #include <algorithm>
+#include <utility>
 
 #include "common/convert.h"
 #include "common/error.h"
@@ -166,6 +167,11 @@ void QueryEditor::setCondition(std::string_view dataField, const QueryCondition&
   static_cast<void>(get(dataField));
   Row& row = *find(dataField);
   static_cast<void>(composePredicate(columnOf(row.field), condition));  // or it cannot be stated
+  state(row, condition);
+  recompose();
+}
+
+void QueryEditor::state(Row& row, const QueryCondition& condition) {
   row.op.select(std::string(traitsOf(condition.op).code));
   show(row);
   const auto value = [&](std::size_t i) {
@@ -174,15 +180,14 @@ void QueryEditor::setCondition(std::string_view dataField, const QueryCondition&
   const bool isList = condition.op == QueryOperator::OneOf;
   row.first.setText(isList ? joinList(condition.values) : value(0));
   row.second.setText(isList ? "" : value(1));
-  recompose();
 }
 
 std::vector<QueryEditor::Item> QueryEditor::items() const {
   std::vector<Item> all;
   all.reserve(rows_.size());
   for (const auto& row : rows_) {
-    all.push_back({std::string(row->field.dataField),
-                   composePredicate(columnOf(row->field), conditionOf(*row))});
+    all.push_back(
+        {row->field.dataField, composePredicate(columnOf(row->field), conditionOf(*row))});
   }
   return all;
 }
@@ -361,16 +366,17 @@ bool QueryEditor::loadFilter(const std::string& name) {
   const Value text = surroundings_.store->Load(storageKey_, name);
   if (!text.isText() || text.as<std::string>().empty()) return false;
   const auto conditions = readFilter(text.as<std::string>());
-  std::vector<const SavedCondition*> known;
+  std::vector<std::pair<Row*, const QueryCondition*>> known;
   for (const SavedCondition& each : conditions) {
     // A field of another version of the window has nothing to be stated on.
-    const Row* const row = find(each.dataField);
+    Row* const row = find(each.dataField);
     if (!row) continue;
     static_cast<void>(composePredicate(columnOf(row->field), each.condition));
-    known.push_back(&each);
+    known.emplace_back(row, &each.condition);
   }
-  for (const auto& row : rows_) setCondition(row->field.dataField, {});
-  for (const SavedCondition* each : known) setCondition(each->dataField, each->condition);
+  for (const auto& row : rows_) state(*row, {});
+  for (const auto& [row, condition] : known) state(*row, *condition);
+  recompose();
   return true;
 }
 

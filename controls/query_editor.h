@@ -64,7 +64,7 @@ class QueryEditor : public GroupBox {
 
   /// A field with the predicate that its user's choices come to.
   struct Item {
-    std::string DataField;
+    std::string_view DataField;
     std::string Condizione;  ///< "" when the field restricts nothing
   };
 
@@ -142,6 +142,7 @@ class QueryEditor : public GroupBox {
   std::string reversedRanges() const;
   void listen(Row& row);
   void show(Row& row);
+  void state(Row& row, const QueryCondition& condition);
   void operatorChosen(Row& row);
   void checkValue(Row& row, const std::string& text, bool& cancel);
   void valueEntered(Row& row);

@@ -37,8 +37,8 @@ std::string perProdotto(const std::string& condition) {
 
 }  // namespace
 
-std::string CongiuntoArticoli(const std::string& dataField, const std::string& condition) {
-  const std::string prefix = dataField.substr(0, 4);
+std::string CongiuntoArticoli(std::string_view dataField, const std::string& condition) {
+  const std::string_view prefix = dataField.substr(0, 4);
   if (prefix == "MG66" || prefix == "MG87") return diretta(condition);
   if (prefix == "MG72") return perApplicazione(condition);
   if (prefix == "MG73") return perFornitore(condition);

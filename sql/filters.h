@@ -1,13 +1,14 @@
 #pragma once
 
 #include <string>
+#include <string_view>
 
 namespace kebu::sql {
 
 /// What a predicate on one field adds to the condition on the articles, to be
 /// appended to a WHERE clause over MG66_ANAGRART. The first four characters of
 /// the field's name tell its table; of an unknown table nothing is added.
-std::string CongiuntoArticoli(const std::string& dataField, const std::string& condition);
+std::string CongiuntoArticoli(std::string_view dataField, const std::string& condition);
 
 /// An article state's description; the state is a number and goes in as it is.
 std::string DecodificaStatoArticolo(const std::string& state);

@@ -266,7 +266,7 @@ void FRMKB_ANAGRAFICA::ChangeStatus(controls::RecordFrame& frame) {
 }
 
 void FRMKB_ANAGRAFICA::show(std::string_view control) {
-  if (controls::Control* shown = find(std::string(control))) shown->setVisible(true);
+  if (controls::Control* shown = find(control)) shown->setVisible(true);
 }
 
 void FRMKB_ANAGRAFICA::VisualizzaVista(std::int32_t number) {
@@ -292,7 +292,7 @@ void FRMKB_ANAGRAFICA::NascondiViste() {
   trap(services_, "NascondiViste", [&](Steps& step) {
     for (const std::string_view name : hiddenWithEveryView) {
       step([&] {
-        if (controls::Control* control = find(std::string(name))) control->setVisible(false);
+        if (controls::Control* control = find(name)) control->setVisible(false);
       });
     }
   });
