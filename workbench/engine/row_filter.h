@@ -20,8 +20,8 @@ class RowFilter {
  private:
   enum class Operator { Equal, Different, Less, AtMost, Greater, AtLeast, Like };
   struct Condition {
-    std::size_t field;
-    Operator op;
+    std::size_t field = 0;
+    Operator op = Operator::Equal;
     Value value;  ///< as the field's values are compared with it
   };
   struct OperatorName;
