@@ -38,8 +38,8 @@ class Connection {
   virtual Ref<Recordset> Execute(const std::string& text) = 0;
   /// From now on `meanwhile` may be called many times a second while a statement
   /// of Execute or of a recordset's Open or Requery runs, so that a window can be
-  /// painted. It must leave the connection and that recordset alone. An empty function: they only
-  /// wait, as at first.
+  /// painted. It must leave the connection and that recordset alone. An empty
+  /// function: they only wait, as at first.
   virtual void whileExecuting(std::function<void()> meanwhile) = 0;
   /// What the provider said of the last failing call.
   virtual Errors errors() const = 0;
