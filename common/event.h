@@ -2,9 +2,9 @@
 
 #include <algorithm>
 #include <functional>
+#include <list>
 #include <memory>
 #include <utility>
-#include <vector>
 
 namespace kebu {
 
@@ -37,48 +37,62 @@ class Event {
   Event() = default;
   Event(const Event&) = delete;
   Event& operator=(const Event&) = delete;
+  ~Event() { clear(); }
 
   /// Connects for as long as the subscription lives.
-  [[nodiscard]] Subscription connect(Handler handler) { return Subscription(add(handler)); }
+  [[nodiscard]] Subscription connect(Handler handler) {
+    auto subscribed = std::make_shared<Handler>(std::move(handler));
+    add({nullptr, subscribed});
+    return Subscription(std::move(subscribed));
+  }
   /// Connects for the event's life.
-  void on(Handler handler) { kept_.push_back(add(handler)); }
+  void on(Handler handler) { add({std::move(handler), {}}); }
 
   void raise(Args... args) const {
-    const auto slots = slots_;  // handlers may change the list, or end the event
-    for (const auto& weak : slots) {
-      const auto slot = weak.lock();
-      if (slot && slot->connected) slot->handler(args...);
+    if (!slots_) return;
+    const auto slots = slots_;  // a handler may clear the event, or end it
+    auto left = slots->all.size();
+    for (auto slot = slots->all.begin(); left > 0 && !slots->cleared; ++slot, --left) {
+      if (slot->own) {
+        slot->own(args...);
+      } else if (const auto handler = slot->subscribed.lock()) {
+        (*handler)(args...);
+      }
     }
   }
 
   bool hasHandlers() const {
-    return std::any_of(slots_.begin(), slots_.end(),
-                       [](const auto& slot) { return !slot.expired(); });
+    return slots_ && std::any_of(slots_->all.begin(), slots_->all.end(),
+                                 [](const Slot& slot) { return !slot.isGone(); });
   }
 
   void clear() {
-    for (const auto& weak : slots_) {
-      if (const auto slot = weak.lock()) slot->connected = false;
-    }
-    slots_.clear();
-    kept_.clear();
+    if (!slots_) return;
+    slots_->cleared = true;
+    slots_.reset();
   }
 
  private:
   struct Slot {
-    Handler handler;
-    bool connected = true;
+    Handler own;
+    std::weak_ptr<Handler> subscribed;  ///< when it is not the event's own
+
+    bool isGone() const { return !own && subscribed.expired(); }
+  };
+  /// A list, whose elements stay where they are while handlers add others.
+  struct Slots {
+    std::list<Slot> all;
+    bool cleared = false;
   };
 
-  std::shared_ptr<Slot> add(Handler& handler) {
-    std::erase_if(slots_, [](const auto& slot) { return slot.expired(); });
-    auto slot = std::make_shared<Slot>(Slot{std::move(handler)});
-    slots_.push_back(slot);
-    return slot;
+  void add(Slot slot) {
+    if (!slots_) slots_ = std::make_shared<Slots>();
+    const bool isRaised = slots_.use_count() > 1;
+    if (!isRaised) slots_->all.remove_if([](const Slot& other) { return other.isGone(); });
+    slots_->all.push_back(std::move(slot));
   }
 
-  std::vector<std::weak_ptr<Slot>> slots_;
-  std::vector<std::shared_ptr<Slot>> kept_;
+  std::shared_ptr<Slots> slots_;
 };
 
 }  // namespace kebu

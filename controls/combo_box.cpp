@@ -7,7 +7,11 @@
 namespace kebu::controls {
 
 void ComboBox::clear() {
-  rows_.clear();
+  setRows({});
+}
+
+void ComboBox::setRows(std::vector<Row> rows) {
+  rows_ = std::move(rows);
   hasStray_ = false;
   selected_.reset();
   changed.raise();

@@ -20,6 +20,8 @@ class ComboBox : public BoundControl {
   using BoundControl::BoundControl;
 
   void clear();
+  /// These rows and no others; nothing is chosen.
+  void setRows(std::vector<Row> rows);
   void addRow(Value code, std::string caption);
   const std::vector<Row>& rows() const { return rows_; }
   /// The rows as a person finds them may show their codes too; off for captions only.

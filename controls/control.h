@@ -24,6 +24,8 @@ struct Size {
   std::int32_t height = 0;
 };
 
+class GroupBox;
+
 using Translator = std::function<std::string(const std::string&)>;
 
 /// The state that every control has. Controls are models: they hold what is
@@ -56,6 +58,9 @@ class Control : public host::NamedObject {
   bool isShown() const;
   /// Neither it nor a control around it is grey, seen or not.
   bool looksEnabled() const;
+
+  /// The control as a group of others; nothing when it is none.
+  virtual GroupBox* asGroup() { return nullptr; }
 
   /// Puts the texts shown into the user's language.
   virtual void translate(const Translator& translator);

@@ -4,6 +4,17 @@
 
 namespace kebu::controls {
 
+namespace {
+
+void appendTree(Control& control, std::vector<Control*>& all) {
+  all.push_back(&control);
+  const GroupBox* const group = control.asGroup();
+  if (!group) return;
+  for (Control* child : group->children()) appendTree(*child, all);
+}
+
+}  // namespace
+
 Form::Form(std::string name, Desktop& desktop) : Control(std::move(name)), desktop_(desktop) {
   setVisible(false);
 }
@@ -13,27 +24,30 @@ Form::~Form() {
   if (loaded_) ignoringErrors([&] { desktop_.hide(*this); });
 }
 
-void Form::addTree(GroupBox& group) {
-  add(group);
-  for (Control* child : group.children()) {
-    if (auto* inner = dynamic_cast<GroupBox*>(child)) {
-      addTree(*inner);
-    } else {
-      add(*child);
-    }
-  }
-  group.ChildAdded.on([this, &group](Control& child) { addLate(group, child); });
+void Form::add(Control& control) {
+  outermost_.push_back(&control);
+  hasNew_ = true;
+  listenTo(control);
 }
 
-void Form::addLate(const GroupBox& group, Control& child) {
-  // Behind the group's last control, so that the tab key finds it where it stands.
-  const auto isOfGroup = [&](const Control* control) {
-    while (control && control != &group) control = control->container();
-    return control != nullptr;
-  };
-  const auto last = std::find_if(controls_.rbegin(), controls_.rend(), isOfGroup);
-  controls_.insert(last.base(), &child);
-  changed.raise();
+void Form::listenTo(Control& control) {
+  GroupBox* const group = control.asGroup();
+  if (!group) return;
+  for (Control* child : group->children()) listenTo(*child);
+  group->ChildAdded.on([this](Control& child) {
+    hasNew_ = true;
+    listenTo(child);
+    changed.raise();
+  });
+}
+
+const std::vector<Control*>& Form::controls() const {
+  if (hasNew_) {
+    controls_.clear();
+    for (Control* control : outermost_) appendTree(*control, controls_);
+    hasNew_ = false;
+  }
+  return controls_;
 }
 
 void Form::moveTo(std::int32_t left, std::int32_t top) {
@@ -43,14 +57,15 @@ void Form::moveTo(std::int32_t left, std::int32_t top) {
 }
 
 Control* Form::find(std::string_view name) const {
-  const auto at = std::find_if(controls_.begin(), controls_.end(),
-                               [&](const Control* c) { return c->isNamed(name); });
-  return at == controls_.end() ? nullptr : *at;
+  const auto& all = controls();
+  const auto at =
+      std::find_if(all.begin(), all.end(), [&](const Control* c) { return c->isNamed(name); });
+  return at == all.end() ? nullptr : *at;
 }
 
 std::vector<BoundControl*> Form::boundControls() const {
   std::vector<BoundControl*> bound;
-  for (Control* control : controls_) {
+  for (Control* control : controls()) {
     auto* candidate = dynamic_cast<BoundControl*>(control);
     if (candidate && candidate->frame()) bound.push_back(candidate);
   }
@@ -58,7 +73,7 @@ std::vector<BoundControl*> Form::boundControls() const {
 }
 
 void Form::translate(const Translator& translator) {
-  for (Control* control : controls_) control->translate(translator);
+  for (Control* control : controls()) control->translate(translator);
 }
 
 void Form::Show(bool modal) {

@@ -25,7 +25,7 @@ class Form : public Control, public std::enable_shared_from_this<Form> {
   bool isLoaded() const { return loaded_; }
 
   /// Every control of the window, in the order of the tab key.
-  const std::vector<Control*>& controls() const { return controls_; }
+  const std::vector<Control*>& controls() const;
   /// A control by its name, case aside; nothing when there is none.
   Control* find(std::string_view name) const;
   /// The controls that edit a column.
@@ -41,9 +41,8 @@ class Form : public Control, public std::enable_shared_from_this<Form> {
   bool Unload();
 
  protected:
-  void add(Control& control) { controls_.push_back(&control); }
-  /// The group and all that stands in it.
-  void addTree(GroupBox& group);
+  /// The control; a group with all that stands in it, now and later.
+  void add(Control& control);
   template <class... Controls>
   void addAll(Controls&... all) {
     (add(all), ...);
@@ -56,11 +55,13 @@ class Form : public Control, public std::enable_shared_from_this<Form> {
   virtual void Form_Unload() {}
 
  private:
-  /// A control that came into a group of the window later.
-  void addLate(const GroupBox& group, Control& child);
+  /// Hears of controls that come into a group, and into the groups in it.
+  void listenTo(Control& control);
 
   Desktop& desktop_;
-  std::vector<Control*> controls_;
+  std::vector<Control*> outermost_;
+  mutable std::vector<Control*> controls_;
+  mutable bool hasNew_ = false;  ///< controls_ lacks some
   std::int32_t left_ = 0;
   std::int32_t top_ = 0;
   bool loaded_ = false;

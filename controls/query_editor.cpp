@@ -80,15 +80,21 @@ std::string QueryEditor::translated(std::string_view text) const {
 
 // ---- declaration
 
+void QueryEditor::nameOperators() {
+  for (const OperatorTraits& traits : queryOperators()) {
+    const ComboBox::Row row{std::string(traits.code), translated(traits.caption)};
+    textOperators_.push_back(row);
+    if (!traits.ofTextOnly) numberOperators_.push_back(row);
+  }
+}
+
 void QueryEditor::addField(const QueryField& field) {
+  if (textOperators_.empty()) nameOperators();
   const std::string name = rowName(Name(), rows_.size() + 1);
   Row& row = *rows_.emplace_back(std::make_unique<Row>(name, field));
   row.op.setCaption(translated(field.caption));
   row.op.setShowsCodes(false);
-  for (const OperatorTraits& traits : queryOperators()) {
-    if (field.isNumeric && traits.ofTextOnly) continue;
-    row.op.addRow(std::string(traits.code), translated(traits.caption));
-  }
+  row.op.setRows(field.isNumeric ? numberOperators_ : textOperators_);
   if (field.hasLookup) {
     row.first.setDescription(row.firstDescription);
     row.second.setDescription(row.secondDescription);

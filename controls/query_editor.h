@@ -135,6 +135,8 @@ class QueryEditor : public GroupBox {
   const Label& warning() const { return warning_; }
 
  private:
+  /// Puts the operators into the user's language, once for all fields.
+  void nameOperators();
   Row* find(std::string_view dataField) const;
   const Row& get(std::string_view dataField) const;
   QueryCondition conditionOf(const Row& row) const;
@@ -157,6 +159,8 @@ class QueryEditor : public GroupBox {
   Surroundings surroundings_;
   std::string storageKey_;
   Translator translator_;
+  std::vector<ComboBox::Row> textOperators_;    ///< what is offered for texts
+  std::vector<ComboBox::Row> numberOperators_;  ///< what is offered for numbers
   std::vector<std::unique_ptr<Row>> rows_;
   std::vector<std::unique_ptr<Row>> removed_;  ///< still on the screen, perhaps
   EditBox text_;

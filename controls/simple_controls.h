@@ -30,6 +30,8 @@ class GroupBox : public Control {
  public:
   using Control::Control;
 
+  GroupBox* asGroup() override { return this; }
+
   /// Puts `child` into this group, after those that are there.
   void add(Control& child);
   template <class... Controls>

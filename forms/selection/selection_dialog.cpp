@@ -27,8 +27,7 @@ SelectionDialog::SelectionDialog(const Kind& kind, SelectionCaller& caller)
       filter_(context_, editor_, kind.subject()) {
   trace_.initialized();
   setCaption(kind.caption);
-  addTree(editor_);
-  addAll(CMD_OK, CMD_ANNULLA);
+  addAll(editor_, CMD_OK, CMD_ANNULLA);
   CMD_OK.ButtonClick.on([this] { CMD_OK_ButtonClick(); });
   CMD_ANNULLA.ButtonClick.on([this] { CMD_ANNULLA_ButtonClick(); });
 }

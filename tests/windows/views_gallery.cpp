@@ -65,7 +65,7 @@ class Dialog : public Form {
     group.add(grid);
     group.add(filter);
     ok.ButtonClick.on([this] { Unload(); });
-    addTree(group);
+    Form::add(group);
     addAll(ok, cancel);
     cancel.ButtonClick.on([this] { Unload(); });
   }
@@ -169,7 +169,7 @@ class Gallery : public Form {
     });
     status.setPanelText(1, "Ditta 1");
     addAll(links, title, bar);
-    for (GroupBox* page : {&pageOne, &pageTwo, &pageThree}) addTree(*page);
+    for (GroupBox* page : {&pageOne, &pageTwo, &pageThree}) Form::add(*page);
     addAll(status, progress, resizing, container);
     openPage(1);
   }

@@ -44,7 +44,7 @@ class SampleForm : public controls::Form {
     links.OnClickItemLink.on([this](const controls::SideBar::Link& link) { page = link.view; });
     bar.ButtonClick.on([this](bool&, const std::string& key) { pressed = key; });
     button.ButtonClick.on([this] { ++clicks; });
-    addAll(links, group, box, password, combo, check, hiddenLabel, button, bar, status);
+    addAll(links, group, hiddenLabel, button, bar, status);
     hiddenLabel.setVisible(false);
   }
 

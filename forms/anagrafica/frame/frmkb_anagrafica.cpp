@@ -78,7 +78,7 @@ void FRMKB_ANAGRAFICA::buildPages() {
   addAll(SBAR_MAIN, TITLEBAR, INAV_PAR, INAV_CATCLIART, FME_ANAGRAFICA, parameters_.FME_PARAMETRI);
   for (controls::GroupBox* page : pages_.all) {
     page->setVisible(false);
-    addTree(*page);
+    add(*page);
   }
   addAll(progress_.STATUSBAR, progress_.PBAR, VLT_RESIZEFORM1, MDIActiveX1);
 }
