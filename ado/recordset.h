@@ -7,7 +7,7 @@
 
 #include "ado/connection.h"
 #include "common/ref.h"
-#include "common/value.h"
+#include "common/row_values.h"
 
 namespace kebu::ado {
 
@@ -85,8 +85,8 @@ class Recordset {
   /// The value that the row had in the database when it was read.
   virtual Value originalValue(std::string_view field) const = 0;
   /// Up to `rows` rows from the current one on, in the order of fields(), one
-  /// vector a row; moves past them. -1 for all that are left.
-  virtual std::vector<std::vector<Value>> GetRows(std::int32_t rows) = 0;
+  /// element a row; moves past them. -1 for all that are left.
+  virtual std::vector<RowValues> GetRows(std::int32_t rows) = 0;
 
   virtual void AddNew() = 0;
   /// Sends the current row (batch lock: only keeps it for UpdateBatch).

@@ -77,9 +77,10 @@ struct Aligned {
   }
 };
 
-std::uint64_t magnitude(std::int64_t value) {
+Decimal::Mantissa mantissaOf(std::int64_t value) {
   const auto bits = static_cast<std::uint64_t>(value);
-  return value < 0 ? 0 - bits : bits;
+  const std::uint64_t magnitude = value < 0 ? 0 - bits : bits;
+  return {static_cast<std::uint32_t>(magnitude), static_cast<std::uint32_t>(magnitude >> 32), 0};
 }
 
 /// The signed number, when it lies between -limit - 1 and limit.
@@ -102,6 +103,40 @@ bool isDigit(char c) {
   return c >= '0' && c <= '9';
 }
 
+/// A decimal written out, its last digit first.
+class DigitText {
+ public:
+  enum class Zeros { Kept, Dropped };  ///< at the end of the fraction
+
+  DigitText(const Decimal& value, char point, Zeros zeros) {
+    int left = value.scale();  // digits of the fraction that are still to come
+    const auto putFraction = [&](std::uint64_t digit) {
+      if (digit != 0 || zeros == Zeros::Kept || begin_ != text_.end()) put(digit);
+      if (--left == 0 && begin_ != text_.end()) *--begin_ = point;
+    };
+    UInt192 rest(value.mantissa());
+    while (!rest.fits64()) {  // slow, and seldom needed
+      const std::uint32_t digit = rest.divide(10);
+      left > 0 ? putFraction(digit) : put(digit);
+    }
+    std::uint64_t low = rest.low64();
+    for (; left > 0; low /= 10) putFraction(low % 10);
+    do {
+      put(low % 10);
+      low /= 10;
+    } while (low != 0);
+    if (value.isNegative()) *--begin_ = '-';
+  }
+
+  std::string_view view() const { return {begin_, text_.end()}; }
+
+ private:
+  void put(std::uint64_t digit) { *--begin_ = static_cast<char>('0' + digit); }
+
+  std::array<char, 31> text_{};  // as long as one gets: 29 digits, a point and a sign
+  std::array<char, 31>::iterator begin_ = text_.end();
+};
+
 }  // namespace
 
 Decimal::Decimal(const Mantissa& mantissa, int scale, bool negative)
@@ -111,10 +146,10 @@ Decimal::Decimal(const Mantissa& mantissa, int scale, bool negative)
   requireScale(scale);
 }
 
-Decimal::Decimal(std::int64_t whole) : Decimal(UInt192(magnitude(whole)).low96(), 0, whole < 0) {}
+Decimal::Decimal(std::int64_t whole) : Decimal(mantissaOf(whole), 0, whole < 0) {}
 
 Decimal Decimal::scaled(std::int64_t unscaled, int scale) {
-  return {UInt192(magnitude(unscaled)).low96(), scale, unscaled < 0};
+  return {mantissaOf(unscaled), scale, unscaled < 0};
 }
 
 std::optional<Decimal> Decimal::parse(std::string_view text) {
@@ -143,19 +178,11 @@ std::optional<Decimal> Decimal::parse(std::string_view text) {
 }
 
 std::string Decimal::toString() const {
-  std::array<char, 31> text{};  // as long as one gets: 29 digits, a point and a sign
-  auto begin = text.end();
-  int digits = 0;
-  const auto put = [&](std::uint64_t digit) {
-    if (digits == scale_ && scale_ > 0) *--begin = '.';
-    *--begin = static_cast<char>('0' + digit);
-    ++digits;
-  };
-  UInt192 rest(mantissa_);
-  while (!rest.fits64()) put(rest.divide(10));  // slow, and seldom needed
-  for (std::uint64_t low = rest.low64(); low != 0 || digits <= scale_; low /= 10) put(low % 10);
-  if (negative_) *--begin = '-';
-  return {begin, text.end()};
+  return std::string(DigitText(*this, '.', DigitText::Zeros::Kept).view());
+}
+
+void Decimal::appendShortest(std::string& text, char point) const {
+  text += DigitText(*this, point, DigitText::Zeros::Dropped).view();
 }
 
 Decimal Decimal::rounded(int scale) const {

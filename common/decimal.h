@@ -30,6 +30,8 @@ class Decimal {
   static std::optional<Decimal> parse(std::string_view text);
   /// The same form, trailing zeros after the point kept as the scale has them.
   std::string toString() const;
+  /// Writes the same form behind `text`, with this point and without those zeros.
+  void appendShortest(std::string& text, char point) const;
 
   int scale() const { return scale_; }
   const Mantissa& mantissa() const { return mantissa_; }

@@ -179,15 +179,8 @@ std::optional<Decimal> Locale::parseDecimal(std::string_view text) const {
 }
 
 std::string Locale::format(const Decimal& value) const {
-  std::string text = value.toString();
-  const std::size_t point = text.find('.');
-  if (point == std::string::npos) return text;
-  text.resize(text.find_last_not_of('0') + 1);
-  if (text.back() == '.') {
-    text.pop_back();
-  } else {
-    text[point] = decimalSeparator;
-  }
+  std::string text;
+  value.appendShortest(text, decimalSeparator);
   return text;
 }
 

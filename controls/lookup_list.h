@@ -32,7 +32,7 @@ class LookupList {
  private:
   std::string title_;
   std::vector<std::string> captions_;
-  std::vector<std::vector<Value>> rows_;
+  std::vector<RowValues> rows_;
   std::int32_t chosen_ = 0;
 };
 

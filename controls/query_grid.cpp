@@ -99,7 +99,7 @@ std::size_t QueryGrid::fieldIndex(std::string_view field) const {
 
 Value QueryGrid::cell(std::int32_t row, std::string_view field) {
   const std::size_t index = fieldIndex(field);
-  const std::vector<Value>& values = cache_.row(row);
+  const RowValues& values = cache_.row(row);
   return index < values.size() ? values[index] : Value();
 }
 

@@ -11,7 +11,7 @@ std::int32_t RowCache::rowCount() const {
   return reader_ ? reader_->RecordCount() : 0;
 }
 
-const std::vector<Value>& RowCache::row(std::int32_t position) {
+const RowValues& RowCache::row(std::int32_t position) {
   const auto isHeld = [&] {
     return position >= first_ && position < first_ + static_cast<std::int32_t>(block_.size());
   };

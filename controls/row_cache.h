@@ -17,14 +17,14 @@ class RowCache {
 
   std::int32_t rowCount() const;
   /// The values of row `position`, from 1, in the order of the fields.
-  const std::vector<Value>& row(std::int32_t position);
+  const RowValues& row(std::int32_t position);
 
  private:
   static constexpr std::int32_t blockRows = 128;
 
   Ref<ado::Recordset> reader_;
   std::int32_t first_ = 0;
-  std::vector<std::vector<Value>> block_;
+  std::vector<RowValues> block_;
 };
 
 }  // namespace kebu::controls

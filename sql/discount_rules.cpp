@@ -29,30 +29,32 @@ bool isZero(const Value& value) {
   return toDecimal(CDecN(value)).isZero();
 }
 
-std::string amount(const Value& value) {
-  return toSqlNumber(CDecN(value));
+void writeAmount(std::string& text, const Value& value) {
+  if (value.isNumber()) {
+    appendSqlNumber(text, value);
+  } else {
+    appendSqlNumber(text, CDecN(value));
+  }
 }
 
 /// A number as it stands, without quotes.
-std::string number(const Value& value) {
-  if (value.isEmpty() || value.isNull()) return "NULL";
-  if (!value.isText()) return toSqlNumber(value);
-  const std::string text = trim(value.as<std::string>());
-  return text.empty() ? "NULL" : text;
-}
-
-void writeQuoted(std::string& text, std::string_view value) {
-  text += '\'';
-  text += value;
-  text += '\'';
+void writeNumber(std::string& text, const Value& value) {
+  if (value.isText()) {
+    const std::string number = trim(value.as<std::string>());
+    text += number.empty() ? "NULL" : number;
+  } else if (value.isEmpty() || value.isNull()) {
+    text += "NULL";
+  } else {
+    appendSqlNumber(text, value);
+  }
 }
 
 // As it stands: a quote inside of it breaks the statement, and the user is told.
 void writeText(std::string& text, const Value& value) {
   if (value.isText()) {
-    writeQuoted(text, value.as<std::string>());
+    text += value.as<std::string>();
   } else {
-    writeQuoted(text, toDisplay(value));
+    text += toDisplay(value);
   }
 }
 
@@ -69,9 +71,13 @@ std::string stepColumns() {
 void writeSteps(std::string& text, const std::vector<RuleStep>& steps) {
   for (std::size_t i = 0; i < stepsOfARule; ++i) {
     if (i > 0) text += ",\r\n";
-    text += i < steps.size()
-                ? join({toSqlNumber(steps[i].from), ",\r\n", toSqlNumber(steps[i].value)})
-                : "NULL,\r\nNULL";
+    if (i < steps.size()) {
+      appendSqlNumber(text, steps[i].from);
+      text += ",\r\n";
+      appendSqlNumber(text, steps[i].value);
+    } else {
+      text += "NULL,\r\nNULL";
+    }
   }
 }
 
@@ -210,11 +216,14 @@ RuleStatements::RuleStatements(const DiscountKind& kind, std::string company,
     if (const auto constant = constantOf(form, options)) {
       fixed += *constant;
     } else {
-      pieces_.push_back({std::exchange(fixed, {}), form, indexOf(column.name)});
+      // The pieces around a text bring its quotes.
+      const char* const quote = form == Form::Text || form == Form::Day ? "'" : "";
+      pieces_.push_back({fixed + quote, form, indexOf(column.name)});
+      fixed = quote;
     }
   }
-  pieces_.front().before.insert(
-      0, lines({"INSERT INTO  ", " GM61_KBDISCOUNTRULES ", " (", names, " )", " VALUES ", " ("}));
+  insert_ = lines({"INSERT INTO  ", " GM61_KBDISCOUNTRULES ", " (", names, " )", " VALUES ", " ("});
+  columnsEnd_ = insert_.size();
   tail_ = join({fixed, " )"});
   type_ = indexOf("GM61_TIPOSCONTO");
   field_ = indexOf("GM61_CAMPOCORVANE");
@@ -250,13 +259,13 @@ std::optional<std::string> RuleStatements::constantOf(Form form, const RuleOptio
     case Form::One:
       return "1";
     case Form::StruckThroughPrices:
-      return amount(options.struckThroughPrices);
+      return toSqlNumber(CDecN(options.struckThroughPrices));
     case Form::NoOtherDiscounts:
-      return amount(options.noOtherDiscounts);
+      return toSqlNumber(CDecN(options.noOtherDiscounts));
     case Form::SingleUse:
-      return amount(options.singleUse);
+      return toSqlNumber(CDecN(options.singleUse));
     case Form::Application:
-      return amount(options.application);
+      return toSqlNumber(CDecN(options.application));
     case Form::Today:
       return join({"'", options.today, "'"});
     default:
@@ -298,7 +307,8 @@ std::string RuleStatements::LeggiScaglioni(const Row& row) const {
   for (const StepKey& key : list.steps.keys) {
     if (key.column.empty()) break;
     const Value& found = value(row, key.field);
-    const std::string plain = number(found);
+    std::string plain;
+    writeNumber(plain, found);
     if (key.form == StepKey::Form::NumberIfKnown && plain == "NULL") continue;
     script.line(join({"AND ", key.column, " = ",
                       key.form == StepKey::Form::Text ? quoted(toDisplay(found)) : plain}));
@@ -309,10 +319,10 @@ std::string RuleStatements::LeggiScaglioni(const Row& row) const {
   return script.text();
 }
 
-std::string RuleStatements::InserisciRegola(const Row& row,
-                                            const std::vector<RuleStep>& steps) const {
-  std::string text;
-  text.reserve(2 * pieces_.front().before.size());
+const std::string& RuleStatements::InserisciRegola(const Row& row,
+                                                   const std::vector<RuleStep>& steps) {
+  std::string& text = insert_;
+  text.resize(columnsEnd_);
   for (const Piece& piece : pieces_) {
     text += piece.before;
     const Value& own = at(row, piece.index);
@@ -321,19 +331,19 @@ std::string RuleStatements::InserisciRegola(const Row& row,
         writeText(text, own);
         break;
       case Form::Day:
-        writeQuoted(text, GetAnsiDate(own));
+        text += GetAnsiDate(own);
         break;
       case Form::Amount:
-        text += amount(own);
+        writeAmount(text, own);
         break;
       case Form::Published:
-        text += amount(publishedValue(row));
+        writeAmount(text, publishedValue(row));
         break;
       case Form::Steps:
         writeSteps(text, steps);
         break;
       default:
-        text += number(own);
+        writeNumber(text, own);
     }
   }
   text += tail_;

@@ -7,7 +7,7 @@
 #include <string_view>
 #include <vector>
 
-#include "common/value.h"
+#include "common/row_values.h"
 #include "sql/discount_kinds.h"
 
 namespace kebu::sql {
@@ -52,7 +52,7 @@ struct RuleOptions {
 /// is settled once, so that a row costs little more than its text.
 class RuleStatements {
  public:
-  using Row = std::vector<Value>;
+  using Row = RowValues;
 
   /// `columns` are the working table's, in the order of the rows' values.
   RuleStatements(const DiscountKind& kind, std::string company,
@@ -66,7 +66,8 @@ class RuleStatements {
   /// The quantity steps that the price list has for the row, by ascending quantity.
   std::string LeggiScaglioni(const Row& row) const;
   /// Stores the row as a rule; `steps` are for discount grids, ten at the most.
-  std::string InserisciRegola(const Row& row, const std::vector<RuleStep>& steps) const;
+  /// The text stands until the next one is asked for.
+  const std::string& InserisciRegola(const Row& row, const std::vector<RuleStep>& steps);
 
  private:
   enum class Form;
@@ -92,6 +93,8 @@ class RuleStatements {
   std::map<std::string, std::size_t, std::less<>> columns_;
   std::vector<Piece> pieces_;
   std::string tail_;
+  std::string insert_;          ///< the last INSERT's text
+  std::size_t columnsEnd_ = 0;  ///< in it, where the values begin
   // Where a row has what decides on the value published.
   std::size_t type_ = 0;
   std::size_t field_ = 0;

@@ -40,7 +40,7 @@ class Recordsets : public testing::Test {
   }
   std::string stored(const std::string& query) {
     auto recordset = connection->Execute(query);
-    return recordset->EOF_() ? "" : shown(ResultSet{{}, {}, recordset->GetRows(-1), 0, {}, {}, {}});
+    return recordset->EOF_() ? "" : shownRows(recordset->GetRows(-1));
   }
 
   Ref<ado::Connection> connection = newConnection(Database::createInMemory(), nullptr);
@@ -117,6 +117,19 @@ TEST_F(Recordsets, SendAnEditAtOnceAndWhenMovedOff) {
   EXPECT_EQ(stored("SELECT COUNT(*) FROM T"), "3\n");
 }
 
+TEST_F(Recordsets, LeaveRowsThatWereReadAsTheyWere) {
+  auto edited = open("SELECT A FROM T");
+  const auto before = edited->GetRows(1);
+  edited->MoveFirst();
+  edited->setValue("A", "neu");
+  edited->Update();
+  EXPECT_EQ(shownRows(before), "a\n");
+  auto readOnly = open("SELECT A FROM T", CursorType::Static, LockType::ReadOnly);
+  const auto kept = readOnly->GetRows(-1);
+  readOnly->Close();
+  EXPECT_EQ(shownRows(kept), "neu\nb\nb\nC \n");
+}
+
 TEST_F(Recordsets, ConvertWhatIsAssigned) {
   auto rs = open("SELECT * FROM T");
   rs->setValue("P", "1.234,555");
@@ -153,6 +166,12 @@ TEST_F(Recordsets, KeepABatchUntilItIsSent) {
   rs->CancelBatch();
   EXPECT_FALSE(rs->hasPendingBatch());
   EXPECT_EQ(rs->RecordCount(), 4);
+  rs->MoveFirst();
+  EXPECT_EQ(rs->value("A"), Value("a"));
+  rs->setValue("A", "x");
+  rs->Update();
+  rs->Delete();
+  rs->CancelBatch();
   rs->MoveFirst();
   EXPECT_EQ(rs->value("A"), Value("a"));
 

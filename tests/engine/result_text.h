@@ -17,13 +17,18 @@ inline std::string shown(const Value& value) {
 }
 
 /// Rows with "|" between the values, a line each.
-inline std::string shown(const ResultSet& result) {
+template <class Rows>
+std::string shownRows(const Rows& rows) {
   std::string text;
-  for (const auto& row : result.rows) {
+  for (const auto& row : rows) {
     for (std::size_t i = 0; i < row.size(); ++i) text += (i > 0 ? "|" : "") + shown(row[i]);
     text += '\n';
   }
   return text;
+}
+
+inline std::string shown(const ResultSet& result) {
+  return shownRows(result.rows);
 }
 
 inline std::string shown(const std::vector<ResultSet>& results) {

@@ -56,12 +56,13 @@ class MadeUpRows : public ado::Recordset, public std::enable_shared_from_this<Ma
     (*edits_)[{position_, static_cast<std::size_t>(at - all.begin())}] = value;
   }
   Value originalValue(std::string_view field) const override { return value(field); }
-  std::vector<std::vector<Value>> GetRows(std::int32_t rows) override {
-    std::vector<std::vector<Value>> read;
+  std::vector<RowValues> GetRows(std::int32_t rows) override {
+    std::vector<RowValues> read;
     const std::int32_t last = rows < 0 ? count_ : std::min(position_ + rows - 1, count_);
     for (; position_ <= last; ++position_) {
-      auto& row = read.emplace_back();
+      std::vector<Value> row;
       for (std::size_t i = 0; i < fields().size(); ++i) row.push_back(at_(position_, i));
+      read.emplace_back(std::move(row));
     }
     return read;
   }

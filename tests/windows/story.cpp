@@ -32,7 +32,7 @@ std::string describe(const Value& value) {
   return std::visit(Describer(), value.storage());
 }
 
-std::string describe(const std::vector<std::vector<Value>>& rows) {
+std::string describe(const std::vector<RowValues>& rows) {
   std::string text = std::to_string(rows.size()) + " rows";
   for (const auto& row : rows) {
     text += " (";

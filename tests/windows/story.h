@@ -13,7 +13,7 @@ namespace kebu::tests {
 
 /// The kind of a value and what is in it, exactly.
 std::string describe(const Value& value);
-std::string describe(const std::vector<std::vector<Value>>& rows);
+std::string describe(const std::vector<RowValues>& rows);
 std::string describe(const std::vector<ado::Field>& fields);
 std::string describe(const ado::Errors& errors);
 inline std::string describe(const std::string& text) {

@@ -152,7 +152,7 @@ AdoRecordset::Rows AdoRecordset::getRows(std::int32_t rows) const {
   return rowsIn(object_.call(L"GetRows", {rows}).get());
 }
 
-std::vector<std::vector<Value>> AdoRecordset::GetRows(std::int32_t rows) {
+std::vector<RowValues> AdoRecordset::GetRows(std::int32_t rows) {
   if (!isAhead()) return getRows(rows);
   const auto left = static_cast<std::int32_t>(ahead_.size() - at_);
   const std::int32_t taken = rows < 0 ? left : std::min(rows, left);

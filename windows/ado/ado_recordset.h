@@ -42,7 +42,7 @@ class AdoRecordset : public ado::Recordset, public Foreign {
   Value value(std::string_view field) const override;
   void setValue(std::string_view field, const Value& value) override;
   Value originalValue(std::string_view field) const override;
-  std::vector<std::vector<Value>> GetRows(std::int32_t rows) override;
+  std::vector<RowValues> GetRows(std::int32_t rows) override;
 
   void AddNew() override;
   void Update() override;
@@ -54,7 +54,7 @@ class AdoRecordset : public ado::Recordset, public Foreign {
   bool hasPendingBatch() const override;
 
  private:
-  using Rows = std::vector<std::vector<Value>>;
+  using Rows = std::vector<RowValues>;
 
   /// Has the rows come by a call, which takes ADO's options.
   template <class Call>

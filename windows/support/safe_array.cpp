@@ -72,18 +72,20 @@ Variant textArray(const std::vector<std::string>& texts) {
   return result;
 }
 
-std::vector<std::vector<Value>> rowsIn(const VARIANT& variant) {
+std::vector<RowValues> rowsIn(const VARIANT& variant) {
   SAFEARRAY* const array = arrayIn(variant, VT_VARIANT, 2);
   const std::size_t fields = length(array, 1);
-  std::vector<std::vector<Value>> rows(length(array, 2));
+  std::vector<RowValues> rows(length(array, 2));
   const Elements<VARIANT> cells(array);
   std::size_t next = 0;  // the first dimension varies fastest
-  for (std::vector<Value>& row : rows) {
-    row.reserve(fields);
+  for (RowValues& row : rows) {
+    std::vector<Value> values;
+    values.reserve(fields);
     for (std::size_t i = 0; i < fields; ++i) {
       const VARIANT& cell = cells[next++];
-      row.push_back(cell.vt == VT_EMPTY ? Value(Null{}) : toValue(cell));
+      values.push_back(cell.vt == VT_EMPTY ? Value(Null{}) : toValue(cell));
     }
+    row = RowValues(std::move(values));
   }
   return rows;
 }

@@ -7,7 +7,7 @@
 #include <string>
 #include <vector>
 
-#include "common/value.h"
+#include "common/row_values.h"
 #include "windows/support/variant.h"
 
 namespace kebu::windows {
@@ -20,6 +20,6 @@ Variant textArray(const std::vector<std::string>& texts);
 /// The rows of an array [field][row] of variants, as ADO's GetRows gives it,
 /// one vector a row; a cell of a new row that nobody has filled is a null.
 /// RuntimeError 13 for anything else.
-std::vector<std::vector<Value>> rowsIn(const VARIANT& variant);
+std::vector<RowValues> rowsIn(const VARIANT& variant);
 
 }  // namespace kebu::windows

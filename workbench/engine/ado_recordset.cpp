@@ -180,23 +180,30 @@ const std::vector<ado::Field>& AdoRecordset::fields() const {
 
 Value AdoRecordset::value(std::string_view field) const {
   const std::size_t index = rows().indexOf(field);
-  return edit_ ? edit_->values[index] : current().values[index];
+  const Value* const set = edit_ ? edit_->values.find(index) : nullptr;
+  if (set) return *set;
+  return edit_ && edit_->isNew ? Value(Null{}) : current().values[index];
 }
 
 Value AdoRecordset::originalValue(std::string_view field) const {
   const std::size_t index = rows().indexOf(field);
   if (edit_ && edit_->isNew) return Null{};
   const Row& row = current();
-  return row.pending == Row::Pending::Insert ? Value(Null{}) : row.stored()[index];
+  return row.pending == Row::Pending::Insert ? Value(Null{}) : row.stored(index);
 }
 
-std::vector<std::vector<Value>> AdoRecordset::GetRows(std::int32_t wanted) {
+std::vector<RowValues> AdoRecordset::GetRows(std::int32_t wanted) {
   settleEdit();
   if (!atRow()) throw adoerror::noCurrentRecord();
-  std::vector<std::vector<Value>> result;
+  std::vector<RowValues> result;
   for (; position_ < count() && (wanted < 0 || static_cast<std::int32_t>(result.size()) < wanted);
        position_ = nextVisible(position_, 1)) {
-    result.push_back(current().values);
+    const Values& values = current().values;
+    if (lockType_ == ado::LockType::ReadOnly) {
+      result.emplace_back(values, rows_);
+    } else {
+      result.emplace_back(values);  // it may be edited while they are looked at
+    }
   }
   return result;
 }

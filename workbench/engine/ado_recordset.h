@@ -42,7 +42,7 @@ class AdoRecordset : public ado::Recordset {
   Value value(std::string_view field) const override;
   void setValue(std::string_view field, const Value& value) override;
   Value originalValue(std::string_view field) const override;
-  std::vector<std::vector<Value>> GetRows(std::int32_t wanted) override;
+  std::vector<RowValues> GetRows(std::int32_t wanted) override;
 
   void AddNew() override;
   void Update() override;
@@ -59,11 +59,10 @@ class AdoRecordset : public ado::Recordset {
   std::int32_t status() const;
 
  private:
-  /// The row being edited, with its values so far.
+  /// What was set in the current row, or in a new one, since the last Update.
   struct Edit {
     bool isNew = false;
-    Values values;
-    FieldList changed;
+    FieldValues values;
   };
 
   RowSet& rows() const;
@@ -82,6 +81,7 @@ class AdoRecordset : public ado::Recordset {
   /// Ends the edit in progress as moving to another row does.
   void settleEdit();
   void send(Row& row);
+  void sendOrRestore(Row& row);
 
   std::shared_ptr<RowSet> rows_;
   std::shared_ptr<AdoConnection> connection_;

@@ -19,15 +19,17 @@ void AdoRecordset::setValue(std::string_view field, const Value& value) {
   requireUpdatable();
   if (rows().columns[index].empty()) throw adoerror::badValue();
   Value converted = forField(value, rows().types[index]);
-  if (!edit_) edit_ = Edit{false, current().values, {}};
-  edit_->values[index] = std::move(converted);
-  edit_->changed.add(index);
+  if (!edit_) {
+    static_cast<void>(current());  // there must be one
+    edit_ = Edit{};
+  }
+  edit_->values.set(index, std::move(converted));
 }
 
 void AdoRecordset::AddNew() {
   requireUpdatable();
   settleEdit();
-  edit_ = Edit{true, Values(rows().fields.size(), Null{}), {}};
+  edit_ = Edit{true, {}};
 }
 
 void AdoRecordset::send(Row& row) {
@@ -35,29 +37,31 @@ void AdoRecordset::send(Row& row) {
   RowWriter(*connection_, rows()).send(row);
 }
 
+/// A failing statement leaves the row as it was, and the edit to be sent again.
+void AdoRecordset::sendOrRestore(Row& row) {
+  try {
+    send(row);
+  } catch (...) {
+    row.restore();
+    throw;
+  }
+}
+
 void AdoRecordset::Update() {
   static_cast<void>(rows());
   if (!edit_) return;
-  // The row is written to a copy first: a failing statement leaves the edit as it is.
-  Row row;
   if (edit_->isNew) {
+    Row row;
+    row.values.assign(rows().fields.size(), Null{});
     row.pending = Row::Pending::Insert;
-  } else {
-    const Row& now = current();
-    row = {{}, now.original, now.id, now.pending, now.changed, now.gone};
-    if (now.pending == Row::Pending::Nothing) {
-      row.pending = Row::Pending::Update;
-      row.original = now.values;
-    }
-  }
-  row.values = edit_->values;
-  row.changed.add(edit_->changed);
-  if (!isBatch()) send(row);
-  if (edit_->isNew) {
+    row.change(edit_->values);
+    if (!isBatch()) send(row);
     rows().rows.push_back(std::move(row));
     position_ = count() - 1;
   } else {
-    current() = std::move(row);
+    Row& row = current();
+    row.change(edit_->values);
+    if (!isBatch()) sendOrRestore(row);
   }
   edit_.reset();
 }
@@ -82,11 +86,9 @@ void AdoRecordset::Delete() {
     row.gone = true;  // the database never had it
     return;
   }
-  Row changed = row;
-  changed.values = row.stored();
-  changed.pending = Row::Pending::Delete;
-  if (!isBatch()) send(changed);
-  row = std::move(changed);
+  row.restore();
+  row.pending = Row::Pending::Delete;
+  if (!isBatch()) sendOrRestore(row);
 }
 
 void AdoRecordset::UpdateBatch() {
@@ -105,11 +107,9 @@ void AdoRecordset::CancelBatch() {
       row.gone = true;
       rows().anyDeleted = true;
     } else {
-      row.values = row.stored();
+      row.restore();
     }
-    row.original.clear();
-    row.pending = Row::Pending::Nothing;
-    row.changed.clear();
+    row.settle();
   }
 }
 

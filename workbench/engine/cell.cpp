@@ -45,28 +45,47 @@ std::string_view bytesOf(sqlite3_value* value) {
   return {data, static_cast<std::size_t>(sqlite3_value_bytes(value))};
 }
 
-Value fromInteger(std::int64_t integer, const SqlType& type) {
+/// Gives `take` what an integer of SQLite's stands for.
+template <class Take>
+auto deliverInteger(std::int64_t integer, const SqlType& type, Take&& take) {
   switch (type.kind) {
     case TypeKind::Bit:
-      return integer != 0;
+      return take(integer != 0);
     case TypeKind::TinyInt:
     case TypeKind::SmallInt:
-      return static_cast<std::int16_t>(integer);
+      return take(static_cast<std::int16_t>(integer));
     case TypeKind::BigInt:
-      return Decimal(integer);
+      return take(Decimal(integer));
     case TypeKind::Decimal:
-      return Decimal::scaled(integer, type.scale);
+      return take(Decimal::scaled(integer, type.scale));
     case TypeKind::Date:
     case TypeKind::DateTime:
-      return dateFromMilliseconds(integer);
+      return take(dateFromMilliseconds(integer));
     default:
-      return static_cast<std::int32_t>(integer);
+      return take(static_cast<std::int32_t>(integer));
   }
 }
 
 // Only an operation on integers that left the 64 bits gives a floating-point number.
 SqlError integerTooLarge() {
   return {8115, "Arithmetic overflow error converting expression to data type bigint."};
+}
+
+/// Gives `take` what a value of SQLite's stands for.
+template <class Take>
+auto deliver(sqlite3_value* cell, const SqlType& type, Take&& take) {
+  switch (sqlite3_value_type(cell)) {
+    case SQLITE_INTEGER:
+      return deliverInteger(sqlite3_value_int64(cell), type, take);
+    case SQLITE_TEXT:
+      return take(bytesOf(cell));
+    case SQLITE_BLOB:
+      return take(fromSortableBytes(bytesOf(cell), type.scale));
+    case SQLITE_FLOAT:
+      throw integerTooLarge();
+    default:
+      return take(Null{});
+  }
 }
 
 }  // namespace
@@ -125,7 +144,7 @@ void setResult(sqlite3_context* context, const Cell& cell) {
 Value valueOf(Cell cell, const SqlType& type) {
   switch (cell.kind) {
     case Cell::Kind::Integer:
-      return fromInteger(cell.integer, type);
+      return deliverInteger(cell.integer, type, [](auto value) { return Value(value); });
     case Cell::Kind::Text:
       return std::move(cell.bytes);
     case Cell::Kind::Blob:
@@ -136,18 +155,11 @@ Value valueOf(Cell cell, const SqlType& type) {
 }
 
 Value valueOf(sqlite3_value* cell, const SqlType& type) {
-  switch (sqlite3_value_type(cell)) {
-    case SQLITE_INTEGER:
-      return fromInteger(sqlite3_value_int64(cell), type);
-    case SQLITE_TEXT:
-      return bytesOf(cell);
-    case SQLITE_BLOB:
-      return fromSortableBytes(bytesOf(cell), type.scale);
-    case SQLITE_FLOAT:
-      throw integerTooLarge();
-    default:
-      return Null{};
-  }
+  return deliver(cell, type, [](auto value) { return Value(value); });
+}
+
+void append(std::vector<Value>& values, sqlite3_value* cell, const SqlType& type) {
+  deliver(cell, type, [&](auto value) { values.emplace_back(value); });
 }
 
 Cell storedAs(const Value& value, const SqlType& type) {

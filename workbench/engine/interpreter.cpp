@@ -21,10 +21,9 @@ SqlError exists(const std::string& name) {
   return {2714, "There is already an object named '" + name + "' in the database.", "42S01"};
 }
 
-/// A value as a result gives it: GUIDs in braces.
-Value asDelivered(Value value, const SqlType& type) {
-  if (type.kind == TypeKind::Guid && !value.isNull()) return "{" + value.as<std::string>() + "}";
-  return value;
+/// A GUID as a result gives it.
+void putInBraces(Value& guid) {
+  if (!guid.isNull()) guid = "{" + guid.as<std::string>() + "}";
 }
 
 SqlError undeclared(const std::string& name) {
@@ -239,7 +238,8 @@ void Interpreter::query(const ast::Query& node) {
     row.reserve(ready->columns.size());
     for (int i = 0; i < width; ++i) {
       const SqlType& type = result.types[static_cast<std::size_t>(i)];
-      row.push_back(asDelivered(statement.value(i, type), type));
+      statement.append(row, i, type);
+      if (type.kind == TypeKind::Guid) putInBraces(row.back());
     }
     if (ready->base) result.rowIds.push_back(statement.integer(width));
   }

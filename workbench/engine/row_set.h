@@ -4,6 +4,7 @@
 #include <cstdint>
 #include <memory>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "ado/recordset.h"
@@ -14,28 +15,38 @@ namespace kebu::engine {
 
 using Values = std::vector<Value>;
 
-/// Positions of fields, ascending, each once.
-class FieldList {
+/// Values of some fields of a row, in the order of the fields.
+class FieldValues {
  public:
-  auto begin() const { return fields_.begin(); }
-  auto end() const { return fields_.end(); }
-  void add(std::size_t field) {
-    const auto place = std::lower_bound(fields_.begin(), fields_.end(), field);
-    if (place == fields_.end() || *place != field) fields_.insert(place, field);
+  struct Entry {
+    std::size_t field;
+    Value value;
+  };
+
+  auto begin() const { return entries_.begin(); }
+  auto end() const { return entries_.end(); }
+  bool empty() const { return entries_.empty(); }
+  std::size_t size() const { return entries_.size(); }
+  void clear() { entries_.clear(); }
+  /// The field's value; nothing when it is not among them.
+  const Value* find(std::size_t field) const {
+    const auto entry = std::lower_bound(entries_.begin(), entries_.end(), field, isBefore);
+    return entry == entries_.end() || entry->field != field ? nullptr : &entry->value;
   }
-  void add(const FieldList& others) {
-    if (fields_.empty()) {
-      fields_ = others.fields_;
+  /// In place of the one before, if any.
+  void set(std::size_t field, Value value) {
+    const auto entry = std::lower_bound(entries_.begin(), entries_.end(), field, isBefore);
+    if (entry == entries_.end() || entry->field != field) {
+      entries_.insert(entry, {field, std::move(value)});
     } else {
-      for (const std::size_t field : others) add(field);
+      entry->value = std::move(value);
     }
   }
-  void clear() { fields_.clear(); }
-  bool empty() const { return fields_.empty(); }
-  std::size_t size() const { return fields_.size(); }
 
  private:
-  std::vector<std::size_t> fields_;
+  static bool isBefore(const Entry& entry, std::size_t field) { return entry.field < field; }
+
+  std::vector<Entry> entries_;
 };
 
 /// A row in memory, and what of it waits to be sent.
@@ -43,14 +54,33 @@ struct Row {
   enum class Pending { Nothing, Insert, Update, Delete };
 
   Values values;
-  Values original;      ///< of a changed row: as the database has it
+  FieldValues before;   ///< the fields that were changed: as the database has them
   std::int64_t id = 0;  ///< the row's id in its table
   Pending pending = Pending::Nothing;
-  FieldList changed;  ///< fields that differ from `original`
   bool gone = false;  ///< deleted, or given up before it was sent
 
-  /// As the database has it, when it has it.
-  const Values& stored() const { return pending == Pending::Update ? original : values; }
+  /// As the database has it.
+  const Value& stored(std::size_t field) const {
+    const Value* const old = before.find(field);
+    return old ? *old : values[field];
+  }
+  void change(const FieldValues& changes) {
+    for (const auto& [field, value] : changes) {
+      Value old = std::exchange(values[field], value);
+      if (!before.find(field)) before.set(field, std::move(old));
+    }
+    if (pending == Pending::Nothing) pending = Pending::Update;
+  }
+  /// What waited is sent, or given up.
+  void settle() {
+    before.clear();
+    pending = Pending::Nothing;
+  }
+  /// Gives the changes up.
+  void restore() {
+    for (const auto& [field, value] : before) values[field] = value;
+    settle();
+  }
 };
 
 /// The rows of a recordset, which its clones share. Rows that are gone keep their

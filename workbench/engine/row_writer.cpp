@@ -95,9 +95,7 @@ void RowWriter::send(Row& row) const {
     default:
       row.gone = true;
   }
-  row.pending = Row::Pending::Nothing;
-  row.original.clear();
-  row.changed.clear();
+  row.settle();
 }
 
 RowWriter::Statement RowWriter::begin(const char* start, std::size_t valueCount) const {
@@ -105,15 +103,15 @@ RowWriter::Statement RowWriter::begin(const char* start, std::size_t valueCount)
 }
 
 RowWriter::Statement RowWriter::insert(const Row& row) const {
-  Statement statement = begin("INSERT INTO ", row.changed.size());
-  if (row.changed.empty()) return std::move(statement.add(" DEFAULT VALUES"));
+  Statement statement = begin("INSERT INTO ", row.before.size());
+  if (row.before.empty()) return std::move(statement.add(" DEFAULT VALUES"));
   const char* before = " (";
-  for (const std::size_t field : row.changed) {
+  for (const auto& [field, unset] : row.before) {
     statement.add(before).addName(rows_.columns[field]);
     before = ", ";
   }
   before = ") VALUES (";
-  for (const std::size_t field : row.changed) {
+  for (const auto& [field, unset] : row.before) {
     statement.add(before).addValue(rows_.types[field], row.values[field]);
     before = ", ";
   }
@@ -121,9 +119,9 @@ RowWriter::Statement RowWriter::insert(const Row& row) const {
 }
 
 RowWriter::Statement RowWriter::update(const Row& row) const {
-  Statement statement = begin("UPDATE ", row.changed.size() + 1);
+  Statement statement = begin("UPDATE ", row.before.size() + 1);
   const char* before = " SET ";
-  for (const std::size_t field : row.changed) {
+  for (const auto& [field, old] : row.before) {
     statement.add(before).addName(rows_.columns[field]).add(" = ");
     statement.addValue(rows_.types[field], row.values[field]);
     before = ", ";
@@ -140,18 +138,18 @@ RowWriter::Statement RowWriter::remove(const Row& row) const {
 
 /// The fields of the primary key, ascending; without one, or when not all of it was read, all
 /// that come from the table.
-FieldList RowWriter::keyFields() const {
+std::set<std::size_t> RowWriter::keyFields() const {
   const Session& session = connection_.session();
   const TablePtr table = session.database().catalogue().table({{rows_.table}, {}}, session.id());
-  FieldList fields;
+  std::set<std::size_t> fields;
   for (const auto& candidate : table ? table->keys : std::vector<ast::KeyDef>()) {
     if (!candidate.primary) continue;
-    for (const auto& column : candidate.columns) fields.add(positionOf(column, rows_.columns));
+    for (const auto& column : candidate.columns) fields.insert(positionOf(column, rows_.columns));
   }
   if (!fields.empty() && *std::prev(fields.end()) < rows_.columns.size()) return fields;
   fields.clear();
   for (std::size_t field = 0; field < rows_.columns.size(); ++field) {
-    if (!rows_.columns[field].empty()) fields.add(field);
+    if (!rows_.columns[field].empty()) fields.insert(field);
   }
   return fields;
 }
@@ -162,7 +160,7 @@ std::string RowWriter::readableKey(const Row& row) const {
   for (const std::size_t field : keyFields()) {
     text += text.empty() ? " WHERE " : " AND ";
     appendName(text, rows_.columns[field]);
-    const Value& value = row.stored()[field];
+    const Value& value = row.stored(field);
     text += value.isNull() ? " IS NULL" : " = " + sqlText(value);
   }
   return text;
@@ -170,7 +168,7 @@ std::string RowWriter::readableKey(const Row& row) const {
 
 /// An update leaves nothing to be learnt from the database.
 void RowWriter::keepAsStored(Row& row) const {
-  for (const std::size_t field : row.changed) {
+  for (const auto& [field, old] : row.before) {
     const SqlType& type = rows_.types[field];
     Value& value = row.values[field];
     value = castTo(value, type);

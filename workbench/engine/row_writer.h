@@ -1,5 +1,7 @@
 #pragma once
 
+#include <set>
+
 #include "workbench/engine/ado_connection.h"
 #include "workbench/engine/row_set.h"
 
@@ -21,7 +23,7 @@ class RowWriter {
   Statement insert(const Row& row) const;
   Statement update(const Row& row) const;
   Statement remove(const Row& row) const;
-  FieldList keyFields() const;
+  std::set<std::size_t> keyFields() const;
   std::string readableKey(const Row& row) const;
   void keepAsStored(Row& row) const;
   void readBack(Row& row) const;

@@ -109,8 +109,7 @@ std::vector<std::size_t> wantedFields(const RecordsetState& recordset, Argument 
 }
 
 /// An array [field][row], as ADO gives rows in bulk.
-Variant toArray(const std::vector<std::vector<Value>>& rows,
-                const std::vector<std::size_t>& wanted) {
+Variant toArray(const std::vector<RowValues>& rows, const std::vector<std::size_t>& wanted) {
   SAFEARRAYBOUND bounds[] = {{static_cast<ULONG>(wanted.size()), 0},
                              {static_cast<ULONG>(rows.size()), 0}};
   Variant result;

@@ -102,7 +102,7 @@ void DiscountsPage::storeTicked(const sql::DiscountKind& kind, const DiscountGri
   if (!ticked) return;
   std::vector<std::string> columns;
   for (const ado::Field& field : ticked->fields()) columns.push_back(field.name);
-  const sql::RuleStatements statements(
+  sql::RuleStatements statements(
       kind, context_.companyText(), columns,
       {parameters_.CHK_VISPREZZIBARRATI.value(), parameters_.CHK_NONTRATTAREALTRISCONTI.value(),
        parameters_.CHK_MONOUSO.value(), parameters_.CMB_REGAPPLICAZIONE.value(),

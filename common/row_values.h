@@ -1,0 +1,38 @@
+#pragma once
+
+#include <cstddef>
+#include <memory>
+#include <span>
+#include <utility>
+#include <vector>
+
+#include "common/value.h"
+
+namespace kebu {
+
+/// The values of a row, in the order of its fields, to be looked at. It keeps
+/// them alive and copies share them, so that rows are handed on for nothing.
+class RowValues {
+ public:
+  RowValues() = default;
+  explicit RowValues(std::vector<Value> values) {
+    auto own = std::make_shared<const std::vector<Value>>(std::move(values));
+    values_ = *own;
+    owner_ = std::move(own);
+  }
+  /// Values that `owner` holds and leaves as they are.
+  RowValues(std::span<const Value> values, std::shared_ptr<const void> owner)
+      : values_(values), owner_(std::move(owner)) {}
+
+  std::size_t size() const { return values_.size(); }
+  auto begin() const { return values_.begin(); }
+  auto end() const { return values_.end(); }
+  const Value& operator[](std::size_t field) const { return values_[field]; }
+  const Value& front() const { return values_.front(); }
+
+ private:
+  std::span<const Value> values_;
+  std::shared_ptr<const void> owner_;
+};
+
+}  // namespace kebu
