@@ -36,6 +36,9 @@ class Connection {
   /// read-only, or a closed recordset when it returns none. A failing statement
   /// raises RuntimeError and fills errors().
   virtual Ref<Recordset> Execute(const std::string& text) = 0;
+  /// Runs one statement whose rows nobody wants, which saves ADO making a
+  /// recordset: for the many short ones of a loop. Only waits for it.
+  virtual void ExecuteNoRecords(const std::string& text) = 0;
   /// From now on `meanwhile` may be called many times a second while a statement
   /// of Execute or of a recordset's Open or Requery runs, so that a window can be
   /// painted. It must leave the connection and that recordset alone. An empty

@@ -329,6 +329,15 @@ void connections(AdoSide& side, Story& story) {
     t.tell("execute", [&] { t.connection->Execute(statement); });
     t.tellErrors();
   }
+  for (const char* statement : {"UPDATE T SET A = 'n' WHERE K = 2", "SELECT A FROM T WHERE K = 2",
+                                "INSERT INTO T (K, A) VALUES (NULL, 'x')"}) {
+    story.note(statement);
+    t.tell("execute without records", [&] { t.connection->ExecuteNoRecords(statement); });
+    t.tellErrors();
+  }
+  t.openForward("SELECT A FROM T WHERE K = 2");
+  t.tellValue("A");
+  t.tell("close", [&] { t.rows->Close(); });
   t.openForward("UPDATE T SET A = 'z' WHERE K = 2");
   t.tell("is open", [&] { return t.rows->isOpen(); });
   t.tellPlace();

@@ -40,6 +40,10 @@ Ref<ado::Recordset> AdoConnection::Execute(const std::string& text) {
   return wrapRecordset(firstWithRows(first).object().get());
 }
 
+void AdoConnection::ExecuteNoRecords(const std::string& text) {
+  object_.call(L"Execute", {text, Variant::missing(), commandIsText | executeNoRecords});
+}
+
 void AdoConnection::whileExecuting(std::function<void()> meanwhile) {
   meanwhile_ = std::move(meanwhile);
 }

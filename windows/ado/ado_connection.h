@@ -20,6 +20,7 @@ class AdoConnection : public ado::Connection, public Foreign {
   void Close() override;
   bool isOpen() const override;
   Ref<ado::Recordset> Execute(const std::string& text) override;
+  void ExecuteNoRecords(const std::string& text) override;
   void whileExecuting(std::function<void()> meanwhile) override;
   ado::Errors errors() const override;
 

@@ -79,4 +79,9 @@ Ref<ado::Recordset> AdoConnection::Execute(const std::string& text) {
   return AdoRecordset::ofResults(run(text));
 }
 
+void AdoConnection::ExecuteNoRecords(const std::string& text) {
+  if (!session_) throw adoerror::closed();
+  run(text);
+}
+
 }  // namespace kebu::engine

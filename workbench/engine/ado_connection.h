@@ -23,6 +23,7 @@ class AdoConnection : public ado::Connection, public std::enable_shared_from_thi
   void Close() override;
   bool isOpen() const override { return session_ != nullptr; }
   Ref<ado::Recordset> Execute(const std::string& text) override;
+  void ExecuteNoRecords(const std::string& text) override;
   /// Never calls it: a statement runs on the caller's own thread.
   void whileExecuting(std::function<void()> /*meanwhile*/) override {}
   ado::Errors errors() const override { return errors_; }

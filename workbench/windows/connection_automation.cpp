@@ -19,6 +19,10 @@ using Argument = const Arguments&;
 Variant execute(ConnectionState& state, Argument arguments) {
   ado::Connection& connection = state.idle();
   const std::string text = arguments.text(0);
+  if ((arguments.number(2, 0) & executeNoRecords) != 0) {
+    connection.ExecuteNoRecords(text);
+    return nothing();
+  }
   if (!isAsynchronous(arguments, 2)) return Variant(automate(connection.Execute(text)));
   auto result = std::make_shared<RecordsetState>();
   result->rows = makeRef<engine::AdoRecordset>();

@@ -121,7 +121,7 @@ void DiscountsPage::storeTicked(const sql::DiscountKind& kind, const DiscountGri
     for (const Row& row : step([&] { return ticked->GetRows(rowsAtATime); })) {
       progress_.advance(++done);
       const std::vector<sql::RuleStep> steps = stepsOf(row);
-      step([&] { context_.connection->Execute(statements.InserisciRegola(row, steps)); });
+      step([&] { context_.connection->ExecuteNoRecords(statements.InserisciRegola(row, steps)); });
     }
   }
 }
