@@ -74,7 +74,9 @@ FormWindow::~FormWindow() {
 }
 
 void FormWindow::build() {
+  const CommonControls::Scope scope;
   const auto& controls = form_.controls();
+  controlsSeen_ = controls.size();
   hasSideBar_ = std::any_of(controls.begin(), controls.end(), [](const controls::Control* control) {
     return dynamic_cast<const controls::SideBar*>(control) != nullptr;
   });
@@ -84,24 +86,27 @@ void FormWindow::build() {
       inOrder_.push_back(made);
       continue;
     }
-    auto* const group = dynamic_cast<controls::GroupBox*>(control);
-    const HWND parent = parentFor(*control);
-    std::unique_ptr<View> view = makeView(*this, *control, parent);
+    controls::GroupBox* const group = control->asGroup();
+    const controls::GroupBox* const page = pageOf(*control);
+    if (page && page == group && pages_.try_emplace(page).second) listenTo(*group);
+    if (page && !pages_[page]) continue;
+    std::unique_ptr<View> view = makeView(*this, *control, parentFor(*control));
     view->refresh();
     inOrder_.push_back(view.get());
     views_[control] = std::move(view);
-    if (group) {
-      groupSubscriptions_.push_back(
-          group->changed.connect([this, group] { groupChanged(*group); }));
-    }
+    if (group && group != page) listenTo(*group);
     if (auto* const resizing = dynamic_cast<controls::ResizeManager*>(control)) {
       groupSubscriptions_.push_back(resizing->changed.connect([this] { requestLayout(); }));
     }
   }
 }
 
+void FormWindow::listenTo(controls::GroupBox& group) {
+  groupSubscriptions_.push_back(group.changed.connect([this, &group] { groupChanged(group); }));
+}
+
 void FormWindow::rebuildIfGrown() {
-  if (form_.controls().size() == inOrder_.size()) return;
+  if (form_.controls().size() == controlsSeen_) return;
   if (!hasSideBar_) {
     // The tab key goes by the order in which windows were made. On a page of the side bar, a window
     // of its own, what comes later stands last anyway; a dialog's few controls are made again.
@@ -111,36 +116,36 @@ void FormWindow::rebuildIfGrown() {
     loosePage_.reset();
     lastFocus_ = nullptr;
   }
-  const CommonControls::Scope scope;
   build();
 }
 
-PageWindow& FormWindow::addPage() {
-  loosePage_ = std::make_unique<PageWindow>(
+std::unique_ptr<PageWindow> FormWindow::newPage() {
+  return std::make_unique<PageWindow>(
       module_, handle(), *theme_,
       [this](controls::Control& control, const layout::Placement& placement) {
         if (View* const view = find(control)) view->place(placement);
       });
-  return *loosePage_;
+}
+
+void FormWindow::fillPage(const controls::GroupBox& page) {
+  pages_[&page] = newPage();
+  pages_[&page]->controls = page.children();
+  build();
+}
+
+const controls::GroupBox* FormWindow::pageOf(const controls::Control& control) const {
+  if (!hasSideBar_ || isBar(control) || !hasLooks(control)) return nullptr;
+  return dynamic_cast<const controls::GroupBox*>(&outermost(control));
 }
 
 HWND FormWindow::parentFor(const controls::Control& control) {
   if (isBar(control) || !hasLooks(control)) return handle();
-  const controls::Control& top = outermost(control);
-  const auto* const page = dynamic_cast<const controls::GroupBox*>(&top);
-  if (hasSideBar_ && page) {
-    auto& window = pages_[page];
-    if (!window) {
-      std::unique_ptr<PageWindow> loose = std::move(loosePage_);
-      addPage();
-      window = std::exchange(loosePage_, std::move(loose));
-      window->controls = page->children();
-    }
-    return window->handle();
+  if (const controls::GroupBox* const page = pageOf(control)) return pages_[page]->handle();
+  if (!loosePage_) loosePage_ = newPage();
+  if (!control.container()) {
+    loosePage_->controls.push_back(const_cast<controls::Control*>(&control));
   }
-  PageWindow& window = loosePage_ ? *loosePage_ : addPage();
-  if (!control.container()) window.controls.push_back(const_cast<controls::Control*>(&control));
-  return window.handle();
+  return loosePage_->handle();
 }
 
 View* FormWindow::find(const controls::Control& control) const {
@@ -150,7 +155,7 @@ View* FormWindow::find(const controls::Control& control) const {
 
 void FormWindow::formChanged() {
   setWindowText(handle(), toWide(form_.caption()));
-  if (form_.controls().size() != inOrder_.size()) requestLayout();
+  if (form_.controls().size() != controlsSeen_) requestLayout();
   if (!showing_ || IsWindowVisible(handle())) return;
   SetWindowPos(handle(), nullptr, form_.left(), form_.top(), 0, 0,
                SWP_NOSIZE | SWP_NOZORDER | SWP_NOACTIVATE);
@@ -205,16 +210,18 @@ void FormWindow::arrangePages(const layout::Rect& place) {
   const bool isGone = shownPage_ && !shownPage_->isVisible();
   if (isGone) shownPage_ = nullptr;
   for (const auto& [page, window] : pages_) {
-    const bool appeared =
-        page->isVisible() && page != shownPage_ && !IsWindowVisible(window->handle());
+    const bool wasSeen = window && IsWindowVisible(window->handle());
+    const bool appeared = page->isVisible() && page != shownPage_ && !wasSeen;
     if (page->isVisible() && (!shownPage_ || (appeared && !covered_.count(page)))) {
       shownPage_ = page;
     }
   }
+  if (shownPage_ && !pages_[shownPage_]) fillPage(*shownPage_);
   covered_.clear();
   for (const auto& [page, window] : pages_) {
     const bool shown = page == shownPage_;
     if (page->isVisible() && !shown) covered_.insert(page);
+    if (!window) continue;
     if (shown) window->arrange(place, *rules);
     ShowWindow(window->handle(), shown ? SW_SHOWNA : SW_HIDE);
   }
@@ -419,7 +426,10 @@ bool FormWindow::inspect(Inspection& inspection) {
     return true;
   }
   const controls::Control* const control = form_.find(name);
-  View* const view = control ? find(*control) : nullptr;
+  if (!control) return false;
+  const controls::GroupBox* const page = pageOf(*control);
+  if (page && !pages_[page]) fillPage(*page);
+  View* const view = find(*control);
   return view && view->inspect(inspection);
 }
 

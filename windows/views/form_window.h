@@ -35,10 +35,17 @@ class FormWindow : public Window, public ViewSite, public KeyTarget {
   bool isOnCard(const controls::Control& control) const override;
   std::function<void()> actionFor(const Key& key) override;
 
+  /// Makes the views that are missing, but for those of pages without a window.
   void build();
   /// Makes the views anew when the form has got more controls.
   void rebuildIfGrown();
-  PageWindow& addPage();
+  std::unique_ptr<PageWindow> newPage();
+  /// Makes a page's window and views. It is done when the page is first wanted, since a window
+  /// costs more than all that stands behind it.
+  void fillPage(const controls::GroupBox& page);
+  /// The page of the side bar that a control belongs to; nothing when it is none.
+  const controls::GroupBox* pageOf(const controls::Control& control) const;
+  void listenTo(controls::GroupBox& group);
   HWND parentFor(const controls::Control& control);
   View* find(const controls::Control& control) const;
   void formChanged();
@@ -59,6 +66,7 @@ class FormWindow : public Window, public ViewSite, public KeyTarget {
   HINSTANCE module_;
   controls::Form& form_;
   std::unique_ptr<Theme> theme_;
+  /// The side bar's pages; without a window those that nobody has wanted yet.
   std::map<const controls::GroupBox*, std::unique_ptr<PageWindow>> pages_;
   std::unique_ptr<PageWindow> loosePage_;
   const controls::GroupBox* shownPage_ = nullptr;
@@ -70,6 +78,7 @@ class FormWindow : public Window, public ViewSite, public KeyTarget {
   std::vector<Subscription> groupSubscriptions_;  ///< to what is laid out together
   std::unique_ptr<KeyboardHook> keys_;
   HWND lastFocus_ = nullptr;
+  std::size_t controlsSeen_ = 0;  ///< how many controls the form had at the last build
   bool hasSideBar_ = false;
   bool layoutWanted_ = false;
   bool showing_ = false;
