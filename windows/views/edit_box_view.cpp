@@ -16,18 +16,26 @@ EditBoxView::EditBoxView(ViewSite& site, controls::EditBox& model, HWND parent)
   const DWORD masked = model.isMasked() ? ES_PASSWORD : 0U;
   const DWORD kind = model.lines() > 1 ? ES_MULTILINE | WS_VSCROLL : ES_AUTOHSCROLL | masked;
   setHandle(createStock(L"EDIT", WS_TABSTOP | kind, WS_EX_CLIENTEDGE, parent));
-  // Reached with F4: the tabulator goes from value to value.
-  lookup_ = createStock(L"BUTTON", BS_OWNERDRAW, 0, parent);
 }
 
 EditBoxView::~EditBoxView() {
-  DestroyWindow(lookup_);
+  if (lookup_) DestroyWindow(lookup_);
 }
 
 void EditBoxView::place(const layout::Placement& placement) {
   FieldView::place(placement);
+  if (!lookup_ && placement.lookup.isEmpty()) return;
+  if (!lookup_) {
+    // Reached with F4: the tabulator goes from value to value.
+    lookup_ = createStock(L"BUTTON", BS_OWNERDRAW, 0, GetParent(handle()));
+    enableLookup();
+  }
   moveWindow(lookup_, placement.lookup);
   ShowWindow(lookup_, placement.lookup.isEmpty() ? SW_HIDE : SW_SHOWNA);
+}
+
+void EditBoxView::enableLookup() {
+  if (lookup_) EnableWindow(lookup_, looksEnabled() && model_.isEditable());
 }
 
 void EditBoxView::refresh() {
@@ -36,7 +44,7 @@ void EditBoxView::refresh() {
   SendMessageW(handle(), EM_LIMITTEXT, model_.maxLength(), 0);
   const std::wstring hint = toWide(model_.hint());
   SendMessageW(handle(), EM_SETCUEBANNER, TRUE, reinterpret_cast<LPARAM>(hint.c_str()));
-  EnableWindow(lookup_, looksEnabled() && model_.isEditable());
+  enableLookup();
   // What is being typed stays until it is taken or refused.
   if (touched_ && model_.text() == shown_) return;
   restore();
@@ -117,7 +125,7 @@ void EditBoxView::describe(Inspection& inspection) {
 }
 
 bool EditBoxView::describePart(Inspection& inspection) {
-  if (inspection.part != Inspected::Lookup || !model_.hasLookup()) return false;
+  if (inspection.part != Inspected::Lookup || !lookup_) return false;
   describeWindow(inspection, lookup_);
   return true;
 }

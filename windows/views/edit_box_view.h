@@ -27,11 +27,12 @@ class EditBoxView : public FieldView {
 
  private:
   void lookup();
+  void enableLookup();
   void restore();
 
   controls::EditBox& model_;
-  HWND lookup_ = nullptr;
-  std::string shown_;  ///< the model's text as last shown
+  HWND lookup_ = nullptr;  ///< the button, once it has had a place
+  std::string shown_;      ///< the model's text as last shown
   bool touched_ = false;
   bool showing_ = false;
   bool committing_ = false;

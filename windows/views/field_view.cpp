@@ -7,30 +7,44 @@
 namespace kebu::windows {
 
 FieldView::FieldView(ViewSite& site, controls::Control& model, const char* kind, HWND parent)
-    : View(site, model, kind),
-      caption_(createStock(L"STATIC", SS_LEFT | SS_CENTERIMAGE | SS_ENDELLIPSIS, 0, parent)) {}
+    : View(site, model, kind) {
+  makeCaption(parent);
+}
+
+void FieldView::makeCaption(HWND parent) {
+  if (caption_ || control().caption().empty()) return;
+  caption_ = createStock(L"STATIC", SS_LEFT | SS_CENTERIMAGE | SS_ENDELLIPSIS, 0, parent);
+}
 
 FieldView::~FieldView() {
-  if (control_) DestroyWindow(control_);
-  DestroyWindow(caption_);
+  for (HWND window : {control_, caption_}) {
+    if (window) DestroyWindow(window);
+  }
 }
 
 void FieldView::place(const layout::Placement& placement) {
   headsColumn_ = placement.caption.bottom() <= placement.bounds.top;
-  moveWindow(caption_, placement.caption);
-  ShowWindow(caption_, placement.caption.isEmpty() ? SW_HIDE : SW_SHOWNA);
-  moveWindow(control_, placement.bounds);
-  ShowWindow(control_, placement.bounds.isEmpty() ? SW_HIDE : SW_SHOWNA);
+  const auto put = [](HWND window, const layout::Rect& bounds) {
+    if (!window) return;
+    moveWindow(window, bounds);
+    ShowWindow(window, bounds.isEmpty() ? SW_HIDE : SW_SHOWNA);
+  };
+  put(caption_, placement.caption);
+  put(control_, placement.bounds);
 }
 
 void FieldView::refresh() {
-  const std::string text = layout::withMnemonic(control().caption(), mnemonic_);
-  setWindowText(caption_, toWide(isMarked() ? text + " *" : text));
+  makeCaption(GetParent(control_));
+  if (caption_) {
+    const std::string text = layout::withMnemonic(control().caption(), mnemonic_);
+    setWindowText(caption_, toWide(isMarked() ? text + " *" : text));
+  }
   EnableWindow(control_, looksEnabled());
 }
 
 void FieldView::applyTheme() {
   for (HWND window : {caption_, control_}) {
+    if (!window) continue;
     SendMessageW(window, WM_SETFONT, reinterpret_cast<WPARAM>(theme().font()), TRUE);
   }
 }

@@ -26,7 +26,9 @@ class FieldView : public View {
   void describe(Inspection& inspection) override;
 
  private:
-  HWND caption_;
+  void makeCaption(HWND parent);
+
+  HWND caption_ = nullptr;    ///< null while it has none
   bool headsColumn_ = false;  ///< the caption stands above, for the fields below too
   HWND control_ = nullptr;
   std::size_t mnemonic_ = std::string::npos;
