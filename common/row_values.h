@@ -3,6 +3,7 @@
 #include <cstddef>
 #include <memory>
 #include <span>
+#include <stdexcept>
 #include <utility>
 #include <vector>
 
@@ -29,6 +30,11 @@ class RowValues {
   auto end() const { return values_.end(); }
   const Value& operator[](std::size_t field) const { return values_[field]; }
   const Value& front() const { return values_.front(); }
+  /// std::out_of_range when there is no such field.
+  const Value& at(std::size_t field) const {
+    if (field >= size()) throw std::out_of_range("the row has no such field");
+    return values_[field];
+  }
 
  private:
   std::span<const Value> values_;

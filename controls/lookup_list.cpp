@@ -12,7 +12,7 @@ LookupList::LookupList(std::string title, std::vector<std::string> captions,
 }
 
 std::string LookupList::cellText(std::int32_t row, std::size_t column) const {
-  return trimRight(toDisplay(rows_.at(static_cast<std::size_t>(row - 1))[column]));
+  return trimRight(toDisplay(rows_.at(static_cast<std::size_t>(row - 1)).at(column)));
 }
 
 std::optional<std::int32_t> LookupList::search(const std::string& typed) const {

@@ -279,7 +279,7 @@ std::size_t RuleStatements::indexOf(std::string_view column) const {
 }
 
 const Value& RuleStatements::at(const Row& row, std::size_t index) {
-  return index == nowhere ? nothing : row[index];
+  return index == nowhere ? nothing : row.at(index);
 }
 
 const Value& RuleStatements::value(const Row& row, std::string_view column) const {

@@ -1,5 +1,7 @@
 #include "controls/lookup_list.h"
 
+#include <stdexcept>
+
 #include "controls/control.h"
 #include "tests/controls/control_fixture.h"
 
@@ -19,6 +21,13 @@ TEST_F(ControlTest, LookupListFindsByCodeOrDescriptionAndGivesTheCode) {
   EXPECT_THROW(list.choose(4), GestureRefused);
   list.choose(2);
   EXPECT_EQ(list.chosen(), Value("02"));
+}
+
+TEST_F(ControlTest, LookupListTellsOfACaptionWithoutAColumn) {
+  run("CREATE TABLE L (CODICE varchar(5))");
+  run("INSERT INTO L VALUES ('01')");
+  const LookupList list("Elenco", {"Codice", "Descrizione"}, open("SELECT * FROM L"));
+  EXPECT_THROW(list.search("x"), std::out_of_range);
 }
 
 TEST_F(ControlTest, LookupListOfNothingIsEmpty) {

@@ -18,7 +18,7 @@ std::vector<Value> vectorIn(const VARIANT& variant);
 /// A one-dimensional array of texts, from 0.
 Variant textArray(const std::vector<std::string>& texts);
 /// The rows of an array [field][row] of variants, as ADO's GetRows gives it,
-/// one vector a row; a cell of a new row that nobody has filled is a null.
+/// one element a row; a cell of a new row that nobody has filled is a null.
 /// RuntimeError 13 for anything else.
 std::vector<RowValues> rowsIn(const VARIANT& variant);
 

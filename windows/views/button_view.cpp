@@ -17,11 +17,6 @@ ButtonView::~ButtonView() {
   DestroyWindow(window_);
 }
 
-void ButtonView::place(const layout::Placement& placement) {
-  moveWindow(window_, placement.bounds);
-  ShowWindow(window_, placement.bounds.isEmpty() ? SW_HIDE : SW_SHOWNA);
-}
-
 void ButtonView::refresh() {
   setWindowText(window_, toWide(layout::withMnemonic(model_.caption(), mnemonic_)));
   EnableWindow(window_, looksEnabled());

@@ -11,7 +11,6 @@ class ButtonView : public View {
   ~ButtonView() override;
 
   HWND handle() const override { return window_; }
-  void place(const layout::Placement& placement) override;
   void refresh() override;
   void command(HWND from, UINT code) override;
   void drawItem(const DRAWITEMSTRUCT& item) override;

@@ -23,8 +23,7 @@ void CheckBoxView::place(const layout::Placement& placement) {
   layout::Rect bounds = placement.bounds;
   bounds.width =
       std::min(bounds.width, theme().metrics().textWidth(model_.caption()) + theme().px(28));
-  moveWindow(window_, bounds);
-  ShowWindow(window_, bounds.isEmpty() ? SW_HIDE : SW_SHOWNA);
+  putWindow(window_, bounds);
 }
 
 void CheckBoxView::refresh() {

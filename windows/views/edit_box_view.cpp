@@ -24,14 +24,12 @@ EditBoxView::~EditBoxView() {
 
 void EditBoxView::place(const layout::Placement& placement) {
   FieldView::place(placement);
-  if (!lookup_ && placement.lookup.isEmpty()) return;
-  if (!lookup_) {
+  if (!lookup_ && !placement.lookup.isEmpty()) {
     // Reached with F4: the tabulator goes from value to value.
     lookup_ = createStock(L"BUTTON", BS_OWNERDRAW, 0, GetParent(handle()));
     enableLookup();
   }
-  moveWindow(lookup_, placement.lookup);
-  ShowWindow(lookup_, placement.lookup.isEmpty() ? SW_HIDE : SW_SHOWNA);
+  if (lookup_) putWindow(lookup_, placement.lookup);
 }
 
 void EditBoxView::enableLookup() {

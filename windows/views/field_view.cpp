@@ -24,13 +24,8 @@ FieldView::~FieldView() {
 
 void FieldView::place(const layout::Placement& placement) {
   headsColumn_ = placement.caption.bottom() <= placement.bounds.top;
-  const auto put = [](HWND window, const layout::Rect& bounds) {
-    if (!window) return;
-    moveWindow(window, bounds);
-    ShowWindow(window, bounds.isEmpty() ? SW_HIDE : SW_SHOWNA);
-  };
-  put(caption_, placement.caption);
-  put(control_, placement.bounds);
+  if (caption_) putWindow(caption_, placement.caption);
+  putWindow(control_, placement.bounds);
 }
 
 void FieldView::refresh() {

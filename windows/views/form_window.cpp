@@ -90,7 +90,8 @@ void FormWindow::build() {
     const controls::GroupBox* const page = pageOf(*control);
     if (page && page == group && pages_.try_emplace(page).second) listenTo(*group);
     if (page && !pages_[page]) continue;
-    std::unique_ptr<View> view = makeView(*this, *control, parentFor(*control));
+    HWND parent = page ? pages_[page]->handle() : parentFor(*control);
+    std::unique_ptr<View> view = makeView(*this, *control, parent);
     view->refresh();
     inOrder_.push_back(view.get());
     views_[control] = std::move(view);
@@ -128,8 +129,10 @@ std::unique_ptr<PageWindow> FormWindow::newPage() {
 }
 
 void FormWindow::fillPage(const controls::GroupBox& page) {
-  pages_[&page] = newPage();
-  pages_[&page]->controls = page.children();
+  auto& window = pages_[&page];
+  if (window) return;
+  window = newPage();
+  window->controls = page.children();
   build();
 }
 
@@ -140,7 +143,6 @@ const controls::GroupBox* FormWindow::pageOf(const controls::Control& control) c
 
 HWND FormWindow::parentFor(const controls::Control& control) {
   if (isBar(control) || !hasLooks(control)) return handle();
-  if (const controls::GroupBox* const page = pageOf(control)) return pages_[page]->handle();
   if (!loosePage_) loosePage_ = newPage();
   if (!control.container()) {
     loosePage_->controls.push_back(const_cast<controls::Control*>(&control));
@@ -216,7 +218,7 @@ void FormWindow::arrangePages(const layout::Rect& place) {
       shownPage_ = page;
     }
   }
-  if (shownPage_ && !pages_[shownPage_]) fillPage(*shownPage_);
+  if (shownPage_) fillPage(*shownPage_);
   covered_.clear();
   for (const auto& [page, window] : pages_) {
     const bool shown = page == shownPage_;
@@ -427,8 +429,7 @@ bool FormWindow::inspect(Inspection& inspection) {
   }
   const controls::Control* const control = form_.find(name);
   if (!control) return false;
-  const controls::GroupBox* const page = pageOf(*control);
-  if (page && !pages_[page]) fillPage(*page);
+  if (const controls::GroupBox* const page = pageOf(*control)) fillPage(*page);
   View* const view = find(*control);
   return view && view->inspect(inspection);
 }

@@ -40,12 +40,13 @@ class FormWindow : public Window, public ViewSite, public KeyTarget {
   /// Makes the views anew when the form has got more controls.
   void rebuildIfGrown();
   std::unique_ptr<PageWindow> newPage();
-  /// Makes a page's window and views. It is done when the page is first wanted, since a window
-  /// costs more than all that stands behind it.
+  /// Makes a page's window and views, unless it has them. It is done when the page is first
+  /// wanted, since a window costs more than all that stands behind it.
   void fillPage(const controls::GroupBox& page);
   /// The page of the side bar that a control belongs to; nothing when it is none.
   const controls::GroupBox* pageOf(const controls::Control& control) const;
   void listenTo(controls::GroupBox& group);
+  /// What the window of a control that is on no page stands in.
   HWND parentFor(const controls::Control& control);
   View* find(const controls::Control& control) const;
   void formChanged();

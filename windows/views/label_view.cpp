@@ -29,11 +29,6 @@ LabelView::~LabelView() {
   DestroyWindow(window_);
 }
 
-void LabelView::place(const layout::Placement& placement) {
-  moveWindow(window_, placement.bounds);
-  ShowWindow(window_, placement.bounds.isEmpty() ? SW_HIDE : SW_SHOWNA);
-}
-
 void LabelView::refresh() {
   setWindowText(window_, toWide(control().caption()));
 }

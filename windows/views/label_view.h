@@ -13,7 +13,6 @@ class LabelView : public View {
   ~LabelView() override;
 
   HWND handle() const override { return window_; }
-  void place(const layout::Placement& placement) override;
   void refresh() override;
   void applyTheme() override;
   HBRUSH colours(HDC dc, HWND window) override;

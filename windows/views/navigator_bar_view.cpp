@@ -48,8 +48,7 @@ NavigatorBarView::NavigatorBarView(ViewSite& site, controls::NavigatorBar& model
 NavigatorBarView::~NavigatorBarView() = default;
 
 void NavigatorBarView::place(const layout::Placement& placement) {
-  moveWindow(handle(), placement.bounds);
-  ShowWindow(handle(), placement.bounds.isEmpty() ? SW_HIDE : SW_SHOWNA);
+  View::place(placement);
   arrange();
 }
 

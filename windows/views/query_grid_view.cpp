@@ -23,11 +23,6 @@ QueryGridView::QueryGridView(ViewSite& site, controls::QueryGrid& model, HWND pa
 
 QueryGridView::~QueryGridView() = default;
 
-void QueryGridView::place(const layout::Placement& placement) {
-  View::place(placement);
-  ShowWindow(handle(), placement.bounds.isEmpty() ? SW_HIDE : SW_SHOWNA);
-}
-
 void QueryGridView::readColumns() {
   columns_.clear();
   for (const controls::QueryGrid::Column& column : model_.columns()) {

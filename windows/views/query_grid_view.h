@@ -13,7 +13,6 @@ class QueryGridView : public View, private GridSource {
   ~QueryGridView() override;
 
   HWND handle() const override { return grid_.handle(); }
-  void place(const layout::Placement& placement) override;
   void refresh() override;
   void applyTheme() override { grid_.themeChanged(); }
   std::function<void()> actionFor(const Key& key) override { return grid_.actionFor(key); }

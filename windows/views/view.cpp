@@ -30,7 +30,7 @@ void View::modelChanged() {
 }
 
 void View::place(const layout::Placement& placement) {
-  if (handle()) moveWindow(handle(), placement.bounds);
+  if (handle()) putWindow(handle(), placement.bounds);
 }
 
 void View::command(HWND /*from*/, UINT /*code*/) {}
@@ -148,6 +148,11 @@ void moveWindow(HWND window, const layout::Rect& place) {
   // Drawn anew: controls that change places pass over each other's pixels.
   SetWindowPos(window, nullptr, place.left, place.top, place.width, place.height,
                SWP_NOZORDER | SWP_NOACTIVATE | SWP_NOCOPYBITS);
+}
+
+void putWindow(HWND window, const layout::Rect& place) {
+  moveWindow(window, place);
+  ShowWindow(window, place.isEmpty() ? SW_HIDE : SW_SHOWNA);
 }
 
 std::optional<std::size_t> itemAsked(

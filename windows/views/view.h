@@ -96,6 +96,8 @@ View* viewOf(HWND window);
 std::optional<LRESULT> reflect(UINT message, WPARAM wParam, LPARAM lParam);
 
 void moveWindow(HWND window, const layout::Rect& place);
+/// Moves it there and shows it; what has no place is hidden.
+void putWindow(HWND window, const layout::Rect& place);
 
 // For describe and describePart.
 template <std::size_t size>

@@ -106,10 +106,8 @@ void AdoRecordset::CancelBatch() {
     if (row.pending == Row::Pending::Insert) {
       row.gone = true;
       rows().anyDeleted = true;
-    } else {
-      row.restore();
     }
-    row.settle();
+    row.restore();
   }
 }
 

@@ -105,26 +105,26 @@ RowWriter::Statement RowWriter::begin(const char* start, std::size_t valueCount)
 RowWriter::Statement RowWriter::insert(const Row& row) const {
   Statement statement = begin("INSERT INTO ", row.before.size());
   if (row.before.empty()) return std::move(statement.add(" DEFAULT VALUES"));
-  const char* before = " (";
+  const char* separator = " (";
   for (const auto& [field, unset] : row.before) {
-    statement.add(before).addName(rows_.columns[field]);
-    before = ", ";
+    statement.add(separator).addName(rows_.columns[field]);
+    separator = ", ";
   }
-  before = ") VALUES (";
+  separator = ") VALUES (";
   for (const auto& [field, unset] : row.before) {
-    statement.add(before).addValue(rows_.types[field], row.values[field]);
-    before = ", ";
+    statement.add(separator).addValue(rows_.types[field], row.values[field]);
+    separator = ", ";
   }
   return std::move(statement.add(")"));
 }
 
 RowWriter::Statement RowWriter::update(const Row& row) const {
   Statement statement = begin("UPDATE ", row.before.size() + 1);
-  const char* before = " SET ";
+  const char* separator = " SET ";
   for (const auto& [field, old] : row.before) {
-    statement.add(before).addName(rows_.columns[field]).add(" = ");
+    statement.add(separator).addName(rows_.columns[field]).add(" = ");
     statement.addValue(rows_.types[field], row.values[field]);
-    before = ", ";
+    separator = ", ";
   }
   statement.addPlace(*this, row);
   return statement;
