@@ -51,19 +51,17 @@ class Event {
   void raise(Args... args) const {
     if (!slots_) return;
     const auto slots = slots_;  // a handler may clear the event, or end it
-    auto left = slots->all.size();
-    for (auto slot = slots->all.begin(); left > 0 && !slots->cleared; ++slot, --left) {
-      if (slot->own) {
-        slot->own(args...);
-      } else if (const auto handler = slot->subscribed.lock()) {
-        (*handler)(args...);
-      }
+    auto left = slots->others.size();
+    slots->first.call(args...);
+    for (auto slot = slots->others.begin(); left > 0 && !slots->cleared; ++slot, --left) {
+      slot->call(args...);
     }
   }
 
   bool hasHandlers() const {
-    return slots_ && std::any_of(slots_->all.begin(), slots_->all.end(),
-                                 [](const Slot& slot) { return !slot.isGone(); });
+    return slots_ && (!slots_->first.isGone() ||
+                      std::any_of(slots_->others.begin(), slots_->others.end(),
+                                  [](const Slot& slot) { return !slot.isGone(); }));
   }
 
   void clear() {
@@ -78,18 +76,32 @@ class Event {
     std::weak_ptr<Handler> subscribed;  ///< when it is not the event's own
 
     bool isGone() const { return !own && subscribed.expired(); }
+    void call(Args... args) const {
+      if (own) {
+        own(args...);
+      } else if (const auto handler = subscribed.lock()) {
+        (*handler)(args...);
+      }
+    }
   };
-  /// A list, whose elements stay where they are while handlers add others.
+  /// The first lies with the rest, since most events have no other. The others
+  /// are a list, whose elements stay where they are while handlers add to it.
   struct Slots {
-    std::list<Slot> all;
+    explicit Slots(Slot slot) : first(std::move(slot)) {}
+
+    Slot first;
+    std::list<Slot> others;
     bool cleared = false;
   };
 
   void add(Slot slot) {
-    if (!slots_) slots_ = std::make_shared<Slots>();
+    if (!slots_) {
+      slots_ = std::make_shared<Slots>(std::move(slot));
+      return;
+    }
     const bool isRaised = slots_.use_count() > 1;
-    if (!isRaised) slots_->all.remove_if([](const Slot& other) { return other.isGone(); });
-    slots_->all.push_back(std::move(slot));
+    if (!isRaised) slots_->others.remove_if([](const Slot& other) { return other.isGone(); });
+    slots_->others.push_back(std::move(slot));
   }
 
   std::shared_ptr<Slots> slots_;

@@ -4,7 +4,8 @@ namespace kebu {
 
 ErrorAnswer Steps::report() noexcept {
   try {
-    return ErrorAnswer{reporter_.VisualizzaErrore(procedure_, RuntimeError::current())};
+    return ErrorAnswer{
+        reporter_.VisualizzaErrore(std::string(procedure_), RuntimeError::current())};
   } catch (...) {
     return ErrorAnswer::Abort;
   }

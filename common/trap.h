@@ -2,6 +2,7 @@
 
 #include <cstdint>
 #include <string>
+#include <string_view>
 #include <type_traits>
 #include <utility>
 
@@ -25,7 +26,7 @@ enum class ErrorAnswer : std::int16_t { Abort = 3, Retry = 4, Ignore = 5 };
 /// its result, every other answer leaves the procedure.
 class Steps {
  public:
-  Steps(ErrorReporter& reporter, const std::string& procedure)
+  Steps(ErrorReporter& reporter, std::string_view procedure)
       : reporter_(reporter), procedure_(procedure) {}
   Steps(const Steps&) = delete;
   Steps& operator=(const Steps&) = delete;
@@ -53,7 +54,7 @@ class Steps {
   };
 
   template <class Body>
-  friend auto trap(ErrorReporter& reporter, const std::string& procedure, Body&& body,
+  friend auto trap(ErrorReporter& reporter, std::string_view procedure, Body&& body,
                    std::type_identity_t<std::invoke_result_t<Body&, Steps&>> fallback)
       -> std::invoke_result_t<Body&, Steps&>;
 
@@ -63,7 +64,7 @@ class Steps {
   bool wantsRetry();
 
   ErrorReporter& reporter_;
-  const std::string& procedure_;
+  std::string_view procedure_;
 };
 
 /// Runs the body of a procedure under its name: what fails in it is reported
@@ -71,7 +72,7 @@ class Steps {
 /// procedure is left early. An error outside of the steps is reported and
 /// leaves, whatever the answer.
 template <class Body>
-auto trap(ErrorReporter& reporter, const std::string& procedure, Body&& body,
+auto trap(ErrorReporter& reporter, std::string_view procedure, Body&& body,
           std::type_identity_t<std::invoke_result_t<Body&, Steps&>> fallback)
     -> std::invoke_result_t<Body&, Steps&> {
   Steps step(reporter, procedure);
@@ -87,7 +88,7 @@ auto trap(ErrorReporter& reporter, const std::string& procedure, Body&& body,
 
 /// The same with a default-constructed fallback, and for bodies without a result.
 template <class Body>
-auto trap(ErrorReporter& reporter, const std::string& procedure, Body&& body)
+auto trap(ErrorReporter& reporter, std::string_view procedure, Body&& body)
     -> std::invoke_result_t<Body&, Steps&> {
   using Result = std::invoke_result_t<Body&, Steps&>;
   if constexpr (std::is_void_v<Result>) {

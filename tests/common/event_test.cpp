@@ -38,6 +38,10 @@ TEST(Event, SubscriptionsDisconnectWhenTheyEndAndFreeTheHandler) {
   event.raise();
   EXPECT_EQ(*count, 1);
   EXPECT_EQ(count.use_count(), 1);
+  EXPECT_FALSE(event.hasHandlers());
+  event.on([&] { *count = 10; });
+  event.raise();
+  EXPECT_EQ(*count, 10);
 }
 
 TEST(Event, SubscriptionMayOutliveTheEvent) {
