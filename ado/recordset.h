@@ -1,11 +1,14 @@
 #pragma once
 
+#include <algorithm>
+#include <cstddef>
 #include <cstdint>
 #include <string>
 #include <string_view>
 #include <vector>
 
 #include "ado/connection.h"
+#include "common/convert.h"
 #include "common/ref.h"
 #include "common/row_values.h"
 
@@ -41,6 +44,19 @@ struct Field {
   std::uint8_t precision = 0;
   std::uint8_t numericScale = 0;
 };
+
+/// The place of a field among others by its name, case aside; their number when
+/// it is not among them.
+inline std::size_t indexOf(const std::vector<Field>& fields, std::string_view name) {
+  // Nearly everyone writes a name as the table does; that is the quicker look.
+  auto at = std::find_if(fields.begin(), fields.end(),
+                         [&](const Field& field) { return field.name == name; });
+  if (at == fields.end()) {
+    at = std::find_if(fields.begin(), fields.end(),
+                      [&](const Field& field) { return equalsIgnoringCase(field.name, name); });
+  }
+  return static_cast<std::size_t>(at - fields.begin());
+}
 
 /// Rows of a statement with a current one, as ADO has them. Members keep ADO's
 /// names and meaning; a wrong use raises RuntimeError with ADO's number (3021 no

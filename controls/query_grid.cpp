@@ -89,16 +89,8 @@ std::int32_t QueryGrid::currentRow() const {
   return rows_ && rows_->isOpen() ? std::max(rows_->AbsolutePosition(), 0) : 0;
 }
 
-std::size_t QueryGrid::fieldIndex(std::string_view field) const {
-  const auto& fields = rows_->fields();
-  const auto at = std::find_if(fields.begin(), fields.end(), [&](const ado::Field& f) {
-    return equalsIgnoringCase(f.name, field);
-  });
-  return static_cast<std::size_t>(at - fields.begin());
-}
-
 Value QueryGrid::cell(std::int32_t row, std::string_view field) {
-  const std::size_t index = fieldIndex(field);
+  const std::size_t index = ado::indexOf(rows_->fields(), field);
   const RowValues& values = cache_.row(row);
   return index < values.size() ? values[index] : Value();
 }

@@ -130,7 +130,6 @@ class QueryGrid : public Control {
  private:
   const Column* findColumn(std::string_view field) const;
   const Column& requireCell(std::int32_t row, const std::string& field);
-  std::size_t fieldIndex(std::string_view field) const;
   /// Writes a cell as the user's doing; false when it was not stored.
   bool store(const std::string& field, const Value& value);
   void commit(const std::string& field, const Value& value);

@@ -1,9 +1,7 @@
 #include "workbench/engine/row_set.h"
 
-#include <algorithm>
 #include <utility>
 
-#include "common/convert.h"
 #include "workbench/engine/ado_error.h"
 
 namespace kebu::engine {
@@ -22,16 +20,9 @@ RowSet::RowSet(ResultSet result)
 }
 
 std::size_t RowSet::indexOf(std::string_view field) const {
-  // Nearly everyone writes a name as the table does; that is the quicker look.
-  auto found = std::find_if(fields.begin(), fields.end(),
-                            [&](const ado::Field& candidate) { return candidate.name == field; });
-  if (found == fields.end()) {
-    found = std::find_if(fields.begin(), fields.end(), [&](const ado::Field& candidate) {
-      return equalsIgnoringCase(candidate.name, field);
-    });
-  }
-  if (found == fields.end()) throw adoerror::noSuchItem();
-  return static_cast<std::size_t>(found - fields.begin());
+  const std::size_t index = ado::indexOf(fields, field);
+  if (index == fields.size()) throw adoerror::noSuchItem();
+  return index;
 }
 
 }  // namespace kebu::engine

@@ -49,12 +49,8 @@ constexpr Member<FieldState> fieldMembers[] = {
 };
 
 std::size_t fieldIndex(const RecordsetState& recordset, const Value& key) {
-  const auto& fields = recordset.rows->fields();
   if (!key.isText()) return static_cast<std::size_t>(toInt32(key));
-  const auto at = std::find_if(fields.begin(), fields.end(), [&](const ado::Field& field) {
-    return equalsIgnoringCase(field.name, key.as<std::string>());
-  });
-  return static_cast<std::size_t>(at - fields.begin());
+  return ado::indexOf(recordset.rows->fields(), key.as<std::string>());
 }
 
 Variant fieldOf(const std::shared_ptr<RecordsetState>& recordset, const Value& key) {

@@ -18,12 +18,9 @@ constexpr std::int32_t netPriceByQuantity = 2;
 using Row = sql::RuleStatements::Row;
 
 std::size_t indexOf(const ado::Recordset& rows, const std::string& field) {
-  const auto& fields = rows.fields();
-  const auto at = std::find_if(fields.begin(), fields.end(), [&](const ado::Field& f) {
-    return equalsIgnoringCase(f.name, field);
-  });
-  if (at == fields.end()) throw RuntimeError(3265, "Item cannot be found: " + field);
-  return static_cast<std::size_t>(at - fields.begin());
+  const std::size_t index = ado::indexOf(rows.fields(), field);
+  if (index == rows.fields().size()) throw RuntimeError(3265, "Item cannot be found: " + field);
+  return index;
 }
 
 /// What the steps of a rule give: the discount, or for a rule of net prices the
