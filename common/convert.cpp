@@ -138,6 +138,7 @@ Date toDate(const Value& value) {
 }
 
 bool equalAsVariants(const Value& a, const Value& b) {
+  if (a.isInteger() && b.isInteger()) return toInt32(a) == toInt32(b);
   if (a.isNull() || b.isNull()) return false;
   if (a.holds<std::shared_ptr<Object>>() || b.holds<std::shared_ptr<Object>>()) return a == b;
   if (a.isText() || b.isText()) return toText(a) == toText(b);
@@ -169,11 +170,12 @@ std::size_t characterCount(std::string_view utf8) {
 
 std::string trim(std::string_view text) {
   text.remove_prefix(std::min(text.find_first_not_of(' '), text.size()));
-  return trimRight(text);
+  return trimRight(std::string(text));
 }
 
-std::string trimRight(std::string_view text) {
-  return std::string(text.substr(0, text.find_last_not_of(' ') + 1));
+std::string trimRight(std::string text) {
+  text.erase(text.find_last_not_of(' ') + 1);
+  return text;
 }
 
 std::string replaceAll(std::string text, std::string_view what, std::string_view with) {

@@ -40,7 +40,7 @@ void appendSqlNumber(std::string& text, const Value& value);
 /// Characters of a UTF-8 text.
 std::size_t characterCount(std::string_view utf8);
 std::string trim(std::string_view text);
-std::string trimRight(std::string_view text);
+std::string trimRight(std::string text);
 std::string replaceAll(std::string text, std::string_view what, std::string_view with);
 std::string toUpperAscii(std::string_view text);
 bool equalsIgnoringCase(std::string_view a, std::string_view b);

@@ -93,7 +93,7 @@ std::optional<Integer> narrowed(const UInt192& whole, bool negative) {
 
 template <class Integer>
 Integer nearest(const Decimal& value) {
-  const Decimal whole = value.rounded(0);
+  const Decimal whole = value.scale() == 0 ? value : value.rounded(0);
   const auto result = narrowed<Integer>(UInt192(whole.mantissa()), whole.isNegative());
   if (!result) throw RuntimeError::overflow();
   return *result;
@@ -272,8 +272,12 @@ std::strong_ordering operator<=>(const Decimal& a, const Decimal& b) {
   if (a.isNegative() != b.isNegative()) {
     return a.isNegative() ? std::strong_ordering::less : std::strong_ordering::greater;
   }
-  const Aligned both(a, b);
-  return a.isNegative() ? both.b <=> both.a : both.a <=> both.b;
+  const auto ofMagnitudes = [](const Decimal& x, const Decimal& y) {
+    if (x.scale() == y.scale()) return UInt192(x.mantissa()) <=> UInt192(y.mantissa());
+    const Aligned both(x, y);
+    return both.a <=> both.b;
+  };
+  return a.isNegative() ? ofMagnitudes(b, a) : ofMagnitudes(a, b);
 }
 
 }  // namespace kebu

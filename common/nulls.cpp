@@ -5,15 +5,22 @@
 
 namespace kebu {
 
+namespace {
+
+bool isBlank(const Value& value) {
+  return value.isText() && value.as<std::string>().find_first_not_of(' ') == std::string::npos;
+}
+
+}  // namespace
+
 Value NVL(const Value& value, const Value& fallback) {
   if (value.isEmpty() || value.isNull()) return fallback;
-  if (value.isText() && trim(value.as<std::string>()).empty()) return fallback;
-  return value;
+  return isBlank(value) ? fallback : value;
 }
 
 Value CDecN(const Value& value) {
   if (value.isEmpty() || value.isNull()) return std::int16_t{0};
-  if (value.isText() && trimRight(value.as<std::string>()).empty()) return std::int16_t{0};
+  if (isBlank(value)) return std::int16_t{0};
   return toDecimal(value);
 }
 

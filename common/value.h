@@ -43,9 +43,8 @@ class Value {
   bool isEmpty() const { return holds<std::monostate>(); }
   bool isNull() const { return holds<Null>(); }
   bool isText() const { return holds<std::string>(); }
-  bool isNumber() const {
-    return holds<std::int16_t>() || holds<std::int32_t>() || holds<Decimal>() || holds<bool>();
-  }
+  bool isInteger() const { return holds<std::int16_t>() || holds<std::int32_t>(); }
+  bool isNumber() const { return isInteger() || holds<Decimal>() || holds<bool>(); }
   template <class T>
   bool holds() const {
     return std::holds_alternative<T>(storage_);

@@ -100,8 +100,8 @@ bool isAlphanumeric(char c) {
 /// Digits before letters and letters in their order hold in every collation
 /// that the database may have; signs and accents are another matter.
 bool isTextReversed(std::string_view first, std::string_view second) {
-  const std::string low = toUpperAscii(trimRight(first));
-  const std::string high = toUpperAscii(trimRight(second));
+  const std::string low = trimRight(toUpperAscii(first));
+  const std::string high = trimRight(toUpperAscii(second));
   const std::size_t shorter = std::min(low.size(), high.size());
   for (std::size_t i = 0; i < shorter; ++i) {
     if (low[i] == high[i]) continue;

@@ -199,6 +199,8 @@ TEST_F(Recordsets, FilterAsOneMoves) {
   EXPECT_EQ(rs->RecordCount(), 1);
   rs->setFilter("P > 1.4 and K <> -1");
   EXPECT_EQ(rs->RecordCount(), 2);
+  rs->setFilter("K < 2.5");
+  EXPECT_EQ(rs->RecordCount(), 2);
   rs->setFilter("P = NULL");
   EXPECT_EQ(rs->RecordCount(), 2);
   rs->setFilter("K = 99");

@@ -36,7 +36,7 @@ Value comparable(const Value& value, const SqlType& type, bool asText) {
   if (type.isDate()) return castTo(value, {TypeKind::DateTime});
   if (type.kind == TypeKind::Bit) return toBoolean(value);
   if (type.isNumber() && value.isText()) return castTo(value, SqlType::decimal(38, 10));
-  if (type.isNumber()) return toDecimal(value);
+  if (type.isNumber()) return value.isInteger() ? value : toDecimal(value);
   return toText(value);
 }
 
@@ -45,7 +45,8 @@ int compared(const Value& field, const Value& value) {
   if (field.isText()) return compareTexts(field.as<std::string>(), value.as<std::string>());
   if (field.holds<Date>()) return sign(field.as<Date>() <=> value.as<Date>());
   if (field.holds<bool>()) return sign(field.as<bool>() <=> value.as<bool>());
-  return sign(toDecimal(field) <=> value.as<Decimal>());
+  if (field.isInteger() && value.isInteger()) return sign(toInt32(field) <=> toInt32(value));
+  return sign(toDecimal(field) <=> toDecimal(value));
 }
 
 }  // namespace
