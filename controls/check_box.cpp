@@ -12,8 +12,8 @@ void CheckBox::setTicked(bool ticked) {
   if (clicked) Click.raise();
 }
 
-void CheckBox::refreshFromRecord() {
-  setTicked(toBoolean(CDecN(recordValue())));
+void CheckBox::show(const Value& stored) {
+  setTicked(toBoolean(CDecN(stored)));
 }
 
 void CheckBox::tick(bool on) {

@@ -13,7 +13,7 @@ class CheckBox : public BoundControl {
   /// Without the user's doing.
   void setTicked(bool ticked);
   Value value() const override { return static_cast<std::int16_t>(ticked_ ? 1 : 0); }
-  void refreshFromRecord() override;
+  void show(const Value& stored) override;
 
   /// The gesture.
   void tick(bool on);

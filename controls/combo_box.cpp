@@ -31,7 +31,7 @@ std::string ComboBox::text() const {
 }
 
 void ComboBox::select(const Value& code) {
-  selected_ = find(code);
+  selected_ = rowOf(code);
   if (hasStray_ && selected_ != rows_.size() - 1) {
     rows_.pop_back();
     hasStray_ = false;
@@ -52,13 +52,13 @@ Value ComboBox::value() const {
   return selected_ ? rows_[*selected_].code : Value(Null{});
 }
 
-void ComboBox::refreshFromRecord() {
-  select(recordValue());
+void ComboBox::show(const Value& stored) {
+  select(stored);
 }
 
 void ComboBox::choose(const std::string& code) {
   requireReachable();
-  const auto row = find(code);
+  const auto row = rowOf(code);
   if (!row) throw GestureRefused(Name() + " has no entry \"" + code + "\"");
   GotFocus.raise();
   if (row == selected_ || !writeToRecord(rows_[*row].code)) return;
@@ -66,7 +66,7 @@ void ComboBox::choose(const std::string& code) {
   AfterItem.raise();
 }
 
-std::optional<std::size_t> ComboBox::find(const Value& code) const {
+std::optional<std::size_t> ComboBox::rowOf(const Value& code) const {
   // An empty variant equals 0, but a column without a value chooses nothing.
   if (code.isEmpty() || code.isNull()) return std::nullopt;
   for (std::size_t i = 0; i < rows_.size(); ++i) {

@@ -38,7 +38,7 @@ class ComboBox : public BoundControl {
   /// as long as it is the chosen one: what is stored is shown and never lost.
   void setText(const std::string& code);
   Value value() const override;
-  void refreshFromRecord() override;
+  void show(const Value& stored) override;
 
   /// The gesture; GestureRefused when no row has that code.
   void choose(const std::string& code);
@@ -50,7 +50,7 @@ class ComboBox : public BoundControl {
   Event<> AfterItem;
 
  private:
-  std::optional<std::size_t> find(const Value& code) const;
+  std::optional<std::size_t> rowOf(const Value& code) const;
 
   std::vector<Row> rows_;
   std::optional<std::size_t> selected_;

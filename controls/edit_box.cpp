@@ -14,8 +14,8 @@ Value EditBox::value() const {
   return text_.empty() ? Value(Null{}) : Value(text_);
 }
 
-void EditBox::refreshFromRecord() {
-  setText(trimRight(toDisplay(recordValue())));
+void EditBox::show(const Value& stored) {
+  setText(trimRight(toDisplay(stored)));
 }
 
 void EditBox::setEditable(bool editable) {
@@ -63,7 +63,11 @@ void EditBox::enter(const Value& code) {
     return;
   }
   // Shown as the column keeps it: a number in the locale's own form.
-  setText(frame() ? trimRight(toDisplay(recordValue())) : text);
+  if (frame()) {
+    refreshFromRecord();
+  } else {
+    setText(text);
+  }
   AfterItem.raise();
 }
 

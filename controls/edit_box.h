@@ -18,7 +18,7 @@ class EditBox : public BoundControl {
   void setText(const std::string& text);
   Value value() const override;
   bool isMissing() const override { return required_ && text_.empty(); }
-  void refreshFromRecord() override;
+  void show(const Value& stored) override;
 
   /// A box that is not editable shows its text and lets it be copied.
   bool isEditable() const { return editable_; }

@@ -114,7 +114,10 @@ void RecordFrame::setStatus(FrameStatus status) {
 }
 
 void RecordFrame::refreshControls() {
-  for (BoundControl* control : controls_) control->refreshFromRecord();
+  const bool isThere = hasRecord();
+  for (BoundControl* control : controls_) {
+    control->show(isThere ? rows_->value(control->DBField()) : Value());
+  }
   for (RecordFrame* child : children_) child->refreshControls();
 }
 

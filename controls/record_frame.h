@@ -24,8 +24,10 @@ class BoundControl : public Control {
   virtual Value value() const = 0;
   /// Whether a value is required here and none is given.
   virtual bool isMissing() const { return false; }
+  /// Shows a value as the column keeps it; empty without a record.
+  virtual void show(const Value& stored) = 0;
   /// Shows the column's value of the current record.
-  virtual void refreshFromRecord() = 0;
+  void refreshFromRecord() { show(recordValue()); }
 
  protected:
   /// The column's value; empty without a record.
