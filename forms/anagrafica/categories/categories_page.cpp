@@ -52,9 +52,7 @@ void CategoriesPage::CaricaComboClientiArticoli() {
 }
 
 void CategoriesPage::addCatalogue(Steps& step) {
-  const Ref<ado::Recordset> rows = catalogue_.rows();
-  while (rows && step([&] { return !rows->EOF_(); })) {
-    const auto entry = step([&] { return catalogue_.current(); });
+  for (const auto& entry : step([&] { return catalogue_.entries(); })) {
     if (entry.entity == customerCategories.entity) {
       for (auto& level : customers_.levels()) {
         level.classification.addRow(entry.code, entry.description);
@@ -67,7 +65,6 @@ void CategoriesPage::addCatalogue(Steps& step) {
         }
       }
     }
-    step([&] { rows->MoveNext(); });
   }
 }
 

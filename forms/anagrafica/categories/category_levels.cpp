@@ -73,7 +73,7 @@ void CategoryLevels::show(std::int32_t level, const std::string& classification,
 }
 
 std::int32_t CategoryLevels::chosen(const Level& level) {
-  return toInt32(CDecN(level.classification.text()));
+  return toInt32(CDecN(level.classification.value()));
 }
 
 void CategoryLevels::AfterItem(Level& level) {

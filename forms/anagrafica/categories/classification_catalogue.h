@@ -3,6 +3,7 @@
 #include <cstdint>
 #include <optional>
 #include <string>
+#include <vector>
 
 #include "forms/anagrafica/page_context.h"
 
@@ -22,9 +23,8 @@ class ClassificationCatalogue {
   void open(const PageContext& context);
   void close() { rows_.reset(); }
 
-  /// Its rows, one after the other in the order of presentation.
-  Ref<ado::Recordset> rows() const { return rows_; }
-  Entry current() const;
+  /// All of it, in the order of presentation; nothing while it is not open.
+  std::vector<Entry> entries() const;
   /// The classification of that entity; nothing when the catalogue has none.
   std::optional<Entry> find(int entity, const std::string& code) const;
 

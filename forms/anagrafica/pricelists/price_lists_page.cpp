@@ -247,16 +247,16 @@ void PriceListsPage::QGRID_LISTINI_DataFormatEXT(std::int32_t row, const std::st
                                                  std::string& text) {
   trap(context_.services, "QGRID_LISTINI_DataFormatEXT", [&](Steps& step) {
     constexpr std::string_view suffix = "_DEC";
-    const std::string codeField = field.substr(0, field.size() - suffix.size());
+    const auto codeField = std::string_view(field).substr(0, field.size() - suffix.size());
     text = step([&] {
       const std::string code = RTrimN(QGRID_LISTINI.cell(row, codeField));
-      const std::int32_t type = toInt32(CDecN(QGRID_LISTINI.cell(row, "GM57_INDTIPO")));
-      return code.empty() ? "" : describe(codeField, type, code);
+      if (code.empty()) return std::string();
+      return describe(codeField, toInt32(CDecN(QGRID_LISTINI.cell(row, "GM57_INDTIPO"))), code);
     });
   });
 }
 
-std::string PriceListsPage::describe(const std::string& field, std::int32_t type,
+std::string PriceListsPage::describe(std::string_view field, std::int32_t type,
                                      const std::string& code) {
   const std::string company = context_.companyText();
   std::string statement;

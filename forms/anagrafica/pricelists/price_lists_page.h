@@ -42,7 +42,7 @@ class PriceListsPage {
   void BTN_AGGLISTINI_ButtonClick();
 
   std::int32_t currentType();
-  std::string describe(const std::string& field, std::int32_t type, const std::string& code);
+  std::string describe(std::string_view field, std::int32_t type, const std::string& code);
 
   PageContext& context_;
   ProgressDisplay& progress_;
