@@ -1,15 +1,9 @@
 #include "controls/control.h"
 
-#include "common/convert.h"
-
 namespace kebu::controls {
 
 Control::Control(std::string name, std::string caption)
     : name_(std::move(name)), caption_(std::move(caption)) {}
-
-bool Control::isNamed(std::string_view name) const {
-  return equalsIgnoringCase(name_, name);
-}
 
 void Control::setCaption(const std::string& caption) {
   caption_ = caption;

@@ -6,6 +6,7 @@
 #include <string>
 #include <string_view>
 
+#include "common/convert.h"
 #include "common/event.h"
 #include "host/named_object.h"
 
@@ -39,7 +40,9 @@ class Control : public host::NamedObject {
   std::string Name() const override { return name_; }
   void setName(const std::string& name) override { name_ = name; }
   /// Whether that is its name, case aside.
-  bool isNamed(std::string_view name) const;
+  bool isNamed(std::string_view name) const {
+    return name.size() == name_.size() && equalsIgnoringCase(name_, name);
+  }
 
   const std::string& caption() const { return caption_; }
   void setCaption(const std::string& caption);
@@ -61,6 +64,8 @@ class Control : public host::NamedObject {
 
   /// The control as a group of others; nothing when it is none.
   virtual GroupBox* asGroup() { return nullptr; }
+  /// The control of that name, case aside: it or one that stands in it; nothing when there is none.
+  virtual Control* find(std::string_view name) { return isNamed(name) ? this : nullptr; }
 
   /// Puts the texts shown into the user's language.
   virtual void translate(const Translator& translator);

@@ -56,11 +56,11 @@ void Form::moveTo(std::int32_t left, std::int32_t top) {
   changed.raise();
 }
 
-Control* Form::find(std::string_view name) const {
-  const auto& all = controls();
-  const auto at =
-      std::find_if(all.begin(), all.end(), [&](const Control* c) { return c->isNamed(name); });
-  return at == all.end() ? nullptr : *at;
+Control* Form::find(std::string_view name) {
+  for (Control* control : outermost_) {
+    if (Control* const found = control->find(name)) return found;
+  }
+  return nullptr;
 }
 
 std::vector<BoundControl*> Form::boundControls() const {

@@ -26,8 +26,7 @@ class Form : public Control, public std::enable_shared_from_this<Form> {
 
   /// Every control of the window, in the order of the tab key.
   const std::vector<Control*>& controls() const;
-  /// A control by its name, case aside; nothing when there is none.
-  Control* find(std::string_view name) const;
+  Control* find(std::string_view name) override;
   /// The controls that edit a column.
   std::vector<BoundControl*> boundControls() const;
   void translate(const Translator& translator) override;

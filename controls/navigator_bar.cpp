@@ -55,7 +55,7 @@ bool NavigatorBar::isButtonEnabled(const std::string& key) const {
 }
 
 void NavigatorBar::setButtonEnabled(const std::string& key, bool enabled) {
-  if (Button* button = find(key)) {
+  if (Button* button = buttonOf(key)) {
     button->offered = enabled;
     button->enabled = enabled && permits(key);
   }
@@ -89,7 +89,7 @@ void NavigatorBar::translate(const Translator& translator) {
 
 void NavigatorBar::press(const std::string& name) {
   requireReachable();
-  const Button* button = find(name);
+  const Button* button = buttonOf(name);
   if (!button) throw GestureRefused(Name() + " has no button \"" + name + "\"");
   if (!button->enabled) throw GestureRefused("\"" + name + "\" of " + Name() + " is disabled");
   const std::string key = button->key;
@@ -98,7 +98,7 @@ void NavigatorBar::press(const std::string& name) {
   if (!cancel && frame_) act(key);
 }
 
-NavigatorBar::Button* NavigatorBar::find(const std::string& name) {
+NavigatorBar::Button* NavigatorBar::buttonOf(const std::string& name) {
   const auto at = std::find_if(buttons_.begin(), buttons_.end(),
                                [&](const Button& b) { return b.key == name || b.caption == name; });
   return at == buttons_.end() ? nullptr : &*at;

@@ -51,7 +51,7 @@ class NavigatorBar : public Control {
   Event<bool&, const std::string&> ButtonClick;
 
  private:
-  Button* find(const std::string& name);
+  Button* buttonOf(const std::string& name);
   bool permits(const std::string& key) const;
   void act(const std::string& key);
 

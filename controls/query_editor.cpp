@@ -22,26 +22,31 @@ bool takesCodes(QueryOperator op) {
          op == QueryOperator::Range;
 }
 
-std::string rowName(const std::string& editor, std::size_t row) {
-  return editor + "(" + std::to_string(row) + ")";
+/// "ENHQUERY_CLI(2).VALORE1"
+std::string partName(const std::string& editor, std::size_t row, std::string_view part) {
+  const std::string number = std::to_string(row);
+  std::string name;
+  name.reserve(editor.size() + number.size() + part.size() + 3);
+  name.append(editor).append(1, '(').append(number).append(").").append(part);
+  return name;
 }
 
 }  // namespace
 
-QueryEditor::Row::Row(const std::string& name, const QueryField& declared)
+QueryEditor::Row::Row(const std::string& editor, std::size_t number, const QueryField& declared)
     : field(declared),
-      op(name + ".OPERATORE", std::string(declared.caption)),
-      first(name + ".VALORE1"),
-      second(name + ".VALORE2"),
-      firstDescription(name + ".DESCRIZIONE1"),
-      secondDescription(name + ".DESCRIZIONE2") {}
+      op(operatorName(editor, number)),
+      first(valueName(editor, number, RangeEnd::First)),
+      second(valueName(editor, number, RangeEnd::Second)),
+      firstDescription(partName(editor, number, "DESCRIZIONE1")),
+      secondDescription(partName(editor, number, "DESCRIZIONE2")) {}
 
 std::string QueryEditor::operatorName(const std::string& editor, std::size_t row) {
-  return rowName(editor, row) + ".OPERATORE";
+  return partName(editor, row, "OPERATORE");
 }
 
 std::string QueryEditor::valueName(const std::string& editor, std::size_t row, RangeEnd end) {
-  return rowName(editor, row) + (end == RangeEnd::First ? ".VALORE1" : ".VALORE2");
+  return partName(editor, row, end == RangeEnd::First ? "VALORE1" : "VALORE2");
 }
 
 std::string QueryEditor::composedTextName(const std::string& editor) {
@@ -49,7 +54,7 @@ std::string QueryEditor::composedTextName(const std::string& editor) {
 }
 
 bool QueryEditor::isPartName(std::string_view editor, std::string_view name) {
-  if (editor.empty() || !name.starts_with(editor)) return false;
+  if (editor.empty() || !equalsIgnoringCase(name.substr(0, editor.size()), editor)) return false;
   name.remove_prefix(editor.size());
   return name.starts_with('(') || name.starts_with('.');
 }
@@ -89,71 +94,110 @@ void QueryEditor::nameOperators() {
 }
 
 void QueryEditor::addField(const QueryField& field) {
+  fields_.push_back({field, nullptr});
+  isListed_ = false;
+}
+
+QueryEditor::Row& QueryEditor::row(std::size_t field) const {
+  if (Row* const made = fields_.at(field).row.get()) return *made;
+  // A row belongs to its field from the declaration on; that it is made late changes nothing.
+  return const_cast<QueryEditor*>(this)->makeRow(field);
+}
+
+QueryEditor::Row& QueryEditor::makeRow(std::size_t field) {
+  auto& [declared, made] = fields_[field];
   if (textOperators_.empty()) nameOperators();
-  const std::string name = rowName(Name(), rows_.size() + 1);
-  Row& row = *rows_.emplace_back(std::make_unique<Row>(name, field));
-  row.op.setCaption(translated(field.caption));
+  made = std::make_unique<Row>(Name(), field + 1, declared);
+  Row& row = *made;
+  row.op.setCaption(translated(declared.caption));
   row.op.setShowsCodes(false);
-  row.op.setRows(field.isNumeric ? numberOperators_ : textOperators_);
-  if (field.hasLookup) {
+  row.op.setRows(declared.isNumeric ? numberOperators_ : textOperators_);
+  if (declared.hasLookup) {
     row.first.setDescription(row.firstDescription);
     row.second.setDescription(row.secondDescription);
   }
   row.op.select(std::string(traitsOf(QueryOperator::Any).code));
   listen(row);
   show(row);
-  addAll(row.op, row.first, row.firstDescription, row.second, row.secondDescription);
+  for (Control* part : row.parts()) part->setContainer(*this);
+  return row;
+}
+
+Control* QueryEditor::find(std::string_view name) {
+  // Whoever looks for another control has no use for the rows.
+  return isNamed(name) || isPartName(Name(), name) ? GroupBox::find(name) : nullptr;
+}
+
+const std::vector<Control*>& QueryEditor::children() const {
+  if (isListed_) return parts_;
+  parts_.clear();
+  const auto add = [&](Row& row) {
+    for (Control* part : row.parts()) parts_.push_back(part);
+  };
+  for (std::size_t i = 0; i < fields_.size(); ++i) add(row(i));
+  for (const auto& row : removed_) add(*row);
+  const auto& below = GroupBox::children();
+  parts_.insert(parts_.end(), below.begin(), below.end());
+  isListed_ = true;
+  return parts_;
 }
 
 void QueryEditor::listen(Row& row) {
   row.op.AfterItem.on([this, &row] { operatorChosen(row); });
-  const auto listenTo = [&](EditBox& box, RangeEnd end) {
-    box.BeforeItem.on(
-        [this, &row](const std::string& text, bool& cancel) { checkValue(row, text, cancel); });
-    box.AfterItem.on([this, &row] { valueEntered(row); });
-    if (!row.field.hasLookup) return;
-    box.StartLookup.on([this, &row, end](EditBox&) { lookUp(row, end); });
-    box.StartDecode.on([this, &row, end](const std::string& value, std::string& description) {
-      decode(row, end, value, description);
-    });
-  };
-  listenTo(row.first, RangeEnd::First);
-  listenTo(row.second, RangeEnd::Second);
+  listen<RangeEnd::First>(row);
+  listen<RangeEnd::Second>(row);
+}
+
+// The end is no part of what the handlers keep, so that they need no memory of their own.
+template <RangeEnd end>
+void QueryEditor::listen(Row& row) {
+  EditBox& box = row.box(end);
+  box.BeforeItem.on(
+      [this, &row](const std::string& text, bool& cancel) { checkValue(row, text, cancel); });
+  box.AfterItem.on([this, &row] { valueEntered(row); });
+  if (!row.field.hasLookup) return;
+  box.StartLookup.on([this, &row](EditBox&) { lookUp(row, end); });
+  box.StartDecode.on([this, &row](const std::string& value, std::string& description) {
+    decode(row, end, value, description);
+  });
 }
 
 void QueryEditor::completeDeclaration() {
   text_.setCaption(translated(text_.caption()));
   count_.setCaption(translated(count_.caption()));
+  isListed_ = false;
   addAll(warning_, text_, count_, answer_);
   changed.raise();
 }
 
 void QueryEditor::removeLastField() {
-  Row& row = *rows_.back();
-  for (Control* part : {static_cast<Control*>(&row.op), static_cast<Control*>(&row.first),
-                        static_cast<Control*>(&row.second)}) {
-    part->setVisible(false);
+  if (auto& row = fields_.back().row) {
+    for (Control* part : row->parts()) part->setVisible(false);
+    removed_.push_back(std::move(row));
   }
-  removed_.push_back(std::move(rows_.back()));
-  rows_.pop_back();
+  fields_.pop_back();
+  isListed_ = false;
 }
 
 // ---- conditions
 
-QueryEditor::Row* QueryEditor::find(std::string_view dataField) const {
-  const auto at = std::find_if(rows_.begin(), rows_.end(),
-                               [&](const auto& row) { return row->field.dataField == dataField; });
-  return at == rows_.end() ? nullptr : at->get();
+std::size_t QueryEditor::indexOf(std::string_view dataField) const {
+  const auto at = std::find_if(fields_.begin(), fields_.end(), [&](const Field& field) {
+    return field.declared.dataField == dataField;
+  });
+  return at == fields_.end() ? none : static_cast<std::size_t>(at - fields_.begin());
 }
 
-const QueryEditor::Row& QueryEditor::get(std::string_view dataField) const {
-  const Row* const row = find(dataField);
-  if (!row) throw RuntimeError(5, Name() + " has no field " + std::string(dataField));
-  return *row;
+std::size_t QueryEditor::requireField(std::string_view dataField) const {
+  const std::size_t field = indexOf(dataField);
+  if (field == none) throw RuntimeError(5, Name() + " has no field " + std::string(dataField));
+  return field;
 }
 
-QueryCondition QueryEditor::conditionOf(const Row& row) const {
+QueryCondition QueryEditor::conditionOf(const Field& field) {
   QueryCondition stated;
+  if (!field.row) return stated;
+  const Row& row = *field.row;
   stated.op = row.shown;
   if (stated.op == QueryOperator::OneOf) {
     stated.values = splitList(row.first.text());
@@ -166,18 +210,20 @@ QueryCondition QueryEditor::conditionOf(const Row& row) const {
 }
 
 QueryCondition QueryEditor::condition(std::string_view dataField) const {
-  return conditionOf(get(dataField));
+  return conditionOf(fields_[requireField(dataField)]);
 }
 
 void QueryEditor::setCondition(std::string_view dataField, const QueryCondition& condition) {
-  static_cast<void>(get(dataField));
-  Row& row = *find(dataField);
-  static_cast<void>(composePredicate(columnOf(row.field), condition));  // or it cannot be stated
-  state(row, condition);
+  const std::size_t field = requireField(dataField);
+  // Or it cannot be stated.
+  static_cast<void>(composePredicate(columnOf(fields_[field].declared), condition));
+  state(field, condition);
   recompose();
 }
 
-void QueryEditor::state(Row& row, const QueryCondition& condition) {
+void QueryEditor::state(std::size_t field, const QueryCondition& condition) {
+  if (condition.op == QueryOperator::Any && !fields_[field].row) return;
+  Row& row = this->row(field);
   row.op.select(std::string(traitsOf(condition.op).code));
   show(row);
   const auto value = [&](std::size_t i) {
@@ -190,10 +236,10 @@ void QueryEditor::state(Row& row, const QueryCondition& condition) {
 
 std::vector<QueryEditor::Item> QueryEditor::items() const {
   std::vector<Item> all;
-  all.reserve(rows_.size());
-  for (const auto& row : rows_) {
+  all.reserve(fields_.size());
+  for (const Field& field : fields_) {
     all.push_back(
-        {row->field.dataField, composePredicate(columnOf(row->field), conditionOf(*row))});
+        {field.declared.dataField, composePredicate(columnOf(field.declared), conditionOf(field))});
   }
   return all;
 }
@@ -207,17 +253,17 @@ std::string QueryEditor::ComponiCondizione() const {
 }
 
 std::string QueryEditor::value(std::string_view dataField, RangeEnd end) const {
-  const Row* const row = find(dataField);
-  if (!row) return "";
-  const QueryCondition stated = conditionOf(*row);
+  const std::size_t field = indexOf(dataField);
+  if (field == none || !fields_[field].row) return "";
+  const QueryCondition stated = conditionOf(fields_[field]);
   // What equals a value begins and ends with it.
   const bool isBoth = end == RangeEnd::First || stated.op == QueryOperator::Equal;
   if (stated.op == QueryOperator::OneOf) return "";
-  return isBoth ? row->first.text() : row->second.text();
+  return fields_[field].row->box(isBoth ? RangeEnd::First : RangeEnd::Second).text();
 }
 
-std::string QueryEditor::sentence(std::size_t row) const {
-  const Row& shown = *rows_.at(row);
+std::string QueryEditor::sentence(std::size_t field) const {
+  const Row& shown = row(field);
   const ComboBox::Row* const op = shown.op.selected();
   std::string text = op ? op->caption : "";
   const auto add = [&](const char* before, const EditBox& box, const Label& description) {
@@ -303,18 +349,16 @@ void QueryEditor::recompose() {
   warning_.setVisible(!reversed.empty());
 }
 
-bool QueryEditor::isReversed(const Row& row) const {
-  const QueryCondition stated = conditionOf(row);
-  return stated.op == QueryOperator::Range &&
-         controls::isReversed(columnOf(row.field), stated.values[0], stated.values[1]);
-}
-
 std::string QueryEditor::reversedRanges() const {
   std::string text;
-  for (const auto& row : rows_) {
-    if (!isReversed(*row)) continue;
-    text += (text.empty() ? "" : " ") + std::string("L'intervallo di \"") + row->op.caption() +
-            "\" è rovesciato: da \"" + row->first.text() + "\" a \"" + row->second.text() +
+  for (const Field& field : fields_) {
+    const QueryCondition stated = conditionOf(field);
+    if (stated.op != QueryOperator::Range) continue;
+    const std::string& from = stated.values[0];
+    const std::string& to = stated.values[1];
+    if (!isReversed(columnOf(field.declared), from, to)) continue;
+    text += (text.empty() ? "" : " ") + std::string("L'intervallo di \"") +
+            field.row->op.caption() + "\" è rovesciato: da \"" + from + "\" a \"" + to +
             "\" non c'è nulla.";
   }
   return text;
@@ -342,15 +386,16 @@ void QueryEditor::decode(const Row& row, RangeEnd end, const std::string& value,
 }
 
 void QueryEditor::decodeAgain(std::string_view dataField) {
-  Row* const row = find(dataField);
-  if (!row) return;
-  for (EditBox* box : {&row->first, &row->second}) {
+  const std::size_t field = indexOf(dataField);
+  if (field == none || !fields_[field].row) return;
+  Row& row = *fields_[field].row;
+  for (EditBox* box : {&row.first, &row.second}) {
     if (!box->text().empty()) box->decodeAgain();
   }
 }
 
 void QueryEditor::lookUp(Row& row, RangeEnd end) {
-  EditBox& box = end == RangeEnd::First ? row.first : row.second;
+  EditBox& box = row.box(end);
   const QueryRequest request{std::string(row.field.caption), box.text(), end};
   std::optional<Value> chosen;
   StartLookup.raise(request, chosen);
@@ -372,26 +417,26 @@ bool QueryEditor::loadFilter(const std::string& name) {
   const Value text = surroundings_.store->Load(storageKey_, name);
   if (!text.isText() || text.as<std::string>().empty()) return false;
   const auto conditions = readFilter(text.as<std::string>());
-  std::vector<std::pair<Row*, const QueryCondition*>> known;
+  std::vector<std::pair<std::size_t, const QueryCondition*>> known;
   for (const SavedCondition& each : conditions) {
     // A field of another version of the window has nothing to be stated on.
-    Row* const row = find(each.dataField);
-    if (!row) continue;
-    static_cast<void>(composePredicate(columnOf(row->field), each.condition));
-    known.emplace_back(row, &each.condition);
+    const std::size_t field = indexOf(each.dataField);
+    if (field == none) continue;
+    static_cast<void>(composePredicate(columnOf(fields_[field].declared), each.condition));
+    known.emplace_back(field, &each.condition);
   }
-  for (const auto& row : rows_) state(*row, {});
-  for (const auto& [row, condition] : known) state(*row, *condition);
+  for (std::size_t i = 0; i < fields_.size(); ++i) state(i, {});
+  for (const auto& [field, condition] : known) state(field, *condition);
   recompose();
   return true;
 }
 
 void QueryEditor::saveFilter(const std::string& name, bool isDefault) {
   std::vector<SavedCondition> conditions;
-  for (const auto& row : rows_) {
-    const QueryCondition stated = conditionOf(*row);
+  for (const Field& field : fields_) {
+    const QueryCondition stated = conditionOf(field);
     if (stated.op == QueryOperator::Any) continue;
-    conditions.push_back({std::string(row->field.dataField), stated});
+    conditions.push_back({std::string(field.declared.dataField), stated});
   }
   surroundings_.store->Save(storageKey_, name, writeFilter(conditions), isDefault);
 }

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <array>
 #include <cstdint>
 #include <memory>
 #include <optional>
@@ -49,7 +50,8 @@ struct QueryRequest {
 /// in the host's store.
 ///
 /// Its parts are ordinary controls, named after the editor and the row counted
-/// from 1, and a person works with those: "ENHQUERY_CLI(2).VALORE1".
+/// from 1, and a person works with those: "ENHQUERY_CLI(2).VALORE1". A row's are
+/// made when they are first looked at, or when something is stated on its field.
 class QueryEditor : public GroupBox {
  public:
   /// What the editor is handed of the window that it stands in.
@@ -83,7 +85,7 @@ class QueryEditor : public GroupBox {
   void addField(const QueryField& field);
   /// The last field was declared: what stands below the rows follows.
   void completeDeclaration();
-  std::size_t fieldCount() const { return rows_.size(); }
+  std::size_t fieldCount() const { return fields_.size(); }
   void removeLastField();
 
   /// In the order of declaration.
@@ -115,19 +117,23 @@ class QueryEditor : public GroupBox {
   /// "Conta": fill in the answer.
   Event<std::string&> Count;
 
-  /// What is stated on a row in words: "uguale a VER (Vernici)".
-  std::string sentence(std::size_t row) const;
+  /// What is stated on a field, from 0, in words: "uguale a VER (Vernici)".
+  std::string sentence(std::size_t field) const;
 
   /// The name of a row's operator, or of a value.
   static std::string operatorName(const std::string& editor, std::size_t row);
   static std::string valueName(const std::string& editor, std::size_t row, RangeEnd end);
   static std::string composedTextName(const std::string& editor);
-  /// Whether a control of that name is one of the editor's parts.
+  /// Whether a control of that name is one of the editor's parts, case aside.
   static bool isPartName(std::string_view editor, std::string_view name);
+
+  Control* find(std::string_view name) override;
+  const std::vector<Control*>& children() const override;
 
   // What the rows consist of, for those who place or look for them.
   struct Row;
-  const std::vector<std::unique_ptr<Row>>& rows() const { return rows_; }
+  /// The row of a field, in the order of declaration from 0.
+  Row& row(std::size_t field) const;
   const EditBox& composedText() const { return text_; }
   Button& countButton() { return count_; }
   const Button& countButton() const { return count_; }
@@ -135,16 +141,26 @@ class QueryEditor : public GroupBox {
   const Label& warning() const { return warning_; }
 
  private:
+  struct Field {
+    QueryField declared;
+    std::unique_ptr<Row> row;  ///< nothing until somebody wants it: nothing is stated then
+  };
+  static constexpr std::size_t none = static_cast<std::size_t>(-1);
+
+  Row& makeRow(std::size_t field);
   /// Puts the operators into the user's language, once for all fields.
   void nameOperators();
-  Row* find(std::string_view dataField) const;
-  const Row& get(std::string_view dataField) const;
-  QueryCondition conditionOf(const Row& row) const;
-  bool isReversed(const Row& row) const;
+  /// The place of a field; `none` when there is no such field.
+  std::size_t indexOf(std::string_view dataField) const;
+  /// The same; RuntimeError 5 when there is no such field.
+  std::size_t requireField(std::string_view dataField) const;
+  static QueryCondition conditionOf(const Field& field);
   std::string reversedRanges() const;
   void listen(Row& row);
+  template <RangeEnd end>
+  void listen(Row& row);
   void show(Row& row);
-  void state(Row& row, const QueryCondition& condition);
+  void state(std::size_t field, const QueryCondition& condition);
   void operatorChosen(Row& row);
   void checkValue(Row& row, const std::string& text, bool& cancel);
   void valueEntered(Row& row);
@@ -161,8 +177,10 @@ class QueryEditor : public GroupBox {
   Translator translator_;
   std::vector<ComboBox::Row> textOperators_;    ///< what is offered for texts
   std::vector<ComboBox::Row> numberOperators_;  ///< what is offered for numbers
-  std::vector<std::unique_ptr<Row>> rows_;
+  std::vector<Field> fields_;
   std::vector<std::unique_ptr<Row>> removed_;  ///< still on the screen, perhaps
+  mutable std::vector<Control*> parts_;        ///< of all rows, and what stands below them
+  mutable bool isListed_ = false;              ///< parts_ is up to date
   EditBox text_;
   Button count_;
   Label answer_;
@@ -171,8 +189,13 @@ class QueryEditor : public GroupBox {
 
 /// A field of the editor on the screen.
 struct QueryEditor::Row {
-  Row(const std::string& name, const QueryField& declared);
+  /// `number` counts the editor's rows from 1.
+  Row(const std::string& editor, std::size_t number, const QueryField& declared);
   QueryOperator chosen() const;
+  EditBox& box(RangeEnd end) { return end == RangeEnd::First ? first : second; }
+  std::array<Control*, 5> parts() {
+    return {&op, &first, &firstDescription, &second, &secondDescription};
+  }
 
   QueryField field;
   ComboBox op;

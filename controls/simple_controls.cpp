@@ -10,6 +10,14 @@ void GroupBox::add(Control& child) {
   ChildAdded.raise(child);
 }
 
+Control* GroupBox::find(std::string_view name) {
+  if (isNamed(name)) return this;
+  for (Control* child : children()) {
+    if (Control* const found = child->find(name)) return found;
+  }
+  return nullptr;
+}
+
 void Button::click() {
   requireReachable();
   ButtonClick.raise();
@@ -95,7 +103,7 @@ void SideBar::selectFirst() {
 }
 
 void SideBar::select(std::int32_t view) {
-  if (const Link* link = find(view)) selected_ = static_cast<std::size_t>(link - links_.data());
+  if (const Link* link = linkTo(view)) selected_ = static_cast<std::size_t>(link - links_.data());
   changed.raise();
 }
 
@@ -107,12 +115,12 @@ void SideBar::translate(const Translator& translator) {
 
 void SideBar::click(std::int32_t view) {
   requireReachable();
-  const Link* link = find(view);
+  const Link* link = linkTo(view);
   if (!link) throw GestureRefused(Name() + " has no link to view " + std::to_string(view));
   OnClickItemLink.raise(*link);
 }
 
-const SideBar::Link* SideBar::find(std::int32_t view) const {
+const SideBar::Link* SideBar::linkTo(std::int32_t view) const {
   const auto at =
       std::find_if(links_.begin(), links_.end(), [&](const Link& l) { return l.view == view; });
   return at == links_.end() ? nullptr : &*at;

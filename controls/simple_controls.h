@@ -31,6 +31,7 @@ class GroupBox : public Control {
   using Control::Control;
 
   GroupBox* asGroup() override { return this; }
+  Control* find(std::string_view name) override;
 
   /// Puts `child` into this group, after those that are there.
   void add(Control& child);
@@ -38,7 +39,8 @@ class GroupBox : public Control {
   void addAll(Controls&... all) {
     (add(all), ...);
   }
-  const std::vector<Control*>& children() const { return children_; }
+  /// All that stands in the group. What nobody has looked at yet may be made now.
+  virtual const std::vector<Control*>& children() const { return children_; }
   /// A control came into the group.
   Event<Control&> ChildAdded;
 
@@ -132,7 +134,7 @@ class SideBar : public Control {
   Event<const Link&> OnClickItemLink;
 
  private:
-  const Link* find(std::int32_t view) const;
+  const Link* linkTo(std::int32_t view) const;
 
   std::vector<Link> links_;
   std::size_t selected_ = static_cast<std::size_t>(-1);

@@ -53,7 +53,7 @@ class QueryEditorTest : public testing::Test {
         [this](const QueryRequest&, std::optional<Value>& chosen) { chosen = answer; });
   }
 
-  QueryEditor::Row& row(std::size_t i) { return *editor.rows()[i]; }
+  QueryEditor::Row& row(std::size_t i) { return editor.row(i); }
   using Names = std::vector<std::string>;
 
   std::shared_ptr<MapStore> store = std::make_shared<MapStore>();
@@ -209,9 +209,29 @@ TEST_F(QueryEditorTest, AnUnreadableFilterChangesNothing) {
   EXPECT_EQ(editor.ComponiCondizione(), " AND (NOME = 'x')");
 }
 
+TEST_F(QueryEditorTest, RowsStandInTheOrderOfTheFieldsWhicheverIsWantedFirst) {
+  EXPECT_EQ(editor.find("OTHER"), nullptr);
+  EXPECT_EQ(editor.find("EDITOR(5).VALORE1"), nullptr);
+  editor.setCondition("NOME", {Op::Equal, {"x"}});
+  Control* const third = editor.find("editor(3).operatore");
+  ASSERT_NE(third, nullptr);
+  EXPECT_EQ(third->caption(), "Stato");
+  EXPECT_EQ(third->container(), &editor);
+
+  Names operators;
+  for (const Control* part : editor.children()) {
+    if (part->Name().ends_with("OPERATORE")) operators.push_back(part->caption());
+  }
+  EXPECT_EQ(operators, (Names{"Famiglia", "Gruppo", "Stato", "Nome"}));
+  EXPECT_EQ(editor.children().back(), &editor.countAnswer());
+  EXPECT_EQ(row(3).first.text(), "x");
+}
+
 TEST_F(QueryEditorTest, RemovedFieldsRestrictNothing) {
   row(0).first.type("VER");
+  const QueryEditor::Row& removed = row(0);
   while (editor.fieldCount() > 0) editor.removeLastField();
+  EXPECT_FALSE(removed.op.isVisible());  // a view may still look at it
   EXPECT_EQ(editor.ComponiCondizione(), "");
   EXPECT_THROW(editor.setCondition("FAM", {}), RuntimeError);
 }

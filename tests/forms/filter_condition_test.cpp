@@ -242,7 +242,7 @@ TEST_F(FilterConditionTest, CustomersAreThoseThatTheFilterSays) {
   const QueryEditor& editor = workplace.editor("ENHQUERY_CLI");
   int selecting = 0;
   for (std::size_t row = 1; row <= editor.fieldCount(); ++row) {
-    const QueryField& field = editor.rows()[row - 1]->field;
+    const QueryField& field = editor.row(row - 1).field;
     const std::string column(field.dataField);
     const auto values = read(workplace.session(), "VGM16_KBWSUSERS_KELMORIA", "CG44_CLIFOR", column,
                              {"CG44_DITTA_CG18"});
@@ -283,8 +283,8 @@ TEST_F(FilterConditionTest, ACustomerCodeOfSevenDigitsIsNotDecoded) {
       " WHERE CG44_DITTA_CG18 = 1 AND CG44_TIPOCF = 0 AND CG44_CLIFOR = 1072");
   QueryEditor& editor = workplace.editor("ENHQUERY_CLI");
   editor.setCondition("CG44_CLIFOR", {Op::Range, {"1072", "1001001"}});
-  EXPECT_EQ(editor.rows()[0]->firstDescription.caption(), "Ferramenta D'Amico S.r.l.");
-  EXPECT_EQ(editor.rows()[0]->secondDescription.caption(), "");
+  EXPECT_EQ(editor.row(0).firstDescription.caption(), "Ferramenta D'Amico S.r.l.");
+  EXPECT_EQ(editor.row(0).secondDescription.caption(), "");
 }
 
 TEST_F(FilterConditionTest, AFieldOfAnUnknownTableIsDropped) {

@@ -200,8 +200,8 @@ TEST_F(PageLayoutTest, AQueryEditorHasALineForEachField) {
   declare("Ragione sociale", false, 40);
   editor.completeDeclaration();
   page.add(editor);
-  auto& family = *editor.rows()[0];
-  auto& business = *editor.rows()[1];
+  auto& family = editor.row(0);
+  auto& business = editor.row(1);
   std::vector<const Control*> shown{
       &family.op,      &family.first,          &family.firstDescription, &business.op,
       &business.first, &editor.composedText(), &editor.countButton(),    &editor.countAnswer()};

@@ -71,8 +71,8 @@ void describe(ControlView& view, const GroupBox& group) {
 }
 
 void describe(ControlView& view, const QueryEditor& editor) {
-  for (std::size_t row = 0; row < editor.fieldCount(); ++row) {
-    view.items.push_back({editor.rows()[row]->op.caption(), editor.sentence(row)});
+  for (std::size_t field = 0; field < editor.fieldCount(); ++field) {
+    view.items.push_back({editor.row(field).op.caption(), editor.sentence(field)});
   }
 }
 

@@ -36,8 +36,8 @@ PageLayout::Block PageLayout::editorBlock(QueryEditor& editor) {
     const Rect inner{area.left + inset, area.top + inset, area.width - 2 * inset,
                      area.height - 2 * inset};
     int top = inner.top;
-    for (const auto& each : editor.rows()) {
-      placeRow(*each, {inner.left, top, inner.width, metrics_.fieldHeight()});
+    for (std::size_t field = 0; field < editor.fieldCount(); ++field) {
+      placeRow(editor.row(field), {inner.left, top, inner.width, metrics_.fieldHeight()});
       top += row;
     }
     if (editor.fieldCount() == 0) return;
