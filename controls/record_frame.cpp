@@ -67,11 +67,11 @@ bool RecordFrame::hasRecord() const {
   return rows_ && rows_->isOpen() && !rows_->BOF() && !rows_->EOF_();
 }
 
-Value RecordFrame::field(const std::string& name) const {
+Value RecordFrame::field(std::string_view name) const {
   return hasRecord() ? rows_->value(name) : Value();
 }
 
-void RecordFrame::setField(const std::string& name, const Value& value) {
+void RecordFrame::setField(std::string_view name, const Value& value) {
   ensureRow();
   rows_->setValue(name, value);
 }

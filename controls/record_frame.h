@@ -2,6 +2,7 @@
 
 #include <cstdint>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "ado/recordset.h"
@@ -72,8 +73,8 @@ class RecordFrame : public Control {
   FrameStatus status() const { return status_; }
   bool hasRecord() const;
   /// The current record's column; empty when there is no record.
-  Value field(const std::string& name) const;
-  void setField(const std::string& name, const Value& value);
+  Value field(std::string_view name) const;
+  void setField(std::string_view name, const Value& value);
   /// Whether the record or what depends on it has changes that are not saved.
   bool hasPendingChanges();
   /// Whether this frame's own row has.

@@ -35,7 +35,7 @@ Ref<ado::Recordset> PageContext::open(const std::string& statement, ado::CursorT
   return rows;
 }
 
-std::string PageContext::lookUpText(const std::string& statement, const std::string& column) const {
+std::string PageContext::lookUpText(const std::string& statement, std::string_view column) const {
   const Ref<ado::Recordset> rows = connection->Execute(statement);
   return rows->EOF_() ? "" : RTrimN(NVL(rows->value(column), ""));
 }

@@ -2,6 +2,7 @@
 
 #include <optional>
 #include <string>
+#include <string_view>
 
 #include "ado/library.h"
 #include "controls/record_frame.h"
@@ -49,7 +50,7 @@ class PageContext {
   /// The day by the user's clock.
   Date today() const { return Date::fromDayNumber(runtime_.platform.now().dayNumber()); }
   /// The first row's value of `column`, through NVL and RTrimN; "" without a row.
-  std::string lookUpText(const std::string& statement, const std::string& column) const;
+  std::string lookUpText(const std::string& statement, std::string_view column) const;
   /// Lets the user choose from a list; the code chosen, or nothing.
   std::optional<Value> choose(const host::LookupDefinition& definition) const;
 

@@ -10,6 +10,12 @@
 
 namespace kebu::engine {
 
+namespace {
+
+constexpr std::size_t usualEdit = 16;  // fields
+
+}  // namespace
+
 void AdoRecordset::requireUpdatable() const {
   if (rows().table.empty() || lockType_ == ado::LockType::ReadOnly) throw adoerror::notUpdatable();
 }
@@ -22,6 +28,7 @@ void AdoRecordset::setValue(std::string_view field, const Value& value) {
   if (!edit_) {
     static_cast<void>(current());  // there must be one
     edit_ = Edit{};
+    edit_->values.reserve(usualEdit);
   }
   edit_->values.set(index, std::move(converted));
 }

@@ -28,6 +28,8 @@ class FieldValues {
   bool empty() const { return entries_.empty(); }
   std::size_t size() const { return entries_.size(); }
   void clear() { entries_.clear(); }
+  /// Makes room for so many.
+  void reserve(std::size_t count) { entries_.reserve(count); }
   /// The field's value; nothing when it is not among them.
   const Value* find(std::size_t field) const {
     const auto entry = std::lower_bound(entries_.begin(), entries_.end(), field, isBefore);
@@ -65,6 +67,7 @@ struct Row {
     return old ? *old : values[field];
   }
   void change(const FieldValues& changes) {
+    if (before.empty()) before.reserve(changes.size());
     for (const auto& [field, value] : changes) {
       Value old = std::exchange(values[field], value);
       if (!before.find(field)) before.set(field, std::move(old));

@@ -21,7 +21,11 @@ Preset rowId(const Row& row) {
 
 void appendName(std::string& text, const std::string& name) {
   text += '[';
-  text += name.find(']') == std::string::npos ? name : replaceAll(name, "]", "]]");
+  if (name.find(']') == std::string::npos) {
+    text += name;
+  } else {
+    text += replaceAll(name, "]", "]]");
+  }
   text += ']';
 }
 

@@ -260,7 +260,7 @@ std::string PriceListsPage::describe(std::string_view field, std::int32_t type,
                                      const std::string& code) {
   const std::string company = context_.companyText();
   std::string statement;
-  std::string column;
+  std::string_view column;
   if (field == "GM57_NUMLIST_LI10") {
     statement = sql::DescrizioneNumeroListino(company, code);
     column = "MG44_DESCLIST";
