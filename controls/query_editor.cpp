@@ -94,8 +94,8 @@ void QueryEditor::nameOperators() {
 }
 
 void QueryEditor::addField(const QueryField& field) {
-  fields_.push_back({field, nullptr});
-  isListed_ = false;
+  if (textOperators_.empty()) nameOperators();
+  fields_.push_back({field, translated(field.caption), nullptr});
 }
 
 QueryEditor::Row& QueryEditor::row(std::size_t field) const {
@@ -105,11 +105,10 @@ QueryEditor::Row& QueryEditor::row(std::size_t field) const {
 }
 
 QueryEditor::Row& QueryEditor::makeRow(std::size_t field) {
-  auto& [declared, made] = fields_[field];
-  if (textOperators_.empty()) nameOperators();
+  auto& [declared, caption, made] = fields_[field];
   made = std::make_unique<Row>(Name(), field + 1, declared);
   Row& row = *made;
-  row.op.setCaption(translated(declared.caption));
+  row.op.setCaption(caption);
   row.op.setShowsCodes(false);
   row.op.setRows(declared.isNumeric ? numberOperators_ : textOperators_);
   if (declared.hasLookup) {
@@ -129,16 +128,17 @@ Control* QueryEditor::find(std::string_view name) {
 }
 
 const std::vector<Control*>& QueryEditor::children() const {
-  if (isListed_) return parts_;
+  const auto& below = GroupBox::children();
+  // What was removed still counts, so that the list differs from the one before by its length.
+  const std::size_t rowParts = Row::partCount * (fields_.size() + removed_.size());
+  if (parts_.size() == rowParts + below.size()) return parts_;
   parts_.clear();
   const auto add = [&](Row& row) {
     for (Control* part : row.parts()) parts_.push_back(part);
   };
   for (std::size_t i = 0; i < fields_.size(); ++i) add(row(i));
   for (const auto& row : removed_) add(*row);
-  const auto& below = GroupBox::children();
   parts_.insert(parts_.end(), below.begin(), below.end());
-  isListed_ = true;
   return parts_;
 }
 
@@ -165,7 +165,6 @@ void QueryEditor::listen(Row& row) {
 void QueryEditor::completeDeclaration() {
   text_.setCaption(translated(text_.caption()));
   count_.setCaption(translated(count_.caption()));
-  isListed_ = false;
   addAll(warning_, text_, count_, answer_);
   changed.raise();
 }
@@ -176,7 +175,6 @@ void QueryEditor::removeLastField() {
     removed_.push_back(std::move(row));
   }
   fields_.pop_back();
-  isListed_ = false;
 }
 
 // ---- conditions

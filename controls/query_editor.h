@@ -143,6 +143,7 @@ class QueryEditor : public GroupBox {
  private:
   struct Field {
     QueryField declared;
+    std::string caption;       ///< in the user's language
     std::unique_ptr<Row> row;  ///< nothing until somebody wants it: nothing is stated then
   };
   static constexpr std::size_t none = static_cast<std::size_t>(-1);
@@ -180,7 +181,6 @@ class QueryEditor : public GroupBox {
   std::vector<Field> fields_;
   std::vector<std::unique_ptr<Row>> removed_;  ///< still on the screen, perhaps
   mutable std::vector<Control*> parts_;        ///< of all rows, and what stands below them
-  mutable bool isListed_ = false;              ///< parts_ is up to date
   EditBox text_;
   Button count_;
   Label answer_;
@@ -193,7 +193,8 @@ struct QueryEditor::Row {
   Row(const std::string& editor, std::size_t number, const QueryField& declared);
   QueryOperator chosen() const;
   EditBox& box(RangeEnd end) { return end == RangeEnd::First ? first : second; }
-  std::array<Control*, 5> parts() {
+  static constexpr std::size_t partCount = 5;
+  std::array<Control*, partCount> parts() {
     return {&op, &first, &firstDescription, &second, &secondDescription};
   }
 

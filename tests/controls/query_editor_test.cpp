@@ -227,6 +227,14 @@ TEST_F(QueryEditorTest, RowsStandInTheOrderOfTheFieldsWhicheverIsWantedFirst) {
   EXPECT_EQ(row(3).first.text(), "x");
 }
 
+TEST_F(QueryEditorTest, WhoeverLooksWhileItIsDeclaredSeesTheRestLater) {
+  QueryEditor other("OTHER", host);
+  other.ChildAdded.on([&](Control&) { static_cast<void>(other.children()); });
+  declare(other);
+  EXPECT_EQ(other.children().size(), editor.children().size());
+  EXPECT_EQ(other.children().back(), &other.countAnswer());
+}
+
 TEST_F(QueryEditorTest, RemovedFieldsRestrictNothing) {
   row(0).first.type("VER");
   const QueryEditor::Row& removed = row(0);

@@ -23,12 +23,12 @@ void QueryEditorView::describe(Inspection& inspection) {
 }
 
 bool QueryEditorView::describePart(Inspection& inspection) {
-  const auto& rows = model_.rows();
-  const auto at = itemAsked(inspection, rows.size(), [&](std::size_t i, const std::string& key) {
-    return rows[i]->op.caption() == key;
-  });
+  const auto caption = [&](std::size_t field) { return model_.row(field).op.caption(); };
+  const auto at =
+      itemAsked(inspection, model_.fieldCount(),
+                [&](std::size_t i, const std::string& key) { return caption(i) == key; });
   if (!at) return false;
-  writeName(inspection, rows[*at]->op.caption());
+  writeName(inspection, caption(*at));
   writeText(inspection, model_.sentence(*at));
   return true;
 }
