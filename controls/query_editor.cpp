@@ -86,6 +86,8 @@ std::string QueryEditor::translated(std::string_view text) const {
 // ---- declaration
 
 void QueryEditor::nameOperators() {
+  textOperators_.reserve(queryOperators().size());
+  numberOperators_.reserve(queryOperators().size());
   for (const OperatorTraits& traits : queryOperators()) {
     const ComboBox::Row row{std::string(traits.code), translated(traits.caption)};
     textOperators_.push_back(row);
