@@ -9,6 +9,7 @@
 
 #include "ado/connection.h"
 #include "common/convert.h"
+#include "common/error.h"
 #include "common/ref.h"
 #include "common/row_values.h"
 
@@ -56,6 +57,13 @@ inline std::size_t indexOf(const std::vector<Field>& fields, std::string_view na
                       [&](const Field& field) { return equalsIgnoringCase(field.name, name); });
   }
   return static_cast<std::size_t>(at - fields.begin());
+}
+
+/// The same; RuntimeError 3265 when it is not among them.
+inline std::size_t requireIndex(const std::vector<Field>& fields, std::string_view name) {
+  const std::size_t index = indexOf(fields, name);
+  if (index < fields.size()) return index;
+  throw RuntimeError(3265, "Item cannot be found: " + std::string(name));
 }
 
 /// Rows of a statement with a current one, as ADO has them. Members keep ADO's

@@ -34,11 +34,11 @@ std::vector<ClassificationCatalogue::Entry> ClassificationCatalogue::entries() c
   if (!rows_ || rows_->EOF_()) return all;
   std::array<std::size_t, columns.size()> places{};
   std::transform(columns.begin(), columns.end(), places.begin(),
-                 [&](const char* column) { return ado::indexOf(rows_->fields(), column); });
+                 [&](const char* column) { return ado::requireIndex(rows_->fields(), column); });
   const auto rows = rows_->GetRows(-1);
   all.reserve(rows.size());
   for (const RowValues& row : rows) {
-    all.push_back(entryOf([&](Column column) -> const Value& { return row.at(places[column]); }));
+    all.push_back(entryOf([&](Column column) -> const Value& { return row[places[column]]; }));
   }
   return all;
 }

@@ -17,12 +17,6 @@ constexpr std::int32_t netPriceByQuantity = 2;
 
 using Row = sql::RuleStatements::Row;
 
-std::size_t indexOf(const ado::Recordset& rows, const std::string& field) {
-  const std::size_t index = ado::indexOf(rows.fields(), field);
-  if (index == rows.fields().size()) throw RuntimeError(3265, "Item cannot be found: " + field);
-  return index;
-}
-
 /// What the steps of a rule give: the discount, or for a rule of net prices the
 /// price, less the discount where the rule asks for it.
 class StepReader {
@@ -39,9 +33,10 @@ class StepReader {
   std::vector<sql::RuleStep> read(ado::Recordset& rows) const {
     std::vector<sql::RuleStep> steps;
     if (rows.EOF_()) return steps;
-    const std::size_t from = indexOf(rows, prefix_ + "_DAQTA");
-    const std::size_t discount = indexOf(rows, prefix_ + "_SC1PER");
-    const std::size_t price = indexOf(rows, prefix_ + "_PREZZO");
+    const auto& fields = rows.fields();
+    const std::size_t from = ado::requireIndex(fields, prefix_ + "_DAQTA");
+    const std::size_t discount = ado::requireIndex(fields, prefix_ + "_SC1PER");
+    const std::size_t price = ado::requireIndex(fields, prefix_ + "_PREZZO");
     for (const Row& step : rows.GetRows(stepsOfARule)) {
       steps.push_back({number(step[from]), valueOf(number(step[price]), number(step[discount]))});
     }
