@@ -205,11 +205,12 @@ std::optional<Date> Locale::parseDate(std::string_view text) const {
 
 std::string Locale::format(const Date& value) const {
   const std::string ansi = value.toAnsi();
-  const std::string year = ansi.substr(0, 4);
-  const std::string month = ansi.substr(4, 2);
-  const std::string day = ansi.substr(6, 2);
-  std::string text =
-      (dayFirst ? day : month) + dateSeparator + (dayFirst ? month : day) + dateSeparator + year;
+  constexpr std::size_t year = 0, month = 4, day = 6;
+  std::string text(ansi, dayFirst ? day : month, 2);
+  text += dateSeparator;
+  text.append(ansi, dayFirst ? month : day, 2);
+  text += dateSeparator;
+  text.append(ansi, year, 4);
   if (value.hasTime()) {
     text +=
         ' ' + twoDigits(value.hour) + ':' + twoDigits(value.minute) + ':' + twoDigits(value.second);

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <algorithm>
 #include <cstddef>
 #include <initializer_list>
 #include <string>
@@ -15,12 +16,16 @@ inline std::string join(std::initializer_list<std::string_view> pieces,
                         std::string_view between = "") {
   std::size_t size = 0;
   for (const std::string_view piece : pieces) size += piece.size() + between.size();
-  std::string text;
-  text.reserve(size);
+  std::string text(size, '\0');
+  auto end = text.begin();
+  const auto append = [&](std::string_view piece) {
+    end = std::copy(piece.begin(), piece.end(), end);
+  };
   for (const std::string_view piece : pieces) {
-    if (!text.empty()) text += between;
-    text += piece;
+    if (end != text.begin()) append(between);
+    append(piece);
   }
+  text.erase(end, text.end());
   return text;
 }
 

@@ -45,7 +45,7 @@ void AdoCommand::Execute() {
   const auto& all = parameters();
   for (std::size_t i = 0; i < all.size(); ++i) {
     if (!given_[i]) continue;
-    text += separator + all[i].name + " = " + sqlText(*given_[i]);
+    text.append(separator).append(all[i].name).append(" = ").append(sqlText(*given_[i]));
     separator = ", ";
   }
   connection().run(text);

@@ -23,8 +23,9 @@ class FieldValues {
     Value value;
   };
 
-  auto begin() const { return entries_.begin(); }
-  auto end() const { return entries_.end(); }
+  using Place = std::vector<Entry>::const_iterator;
+  Place begin() const { return entries_.begin(); }
+  Place end() const { return entries_.end(); }
   bool empty() const { return entries_.empty(); }
   std::size_t size() const { return entries_.size(); }
   void clear() { entries_.clear(); }
@@ -32,21 +33,34 @@ class FieldValues {
   void reserve(std::size_t count) { entries_.reserve(count); }
   /// The field's value; nothing when it is not among them.
   const Value* find(std::size_t field) const {
-    const auto entry = std::lower_bound(entries_.begin(), entries_.end(), field, isBefore);
-    return entry == entries_.end() || entry->field != field ? nullptr : &entry->value;
+    const auto place = placeOf(field);
+    return isAt(place, field) ? &place->value : nullptr;
   }
   /// In place of the one before, if any.
   void set(std::size_t field, Value value) {
-    const auto entry = std::lower_bound(entries_.begin(), entries_.end(), field, isBefore);
-    if (entry == entries_.end() || entry->field != field) {
-      entries_.insert(entry, {field, std::move(value)});
+    const auto place = placeOf(field);
+    if (isAt(place, field)) {
+      entries_[static_cast<std::size_t>(place - begin())].value = std::move(value);
     } else {
-      entry->value = std::move(value);
+      entries_.insert(place, {field, std::move(value)});
     }
+  }
+  /// Unless there is one before.
+  void keep(std::size_t field, Value value) {
+    const auto place = placeOf(field);
+    if (!isAt(place, field)) entries_.insert(place, {field, std::move(value)});
   }
 
  private:
-  static bool isBefore(const Entry& entry, std::size_t field) { return entry.field < field; }
+  /// Where the field stands, or would stand.
+  Place placeOf(std::size_t field) const {
+    return std::lower_bound(begin(), end(), field, [](const Entry& entry, std::size_t wanted) {
+      return entry.field < wanted;
+    });
+  }
+  bool isAt(Place place, std::size_t field) const {
+    return place != end() && place->field == field;
+  }
 
   std::vector<Entry> entries_;
 };
@@ -69,8 +83,7 @@ struct Row {
   void change(const FieldValues& changes) {
     if (before.empty()) before.reserve(changes.size());
     for (const auto& [field, value] : changes) {
-      Value old = std::exchange(values[field], value);
-      if (!before.find(field)) before.set(field, std::move(old));
+      before.keep(field, std::exchange(values[field], value));
     }
     if (pending == Pending::Nothing) pending = Pending::Update;
   }

@@ -44,7 +44,7 @@ class RowWriter::Statement {
  public:
   Statement(std::string_view start, const std::string& table, std::size_t valueCount, bool readable)
       : readable_(readable) {
-    constexpr std::size_t plenty = 1024;
+    constexpr std::size_t plenty = 1000;  // still a small block, which is had at once
     values.reserve(valueCount);
     command.reserve(plenty);
     if (readable_) text.reserve(plenty);
