@@ -65,7 +65,7 @@ std::vector<ResultSet> AdoConnection::run(const std::string& text) {
 }
 
 void AdoConnection::edit(const std::string& text, const std::string& statement,
-                         const std::vector<Preset>& values) {
+                         const std::vector<ast::Literal>& values) {
   Session& current = session();
   observed(text, true, [&] {
     current.execute(statement, values);

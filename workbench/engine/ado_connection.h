@@ -35,7 +35,7 @@ class AdoConnection : public ado::Connection, public std::enable_shared_from_thi
   /// Writes one row of a recordset: `statement` is run, `text` is what the
   /// observer hears. RuntimeError when it finds no row.
   void edit(const std::string& text, const std::string& statement,
-            const std::vector<Preset>& values);
+            const std::vector<ast::Literal>& values);
   /// RuntimeError 3709 when the connection is closed.
   Session& session() const;
 

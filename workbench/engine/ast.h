@@ -34,7 +34,8 @@ struct ObjectName {
 struct Literal {
   SqlType type;
   Value value;
-  int slot = -1;  ///< place among the batch's literals, when they are lifted out of it
+  int slot = -1;          ///< place among the batch's literals, when they are lifted out of it
+  bool nullable = false;  ///< a parameter's value, which may be NULL in another run
 };
 struct Variable {
   std::string name;

@@ -135,13 +135,16 @@ Bound Binder::slot(Slot wanted) {
   });
   const auto place = static_cast<std::size_t>(found - slots_.begin()) + 1;
   const SqlType type = wanted.type;
-  const bool nullable = wanted.literal < 0;
   if (found == slots_.end()) slots_.push_back(std::move(wanted));
-  return {"?" + std::to_string(place), type, nullable};
+  return {"?" + std::to_string(place), type};
 }
 
 Bound Binder::literal(const ast::Literal& node) {
-  if (node.slot >= 0) return slot({node.slot, {}, node.type});
+  if (node.slot >= 0) {
+    Bound bound = slot({node.slot, {}, node.type});
+    bound.nullable = node.nullable;
+    return bound;
+  }
   return {literalText(storedAs(node.value, node.type)), node.type, node.value.isNull()};
 }
 

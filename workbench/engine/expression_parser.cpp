@@ -191,7 +191,10 @@ ExprPtr ExpressionParser::literal() {
   const Token token = reader_.take();
   if (literals_ == nullptr) return make(token.text, literalOf(token));
   // The value is not part of the tree; it comes with every run.
-  return make(token.text, ast::Literal{literals_->at(static_cast<std::size_t>(slot)), {}, slot});
+  return make(token.text, ast::Literal{literals_->at(static_cast<std::size_t>(slot)),
+                                       {},
+                                       slot,
+                                       token.kind == TokenKind::Parameter});
 }
 
 ExprPtr ExpressionParser::primary() {
@@ -200,6 +203,9 @@ ExprPtr ExpressionParser::primary() {
     case TokenKind::Integer:
     case TokenKind::Decimal:
     case TokenKind::Text:
+      return literal();
+    case TokenKind::Parameter:
+      if (literals_ == nullptr) reader_.fail();
       return literal();
     case TokenKind::Variable:
       return make(token.text, ast::Variable{reader_.variable()});

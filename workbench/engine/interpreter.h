@@ -17,7 +17,6 @@ struct ResultSet;
 struct Program {
   Batch batch;
   ModulePtr module;
-  std::vector<ast::Literal> literals;  ///< where the text is always the same
   std::unordered_map<const void*, std::shared_ptr<Compiled>> compiled;
 };
 

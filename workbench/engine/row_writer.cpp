@@ -13,10 +13,10 @@
 namespace kebu::engine {
 namespace {
 
-constexpr const char* thisRow = " WHERE $ROWID = @ROW";
+constexpr const char* thisRow = " WHERE $ROWID = ?";
 
-Preset rowId(const Row& row) {
-  return {"@ROW", SqlType::integer(TypeKind::BigInt), Decimal(row.id)};
+ast::Literal rowId(const Row& row) {
+  return {SqlType::integer(TypeKind::BigInt), Decimal(row.id)};
 }
 
 void appendName(std::string& text, const std::string& name) {
@@ -62,9 +62,8 @@ class RowWriter::Statement {
     return *this;
   }
   void addValue(const SqlType& type, const Value& value) {
-    const Preset& preset =
-        values.emplace_back(Preset{"@P" + std::to_string(values.size() + 1), type, value});
-    command += preset.name;
+    values.push_back({type, castTo(value, type)});
+    command += '?';
     if (readable_) text += sqlText(value);
   }
   /// The row is found by its id; one reads its key.
@@ -75,8 +74,8 @@ class RowWriter::Statement {
   }
 
   std::string text;     ///< with values, as one reads it
-  std::string command;  ///< with variables, as it is run
-  std::vector<Preset> values;
+  std::string command;  ///< with parameters, as it is run
+  std::vector<ast::Literal> values;
 
  private:
   bool readable_;
@@ -84,9 +83,9 @@ class RowWriter::Statement {
 
 void RowWriter::send(Row& row) const {
   if (row.pending == Row::Pending::Nothing) return;
-  const Statement statement = row.pending == Row::Pending::Insert   ? insert(row)
-                              : row.pending == Row::Pending::Update ? update(row)
-                                                                    : remove(row);
+  Statement statement = row.pending == Row::Pending::Insert   ? insert(row)
+                        : row.pending == Row::Pending::Update ? update(row)
+                                                              : remove(row);
   connection_.edit(statement.text, statement.command, statement.values);
   if (row.pending == Row::Pending::Insert) row.id = connection_.session().lastRowId();
   switch (row.pending) {
@@ -94,7 +93,7 @@ void RowWriter::send(Row& row) const {
       readBack(row);
       break;
     case Row::Pending::Update:
-      keepAsStored(row);
+      keepAsStored(row, statement);
       break;
     default:
       row.gone = true;
@@ -171,12 +170,12 @@ std::string RowWriter::readableKey(const Row& row) const {
 }
 
 /// An update leaves nothing to be learnt from the database.
-void RowWriter::keepAsStored(Row& row) const {
+void RowWriter::keepAsStored(Row& row, Statement& update) {
+  auto sent = update.values.begin();
   for (const auto& [field, old] : row.before) {
-    const SqlType& type = rows_.types[field];
-    Value& value = row.values[field];
-    value = castTo(value, type);
-    if (type.kind == TypeKind::Guid && !value.isNull()) value = "{" + toText(value) + "}";
+    Value& value = row.values[field] = std::move(sent->value);
+    if (sent->type.kind == TypeKind::Guid && !value.isNull()) value = "{" + toText(value) + "}";
+    ++sent;
   }
 }
 

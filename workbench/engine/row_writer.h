@@ -25,7 +25,7 @@ class RowWriter {
   Statement remove(const Row& row) const;
   std::set<std::size_t> keyFields() const;
   std::string readableKey(const Row& row) const;
-  void keepAsStored(Row& row) const;
+  static void keepAsStored(Row& row, Statement& update);
   void readBack(Row& row) const;
 
   AdoConnection& connection_;

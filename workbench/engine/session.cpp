@@ -1,6 +1,7 @@
 #include "workbench/engine/session.h"
 
 #include <algorithm>
+#include <stdexcept>
 #include <utility>
 
 #include "common/convert.h"
@@ -41,10 +42,13 @@ void forgetSize(SqlType& type) {
   if (type.kind == TypeKind::Decimal && !type.isWide()) type.precision = 18;
 }
 
-std::vector<ast::Literal> literalsOf(const std::vector<Token>& tokens) {
+std::vector<ast::Literal> literalsOf(const std::string& batch, const std::vector<Token>& tokens) {
   std::vector<ast::Literal> literals;
   const bool loose = onlyInsertsRows(tokens);
   for (const auto& token : tokens) {
+    if (token.kind == TokenKind::Parameter) {
+      throw errorAt(batch, token.text, 102, "Incorrect syntax");
+    }
     if (!isLiteral(token)) continue;
     literals.push_back(literalOf(token));
     if (loose) forgetSize(literals.back().type);
@@ -98,29 +102,34 @@ Session::~Session() {
   }
 }
 
-std::vector<ResultSet> Session::execute(const std::string& batch,
-                                        const std::vector<Preset>& variables) {
+std::vector<ResultSet> Session::execute(const std::string& batch) {
   std::vector<ast::Literal> literals;
-  const auto program = variables.empty() ? planOf(batch, literals) : planOf(batch, variables);
+  const auto program = planOfLiterals(batch, literals);
+  return run(*program, literals);
+}
+
+std::vector<ResultSet> Session::execute(const std::string& batch,
+                                        const std::vector<ast::Literal>& parameters) {
+  const auto program = planOfParameters(batch, parameters);
+  return run(*program, parameters);
+}
+
+std::vector<ResultSet> Session::run(Program& program, const std::vector<ast::Literal>& literals) {
   Frame frame;
-  frame.literals = variables.empty() ? &literals : &program->literals;
-  for (const auto& preset : variables) {
-    frame.variables.emplace(toUpperAscii(preset.name),
-                            Variable{preset.type, castTo(preset.value, preset.type)});
-  }
+  frame.literals = &literals;
   const Activation activation(*database_, *this);
   rowsAffected_ = -1;
   depth_ = 0;
   std::vector<ResultSet> results;
-  Interpreter(*this, *program, frame, &results).run(program->batch.statements);
+  Interpreter(*this, program, frame, &results).run(program.batch.statements);
   return results;
 }
 
 /// The texts differ by their literals as a rule, so that they are planned by their form.
-std::shared_ptr<Program> Session::planOf(const std::string& batch,
-                                         std::vector<ast::Literal>& literals) {
+std::shared_ptr<Program> Session::planOfLiterals(const std::string& batch,
+                                                 std::vector<ast::Literal>& literals) {
   const auto tokens = tokenize(batch);
-  literals = literalsOf(tokens);
+  literals = literalsOf(batch, tokens);
   const std::string form = formOf(tokens, literals, batch.size());
   // A batch whose literals belong to its form is kept by its whole text.
   const std::string exactForm = form + batch;
@@ -130,23 +139,26 @@ std::shared_ptr<Program> Session::planOf(const std::string& batch,
   return keepPlan(program->batch.liftable ? form : exactForm, program);
 }
 
-/// With variables the text is the same again and again.
-std::shared_ptr<Program> Session::planOf(const std::string& batch,
-                                         const std::vector<Preset>& variables) {
+/// With parameters the text is the same again and again.
+std::shared_ptr<Program> Session::planOfParameters(const std::string& batch,
+                                                   const std::vector<ast::Literal>& parameters) {
   std::string key;
-  key.reserve(batch.size() + 16 * variables.size());
-  for (const auto& preset : variables) {
-    key += preset.name;
-    key += '=';
-    key += std::to_string(preset.type.code());
-    key += ' ';
+  key.reserve(batch.size() + sizeof(std::int64_t) * parameters.size());
+  for (const auto& parameter : parameters) {
+    const std::int64_t type = parameter.type.code();
+    key.append(reinterpret_cast<const char*>(&type), sizeof type);
   }
   key += batch;
   if (auto known = knownPlan(key)) return known;
-  auto literals = literalsOf(tokenize(batch));
-  const auto program = parsed(batch, literals);
-  program->literals = std::move(literals);
-  return keepPlan(key, program);
+  const auto tokens = tokenize(batch);
+  const auto marks = std::count_if(tokens.begin(), tokens.end(), [](const Token& token) {
+    return token.kind == TokenKind::Parameter;
+  });
+  if (static_cast<std::size_t>(marks) != parameters.size() ||
+      std::any_of(tokens.begin(), tokens.end(), isLiteral)) {
+    throw std::logic_error("parameters that do not fit the batch: " + batch);
+  }
+  return keepPlan(key, parsed(batch, parameters));
 }
 
 std::shared_ptr<Program> Session::knownPlan(const std::string& key) {

@@ -31,13 +31,6 @@ struct ResultSet {
   std::vector<std::int64_t> rowIds;
 };
 
-/// A variable that a batch finds declared.
-struct Preset {
-  std::string name;  ///< with "@"
-  SqlType type;
-  Value value;
-};
-
 /// What one connection keeps: its temporary tables, its last identity, the plans
 /// of its statements. Its temporary tables end with it.
 class Session {
@@ -49,8 +42,11 @@ class Session {
 
   /// Runs a batch; the results of its queries in order. Throws SqlError at the
   /// first statement that fails; what was done before stays done.
+  std::vector<ResultSet> execute(const std::string& batch);
+  /// The same with a value of the given type for every "?" of the batch, in their
+  /// order. The batch has no literals besides.
   std::vector<ResultSet> execute(const std::string& batch,
-                                 const std::vector<Preset>& variables = {});
+                                 const std::vector<ast::Literal>& parameters);
   /// The rows that the last batch inserted, changed and deleted; -1 when it only read.
   std::int64_t rowsAffected() const { return rowsAffected_; }
   std::optional<std::int64_t> lastIdentity() const { return lastIdentity_; }
@@ -68,8 +64,11 @@ class Session {
 
  private:
   friend class Interpreter;
-  std::shared_ptr<Program> planOf(const std::string& batch, std::vector<ast::Literal>& literals);
-  std::shared_ptr<Program> planOf(const std::string& batch, const std::vector<Preset>& variables);
+  std::shared_ptr<Program> planOfLiterals(const std::string& batch,
+                                          std::vector<ast::Literal>& literals);
+  std::shared_ptr<Program> planOfParameters(const std::string& batch,
+                                            const std::vector<ast::Literal>& parameters);
+  std::vector<ResultSet> run(Program& program, const std::vector<ast::Literal>& literals);
   std::shared_ptr<Program> knownPlan(const std::string& key);
   std::shared_ptr<Program> keepPlan(const std::string& key,
                                     const std::shared_ptr<Program>& program);
