@@ -40,15 +40,16 @@ void AdoCommand::setParameter(std::string_view name, const Value& value) {
 }
 
 void AdoCommand::Execute() {
-  std::string text = "EXEC " + procedure_;
-  const char* separator = " ";
   const auto& all = parameters();
+  ParameterStatement statement(all.size(), connection().isObserved());
+  statement.add("EXEC ").add(procedure_);
+  const char* separator = " ";
   for (std::size_t i = 0; i < all.size(); ++i) {
     if (!given_[i]) continue;
-    text.append(separator).append(all[i].name).append(" = ").append(sqlText(*given_[i]));
+    statement.add(separator).add(all[i].name).add(" = ").addValue(all[i].type, *given_[i]);
     separator = ", ";
   }
-  connection().run(text);
+  connection().run(statement);
 }
 
 }  // namespace kebu::engine

@@ -58,17 +58,27 @@ std::vector<ResultSet> AdoConnection::run(const std::string& text) {
   std::vector<ResultSet> results;
   observed(text, false, [&] {
     results = current.execute(text);
-    const bool onlyRead = current.rowsAffected() < 0 && !results.empty();
-    return onlyRead ? results.front().rowsAffected : current.rowsAffected();
+    return rowsOf(current, results);
   });
   return results;
 }
 
-void AdoConnection::edit(const std::string& text, const std::string& statement,
-                         const std::vector<ast::Literal>& values) {
+void AdoConnection::run(const ParameterStatement& statement) {
   Session& current = session();
-  observed(text, true, [&] {
-    current.execute(statement, values);
+  observed(statement.text, false,
+           [&] { return rowsOf(current, current.execute(statement.command, statement.values)); });
+}
+
+/// The rows that a batch changed, or that its first query gave when it changed none.
+std::int64_t AdoConnection::rowsOf(const Session& session, const std::vector<ResultSet>& results) {
+  const bool onlyRead = session.rowsAffected() < 0 && !results.empty();
+  return onlyRead ? results.front().rowsAffected : session.rowsAffected();
+}
+
+void AdoConnection::edit(const ParameterStatement& statement) {
+  Session& current = session();
+  observed(statement.text, true, [&] {
+    current.execute(statement.command, statement.values);
     if (current.rowsAffected() != 1) throw adoerror::rowNotFound();
     return current.rowsAffected();
   });

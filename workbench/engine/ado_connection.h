@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "ado/connection.h"
+#include "workbench/engine/parameter_statement.h"
 #include "workbench/engine/session.h"
 #include "workbench/engine/statement_observer.h"
 
@@ -30,12 +31,11 @@ class AdoConnection : public ado::Connection, public std::enable_shared_from_thi
 
   /// Runs a text that the program handed over; the observer hears of it.
   std::vector<ResultSet> run(const std::string& text);
+  void run(const ParameterStatement& statement);
   /// Whether somebody hears of the next statement.
   bool isObserved() const { return observer_ != nullptr && observer_->isListening(); }
-  /// Writes one row of a recordset: `statement` is run, `text` is what the
-  /// observer hears. RuntimeError when it finds no row.
-  void edit(const std::string& text, const std::string& statement,
-            const std::vector<ast::Literal>& values);
+  /// Writes one row of a recordset. RuntimeError when it finds no row.
+  void edit(const ParameterStatement& statement);
   /// RuntimeError 3709 when the connection is closed.
   Session& session() const;
 
@@ -45,6 +45,7 @@ class AdoConnection : public ado::Connection, public std::enable_shared_from_thi
  private:
   template <class Work>
   void observed(const std::string& text, bool edit, Work&& work);
+  static std::int64_t rowsOf(const Session& session, const std::vector<ResultSet>& results);
   void keep(const RuntimeError& error);
 
   std::shared_ptr<Database> database_;

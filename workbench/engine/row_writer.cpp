@@ -7,7 +7,6 @@
 
 #include "common/convert.h"
 #include "workbench/engine/ado_error.h"
-#include "workbench/engine/cast.h"
 #include "workbench/engine/field_value.h"
 
 namespace kebu::engine {
@@ -19,16 +18,6 @@ ast::Literal rowId(const Row& row) {
   return {SqlType::integer(TypeKind::BigInt), Decimal(row.id)};
 }
 
-void appendName(std::string& text, const std::string& name) {
-  text += '[';
-  if (name.find(']') == std::string::npos) {
-    text += name;
-  } else {
-    text += replaceAll(name, "]", "]]");
-  }
-  text += ']';
-}
-
 std::size_t positionOf(const std::string& column, const std::vector<std::string>& columns) {
   const auto found = std::find_if(columns.begin(), columns.end(), [&](const std::string& other) {
     return equalsIgnoringCase(other, column);
@@ -38,55 +27,12 @@ std::size_t positionOf(const std::string& column, const std::vector<std::string>
 
 }  // namespace
 
-/// A statement in both of its forms, written piece by piece; the readable one only when it is
-/// wanted.
-class RowWriter::Statement {
- public:
-  Statement(std::string_view start, const std::string& table, std::size_t valueCount, bool readable)
-      : readable_(readable) {
-    constexpr std::size_t plenty = 1000;  // still a small block, which is had at once
-    values.reserve(valueCount);
-    command.reserve(plenty);
-    if (readable_) text.reserve(plenty);
-    add(start);
-    addName(table);
-  }
-  Statement& add(std::string_view piece) {
-    command += piece;
-    if (readable_) text += piece;
-    return *this;
-  }
-  Statement& addName(const std::string& name) {
-    appendName(command, name);
-    if (readable_) appendName(text, name);
-    return *this;
-  }
-  void addValue(const SqlType& type, const Value& value) {
-    values.push_back({type, castTo(value, type)});
-    command += '?';
-    if (readable_) text += sqlText(value);
-  }
-  /// The row is found by its id; one reads its key.
-  void addPlace(const RowWriter& writer, const Row& row) {
-    command += thisRow;
-    values.push_back(rowId(row));
-    if (readable_) text += writer.readableKey(row);
-  }
-
-  std::string text;     ///< with values, as one reads it
-  std::string command;  ///< with parameters, as it is run
-  std::vector<ast::Literal> values;
-
- private:
-  bool readable_;
-};
-
 void RowWriter::send(Row& row) const {
   if (row.pending == Row::Pending::Nothing) return;
-  Statement statement = row.pending == Row::Pending::Insert   ? insert(row)
-                        : row.pending == Row::Pending::Update ? update(row)
-                                                              : remove(row);
-  connection_.edit(statement.text, statement.command, statement.values);
+  ParameterStatement statement = row.pending == Row::Pending::Insert   ? insert(row)
+                                 : row.pending == Row::Pending::Update ? update(row)
+                                                                       : remove(row);
+  connection_.edit(statement);
   if (row.pending == Row::Pending::Insert) row.id = connection_.session().lastRowId();
   switch (row.pending) {
     case Row::Pending::Insert:
@@ -101,13 +47,18 @@ void RowWriter::send(Row& row) const {
   row.settle();
 }
 
-RowWriter::Statement RowWriter::begin(const char* start, std::size_t valueCount) const {
-  return {start, rows_.table, valueCount, connection_.isObserved()};
+ParameterStatement RowWriter::begin(const char* start, std::size_t valueCount) const {
+  ParameterStatement statement(valueCount, connection_.isObserved());
+  statement.add(start).addName(rows_.table);
+  return statement;
 }
 
-RowWriter::Statement RowWriter::insert(const Row& row) const {
-  Statement statement = begin("INSERT INTO ", row.before.size());
-  if (row.before.empty()) return std::move(statement.add(" DEFAULT VALUES"));
+ParameterStatement RowWriter::insert(const Row& row) const {
+  ParameterStatement statement = begin("INSERT INTO ", row.before.size());
+  if (row.before.empty()) {
+    statement.add(" DEFAULT VALUES");
+    return statement;
+  }
   const char* separator = " (";
   for (const auto& [field, unset] : row.before) {
     statement.add(separator).addName(rows_.columns[field]);
@@ -118,25 +69,33 @@ RowWriter::Statement RowWriter::insert(const Row& row) const {
     statement.add(separator).addValue(rows_.types[field], row.values[field]);
     separator = ", ";
   }
-  return std::move(statement.add(")"));
+  statement.add(")");
+  return statement;
 }
 
-RowWriter::Statement RowWriter::update(const Row& row) const {
-  Statement statement = begin("UPDATE ", row.before.size() + 1);
+ParameterStatement RowWriter::update(const Row& row) const {
+  ParameterStatement statement = begin("UPDATE ", row.before.size() + 1);
   const char* separator = " SET ";
   for (const auto& [field, old] : row.before) {
     statement.add(separator).addName(rows_.columns[field]).add(" = ");
     statement.addValue(rows_.types[field], row.values[field]);
     separator = ", ";
   }
-  statement.addPlace(*this, row);
+  addPlace(statement, row);
   return statement;
 }
 
-RowWriter::Statement RowWriter::remove(const Row& row) const {
-  Statement statement = begin("DELETE FROM ", 1);
-  statement.addPlace(*this, row);
+ParameterStatement RowWriter::remove(const Row& row) const {
+  ParameterStatement statement = begin("DELETE FROM ", 1);
+  addPlace(statement, row);
   return statement;
+}
+
+/// The row is found by its id; one reads its key.
+void RowWriter::addPlace(ParameterStatement& statement, const Row& row) const {
+  statement.command += thisRow;
+  statement.values.push_back(rowId(row));
+  if (statement.readable) statement.text += readableKey(row);
 }
 
 /// The fields of the primary key, ascending; without one, or when not all of it was read, all
@@ -170,7 +129,7 @@ std::string RowWriter::readableKey(const Row& row) const {
 }
 
 /// An update leaves nothing to be learnt from the database.
-void RowWriter::keepAsStored(Row& row, Statement& update) {
+void RowWriter::keepAsStored(Row& row, ParameterStatement& update) {
   auto sent = update.values.begin();
   for (const auto& [field, old] : row.before) {
     Value& value = row.values[field] = std::move(sent->value);

@@ -3,6 +3,7 @@
 #include <set>
 
 #include "workbench/engine/ado_connection.h"
+#include "workbench/engine/parameter_statement.h"
 #include "workbench/engine/row_set.h"
 
 namespace kebu::engine {
@@ -17,15 +18,14 @@ class RowWriter {
   void send(Row& row) const;
 
  private:
-  class Statement;
-
-  Statement begin(const char* start, std::size_t valueCount) const;
-  Statement insert(const Row& row) const;
-  Statement update(const Row& row) const;
-  Statement remove(const Row& row) const;
+  ParameterStatement begin(const char* start, std::size_t valueCount) const;
+  ParameterStatement insert(const Row& row) const;
+  ParameterStatement update(const Row& row) const;
+  ParameterStatement remove(const Row& row) const;
+  void addPlace(ParameterStatement& statement, const Row& row) const;
   std::set<std::size_t> keyFields() const;
   std::string readableKey(const Row& row) const;
-  static void keepAsStored(Row& row, Statement& update);
+  static void keepAsStored(Row& row, ParameterStatement& update);
   void readBack(Row& row) const;
 
   AdoConnection& connection_;
