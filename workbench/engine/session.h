@@ -44,7 +44,7 @@ class Session {
   /// first statement that fails; what was done before stays done.
   std::vector<ResultSet> execute(const std::string& batch);
   /// The same with a value of the given type for every "?" of the batch, in their
-  /// order. The batch has no literals besides.
+  /// order. The batch has no literals besides; std::logic_error when they do not fit.
   std::vector<ResultSet> execute(const std::string& batch,
                                  const std::vector<ast::Literal>& parameters);
   /// The rows that the last batch inserted, changed and deleted; -1 when it only read.
