@@ -6,6 +6,15 @@
 #include "workbench/engine/ado_recordset.h"
 
 namespace kebu::engine {
+namespace {
+
+/// The rows that a batch changed, or that its first query gave when it changed none.
+std::int64_t rowsOf(const Session& session, const std::vector<ResultSet>& results) {
+  const bool onlyRead = session.rowsAffected() < 0 && !results.empty();
+  return onlyRead ? results.front().rowsAffected : session.rowsAffected();
+}
+
+}  // namespace
 
 void AdoConnection::Open() {
   if (session_) throw adoerror::open();
@@ -67,12 +76,6 @@ void AdoConnection::run(const ParameterStatement& statement) {
   Session& current = session();
   observed(statement.text, false,
            [&] { return rowsOf(current, current.execute(statement.command, statement.values)); });
-}
-
-/// The rows that a batch changed, or that its first query gave when it changed none.
-std::int64_t AdoConnection::rowsOf(const Session& session, const std::vector<ResultSet>& results) {
-  const bool onlyRead = session.rowsAffected() < 0 && !results.empty();
-  return onlyRead ? results.front().rowsAffected : session.rowsAffected();
 }
 
 void AdoConnection::edit(const ParameterStatement& statement) {

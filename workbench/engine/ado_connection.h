@@ -31,6 +31,7 @@ class AdoConnection : public ado::Connection, public std::enable_shared_from_thi
 
   /// Runs a text that the program handed over; the observer hears of it.
   std::vector<ResultSet> run(const std::string& text);
+  /// The same; nobody wants its results.
   void run(const ParameterStatement& statement);
   /// Whether somebody hears of the next statement.
   bool isObserved() const { return observer_ != nullptr && observer_->isListening(); }
@@ -45,7 +46,6 @@ class AdoConnection : public ado::Connection, public std::enable_shared_from_thi
  private:
   template <class Work>
   void observed(const std::string& text, bool edit, Work&& work);
-  static std::int64_t rowsOf(const Session& session, const std::vector<ResultSet>& results);
   void keep(const RuntimeError& error);
 
   std::shared_ptr<Database> database_;
