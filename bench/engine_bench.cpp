@@ -8,8 +8,8 @@
 #include <string>
 #include <vector>
 
-#include "workbench/engine/database.h"
-#include "workbench/engine/session.h"
+#include "workbench/engine/execution/database.h"
+#include "workbench/engine/execution/session.h"
 
 namespace {
 

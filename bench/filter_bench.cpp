@@ -13,8 +13,8 @@
 #include "controls/query_editor.h"
 #include "forms/filters/filter_editor.h"
 #include "sql/filters.h"
-#include "workbench/company_file.h"
-#include "workbench/engine/session.h"
+#include "workbench/cli/company_file.h"
+#include "workbench/engine/execution/session.h"
 
 namespace kebu::forms {
 namespace {

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "workbench/engine/session.h"
+#include "workbench/engine/execution/session.h"
 
 // The demo company made large, for what is measured.
 namespace kebu::workbench {

@@ -6,7 +6,7 @@
 
 #include "bench/large_companies.h"
 #include "bench/workplace.h"
-#include "workbench/engine/session.h"
+#include "workbench/engine/execution/session.h"
 
 namespace kebu::workbench {
 namespace {

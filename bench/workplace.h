@@ -10,10 +10,10 @@
 #include <vector>
 
 #include "plugin/clskb_anagkelmoria.h"
-#include "workbench/company_file.h"
-#include "workbench/engine/ado_objects.h"
-#include "workbench/engine/session.h"
-#include "workbench/engine/statement_observer.h"
+#include "workbench/ado/ado_objects.h"
+#include "workbench/ado/statement_observer.h"
+#include "workbench/cli/company_file.h"
+#include "workbench/engine/execution/session.h"
 #include "workbench/host/local_platform.h"
 #include "workbench/host/stand_in_host.h"
 #include "workbench/player/model_desktop.h"

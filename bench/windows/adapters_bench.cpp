@@ -14,7 +14,7 @@
 #include <vector>
 
 #include "windows/ado/ado_objects.h"
-#include "workbench/engine/ado_objects.h"
+#include "workbench/ado/ado_objects.h"
 #include "workbench/windows/ado_automation.h"
 #include "workbench/windows/apartment.h"
 

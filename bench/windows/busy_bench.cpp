@@ -12,7 +12,7 @@
 #include "common/convert.h"
 #include "tests/windows/dll_host.h"
 #include "windows/support/text.h"
-#include "workbench/engine/session.h"
+#include "workbench/engine/execution/session.h"
 #include "workbench/windows/apartment.h"
 #include "workbench/windows/gestures.h"
 #include "workbench/windows/window_reader.h"

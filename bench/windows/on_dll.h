@@ -5,7 +5,7 @@
 #include <string>
 
 #include "common/error.h"
-#include "workbench/program_words.h"
+#include "workbench/cli/program_words.h"
 
 namespace kebu::bench {
 

@@ -13,7 +13,7 @@
 #include "tests/windows/dll_host.h"
 #include "windows/ado/ado_objects.h"
 #include "windows/support/text.h"
-#include "workbench/engine/session.h"
+#include "workbench/engine/execution/session.h"
 #include "workbench/windows/apartment.h"
 
 namespace kebu::bench {

@@ -5,62 +5,109 @@
 #include <cctype>
 #include <initializer_list>
 #include <optional>
+#include <span>
 
 namespace kebu::architecture {
 
 namespace {
 
-using Names = std::vector<std::string_view>;
+/// Headers beyond those of the language's standard library.
+enum class Foreign { None, Windows, Sqlite, AnyPortable, Any };
 
+/// A folder. One that lies inside another is a room of its own; the files that lie directly in the
+/// outer one are then that room's entrance.
 struct Room {
   std::string_view folder;
-  Names mayKnow;                ///< besides itself and what is inside it
-  bool foreignHeaders = false;  ///< headers beyond those of the language's standard library
-  bool windowsHeaders = false;
-  bool sqliteHeader = false;
+  Foreign foreign = Foreign::None;
+  bool commonOnly = false;  ///< may know less than its place would allow
 };
 
-/// A folder inside another one stands before it.
-const std::vector<Room>& rooms() {
-  static const Names aboveForms{"common", "ado", "host", "controls", "sql"};
-  static const Names abovePlugin{"common", "ado", "host", "controls", "sql", "forms"};
-  static const Names aboveWindows{"common", "ado", "host", "controls", "sql", "forms", "plugin"};
-  static const Names aboveWorkbench{"common", "ado",   "host",   "controls",
-                                    "sql",    "forms", "plugin", "windows"};
-  static const Names aboveWorkbenchWindows{
-      "common", "ado",    "host",    "controls",  "sql",
-      "forms",  "plugin", "windows", "workbench", "workbench/engine"};
-  static const Names everything{
-      "common",       "ado",     "host",      "controls",         "sql",   "forms",
-      "plugin",       "windows", "workbench", "workbench/engine", "tests", "workbench/windows",
-      "tests/windows"};
-  static const std::vector<Room> all{
-      {"common", {}},
-      {"ado", {"common"}},
-      {"host", {"common", "ado"}},
-      {"controls", {"common", "ado", "host"}},
-      {"sql", {"common"}},
-      {"forms", aboveForms},
-      {"plugin", abovePlugin},
-      {"windows", aboveWindows, true, true, false},
-      {"workbench/engine", {"common", "ado"}, false, false, true},
-      {"workbench/windows", aboveWorkbenchWindows, true, true, false},
-      {"workbench", aboveWorkbench},
-      {"tests/windows", everything, true, true, false},
-      {"tests", everything, true, false, false},
-      {"bench", everything, true, false, true},
-  };
-  return all;
-}
+// In each roof the rooms stand from the bottom up: one may include those that stand before it.
+
+constexpr Room plugIn[] = {
+    {"src/common"},
+    {"src/ado"},
+    {"src/host"},
+    {"src/controls"},
+    {"src/sql", Foreign::None, true},
+    {"src/forms"},
+    {"src/plugin"},
+    {"src/windows/types", Foreign::Windows},
+    {"src/windows/support", Foreign::Windows},
+    {"src/windows/ado", Foreign::Windows},
+    {"src/windows/host", Foreign::Windows},
+    {"src/windows/views/layout"},
+    {"src/windows/views/window", Foreign::Windows},
+    {"src/windows/views/drawing", Foreign::Windows},
+    {"src/windows/views/controls", Foreign::Windows},
+    {"src/windows/views/grid", Foreign::Windows},
+    {"src/windows/views/form", Foreign::Windows},
+    {"src/windows/views", Foreign::Windows},
+    {"src/windows/com", Foreign::Windows},
+};
+
+constexpr Room workbench[] = {
+    {"workbench/engine", Foreign::Sqlite},
+    {"workbench/engine/values", Foreign::Sqlite},
+    {"workbench/engine/syntax"},
+    {"workbench/engine/catalogue"},
+    {"workbench/engine/binding"},
+    {"workbench/engine/functions"},
+    {"workbench/engine/execution"},
+    {"workbench/ado"},
+    {"workbench/company"},
+    {"workbench/host"},
+    {"workbench/player"},
+    {"workbench/cli"},
+    {"workbench/windows", Foreign::Windows},
+};
+
+constexpr Room tests[] = {
+    {"tests", Foreign::AnyPortable},
+    {"tests/windows", Foreign::Any},
+    {"bench", Foreign::AnyPortable},
+    {"bench/windows", Foreign::Any},
+};
+
+// A roof may know those that stand before it: the plug-in never knows the workbench.
+constexpr std::array<std::span<const Room>, 3> roofs{plugIn, workbench, tests};
+
+/// Where a room stands: its roof, and its floor there.
+struct Place {
+  std::size_t roof = 0;
+  std::size_t floor = 0;
+  const Room* room = nullptr;
+};
 
 bool isInside(std::string_view path, std::string_view folder) {
   return path.size() > folder.size() && path.starts_with(folder) && path[folder.size()] == '/';
 }
 
-const Room* findRoom(std::string_view path) {
-  const auto at = std::find_if(rooms().begin(), rooms().end(),
-                               [&](const Room& room) { return isInside(path, room.folder); });
-  return at == rooms().end() ? nullptr : &*at;
+/// The innermost room of a path from the project's root.
+std::optional<Place> findRoom(std::string_view path) {
+  std::optional<Place> found;
+  for (std::size_t roof = 0; roof < roofs.size(); ++roof) {
+    for (std::size_t floor = 0; floor < roofs[roof].size(); ++floor) {
+      const Room& room = roofs[roof][floor];
+      if (!isInside(path, room.folder)) continue;
+      if (!found || room.folder.size() > found->room->folder.size()) found = {roof, floor, &room};
+    }
+  }
+  return found;
+}
+
+/// The room of an included header: src/ is an include folder beside the project's root.
+std::optional<Place> findHeader(std::string_view header) {
+  const auto found = findRoom(header);
+  return found ? found : findRoom("src/" + std::string(header));
+}
+
+bool mayKnow(const Place& from, const Place& to) {
+  if (from.room == to.room) return true;
+  if (from.room->commonOnly) return to.room->folder == "src/common";
+  if (from.roof != to.roof) return from.roof > to.roof;
+  // The tests' rooms share what they have.
+  return roofs[from.roof].data() == tests || from.floor > to.floor;
 }
 
 struct Include {
@@ -112,43 +159,50 @@ std::string join(std::initializer_list<std::string_view> pieces) {
 }
 
 /// Why the room may not have the include; nothing when it may.
-std::optional<std::string> objection(const Room& room, const Include& include) {
+std::optional<std::string> objection(const Place& place, const Include& include) {
   const std::string_view header = include.header;
-  if (const Room* const other = findRoom(header)) {
-    const bool known =
-        other == &room || isInside(other->folder, room.folder) ||
-        std::find(room.mayKnow.begin(), room.mayKnow.end(), other->folder) != room.mayKnow.end();
-    if (known) return std::nullopt;
-    return join({room.folder, " may not know ", other->folder, " (", header, ")"});
+  if (const auto other = findHeader(header)) {
+    if (mayKnow(place, *other)) return std::nullopt;
+    return join({place.room->folder, " may not know ", other->room->folder, " (", header, ")"});
   }
+  const Foreign foreign = place.room->foreign;
   if (isWindowsHeader(header)) {
-    if (room.windowsHeaders) return std::nullopt;
+    if (foreign == Foreign::Windows || foreign == Foreign::Any) return std::nullopt;
     return join({"a Windows header outside of windows: ", header});
   }
   if (isSqliteHeader(header)) {
-    if (room.sqliteHeader) return std::nullopt;
+    if (foreign != Foreign::None && foreign != Foreign::Windows) return std::nullopt;
     return join({"SQLite outside of its engine: ", header});
   }
-  if (include.quoted) return join({"not written from the project's root: ", header});
-  if (isStandardHeader(header) || room.foreignHeaders) return std::nullopt;
+  if (include.quoted) return join({"not written from src/ or the project's root: ", header});
+  if (isStandardHeader(header)) return std::nullopt;
+  if (foreign != Foreign::None && foreign != Foreign::Sqlite) return std::nullopt;
   return join({"not a header of the standard library: ", header});
 }
 
 }  // namespace
 
 std::string_view roomOf(std::string_view path) {
-  const Room* const room = findRoom(path);
-  return room ? room->folder : std::string_view{};
+  const auto place = findRoom(path);
+  return place ? place->room->folder : std::string_view{};
+}
+
+std::vector<std::string_view> roomFolders() {
+  std::vector<std::string_view> folders;
+  for (const auto& roof : roofs) {
+    for (const Room& room : roof) folders.push_back(room.folder);
+  }
+  return folders;
 }
 
 std::vector<Violation> violations(std::string_view path, std::string_view text) {
-  const Room* const room = findRoom(path);
-  if (!room) return {{0, join({"in no room: ", path})}};
+  const auto place = findRoom(path);
+  if (!place) return {{0, join({"in no room: ", path})}};
   std::vector<Violation> found;
   for (int number = 1; !text.empty(); ++number) {
     const std::size_t end = std::min(text.find('\n'), text.size());
     if (const auto include = parseInclude(text.substr(0, end))) {
-      if (auto reason = objection(*room, *include)) found.push_back({number, std::move(*reason)});
+      if (auto reason = objection(*place, *include)) found.push_back({number, std::move(*reason)});
     }
     text.remove_prefix(std::min(end + 1, text.size()));
   }

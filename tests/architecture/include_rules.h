@@ -15,6 +15,9 @@ struct Violation {
 /// The room that a file or an included header lives in; empty for none.
 std::string_view roomOf(std::string_view path);
 
+/// All rooms, as folders from the project's root.
+std::vector<std::string_view> roomFolders();
+
 /// What the text of a file includes against the rules. `path` counts from the project's root.
 std::vector<Violation> violations(std::string_view path, std::string_view text);
 

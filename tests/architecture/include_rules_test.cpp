@@ -14,47 +14,53 @@ struct Case {
 
 TEST(IncludeRules, TellAllowedIncludesFromForbiddenOnes) {
   const Case cases[] = {
-      {"common/a.h", "#include <string>", true},
-      {"common/a.h", "#include \"common/b.h\"", true},
-      {"common/a.h", "#include \"ado/b.h\"", false},
-      {"common/a.h", "#include <ado/b.h>", false},
-      {"common/a.h", "  #  include\t\"ado/b.h\"", false},
-      {"common/a.h", "#include <unistd.h>", false},
-      {"common/a.h", "#include \"b.h\"", false},
-      {"common/a.h", "#include \"../ado/b.h\"", false},
-      {"common/a.h", "// #include \"ado/b.h\"", true},
-      {"ado/a.h", "#include \"common/b.h\"", true},
-      {"ado/a.h", "#include \"host/b.h\"", false},
-      {"host/a.h", "#include \"ado/b.h\"", true},
-      {"host/a.h", "#include \"controls/b.h\"", false},
-      {"controls/a.h", "#include \"host/b.h\"", true},
-      {"controls/a.h", "#include \"sql/b.h\"", false},
-      {"sql/a.h", "#include \"ado/b.h\"", false},
-      {"forms/x/y/a.h", "#include \"forms/z/b.h\"", true},
-      {"forms/x/y/a.h", "#include \"sql/b.h\"", true},
-      {"forms/x/y/a.h", "#include \"plugin/b.h\"", false},
-      {"plugin/a.h", "#include \"forms/x/b.h\"", true},
-      {"plugin/a.h", "#include \"workbench/b.h\"", false},
-      {"plugin/a.h", "#include <windows.h>", false},
-      {"windows/a.h", "#include <Windows.h>", true},
-      {"windows/a.h", "#include \"plugin/b.h\"", true},
-      {"windows/a.h", "#include \"workbench/b.h\"", false},
-      {"windows/a.h", "#include <sqlite3.h>", false},
-      {"workbench/host/a.h", "#include \"workbench/engine/b.h\"", true},
+      {"src/common/a.h", "#include <string>", true},
+      {"src/common/a.h", "#include \"common/b.h\"", true},
+      {"src/common/a.h", "#include \"ado/b.h\"", false},
+      {"src/common/a.h", "#include <ado/b.h>", false},
+      {"src/common/a.h", "  #  include\t\"ado/b.h\"", false},
+      {"src/common/a.h", "#include <unistd.h>", false},
+      {"src/common/a.h", "#include \"b.h\"", false},
+      {"src/common/a.h", "#include \"../ado/b.h\"", false},
+      {"src/common/a.h", "// #include \"ado/b.h\"", true},
+      {"src/ado/a.h", "#include \"common/b.h\"", true},
+      {"src/ado/a.h", "#include \"host/b.h\"", false},
+      {"src/host/a.h", "#include \"ado/b.h\"", true},
+      {"src/controls/a.h", "#include \"host/b.h\"", true},
+      {"src/controls/a.h", "#include \"sql/b.h\"", false},
+      {"src/sql/a.h", "#include \"common/b.h\"", true},
+      {"src/sql/a.h", "#include \"ado/b.h\"", false},
+      {"src/forms/x/y/a.h", "#include \"sql/b.h\"", true},
+      {"src/forms/x/y/a.h", "#include \"plugin/b.h\"", false},
+      {"src/plugin/a.h", "#include \"forms/x/b.h\"", true},
+      {"src/plugin/a.h", "#include \"workbench/host/b.h\"", false},
+      {"src/plugin/a.h", "#include <windows.h>", false},
+      {"src/windows/com/a.h", "#include <Windows.h>", true},
+      {"src/windows/com/a.h", "#include \"plugin/b.h\"", true},
+      {"src/windows/com/a.h", "#include \"workbench/windows/b.h\"", false},
+      {"src/windows/com/a.h", "#include <sqlite3.h>", false},
+      {"src/windows/views/layout/a.h", "#include <windows.h>", false},
+      {"src/windows/views/controls/a.h", "#include \"windows/views/grid/b.h\"", false},
+      {"src/windows/views/form/a.h", "#include \"windows/views/grid/b.h\"", true},
+      {"workbench/host/a.h", "#include \"workbench/ado/b.h\"", true},
+      {"workbench/host/a.h", "#include \"workbench/player/b.h\"", false},
       {"workbench/host/a.h", "#include \"plugin/b.h\"", true},
       {"workbench/host/a.h", "#include <sqlite3.h>", false},
       {"workbench/host/a.h", "#include \"tests/b.h\"", false},
-      {"workbench/engine/a.h", "#include \"ado/b.h\"", true},
       {"workbench/engine/a.h", "#include <sqlite3.h>", true},
-      {"workbench/engine/a.h", "#include \"host/b.h\"", false},
-      {"workbench/engine/a.h", "#include \"workbench/b.h\"", false},
-      {"tests/x/a.cpp", "#include \"workbench/engine/b.h\"", true},
+      {"workbench/engine/syntax/a.h", "#include \"workbench/engine/binding/b.h\"", false},
+      {"workbench/engine/binding/a.h", "#include \"workbench/engine/syntax/b.h\"", true},
+      {"workbench/engine/binding/a.h", "#include \"workbench/ado/b.h\"", false},
+      {"workbench/windows/a.h", "#include <windows.h>", true},
+      {"tests/x/a.cpp", "#include \"workbench/engine/syntax/b.h\"", true},
+      {"tests/x/a.cpp", "#include \"tests/y/b.h\"", true},
       {"tests/x/a.cpp", "#include <gtest/gtest.h>", true},
       {"tests/x/a.cpp", "#include <OleAuto.h>", false},
-      {"tests/x/a.cpp", "#include <sqlite3.h>", false},
+      {"tests/windows/a.cpp", "#include <OleAuto.h>", true},
       {"bench/a.cpp", "#include <sqlite3.h>", true},
       {"bench/a.cpp", "#include \"plugin/b.h\"", true},
       {"elsewhere/a.cpp", "#include <string>", false},
+      {"common/a.cpp", "#include <string>", false},
   };
   for (const Case& test : cases) {
     EXPECT_EQ(violations(test.path, test.text).empty(), test.allowed)
@@ -63,14 +69,14 @@ TEST(IncludeRules, TellAllowedIncludesFromForbiddenOnes) {
 }
 
 TEST(IncludeRules, NameTheLine) {
-  const auto found = violations("sql/a.cpp",
+  const auto found = violations("src/sql/a.cpp",
                                 "#include \"sql/a.h\"\n"
                                 "\n"
                                 "#include \"forms/b.h\"\n"
                                 "#include <windows.h>");
   ASSERT_EQ(found.size(), 2U);
   EXPECT_EQ(found[0].line, 3);
-  EXPECT_EQ(found[0].reason, "sql may not know forms (forms/b.h)");
+  EXPECT_EQ(found[0].reason, "src/sql may not know src/forms (forms/b.h)");
   EXPECT_EQ(found[1].line, 4);
 }
 

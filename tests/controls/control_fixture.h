@@ -8,9 +8,9 @@
 #include "common/convert.h"
 #include "common/platform.h"
 #include "controls/control_host.h"
-#include "workbench/engine/ado_objects.h"
-#include "workbench/engine/database.h"
-#include "workbench/engine/session.h"
+#include "workbench/ado/ado_objects.h"
+#include "workbench/engine/execution/database.h"
+#include "workbench/engine/execution/session.h"
 
 namespace kebu::controls {
 

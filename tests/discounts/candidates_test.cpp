@@ -9,7 +9,7 @@
 #include "common/convert.h"
 #include "tests/discounts/expected_candidates.h"
 #include "workbench/company/company.h"
-#include "workbench/engine/database.h"
+#include "workbench/engine/execution/database.h"
 
 namespace kebu::sql {
 namespace {

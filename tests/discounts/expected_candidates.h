@@ -6,7 +6,7 @@
 #include <vector>
 
 #include "sql/discount_kinds.h"
-#include "workbench/engine/session.h"
+#include "workbench/engine/execution/session.h"
 
 namespace kebu::sql {
 

@@ -1,4 +1,4 @@
-#include "workbench/engine/database.h"
+#include "workbench/engine/execution/database.h"
 
 #include <gtest/gtest.h>
 
@@ -6,7 +6,7 @@
 #include <fstream>
 
 #include "tests/engine/result_text.h"
-#include "workbench/engine/script.h"
+#include "workbench/engine/execution/script.h"
 
 namespace kebu::engine {
 namespace {

@@ -3,7 +3,7 @@
 #include <vector>
 
 #include "tests/engine/result_text.h"
-#include "workbench/engine/ado_objects.h"
+#include "workbench/ado/ado_objects.h"
 
 namespace kebu::engine {
 namespace {

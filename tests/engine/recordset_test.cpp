@@ -1,7 +1,7 @@
 #include <gtest/gtest.h>
 
 #include "tests/engine/result_text.h"
-#include "workbench/engine/ado_objects.h"
+#include "workbench/ado/ado_objects.h"
 
 namespace kebu::engine {
 namespace {

@@ -3,7 +3,7 @@
 #include <string>
 
 #include "common/convert.h"
-#include "workbench/engine/session.h"
+#include "workbench/engine/execution/session.h"
 
 namespace kebu::engine {
 

@@ -13,7 +13,7 @@
 #include <sstream>
 
 #include "tests/engine/result_text.h"
-#include "workbench/engine/database.h"
+#include "workbench/engine/execution/database.h"
 
 namespace kebu::engine {
 namespace {

@@ -2,7 +2,7 @@
 
 #include "common/error.h"
 #include "plugin/clskb_anagkelmoria.h"
-#include "workbench/result_text.h"
+#include "workbench/player/result_text.h"
 
 namespace kebu::workbench {
 

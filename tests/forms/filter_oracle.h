@@ -8,7 +8,7 @@
 #include <vector>
 
 #include "controls/query_condition.h"
-#include "workbench/engine/session.h"
+#include "workbench/engine/execution/session.h"
 
 namespace kebu::workbench {
 

@@ -4,7 +4,7 @@
 
 #include "common/convert.h"
 #include "plugin/clskb_anagkelmoria.h"
-#include "workbench/company_file.h"
+#include "workbench/cli/company_file.h"
 
 namespace kebu::workbench {
 

@@ -8,8 +8,8 @@
 
 #include "controls/query_editor.h"
 #include "forms/runtime.h"
-#include "workbench/engine/ado_objects.h"
-#include "workbench/engine/session.h"
+#include "workbench/ado/ado_objects.h"
+#include "workbench/engine/execution/session.h"
 #include "workbench/host/local_platform.h"
 #include "workbench/host/stand_in_host.h"
 #include "workbench/player/model_desktop.h"

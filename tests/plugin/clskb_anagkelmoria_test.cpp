@@ -6,9 +6,9 @@
 #include <vector>
 
 #include "common/convert.h"
-#include "workbench/company_file.h"
-#include "workbench/engine/ado_objects.h"
-#include "workbench/engine/session.h"
+#include "workbench/ado/ado_objects.h"
+#include "workbench/cli/company_file.h"
+#include "workbench/engine/execution/session.h"
 #include "workbench/host/global_services.h"
 #include "workbench/host/object_models.h"
 

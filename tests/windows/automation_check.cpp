@@ -11,7 +11,7 @@
 #include "tests/windows/unusual_objects.h"
 #include "tests/windows/value_checks.h"
 #include "windows/ado/ado_objects.h"
-#include "workbench/engine/ado_objects.h"
+#include "workbench/ado/ado_objects.h"
 #include "workbench/windows/apartment.h"
 #include "workbench/windows/class_objects.h"
 

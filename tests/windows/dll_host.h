@@ -7,8 +7,8 @@
 #include <string>
 #include <vector>
 
-#include "workbench/company_file.h"
-#include "workbench/engine/ado_objects.h"
+#include "workbench/ado/ado_objects.h"
+#include "workbench/cli/company_file.h"
 #include "workbench/host/stand_in_host.h"
 #include "workbench/windows/class_objects.h"
 #include "workbench/windows/plugin_library.h"

@@ -7,7 +7,7 @@
 #include "tests/windows/story.h"
 #include "windows/host/host_objects.h"
 #include "windows/host/navigator_events.h"
-#include "workbench/engine/database.h"
+#include "workbench/engine/execution/database.h"
 #include "workbench/host/global_services.h"
 #include "workbench/host/host_status_bar.h"
 #include "workbench/host/object_models.h"

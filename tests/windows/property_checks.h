@@ -1,6 +1,6 @@
 #pragma once
 
-#include "windows/com/kebu_anagkelmoria.h"
+#include "windows/types/kebu_anagkelmoria.h"
 
 namespace kebu::tests {
 

@@ -22,8 +22,8 @@
 #include "controls/query_grid.h"
 #include "tests/windows/million_rows.h"
 #include "tests/windows/resources.h"
-#include "windows/views/inspection.h"
-#include "windows/views/win32_desktop.h"
+#include "windows/views/form/win32_desktop.h"
+#include "windows/views/window/inspection.h"
 
 namespace {
 

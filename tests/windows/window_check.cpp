@@ -20,7 +20,7 @@
 #include "tests/windows/dll_host.h"
 #include "tests/windows/resources.h"
 #include "windows/support/text.h"
-#include "workbench/program_words.h"
+#include "workbench/cli/program_words.h"
 #include "workbench/windows/apartment.h"
 #include "workbench/windows/gestures.h"
 #include "workbench/windows/plugin_library.h"

@@ -1,4 +1,4 @@
-#include "workbench/command_line.h"
+#include "workbench/cli/command_line.h"
 
 #include <gtest/gtest.h>
 

@@ -4,8 +4,8 @@
 
 #include "common/convert.h"
 #include "tests/workbench/sample_form.h"
-#include "workbench/company_file.h"
-#include "workbench/engine/session.h"
+#include "workbench/cli/company_file.h"
+#include "workbench/engine/execution/session.h"
 #include "workbench/host/error_log.h"
 #include "workbench/host/lookups.h"
 #include "workbench/host/messages.h"

@@ -6,7 +6,7 @@
 #include <sstream>
 
 #include "tests/workbench/sample_plugin.h"
-#include "workbench/engine/ado_objects.h"
+#include "workbench/ado/ado_objects.h"
 #include "workbench/player/model_desktop.h"
 #include "workbench/player/model_hands.h"
 

@@ -1,11 +1,11 @@
-#include "workbench/statement_log.h"
+#include "workbench/ado/statement_log.h"
 
 #include <gtest/gtest.h>
 
 #include <sstream>
 
-#include "workbench/engine/sql_error.h"
-#include "workbench/json_text.h"
+#include "workbench/ado/json_text.h"
+#include "workbench/engine/values/sql_error.h"
 
 namespace kebu::workbench {
 namespace {

@@ -3,9 +3,9 @@
 #include <string>
 
 #include "workbench/company/scripts.h"
-#include "workbench/engine/script.h"
-#include "workbench/engine/session.h"
-#include "workbench/engine/sql_error.h"
+#include "workbench/engine/execution/script.h"
+#include "workbench/engine/execution/session.h"
+#include "workbench/engine/values/sql_error.h"
 
 namespace kebu::workbench {
 

@@ -6,9 +6,9 @@
 #include <utility>
 
 #include "host/services.h"
-#include "workbench/engine/ado_objects.h"
-#include "workbench/engine/database.h"
-#include "workbench/engine/statement_observer.h"
+#include "workbench/ado/ado_objects.h"
+#include "workbench/ado/statement_observer.h"
+#include "workbench/engine/execution/database.h"
 
 namespace kebu::workbench {
 

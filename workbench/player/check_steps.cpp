@@ -2,8 +2,8 @@
 
 #include "common/convert.h"
 #include "workbench/player/control_printer.h"
+#include "workbench/player/result_text.h"
 #include "workbench/player/steps.h"
-#include "workbench/result_text.h"
 
 namespace kebu::workbench::steps {
 

@@ -1,5 +1,5 @@
+#include "workbench/player/result_text.h"
 #include "workbench/player/steps.h"
-#include "workbench/result_text.h"
 
 namespace kebu::workbench::steps {
 

@@ -7,14 +7,14 @@
 #include <string>
 #include <utility>
 
-#include "workbench/engine/session.h"
+#include "workbench/ado/statement_faults.h"
+#include "workbench/engine/execution/session.h"
 #include "workbench/host/stand_in_host.h"
 #include "workbench/host/user.h"
 #include "workbench/player/answers.h"
 #include "workbench/player/hands.h"
 #include "workbench/player/scenario.h"
 #include "workbench/player/shown_messages.h"
-#include "workbench/statement_faults.h"
 
 namespace kebu::workbench {
 

@@ -10,7 +10,7 @@
 #include "ado/recordset.h"
 #include "windows/support/automation.h"
 #include "windows/support/com_ptr.h"
-#include "workbench/engine/ado_recordset.h"
+#include "workbench/ado/ado_recordset.h"
 
 namespace kebu::workbench {
 

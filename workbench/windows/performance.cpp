@@ -1,12 +1,12 @@
 // Plays a scenario in the real window.
-#include "workbench/performance.h"
+#include "workbench/cli/performance.h"
 
 #include <iostream>
 #include <thread>
 
-#include "workbench/engine/ado_objects.h"
+#include "workbench/ado/ado_objects.h"
+#include "workbench/ado/statement_log.h"
 #include "workbench/player/player.h"
-#include "workbench/statement_log.h"
 #include "workbench/windows/apartment.h"
 #include "workbench/windows/class_objects.h"
 #include "workbench/windows/dll_plugin.h"

@@ -4,7 +4,7 @@
 
 #include "common/error.h"
 #include "windows/support/text.h"
-#include "workbench/command_line.h"
+#include "workbench/cli/command_line.h"
 
 namespace kebu::workbench {
 

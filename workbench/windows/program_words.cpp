@@ -1,4 +1,4 @@
-#include "workbench/program_words.h"
+#include "workbench/cli/program_words.h"
 
 #include <windows.h>
 

@@ -6,7 +6,7 @@
 #include <vector>
 
 #include "common/convert.h"
-#include "workbench/engine/ado_error.h"
+#include "workbench/ado/ado_error.h"
 #include "workbench/windows/ado_state.h"
 
 namespace kebu::workbench {

@@ -4,7 +4,7 @@
 #include <utility>
 
 #include "windows/support/text.h"
-#include "windows/views/window_text.h"
+#include "windows/views/window/window_text.h"
 #include "workbench/windows/gestures.h"
 
 namespace kebu::workbench {

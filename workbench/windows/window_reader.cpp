@@ -7,7 +7,7 @@
 #include "common/convert.h"
 #include "controls/query_editor.h"
 #include "windows/support/text.h"
-#include "windows/views/window_text.h"
+#include "windows/views/window/window_text.h"
 #include "workbench/player/scenario.h"
 
 namespace kebu::workbench {

@@ -6,7 +6,7 @@
 #include <string>
 #include <vector>
 
-#include "windows/views/inspection.h"
+#include "windows/views/window/inspection.h"
 #include "workbench/player/control_view.h"
 #include "workbench/player/hands.h"
 

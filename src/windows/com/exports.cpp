@@ -4,10 +4,10 @@
 #include <olectl.h>
 
 #include "windows/com/class_factory.h"
-#include "windows/com/kebu_anagkelmoria.h"
 #include "windows/com/plugin_runtime.h"
 #include "windows/com/registration.h"
 #include "windows/support/module.h"
+#include "windows/types/kebu_anagkelmoria.h"
 
 using namespace kebu::windows;
 

@@ -7,10 +7,10 @@
 
 #include "plugin/clskb_anagkelmoria.h"
 #include "windows/com/event_source.h"
-#include "windows/com/kebu_anagkelmoria.h"
 #include "windows/support/com_object.h"
 #include "windows/support/identity.h"
 #include "windows/support/values.h"
+#include "windows/types/kebu_anagkelmoria.h"
 
 namespace kebu::windows {
 

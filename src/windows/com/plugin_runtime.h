@@ -3,7 +3,7 @@
 #include "forms/runtime.h"
 #include "windows/ado/ado_objects.h"
 #include "windows/com/system_platform.h"
-#include "windows/views/win32_desktop.h"
+#include "windows/views/form/win32_desktop.h"
 
 namespace kebu::windows {
 

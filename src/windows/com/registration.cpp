@@ -7,10 +7,10 @@
 #include <string>
 
 #include "common/trap.h"
-#include "windows/com/kebu_anagkelmoria.h"
 #include "windows/support/com_error.h"
 #include "windows/support/com_ptr.h"
 #include "windows/support/module.h"
+#include "windows/types/kebu_anagkelmoria.h"
 
 namespace kebu::windows {
 

@@ -2,7 +2,7 @@
 
 #include <windows.h>
 // After windows.h, which it builds on.
-#include "windows/com/kebu_anagkelmoria.h"
+#include "windows/types/kebu_anagkelmoria.h"
 
 namespace kebu::windows {
 

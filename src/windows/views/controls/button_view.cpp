@@ -1,0 +1,53 @@
+#include "windows/views/controls/button_view.h"
+
+#include "windows/support/text.h"
+#include "windows/views/drawing/push_button.h"
+#include "windows/views/layout/mnemonics.h"
+#include "windows/views/window/guard.h"
+#include "windows/views/window/window_text.h"
+
+namespace kebu::windows {
+
+ButtonView::ButtonView(ViewSite& site, controls::Button& model, HWND parent)
+    : View(site, model, "Button"),
+      model_(model),
+      window_(createStock(L"BUTTON", WS_TABSTOP | BS_OWNERDRAW, 0, parent)) {}
+
+ButtonView::~ButtonView() {
+  DestroyWindow(window_);
+}
+
+void ButtonView::refresh() {
+  setWindowText(window_, toWide(layout::withMnemonic(model_.caption(), mnemonic_)));
+  EnableWindow(window_, looksEnabled());
+}
+
+void ButtonView::click() {
+  if (!site().commit()) return;
+  guarded([&] { model_.click(); });
+}
+
+void ButtonView::command(HWND /*from*/, UINT code) {
+  if (code == BN_CLICKED) click();
+}
+
+void ButtonView::drawItem(const DRAWITEMSTRUCT& item) {
+  drawPushButton(item, theme(), {windowText(window_), {}, false, behind()});
+}
+
+std::function<void()> ButtonView::actionFor(const Key& key) {
+  if (key.isPlain(VK_RETURN)) return [this] { click(); };
+  return {};
+}
+
+void ButtonView::setMnemonic(std::size_t at) {
+  mnemonic_ = at;
+  refresh();
+}
+
+void ButtonView::reachByMnemonic() {
+  SetFocus(window_);
+  click();
+}
+
+}  // namespace kebu::windows

@@ -1,0 +1,30 @@
+#pragma once
+
+#include "controls/simple_controls.h"
+#include "windows/views/controls/view.h"
+
+namespace kebu::windows {
+
+class ButtonView : public View {
+ public:
+  ButtonView(ViewSite& site, controls::Button& model, HWND parent);
+  ~ButtonView() override;
+
+  HWND handle() const override { return window_; }
+  void refresh() override;
+  void command(HWND from, UINT code) override;
+  void drawItem(const DRAWITEMSTRUCT& item) override;
+  std::function<void()> actionFor(const Key& key) override;
+  void setMnemonic(std::size_t at) override;
+  bool hasMnemonic() const override { return true; }
+  void reachByMnemonic() override;
+
+ private:
+  void click();
+
+  controls::Button& model_;
+  HWND window_;
+  std::size_t mnemonic_ = std::string::npos;
+};
+
+}  // namespace kebu::windows

@@ -1,0 +1,66 @@
+#include "windows/views/controls/check_box_view.h"
+
+#include <algorithm>
+
+#include "windows/support/text.h"
+#include "windows/views/layout/mnemonics.h"
+#include "windows/views/window/guard.h"
+#include "windows/views/window/window_text.h"
+
+namespace kebu::windows {
+
+CheckBoxView::CheckBoxView(ViewSite& site, controls::CheckBox& model, HWND parent)
+    : View(site, model, "CheckBox"),
+      model_(model),
+      window_(createStock(L"BUTTON", WS_TABSTOP | BS_CHECKBOX, 0, parent)) {}
+
+CheckBoxView::~CheckBoxView() {
+  DestroyWindow(window_);
+}
+
+void CheckBoxView::place(const layout::Placement& placement) {
+  // As wide as its text, so that a click beside it does nothing.
+  layout::Rect bounds = placement.bounds;
+  bounds.width =
+      std::min(bounds.width, theme().metrics().textWidth(model_.caption()) + theme().px(28));
+  putWindow(window_, bounds);
+}
+
+void CheckBoxView::refresh() {
+  setWindowText(window_, toWide(layout::withMnemonic(model_.caption(), mnemonic_)));
+  SendMessageW(window_, BM_SETCHECK, model_.isTicked() ? BST_CHECKED : BST_UNCHECKED, 0);
+  EnableWindow(window_, looksEnabled());
+}
+
+void CheckBoxView::applyTheme() {
+  SendMessageW(window_, WM_SETFONT, reinterpret_cast<WPARAM>(theme().font()), TRUE);
+}
+
+void CheckBoxView::command(HWND /*from*/, UINT code) {
+  if (code != BN_CLICKED) return;
+  guarded([&] { model_.tick(!model_.isTicked()); });
+  refresh();
+}
+
+HBRUSH CheckBoxView::colours(HDC dc, HWND /*window*/) {
+  SetTextColor(dc, looksEnabled() ? theme().colours().text : theme().colours().faint);
+  SetBkColor(dc, behind());
+  return behindBrush();
+}
+
+void CheckBoxView::setMnemonic(std::size_t at) {
+  mnemonic_ = at;
+  refresh();
+}
+
+void CheckBoxView::reachByMnemonic() {
+  SetFocus(window_);
+  command(window_, BN_CLICKED);
+}
+
+void CheckBoxView::describe(Inspection& inspection) {
+  writeText(inspection, model_.isTicked() ? "1" : "0");
+  if (model_.isTicked()) addMark(inspection, "chosen");
+}
+
+}  // namespace kebu::windows

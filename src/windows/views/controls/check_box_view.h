@@ -1,0 +1,32 @@
+#pragma once
+
+#include "controls/check_box.h"
+#include "windows/views/controls/view.h"
+
+namespace kebu::windows {
+
+class CheckBoxView : public View {
+ public:
+  CheckBoxView(ViewSite& site, controls::CheckBox& model, HWND parent);
+  ~CheckBoxView() override;
+
+  HWND handle() const override { return window_; }
+  void place(const layout::Placement& placement) override;
+  void refresh() override;
+  void applyTheme() override;
+  void command(HWND from, UINT code) override;
+  HBRUSH colours(HDC dc, HWND window) override;
+  void setMnemonic(std::size_t at) override;
+  bool hasMnemonic() const override { return true; }
+  void reachByMnemonic() override;
+
+ protected:
+  void describe(Inspection& inspection) override;
+
+ private:
+  controls::CheckBox& model_;
+  HWND window_;
+  std::size_t mnemonic_ = std::string::npos;
+};
+
+}  // namespace kebu::windows

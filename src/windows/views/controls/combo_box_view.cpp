@@ -1,0 +1,107 @@
+#include "windows/views/controls/combo_box_view.h"
+
+#include <algorithm>
+
+#include "common/convert.h"
+#include "windows/support/text.h"
+#include "windows/views/window/guard.h"
+
+namespace kebu::windows {
+
+namespace {
+
+constexpr int listHeight = 280;  // in 96ths of an inch
+
+}  // namespace
+
+ComboBoxView::ComboBoxView(ViewSite& site, controls::ComboBox& model, HWND parent)
+    : FieldView(site, model, "ComboBox", parent), model_(model) {
+  setHandle(createStock(L"COMBOBOX", WS_TABSTOP | WS_VSCROLL | CBS_DROPDOWNLIST | CBS_HASSTRINGS, 0,
+                        parent));
+}
+
+void ComboBoxView::place(const layout::Placement& placement) {
+  // The height of a combo is that of its open list.
+  layout::Placement open = placement;
+  if (!open.bounds.isEmpty()) open.bounds.height += theme().px(listHeight);
+  FieldView::place(open);
+  applyTheme();
+}
+
+void ComboBoxView::applyTheme() {
+  FieldView::applyTheme();
+  // The height of a combo follows from its line's, and should be an edit box's.
+  const int edges = 6;
+  SendMessageW(handle(), CB_SETITEMHEIGHT, static_cast<WPARAM>(-1),
+               theme().metrics().fieldHeight() - edges);
+}
+
+std::wstring ComboBoxView::rowText(std::size_t index) const {
+  const controls::ComboBox::Row& row = model_.rows()[index];
+  return toWide(model_.showsCodes() ? toText(row.code) + " - " + row.caption : row.caption);
+}
+
+int ComboBoxView::chosenIndex() const {
+  const auto* chosen = model_.selected();
+  return chosen ? static_cast<int>(chosen - model_.rows().data()) : -1;
+}
+
+void ComboBoxView::fillRows() {
+  std::vector<std::wstring> texts;
+  for (std::size_t i = 0; i < model_.rows().size(); ++i) texts.push_back(rowText(i));
+  if (texts == shown_) return;
+  shown_ = std::move(texts);
+  SendMessageW(handle(), CB_RESETCONTENT, 0, 0);
+  int widest = 0;
+  for (const std::wstring& text : shown_) {
+    SendMessageW(handle(), CB_ADDSTRING, 0, reinterpret_cast<LPARAM>(text.c_str()));
+    widest = std::max(widest, theme().metrics().textWidth(toUtf8(text)));
+  }
+  SendMessageW(handle(), CB_SETDROPPEDWIDTH, static_cast<WPARAM>(widest + theme().px(24)), 0);
+}
+
+void ComboBoxView::refresh() {
+  FieldView::refresh();
+  fillRows();
+  if (SendMessageW(handle(), CB_GETCURSEL, 0, 0) != chosenIndex()) {
+    SendMessageW(handle(), CB_SETCURSEL, static_cast<WPARAM>(chosenIndex()), 0);
+  }
+}
+
+void ComboBoxView::command(HWND /*from*/, UINT code) {
+  const bool dropped = SendMessageW(handle(), CB_GETDROPPEDSTATE, 0, 0) != 0;
+  // In the open list the choice is not made before it closes.
+  if (code == CBN_SELENDOK || (code == CBN_SELCHANGE && !dropped)) take();
+  if (code == CBN_SELENDCANCEL) refresh();
+}
+
+void ComboBoxView::take() {
+  const auto index = static_cast<int>(SendMessageW(handle(), CB_GETCURSEL, 0, 0));
+  if (index < 0 || index == chosenIndex()) return;
+  const std::string code = toText(model_.rows()[static_cast<std::size_t>(index)].code);
+  guarded([&] { model_.choose(code); });
+  refresh();
+}
+
+void ComboBoxView::describe(Inspection& inspection) {
+  FieldView::describe(inspection);
+  const auto* chosen = model_.selected();
+  writeText(inspection, chosen ? chosen->caption : "");
+  inspection.count = static_cast<std::int32_t>(model_.rows().size());
+  inspection.current = chosenIndex() + 1;
+}
+
+bool ComboBoxView::describePart(Inspection& inspection) {
+  const auto& rows = model_.rows();
+  const auto at = itemAsked(inspection, rows.size(), [&](std::size_t i, const std::string& key) {
+    return toText(rows[i].code) == key;
+  });
+  if (!at) return false;
+  describeWindow(inspection, handle());
+  writeName(inspection, toText(rows[*at].code));
+  writeText(inspection, rows[*at].caption);
+  if (static_cast<int>(*at) == chosenIndex()) addMark(inspection, "chosen");
+  return true;
+}
+
+}  // namespace kebu::windows

@@ -1,0 +1,32 @@
+#pragma once
+
+#include "controls/combo_box.h"
+#include "windows/views/controls/field_view.h"
+
+namespace kebu::windows {
+
+class ComboBoxView : public FieldView {
+ public:
+  ComboBoxView(ViewSite& site, controls::ComboBox& model, HWND parent);
+
+  void place(const layout::Placement& placement) override;
+  void refresh() override;
+  void applyTheme() override;
+  void command(HWND from, UINT code) override;
+
+ protected:
+  void describe(Inspection& inspection) override;
+  bool describePart(Inspection& inspection) override;
+
+ private:
+  void fillRows();
+  std::wstring rowText(std::size_t index) const;
+  /// Of the model's chosen row; -1 without one.
+  int chosenIndex() const;
+  void take();
+
+  controls::ComboBox& model_;
+  std::vector<std::wstring> shown_;
+};
+
+}  // namespace kebu::windows

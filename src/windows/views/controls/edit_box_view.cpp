@@ -1,0 +1,131 @@
+#include "windows/views/controls/edit_box_view.h"
+
+#include <commctrl.h>
+
+#include <utility>
+
+#include "windows/support/text.h"
+#include "windows/views/drawing/push_button.h"
+#include "windows/views/window/guard.h"
+#include "windows/views/window/window_text.h"
+
+namespace kebu::windows {
+
+EditBoxView::EditBoxView(ViewSite& site, controls::EditBox& model, HWND parent)
+    : FieldView(site, model, "EditBox", parent), model_(model) {
+  const DWORD masked = model.isMasked() ? ES_PASSWORD : 0U;
+  const DWORD kind = model.lines() > 1 ? ES_MULTILINE | WS_VSCROLL : ES_AUTOHSCROLL | masked;
+  setHandle(createStock(L"EDIT", WS_TABSTOP | kind, WS_EX_CLIENTEDGE, parent));
+}
+
+EditBoxView::~EditBoxView() {
+  if (lookup_) DestroyWindow(lookup_);
+}
+
+void EditBoxView::place(const layout::Placement& placement) {
+  FieldView::place(placement);
+  if (!lookup_ && !placement.lookup.isEmpty()) {
+    // Reached with F4: the tabulator goes from value to value.
+    lookup_ = createStock(L"BUTTON", BS_OWNERDRAW, 0, GetParent(handle()));
+    enableLookup();
+  }
+  if (lookup_) putWindow(lookup_, placement.lookup);
+}
+
+void EditBoxView::enableLookup() {
+  if (lookup_) EnableWindow(lookup_, looksEnabled() && model_.isEditable());
+}
+
+void EditBoxView::refresh() {
+  FieldView::refresh();
+  SendMessageW(handle(), EM_SETREADONLY, !model_.isEditable(), 0);
+  SendMessageW(handle(), EM_LIMITTEXT, model_.maxLength(), 0);
+  const std::wstring hint = toWide(model_.hint());
+  SendMessageW(handle(), EM_SETCUEBANNER, TRUE, reinterpret_cast<LPARAM>(hint.c_str()));
+  enableLookup();
+  // What is being typed stays until it is taken or refused.
+  if (touched_ && model_.text() == shown_) return;
+  restore();
+}
+
+void EditBoxView::restore() {
+  showing_ = true;
+  shown_ = model_.text();
+  touched_ = false;
+  setWindowText(handle(), toWide(shown_));
+  showing_ = false;
+}
+
+bool EditBoxView::commit() {
+  if (!touched_ || committing_) return true;
+  const std::string typed = toUtf8(windowText(handle()));
+  if (typed == model_.text()) {
+    touched_ = false;
+    return true;
+  }
+  const std::string before = model_.text();
+  touched_ = false;
+  committing_ = true;
+  const bool accepted = guarded([&] { model_.type(typed); });
+  committing_ = false;
+  restore();
+  return accepted && model_.text() != before;
+}
+
+void EditBoxView::command(HWND from, UINT code) {
+  if (from == lookup_) {
+    if (code == BN_CLICKED) lookup();
+    return;
+  }
+  if (code == EN_CHANGE && !showing_) touched_ = true;
+  if (code == EN_SETFOCUS) SendMessageW(handle(), EM_SETSEL, 0, -1);
+  if (code == EN_KILLFOCUS) commit();
+}
+
+void EditBoxView::lookup() {
+  commit();
+  guarded([&] { model_.lookup(); });
+  if (IsWindowEnabled(handle())) SetFocus(handle());
+}
+
+std::function<void()> EditBoxView::actionFor(const Key& key) {
+  if (key.isPlain(VK_F4) && model_.hasLookup()) return [this] { lookup(); };
+  if (key.isPlain(VK_ESCAPE) && touched_) {
+    return [this] {
+      restore();
+      SendMessageW(handle(), EM_SETSEL, 0, -1);
+    };
+  }
+  return {};
+}
+
+void EditBoxView::drawItem(const DRAWITEMSTRUCT& item) {
+  drawPushButton(item, theme(), {L"\u2026", {}, false, behind()});
+}
+
+HBRUSH EditBoxView::colours(HDC dc, HWND window) {
+  if (window == handle() && (!looksEnabled() || !model_.isEditable())) {
+    SetTextColor(dc, looksEnabled() ? theme().colours().muted : theme().colours().faint);
+    SetBkColor(dc, theme().colours().locked);
+    return theme().lockedBrush();
+  }
+  return FieldView::colours(dc, window);
+}
+
+void EditBoxView::describe(Inspection& inspection) {
+  FieldView::describe(inspection);
+  const std::wstring text = windowText(handle());
+  write(inspection.text, model_.isMasked() ? std::wstring(text.size(), L'*') : text);
+  if (model_.isMasked()) addMark(inspection, "masked");
+  if (!model_.isEditable()) addMark(inspection, "read-only");
+  if (model_.isRequired()) addMark(inspection, "required");
+  if (model_.hasLookup()) addMark(inspection, "look-up");
+}
+
+bool EditBoxView::describePart(Inspection& inspection) {
+  if (inspection.part != Inspected::Lookup || !lookup_) return false;
+  describeWindow(inspection, lookup_);
+  return true;
+}
+
+}  // namespace kebu::windows

@@ -1,0 +1,41 @@
+#pragma once
+
+#include "controls/edit_box.h"
+#include "windows/views/controls/field_view.h"
+
+namespace kebu::windows {
+
+/// Typed text reaches the model when the box is left, or sooner where an action
+/// needs it. F4 or the button beside it opens the look-up.
+class EditBoxView : public FieldView {
+ public:
+  EditBoxView(ViewSite& site, controls::EditBox& model, HWND parent);
+  ~EditBoxView() override;
+
+  void place(const layout::Placement& placement) override;
+  void refresh() override;
+  void command(HWND from, UINT code) override;
+  void drawItem(const DRAWITEMSTRUCT& item) override;
+  HBRUSH colours(HDC dc, HWND window) override;
+  std::function<void()> actionFor(const Key& key) override;
+  bool commit() override;
+
+ protected:
+  bool isMarked() const override { return model_.isRequired(); }
+  void describe(Inspection& inspection) override;
+  bool describePart(Inspection& inspection) override;
+
+ private:
+  void lookup();
+  void enableLookup();
+  void restore();
+
+  controls::EditBox& model_;
+  HWND lookup_ = nullptr;  ///< the button, once it has had a place
+  std::string shown_;      ///< the model's text as last shown
+  bool touched_ = false;
+  bool showing_ = false;
+  bool committing_ = false;
+};
+
+}  // namespace kebu::windows

@@ -1,0 +1,27 @@
+#pragma once
+
+#include "controls/simple_controls.h"
+#include "windows/views/controls/view.h"
+
+namespace kebu::windows {
+
+/// A text: a label, the description of a code, or the title of a page.
+class LabelView : public View {
+ public:
+  LabelView(ViewSite& site, controls::Label& model, HWND parent);
+  LabelView(ViewSite& site, controls::TitleBar& model, HWND parent);
+  ~LabelView() override;
+
+  HWND handle() const override { return window_; }
+  void refresh() override;
+  void applyTheme() override;
+  HBRUSH colours(HDC dc, HWND window) override;
+
+ private:
+  enum class Role { Text, Warning, Title };
+
+  HWND window_;
+  Role role_;
+};
+
+}  // namespace kebu::windows

@@ -1,0 +1,152 @@
+#include "windows/views/controls/navigator_bar_view.h"
+
+#include <algorithm>
+
+#include "windows/support/text.h"
+#include "windows/views/drawing/painting.h"
+#include "windows/views/drawing/push_button.h"
+#include "windows/views/layout/mnemonics.h"
+#include "windows/views/window/guard.h"
+#include "windows/views/window/window_text.h"
+
+namespace kebu::windows {
+
+namespace {
+
+struct ActionKey {
+  std::string_view button;
+  WPARAM key;
+  const wchar_t* shown;
+};
+
+constexpr ActionKey actionKeys[] = {
+    {"Nuovo", VK_F3, L"F3"},
+    {"Conferma", VK_F10, L"F10"},
+    {"Annulla", VK_F9, L"F9"},
+    {"Elimina", VK_F8, L"F8"},
+};
+
+const ActionKey* actionKeyOf(const std::string& button) {
+  const auto* at = std::find_if(std::begin(actionKeys), std::end(actionKeys),
+                                [&](const ActionKey& entry) { return entry.button == button; });
+  return at == std::end(actionKeys) ? nullptr : at;
+}
+
+}  // namespace
+
+NavigatorBarView::NavigatorBarView(ViewSite& site, controls::NavigatorBar& model, HWND parent)
+    : View(site, model, "NavigatorBar"),
+      model_(model),
+      mnemonics_(model.buttons().size(), std::string::npos) {
+  create(site.module(), {L"kebu.navigator", WS_CHILD, WS_EX_CONTROLPARENT}, parent, {});
+  adopt(handle());
+  for (std::size_t i = 0; i < model.buttons().size(); ++i) {
+    buttons_.push_back(createStock(L"BUTTON", WS_VISIBLE | WS_TABSTOP | BS_OWNERDRAW, 0, handle()));
+  }
+}
+
+NavigatorBarView::~NavigatorBarView() = default;
+
+void NavigatorBarView::place(const layout::Placement& placement) {
+  View::place(placement);
+  arrange();
+}
+
+void NavigatorBarView::arrange() {
+  const RECT area = clientArea();
+  int left = 0;
+  for (std::size_t i = 0; i < buttons_.size(); ++i) {
+    const controls::NavigatorBar::Button& button = model_.buttons()[i];
+    const int text = theme().metrics().textWidth(button.caption);
+    const int key = actionKeyOf(button.key) ? theme().px(34) : 0;
+    const int width = std::max(text + key + theme().px(28), theme().px(96));
+    moveWindow(buttons_[i], {left, 0, width, static_cast<int>(area.bottom)});
+    left += width + theme().px(8);
+  }
+}
+
+void NavigatorBarView::refresh() {
+  for (std::size_t i = 0; i < buttons_.size(); ++i) {
+    const controls::NavigatorBar::Button& button = model_.buttons()[i];
+    setWindowText(buttons_[i], toWide(layout::withMnemonic(button.caption, mnemonics_[i])));
+    EnableWindow(buttons_[i], looksEnabled() && button.enabled);
+  }
+}
+
+void NavigatorBarView::applyTheme() {
+  for (HWND button : buttons_) {
+    SendMessageW(button, WM_SETFONT, reinterpret_cast<WPARAM>(theme().font()), TRUE);
+  }
+}
+
+LRESULT NavigatorBarView::answer(UINT message, WPARAM wParam, LPARAM lParam) {
+  if (message == WM_ERASEBKGND) {
+    fill(reinterpret_cast<HDC>(wParam), clientArea(), theme().colours().window);
+    return 1;
+  }
+  if (const auto reflected = reflect(message, wParam, lParam)) return *reflected;
+  return Window::answer(message, wParam, lParam);
+}
+
+void NavigatorBarView::command(HWND from, UINT code) {
+  if (code != BN_CLICKED) return;
+  const auto at = std::find(buttons_.begin(), buttons_.end(), from);
+  if (at != buttons_.end()) press(static_cast<std::size_t>(at - buttons_.begin()));
+}
+
+void NavigatorBarView::press(std::size_t index) {
+  if (!site().commit()) return;
+  const std::string key = model_.buttons().at(index).key;
+  guarded([&] { model_.press(key); });
+}
+
+void NavigatorBarView::drawItem(const DRAWITEMSTRUCT& item) {
+  const auto at = std::find(buttons_.begin(), buttons_.end(), item.hwndItem);
+  if (at == buttons_.end()) return;
+  const auto& button = model_.buttons()[static_cast<std::size_t>(at - buttons_.begin())];
+  const ActionKey* const key = actionKeyOf(button.key);
+  drawPushButton(item, theme(),
+                 {windowText(item.hwndItem), key ? key->shown : L"", button.key == "Conferma",
+                  theme().colours().window});
+}
+
+std::function<void()> NavigatorBarView::actionFor(const Key& key) {
+  for (std::size_t i = 0; i < buttons_.size(); ++i) {
+    const ActionKey* const action = actionKeyOf(model_.buttons()[i].key);
+    const bool isMeant = (action && key.isPlain(action->key)) ||
+                         (key.isPlain(VK_RETURN) && GetFocus() == buttons_[i]);
+    if (isMeant) return [this, i] { press(i); };
+  }
+  return {};
+}
+
+std::vector<std::string> NavigatorBarView::captions() const {
+  std::vector<std::string> all;
+  for (const auto& button : model_.buttons()) all.push_back(button.caption);
+  return all;
+}
+
+void NavigatorBarView::setMnemonics(const std::vector<std::size_t>& letters) {
+  mnemonics_ = letters;
+  refresh();
+}
+
+void NavigatorBarView::describe(Inspection& inspection) {
+  View::describe(inspection);
+  inspection.count = static_cast<std::int32_t>(buttons_.size());
+}
+
+bool NavigatorBarView::describePart(Inspection& inspection) {
+  const auto& all = model_.buttons();
+  const auto at = itemAsked(inspection, all.size(), [&](std::size_t i, const std::string& key) {
+    return all[i].key == key || all[i].caption == key;
+  });
+  if (!at) return false;
+  describeWindow(inspection, buttons_[*at]);
+  inspection.enabled = all[*at].enabled;  // the bar's own state is told of the bar
+  writeName(inspection, all[*at].key);
+  writeText(inspection, all[*at].caption);
+  return true;
+}
+
+}  // namespace kebu::windows

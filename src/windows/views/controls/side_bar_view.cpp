@@ -1,0 +1,139 @@
+#include "windows/views/controls/side_bar_view.h"
+
+#include <utility>
+
+#include "windows/support/text.h"
+#include "windows/views/drawing/painting.h"
+#include "windows/views/window/guard.h"
+
+namespace kebu::windows {
+
+SideBarView::SideBarView(ViewSite& site, controls::SideBar& model, HWND parent)
+    : View(site, model, "SideBar"),
+      model_(model),
+      window_(createStock(L"LISTBOX",
+                          WS_VISIBLE | WS_TABSTOP | WS_VSCROLL | LBS_NOTIFY | LBS_OWNERDRAWFIXED |
+                              LBS_HASSTRINGS | LBS_NOINTEGRALHEIGHT,
+                          0, parent)) {
+  listBox_ = reinterpret_cast<WNDPROC>(
+      SetWindowLongPtrW(window_, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(listProcedure)));
+  applyTheme();
+}
+
+SideBarView::~SideBarView() {
+  DestroyWindow(window_);
+}
+
+void SideBarView::applyTheme() {
+  SendMessageW(window_, WM_SETFONT, reinterpret_cast<WPARAM>(theme().font()), TRUE);
+  SendMessageW(window_, LB_SETITEMHEIGHT, 0, theme().metrics().lineHeight + theme().px(19));
+}
+
+int SideBarView::chosenIndex() const {
+  const auto* chosen = model_.selected();
+  return chosen ? static_cast<int>(chosen - model_.links().data()) : -1;
+}
+
+void SideBarView::refresh() {
+  const auto count = static_cast<std::size_t>(SendMessageW(window_, LB_GETCOUNT, 0, 0));
+  if (count != model_.links().size()) {
+    SendMessageW(window_, LB_RESETCONTENT, 0, 0);
+    for (const auto& link : model_.links()) {
+      SendMessageW(window_, LB_ADDSTRING, 0, reinterpret_cast<LPARAM>(toWide(link.text).c_str()));
+    }
+  }
+  SendMessageW(window_, LB_SETCURSEL, static_cast<WPARAM>(chosenIndex()), 0);
+  EnableWindow(window_, looksEnabled());
+  InvalidateRect(window_, nullptr, TRUE);
+}
+
+void SideBarView::command(HWND /*from*/, UINT code) {
+  if (code != LBN_SELCHANGE) return;
+  const auto index = static_cast<int>(SendMessageW(window_, LB_GETCURSEL, 0, 0));
+  if (index >= 0 && index != chosenIndex()) open(static_cast<std::size_t>(index));
+}
+
+int SideBarView::indexAt(LPARAM point) const {
+  const LRESULT found = SendMessageW(window_, LB_ITEMFROMPOINT, 0, point);
+  return HIWORD(found) ? -1 : LOWORD(found);  // the high word tells that it is beside the items
+}
+
+// A click on the chosen link opens its page anew, which the list itself tells nobody.
+LRESULT CALLBACK SideBarView::listProcedure(HWND window, UINT message, WPARAM wParam,
+                                            LPARAM lParam) {
+  auto& self = static_cast<SideBarView&>(*viewOf(window));
+  if (message == WM_LBUTTONDOWN) {
+    const int index = self.indexAt(lParam);
+    self.pressed_ = index == self.chosenIndex() ? index : -1;
+  }
+  const LRESULT result = CallWindowProcW(self.listBox_, window, message, wParam, lParam);
+  if (message == WM_LBUTTONUP) {
+    const int pressed = std::exchange(self.pressed_, -1);
+    if (pressed >= 0 && pressed == self.indexAt(lParam)) {
+      self.open(static_cast<std::size_t>(pressed));
+    }
+  }
+  return result;
+}
+
+void SideBarView::open(std::size_t index) {
+  const std::int32_t view = model_.links().at(index).view;
+  if (site().commit()) guarded([&] { model_.click(view); });
+  refresh();
+}
+
+void SideBarView::step(int by) {
+  const int next = chosenIndex() + by;
+  if (next < 0 || next >= static_cast<int>(model_.links().size())) return;
+  open(static_cast<std::size_t>(next));
+}
+
+void SideBarView::drawItem(const DRAWITEMSTRUCT& item) {
+  if (item.itemID >= model_.links().size()) return;
+  const Palette& colours = theme().colours();
+  const bool chosen = (item.itemState & ODS_SELECTED) != 0;
+  SetBkMode(item.hDC, TRANSPARENT);
+  fill(item.hDC, item.rcItem, colours.card);
+  RECT band = item.rcItem;
+  InflateRect(&band, -theme().px(8), -theme().px(2));
+  if (chosen) {
+    card(item.hDC, band, theme().px(6), colours.chosen, colours.chosen);
+    RECT bar = band;
+    InflateRect(&bar, 0, -theme().px(7));
+    bar.right = bar.left + theme().px(3);
+    fill(item.hDC, bar, colours.accent);
+  }
+  if ((item.itemState & ODS_FOCUS) && !(item.itemState & ODS_NOFOCUSRECT)) {
+    frame(item.hDC, band, colours.accent);
+  }
+  band.left += theme().px(14);
+  text(item.hDC, toWide(model_.links()[item.itemID].text), band,
+       looksEnabled() ? (chosen ? colours.accent : colours.text) : colours.faint,
+       chosen ? theme().strong() : theme().font(), DT_NOPREFIX);
+}
+
+HBRUSH SideBarView::colours(HDC /*dc*/, HWND /*window*/) {
+  return theme().cardBrush();
+}
+
+void SideBarView::describe(Inspection& inspection) {
+  View::describe(inspection);
+  inspection.count = static_cast<std::int32_t>(model_.links().size());
+  inspection.current = chosenIndex() + 1;
+}
+
+bool SideBarView::describePart(Inspection& inspection) {
+  const auto& links = model_.links();
+  const auto at = itemAsked(inspection, links.size(), [&](std::size_t i, const std::string& key) {
+    return std::to_string(links[i].view) == key;
+  });
+  if (!at) return false;
+  describeWindow(inspection, window_);
+  SendMessageW(window_, LB_GETITEMRECT, *at, reinterpret_cast<LPARAM>(&inspection.bounds));
+  writeName(inspection, std::to_string(links[*at].view));
+  writeText(inspection, links[*at].text);
+  if (static_cast<int>(*at) == chosenIndex()) addMark(inspection, "chosen");
+  return true;
+}
+
+}  // namespace kebu::windows

@@ -1,0 +1,39 @@
+#pragma once
+
+#include "controls/simple_controls.h"
+#include "windows/views/controls/view.h"
+
+namespace kebu::windows {
+
+/// The links to the pages, as a list that the arrow keys walk.
+class SideBarView : public View {
+ public:
+  SideBarView(ViewSite& site, controls::SideBar& model, HWND parent);
+  ~SideBarView() override;
+
+  HWND handle() const override { return window_; }
+  void refresh() override;
+  void applyTheme() override;
+  void command(HWND from, UINT code) override;
+  void drawItem(const DRAWITEMSTRUCT& item) override;
+  HBRUSH colours(HDC dc, HWND window) override;
+  /// To the link after the chosen one, or before it.
+  void step(int by);
+
+ protected:
+  void describe(Inspection& inspection) override;
+  bool describePart(Inspection& inspection) override;
+
+ private:
+  int chosenIndex() const;
+  void open(std::size_t index);
+  int indexAt(LPARAM point) const;
+  static LRESULT CALLBACK listProcedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam);
+
+  controls::SideBar& model_;
+  HWND window_;
+  WNDPROC listBox_ = nullptr;  ///< the list's own procedure
+  int pressed_ = -1;           ///< the chosen link, while the mouse is down on it
+};
+
+}  // namespace kebu::windows

@@ -1,0 +1,27 @@
+#pragma once
+
+#include "controls/simple_controls.h"
+#include "windows/views/controls/view.h"
+
+namespace kebu::windows {
+
+class StatusBarView : public View {
+ public:
+  StatusBarView(ViewSite& site, controls::StatusBar& model, HWND parent);
+  ~StatusBarView() override;
+
+  HWND handle() const override { return window_; }
+  void place(const layout::Placement& placement) override;
+  void refresh() override;
+  void applyTheme() override;
+
+ protected:
+  void describe(Inspection& inspection) override;
+  bool describePart(Inspection& inspection) override;
+
+ private:
+  controls::StatusBar& model_;
+  HWND window_;
+};
+
+}  // namespace kebu::windows

@@ -1,0 +1,119 @@
+#pragma once
+
+#include <windows.h>
+
+#include <functional>
+#include <optional>
+#include <string>
+
+#include "common/event.h"
+#include "controls/control.h"
+#include "windows/views/drawing/theme.h"
+#include "windows/views/layout/page_layout.h"
+#include "windows/views/window/inspection.h"
+#include "windows/views/window/keyboard.h"
+
+namespace kebu::windows {
+
+/// What a view asks of the window that it stands in.
+class ViewSite {
+ public:
+  virtual ~ViewSite() = default;
+  virtual HINSTANCE module() const = 0;
+  virtual const Theme& theme() const = 0;
+  /// Something took or lost its place.
+  virtual void requestLayout() = 0;
+  /// Takes over what the user has typed so far; false when it was refused.
+  virtual bool commit() = 0;
+  /// Whether the control stands on a card, not on the window itself.
+  virtual bool isOnCard(const controls::Control& control) const = 0;
+};
+
+/// Draws one model and turns what the user does into the model's gestures. It
+/// knows no rule of the system: what the model refuses is shown as it was.
+class View {
+ public:
+  View(ViewSite& site, controls::Control& model, const char* kind);
+  virtual ~View() = default;
+  View(const View&) = delete;
+  View& operator=(const View&) = delete;
+
+  controls::Control& control() const { return control_; }
+  /// The control's window; null for what has no looks or is drawn by its page.
+  virtual HWND handle() const { return nullptr; }
+  virtual void place(const layout::Placement& placement);
+  /// Shows what the model holds now.
+  virtual void refresh() {}
+  /// The resolution or the colours changed.
+  virtual void applyTheme() {}
+
+  /// A notification of a stock control that belongs to this view.
+  virtual void command(HWND from, UINT code);
+  virtual void drawItem(const DRAWITEMSTRUCT& item);
+  /// The brush behind it, with the colours set; null for the usual ones.
+  virtual HBRUSH colours(HDC dc, HWND window);
+  virtual std::function<void()> actionFor(const Key& key);
+  /// Hands what the user typed to the model; false when it was refused.
+  virtual bool commit() { return true; }
+  /// The letter by which it is reached, as an index of a byte of its caption.
+  virtual void setMnemonic(std::size_t at);
+  /// Its own caption takes part in the choice of letters.
+  virtual bool hasMnemonic() const { return false; }
+  virtual void reachByMnemonic();
+
+  /// Answers about the control or a part of it; false when there is no such part.
+  bool inspect(Inspection& inspection);
+
+ protected:
+  ViewSite& site() const { return site_; }
+  const Theme& theme() const { return site_.theme(); }
+  bool looksEnabled() const;
+  /// What is behind the control.
+  COLORREF behind() const;
+  HBRUSH behindBrush() const;
+  /// Makes a stock control that belongs to this view.
+  HWND createStock(const wchar_t* className, DWORD style, DWORD extendedStyle, HWND parent);
+  /// That the window belongs to this view.
+  void adopt(HWND window);
+  virtual void describe(Inspection& inspection);
+  virtual bool describePart(Inspection& inspection);
+
+ private:
+  void modelChanged();
+
+  ViewSite& site_;
+  controls::Control& control_;
+  const char* kind_;
+  bool wasVisible_ = false;
+  std::string lastCaption_;
+  Subscription changes_;
+};
+
+/// The view that a window belongs to, or the window around it; null for none.
+View* viewOf(HWND window);
+
+/// Hands a notification that came to a parent on to the view that it is about.
+std::optional<LRESULT> reflect(UINT message, WPARAM wParam, LPARAM lParam);
+
+void moveWindow(HWND window, const layout::Rect& place);
+/// Moves it there and shows it; what has no place is hidden.
+void putWindow(HWND window, const layout::Rect& place);
+
+// For describe and describePart.
+template <std::size_t size>
+void write(wchar_t (&target)[size], const std::wstring& text) {
+  const std::size_t length = text.copy(target, size - 1);
+  target[length] = L'\0';
+}
+/// Which of `count` items is asked about, by its key or without one by its
+/// index, which is filled in; nothing when there is none such.
+std::optional<std::size_t> itemAsked(
+    Inspection& inspection, std::size_t count,
+    const std::function<bool(std::size_t index, const std::string& key)>& hasKey);
+void writeName(Inspection& inspection, const std::string& name);
+void writeText(Inspection& inspection, const std::string& text);
+void addMark(Inspection& inspection, const char* mark);
+/// The answer is about `window`, which is asked where and how it is.
+void describeWindow(Inspection& inspection, HWND window);
+
+}  // namespace kebu::windows

@@ -1,0 +1,58 @@
+#pragma once
+
+#include "controls/query_editor.h"
+#include "controls/record_frame.h"
+#include "controls/simple_controls.h"
+#include "windows/views/controls/view.h"
+
+namespace kebu::windows {
+
+/// A group of controls, which its page draws as a card.
+class GroupBoxView : public View {
+ public:
+  GroupBoxView(ViewSite& site, controls::GroupBox& model, HWND page, const char* kind = "GroupBox");
+
+  void place(const layout::Placement& placement) override { bounds_ = placement.bounds; }
+  void refresh() override { InvalidateRect(page_, nullptr, FALSE); }
+
+ protected:
+  void describe(Inspection& inspection) override;
+
+ private:
+  HWND page_;
+  layout::Rect bounds_;
+};
+
+/// A query editor: a group whose fields an onlooker may ask for.
+class QueryEditorView : public GroupBoxView {
+ public:
+  QueryEditorView(ViewSite& site, controls::QueryEditor& model, HWND page);
+
+ protected:
+  void describe(Inspection& inspection) override;
+  bool describePart(Inspection& inspection) override;
+
+ private:
+  controls::QueryEditor& model_;
+};
+
+/// A record frame has no looks, but a state that an onlooker may ask for.
+class RecordFrameView : public View {
+ public:
+  RecordFrameView(ViewSite& site, controls::RecordFrame& model, HWND parent);
+
+ protected:
+  void describe(Inspection& inspection) override;
+
+ private:
+  controls::RecordFrame& model_;
+};
+
+/// A control that is only there.
+class HiddenView : public View {
+ public:
+  HiddenView(ViewSite& site, controls::Control& model, const char* kind)
+      : View(site, model, kind) {}
+};
+
+}  // namespace kebu::windows

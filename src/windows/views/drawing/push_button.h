@@ -1,0 +1,22 @@
+#pragma once
+
+#include <windows.h>
+
+#include <string>
+
+#include "windows/views/drawing/theme.h"
+
+namespace kebu::windows {
+
+/// The looks of a push button.
+struct PushButtonFace {
+  std::wstring text;  ///< with "&" before its mnemonic
+  std::wstring key;   ///< shown after it in a quieter colour
+  bool isMain = false;
+  COLORREF behind = 0;
+};
+
+/// Draws a button of style BS_OWNERDRAW.
+void drawPushButton(const DRAWITEMSTRUCT& item, const Theme& theme, const PushButtonFace& face);
+
+}  // namespace kebu::windows

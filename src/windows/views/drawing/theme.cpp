@@ -1,0 +1,88 @@
+#include "windows/views/drawing/theme.h"
+
+#include <cwchar>
+
+#include "windows/support/text.h"
+#include "windows/views/drawing/painting.h"
+
+namespace kebu::windows {
+
+namespace {
+
+bool isHighContrast() {
+  HIGHCONTRASTW asked{};
+  asked.cbSize = sizeof asked;
+  return SystemParametersInfoW(SPI_GETHIGHCONTRAST, sizeof asked, &asked, 0) &&
+         (asked.dwFlags & HCF_HIGHCONTRASTON);
+}
+
+LOGFONTW messageFont(int dpi) {
+  NONCLIENTMETRICSW metrics{};
+  metrics.cbSize = sizeof metrics;
+  SystemParametersInfoForDpi(SPI_GETNONCLIENTMETRICS, sizeof metrics, &metrics, 0,
+                             static_cast<UINT>(dpi));
+  return metrics.lfMessageFont;
+}
+
+HFONT makeFont(LOGFONTW font, int percent, LONG weight) {
+  font.lfHeight = MulDiv(font.lfHeight, percent, 100);
+  font.lfWeight = weight;
+  return CreateFontIndirectW(&font);
+}
+
+}  // namespace
+
+Palette Palette::current() {
+  if (isHighContrast()) {
+    const COLORREF window = GetSysColor(COLOR_WINDOW);
+    const COLORREF text = GetSysColor(COLOR_WINDOWTEXT);
+    const COLORREF chosen = GetSysColor(COLOR_HIGHLIGHT);
+    return {window,
+            window,
+            text,
+            text,
+            text,
+            text,
+            GetSysColor(COLOR_GRAYTEXT),
+            chosen,
+            GetSysColor(COLOR_HIGHLIGHTTEXT),
+            window,
+            window,
+            window,
+            text,
+            text};
+  }
+  return {
+      RGB(243, 245, 248), RGB(255, 255, 255), RGB(216, 221, 228), RGB(233, 236, 240),
+      RGB(28, 36, 48),    RGB(84, 96, 112),   RGB(152, 161, 173), RGB(24, 98, 168),
+      RGB(255, 255, 255), RGB(222, 235, 248), RGB(236, 241, 247), RGB(244, 246, 248),
+      RGB(46, 139, 87),   RGB(214, 137, 16),
+  };
+}
+
+Theme::Theme(int dpi)
+    : palette_(Palette::current()),
+      windowBrush_(CreateSolidBrush(palette_.window)),
+      cardBrush_(CreateSolidBrush(palette_.card)),
+      lockedBrush_(CreateSolidBrush(palette_.locked)) {
+  const LOGFONTW base = messageFont(dpi);
+  font_.reset(makeFont(base, 100, base.lfWeight));
+  strong_.reset(makeFont(base, 100, FW_SEMIBOLD));
+  title_.reset(makeFont(base, 155, FW_SEMIBOLD));
+  metrics_.dpi = dpi;
+  const ScreenDc screen;
+  const Selected selected(screen.get(), font());
+  TEXTMETRICW text{};
+  GetTextMetricsW(screen.get(), &text);
+  metrics_.lineHeight = static_cast<int>(text.tmHeight);
+  metrics_.textWidth = [font = font()](const std::string& measured) {
+    const ScreenDc dc;
+    const Selected with(dc.get(), font);
+    const std::wstring wide = toWide(measured);
+    SIZE size{};
+    GetTextExtentPoint32W(dc.get(), wide.c_str(), static_cast<int>(wide.size()), &size);
+    return static_cast<int>(size.cx);
+  };
+}
+
+}  // namespace kebu::windows

@@ -1,0 +1,499 @@
+#include "windows/views/form/form_window.h"
+
+#include <algorithm>
+
+#include "common/convert.h"
+#include "controls/mdi_container.h"
+#include "controls/navigator_bar.h"
+#include "windows/support/text.h"
+#include "windows/views/controls/navigator_bar_view.h"
+#include "windows/views/controls/side_bar_view.h"
+#include "windows/views/drawing/painting.h"
+#include "windows/views/form/view_factory.h"
+#include "windows/views/layout/frame_layout.h"
+#include "windows/views/layout/mnemonics.h"
+#include "windows/views/window/common_controls.h"
+#include "windows/views/window/guard.h"
+#include "windows/views/window/inspection.h"
+#include "windows/views/window/window_text.h"
+
+namespace kebu::windows {
+
+namespace {
+
+constexpr UINT layOutMessage = WM_APP + 2;
+constexpr layout::Rect usualSize{0, 0, 1180, 760};  // in 96ths of an inch
+constexpr layout::Rect dialogSize{0, 0, 860, 680};
+constexpr layout::Rect leastSize{0, 0, 720, 480};
+
+bool isBar(const controls::Control& control) {
+  return dynamic_cast<const controls::SideBar*>(&control) ||
+         dynamic_cast<const controls::TitleBar*>(&control) ||
+         dynamic_cast<const controls::NavigatorBar*>(&control) ||
+         dynamic_cast<const controls::StatusBar*>(&control) ||
+         dynamic_cast<const controls::ProgressBar*>(&control);
+}
+
+bool hasLooks(const controls::Control& control) {
+  return !dynamic_cast<const controls::RecordFrame*>(&control) &&
+         !dynamic_cast<const controls::ResizeManager*>(&control) &&
+         !dynamic_cast<const controls::MdiContainer*>(&control);
+}
+
+const controls::Control& outermost(const controls::Control& control) {
+  return control.container() ? outermost(*control.container()) : control;
+}
+
+}  // namespace
+
+FormWindow::FormWindow(HINSTANCE module, controls::Form& form, HWND owner)
+    : module_(module), form_(form) {
+  create(module, {L"kebu.form", WS_OVERLAPPEDWINDOW | WS_CLIPCHILDREN, WS_EX_CONTROLPARENT}, owner,
+         {form.left(), form.top(), form.left() + usualSize.width, form.top() + usualSize.height},
+         toWide(form.caption()));
+  theme_ = std::make_unique<Theme>(static_cast<int>(GetDpiForWindow(handle())));
+  build();
+  // What has no side bar to other pages is a dialog.
+  const layout::Rect& size = hasSideBar_ ? usualSize : dialogSize;
+  SetWindowPos(handle(), nullptr, 0, 0, theme_->px(size.width), theme_->px(size.height),
+               SWP_NOMOVE | SWP_NOZORDER | SWP_NOACTIVATE);
+  keys_ = std::make_unique<KeyboardHook>(handle(), *this);
+  subscriptions_.push_back(form_.changed.connect([this] { formChanged(); }));
+  requestLayout();
+}
+
+FormWindow::~FormWindow() {
+  keys_.reset();
+  subscriptions_.clear();
+  groupSubscriptions_.clear();
+  inOrder_.clear();
+  views_.clear();
+  pages_.clear();
+  loosePage_.reset();
+  destroy();
+}
+
+void FormWindow::build() {
+  const CommonControls::Scope scope;
+  const auto& controls = form_.controls();
+  controlsSeen_ = controls.size();
+  hasSideBar_ = std::any_of(controls.begin(), controls.end(), [](const controls::Control* control) {
+    return dynamic_cast<const controls::SideBar*>(control) != nullptr;
+  });
+  inOrder_.clear();
+  for (controls::Control* control : controls) {
+    if (View* const made = find(*control)) {
+      inOrder_.push_back(made);
+      continue;
+    }
+    controls::GroupBox* const group = control->asGroup();
+    const controls::GroupBox* const page = pageOf(*control);
+    if (page && page == group && pages_.try_emplace(page).second) listenTo(*group);
+    if (page && !pages_[page]) continue;
+    HWND parent = page ? pages_[page]->handle() : parentFor(*control);
+    std::unique_ptr<View> view = makeView(*this, *control, parent);
+    view->refresh();
+    inOrder_.push_back(view.get());
+    views_[control] = std::move(view);
+    if (group && group != page) listenTo(*group);
+    if (auto* const resizing = dynamic_cast<controls::ResizeManager*>(control)) {
+      groupSubscriptions_.push_back(resizing->changed.connect([this] { requestLayout(); }));
+    }
+  }
+}
+
+void FormWindow::listenTo(controls::GroupBox& group) {
+  groupSubscriptions_.push_back(group.changed.connect([this, &group] { groupChanged(group); }));
+}
+
+void FormWindow::rebuildIfGrown() {
+  if (form_.controls().size() == controlsSeen_) return;
+  if (!hasSideBar_) {
+    // The tab key goes by the order in which windows were made. On a page of the side bar, a window
+    // of its own, what comes later stands last anyway; a dialog's few controls are made again.
+    groupSubscriptions_.clear();
+    mnemonics_.clear();
+    views_.clear();
+    loosePage_.reset();
+    lastFocus_ = nullptr;
+  }
+  build();
+}
+
+std::unique_ptr<PageWindow> FormWindow::newPage() {
+  return std::make_unique<PageWindow>(
+      module_, handle(), *theme_,
+      [this](controls::Control& control, const layout::Placement& placement) {
+        if (View* const view = find(control)) view->place(placement);
+      });
+}
+
+void FormWindow::fillPage(const controls::GroupBox& page) {
+  auto& window = pages_[&page];
+  if (window) return;
+  window = newPage();
+  window->controls = page.children();
+  build();
+}
+
+const controls::GroupBox* FormWindow::pageOf(const controls::Control& control) const {
+  if (!hasSideBar_ || isBar(control) || !hasLooks(control)) return nullptr;
+  return dynamic_cast<const controls::GroupBox*>(&outermost(control));
+}
+
+HWND FormWindow::parentFor(const controls::Control& control) {
+  if (isBar(control) || !hasLooks(control)) return handle();
+  if (!loosePage_) loosePage_ = newPage();
+  if (!control.container()) {
+    loosePage_->controls.push_back(const_cast<controls::Control*>(&control));
+  }
+  return loosePage_->handle();
+}
+
+View* FormWindow::find(const controls::Control& control) const {
+  const auto at = views_.find(&control);
+  return at == views_.end() ? nullptr : at->second.get();
+}
+
+void FormWindow::formChanged() {
+  setWindowText(handle(), toWide(form_.caption()));
+  if (form_.controls().size() != controlsSeen_) requestLayout();
+  if (!showing_ || IsWindowVisible(handle())) return;
+  SetWindowPos(handle(), nullptr, form_.left(), form_.top(), 0, 0,
+               SWP_NOSIZE | SWP_NOZORDER | SWP_NOACTIVATE);
+}
+
+void FormWindow::groupChanged(const controls::GroupBox& group) {
+  for (const controls::Control* child : group.children()) {
+    if (View* const view = find(*child)) guarded([&] { view->refresh(); });
+    if (const auto* inner = dynamic_cast<const controls::GroupBox*>(child)) groupChanged(*inner);
+  }
+  requestLayout();
+}
+
+// ---- layout
+
+void FormWindow::requestLayout() {
+  if (layoutWanted_) return;
+  layoutWanted_ = true;
+  PostMessageW(handle(), layOutMessage, 0, 0);
+}
+
+void FormWindow::layOut() {
+  layoutWanted_ = false;
+  rebuildIfGrown();
+  const RECT client = clientArea();
+  if (client.right <= 0 || client.bottom <= 0) return;
+  const layout::Rect area{0, 0, static_cast<int>(client.right), static_cast<int>(client.bottom)};
+  layout::FrameLayout frame = layout::placeFrame(form_, theme_->metrics(), area);
+  arrangePages(frame.page);
+  for (View* view : inOrder_) {
+    controls::Control& control = view->control();
+    if (!isBar(control)) continue;
+    const bool overPage = dynamic_cast<controls::ProgressBar*>(&control) != nullptr;
+    view->place(overPage ? layout::Placement{frame.page, {}, {}} : frame.bars[&control]);
+    if (!overPage && view->handle()) {
+      ShowWindow(view->handle(), control.isVisible() ? SW_SHOWNA : SW_HIDE);
+    }
+  }
+  chooseMnemonics();
+  keepFocusAlive();
+  invalidate();
+}
+
+void FormWindow::arrangePages(const layout::Rect& place) {
+  static const std::vector<controls::ResizeManager::Registration> none;
+  const auto* rules = &none;
+  for (const controls::Control* control : form_.controls()) {
+    const auto* resizing = dynamic_cast<const controls::ResizeManager*>(control);
+    if (resizing) rules = &resizing->registrations();
+  }
+  // Several pages may be visible to the models; the one shown last lies over the others.
+  const bool isGone = shownPage_ && !shownPage_->isVisible();
+  if (isGone) shownPage_ = nullptr;
+  for (const auto& [page, window] : pages_) {
+    const bool wasSeen = window && IsWindowVisible(window->handle());
+    const bool appeared = page->isVisible() && page != shownPage_ && !wasSeen;
+    if (page->isVisible() && (!shownPage_ || (appeared && !covered_.count(page)))) {
+      shownPage_ = page;
+    }
+  }
+  if (shownPage_) fillPage(*shownPage_);
+  covered_.clear();
+  for (const auto& [page, window] : pages_) {
+    const bool shown = page == shownPage_;
+    if (page->isVisible() && !shown) covered_.insert(page);
+    if (!window) continue;
+    if (shown) window->arrange(place, *rules);
+    ShowWindow(window->handle(), shown ? SW_SHOWNA : SW_HIDE);
+  }
+  if (loosePage_) {
+    loosePage_->arrange(place, *rules);
+    ShowWindow(loosePage_->handle(), SW_SHOWNA);
+  }
+}
+
+void FormWindow::chooseMnemonics() {
+  std::vector<std::string> captions;
+  std::vector<View*> bars;
+  std::vector<View*> owners;
+  for (View* view : inOrder_) {
+    auto* const bar = dynamic_cast<NavigatorBarView*>(view);
+    if (!bar || !bar->control().isShown()) continue;
+    bars.push_back(view);
+    for (const std::string& caption : bar->captions()) captions.push_back(caption);
+  }
+  for (View* view : inOrder_) {
+    if (!view->hasMnemonic() || !IsWindowVisible(view->handle())) continue;
+    owners.push_back(view);
+    captions.push_back(view->control().caption());
+  }
+  const std::vector<std::size_t> letters = layout::chooseMnemonics(captions);
+  mnemonics_.clear();
+  std::size_t next = 0;
+  const auto remember = [&](std::function<void()> action) {
+    const std::size_t at = letters[next];
+    if (at != std::string::npos) {
+      mnemonics_[toUpperAscii(captions[next].substr(at, 1)).front()] = std::move(action);
+    }
+    ++next;
+  };
+  for (View* view : bars) {
+    auto* const bar = static_cast<NavigatorBarView*>(view);
+    const std::size_t first = next;
+    for (std::size_t i = 0; i < bar->captions().size(); ++i) remember([bar, i] { bar->press(i); });
+    bar->setMnemonics({letters.begin() + static_cast<std::ptrdiff_t>(first),
+                       letters.begin() + static_cast<std::ptrdiff_t>(next)});
+  }
+  for (View* view : owners) {
+    view->setMnemonic(letters[next]);
+    remember([this, view] {
+      if (IsWindowEnabled(view->handle()) && commit()) view->reachByMnemonic();
+    });
+  }
+}
+
+void FormWindow::changeDpi(int dpi, const RECT& suggested) {
+  *theme_ = Theme(dpi);
+  for (View* view : inOrder_) view->applyTheme();
+  SetWindowPos(handle(), nullptr, suggested.left, suggested.top, suggested.right - suggested.left,
+               suggested.bottom - suggested.top, SWP_NOZORDER | SWP_NOACTIVATE);
+  layOut();
+}
+
+// ---- showing
+
+void FormWindow::moveToItsPlace() {
+  POINT place{form_.left(), form_.top()};
+  RECT around{};
+  RECT own{};
+  HWND owner = GetWindow(handle(), GW_OWNER);
+  GetWindowRect(handle(), &own);
+  if (place.x == 0 && place.y == 0 && owner && GetWindowRect(owner, &around)) {
+    // One that was given no place opens in the middle of its owner.
+    place.x = std::max((around.left + around.right - (own.right - own.left)) / 2, 0L);
+    place.y = std::max((around.top + around.bottom - (own.bottom - own.top)) / 2, 0L);
+  }
+  SetWindowPos(handle(), nullptr, place.x, place.y, 0, 0,
+               SWP_NOSIZE | SWP_NOZORDER | SWP_NOACTIVATE);
+}
+
+void FormWindow::show() {
+  const bool wasShown = IsWindowVisible(handle()) != 0;
+  showing_ = true;
+  if (!wasShown) moveToItsPlace();
+  ShowWindow(handle(), IsIconic(handle()) ? SW_RESTORE : SW_SHOW);
+  SetForegroundWindow(handle());
+  layOut();
+  if (!wasShown) focusFirst();
+  showing_ = false;
+}
+
+void FormWindow::paintNow() {
+  if (layoutWanted_) layOut();
+  for (View* view : inOrder_) {
+    // It moves even where nothing pumps its timer.
+    if (dynamic_cast<controls::ProgressBar*>(&view->control()) && view->control().isVisible()) {
+      view->refresh();
+    }
+  }
+  RedrawWindow(handle(), nullptr, nullptr, RDW_UPDATENOW | RDW_ALLCHILDREN);
+}
+
+void FormWindow::activated(HWND before) {
+  // Only coming from another of the program's windows counts: not from another
+  // program, and not from a message box or a list over this window.
+  if (!before || showing_ || activating_) return;
+  wchar_t name[16] = {};
+  GetClassNameW(before, name, 16);
+  const bool isBox = lstrcmpW(name, L"#32770") == 0 || lstrcmpW(name, L"kebu.lookup") == 0;
+  if (isBox || !form_.isLoaded() || GetWindow(before, GW_OWNER) == handle()) return;
+  activating_ = true;
+  guarded([&] { form_.activate(); });
+  activating_ = false;
+}
+
+// ---- keyboard
+
+bool FormWindow::commit() {
+  View* const view = viewOf(GetFocus());
+  return !view || !find(view->control()) || view->commit();
+}
+
+bool FormWindow::isOnCard(const controls::Control& control) const {
+  const controls::Control* const group = control.container();
+  // A page of the side bar has no card of its own.
+  return group && (group->container() || !hasSideBar_);
+}
+
+void FormWindow::focusFirst() {
+  // A page's first field is where work begins.
+  HWND around = loosePage_ ? loosePage_->handle() : nullptr;
+  if (shownPage_) around = pages_[shownPage_]->handle();
+  HWND first = around ? GetNextDlgTabItem(around, nullptr, FALSE) : nullptr;
+  if (!first) first = GetNextDlgTabItem(handle(), nullptr, FALSE);
+  SetFocus(first ? first : handle());
+}
+
+void FormWindow::moveFocus(bool back) {
+  if (!commit()) return;
+  HWND next = GetNextDlgTabItem(handle(), GetFocus(), back);
+  if (next) SetFocus(next);
+  focusMoved();
+}
+
+void FormWindow::focusMoved() {
+  HWND focus = GetFocus();
+  if (shownPage_) pages_[shownPage_]->reveal(focus);
+  if (loosePage_) loosePage_->reveal(focus);
+}
+
+void FormWindow::keepFocusAlive() {
+  HWND focus = GetFocus();
+  if (!IsChild(handle(), focus) || (IsWindowEnabled(focus) && IsWindowVisible(focus))) return;
+  focusFirst();
+}
+
+std::function<void()> FormWindow::mnemonicAction(char letter) {
+  const auto at = mnemonics_.find(letter);
+  return at == mnemonics_.end() ? std::function<void()>() : at->second;
+}
+
+std::function<void()> FormWindow::actionFor(const Key& key) {
+  if (!IsWindowEnabled(handle())) return {};
+  if (key.mnemonic) {
+    const bool isAscii = key.code > ' ' && key.code < 128;
+    return isAscii
+               ? mnemonicAction(toUpperAscii(std::string(1, static_cast<char>(key.code))).front())
+               : std::function<void()>();
+  }
+  View* const focused = viewOf(GetFocus());
+  if (focused) {
+    if (auto action = focused->actionFor(key)) return action;
+  }
+  if (key.code == VK_TAB && !key.control) return [this, back = key.shift] { moveFocus(back); };
+  if (key.isPlain(VK_RETURN)) return [this] { moveFocus(false); };
+  if (key.isPlain(VK_ESCAPE) && modal_) {
+    return [this] { PostMessageW(handle(), WM_CLOSE, 0, 0); };
+  }
+  const bool pageKey = key.code == VK_NEXT || key.code == VK_PRIOR;
+  for (View* view : inOrder_) {
+    if (!view->control().isShown()) continue;
+    if (auto* const links = dynamic_cast<SideBarView*>(view); links && pageKey && key.control) {
+      return [links, down = key.code == VK_NEXT] { links->step(down ? 1 : -1); };
+    }
+    if (auto* const bar = dynamic_cast<NavigatorBarView*>(view); bar && bar != focused) {
+      if (auto action = bar->actionFor(key)) return action;
+    }
+  }
+  return {};
+}
+
+// ---- messages
+
+bool FormWindow::inspect(Inspection& inspection) {
+  if (layoutWanted_) layOut();
+  const std::string name = toUtf8(inspection.control);
+  if (name.empty()) {
+    describeWindow(inspection, handle());
+    write(inspection.kind, std::wstring(L"Form"));
+    writeName(inspection, form_.Name());
+    writeText(inspection, form_.caption());
+    inspection.count = static_cast<std::int32_t>(form_.controls().size());
+    if (inspection.part != Inspected::Item) return true;
+    // The form's items are its controls, in order.
+    const auto index = static_cast<std::size_t>(inspection.index);
+    if (index >= form_.controls().size()) return false;
+    writeName(inspection, form_.controls()[index]->Name());
+    return true;
+  }
+  const controls::Control* const control = form_.find(name);
+  if (!control) return false;
+  if (const controls::GroupBox* const page = pageOf(*control)) fillPage(*page);
+  View* const view = find(*control);
+  return view && view->inspect(inspection);
+}
+
+LRESULT FormWindow::answer(UINT message, WPARAM wParam, LPARAM lParam) {
+  if (!theme_) return Window::answer(message, wParam, lParam);
+  if (message == inspectMessage()) {
+    auto* const inspection = reinterpret_cast<Inspection*>(lParam);
+    const bool known = inspection && inspection->size == sizeof(Inspection);
+    return known && inspect(*inspection);
+  }
+  if (const auto reflected = reflect(message, wParam, lParam)) return *reflected;
+  switch (message) {
+    case KeyboardHook::message:
+      KeyboardHook::act(*this, wParam, lParam);
+      return 0;
+    case layOutMessage:
+      if (layoutWanted_) layOut();
+      return 0;
+    case WM_SIZE:
+      if (wParam != SIZE_MINIMIZED) layOut();
+      return 0;
+    case WM_GETMINMAXINFO: {
+      auto& limits = *reinterpret_cast<MINMAXINFO*>(lParam);
+      limits.ptMinTrackSize = {theme_->px(leastSize.width), theme_->px(leastSize.height)};
+      return 0;
+    }
+    case WM_DPICHANGED:
+      changeDpi(HIWORD(wParam), *reinterpret_cast<const RECT*>(lParam));
+      return 0;
+    case WM_SETTINGCHANGE:
+    case WM_SYSCOLORCHANGE: {
+      RECT place{};
+      GetWindowRect(handle(), &place);
+      changeDpi(theme_->dpi(), place);
+      return 0;
+    }
+    case WM_ERASEBKGND:
+      fill(reinterpret_cast<HDC>(wParam), clientArea(), theme_->colours().window);
+      return 1;
+    case WM_ACTIVATE:
+      if (LOWORD(wParam) == WA_INACTIVE) {
+        lastFocus_ = GetFocus();
+        return 0;
+      }
+      if (lastFocus_ && IsWindow(lastFocus_)) SetFocus(lastFocus_);
+      activated(reinterpret_cast<HWND>(lParam));
+      return 0;
+    case WM_SETFOCUS:
+      if (lastFocus_ && IsChild(handle(), lastFocus_)) {
+        SetFocus(lastFocus_);
+      } else {
+        focusFirst();
+      }
+      return 0;
+    case WM_CLOSE: {
+      // The form may be let go of while it closes.
+      const std::shared_ptr<controls::Form> held = form_.weak_from_this().lock();
+      if (commit()) static_cast<controls::Form&>(form_).Unload();
+      return 0;
+    }
+    default:
+      return Window::answer(message, wParam, lParam);
+  }
+}
+
+}  // namespace kebu::windows

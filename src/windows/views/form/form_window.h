@@ -1,0 +1,90 @@
+#pragma once
+
+#include <map>
+#include <memory>
+#include <set>
+#include <vector>
+
+#include "controls/form.h"
+#include "windows/views/controls/view.h"
+#include "windows/views/form/page_window.h"
+#include "windows/views/window/keyboard.h"
+#include "windows/views/window/window.h"
+
+namespace kebu::windows {
+
+/// A form on the screen: its top-level window with a view for each control.
+class FormWindow : public Window, public ViewSite, public KeyTarget {
+ public:
+  FormWindow(HINSTANCE module, controls::Form& form, HWND owner);
+  ~FormWindow() override;
+
+  /// Shows and activates it.
+  void show();
+  /// Lays out and paints what changed.
+  void paintNow();
+  void setModal(bool modal) { modal_ = modal; }
+
+ private:
+  LRESULT answer(UINT message, WPARAM wParam, LPARAM lParam) override;
+
+  HINSTANCE module() const override { return module_; }
+  const Theme& theme() const override { return *theme_; }
+  void requestLayout() override;
+  bool commit() override;
+  bool isOnCard(const controls::Control& control) const override;
+  std::function<void()> actionFor(const Key& key) override;
+
+  /// Makes the views that are missing, but for those of pages without a window.
+  void build();
+  /// Makes the views anew when the form has got more controls.
+  void rebuildIfGrown();
+  std::unique_ptr<PageWindow> newPage();
+  /// Makes a page's window and views, unless it has them. It is done when the page is first
+  /// wanted, since a window costs more than all that stands behind it.
+  void fillPage(const controls::GroupBox& page);
+  /// The page of the side bar that a control belongs to; nothing when it is none.
+  const controls::GroupBox* pageOf(const controls::Control& control) const;
+  void listenTo(controls::GroupBox& group);
+  /// What the window of a control that is on no page stands in.
+  HWND parentFor(const controls::Control& control);
+  View* find(const controls::Control& control) const;
+  void formChanged();
+  void groupChanged(const controls::GroupBox& group);
+  void moveToItsPlace();
+  void layOut();
+  void arrangePages(const layout::Rect& place);
+  void chooseMnemonics();
+  void changeDpi(int dpi, const RECT& suggested);
+  void focusFirst();
+  void moveFocus(bool back);
+  void keepFocusAlive();
+  void focusMoved();
+  std::function<void()> mnemonicAction(char letter);
+  bool inspect(Inspection& inspection);
+  void activated(HWND before);
+
+  HINSTANCE module_;
+  controls::Form& form_;
+  std::unique_ptr<Theme> theme_;
+  /// The side bar's pages; without a window those that nobody has wanted yet.
+  std::map<const controls::GroupBox*, std::unique_ptr<PageWindow>> pages_;
+  std::unique_ptr<PageWindow> loosePage_;
+  const controls::GroupBox* shownPage_ = nullptr;
+  std::set<const controls::GroupBox*> covered_;  ///< visible pages under the shown one
+  std::map<const controls::Control*, std::unique_ptr<View>> views_;
+  std::vector<View*> inOrder_;
+  std::map<char, std::function<void()>> mnemonics_;
+  std::vector<Subscription> subscriptions_;
+  std::vector<Subscription> groupSubscriptions_;  ///< to what is laid out together
+  std::unique_ptr<KeyboardHook> keys_;
+  HWND lastFocus_ = nullptr;
+  std::size_t controlsSeen_ = 0;  ///< how many controls the form had at the last build
+  bool hasSideBar_ = false;
+  bool layoutWanted_ = false;
+  bool showing_ = false;
+  bool activating_ = false;
+  bool modal_ = false;
+};
+
+}  // namespace kebu::windows

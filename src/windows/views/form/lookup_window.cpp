@@ -1,0 +1,219 @@
+#include "windows/views/form/lookup_window.h"
+
+#include <algorithm>
+
+#include "windows/support/text.h"
+#include "windows/views/controls/view.h"
+#include "windows/views/drawing/push_button.h"
+#include "windows/views/window/guard.h"
+#include "windows/views/window/window_text.h"
+
+namespace kebu::windows {
+
+namespace {
+
+constexpr int usualHeight = 460;   // in 96ths of an inch
+constexpr int measuredRows = 200;  // of which the columns' widths are found
+
+}  // namespace
+
+LookupWindow::LookupWindow(HINSTANCE module, controls::LookupList& list, HWND owner)
+    : module_(module),
+      list_(list),
+      theme_(owner ? static_cast<int>(GetDpiForWindow(owner)) : 96),
+      row_(list.rowCount() > 0 ? 1 : 0) {
+  int width = 40;
+  for (std::size_t i = 0; i < list.captions().size(); ++i) {
+    int widest = theme_.metrics().textWidth(list.captions()[i]) + theme_.px(12);
+    for (std::int32_t row = 1; row <= std::min(list.rowCount(), measuredRows); ++row) {
+      widest = std::max(widest, theme_.metrics().textWidth(list.cellText(row, i)));
+    }
+    const int units = std::clamp(MulDiv(widest, 96, theme_.dpi()) + 20, 70, 320);
+    columns_.push_back({std::to_string(i), list.captions()[i], units, controls::ColumnKind::Text});
+    width += units;
+  }
+  width = theme_.px(std::clamp(width + 40, 440, 900));
+  const int height = theme_.px(usualHeight);
+  RECT around{};
+  if (!owner || !GetWindowRect(owner, &around))
+    SystemParametersInfoW(SPI_GETWORKAREA, 0, &around, 0);
+  const LONG left = std::max((around.left + around.right - width) / 2, 0L);
+  const LONG top = std::max((around.top + around.bottom - height) / 2, 0L);
+  create(module,
+         {L"kebu.lookup", WS_POPUPWINDOW | WS_CAPTION | WS_THICKFRAME | WS_CLIPCHILDREN,
+          WS_EX_CONTROLPARENT | WS_EX_DLGMODALFRAME},
+         owner, {left, top, left + width, top + height}, toWide(list.title()));
+  build();
+  keys_ = std::make_unique<KeyboardHook>(handle(), *this);
+  layOut();
+}
+
+LookupWindow::~LookupWindow() {
+  keys_.reset();
+  grid_.reset();
+  destroy();
+}
+
+void LookupWindow::build() {
+  const auto make = [&](const wchar_t* kind, const wchar_t* text, DWORD style, DWORD extended) {
+    HWND window = CreateWindowExW(extended, kind, text, WS_CHILD | WS_VISIBLE | style, 0, 0, 0, 0,
+                                  handle(), nullptr, module_, nullptr);
+    SendMessageW(window, WM_SETFONT, reinterpret_cast<WPARAM>(theme_.font()), FALSE);
+    return window;
+  };
+  hint_ = make(L"STATIC", L"Cerca", SS_CENTERIMAGE, 0);
+  search_ = make(L"EDIT", L"", WS_TABSTOP | ES_AUTOHSCROLL, WS_EX_CLIENTEDGE);
+  grid_ = std::make_unique<GridControl>(module_, handle(), theme_, *this);
+  ShowWindow(grid_->handle(), SW_SHOWNA);
+  take_ = make(L"BUTTON", L"Scegli", WS_TABSTOP | BS_OWNERDRAW, 0);
+  leave_ = make(L"BUTTON", L"Annulla", WS_TABSTOP | BS_OWNERDRAW, 0);
+  EnableWindow(take_, row_ > 0);
+}
+
+void LookupWindow::layOut() {
+  const RECT client = clientArea();
+  const int edge = theme_.px(14);
+  const int field = theme_.metrics().fieldHeight();
+  const int width = static_cast<int>(client.right) - 2 * edge;
+  const int words = theme_.metrics().textWidth("Cerca") + theme_.px(10);
+  moveWindow(hint_, {edge, edge, words, field});
+  moveWindow(search_, {edge + words, edge, width - words, field});
+  const int button = field + theme_.px(4);
+  const int foot = static_cast<int>(client.bottom) - edge - button;
+  const int listTop = edge + field + theme_.px(10);
+  moveWindow(grid_->handle(), {edge, listTop, width, std::max(foot - theme_.px(10) - listTop, 0)});
+  const int buttonWidth = theme_.px(110);
+  const int right = edge + width;
+  moveWindow(take_, {right - 2 * buttonWidth - theme_.px(8), foot, buttonWidth, button});
+  moveWindow(leave_, {right - buttonWidth, foot, buttonWidth, button});
+  grid_->sourceChanged();
+  invalidate();
+}
+
+void LookupWindow::show() {
+  ShowWindow(handle(), SW_SHOW);
+  SetForegroundWindow(handle());
+  SetFocus(search_);
+}
+
+void LookupWindow::selectRow(std::int32_t row) {
+  row_ = row;
+  grid_->invalidate();
+}
+
+void LookupWindow::search() {
+  const std::string typed = toUtf8(windowText(search_));
+  const auto found = list_.search(typed);
+  if (found) {
+    selectRow(*found);
+    grid_->showCurrentRow();
+  } else {
+    MessageBeep(MB_OK);
+  }
+}
+
+void LookupWindow::take() {
+  if (row_ < 1) return;
+  list_.choose(row_);
+  done_ = true;
+}
+
+std::function<void()> LookupWindow::actionFor(const Key& key) {
+  if (key.mnemonic) return {};
+  HWND focus = GetFocus();
+  if (key.isPlain(VK_RETURN) && focus != leave_) return [this] { take(); };
+  if (key.isPlain(VK_ESCAPE) || key.isPlain(VK_RETURN)) return [this] { leave(); };
+  if (key.code == VK_TAB && !key.control) {
+    return [this, back = key.shift] {
+      if (HWND next = GetNextDlgTabItem(handle(), GetFocus(), back)) SetFocus(next);
+    };
+  }
+  // The list is walked without leaving the box in which one types.
+  const bool walks =
+      key.code == VK_UP || key.code == VK_DOWN || key.code == VK_PRIOR || key.code == VK_NEXT;
+  if (walks && focus == search_) {
+    return [this, code = key.code] { grid_->moveBy(code, false); };
+  }
+  return {};
+}
+
+bool LookupWindow::inspect(Inspection& inspection) {
+  write(inspection.kind, std::wstring(L"LookupList"));
+  if (inspection.control[0] != L'\0') return false;
+  inspection.count = list_.rowCount();
+  inspection.columns = static_cast<std::int32_t>(columns_.size());
+  inspection.current = row_;
+  const auto column = static_cast<std::size_t>(
+      inspection.key[0] ? std::wcstol(inspection.key, nullptr, 10) : inspection.index);
+  const bool hasRow = inspection.row >= 1 && inspection.row <= list_.rowCount();
+  switch (inspection.part) {
+    case Inspected::Control:
+      describeWindow(inspection, handle());
+      writeText(inspection, list_.title());
+      return true;
+    case Inspected::Row:
+      if (!hasRow) return false;
+      describeWindow(inspection, grid_->handle());
+      inspection.bounds = grid_->rowBounds(inspection.row);
+      return true;
+    case Inspected::Column:
+      if (column >= columns_.size()) return false;
+      describeWindow(inspection, grid_->handle());
+      inspection.bounds = grid_->headBounds(column);
+      writeText(inspection, columns_[column].caption);
+      return true;
+    case Inspected::Cell:
+      if (!hasRow || column >= columns_.size()) return false;
+      describeWindow(inspection, grid_->handle());
+      inspection.bounds = grid_->cellBounds(inspection.row, column);
+      writeText(inspection, list_.cellText(inspection.row, column));
+      return true;
+    default:
+      return false;
+  }
+}
+
+LRESULT LookupWindow::answer(UINT message, WPARAM wParam, LPARAM lParam) {
+  if (!leave_) return Window::answer(message, wParam, lParam);
+  if (message == inspectMessage()) {
+    auto* const inspection = reinterpret_cast<Inspection*>(lParam);
+    return inspection && inspection->size == sizeof(Inspection) && inspect(*inspection);
+  }
+  switch (message) {
+    case KeyboardHook::message:
+      KeyboardHook::act(*this, wParam, lParam);
+      return 0;
+    case WM_SIZE:
+      layOut();
+      return 0;
+    case WM_ERASEBKGND:
+      fill(reinterpret_cast<HDC>(wParam), clientArea(), theme_.colours().window);
+      return 1;
+    case WM_CTLCOLORSTATIC:
+      SetBkColor(reinterpret_cast<HDC>(wParam), theme_.colours().window);
+      SetTextColor(reinterpret_cast<HDC>(wParam), theme_.colours().muted);
+      return reinterpret_cast<LRESULT>(theme_.windowBrush());
+    case WM_DRAWITEM: {
+      const auto& item = *reinterpret_cast<const DRAWITEMSTRUCT*>(lParam);
+      const bool isTake = item.hwndItem == take_;
+      drawPushButton(
+          item, theme_,
+          {windowText(item.hwndItem), isTake ? L"Invio" : L"Esc", isTake, theme_.colours().window});
+      return TRUE;
+    }
+    case WM_COMMAND: {
+      auto* const from = reinterpret_cast<HWND>(lParam);
+      if (from == search_ && HIWORD(wParam) == EN_CHANGE) search();
+      if (from == take_ && HIWORD(wParam) == BN_CLICKED) take();
+      if (from == leave_ && HIWORD(wParam) == BN_CLICKED) leave();
+      return 0;
+    }
+    case WM_CLOSE:
+      leave();
+      return 0;
+    default:
+      return Window::answer(message, wParam, lParam);
+  }
+}
+
+}  // namespace kebu::windows

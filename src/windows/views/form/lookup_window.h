@@ -1,0 +1,59 @@
+#pragma once
+
+#include <memory>
+#include <vector>
+
+#include "controls/lookup_list.h"
+#include "windows/views/drawing/theme.h"
+#include "windows/views/grid/grid_control.h"
+#include "windows/views/window/inspection.h"
+#include "windows/views/window/keyboard.h"
+#include "windows/views/window/window.h"
+
+namespace kebu::windows {
+
+/// The list of a look-up: what is typed finds a row, Enter or a double click
+/// takes it, Esc leaves the list.
+class LookupWindow : public Window, public GridSource, public KeyTarget {
+ public:
+  LookupWindow(HINSTANCE module, controls::LookupList& list, HWND owner);
+  ~LookupWindow() override;
+
+  void show();
+  bool isDone() const { return done_; }
+
+ private:
+  LRESULT answer(UINT message, WPARAM wParam, LPARAM lParam) override;
+  std::function<void()> actionFor(const Key& key) override;
+
+  const std::vector<Column>& columns() const override { return columns_; }
+  std::int32_t rowCount() const override { return list_.rowCount(); }
+  std::int32_t currentRow() const override { return row_; }
+  std::string cellText(std::int32_t row, std::size_t column) override {
+    return list_.cellText(row, column);
+  }
+  void selectRow(std::int32_t row) override;
+  void activate() override { take(); }
+
+  void build();
+  void layOut();
+  void search();
+  void take();
+  void leave() { done_ = true; }
+  bool inspect(Inspection& inspection);
+
+  HINSTANCE module_;
+  controls::LookupList& list_;
+  Theme theme_;
+  std::vector<Column> columns_;
+  std::int32_t row_ = 0;
+  bool done_ = false;
+  HWND hint_ = nullptr;
+  HWND search_ = nullptr;
+  std::unique_ptr<GridControl> grid_;
+  HWND take_ = nullptr;
+  HWND leave_ = nullptr;
+  std::unique_ptr<KeyboardHook> keys_;
+};
+
+}  // namespace kebu::windows

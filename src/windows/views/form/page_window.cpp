@@ -1,0 +1,125 @@
+#include "windows/views/form/page_window.h"
+
+#include <algorithm>
+
+#include "windows/support/text.h"
+#include "windows/views/controls/view.h"
+#include "windows/views/drawing/painting.h"
+
+namespace kebu::windows {
+
+PageWindow::PageWindow(HINSTANCE module, HWND parent, const Theme& theme, PlaceView placeView)
+    : theme_(theme), placeView_(std::move(placeView)) {
+  create(module, {L"kebu.page", WS_CHILD | WS_CLIPCHILDREN | WS_CLIPSIBLINGS, WS_EX_CONTROLPARENT},
+         parent, {});
+}
+
+void PageWindow::arrange(const layout::Rect& place,
+                         const std::vector<controls::ResizeManager::Registration>& rules) {
+  rules_ = rules;
+  moveWindow(handle(), place);
+  layOut();
+}
+
+void PageWindow::layOut() {
+  layout::PageLayout layout(theme_.metrics(), rules_);
+  RECT window{};
+  GetWindowRect(handle(), &window);
+  const int full = static_cast<int>(window.right - window.left);
+  const int seen = static_cast<int>(window.bottom - window.top);
+  const int bar = GetSystemMetricsForDpi(SM_CXVSCROLL, static_cast<UINT>(theme_.dpi()));
+  height_ = layout.naturalHeight(controls, full);
+  const bool scrolls = height_ > seen;
+  const int width = scrolls ? full - bar - theme_.px(6) : full;
+  if (scrolls) height_ = layout.naturalHeight(controls, width);
+  height_ = std::max(height_, seen);
+  offset_ = std::clamp(offset_, 0, height_ - seen);
+  SCROLLINFO info{sizeof info,
+                  SIF_RANGE | SIF_PAGE | SIF_POS,
+                  0,
+                  height_ - 1,
+                  static_cast<UINT>(seen),
+                  offset_,
+                  0};
+  if (scrolls) SetScrollInfo(handle(), SB_VERT, &info, TRUE);
+  ShowScrollBar(handle(), SB_VERT, scrolls);
+
+  layout::Placements placements = layout.place(controls, {0, -offset_, width, height_});
+  cards_.clear();
+  placeAll(controls, placements);
+  InvalidateRect(handle(), nullptr, TRUE);
+}
+
+void PageWindow::placeAll(const std::vector<controls::Control*>& all,
+                          layout::Placements& placements) {
+  for (controls::Control* control : all) {
+    const layout::Placement placement = placements[control];
+    placeView_(*control, placement);
+    if (auto* group = dynamic_cast<controls::GroupBox*>(control)) {
+      if (!placement.bounds.isEmpty()) {
+        cards_.push_back({placement.bounds, group->caption(), group->looksEnabled()});
+      }
+      placeAll(group->children(), placements);
+    }
+  }
+}
+
+void PageWindow::scrollTo(int offset) {
+  offset_ = offset;
+  layOut();
+  UpdateWindow(handle());
+}
+
+void PageWindow::reveal(HWND control) {
+  if (!IsChild(handle(), control)) return;
+  RECT bounds{};
+  GetWindowRect(control, &bounds);
+  MapWindowPoints(nullptr, handle(), reinterpret_cast<POINT*>(&bounds), 2);
+  const RECT area = clientArea();
+  const int edge = theme_.px(16);
+  if (bounds.bottom - bounds.top + edge > area.bottom) return;
+  if (bounds.top < edge && offset_ > 0) {
+    scrollTo(offset_ + static_cast<int>(bounds.top) - edge);
+  } else if (bounds.bottom > area.bottom - edge) {
+    scrollTo(offset_ + static_cast<int>(bounds.bottom - area.bottom) + edge);
+  }
+}
+
+void PageWindow::paint() {
+  const BufferedPaint buffer(handle());
+  const Palette& colours = theme_.colours();
+  fill(buffer.dc(), clientArea(), colours.window);
+  for (const Card& each : cards_) {
+    RECT area = toRECT(each.bounds);
+    card(buffer.dc(), area, theme_.px(8), colours.card, colours.border);
+    area.left += theme_.px(14);
+    area.right -= theme_.px(14);
+    area.top += theme_.px(10);
+    area.bottom = area.top + theme_.metrics().lineHeight + theme_.px(4);
+    text(buffer.dc(), toWide(each.title), area, each.enabled ? colours.text : colours.faint,
+         theme_.strong(), DT_NOPREFIX);
+  }
+}
+
+LRESULT PageWindow::answer(UINT message, WPARAM wParam, LPARAM lParam) {
+  if (const auto reflected = reflect(message, wParam, lParam)) return *reflected;
+  switch (message) {
+    case WM_ERASEBKGND:
+      return 1;
+    case WM_PAINT:
+      paint();
+      return 0;
+    case WM_VSCROLL:
+      if (const auto to = scrolled(SB_VERT, wParam, theme_.px(30))) scrollTo(*to);
+      return 0;
+    case WM_MOUSEWHEEL:
+      if (GetWindowLongPtrW(handle(), GWL_STYLE) & WS_VSCROLL) {
+        scrollTo(offset_ - static_cast<short>(HIWORD(wParam)) * theme_.px(60) / WHEEL_DELTA);
+      }
+      return 0;
+    default:
+      return Window::answer(message, wParam, lParam);
+  }
+}
+
+}  // namespace kebu::windows

@@ -1,0 +1,53 @@
+#pragma once
+
+#include <functional>
+#include <vector>
+
+#include "controls/simple_controls.h"
+#include "windows/views/drawing/theme.h"
+#include "windows/views/layout/page_layout.h"
+#include "windows/views/window/window.h"
+
+namespace kebu::windows {
+
+/// Holds the controls of a page, draws its groups as cards, and scrolls where
+/// the window is too low.
+class PageWindow : public Window {
+ public:
+  using PlaceView = std::function<void(controls::Control&, const layout::Placement&)>;
+
+  PageWindow(HINSTANCE module, HWND parent, const Theme& theme, PlaceView placeView);
+
+  /// What stands in it, in the order of the models.
+  std::vector<controls::Control*> controls;
+
+  /// Lays the page out in `place` of its parent.
+  void arrange(const layout::Rect& place,
+               const std::vector<controls::ResizeManager::Registration>& rules);
+  /// Scrolls a control into sight.
+  void reveal(HWND control);
+
+ protected:
+  LRESULT answer(UINT message, WPARAM wParam, LPARAM lParam) override;
+
+ private:
+  struct Card {
+    layout::Rect bounds;
+    std::string title;
+    bool enabled = true;
+  };
+
+  void layOut();
+  void placeAll(const std::vector<controls::Control*>& all, layout::Placements& placements);
+  void scrollTo(int offset);
+  void paint();
+
+  const Theme& theme_;
+  PlaceView placeView_;
+  std::vector<controls::ResizeManager::Registration> rules_;
+  std::vector<Card> cards_;
+  int offset_ = 0;
+  int height_ = 0;
+};
+
+}  // namespace kebu::windows

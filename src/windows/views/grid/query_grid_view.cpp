@@ -1,0 +1,164 @@
+#include "windows/views/grid/query_grid_view.h"
+
+#include <algorithm>
+
+#include "common/convert.h"
+#include "common/nulls.h"
+#include "windows/support/text.h"
+
+namespace kebu::windows {
+
+namespace {
+
+constexpr int twipsPerUnit = 15;  // 1440 twips or 96 units to the inch
+
+}  // namespace
+
+QueryGridView::QueryGridView(ViewSite& site, controls::QueryGrid& model, HWND parent)
+    : View(site, model, "QueryGrid"),
+      model_(model),
+      grid_(site.module(), parent, site.theme(), *this) {
+  adopt(grid_.handle());
+}
+
+QueryGridView::~QueryGridView() = default;
+
+void QueryGridView::readColumns() {
+  columns_.clear();
+  for (const controls::QueryGrid::Column& column : model_.columns()) {
+    columns_.push_back({column.field, column.caption, column.width / twipsPerUnit, column.kind});
+  }
+}
+
+void QueryGridView::refresh() {
+  const auto& now = model_.columns();
+  const bool same = std::equal(
+      now.begin(), now.end(), columns_.begin(), columns_.end(),
+      [](const auto& a, const Column& b) { return a.field == b.field && a.caption == b.caption; });
+  if (!same) readColumns();
+  EnableWindow(handle(), looksEnabled());
+  grid_.sourceChanged();
+}
+
+std::string QueryGridView::cellText(std::int32_t row, std::size_t column) {
+  // While painting, a cell that cannot be read is an empty one.
+  std::string text;
+  ignoringErrors([&] { text = model_.cellText(row, column); });
+  return text;
+}
+
+std::vector<std::string> QueryGridView::itemsOf(std::int32_t row, std::size_t column) {
+  std::vector<std::string> texts;
+  for (const auto& item : model_.itemsOf(row, model_.columns().at(column))) {
+    texts.push_back(item.second);
+  }
+  return texts;
+}
+
+bool QueryGridView::isLocked(std::int32_t row, std::size_t column) {
+  bool locked = true;
+  ignoringErrors([&] { locked = model_.isLocked(row, model_.columns().at(column)); });
+  return locked;
+}
+
+int QueryGridView::rowState(std::int32_t row) {
+  int state = 0;
+  ignoringErrors([&] { state = toInt32(CDecN(model_.rowState(row))); });
+  return state;
+}
+
+void QueryGridView::edit(std::int32_t row, std::size_t column, const std::string& text) {
+  model_.edit(row, fieldOf(column), Value(text));
+}
+
+void QueryGridView::choose(std::int32_t row, std::size_t column, std::size_t item) {
+  const auto& items = model_.itemsOf(row, model_.columns().at(column));
+  model_.edit(row, fieldOf(column), Value(items.at(item).first));
+}
+
+void QueryGridView::empty(std::int32_t row, std::size_t column) {
+  model_.edit(row, fieldOf(column), Null{});
+}
+
+void QueryGridView::tick(std::int32_t row, std::size_t column) {
+  model_.tickCell(row, fieldOf(column));
+}
+
+void QueryGridView::tickAll(std::size_t column, bool on) {
+  model_.tickAll(fieldOf(column), on);
+}
+
+void QueryGridView::lookup(std::int32_t row, std::size_t column) {
+  model_.lookup(row, fieldOf(column));
+}
+
+std::size_t QueryGridView::columnOf(const Inspection& inspection) const {
+  if (inspection.key[0] == L'\0') return static_cast<std::size_t>(inspection.index);
+  const std::string key = toUtf8(inspection.key);
+  const auto at = std::find_if(columns_.begin(), columns_.end(), [&](const Column& column) {
+    return equalsIgnoringCase(column.field, key);
+  });
+  return static_cast<std::size_t>(at - columns_.begin());
+}
+
+void QueryGridView::describe(Inspection& inspection) {
+  View::describe(inspection);
+  inspection.count = model_.rowCount();
+  inspection.columns = static_cast<std::int32_t>(columns_.size());
+  inspection.current = model_.currentRow();
+}
+
+bool QueryGridView::describePart(Inspection& inspection) {
+  describeWindow(inspection, handle());
+  inspection.bounds = {};
+  const bool seen = IsWindowVisible(handle()) != 0;
+  const std::int32_t row = inspection.row;
+  if (inspection.part == Inspected::Row) {
+    if (row < 1 || row > model_.rowCount()) return false;
+    if (seen) inspection.bounds = grid_.rowBounds(row);
+    const std::string state = toDisplay(model_.rowState(row));
+    writeName(inspection, model_.rowStateField());
+    if (!state.empty()) addMark(inspection, state.c_str());
+    return true;
+  }
+  const std::size_t index = columnOf(inspection);
+  if (index >= columns_.size()) return false;
+  const controls::QueryGrid::Column& column = model_.columns()[index];
+  inspection.index = static_cast<std::int32_t>(index);
+  writeName(inspection, column.field);
+  switch (inspection.part) {
+    case Inspected::Column:
+      if (seen) inspection.bounds = grid_.headBounds(index);
+      writeText(inspection, column.caption);
+      inspection.count =
+          static_cast<std::int32_t>(model_.itemsOf(model_.currentRow(), column).size());
+      return true;
+    case Inspected::Choice: {
+      const auto choice = static_cast<std::size_t>(row) - 1;
+      const auto& items = model_.itemsOf(model_.currentRow(), column);
+      if (row < 1 || choice >= items.size()) return false;
+      writeName(inspection, std::to_string(items[choice].first));
+      writeText(inspection, items[choice].second);
+      return true;
+    }
+    case Inspected::TickAll:
+      if (column.kind != controls::ColumnKind::Check) return false;
+      if (seen) inspection.bounds = grid_.tickAllBounds(index);
+      writeText(inspection, grid_.isTickAllOn(index) ? "1" : "0");
+      if (grid_.isTickAllOn(index)) addMark(inspection, "chosen");
+      return true;
+    case Inspected::Cell: {
+      if (row < 1 || row > model_.rowCount()) return false;
+      if (seen) inspection.bounds = grid_.cellBounds(row, index);
+      writeText(inspection, model_.cellText(row, index));
+      if (isChangeable(column.kind) && model_.isLocked(row, column)) {
+        addMark(inspection, "locked");
+      }
+      return true;
+    }
+    default:
+      return false;
+  }
+}
+
+}  // namespace kebu::windows

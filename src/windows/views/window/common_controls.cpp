@@ -1,0 +1,44 @@
+#include "windows/views/window/common_controls.h"
+
+#include <commctrl.h>
+
+namespace kebu::windows {
+
+const CommonControls* CommonControls::current_ = nullptr;
+
+CommonControls::CommonControls(HINSTANCE module) {
+  current_ = this;
+  ACTCTXW wanted{};
+  wanted.cbSize = sizeof wanted;
+  wanted.dwFlags = ACTCTX_FLAG_HMODULE_VALID | ACTCTX_FLAG_RESOURCE_NAME_VALID;
+  wanted.hModule = module;
+  wanted.lpResourceName = MAKEINTRESOURCEW(2);
+  // Without it the controls work all the same, in the looks that the host has.
+  context_ = CreateActCtxW(&wanted);
+  const Scope scope(*this);
+  library_ = LoadLibraryW(L"comctl32.dll");
+  if (!library_) return;
+  const auto initialise = reinterpret_cast<decltype(&InitCommonControlsEx)>(
+      reinterpret_cast<void*>(GetProcAddress(library_, "InitCommonControlsEx")));
+  const INITCOMMONCONTROLSEX classes{sizeof classes, ICC_STANDARD_CLASSES | ICC_BAR_CLASSES};
+  if (initialise) initialise(&classes);
+}
+
+CommonControls::~CommonControls() {
+  if (current_ == this) current_ = nullptr;
+  if (library_) FreeLibrary(library_);
+  if (context_ != INVALID_HANDLE_VALUE) ReleaseActCtx(context_);
+}
+
+CommonControls::Scope::Scope(const CommonControls* controls)
+    : before_(SetThreadDpiAwarenessContext(DPI_AWARENESS_CONTEXT_PER_MONITOR_AWARE_V2)) {
+  const bool isThere = controls && controls->context_ != INVALID_HANDLE_VALUE;
+  if (isThere) ActivateActCtx(controls->context_, &cookie_);
+}
+
+CommonControls::Scope::~Scope() {
+  if (cookie_) DeactivateActCtx(0, cookie_);
+  if (before_) SetThreadDpiAwarenessContext(before_);
+}
+
+}  // namespace kebu::windows

@@ -1,0 +1,31 @@
+#pragma once
+
+#include <memory>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "ado/command.h"
+#include "workbench/ado/ado_connection.h"
+
+namespace kebu::engine {
+
+/// An ADO command that calls a stored procedure.
+class AdoCommand : public ado::Command {
+ public:
+  void setActiveConnection(const Ref<ado::Connection>& connection) override;
+  void setCommandText(const std::string& procedure) override;
+  void setParameter(std::string_view name, const Value& value) override;
+  void Execute() override;
+
+ private:
+  AdoConnection& connection() const;
+  const std::vector<ast::Parameter>& parameters();
+
+  std::shared_ptr<AdoConnection> connection_;
+  std::string procedure_;
+  ModulePtr description_;                    ///< from the first use on
+  std::vector<std::optional<Value>> given_;  ///< one place a parameter
+};
+
+}  // namespace kebu::engine

@@ -1,0 +1,114 @@
+#include "workbench/ado/row_filter.h"
+
+#include <algorithm>
+#include <compare>
+#include <iterator>
+
+#include "common/convert.h"
+#include "workbench/ado/ado_error.h"
+#include "workbench/engine/functions/functions.h"
+#include "workbench/engine/syntax/lexer.h"
+#include "workbench/engine/syntax/parser.h"
+#include "workbench/engine/values/cast.h"
+
+namespace kebu::engine {
+namespace {
+
+using Tokens = std::vector<Token>;
+
+/// The value at the place, which moves behind it.
+Value readValue(const Tokens& tokens, std::size_t& at) {
+  const bool negative = tokens[at].text == "-";
+  if (negative) ++at;
+  const Token& token = tokens[at++];
+  if (isWord(token, "NULL") && !negative) return Null{};
+  if (!isLiteral(token)) throw adoerror::badArgument();
+  Value value = literalOf(token).value;
+  if (!negative) return value;
+  if (!value.isNumber()) throw adoerror::badArgument();
+  return -toDecimal(value);
+}
+
+/// The value as fields of the type are compared with it; as text where texts are.
+Value comparable(const Value& value, const SqlType& type, bool asText) {
+  if (value.isNull()) return value;
+  if (asText) return toText(value);
+  if (type.isDate()) return castTo(value, {TypeKind::DateTime});
+  if (type.kind == TypeKind::Bit) return toBoolean(value);
+  if (type.isNumber() && value.isText()) return castTo(value, SqlType::decimal(38, 10));
+  if (type.isNumber()) return value.isInteger() ? value : toDecimal(value);
+  return toText(value);
+}
+
+int compared(const Value& field, const Value& value) {
+  const auto sign = [](auto order) { return std::is_lt(order) ? -1 : std::is_gt(order) ? 1 : 0; };
+  if (field.isText()) return compareTexts(field.as<std::string>(), value.as<std::string>());
+  if (field.holds<Date>()) return sign(field.as<Date>() <=> value.as<Date>());
+  if (field.holds<bool>()) return sign(field.as<bool>() <=> value.as<bool>());
+  if (field.isInteger() && value.isInteger()) return sign(toInt32(field) <=> toInt32(value));
+  return sign(toDecimal(field) <=> toDecimal(value));
+}
+
+}  // namespace
+
+struct RowFilter::OperatorName {
+  std::string_view text;
+  Operator op;
+};
+
+const RowFilter::OperatorName RowFilter::operatorNames[] = {
+    {"=", Operator::Equal},   {"<>", Operator::Different}, {"<", Operator::Less},
+    {"<=", Operator::AtMost}, {">", Operator::Greater},    {">=", Operator::AtLeast},
+    {"LIKE", Operator::Like},
+};
+
+bool RowFilter::holds(const Condition& condition, const Value& field) {
+  if (condition.value.isNull()) return (condition.op == Operator::Equal) == field.isNull();
+  if (field.isNull()) return false;
+  if (condition.op == Operator::Like) {
+    return matchesLike(toText(field), condition.value.as<std::string>());
+  }
+  const int order = compared(field, condition.value);
+  switch (condition.op) {
+    case Operator::Equal:
+      return order == 0;
+    case Operator::Different:
+      return order != 0;
+    case Operator::Less:
+      return order < 0;
+    case Operator::AtMost:
+      return order <= 0;
+    case Operator::Greater:
+      return order > 0;
+    default:
+      return order >= 0;
+  }
+}
+
+RowFilter::RowFilter(const std::string& text, const RowSet& rows) {
+  const Tokens tokens = tokenize(text);
+  std::size_t at = 0;
+  while (tokens[at].kind != TokenKind::End) {
+    if (!conditions_.empty() && !isWord(tokens[at++], "AND")) throw adoerror::badArgument();
+    const Token& name = tokens[at];
+    if (name.kind != TokenKind::Word && name.kind != TokenKind::Name) throw adoerror::badArgument();
+    const std::size_t field = rows.indexOf(nameOf(name));
+    const auto* const found = std::find_if(
+        std::begin(operatorNames), std::end(operatorNames), [&](const OperatorName& known) {
+          return equalsIgnoringCase(known.text, tokens[at + 1].text);
+        });
+    if (found == std::end(operatorNames)) throw adoerror::badArgument();
+    at += 2;
+    const Value value = readValue(tokens, at);
+    const bool asText = found->op == Operator::Like;
+    conditions_.push_back({field, found->op, comparable(value, rows.types[field], asText)});
+  }
+}
+
+bool RowFilter::passes(const Values& values) const {
+  return std::all_of(conditions_.begin(), conditions_.end(), [&](const Condition& condition) {
+    return holds(condition, values[condition.field]);
+  });
+}
+
+}  // namespace kebu::engine

@@ -1,0 +1,35 @@
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "workbench/ado/row_set.h"
+
+namespace kebu::engine {
+
+/// A recordset's filter: conditions "FIELD op value" that must all hold.
+class RowFilter {
+ public:
+  RowFilter() = default;
+  /// RuntimeError 3001 when the text is no such filter, 3265 for an unknown field.
+  RowFilter(const std::string& text, const RowSet& rows);
+
+  bool passes(const Values& values) const;
+  bool passesAll() const { return conditions_.empty(); }
+
+ private:
+  enum class Operator { Equal, Different, Less, AtMost, Greater, AtLeast, Like };
+  struct Condition {
+    std::size_t field = 0;
+    Operator op = Operator::Equal;
+    Value value;  ///< as the field's values are compared with it
+  };
+  struct OperatorName;
+  static const OperatorName operatorNames[];
+
+  static bool holds(const Condition& condition, const Value& field);
+
+  std::vector<Condition> conditions_;
+};
+
+}  // namespace kebu::engine

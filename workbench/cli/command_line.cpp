@@ -1,0 +1,42 @@
+#include "workbench/cli/command_line.h"
+
+#include <algorithm>
+#include <charconv>
+
+namespace kebu::workbench {
+
+CommandLine::CommandLine(const std::vector<std::string>& words,
+                         const std::vector<std::string>& options) {
+  for (auto word = words.begin(); word != words.end(); ++word) {
+    if (word->size() < 2 || word->front() != '-') {
+      operands_.push_back(*word);
+      continue;
+    }
+    if (std::find(options.begin(), options.end(), *word) == options.end()) {
+      throw CommandError("unknown option " + *word);
+    }
+    if (word + 1 == words.end()) throw CommandError("option " + *word + " wants a value");
+    if (options_.contains(*word)) throw CommandError("option " + *word + " is given twice");
+    options_[*word] = *(word + 1);
+    ++word;
+  }
+}
+
+std::optional<std::string> CommandLine::option(const std::string& name) const {
+  const auto at = options_.find(name);
+  return at == options_.end() ? std::nullopt : std::optional(at->second);
+}
+
+std::int32_t CommandLine::number(const std::string& name, std::int32_t usual) const {
+  const auto text = option(name);
+  if (!text) return usual;
+  std::int32_t value = 0;
+  const char* const end = text->data() + text->size();
+  const auto [at, error] = std::from_chars(text->data(), end, value);
+  if (error != std::errc() || at != end || value < 1) {
+    throw CommandError("option " + name + " wants a number, not \"" + *text + "\"");
+  }
+  return value;
+}
+
+}  // namespace kebu::workbench

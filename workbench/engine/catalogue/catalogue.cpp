@@ -1,0 +1,220 @@
+#include "workbench/engine/catalogue/catalogue.h"
+
+#include <algorithm>
+#include <utility>
+
+#include "common/convert.h"
+#include "workbench/engine/sqlite.h"
+#include "workbench/engine/syntax/lexer.h"
+
+namespace kebu::engine {
+namespace {
+
+/// Under which a name is kept. Local temporary tables are kept a session.
+std::string keyOf(const std::string& name, int session) {
+  std::string key = toUpperAscii(name);
+  if (key.starts_with('#') && !key.starts_with("##")) key += "@" + std::to_string(session);
+  return key;
+}
+
+template <class Map>
+auto lookUp(const Map& map, const std::string& key) -> typename Map::mapped_type {
+  const auto found = map.find(key);
+  return found == map.end() ? nullptr : found->second;
+}
+
+std::string columnList(const std::vector<std::string>& columns) {
+  std::string list;
+  for (const auto& column : columns) list += (list.empty() ? "" : ", ") + quoted(column);
+  return list;
+}
+
+std::string storageClass(const SqlType& type) {
+  if (type.isText() || type.kind == TypeKind::Guid) return "TEXT COLLATE KB";
+  return type.isWide() ? "BLOB" : "INTEGER";
+}
+
+const SqlType nameType{TypeKind::NVarChar, 0, 0, 128};
+
+SystemView objects(std::string name, const std::string& condition) {
+  return {std::move(name),
+          "SELECT name, id AS object_id, kind AS type FROM main.kb_catalog" + condition,
+          {{"name", nameType, false, {}},
+           {"object_id", SqlType::integer(), false, {}},
+           {"type", {TypeKind::Char, 0, 0, 2}, false, {}}}};
+}
+
+const std::vector<SystemView>& systemViews() {
+  static const std::vector<SystemView> views{
+      objects("VIEWS", " WHERE kind = 'V'"), objects("TABLES", " WHERE kind = 'U'"),
+      objects("PROCEDURES", " WHERE kind = 'P'"), objects("OBJECTS", "")};
+  return views;
+}
+
+const char* kindName(ast::ModuleKind kind) {
+  switch (kind) {
+    case ast::ModuleKind::View:
+      return "V";
+    case ast::ModuleKind::Procedure:
+      return "P";
+    case ast::ModuleKind::TableFunction:
+      return "IF";
+    default:
+      return "FN";
+  }
+}
+
+}  // namespace
+
+std::shared_ptr<Table> Table::from(const ast::CreateTable& definition) {
+  auto table = std::make_shared<Table>();
+  table->name = definition.name.last();
+  table->temporary = table->name.starts_with('#');
+  table->physical = table->name;
+  table->keys = definition.keys;
+  for (const auto& column : definition.columns) {
+    if (table->indexOf(column.name) >= 0) {
+      throw SqlError(2705, "Column names in each table must be unique. Column name '" +
+                               column.name + "' in table '" + table->name +
+                               "' is specified more than once.");
+    }
+    if (column.identity) {
+      table->identity = static_cast<int>(table->columns.size());
+      table->seed = column.seed;
+    }
+    table->columns.push_back({column.name, column.type,
+                              column.nullable.value_or(true) && !column.identity,
+                              column.defaultText});
+  }
+  for (const auto& key : table->keys) {
+    for (const auto& name : key.columns) {
+      const int index = table->indexOf(name);
+      if (index < 0)
+        throw SqlError(1911,
+                       "Column name '" + name + "' does not exist in the target table or view.");
+      if (key.primary) table->columns[static_cast<std::size_t>(index)].nullable = false;
+    }
+  }
+  return table;
+}
+
+int Table::indexOf(std::string_view column) const {
+  const auto found = std::find_if(
+      columns.begin(), columns.end(),
+      [&](const TableColumn& candidate) { return equalsIgnoringCase(candidate.name, column); });
+  return found == columns.end() ? -1 : static_cast<int>(found - columns.begin());
+}
+
+std::string Table::sqliteName() const {
+  return schema() + "." + quoted(physical);
+}
+
+std::string Table::definition() const {
+  const auto bracketed = [](const std::string& identifier) {
+    return "[" + replaceAll(identifier, "]", "]]") + "]";
+  };
+  std::string text = "CREATE TABLE " + bracketed(name) + " (";
+  for (std::size_t i = 0; i < columns.size(); ++i) {
+    const TableColumn& column = columns[i];
+    text += (i > 0 ? ", " : "") + bracketed(column.name) + " " + column.type.declaration();
+    if (static_cast<int>(i) == identity) text += " IDENTITY(" + std::to_string(seed) + ",1)";
+    text += column.nullable ? " NULL" : " NOT NULL";
+    if (!column.defaultText.empty()) text += " DEFAULT " + column.defaultText;
+  }
+  for (const auto& key : keys) {
+    text += key.primary ? ", PRIMARY KEY (" : ", UNIQUE (";
+    for (std::size_t i = 0; i < key.columns.size(); ++i)
+      text += (i > 0 ? ", " : "") + bracketed(key.columns[i]);
+    text += ")";
+  }
+  return text + ")";
+}
+
+std::string Table::sqliteDefinition() const {
+  std::string text = "CREATE TABLE " + sqliteName() + " (";
+  for (std::size_t i = 0; i < columns.size(); ++i) {
+    const TableColumn& column = columns[i];
+    text += (i > 0 ? ", " : "") + quoted(column.name) + " ";
+    if (static_cast<int>(i) == identity) {
+      text += "INTEGER PRIMARY KEY AUTOINCREMENT";
+    } else {
+      text += storageClass(column.type) + (column.nullable ? "" : " NOT NULL");
+    }
+  }
+  for (const auto& key : keys) {
+    const bool identityAlone =
+        key.columns.size() == 1 && identity >= 0 && indexOf(key.columns[0]) == identity;
+    if (!identityAlone) text += ", UNIQUE (" + columnList(key.columns) + ")";
+  }
+  return text + ")";
+}
+
+TablePtr Catalogue::table(const ast::ObjectName& name, int session) const {
+  return lookUp(tables_, keyOf(name.last(), session));
+}
+
+ModulePtr Catalogue::module(const ast::ObjectName& name) const {
+  return lookUp(modules_, keyOf(name.last(), 0));
+}
+
+const SystemView* Catalogue::systemView(const ast::ObjectName& name) const {
+  const auto& parts = name.parts;
+  if (parts.size() < 2 || !equalsIgnoringCase(parts[parts.size() - 2], "sys")) return nullptr;
+  const auto& views = systemViews();
+  const auto found = std::find_if(views.begin(), views.end(), [&](const SystemView& view) {
+    return equalsIgnoringCase(view.name, name.last());
+  });
+  return found == views.end() ? nullptr : &*found;
+}
+
+std::int64_t Catalogue::objectId(std::string_view name, std::string_view kind, int session) const {
+  std::string last;
+  for (const auto& token : tokenize(name)) {
+    if (token.kind == TokenKind::Word || token.kind == TokenKind::Name) last = nameOf(token);
+  }
+  const std::string key = keyOf(last, session);
+  const auto found = ids_.find(key);
+  if (found == ids_.end()) return 0;
+  const std::string wanted = toUpperAscii(trim(kind));
+  const ModulePtr module = lookUp(modules_, key);
+  const std::string actual = module ? kindName(module->tree.kind) : "U";
+  return wanted.empty() || wanted == actual ? found->second : 0;
+}
+
+void Catalogue::add(TablePtr table) {
+  const std::string key = keyOf(table->name, table->owner);
+  if (!ids_.contains(key)) ids_.emplace(key, ++lastId_);
+  tables_[key] = std::move(table);
+  touch();
+}
+
+void Catalogue::add(ModulePtr module) {
+  const std::string key = keyOf(module->tree.name.last(), 0);
+  if (!ids_.contains(key)) ids_.emplace(key, ++lastId_);
+  modules_[key] = std::move(module);
+  touch();
+}
+
+void Catalogue::remove(const Table& table) {
+  const std::string key = keyOf(table.name, table.owner);
+  ids_.erase(key);
+  tables_.erase(key);
+  touch();
+}
+
+void Catalogue::remove(const Module& module) {
+  const std::string key = keyOf(module.tree.name.last(), 0);
+  ids_.erase(key);
+  modules_.erase(key);
+  touch();
+}
+
+std::vector<TablePtr> Catalogue::temporariesOf(int session) const {
+  std::vector<TablePtr> result;
+  for (const auto& [key, table] : tables_) {
+    if (table->temporary && table->owner == session) result.push_back(table);
+  }
+  return result;
+}
+
+}  // namespace kebu::engine

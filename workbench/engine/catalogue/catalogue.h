@@ -1,0 +1,88 @@
+#pragma once
+
+#include <cstdint>
+#include <map>
+#include <memory>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "workbench/engine/syntax/ast.h"
+#include "workbench/engine/values/types.h"
+
+namespace kebu::engine {
+
+struct TableColumn {
+  std::string name;
+  SqlType type;
+  bool nullable = true;
+  std::string defaultText;
+};
+
+/// A table and where SQLite keeps it.
+struct Table {
+  static constexpr int temporaryOfAll = -1;
+
+  std::string name;
+  std::vector<TableColumn> columns;
+  std::vector<ast::KeyDef> keys;
+  int identity = -1;  ///< the column's index; SQLite keeps it as the row's id
+  std::int64_t seed = 1;
+  bool temporary = false;
+  int owner = 0;         ///< the session with which a temporary table ends
+  std::string physical;  ///< SQLite's name for it
+
+  static std::shared_ptr<Table> from(const ast::CreateTable& definition);
+  /// -1 when there is no such column.
+  int indexOf(std::string_view column) const;
+  std::string schema() const { return temporary ? "tempdb" : "main"; }
+  std::string sqliteName() const;
+  /// The statement that would make it again, in T-SQL.
+  std::string definition() const;
+  /// The same for SQLite.
+  std::string sqliteDefinition() const;
+};
+using TablePtr = std::shared_ptr<const Table>;
+
+struct Module {
+  std::string text;
+  ast::Module tree;
+};
+using ModulePtr = std::shared_ptr<const Module>;
+
+/// One of the server's own views: columns and the SQLite query behind it.
+struct SystemView {
+  std::string name;
+  std::string query;
+  std::vector<TableColumn> columns;
+};
+
+/// The tables, views, procedures and functions of a database, by name.
+class Catalogue {
+ public:
+  /// Tables and modules by a name as written in a statement of the session; null when absent.
+  TablePtr table(const ast::ObjectName& name, int session) const;
+  ModulePtr module(const ast::ObjectName& name) const;
+  const SystemView* systemView(const ast::ObjectName& name) const;
+  /// The same by the text that OBJECT_ID takes: "dbo.x", "tempdb..##x". 0 when absent.
+  std::int64_t objectId(std::string_view name, std::string_view kind, int session) const;
+
+  void add(TablePtr table);
+  void add(ModulePtr module);
+  void remove(const Table& table);
+  void remove(const Module& module);
+  std::vector<TablePtr> temporariesOf(int session) const;
+
+  /// Rises with every change: what was bound before must be bound again.
+  std::int64_t version() const { return version_; }
+  void touch() { ++version_; }
+
+ private:
+  std::map<std::string, TablePtr> tables_;
+  std::map<std::string, ModulePtr> modules_;
+  std::map<std::string, std::int64_t> ids_;
+  std::int64_t lastId_ = 0;
+  std::int64_t version_ = 0;
+};
+
+}  // namespace kebu::engine

@@ -1,0 +1,315 @@
+#include "workbench/engine/execution/compiler.h"
+
+#include <algorithm>
+#include <utility>
+
+#include "common/convert.h"
+#include "workbench/engine/sqlite.h"
+#include "workbench/engine/syntax/parser.h"
+
+namespace kebu::engine {
+namespace {
+
+SqlError identityError(const Table& table, bool update) {
+  if (update) {
+    return {8102, "Cannot update identity column '" +
+                      table.columns[static_cast<std::size_t>(table.identity)].name + "'."};
+  }
+  return {544, "Cannot insert explicit value for identity column in table '" + table.name +
+                   "' when IDENTITY_INSERT is set to OFF."};
+}
+
+int requireColumn(const Table& table, const std::string& name) {
+  const int index = table.indexOf(name);
+  if (index < 0) throw unknownColumn(name);
+  return index;
+}
+
+SqlError countError(bool fewer) {
+  return fewer ? SqlError(109,
+                          "There are more columns in the INSERT statement than values specified in "
+                          "the VALUES clause.")
+               : SqlError(110,
+                          "There are fewer columns in the INSERT statement than values specified "
+                          "in the VALUES clause.");
+}
+
+/// The member of a FROM clause that an UPDATE or DELETE names; null when there is none.
+const Scope::Member* targetIn(const Scope& scope, const ast::ObjectName& name,
+                              const TablePtr& table) {
+  for (const auto& member : scope.members) {
+    if (member.base && equalsIgnoringCase(member.alias, name.last())) return &member;
+  }
+  for (const auto& member : scope.members) {
+    if (table && member.base == table) return &member;
+  }
+  return nullptr;
+}
+
+}  // namespace
+
+bool Compiled::busy() const {
+  return std::any_of(steps.begin(), steps.end(),
+                     [](const PreparedStatement& step) { return step.busy(); });
+}
+
+InsertTargets::InsertTargets(const Table& table, const std::vector<std::string>& names,
+                             bool identityInsert) {
+  const auto count = static_cast<int>(table.columns.size());
+  for (const auto& name : names) columns.push_back(requireColumn(table, name));
+  if (names.empty()) {
+    for (int i = 0; i < count; ++i) {
+      if (i != table.identity || identityInsert) columns.push_back(i);
+    }
+  }
+  const auto named = [&](int column) {
+    return std::find(columns.begin(), columns.end(), column) != columns.end();
+  };
+  if (table.identity >= 0 && named(table.identity) && !identityInsert)
+    throw identityError(table, false);
+  for (int i = 0; i < count; ++i) {
+    if (!named(i) && !table.columns[static_cast<std::size_t>(i)].defaultText.empty())
+      defaulted.push_back(i);
+  }
+  for (const auto& group : {columns, defaulted}) {
+    for (const int column : group) {
+      list +=
+          (list.empty() ? "" : ", ") + quoted(table.columns[static_cast<std::size_t>(column)].name);
+    }
+  }
+}
+
+std::string boundDefault(Binder& binder, const Table& table, int index) {
+  const TableColumn& column = table.columns[static_cast<std::size_t>(index)];
+  if (column.defaultText.empty()) return "NULL";
+  return stored(binder.expression(*parseExpression(column.defaultText), {}), column, table.name);
+}
+
+std::string boundAssignments(Binder& binder, const Table& table,
+                             const std::vector<ast::Assignment>& set, const Scope& scope) {
+  std::string sql;
+  for (const auto& assignment : set) {
+    const int index = requireColumn(table, assignment.column);
+    if (index == table.identity) throw identityError(table, true);
+    const TableColumn& column = table.columns[static_cast<std::size_t>(index)];
+    sql += (sql.empty() ? "" : ", ") + quoted(column.name) + " = ";
+    sql += assignment.value
+               ? stored(binder.expression(*assignment.value, scope), column, table.name)
+               : boundDefault(binder, table, index);
+  }
+  return sql;
+}
+
+Compiled Compiler::start() const {
+  Compiled compiled;
+  compiled.version = database_.catalogue().version();
+  return compiled;
+}
+
+Compiled Compiler::query(const ast::Query& node) {
+  Compiled compiled = start();
+  Binder binder = this->binder();
+  BoundQuery bound = binder.query(node, nullptr, true);
+  compiled.columns = std::move(bound.columns);
+  compiled.base = bound.base;
+  compiled.steps.emplace_back(database_, bound.sql, binder.slots());
+  return compiled;
+}
+
+Compiled Compiler::value(const ast::Expr& node, const SqlType* type) {
+  Compiled compiled = start();
+  Binder binder = this->binder();
+  Bound bound = binder.expression(node, {});
+  if (type != nullptr) bound = cast(bound, *type);
+  compiled.columns.push_back({"", bound.type, true, ""});
+  compiled.steps.emplace_back(database_, "SELECT " + bound.sql, binder.slots());
+  return compiled;
+}
+
+Compiled Compiler::condition(const ast::Expr& node) {
+  Compiled compiled = start();
+  Binder binder = this->binder();
+  const std::string sql = "SELECT ifnull(" + binder.condition(node, {}) + ", 0)";
+  compiled.columns.push_back({"", SqlType::integer(), false, ""});
+  compiled.steps.emplace_back(database_, sql, binder.slots());
+  return compiled;
+}
+
+Compiled Compiler::insert(const ast::Insert& node, bool identityInsert) {
+  Compiled compiled = start();
+  Binder binder = this->binder();
+  const TablePtr table = binder.table(node.table);
+  compiled.base = table;
+  const std::string into = "INSERT INTO " + table->sqliteName();
+  if (!node.query) {
+    const InsertTargets targets(*table, {}, false);
+    std::string values;
+    for (const int column : targets.columns)
+      values += (values.empty() ? "" : ", ") + boundDefault(binder, *table, column);
+    compiled.steps.emplace_back(database_, into + " (" + targets.list + ") VALUES (" + values + ")",
+                                binder.slots());
+    return compiled;
+  }
+  const InsertTargets targets(*table, node.columns, identityInsert);
+  const auto column = [&](std::size_t i) -> const TableColumn& {
+    return table->columns[static_cast<std::size_t>(targets.columns[i])];
+  };
+  std::string defaults;
+  for (const int defaulted : targets.defaulted)
+    defaults += ", " + boundDefault(binder, *table, defaulted);
+
+  std::string rows;
+  if (const auto* values = std::get_if<ast::Values>(&node.query->body)) {
+    const Scope nothing;
+    for (const auto& row : values->rows) {
+      if (row.size() != targets.columns.size())
+        throw countError(row.size() < targets.columns.size());
+      rows += rows.empty() ? " VALUES (" : ", (";
+      for (std::size_t i = 0; i < row.size(); ++i) {
+        rows += i > 0 ? ", " : "";
+        rows += row[i] ? stored(binder.expression(*row[i], nothing), column(i), table->name)
+                       : boundDefault(binder, *table, targets.columns[i]);
+      }
+      rows += defaults + ")";
+    }
+  } else {
+    const BoundQuery bound = binder.query(*node.query, nullptr);
+    if (bound.columns.size() != targets.columns.size()) {
+      throw bound.columns.size() < targets.columns.size()
+          ? SqlError(120,
+                     "The select list for the INSERT statement contains fewer items than the "
+                     "insert list.")
+          : SqlError(121,
+                     "The select list for the INSERT statement contains more items than the insert "
+                     "list.");
+    }
+    std::string list;
+    bool asItIs = defaults.empty();
+    for (std::size_t i = 0; i < bound.columns.size(); ++i) {
+      const std::string name = "c" + std::to_string(i + 1);
+      const std::string value = stored({name, bound.columns[i].type}, column(i), table->name);
+      asItIs = asItIs && value == name;
+      list += (i > 0 ? ", " : " SELECT ") + value;
+    }
+    rows = asItIs ? " " + bound.sql : list + defaults + " FROM (" + bound.sql + ")";
+  }
+  compiled.steps.emplace_back(database_, into + " (" + targets.list + ")" + rows, binder.slots());
+  return compiled;
+}
+
+Compiled Compiler::update(const ast::Update& node) {
+  Compiled compiled = start();
+  Binder binder = this->binder();
+  Scope scope;
+  if (!node.from) {
+    const TablePtr table = binder.table(node.table);
+    scope.members.push_back(binder.member(table, {}));
+    const std::string set = boundAssignments(binder, *table, node.set, scope);
+    const std::string where = node.where ? " WHERE " + binder.condition(*node.where, scope) : "";
+    compiled.steps.emplace_back(database_,
+                                "UPDATE " + table->sqliteName() + " AS " +
+                                    scope.members[0].sqliteAlias + " SET " + set + where,
+                                binder.slots());
+    return compiled;
+  }
+  // The rows and their new values are found by a query of the whole FROM clause.
+  std::string from = binder.source(*node.from, scope);
+  const TablePtr named = database_.catalogue().table(node.table, session_);
+  const Scope::Member* target = targetIn(scope, node.table, named);
+  if (target == nullptr) {
+    const TablePtr table = binder.table(node.table);
+    Scope::Member member = binder.member(table, {});
+    from = table->sqliteName() + " AS " + member.sqliteAlias + ", " + from;
+    scope.members.push_back(std::move(member));
+    target = &scope.members.back();
+  }
+  const Table& table = *target->base;
+  std::string list = target->sqliteAlias + ".rowid AS kb_row";
+  std::string set;
+  for (std::size_t i = 0; i < node.set.size(); ++i) {
+    const std::string name = "v" + std::to_string(i + 1);
+    const std::string assignment = boundAssignments(binder, table, {node.set[i]}, scope);
+    const std::string column =
+        quoted(table.columns[static_cast<std::size_t>(table.indexOf(node.set[i].column))].name);
+    list += ", " + assignment.substr(column.size() + 3) + " AS " + name;
+    set += (i > 0 ? ", " : "") + column + " = kb_new." + name;
+  }
+  const std::string where = node.where ? " WHERE " + binder.condition(*node.where, scope) : "";
+  compiled.steps.emplace_back(database_,
+                              "UPDATE " + table.sqliteName() + " AS kb_old SET " + set +
+                                  " FROM (SELECT " + list + " FROM " + from + where +
+                                  ") AS kb_new WHERE kb_old.rowid = kb_new.kb_row",
+                              binder.slots());
+  return compiled;
+}
+
+Compiled Compiler::remove(const ast::Delete& node) {
+  Compiled compiled = start();
+  Binder binder = this->binder();
+  Scope scope;
+  if (!node.from) {
+    const TablePtr table = binder.table(node.table);
+    scope.members.push_back(binder.member(table, {}));
+    const std::string where = node.where ? " WHERE " + binder.condition(*node.where, scope) : "";
+    compiled.steps.emplace_back(
+        database_,
+        "DELETE FROM " + table->sqliteName() + " AS " + scope.members[0].sqliteAlias + where,
+        binder.slots());
+    return compiled;
+  }
+  const std::string from = binder.source(*node.from, scope);
+  const Scope::Member* target =
+      targetIn(scope, node.table, database_.catalogue().table(node.table, session_));
+  if (target == nullptr) throw unknownObject(node.table);
+  const std::string where = node.where ? " WHERE " + binder.condition(*node.where, scope) : "";
+  compiled.steps.emplace_back(database_,
+                              "DELETE FROM " + target->base->sqliteName() +
+                                  " WHERE rowid IN (SELECT " + target->sqliteAlias +
+                                  ".rowid FROM " + from + where + ")",
+                              binder.slots());
+  return compiled;
+}
+
+std::int64_t Compiler::selectInto(const ast::Query& node, const Frame& frame) {
+  Binder binder = this->binder();
+  const BoundQuery bound = binder.query(node, nullptr);
+  const ast::ObjectName& name = *std::get<ast::Select>(node.body).into;
+  if (database_.catalogue().table(name, session_)) {
+    throw SqlError(2714, "There is already an object named '" + name.last() + "' in the database.",
+                   "42S01");
+  }
+  ast::CreateTable definition;
+  definition.name = name;
+  for (const auto& column : bound.columns) {
+    if (column.name.empty()) {
+      throw SqlError(1038,
+                     "An object or column name is missing or empty. For SELECT INTO statements, "
+                     "verify each column has a name.");
+    }
+    ast::ColumnDef def;
+    def.name = column.name;
+    def.type = column.type.kind == TypeKind::Null ? SqlType::integer() : column.type;
+    if (def.type.kind == TypeKind::Int) def.type = SqlType::integer();
+    if (def.type.isText() && def.type.size == 0) def.type.size = 1;
+    def.nullable = column.nullable;
+    definition.columns.push_back(std::move(def));
+  }
+  auto table = Table::from(definition);
+  table->owner = table->temporary ? session_ : 0;
+  if (table->temporary && !table->name.starts_with("##"))
+    table->physical += "@" + std::to_string(session_);
+  Transaction transaction(database_);
+  database_.createTable(table);
+  try {
+    PreparedStatement fill(database_, "INSERT INTO " + table->sqliteName() + " " + bound.sql,
+                           binder.slots());
+    const std::int64_t rows = fill.run(frame);
+    transaction.commit();
+    return rows;
+  } catch (...) {
+    database_.catalogue().remove(*table);  // the table itself goes with the transaction
+    throw;
+  }
+}
+
+}  // namespace kebu::engine

@@ -1,0 +1,239 @@
+#include "workbench/engine/execution/database.h"
+
+#include <filesystem>
+#include <string_view>
+#include <utility>
+#include <vector>
+
+#include "workbench/engine/execution/function_registry.h"
+#include "workbench/engine/syntax/parser.h"
+
+namespace kebu::engine {
+namespace {
+
+constexpr int applicationId = 0x4B454255;  // tells our files from other SQLite files
+
+RuntimeError fileError(const std::string& path, const std::string& what) {
+  return {-2147467259, path + ": " + what, SqlError::providerName};
+}
+
+/// Nothing when the text cannot be prepared.
+Prepared prepared(sqlite3* handle, const std::string& sql) {
+  sqlite3_stmt* raw = nullptr;
+  sqlite3_prepare_v2(handle, sql.c_str(), -1, &raw, nullptr);
+  return Prepared(raw);
+}
+
+/// The first row's number; -1 without a row or a statement.
+std::int64_t wholeNumber(const Prepared& statement) {
+  const bool found = statement && sqlite3_step(statement.get()) == SQLITE_ROW;
+  return found ? sqlite3_column_int64(statement.get(), 0) : -1;
+}
+
+/// "T.A, T.B" behind SQLite's "… constraint failed: ".
+struct Place {
+  std::string table;
+  std::string column;
+};
+Place placeIn(std::string_view message) {
+  message.remove_prefix(std::min(message.rfind(": ") + 2, message.size()));
+  message = message.substr(0, message.find(','));
+  const std::size_t point = message.rfind('.');
+  if (point == std::string_view::npos) return {std::string(message), {}};
+  return {std::string(message.substr(0, point)), std::string(message.substr(point + 1))};
+}
+
+}  // namespace
+
+Handle Database::open(const std::string& path, int flags) {
+  sqlite3* raw = nullptr;
+  // One thread at a time, so that SQLite need not lock for every value that is read.
+  const int code = sqlite3_open_v2(path.c_str(), &raw, flags | SQLITE_OPEN_NOMUTEX, nullptr);
+  Handle handle(raw);
+  if (code != SQLITE_OK) throw fileError(path, "cannot be opened");
+  sqlite3_extended_result_codes(raw, 1);
+  return handle;
+}
+
+Database::Database(Handle handle) : handle_(std::move(handle)) {
+  registerFunctions(*this);
+  run("ATTACH ':memory:' AS tempdb");
+  // A crash of the machine may cost the file, a crash of the program does not:
+  // enough for a stand-in, and every statement commits by itself.
+  run("PRAGMA synchronous = OFF");
+  // Temporary tables, ordering and the like stay in memory.
+  run("PRAGMA temp_store = MEMORY");
+}
+
+std::shared_ptr<Database> Database::openFile(const std::string& path) {
+  if (!std::filesystem::is_regular_file(path))
+    throw fileError(path, "there is no such database file");
+  Handle handle = open(path, SQLITE_OPEN_READWRITE);
+  const std::int64_t id = wholeNumber(prepared(handle.get(), "PRAGMA application_id"));
+  if (id < 0) throw fileError(path, "is not a database");
+  if (id != applicationId) throw fileError(path, "is not a database of the workbench");
+  std::shared_ptr<Database> database(new Database(std::move(handle)));
+  database->load();
+  return database;
+}
+
+std::shared_ptr<Database> Database::createFile(const std::string& path) {
+  if (std::filesystem::exists(path)) throw fileError(path, "exists already");
+  std::shared_ptr<Database> database(
+      new Database(open(path, SQLITE_OPEN_READWRITE | SQLITE_OPEN_CREATE)));
+  database->setUp();
+  return database;
+}
+
+std::shared_ptr<Database> Database::createInMemory() {
+  std::shared_ptr<Database> database(
+      new Database(open(":memory:", SQLITE_OPEN_READWRITE | SQLITE_OPEN_CREATE)));
+  database->setUp();
+  return database;
+}
+
+std::shared_ptr<Database> Database::clone() const {
+  Handle copy = open(":memory:", SQLITE_OPEN_READWRITE | SQLITE_OPEN_CREATE);
+  sqlite3_backup* const backup = sqlite3_backup_init(copy.get(), "main", handle(), "main");
+  constexpr int allPages = -1;
+  sqlite3_backup_step(backup, allPages);
+  if (sqlite3_backup_finish(backup) != SQLITE_OK)
+    throw fileError(":memory:", "cannot be copied to");
+  std::shared_ptr<Database> database(new Database(std::move(copy)));
+  database->load();
+  return database;
+}
+
+void Database::setUp() {
+  run("PRAGMA application_id = " + std::to_string(applicationId));
+  run("CREATE TABLE main.kb_catalog (id INTEGER PRIMARY KEY AUTOINCREMENT, kind TEXT NOT NULL, "
+      "name TEXT COLLATE KB NOT NULL UNIQUE, text TEXT NOT NULL)");
+}
+
+void Database::load() {
+  sqlite3_stmt* raw = nullptr;
+  sqlite3_prepare_v2(handle(), "SELECT kind, text FROM main.kb_catalog ORDER BY id", -1, &raw,
+                     nullptr);
+  const Prepared statement(raw);
+  const auto text = [&](int column) {
+    return std::string(reinterpret_cast<const char*>(sqlite3_column_text(raw, column)));
+  };
+  while (sqlite3_step(raw) == SQLITE_ROW) {
+    if (text(0) == "U") {
+      catalogue_.add(Table::from(parseTable(text(1))));
+    } else {
+      auto module = std::make_shared<Module>();
+      module->text = text(1);
+      module->tree = parseModule(module->text);
+      catalogue_.add(std::move(module));
+    }
+  }
+}
+
+void Database::run(const std::string& sql) {
+  if (sqlite3_exec(handle(), sql.c_str(), nullptr, nullptr, nullptr) != SQLITE_OK)
+    throw lastError();
+}
+
+void Database::createTable(std::shared_ptr<Table> table) {
+  Transaction transaction(*this);
+  run(table->sqliteDefinition());
+  if (table->identity >= 0 && table->seed != 1) {
+    run("INSERT INTO " + table->schema() + ".sqlite_sequence VALUES (" +
+        textLiteral(table->physical) + ", " + std::to_string(table->seed - 1) + ")");
+  }
+  if (!table->temporary) {
+    run("INSERT INTO main.kb_catalog (kind, name, text) VALUES ('U', " + textLiteral(table->name) +
+        ", " + textLiteral(table->definition()) + ")");
+  }
+  transaction.commit();
+  catalogue_.add(std::move(table));
+}
+
+void Database::dropTable(const Table& table) {
+  Transaction transaction(*this);
+  run("DROP TABLE " + table.sqliteName());
+  if (!table.temporary) run("DELETE FROM main.kb_catalog WHERE name = " + textLiteral(table.name));
+  transaction.commit();
+  catalogue_.remove(table);
+}
+
+void Database::createModule(const ModulePtr& module) {
+  static constexpr const char* kinds[] = {"V", "P", "IF", "FN"};
+  const std::string name = textLiteral(module->tree.name.last());
+  run("INSERT INTO main.kb_catalog (kind, name, text) VALUES ('" +
+      std::string(kinds[static_cast<std::size_t>(module->tree.kind)]) + "', " + name + ", " +
+      textLiteral(module->text) + ") ON CONFLICT (name) DO UPDATE SET text = excluded.text");
+  catalogue_.add(module);
+}
+
+void Database::dropModule(const Module& module) {
+  run("DELETE FROM main.kb_catalog WHERE name = " + textLiteral(module.tree.name.last()));
+  catalogue_.remove(module);
+}
+
+std::optional<std::int64_t> Database::currentIdentity(const Table& table) {
+  if (table.identity < 0) return std::nullopt;
+  // A statement may ask for every one of its rows.
+  Prepared& asked = identities_[table.schema()];
+  if (!asked) {
+    asked = prepared(handle(),
+                     "SELECT seq FROM " + table.schema() + ".sqlite_sequence WHERE name = ?1");
+  }
+  if (!asked) return table.seed;  // no table with an identity has been made yet
+  sqlite3_bind_text(asked.get(), 1, table.physical.c_str(), -1, SQLITE_TRANSIENT);
+  const std::int64_t last = wholeNumber(asked);
+  sqlite3_reset(asked.get());
+  return std::max(last, table.seed);
+}
+
+SqlError Database::lastError() {
+  if (raised_) {
+    SqlError error = std::move(*raised_);
+    raised_.reset();
+    return error;
+  }
+  const std::string message = sqlite3_errmsg(handle());
+  const Place place = placeIn(message);
+  switch (sqlite3_extended_errcode(handle())) {
+    case SQLITE_CONSTRAINT_UNIQUE:
+    case SQLITE_CONSTRAINT_PRIMARYKEY:
+    case SQLITE_CONSTRAINT_ROWID:
+      if (place.table.starts_with("kb_scratch_")) {
+        return {8672,
+                "The MERGE statement attempted to UPDATE or DELETE the same row more than once."};
+      }
+      return {2627,
+              "Violation of UNIQUE or PRIMARY KEY constraint. Cannot insert duplicate key in "
+              "object 'dbo." +
+                  place.table + "'.",
+              "23000"};
+    case SQLITE_CONSTRAINT_NOTNULL:
+      return {515,
+              "Cannot insert the value NULL into column '" + place.column + "', table '" +
+                  place.table + "'; column does not allow nulls.",
+              "23000"};
+    default:
+      break;
+  }
+  if (message.find("integer overflow") != std::string::npos) {
+    return {8115, "Arithmetic overflow error converting expression to data type int."};
+  }
+  return {50000, message, "HY000"};
+}
+
+Transaction::Transaction(Database& database) : database_(database) {
+  database_.run("SAVEPOINT kb");
+}
+
+Transaction::~Transaction() {
+  if (open_)
+    sqlite3_exec(database_.handle(), "ROLLBACK TO kb; RELEASE kb", nullptr, nullptr, nullptr);
+}
+
+void Transaction::commit() {
+  database_.run("RELEASE kb");
+  open_ = false;
+}
+
+}  // namespace kebu::engine

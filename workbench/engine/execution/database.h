@@ -1,0 +1,87 @@
+#pragma once
+
+#include <cstdint>
+#include <map>
+#include <memory>
+#include <optional>
+#include <string>
+
+#include "workbench/engine/catalogue/catalogue.h"
+#include "workbench/engine/sqlite.h"
+#include "workbench/engine/values/sql_error.h"
+
+namespace kebu::engine {
+
+class Session;
+
+/// A database: a file or memory, its catalogue, and the temporary tables of all
+/// sessions. Not for use from several threads at once.
+class Database {
+ public:
+  /// RuntimeError when the file is missing, is no database or not one of ours.
+  static std::shared_ptr<Database> openFile(const std::string& path);
+  /// RuntimeError when there is such a file already.
+  static std::shared_ptr<Database> createFile(const std::string& path);
+  static std::shared_ptr<Database> createInMemory();
+  /// A copy in memory, without the temporary tables; quicker than making the same anew.
+  std::shared_ptr<Database> clone() const;
+
+  Database(const Database&) = delete;
+  Database& operator=(const Database&) = delete;
+  ~Database() = default;
+
+  Catalogue& catalogue() { return catalogue_; }
+  const Catalogue& catalogue() const { return catalogue_; }
+  sqlite3* handle() const { return handle_.get(); }
+  /// Runs text of SQLite's own, without values and without rows.
+  void run(const std::string& sql);
+
+  void createTable(std::shared_ptr<Table> table);
+  void dropTable(const Table& table);
+  void createModule(const ModulePtr& module);
+  void dropModule(const Module& module);
+
+  /// What IDENT_CURRENT gives; nothing for a table without identity.
+  std::optional<std::int64_t> currentIdentity(const Table& table);
+
+  int newSessionId() { return ++sessions_; }
+  std::string newScratchName() { return "kb_scratch_" + std::to_string(++scratches_); }
+  /// The session whose statement runs: what functions such as OBJECT_ID refer to.
+  Session* current() const { return current_; }
+  Session* setCurrent(Session* session) { return std::exchange(current_, session); }
+
+  /// Keeps the error that a function raises until the statement has failed.
+  void raise(SqlError error) { raised_ = std::move(error); }
+  /// The error for SQLite's last failure, as SQL Server would tell it.
+  SqlError lastError();
+
+ private:
+  explicit Database(Handle handle);
+  static Handle open(const std::string& path, int flags);
+  void setUp();
+  void load();
+
+  Handle handle_;
+  std::map<std::string, Prepared> identities_;  ///< by schema: what asks for a table's last one
+  Catalogue catalogue_;
+  std::optional<SqlError> raised_;
+  Session* current_ = nullptr;
+  int sessions_ = 0;
+  int scratches_ = 0;
+};
+
+/// Undoes everything since its making unless it is committed.
+class Transaction {
+ public:
+  explicit Transaction(Database& database);
+  Transaction(const Transaction&) = delete;
+  Transaction& operator=(const Transaction&) = delete;
+  ~Transaction();
+  void commit();
+
+ private:
+  Database& database_;
+  bool open_ = true;
+};
+
+}  // namespace kebu::engine

@@ -1,0 +1,60 @@
+#pragma once
+
+#include <cstdint>
+#include <map>
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "workbench/engine/binding/binder.h"
+#include "workbench/engine/execution/database.h"
+#include "workbench/engine/values/cell.h"
+
+namespace kebu::engine {
+
+/// The variables of a batch or procedure while it runs, and the batch's literals.
+struct Frame {
+  Variables variables;
+  const std::vector<ast::Literal>* literals = nullptr;
+};
+
+/// A statement of SQLite's with the values that it takes.
+class PreparedStatement {
+ public:
+  PreparedStatement(Database& database, const std::string& sql, std::vector<Slot> slots = {});
+
+  /// Gives it its values; step() then goes from row to row and is false at the end.
+  void start(const Frame& frame);
+  bool step();
+  void reset() { sqlite3_reset(statement_.get()); }
+  /// Runs to the end; the number of rows changed.
+  std::int64_t run(const Frame& frame);
+  /// A column of the row that step() went to.
+  Value value(int column, const SqlType& type) const { return valueOf(at(column), type); }
+  void append(std::vector<Value>& values, int column, const SqlType& type) const {
+    engine::append(values, at(column), type);
+  }
+  std::int64_t integer(int column) const { return sqlite3_value_int64(at(column)); }
+  bool busy() const { return sqlite3_stmt_busy(statement_.get()) != 0; }
+
+ private:
+  sqlite3_value* at(int column) const { return sqlite3_column_value(statement_.get(), column); }
+
+  Database& database_;
+  Prepared statement_;
+  std::vector<Slot> slots_;
+};
+
+/// Resets a statement at the end of a block, whatever happens in it.
+class Running {
+ public:
+  explicit Running(PreparedStatement& statement) : statement_(statement) {}
+  Running(const Running&) = delete;
+  Running& operator=(const Running&) = delete;
+  ~Running() { statement_.reset(); }
+
+ private:
+  PreparedStatement& statement_;
+};
+
+}  // namespace kebu::engine

@@ -1,0 +1,151 @@
+// Dates, which SQLite sees as milliseconds.
+
+#include <algorithm>
+#include <array>
+#include <chrono>
+
+#include "workbench/engine/functions/functions.h"
+#include "workbench/engine/values/sql_error.h"
+
+namespace kebu::engine {
+namespace {
+
+/// A part of dates: so many months or so many milliseconds.
+struct Part {
+  std::string_view name;
+  int months;
+  std::int64_t milliseconds;
+};
+
+constexpr std::int64_t second = 1000;
+constexpr std::int64_t minute = 60 * second;
+constexpr std::int64_t hour = 60 * minute;
+constexpr std::int64_t day = 24 * hour;
+
+constexpr std::array parts{
+    Part{"YEAR", 12, 0},       Part{"YYYY", 12, 0},   Part{"YY", 12, 0},
+    Part{"QUARTER", 3, 0},     Part{"QQ", 3, 0},      Part{"MONTH", 1, 0},
+    Part{"MM", 1, 0},          Part{"M", 1, 0},       Part{"WEEK", 0, 7 * day},
+    Part{"WK", 0, 7 * day},    Part{"DAY", 0, day},   Part{"DD", 0, day},
+    Part{"D", 0, day},         Part{"HOUR", 0, hour}, Part{"HH", 0, hour},
+    Part{"MINUTE", 0, minute}, Part{"MI", 0, minute}, Part{"N", 0, minute},
+    Part{"SECOND", 0, second}, Part{"SS", 0, second}, Part{"S", 0, second},
+    Part{"MILLISECOND", 0, 1}, Part{"MS", 0, 1}};
+
+const Part& partAt(CellArguments args, std::size_t index) {
+  const std::string_view name = textAt(args, index);
+  const auto found =
+      std::find_if(parts.begin(), parts.end(), [&](const Part& part) { return part.name == name; });
+  if (found == parts.end())
+    throw SqlError(155, "'" + std::string(name) + "' is not a recognized datepart option.");
+  return *found;
+}
+
+Date dateAt(CellArguments args, std::size_t index) {
+  return dateFromMilliseconds(integerAt(args, index));
+}
+
+std::int64_t monthsOf(const Date& date) {
+  return date.year * std::int64_t{12} + date.month - 1;
+}
+
+std::int64_t floorDivided(std::int64_t a, std::int64_t b) {
+  return a / b - (a % b < 0 ? 1 : 0);
+}
+
+/// kb_dateadd(part, number, date)
+Cell dateAdd(Database&, CellArguments args) {
+  if (anyNull(args)) return {};
+  const Part& part = partAt(args, 0);
+  const std::int64_t number = integerAt(args, 1);
+  if (part.months == 0) return Cell::of(integerAt(args, 2) + number * part.milliseconds);
+  Date date = dateAt(args, 2);
+  const std::int64_t months = monthsOf(date) + number * part.months;
+  const auto year = static_cast<int>(floorDivided(months, 12));
+  const auto month = static_cast<int>(months - year * std::int64_t{12}) + 1;
+  std::optional<Date> moved;
+  // The 31st of a shorter month is its last day.
+  for (int last = date.day; !moved && last >= 28; --last) {
+    moved = Date::make(year, month, last, date.hour, date.minute, date.second, date.millisecond);
+  }
+  if (!moved)
+    moved =
+        Date::make(year, month, date.day, date.hour, date.minute, date.second, date.millisecond);
+  if (!moved) throw SqlError(517, "Adding a value to a 'datetime' column caused an overflow.");
+  return Cell::of(millisecondsOf(*moved));
+}
+
+/// kb_datediff(part, from, to): the boundaries of the part that lie between.
+Cell dateDiff(Database&, CellArguments args) {
+  if (anyNull(args)) return {};
+  const Part& part = partAt(args, 0);
+  if (part.months > 0) {
+    return Cell::of(monthsOf(dateAt(args, 2)) / part.months -
+                    monthsOf(dateAt(args, 1)) / part.months);
+  }
+  // Weeks begin on Sunday, as 4 January 1970 was.
+  const std::int64_t shift = part.milliseconds == 7 * day ? 4 * day : 0;
+  const auto count = [&](std::size_t index) {
+    return floorDivided(integerAt(args, index) + shift, part.milliseconds);
+  };
+  return Cell::of(count(2) - count(1));
+}
+
+/// kb_datepart(part, date)
+Cell datePart(Database&, CellArguments args) {
+  if (anyNull(args)) return {};
+  const Part& part = partAt(args, 0);
+  const Date date = dateAt(args, 1);
+  switch (part.months) {
+    case 12:
+      return Cell::of(date.year);
+    case 3:
+      return Cell::of((date.month - 1) / 3 + 1);
+    case 1:
+      return Cell::of(date.month);
+    default:
+      break;
+  }
+  switch (part.milliseconds) {
+    case day:
+      return Cell::of(date.day);
+    case hour:
+      return Cell::of(date.hour);
+    case minute:
+      return Cell::of(date.minute);
+    case second:
+      return Cell::of(date.second);
+    case 1:
+      return Cell::of(date.millisecond);
+    default:
+      throw SqlError(155, "DATEPART of weeks is not known.");
+  }
+}
+
+/// Local time: what the clock on the wall shows.
+Cell now(Database&, CellArguments) {
+  const auto instant = std::chrono::system_clock::now();
+  const std::time_t seconds = std::chrono::system_clock::to_time_t(instant);
+  const auto sinceEpoch =
+      std::chrono::duration_cast<std::chrono::milliseconds>(instant.time_since_epoch()).count();
+  const std::tm* local = std::localtime(&seconds);
+  const auto date =
+      Date::make(local->tm_year + 1900, local->tm_mon + 1, local->tm_mday, local->tm_hour,
+                 local->tm_min, std::min(local->tm_sec, 59), static_cast<int>(sinceEpoch % 1000));
+  return Cell::of(millisecondsOf(*date));
+}
+
+constexpr std::array entries{
+    FunctionEntry{"kb_dateadd", 3, true, dateAdd},
+    FunctionEntry{"kb_datediff", 3, true, dateDiff},
+    FunctionEntry{"kb_datepart", 2, true, datePart},
+    FunctionEntry{"kb_now", 0, false, now},
+};
+
+}  // namespace
+
+std::span<const FunctionEntry> dateFunctions() {
+  return entries;
+}
+
+}  // namespace kebu::engine

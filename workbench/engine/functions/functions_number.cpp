@@ -1,0 +1,130 @@
+// Conversions and arithmetic.
+
+#include <array>
+
+#include "workbench/engine/functions/functions.h"
+#include "workbench/engine/values/cast.h"
+#include "workbench/engine/values/sql_error.h"
+
+namespace kebu::engine {
+namespace {
+
+SqlType typeAt(CellArguments args, std::size_t index) {
+  return SqlType::fromCode(integerAt(args, index));
+}
+
+Decimal decimalAt(CellArguments args, std::size_t index, const SqlType& type) {
+  return valueOf(cellOf(args[index]), type).as<Decimal>();
+}
+
+/// kb_cast(value, from, to, style)
+Cell castCell(Database&, CellArguments args) {
+  const SqlType to = typeAt(args, 2);
+  const Value value = valueOf(cellOf(args[0]), typeAt(args, 1));
+  return storedAs(castTo(value, to, static_cast<int>(integerAt(args, 3))), to);
+}
+
+/// kb_range(value, least, greatest, type name)
+Cell rangeChecked(Database&, CellArguments args) {
+  if (sqlite3_value_type(args[0]) == SQLITE_NULL) return {};
+  Cell value = cellOf(args[0]);
+  if (value.integer < integerAt(args, 1) || value.integer > integerAt(args, 2)) {
+    throw SqlError(8115, "Arithmetic overflow error converting expression to data type " +
+                             std::string(textAt(args, 3)) + ".");
+  }
+  return value;
+}
+
+/// kb_divide(a, b) and kb_modulo(a, b) of integers
+template <bool modulo>
+Cell divided(Database&, CellArguments args) {
+  if (anyNull(args)) return {};
+  const std::int64_t divisor = integerAt(args, 1);
+  if (divisor == 0) throw SqlError(8134, "Divide by zero error encountered.", "22012");
+  const std::int64_t dividend = integerAt(args, 0);
+  if (divisor == -1) return Cell::of(modulo ? 0 : -dividend);
+  return Cell::of(modulo ? dividend % divisor : dividend / divisor);
+}
+
+Decimal calculated(char op, const Decimal& a, const Decimal& b, int scale) {
+  switch (op) {
+    case '+':
+      return a + b;
+    case '-':
+      return a - b;
+    case '*':
+      return a * b;
+    // A quotient is cut, not rounded, at its last digit.
+    case '/':
+      return (a / b).truncated(scale);
+    default:
+      return a - (a / b).truncated(0) * b;
+  }
+}
+
+/// kb_decimal(op, a, type, b, type, result type)
+Cell decimalOperation(Database&, CellArguments args) {
+  if (sqlite3_value_type(args[1]) == SQLITE_NULL || sqlite3_value_type(args[3]) == SQLITE_NULL)
+    return {};
+  const SqlType result = typeAt(args, 5);
+  const Decimal value = calculated(textAt(args, 0).front(), decimalAt(args, 1, typeAt(args, 2)),
+                                   decimalAt(args, 3, typeAt(args, 4)), result.scale);
+  return storedAs(castTo(value, result), result);
+}
+
+/// kb_round(value, type, digits, cut): the type stays.
+Cell rounded(Database&, CellArguments args) {
+  if (anyNull(args)) return {};
+  const SqlType type = typeAt(args, 1);
+  const Value value = valueOf(cellOf(args[0]), type);
+  Decimal number = castTo(value, SqlType::decimal(38, type.scale)).as<Decimal>();
+  auto digits = static_cast<int>(integerAt(args, 2));
+  if (digits >= type.scale) return cellOf(args[0]);
+  const bool cut = integerAt(args, 3) != 0;
+  Decimal unit(1);
+  for (; digits < 0; ++digits) unit = unit * Decimal(10);
+  number = number / unit;
+  number = (cut ? number.truncated(digits) : number.roundedAway(digits)) * unit;
+  return storedAs(castTo(number, type), type);
+}
+
+/// kb_floor(value, type, result type) and kb_ceiling
+template <int step>
+Cell wholeNumber(Database&, CellArguments args) {
+  if (anyNull(args)) return {};
+  const Decimal number = decimalAt(args, 0, typeAt(args, 1));
+  Decimal whole = number.truncated(0);
+  const bool beyond = step < 0 ? whole > number : whole < number;
+  if (beyond) whole = whole + Decimal(step);
+  return storedAs(whole, typeAt(args, 2));
+}
+
+/// kb_str(decimal(38,8), length, decimals)
+Cell str(Database&, CellArguments args) {
+  if (anyNull(args)) return {};
+  const Decimal number = decimalAt(args, 0, SqlType::decimal(38, 8));
+  const std::string text = number.roundedAway(static_cast<int>(integerAt(args, 2))).toString();
+  const auto length = static_cast<std::size_t>(integerAt(args, 1));
+  return Cell::text(text.size() > length ? std::string(length, '*')
+                                         : std::string(length - text.size(), ' ') + text);
+}
+
+constexpr std::array entries{
+    FunctionEntry{"kb_cast", 4, true, castCell},
+    FunctionEntry{"kb_range", 4, true, rangeChecked},
+    FunctionEntry{"kb_divide", 2, true, divided<false>},
+    FunctionEntry{"kb_modulo", 2, true, divided<true>},
+    FunctionEntry{"kb_decimal", 6, true, decimalOperation},
+    FunctionEntry{"kb_round", 4, true, rounded},
+    FunctionEntry{"kb_floor", 3, true, wholeNumber<-1>},
+    FunctionEntry{"kb_ceiling", 3, true, wholeNumber<1>},
+    FunctionEntry{"kb_str", 3, true, str},
+};
+
+}  // namespace
+
+std::span<const FunctionEntry> numberFunctions() {
+  return entries;
+}
+
+}  // namespace kebu::engine

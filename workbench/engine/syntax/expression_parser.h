@@ -1,0 +1,50 @@
+#pragma once
+
+#include <functional>
+
+#include "workbench/engine/syntax/parser.h"
+#include "workbench/engine/syntax/token_reader.h"
+
+namespace kebu::engine {
+
+/// Expressions and conditions, which T-SQL keeps apart by their place only.
+class ExpressionParser {
+ public:
+  /// `literals`: the types of the batch's literals when they are to be lifted, or null.
+  ExpressionParser(TokenReader& reader, const LiteralTypes* literals)
+      : reader_(reader), literals_(literals) {}
+
+  /// A value.
+  ast::ExprPtr expression() { return binary(0); }
+  /// A value without operators around it, where an operator's sign means something else.
+  ast::ExprPtr primary();
+  /// A condition: OR of ANDs.
+  ast::ExprPtr condition();
+  std::vector<ast::OrderItem> orderItems();
+  std::vector<ast::ExprPtr> list();
+  /// Reads a query; set by the parser of queries.
+  std::function<ast::QueryPtr()> query;
+
+ private:
+  using ExprPtr = ast::ExprPtr;
+
+  ExprPtr conjunction();
+  ExprPtr negation();
+  ExprPtr predicate();
+  ExprPtr comparisonTail(ExprPtr left);
+  ExprPtr binary(int level);
+  ExprPtr unary();
+  ExprPtr literal();
+  ExprPtr caseExpression();
+  ExprPtr castExpression();
+  ExprPtr convertExpression();
+  ExprPtr nameOrCall();
+  ExprPtr call(std::string name, std::string_view at);
+  ast::Over over();
+  bool atQuery() const;
+
+  TokenReader& reader_;
+  const LiteralTypes* literals_;
+};
+
+}  // namespace kebu::engine

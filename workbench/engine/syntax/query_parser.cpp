@@ -1,0 +1,263 @@
+#include "workbench/engine/syntax/query_parser.h"
+
+#include <array>
+#include <utility>
+
+namespace kebu::engine {
+namespace {
+
+template <class Node>
+ast::SourcePtr makeSource(std::string_view at, Node node) {
+  return std::make_shared<const ast::Source>(ast::Source{at, std::move(node)});
+}
+
+template <class Body>
+ast::QueryPtr makeQuery(std::string_view at, Body body) {
+  auto query = std::make_shared<ast::Query>();
+  query->at = at;
+  query->body = std::move(body);
+  return query;
+}
+
+}  // namespace
+
+QueryParser::QueryParser(TokenReader& reader, const LiteralTypes* literals)
+    : reader_(reader), expressions_(reader, literals) {
+  expressions_.query = [this] { return query(); };
+}
+
+bool QueryParser::atQuery() const {
+  std::size_t ahead = 0;
+  while (reader_.isSymbol("(", ahead)) ++ahead;
+  const Token& token = reader_.peek(ahead);
+  return isWord(token, "SELECT") || isWord(token, "VALUES") || isWord(token, "WITH");
+}
+
+ast::QueryPtr QueryParser::query() {
+  const auto at = reader_.peek().text;
+  std::vector<ast::Cte> ctes;
+  if (reader_.accept("WITH")) {
+    commaSeparated(reader_, [&] {
+      ast::Cte cte;
+      cte.name = reader_.name();
+      if (reader_.isSymbol("(")) cte.columns = reader_.nameList();
+      reader_.expect("AS");
+      reader_.expectSymbol("(");
+      cte.query = query();
+      reader_.expectSymbol(")");
+      ctes.push_back(std::move(cte));
+    });
+  }
+  auto body = std::make_shared<ast::Query>(*setOperations());
+  body->at = at;
+  if (!ctes.empty()) body->ctes = std::move(ctes);
+  if (reader_.accept("ORDER", "BY")) body->orderBy = expressions_.orderItems();
+  return body;
+}
+
+ast::QueryPtr QueryParser::setOperations() {
+  ast::QueryPtr left = operand();
+  while (reader_.isAny({"UNION", "EXCEPT", "INTERSECT"})) {
+    const auto at = reader_.take();
+    std::string op = isWord(at, "UNION") ? "union" : isWord(at, "EXCEPT") ? "except" : "intersect";
+    if (op == "union" && reader_.accept("ALL")) op = "union all";
+    left = makeQuery(at.text, ast::SetOp{std::move(op), left, operand()});
+  }
+  return left;
+}
+
+ast::QueryPtr QueryParser::operand() {
+  const auto at = reader_.peek().text;
+  if (reader_.acceptSymbol("(")) {
+    auto inner = query();
+    reader_.expectSymbol(")");
+    return inner;
+  }
+  if (reader_.accept("VALUES")) return makeQuery(at, ast::Values{rows()});
+  return makeQuery(at, select());
+}
+
+std::vector<std::vector<ast::ExprPtr>> QueryParser::rows() {
+  std::vector<std::vector<ast::ExprPtr>> result;
+  commaSeparated(reader_, [&] {
+    auto& row = result.emplace_back();
+    reader_.expectSymbol("(");
+    commaSeparated(reader_, [&] {
+      row.push_back(reader_.accept("DEFAULT") ? nullptr : expressions_.expression());
+    });
+    reader_.expectSymbol(")");
+  });
+  return result;
+}
+
+ast::Select QueryParser::select() {
+  ast::Select result;
+  reader_.expect("SELECT");
+  result.distinct = reader_.accept("DISTINCT");
+  if (!result.distinct) reader_.accept("ALL");
+  if (reader_.accept("TOP")) {
+    // Of "TOP 3 *" the star is every column, not a product.
+    result.top = expressions_.primary();
+    if (reader_.isAny({"PERCENT"})) reader_.fail("TOP … PERCENT is not known");
+  }
+  commaSeparated(reader_, [&] { result.items.push_back(selectItem()); });
+  if (reader_.accept("INTO")) result.into = reader_.objectName();
+  if (reader_.accept("FROM")) result.from = sources();
+  if (reader_.accept("WHERE")) result.where = expressions_.condition();
+  if (reader_.accept("GROUP", "BY")) result.groupBy = expressions_.list();
+  if (reader_.accept("HAVING")) result.having = expressions_.condition();
+  return result;
+}
+
+ast::SelectItem QueryParser::selectItem() {
+  ast::SelectItem item;
+  item.at = reader_.peek().text;
+  if (reader_.acceptSymbol("*")) return item;
+  if (reader_.atName() && reader_.isSymbol(".", 1) && reader_.isSymbol("*", 2)) {
+    item.starOf = reader_.name();
+    reader_.take();
+    reader_.take();
+    return item;
+  }
+  if (reader_.peek().kind == TokenKind::Variable && reader_.isSymbol("=", 1)) {
+    item.variable = reader_.variable();
+    reader_.take();
+    item.expr = expressions_.expression();
+    return item;
+  }
+  if (reader_.atName() && reader_.isSymbol("=", 1)) {
+    item.alias = reader_.name();
+    reader_.take();
+    item.expr = expressions_.expression();
+    return item;
+  }
+  item.expr = expressions_.expression();
+  item.alias = alias();
+  if (item.alias.empty() && reader_.peek().kind == TokenKind::Text) {
+    reader_.markStructural();
+    item.alias = textOf(reader_.take());
+  }
+  return item;
+}
+
+std::string QueryParser::alias() {
+  if (reader_.accept("AS")) {
+    if (reader_.peek().kind != TokenKind::Text) return reader_.name();
+    reader_.markStructural();
+    return textOf(reader_.take());
+  }
+  // A statement may follow without a separator; its first words are no aliases.
+  static constexpr std::array<std::string_view, 7> joins{"LEFT",  "RIGHT", "INNER", "FULL",
+                                                         "CROSS", "OUTER", "JOIN"};
+  if (!reader_.atName() || reader_.isAny(joins)) return {};
+  if (reader_.peek().kind == TokenKind::Word && isWord(reader_.peek(1), "TRAN")) return {};
+  return reader_.name();
+}
+
+void QueryParser::tableHints() {
+  const bool with = reader_.is("WITH") && reader_.isSymbol("(", 1);
+  const bool bare = reader_.isSymbol("(") && isWord(reader_.peek(1), "NOLOCK");
+  if (!with && !bare) return;
+  if (with) reader_.take();
+  reader_.expectSymbol("(");
+  commaSeparated(reader_, [&] {
+    static constexpr std::array<std::string_view, 11> known{
+        "NOLOCK",   "ROWLOCK",         "UPDLOCK",       "HOLDLOCK",     "READPAST", "TABLOCK",
+        "TABLOCKX", "READUNCOMMITTED", "READCOMMITTED", "SERIALIZABLE", "XLOCK"};
+    if (!reader_.isAny(known)) reader_.fail("A table hint that is not known");
+    reader_.take();
+  });
+  reader_.expectSymbol(")");
+}
+
+ast::SourcePtr QueryParser::sources() {
+  ast::SourcePtr left = joined();
+  while (reader_.isSymbol(",")) {
+    const auto at = reader_.take().text;
+    left = makeSource(at, ast::Join{ast::JoinKind::Cross, left, joined(), nullptr});
+  }
+  return left;
+}
+
+ast::SourcePtr QueryParser::joined() {
+  ast::SourcePtr left = singleSource();
+  while (true) {
+    const auto at = reader_.peek().text;
+    ast::JoinKind kind = ast::JoinKind::Inner;
+    if (reader_.accept("CROSS", "APPLY")) {
+      kind = ast::JoinKind::CrossApply;
+    } else if (reader_.accept("OUTER", "APPLY")) {
+      kind = ast::JoinKind::OuterApply;
+    } else if (reader_.accept("CROSS", "JOIN")) {
+      kind = ast::JoinKind::Cross;
+    } else if (reader_.isAny({"LEFT", "RIGHT", "FULL"})) {
+      kind = reader_.is("LEFT")    ? ast::JoinKind::Left
+             : reader_.is("RIGHT") ? ast::JoinKind::Right
+                                   : ast::JoinKind::Full;
+      reader_.take();
+      reader_.accept("OUTER");
+      reader_.expect("JOIN");
+    } else if (reader_.accept("INNER", "JOIN") || reader_.accept("JOIN")) {
+      kind = ast::JoinKind::Inner;
+    } else {
+      return left;
+    }
+    const bool conditional = kind == ast::JoinKind::Inner || kind == ast::JoinKind::Left ||
+                             kind == ast::JoinKind::Right || kind == ast::JoinKind::Full;
+    // "a JOIN b JOIN c ON … ON …": the inner join belongs to the right side.
+    ast::SourcePtr right = singleSource();
+    if (conditional && !reader_.is("ON")) {
+      reader_.fail("A join without its ON directly behind it is not known");
+    }
+    ast::ExprPtr on;
+    if (conditional) {
+      reader_.expect("ON");
+      on = expressions_.condition();
+    }
+    left = makeSource(at, ast::Join{kind, left, std::move(right), std::move(on)});
+  }
+}
+
+ast::SourcePtr QueryParser::singleSource() {
+  const auto at = reader_.peek().text;
+  if (reader_.isSymbol("(")) {
+    const auto start = reader_.place();
+    reader_.take();
+    if (!atQuery()) {
+      ast::SourcePtr inner = sources();
+      reader_.expectSymbol(")");
+      return inner;
+    }
+    ast::Derived derived;
+    try {
+      derived.query = query();
+    } catch (const SqlError&) {
+      // "((SELECT …) AS a JOIN …)": the parenthesis holds joins after all.
+      reader_.rewind(start);
+      reader_.take();
+      ast::SourcePtr inner = sources();
+      reader_.expectSymbol(")");
+      return inner;
+    }
+    reader_.expectSymbol(")");
+    derived.alias = alias();
+    if (derived.alias.empty()) reader_.fail();
+    if (reader_.isSymbol("(")) derived.columns = reader_.nameList();
+    return makeSource(at, std::move(derived));
+  }
+  ast::ObjectName name = reader_.objectName();
+  if (reader_.isSymbol("(") && !isWord(reader_.peek(1), "NOLOCK")) {
+    ast::FunctionRef function{std::move(name), {}, {}};
+    reader_.take();
+    if (!reader_.isSymbol(")")) function.args = expressions_.list();
+    reader_.expectSymbol(")");
+    function.alias = alias();
+    return makeSource(at, std::move(function));
+  }
+  tableHints();
+  ast::TableRef table{std::move(name), alias()};
+  tableHints();
+  return makeSource(at, std::move(table));
+}
+
+}  // namespace kebu::engine

@@ -1,0 +1,298 @@
+#include "workbench/engine/syntax/statement_parser.h"
+
+#include <array>
+#include <cstdlib>
+#include <string>
+#include <utility>
+
+#include "common/convert.h"
+
+namespace kebu::engine {
+namespace {
+
+template <class Node>
+ast::StatementPtr make(std::string_view at, Node node) {
+  return std::make_shared<const ast::Statement>(ast::Statement{at, std::move(node)});
+}
+
+}  // namespace
+
+std::vector<ast::StatementPtr> StatementParser::statementsToEnd() {
+  std::vector<ast::StatementPtr> statements;
+  while (true) {
+    while (reader_.acceptSymbol(";")) {
+    }
+    if (reader_.atEnd()) return statements;
+    statements.push_back(statement());
+  }
+}
+
+ast::StatementPtr StatementParser::statement() {
+  const auto at = reader_.peek().text;
+  auto& expressions = queries_.expressions();
+  if (queries_.atQuery()) return make(at, queries_.query());
+  if (reader_.accept("INSERT")) return make(at, insert());
+  if (reader_.accept("UPDATE")) return make(at, update());
+  if (reader_.accept("DELETE")) return make(at, deleteRows());
+  if (reader_.accept("MERGE")) return make(at, merge());
+  if (reader_.accept("DECLARE")) return make(at, declare());
+  if (reader_.accept("SET")) return set();
+  if (reader_.is("BEGIN") && !isWord(reader_.peek(1), "TRAN") &&
+      !isWord(reader_.peek(1), "TRANSACTION") && !isWord(reader_.peek(1), "TRY")) {
+    reader_.take();
+    return make(at, block());
+  }
+  if (reader_.accept("IF")) {
+    ast::If result{expressions.condition(), statement(), nullptr};
+    const auto place = reader_.place();
+    while (reader_.acceptSymbol(";")) {
+    }
+    if (reader_.accept("ELSE")) {
+      result.otherwise = statement();
+    } else {
+      reader_.rewind(place);
+    }
+    return make(at, std::move(result));
+  }
+  if (reader_.accept("WHILE")) {
+    ExprPtr condition = expressions.condition();
+    return make(at, ast::While{std::move(condition), statement()});
+  }
+  if (reader_.is("CREATE") || reader_.is("ALTER")) return create();
+  if (reader_.accept("DROP")) return make(at, drop());
+  if (reader_.accept("TRUNCATE")) {
+    reader_.expect("TABLE");
+    return make(at, ast::Truncate{reader_.objectName()});
+  }
+  if (reader_.accept("EXEC") || reader_.accept("EXECUTE")) return make(at, exec());
+  if (reader_.accept("RETURN")) {
+    ast::Return result;
+    const bool hasValue = isLiteral(reader_.peek()) || reader_.peek().kind == TokenKind::Variable ||
+                          reader_.isSymbol("(") || reader_.isSymbol("-") || reader_.is("CASE") ||
+                          (reader_.atName() && reader_.isSymbol("(", 1));
+    if (hasValue) result.value = expressions.expression();
+    return make(at, std::move(result));
+  }
+  if (reader_.accept("BREAK")) return make(at, ast::LoopExit{false});
+  if (reader_.accept("CONTINUE")) return make(at, ast::LoopExit{true});
+  if (reader_.accept("PRINT")) {
+    expressions.expression();
+    return make(at, ast::Nothing{});
+  }
+  if (reader_.is("RAISERROR") || reader_.is("THROW")) return raise();
+  if (reader_.accept("USE")) {
+    reader_.name();
+    return make(at, ast::Nothing{});
+  }
+  // A procedure's name alone may begin a batch.
+  if (reader_.atName() && reader_.literalsBefore() == 0 &&
+      at.data() == reader_.batch().data() + reader_.batch().find_first_not_of(" \t\r\n") &&
+      reader_.peek().kind == TokenKind::Word && (reader_.peek(1).kind == TokenKind::End)) {
+    return make(at, exec());
+  }
+  reader_.fail("A statement that is not known");
+}
+
+ast::Block StatementParser::block() {
+  ast::Block result;
+  while (true) {
+    while (reader_.acceptSymbol(";")) {
+    }
+    if (reader_.accept("END")) return result;
+    if (reader_.atEnd()) reader_.fail();
+    result.statements.push_back(statement());
+  }
+}
+
+ast::Declare StatementParser::declare() {
+  ast::Declare result;
+  commaSeparated(reader_, [&] {
+    ast::Declaration variable;
+    variable.name = reader_.variable();
+    reader_.accept("AS");
+    variable.type = reader_.type();
+    if (reader_.acceptSymbol("=")) variable.value = queries_.expressions().expression();
+    result.variables.push_back(std::move(variable));
+  });
+  return result;
+}
+
+ast::StatementPtr StatementParser::set() {
+  const auto at = reader_.peek().text;
+  if (reader_.peek().kind == TokenKind::Variable) {
+    std::string name = reader_.variable();
+    static constexpr std::array<std::string_view, 4> compound{"+=", "-=", "*=", "/="};
+    for (const auto symbol : compound) {
+      if (!reader_.acceptSymbol(symbol)) continue;
+      const auto variable = std::make_shared<const ast::Expr>(ast::Expr{at, ast::Variable{name}});
+      auto sum = std::make_shared<const ast::Expr>(
+          ast::Expr{at, ast::Binary{std::string(1, symbol.front()), variable,
+                                    queries_.expressions().expression()}});
+      return make(at, ast::SetVariable{std::move(name), std::move(sum)});
+    }
+    reader_.expectSymbol("=");
+    return make(at, ast::SetVariable{std::move(name), queries_.expressions().expression()});
+  }
+  if (reader_.accept("IDENTITY_INSERT")) {
+    ast::ObjectName table = reader_.objectName();
+    const bool on = reader_.accept("ON");
+    if (!on && !reader_.accept("OFF")) reader_.fail();
+    return make(at, ast::SetIdentityInsert{std::move(table), on});
+  }
+  static constexpr std::array<std::string_view, 7> switches{
+      "NOCOUNT",      "XACT_ABORT",    "ANSI_NULLS", "QUOTED_IDENTIFIER",
+      "ANSI_PADDING", "ANSI_WARNINGS", "ARITHABORT"};
+  if (!reader_.isAny(switches)) reader_.fail("A setting that is not known");
+  reader_.take();
+  if (!reader_.accept("ON") && !reader_.accept("OFF")) reader_.fail();
+  return make(at, ast::Nothing{});
+}
+
+ast::Insert StatementParser::insert() {
+  ast::Insert result;
+  reader_.accept("INTO");
+  result.table = reader_.objectName();
+  if (reader_.isSymbol("(") && !isWord(reader_.peek(1), "SELECT"))
+    result.columns = reader_.nameList();
+  if (reader_.accept("DEFAULT", "VALUES")) return result;
+  if (!queries_.atQuery()) reader_.fail();
+  result.query = queries_.query();
+  return result;
+}
+
+ast::ExprPtr StatementParser::valueOrDefault() {
+  return reader_.accept("DEFAULT") ? nullptr : queries_.expressions().expression();
+}
+
+std::vector<ast::Assignment> StatementParser::assignments() {
+  std::vector<ast::Assignment> result;
+  commaSeparated(reader_, [&] {
+    ast::ObjectName column = reader_.objectName();
+    reader_.expectSymbol("=");
+    result.push_back({column.last(), valueOrDefault(), column.at});
+  });
+  return result;
+}
+
+ast::Update StatementParser::update() {
+  ast::Update result;
+  result.table = reader_.objectName();
+  reader_.expect("SET");
+  result.set = assignments();
+  if (reader_.accept("FROM")) result.from = queries_.sources();
+  if (reader_.accept("WHERE")) result.where = queries_.expressions().condition();
+  return result;
+}
+
+ast::Delete StatementParser::deleteRows() {
+  ast::Delete result;
+  reader_.accept("FROM");
+  result.table = reader_.objectName();
+  if (reader_.accept("FROM")) result.from = queries_.sources();
+  if (reader_.accept("WHERE")) result.where = queries_.expressions().condition();
+  return result;
+}
+
+ast::Merge StatementParser::merge() {
+  ast::Merge result;
+  reader_.accept("INTO");
+  result.table = reader_.objectName();
+  if (reader_.accept("AS")) {
+    result.alias = reader_.name();
+  } else if (reader_.atName() && !reader_.is("USING")) {
+    result.alias = reader_.name();
+  }
+  reader_.expect("USING");
+  result.source = queries_.singleSource();
+  reader_.expect("ON");
+  result.on = queries_.expressions().condition();
+  while (reader_.is("WHEN")) result.branches.push_back(mergeBranch());
+  if (result.branches.empty()) reader_.fail();
+  if (!reader_.isSymbol(";")) reader_.fail("A MERGE must end with a semicolon; incorrect syntax");
+  return result;
+}
+
+ast::MergeBranch StatementParser::mergeBranch() {
+  using When = ast::MergeBranch::When;
+  using Action = ast::MergeBranch::Action;
+  ast::MergeBranch branch{};
+  reader_.expect("WHEN");
+  if (reader_.accept("MATCHED")) {
+    branch.when = When::Matched;
+  } else {
+    reader_.expect("NOT");
+    reader_.expect("MATCHED");
+    const bool bySource = reader_.accept("BY", "SOURCE");
+    if (!bySource) reader_.accept("BY", "TARGET");
+    branch.when = bySource ? When::NotMatchedBySource : When::NotMatchedByTarget;
+  }
+  if (reader_.accept("AND")) branch.condition = queries_.expressions().condition();
+  reader_.expect("THEN");
+  if (branch.when == When::NotMatchedByTarget) {
+    reader_.expect("INSERT");
+    branch.action = Action::Insert;
+    if (reader_.isSymbol("(")) branch.columns = reader_.nameList();
+    reader_.expect("VALUES");
+    reader_.expectSymbol("(");
+    commaSeparated(reader_, [&] { branch.values.push_back(valueOrDefault()); });
+    reader_.expectSymbol(")");
+  } else if (reader_.accept("DELETE")) {
+    branch.action = Action::Delete;
+  } else {
+    reader_.expect("UPDATE");
+    reader_.expect("SET");
+    branch.action = Action::Update;
+    branch.set = assignments();
+  }
+  return branch;
+}
+
+ast::Exec StatementParser::exec() {
+  ast::Exec result{reader_.objectName(), {}};
+  const auto atArgument = [&] {
+    return isLiteral(reader_.peek()) || reader_.peek().kind == TokenKind::Variable ||
+           reader_.peek().kind == TokenKind::Parameter || reader_.isSymbol("-") ||
+           reader_.is("NULL") || reader_.is("DEFAULT");
+  };
+  if (!atArgument()) return result;
+  commaSeparated(reader_, [&] {
+    if (!atArgument()) reader_.fail();
+    ast::Argument argument;
+    if (reader_.peek().kind == TokenKind::Variable && reader_.isSymbol("=", 1)) {
+      argument.name = reader_.variable();
+      reader_.take();
+    }
+    argument.value = valueOrDefault();
+    result.args.push_back(std::move(argument));
+  });
+  return result;
+}
+
+ast::StatementPtr StatementParser::raise() {
+  const auto at = reader_.peek().text;
+  ast::Raise result;
+  if (reader_.accept("THROW")) {
+    if (!isLiteral(reader_.peek())) reader_.fail("THROW without arguments is not known");
+    queries_.expressions().expression();
+    reader_.expectSymbol(",");
+    result.message = queries_.expressions().expression();
+    reader_.expectSymbol(",");
+    queries_.expressions().expression();
+    return make(at, std::move(result));
+  }
+  reader_.expect("RAISERROR");
+  reader_.expectSymbol("(");
+  result.message = queries_.expressions().expression();
+  while (reader_.acceptSymbol(",")) queries_.expressions().expression();
+  reader_.expectSymbol(")");
+  return make(at, std::move(result));
+}
+
+std::string_view StatementParser::textSince(std::string_view from) const {
+  const auto start = static_cast<std::size_t>(from.data() - reader_.batch().data());
+  const auto end = static_cast<std::size_t>(reader_.peek().text.data() - reader_.batch().data());
+  std::string_view text = reader_.batch().substr(start, end - start);
+  return text.substr(0, text.find_last_not_of(" \t\r\n") + 1);
+}
+
+}  // namespace kebu::engine

@@ -1,0 +1,197 @@
+#include "workbench/engine/syntax/token_reader.h"
+
+#include <algorithm>
+#include <array>
+#include <charconv>
+
+#include "common/convert.h"
+
+namespace kebu::engine {
+namespace {
+
+// Words that end an expression or begin a clause, and so are never plain names or aliases.
+constexpr std::array reserved{
+    "ADD",       "ALL",     "ALTER",  "AND",     "APPLY",      "AS",       "ASC",     "BEGIN",
+    "BETWEEN",   "BREAK",   "BY",     "CASE",    "CONSTRAINT", "CONTINUE", "CREATE",  "CROSS",
+    "DECLARE",   "DEFAULT", "DELETE", "DESC",    "DISTINCT",   "DROP",     "ELSE",    "END",
+    "ESCAPE",    "EXCEPT",  "EXEC",   "EXECUTE", "EXISTS",     "FOR",      "FROM",    "FULL",
+    "GO",        "GOTO",    "GROUP",  "HAVING",  "IF",         "IN",       "INNER",   "INSERT",
+    "INTERSECT", "INTO",    "IS",     "JOIN",    "LIKE",       "MERGE",    "NOT",     "NULL",
+    "ON",        "OPTION",  "OR",     "ORDER",   "OUTER",      "OVER",     "PRIMARY", "PRINT",
+    "RAISERROR", "RETURN",  "SELECT", "SET",     "TABLE",      "THEN",     "TOP",     "TRUNCATE",
+    "UNION",     "UNIQUE",  "UPDATE", "USING",   "VALUES",     "WHEN",     "WHERE",   "WHILE",
+    "WITH"};
+
+struct TypeName {
+  std::string_view name;
+  TypeKind kind;
+};
+constexpr std::array typeNames{TypeName{"BIT", TypeKind::Bit},
+                               TypeName{"TINYINT", TypeKind::TinyInt},
+                               TypeName{"SMALLINT", TypeKind::SmallInt},
+                               TypeName{"INT", TypeKind::Int},
+                               TypeName{"INTEGER", TypeKind::Int},
+                               TypeName{"BIGINT", TypeKind::BigInt},
+                               TypeName{"DECIMAL", TypeKind::Decimal},
+                               TypeName{"NUMERIC", TypeKind::Decimal},
+                               TypeName{"DEC", TypeKind::Decimal},
+                               TypeName{"CHAR", TypeKind::Char},
+                               TypeName{"VARCHAR", TypeKind::VarChar},
+                               TypeName{"NCHAR", TypeKind::NChar},
+                               TypeName{"NVARCHAR", TypeKind::NVarChar},
+                               TypeName{"SYSNAME", TypeKind::NVarChar},
+                               TypeName{"TEXT", TypeKind::VarChar},
+                               TypeName{"NTEXT", TypeKind::NVarChar},
+                               TypeName{"MONEY", TypeKind::Decimal},
+                               TypeName{"SMALLMONEY", TypeKind::Decimal},
+                               TypeName{"DATE", TypeKind::Date},
+                               TypeName{"DATETIME", TypeKind::DateTime},
+                               TypeName{"SMALLDATETIME", TypeKind::DateTime},
+                               TypeName{"DATETIME2", TypeKind::DateTime},
+                               TypeName{"UNIQUEIDENTIFIER", TypeKind::Guid}};
+
+template <class Range, class Projection>
+auto find(const Range& range, std::string_view name, Projection projection) {
+  return std::find_if(range.begin(), range.end(),
+                      [&](const auto& item) { return equalsIgnoringCase(projection(item), name); });
+}
+
+}  // namespace
+
+const Token& TokenReader::peek(std::size_t ahead) const {
+  return tokens_[std::min(place_.token + ahead, tokens_.size() - 1)];
+}
+
+Token TokenReader::take() {
+  const Token token = peek();
+  if (!atEnd()) ++place_.token;
+  if (isLiteral(token) || token.kind == TokenKind::Parameter) ++place_.literals;
+  return token;
+}
+
+bool TokenReader::isAny(std::span<const std::string_view> keywords) const {
+  return std::any_of(keywords.begin(), keywords.end(),
+                     [this](auto keyword) { return is(keyword); });
+}
+
+bool TokenReader::isSymbol(std::string_view symbol, std::size_t ahead) const {
+  const Token& token = peek(ahead);
+  return token.kind == TokenKind::Symbol && token.text == symbol;
+}
+
+bool TokenReader::accept(std::string_view keyword) {
+  if (!is(keyword)) return false;
+  ++place_.token;
+  return true;
+}
+
+bool TokenReader::accept(std::string_view first, std::string_view second) {
+  if (!is(first) || !isWord(peek(1), second)) return false;
+  place_.token += 2;
+  return true;
+}
+
+bool TokenReader::acceptSymbol(std::string_view symbol) {
+  if (!isSymbol(symbol)) return false;
+  ++place_.token;
+  return true;
+}
+
+void TokenReader::expect(std::string_view keyword) {
+  if (!accept(keyword)) fail();
+}
+
+void TokenReader::expectSymbol(std::string_view symbol) {
+  if (!acceptSymbol(symbol)) fail();
+}
+
+bool TokenReader::atName() const {
+  const Token& token = peek();
+  if (token.kind == TokenKind::Name) return true;
+  return token.kind == TokenKind::Word &&
+         find(reserved, token.text, [](const char* word) { return word; }) == reserved.end();
+}
+
+std::string TokenReader::name() {
+  if (!atName()) fail();
+  return nameOf(take());
+}
+
+ast::ObjectName TokenReader::objectName() {
+  ast::ObjectName result;
+  result.at = peek().text;
+  result.parts.push_back(name());
+  while (acceptSymbol(".")) {
+    if (isSymbol(".")) {
+      result.parts.emplace_back();
+      continue;
+    }
+    result.at = peek().text;
+    result.parts.push_back(name());
+  }
+  return result;
+}
+
+std::vector<std::string> TokenReader::nameList() {
+  std::vector<std::string> names;
+  expectSymbol("(");
+  commaSeparated(*this, [&] { names.push_back(name()); });
+  expectSymbol(")");
+  return names;
+}
+
+std::string TokenReader::variable() {
+  if (peek().kind != TokenKind::Variable) fail();
+  return toUpperAscii(take().text);
+}
+
+int TokenReader::wholeNumber() {
+  if (peek().kind != TokenKind::Integer) fail();
+  markStructural();
+  const std::string_view text = peek().text;
+  int number = 0;
+  const auto result = std::from_chars(text.data(), text.data() + text.size(), number);
+  if (result.ec != std::errc()) fail("A number out of range");
+  take();
+  return number;
+}
+
+SqlType TokenReader::type(int defaultSize) {
+  if (peek().kind != TokenKind::Word && peek().kind != TokenKind::Name) fail();
+  const std::string text = nameOf(peek());
+  const auto found = find(typeNames, text, [](const TypeName& type) { return type.name; });
+  if (found == typeNames.end()) {
+    throw errorAt(batch_, peek().text, 2715, "Cannot find data type " + text);
+  }
+  take();
+  SqlType result{found->kind};
+  const auto is = [&](std::string_view word) { return found->name == word; };
+  if (is("MONEY")) return SqlType::decimal(19, 4);
+  if (is("SMALLMONEY")) return SqlType::decimal(10, 4);
+  if (is("SYSNAME")) result.size = 128;
+  if (is("TEXT") || is("NTEXT")) result.size = -1;
+  if (result.kind == TypeKind::Decimal) result.precision = 18;
+  if (result.isText() && result.size == 0) result.size = defaultSize;
+  if (!acceptSymbol("(")) return result;
+  if (accept("MAX")) {
+    result.size = -1;
+  } else if (result.kind == TypeKind::Decimal) {
+    result.precision = wholeNumber();
+    if (acceptSymbol(",")) result.scale = wholeNumber();
+    if (result.precision < 1 || result.precision > 38 || result.scale > result.precision ||
+        result.scale > Decimal::maxScale) {
+      fail("A precision or scale that decimals do not have");
+    }
+  } else {
+    const int size = wholeNumber();
+    if (result.isText()) result.size = size;  // datetime2(n) has a size as well, without effect
+  }
+  expectSymbol(")");
+  return result;
+}
+
+void TokenReader::fail(const std::string& what) const {
+  throw errorAt(batch_, peek().text, 102, what);
+}
+
+}  // namespace kebu::engine

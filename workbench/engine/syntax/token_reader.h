@@ -1,0 +1,81 @@
+#pragma once
+
+#include <cstddef>
+#include <initializer_list>
+#include <span>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "workbench/engine/syntax/ast.h"
+#include "workbench/engine/syntax/lexer.h"
+
+namespace kebu::engine {
+
+/// The tokens of a batch with a current one: what every part of the parser reads from.
+class TokenReader {
+ public:
+  TokenReader(std::string_view batch, const std::vector<Token>& tokens)
+      : batch_(batch), tokens_(tokens) {}
+
+  const Token& peek(std::size_t ahead = 0) const;
+  Token take();
+  /// How many literals stand before the current token.
+  int literalsBefore() const { return place_.literals; }
+  /// A place to come back to.
+  struct Place {
+    std::size_t token = 0;
+    int literals = 0;
+  };
+  Place place() const { return place_; }
+  void rewind(Place place) { place_ = place; }
+  bool atEnd() const { return peek().kind == TokenKind::End; }
+
+  bool is(std::string_view keyword) const { return isWord(peek(), keyword); }
+  bool isAny(std::span<const std::string_view> keywords) const;
+  bool isAny(std::initializer_list<std::string_view> keywords) const {
+    return isAny(std::span(keywords.begin(), keywords.size()));
+  }
+  bool isSymbol(std::string_view symbol, std::size_t ahead = 0) const;
+  /// Takes the keyword (or all the keywords in a row), if it is next.
+  bool accept(std::string_view keyword);
+  bool accept(std::string_view first, std::string_view second);
+  bool acceptSymbol(std::string_view symbol);
+  void expect(std::string_view keyword);
+  void expectSymbol(std::string_view symbol);
+
+  /// A name that is no reserved word.
+  std::string name();
+  bool atName() const;
+  /// name[.name…], also with empty parts ("tempdb..x").
+  ast::ObjectName objectName();
+  /// ( name, name … )
+  std::vector<std::string> nameList();
+  std::string variable();
+  /// A number that is part of the statement's form: not lifted.
+  int wholeNumber();
+  /// A type's name; a text without a size has `defaultSize` characters.
+  SqlType type(int defaultSize = 1);
+
+  [[noreturn]] void fail(const std::string& what = "Incorrect syntax") const;
+  std::string_view batch() const { return batch_; }
+  /// Whether a literal was read as part of the form.
+  bool readStructuralLiteral() const { return structural_; }
+  void markStructural() { structural_ = true; }
+
+ private:
+  std::string_view batch_;
+  const std::vector<Token>& tokens_;
+  Place place_;
+  bool structural_ = false;
+};
+
+/// Runs `item` once and again after every comma.
+template <class Item>
+void commaSeparated(TokenReader& reader, Item&& item) {
+  do {
+    item();
+  } while (reader.acceptSymbol(","));
+}
+
+}  // namespace kebu::engine

@@ -1,0 +1,269 @@
+#include "workbench/engine/values/cast.h"
+
+#include <algorithm>
+#include <array>
+#include <charconv>
+#include <cstdio>
+#include <string>
+#include <utility>
+
+#include "common/convert.h"
+#include "workbench/engine/values/cell.h"
+#include "workbench/engine/values/sql_error.h"
+
+namespace kebu::engine {
+namespace {
+
+SqlError overflow(const SqlType& to) {
+  return {8115,
+          "Arithmetic overflow error converting expression to data type " + to.declaration() + "."};
+}
+
+SqlError notConvertible(const SqlType& to) {
+  return {529, "Explicit conversion to data type " + to.declaration() + " is not allowed."};
+}
+
+std::optional<Decimal> numberIn(std::string_view text) {
+  const std::string trimmed = trim(text);
+  if (trimmed.empty()) return Decimal();
+  std::string_view digits = trimmed;
+  if (digits.front() == '+') digits.remove_prefix(1);
+  std::string complete(digits);
+  const std::size_t sign = complete.starts_with('-') ? 1 : 0;
+  if (complete.substr(sign).starts_with('.')) complete.insert(sign, 1, '0');
+  if (complete.ends_with('.')) complete.pop_back();
+  return Decimal::parse(complete);
+}
+
+/// Any value as a decimal; nothing for a text that is no number.
+std::optional<Decimal> decimalOf(const Value& value) {
+  if (value.isText()) return numberIn(value.as<std::string>());
+  if (value.holds<Decimal>()) return value.as<Decimal>();
+  if (value.holds<bool>()) return Decimal(value.as<bool>() ? 1 : 0);
+  if (value.holds<std::int16_t>()) return Decimal(value.as<std::int16_t>());
+  if (value.holds<std::int32_t>()) return Decimal(value.as<std::int32_t>());
+  return std::nullopt;
+}
+
+Value wholeNumber(std::int64_t number, const SqlType& to) {
+  if (to.kind == TypeKind::Bit) return number != 0;
+  if (number < leastOf(to.kind) || number > greatestOf(to.kind)) throw overflow(to);
+  return valueOf(Cell::of(number), to);
+}
+
+Value toInteger(const Value& value, const SqlType& to) {
+  if (value.holds<std::int16_t>()) return wholeNumber(value.as<std::int16_t>(), to);
+  if (value.holds<std::int32_t>()) return wholeNumber(value.as<std::int32_t>(), to);
+  if (value.isText() && to.kind == TypeKind::Bit) {
+    if (equalsIgnoringCase(value.as<std::string>(), "true")) return true;
+    if (equalsIgnoringCase(value.as<std::string>(), "false")) return false;
+  }
+  const auto number = decimalOf(value);
+  if (value.isText() && (!number || number->scale() > 0)) {
+    throw SqlError(245, "Conversion failed when converting the varchar value '" +
+                            value.as<std::string>() + "' to data type " + to.declaration() + ".");
+  }
+  if (!number) throw notConvertible(to);
+  if (to.kind == TypeKind::Bit) return !number->isZero();
+  const auto whole = number->truncated(0).unscaledAt(0);
+  if (!whole) throw overflow(to);
+  return wholeNumber(*whole, to);
+}
+
+Value toDecimal(const Value& value, const SqlType& to) {
+  const auto number = decimalOf(value);
+  if (!number && value.isText())
+    throw SqlError(8114, "Error converting data type varchar to numeric.");
+  if (!number) throw notConvertible(to);
+  const Decimal rounded = number->roundedAway(to.scale);
+  // Compared as text: the bound itself may have more digits than a decimal holds.
+  const std::string digits = rounded.truncated(0).toString();
+  const auto whole = static_cast<int>(digits.size()) - (digits.starts_with('-') ? 1 : 0);
+  const bool zero = rounded.truncated(0).isZero();
+  if (rounded.scale() != to.scale || (!zero && whole > to.precision - to.scale)) throw overflow(to);
+  return rounded;
+}
+
+std::string dateText(const Date& date, int style) {
+  const auto format = [&](const char* pattern, auto... parts) {
+    std::array<char, 40> buffer{};
+    std::snprintf(buffer.data(), buffer.size(), pattern, parts...);
+    return std::string(buffer.data());
+  };
+  const int year = date.year;
+  switch (style) {
+    case 101:
+      return format("%02d/%02d/%04d", date.month, date.day, year);
+    case 103:
+      return format("%02d/%02d/%04d", date.day, date.month, year);
+    case 104:
+      return format("%02d.%02d.%04d", date.day, date.month, year);
+    case 105:
+      return format("%02d-%02d-%04d", date.day, date.month, year);
+    case 108:
+      return format("%02d:%02d:%02d", date.hour, date.minute, date.second);
+    case 111:
+      return format("%04d/%02d/%02d", year, date.month, date.day);
+    case 112:
+      return date.toAnsi();
+    case 120:
+      return date.toIso().substr(0, 19);
+    case 121:
+      return date.toIso();
+    case 23:
+      return date.toIso().substr(0, 10);
+    case 126: {
+      std::string text = date.toIso();
+      text[10] = 'T';
+      return text;
+    }
+    case 0:
+    case 100: {
+      static constexpr std::array months{"Jan", "Feb", "Mar", "Apr", "May", "Jun",
+                                         "Jul", "Aug", "Sep", "Oct", "Nov", "Dec"};
+      const int hour = date.hour % 12 == 0 ? 12 : date.hour % 12;
+      return format("%s %2d %04d %2d:%02d%s", months.at(date.month - 1U), date.day, year, hour,
+                    date.minute, date.hour < 12 ? "AM" : "PM");
+    }
+    default:
+      throw SqlError(281, std::to_string(style) + " is not a style that is known for dates.");
+  }
+}
+
+std::string plainText(const Value& value, const SqlType& to, int style) {
+  if (value.holds<Date>()) return dateText(value.as<Date>(), style);
+  const auto number = decimalOf(value);
+  if (!number) throw notConvertible(to);
+  return number->toString();
+}
+
+Value toTextOfType(const Value& value, const SqlType& to, int style) {
+  std::string text = value.isText() ? value.as<std::string>() : plainText(value, to, style);
+  if (to.size < 0) return text;
+  const auto size = static_cast<std::size_t>(to.size);
+  const std::size_t length = characterCount(text);
+  if (length > size) {
+    if (value.holds<Decimal>()) throw overflow(to);
+    // An integer that does not fit is shown by an asterisk.
+    if (!value.isText() && !value.holds<Date>()) return "*";
+    text.resize(firstCharacters(text, size).size());
+  } else if (to.kind == TypeKind::Char || to.kind == TypeKind::NChar) {
+    text.append(size - length, ' ');
+  }
+  return text;
+}
+
+Value toDateOfType(const Value& value, const SqlType& to) {
+  Date date;
+  if (value.holds<Date>()) {
+    date = value.as<Date>();
+  } else if (value.isText()) {
+    const auto parsed = parseSqlDate(value.as<std::string>());
+    if (!parsed) {
+      throw SqlError(241,
+                     "Conversion failed when converting date and/or time from character string.");
+    }
+    date = *parsed;
+  } else {
+    // Numbers count days from 1900.
+    constexpr std::int64_t millisecondsPerDay = 86'400'000;
+    const auto number = decimalOf(value);
+    if (!number) throw notConvertible(to);
+    const std::int64_t since1900 = (*number * Decimal(millisecondsPerDay)).rounded(0).toInt64();
+    date = dateFromMilliseconds(since1900 + millisecondsOf(*Date::make(1900, 1, 1)));
+  }
+  if (to.kind == TypeKind::Date) return *Date::make(date.year, date.month, date.day);
+  return date;
+}
+
+Value toGuid(const Value& value) {
+  std::string text = value.isText() ? trim(value.as<std::string>()) : std::string();
+  if (text.size() == 38 && text.front() == '{' && text.back() == '}') text = text.substr(1, 36);
+  bool valid = text.size() == 36;
+  for (std::size_t i = 0; valid && i < text.size(); ++i) {
+    const bool dash = i == 8 || i == 13 || i == 18 || i == 23;
+    valid =
+        dash ? text[i] == '-'
+             : std::string_view("0123456789abcdefABCDEF").find(text[i]) != std::string_view::npos;
+  }
+  if (!valid) {
+    throw SqlError(
+        8169, "Conversion failed when converting from a character string to uniqueidentifier.");
+  }
+  return toUpperAscii(text);
+}
+
+/// Takes up to `digits` digits off the front; nothing without any.
+std::optional<int> takeNumber(std::string_view& text, std::size_t digits) {
+  const std::size_t count = std::min({text.find_first_not_of("0123456789"), digits, text.size()});
+  int number = 0;
+  const auto result = std::from_chars(text.data(), text.data() + count, number);
+  if (result.ec != std::errc()) return std::nullopt;
+  text.remove_prefix(count);
+  return number;
+}
+
+bool takeOneOf(std::string_view& text, std::string_view characters) {
+  if (text.empty() || characters.find(text.front()) == std::string_view::npos) return false;
+  text.remove_prefix(1);
+  return true;
+}
+
+}  // namespace
+
+std::string_view firstCharacters(std::string_view utf8, std::size_t count) {
+  std::size_t end = 0;
+  for (; end < utf8.size(); ++end) {
+    if ((utf8[end] & 0xC0) == 0x80) continue;
+    if (count == 0) break;
+    --count;
+  }
+  return utf8.substr(0, end);
+}
+
+std::optional<Date> parseSqlDate(std::string_view input) {
+  const std::string trimmed = trim(input);
+  std::string_view text = trimmed;
+  if (text.empty()) return Date::make(1900, 1, 1);
+  std::optional<int> month;
+  std::optional<int> day;
+  const auto year = takeNumber(text, 4);
+  const bool separated = takeOneOf(text, "-/.");
+  month = takeNumber(text, 2);
+  if (separated && !takeOneOf(text, "-/.")) return std::nullopt;
+  day = takeNumber(text, 2);
+  if (!year || *year < 1000 || !month || !day) return std::nullopt;
+  std::array<int, 4> time{};
+  if (!text.empty()) {
+    if (!takeOneOf(text, " T")) return std::nullopt;
+    while (takeOneOf(text, " ")) {
+    }
+    for (std::size_t part = 0; part < 3 && !text.empty(); ++part) {
+      if (part > 0 && !takeOneOf(text, ":")) break;
+      const auto number = takeNumber(text, 2);
+      if (!number) return std::nullopt;
+      time.at(part) = *number;
+    }
+    if (takeOneOf(text, ".")) {
+      std::string digits(
+          text.substr(0, std::min(text.find_first_not_of("0123456789"), text.size())));
+      text.remove_prefix(digits.size());
+      digits.resize(3, '0');
+      std::from_chars(digits.data(), digits.data() + 3, time[3]);
+    }
+    if (!text.empty()) return std::nullopt;
+  }
+  return Date::make(*year, *month, *day, time[0], time[1], time[2], time[3]);
+}
+
+Value castTo(const Value& value, const SqlType& to, int style) {
+  if (value.isNull() || value.isEmpty()) return Null{};
+  if (to.isInteger()) return toInteger(value, to);
+  if (to.isText()) return toTextOfType(value, to, style);
+  if (to.isDate()) return toDateOfType(value, to);
+  if (to.kind == TypeKind::Decimal) return toDecimal(value, to);
+  if (to.kind == TypeKind::Guid) return toGuid(value);
+  return value;
+}
+
+}  // namespace kebu::engine

@@ -1,0 +1,166 @@
+#include "workbench/engine/values/types.h"
+
+#include <algorithm>
+#include <array>
+#include <cstddef>
+#include <limits>
+#include <utility>
+
+namespace kebu::engine {
+namespace {
+
+struct KindInfo {
+  const char* name;
+  int digits;  ///< of integers
+  ado::DataType ado;
+};
+
+constexpr std::array<KindInfo, 14> kinds{{
+    {"int", 0, ado::DataType::Integer},
+    {"char", 0, ado::DataType::Char},
+    {"varchar", 0, ado::DataType::VarChar},
+    {"nchar", 0, ado::DataType::WChar},
+    {"nvarchar", 0, ado::DataType::VarWChar},
+    {"uniqueidentifier", 0, ado::DataType::Guid},
+    {"bit", 1, ado::DataType::Boolean},
+    {"tinyint", 3, ado::DataType::UnsignedTinyInt},
+    {"smallint", 5, ado::DataType::SmallInt},
+    {"int", 10, ado::DataType::Integer},
+    {"bigint", 19, ado::DataType::Numeric},
+    {"decimal", 0, ado::DataType::Numeric},
+    {"date", 0, ado::DataType::DBTimeStamp},
+    {"datetime", 0, ado::DataType::DBTimeStamp},
+}};
+
+const KindInfo& infoOf(TypeKind kind) {
+  return kinds.at(static_cast<std::size_t>(kind));
+}
+
+constexpr int maxPrecision = 38;
+
+}  // namespace
+
+SqlType SqlType::decimal(int precision, int scale) {
+  if (precision > maxPrecision) {
+    // The whole digits are kept; six digits after the point stay in any case.
+    const int whole = precision - scale;
+    scale = std::min(scale, std::max(maxPrecision - whole, 6));
+    precision = maxPrecision;
+  }
+  // Beyond this nothing can be stored anyway: decimals have 28 digits.
+  return {TypeKind::Decimal, precision, std::min(scale, Decimal::maxScale), 0};
+}
+
+SqlType SqlType::asDecimal() const {
+  if (kind == TypeKind::Decimal) return *this;
+  if (kind == TypeKind::Int && precision > 0) return {TypeKind::Decimal, precision, 0, 0};
+  return {TypeKind::Decimal, std::max(infoOf(kind).digits, 1), 0, 0};
+}
+
+std::string SqlType::declaration() const {
+  std::string text = infoOf(kind).name;
+  if (kind == TypeKind::Decimal) {
+    text += "(" + std::to_string(precision) + "," + std::to_string(scale) + ")";
+  } else if (isText()) {
+    text += size < 0 ? "(max)" : "(" + std::to_string(std::max(size, 1)) + ")";
+  }
+  return text;
+}
+
+std::int64_t SqlType::code() const {
+  return static_cast<std::int64_t>(kind) | static_cast<std::int64_t>(precision) << 8 |
+         static_cast<std::int64_t>(scale) << 16 | static_cast<std::int64_t>(size + 1) << 24;
+}
+
+SqlType SqlType::fromCode(std::int64_t code) {
+  return {static_cast<TypeKind>(code & 0xff), static_cast<int>(code >> 8 & 0xff),
+          static_cast<int>(code >> 16 & 0xff), static_cast<int>(code >> 24) - 1};
+}
+
+ado::Field SqlType::field(std::string name) const {
+  ado::Field field;
+  field.name = std::move(name);
+  field.type = infoOf(kind).ado;
+  if (isText()) field.definedSize = size < 0 ? -1 : std::max(size, 1);
+  if (isNumber()) {
+    const SqlType number = kind == TypeKind::Int ? integer().asDecimal() : asDecimal();
+    field.precision = static_cast<std::uint8_t>(number.precision);
+    field.numericScale = static_cast<std::uint8_t>(number.scale);
+  }
+  return field;
+}
+
+SqlType unify(const SqlType& a, const SqlType& b) {
+  if (a.kind == TypeKind::Null) return b;
+  if (b.kind == TypeKind::Null) return a;
+  const SqlType& later = a.kind >= b.kind ? a : b;
+  if (a.isText() && b.isText()) {
+    const bool fixed = a.kind == b.kind && a.size == b.size;
+    const bool wide = later.kind == TypeKind::NChar || later.kind == TypeKind::NVarChar;
+    const TypeKind varying = wide ? TypeKind::NVarChar : TypeKind::VarChar;
+    return {fixed ? a.kind : varying, 0, 0,
+            a.size < 0 || b.size < 0 ? -1 : std::max(a.size, b.size)};
+  }
+  if (later.kind == TypeKind::Decimal && a.isNumber() && b.isNumber()) {
+    const SqlType x = a.asDecimal();
+    const SqlType y = b.asDecimal();
+    const int scale = std::max(x.scale, y.scale);
+    return SqlType::decimal(std::max(x.precision - x.scale, y.precision - y.scale) + scale, scale);
+  }
+  if (later.kind == TypeKind::Int) return SqlType::integer();
+  return later;
+}
+
+std::int64_t leastOf(TypeKind kind) {
+  switch (kind) {
+    case TypeKind::Bit:
+    case TypeKind::TinyInt:
+      return 0;
+    case TypeKind::SmallInt:
+      return std::numeric_limits<std::int16_t>::min();
+    case TypeKind::Int:
+      return std::numeric_limits<std::int32_t>::min();
+    default:
+      return std::numeric_limits<std::int64_t>::min();
+  }
+}
+
+std::int64_t greatestOf(TypeKind kind) {
+  switch (kind) {
+    case TypeKind::Bit:
+      return 1;
+    case TypeKind::TinyInt:
+      return std::numeric_limits<std::uint8_t>::max();
+    case TypeKind::SmallInt:
+      return std::numeric_limits<std::int16_t>::max();
+    case TypeKind::Int:
+      return std::numeric_limits<std::int32_t>::max();
+    default:
+      return std::numeric_limits<std::int64_t>::max();
+  }
+}
+
+SqlType arithmeticType(char op, const SqlType& a, const SqlType& b) {
+  if (a.kind != TypeKind::Decimal && b.kind != TypeKind::Decimal) {
+    return SqlType::integer(std::max({a.kind, b.kind, TypeKind::TinyInt}));
+  }
+  const SqlType x = a.asDecimal();
+  const SqlType y = b.asDecimal();
+  const int scale = std::max(x.scale, y.scale);
+  switch (op) {
+    case '*':
+      return SqlType::decimal(x.precision + y.precision + 1, x.scale + y.scale);
+    case '/': {
+      const int digits = std::max(6, x.scale + y.precision + 1);
+      return SqlType::decimal(x.precision - x.scale + y.scale + digits, digits);
+    }
+    case '%':
+      return SqlType::decimal(std::min(x.precision - x.scale, y.precision - y.scale) + scale,
+                              scale);
+    default:
+      return SqlType::decimal(std::max(x.precision - x.scale, y.precision - y.scale) + scale + 1,
+                              scale);
+  }
+}
+
+}  // namespace kebu::engine

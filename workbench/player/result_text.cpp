@@ -1,0 +1,43 @@
+#include "workbench/player/result_text.h"
+
+#include <algorithm>
+
+#include "common/convert.h"
+
+namespace kebu::workbench {
+
+std::string queryText(const Value& value) {
+  if (value.isNull() || value.isEmpty()) return "NULL";
+  if (value.holds<bool>()) return value.as<bool>() ? "1" : "0";
+  if (value.holds<Date>()) return value.as<Date>().toIso();
+  // As a query tool shows it: with the digits that the column keeps.
+  if (value.holds<Decimal>()) return value.as<Decimal>().toString();
+  return value.isNumber() ? toSqlNumber(value) : toText(value);
+}
+
+void writeResult(std::ostream& out, const engine::ResultSet& result, const std::string& indent) {
+  if (result.fields.empty()) return;
+  std::string line;
+  for (std::size_t i = 0; i < result.fields.size(); ++i) {
+    line += (i == 0 ? indent : "\t") + result.fields[i].name;
+  }
+  out << line << '\n';
+  for (const auto& row : result.rows) {
+    for (std::size_t i = 0; i < row.size(); ++i)
+      out << (i == 0 ? indent : "\t") << queryText(row[i]);
+    out << '\n';
+  }
+}
+
+std::string firstRowText(const std::vector<engine::ResultSet>& results) {
+  const auto result =
+      std::find_if(results.begin(), results.end(), [](const auto& r) { return !r.fields.empty(); });
+  if (result == results.end() || result->rows.empty()) return "(no rows)";
+  std::string text;
+  for (const Value& value : result->rows.front()) {
+    text += (&value == &result->rows.front().front() ? "" : "|") + queryText(value);
+  }
+  return text;
+}
+
+}  // namespace kebu::workbench

@@ -1,9 +1,0 @@
-#include "workbench/program_words.h"
-
-namespace kebu::workbench {
-
-std::vector<std::string> programWords(int argc, char** argv) {
-  return {argv + 1, argv + argc};
-}
-
-}  // namespace kebu::workbench
