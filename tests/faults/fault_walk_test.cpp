@@ -12,7 +12,7 @@
 #include <sstream>
 
 #include "tests/faults/performance.h"
-#include "workbench/company_file.h"
+#include "workbench/cli/company_file.h"
 
 namespace kebu::workbench {
 namespace {
