@@ -62,13 +62,13 @@ void CountArticles(benchmark::State& state) {
   engine::Session session(workbench::demoCompany());
   RestrictedEditor restricted;
   for (auto _ : state) {
-    benchmark::DoNotOptimize(session.execute(sql::ContaArticoli("1", restricted.condition())));
+    benchmark::DoNotOptimize(session.execute(sql::ContaArticoli({"1"}, restricted.condition())));
   }
 }
 
 void CountArticles_floor(benchmark::State& state) {
   engine::Session session(workbench::demoCompany());
-  const std::string statement = sql::ContaArticoli("1", RestrictedEditor().condition());
+  const std::string statement = sql::ContaArticoli({"1"}, RestrictedEditor().condition());
   for (auto _ : state) benchmark::DoNotOptimize(session.execute(statement));
 }
 

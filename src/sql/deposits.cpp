@@ -4,12 +4,12 @@
 
 namespace kebu::sql {
 
-std::string DecodificaDeposito(const std::string& company, const std::string& code) {
+std::string DecodificaDeposito(const Company& company, const std::string& code) {
   return join({" SELECT ", " MG58_DESCRDEP", " FROM", " MG58_DEPOSITI", " WHERE",
                " MG58_DITTA_CG18 = ", company, " AND MG58_CODDEP = '", code, "'"});
 }
 
-std::string ElencoDepositi(const std::string& company) {
+std::string ElencoDepositi(const Company& company) {
   return join({" SELECT ",
                "MG58_CODDEP, MG58_DESCRDEP, MG58_INDIDEP, MG58_CAPDEP, MG58_LOCDEP, MG58_PROVDEP, "
                "MG58_TELNUMDEP, MG58_FAXNUMDEP",
@@ -17,8 +17,8 @@ std::string ElencoDepositi(const std::string& company) {
                " MG58_CODDEP"});
 }
 
-std::string CreaTabellaDepositi(const std::string& table, const std::string& profileId,
-                                const std::string& company) {
+std::string CreaTabellaDepositi(const std::string& table, const ProfileId& profileId,
+                                const Company& company) {
   return lines(
       {" select MG58_CODDEP, MG58_DESCRDEP, case ISNULL(GM56_DEPGIACENZE_MG58,'') when '' "
        "then 0 else 1 end FLG_ATTIVO, ",
@@ -34,7 +34,7 @@ std::string RigheDepositi(const std::string& table) {
   return join({"select * from ", table, " order by MG58_CODDEP"});
 }
 
-std::string SalvaDepositi(const std::string& table, const std::string& profileId) {
+std::string SalvaDepositi(const std::string& table, const ProfileId& profileId) {
   return lines({" MERGE GM56_KBDEPOSITI AS target   ", " USING (SELECT MG58_CODDEP, FLG_PREF  ",
                 join({"         FROM ", table}),
                 "         where FLG_ATTIVO = 1) AS source (MG58_CODDEP, FLG_PREF)   ",

@@ -12,7 +12,7 @@ namespace {
 /// One SELECT over a source: its columns in the order of the kind, and what follows.
 class Candidates {
  public:
-  Candidates(const DiscountKind& kind, const DiscountSource& source, const std::string& company,
+  Candidates(const DiscountKind& kind, const DiscountSource& source, const Company& company,
              std::int32_t priceRows)
       : kind_(kind), source_(source), company_(company), priceRows_(priceRows) {}
 
@@ -58,7 +58,7 @@ class Candidates {
 
   const DiscountKind& kind_;
   const DiscountSource& source_;
-  const std::string& company_;
+  const Company& company_;
   std::int32_t priceRows_;
   Script script_;
 };
@@ -210,8 +210,8 @@ std::string copied(const std::string& table, const std::string& query) {
 
 }  // namespace
 
-std::string CreaCandidati(const DiscountKind& kind, const std::string& table,
-                          const std::string& company, std::int32_t priceRows) {
+std::string CreaCandidati(const std::string& table, const Company& company,
+                          const DiscountKind& kind, std::int32_t priceRows) {
   const auto select = [&](const DiscountSource& source, const std::string& into) {
     return Candidates(kind, source, company, priceRows).select(into);
   };
@@ -234,7 +234,7 @@ std::string CreaCandidati(const DiscountKind& kind, const std::string& table,
                              " ,*", " FROM", "(", branches, ") AS TMPINTERNA"}));
 }
 
-std::string RigheCandidati(const DiscountKind& kind, const std::string& table) {
+std::string RigheCandidati(const std::string& table, const DiscountKind& kind) {
   return join({"SELECT * FROM ", table, kind.rowsOrder});
 }
 

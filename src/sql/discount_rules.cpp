@@ -87,8 +87,8 @@ std::string EliminaTabellaSconti(const std::string& table) {
   return join({"IF OBJECT_ID('TEMPDB.DBO.", table, "') IS NOT NULL DROP TABLE ", table});
 }
 
-std::string CaricaRegole(const DiscountKind& kind, const std::string& table,
-                         const std::string& company) {
+std::string CaricaRegole(const std::string& table, const Company& company,
+                         const DiscountKind& kind) {
   const ModeFlags flags = flagsOf(kind.mode);
   return Script()
       .line("SELECT ")
@@ -118,8 +118,7 @@ std::string SelezionaRiga(const std::string& table, const std::string& id) {
   return join({"UPDATE ", table, " SET GM61_ATTIVA = 1 WHERE GM61_ID = ", id});
 }
 
-std::string EliminaRegole(DiscountMode mode, const std::string& listType,
-                          const std::string& company) {
+std::string EliminaRegole(const Company& company, DiscountMode mode, const std::string& listType) {
   const ModeFlags flags = flagsOf(mode);
   return lines({"DELETE ", " FROM ", "   GM61_KBDISCOUNTRULES ", " WHERE ",
                 join({"   GM61_DITTA_CG18 =  ", company}),
@@ -128,7 +127,7 @@ std::string EliminaRegole(DiscountMode mode, const std::string& listType,
                 join({"   AND GM61_FLGGRIGLIASCONTI = ", flags.grid})});
 }
 
-std::string RegoleSelezionate(const DiscountKind& kind, const std::string& table) {
+std::string RegoleSelezionate(const std::string& table, const DiscountKind& kind) {
   return join({"SELECT * FROM ", table, " WHERE GM61_ATTIVA = 1 AND GM61_INDTIPOLISTINO = ",
                std::to_string(kind.listType), " "});
 }
@@ -199,7 +198,7 @@ const RuleStatements::SavedColumn RuleStatements::savedColumns[] = {
     {"GM61_DATAULTAGG", Form::Today, Form::Today},
 };
 
-RuleStatements::RuleStatements(const DiscountKind& kind, std::string company,
+RuleStatements::RuleStatements(Company company, const DiscountKind& kind,
                                const std::vector<std::string>& columns, const RuleOptions& options)
     : kind_(kind), company_(std::move(company)) {
   for (std::size_t i = 0; i < columns.size(); ++i) columns_.emplace(columns[i], i);

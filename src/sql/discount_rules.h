@@ -9,6 +9,7 @@
 
 #include "common/row_values.h"
 #include "sql/discount_kinds.h"
+#include "sql/keys.h"
 
 namespace kebu::sql {
 
@@ -16,8 +17,8 @@ namespace kebu::sql {
 std::string EliminaTabellaSconti(const std::string& table);
 
 /// Makes the working table from the kind's stored rules, ticked ones first.
-std::string CaricaRegole(const DiscountKind& kind, const std::string& table,
-                         const std::string& company);
+std::string CaricaRegole(const std::string& table, const Company& company,
+                         const DiscountKind& kind);
 
 /// The rows of a working table made by CaricaRegole, in the order in which they were copied.
 std::string RigheRegole(const std::string& table);
@@ -27,11 +28,10 @@ std::string SelezionaTutte(const std::string& table, bool selected);
 std::string SelezionaRiga(const std::string& table, const std::string& id);
 
 /// Deletes the stored rules of a mode and list type.
-std::string EliminaRegole(DiscountMode mode, const std::string& listType,
-                          const std::string& company);
+std::string EliminaRegole(const Company& company, DiscountMode mode, const std::string& listType);
 
 /// The ticked rows of a working table.
-std::string RegoleSelezionate(const DiscountKind& kind, const std::string& table);
+std::string RegoleSelezionate(const std::string& table, const DiscountKind& kind);
 
 /// A step of a discount grid: from which quantity on, and what it gives.
 struct RuleStep {
@@ -55,8 +55,8 @@ class RuleStatements {
   using Row = RowValues;
 
   /// `columns` are the working table's, in the order of the rows' values.
-  RuleStatements(const DiscountKind& kind, std::string company,
-                 const std::vector<std::string>& columns, const RuleOptions& options);
+  RuleStatements(Company company, const DiscountKind& kind, const std::vector<std::string>& columns,
+                 const RuleOptions& options);
 
   /// The row's value; nothing where the working table lacks the column.
   const Value& value(const Row& row, std::string_view column) const;
@@ -89,7 +89,7 @@ class RuleStatements {
   const Value& publishedValue(const Row& row) const;
 
   const DiscountKind& kind_;
-  std::string company_;
+  Company company_;
   std::map<std::string, std::size_t, std::less<>> columns_;
   std::vector<Piece> pieces_;
   std::string tail_;

@@ -3,6 +3,8 @@
 #include <string>
 #include <string_view>
 
+#include "sql/keys.h"
+
 namespace kebu::sql {
 
 /// What a predicate on one field adds to the condition on the articles, to be
@@ -16,7 +18,7 @@ std::string ElencoStatiArticolo();
 
 /// How many articles and customers of the company a filter selects, as QUANTI.
 /// It is appended as it stands and brings its own connector.
-std::string ContaArticoli(const std::string& company, const std::string& filter);
-std::string ContaClienti(const std::string& company, const std::string& filter);
+std::string ContaArticoli(const Company& company, const std::string& filter);
+std::string ContaClienti(const Company& company, const std::string& filter);
 
 }  // namespace kebu::sql

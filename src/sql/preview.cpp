@@ -16,14 +16,14 @@ std::string NomeTabella(int kind) {
 }
 
 // Both texts begin with a line end of their own.
-std::string ClientiPubblicati(const std::string& view, const std::string& company,
+std::string ClientiPubblicati(const std::string& view, const Company& company,
                               const std::string& filter) {
   return "\r\n" +
          lines({" select *  ", join({" from ", view}),
                 join({" where CG44_DITTA_CG18 = ", company, " and Email is not NULL ", filter})});
 }
 
-std::string ArticoliPubblicati(const std::string& view, const std::string& company,
+std::string ArticoliPubblicati(const std::string& view, const Company& company,
                                const std::string& filter) {
   return "\r\n" + lines({" select v.*  ", join({" from ", view, " v "}),
                          join({" where MG87_DITTA_CG18 = ", company, filter})});

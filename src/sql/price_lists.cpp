@@ -6,7 +6,7 @@
 
 namespace kebu::sql {
 
-std::string InizializzaListiniPrezzi(const std::string& profileId) {
+std::string InizializzaListiniPrezzi(const ProfileId& profileId) {
   return lines(
       {" declare @IdDisp decimal(18,0) ", " if not exists ( ",
        "     select top 1 1 from GM57_KBLISTINI    ",
@@ -20,7 +20,7 @@ std::string InizializzaListiniPrezzi(const std::string& profileId) {
        " end "});
 }
 
-std::string CreaTabellaListini(const std::string& table, const std::string& profileId) {
+std::string CreaTabellaListini(const std::string& table, const ProfileId& profileId) {
   // Type 6 has no branch on purpose: its rows get no state.
   return lines({" select  ",
                 "         case GM57_INDTIPO ",
@@ -85,7 +85,7 @@ std::string SalvaListini(const std::string& table) {
                 "              , GM57_FLGATTIVO = source.GM57_FLGATTIVO; "});
 }
 
-std::string DisattivaListiniIncompleti(const std::string& profileId) {
+std::string DisattivaListiniIncompleti(const ProfileId& profileId) {
   // The last alternative stands outside the parenthesis on purpose: a slot of
   // type 6 without a customer is switched off whatever profile it belongs to.
   return lines({" update GM57_KBLISTINI ", " set GM57_FLGATTIVO = 0 ",
@@ -97,13 +97,13 @@ std::string DisattivaListiniIncompleti(const std::string& profileId) {
                 "       or (GM57_INDTIPO=6 and isnull(GM57_CLIFOR_CG44,0)=0) "});
 }
 
-std::string AggiornaPrezzi(const std::string& company) {
+std::string AggiornaPrezzi(const Company& company) {
   return join({"exec SPKB_AGGIORNAPREZZI_KELMORIA ", company});
 }
 
 namespace {
 
-std::string elencoListiniAnagrafici(const std::string& company) {
+std::string elencoListiniAnagrafici(const Company& company) {
   return lines({" SELECT DISTINCT LI10_NUMLIST, MG44_DESCLIST, MG44_VALUTA_CG08 ",
                 " FROM LI10_LISTARTIC ",
                 " INNER JOIN MG66_ANAGRART WITH (NOLOCK) ",
@@ -130,7 +130,7 @@ std::string elencoListiniAnagrafici(const std::string& company) {
                 " ORDER BY LI10_NUMLIST "});
 }
 
-std::string elencoMacrocategorie(const std::string& company) {
+std::string elencoMacrocategorie(const Company& company) {
   return lines({" SELECT distinct LI13_MACROCAT_MG10, MG10_DESCRMACROCAT ",
                 " FROM LI13_LISTARTCAT ",
                 " CROSS APPLY dbo.FNMG10_MACROCAT (LI13_MACROCAT_MG10, LI13_DITTA_CG18, "
@@ -139,7 +139,7 @@ std::string elencoMacrocategorie(const std::string& company) {
                 " AND LI13_FLGVENDACQ = 0  ", " ORDER BY LI13_MACROCAT_MG10 "});
 }
 
-std::string elencoMacroaree(const std::string& company) {
+std::string elencoMacroaree(const Company& company) {
   return lines({" SELECT DISTINCT LI12_MACROAREA_MG07, MG07_DESCRMACROAR    ",
                 " FROM LI12_LISTARTZONE ",
                 " CROSS APPLY dbo.FNMG07_MACROAREE (LI12_MACROAREA_MG07,LI12_DITTA_CG18,"
@@ -150,7 +150,7 @@ std::string elencoMacroaree(const std::string& company) {
 
 }  // namespace
 
-std::string ElencoChiaviListino(std::int32_t type, const std::string& company) {
+std::string ElencoChiaviListino(const Company& company, std::int32_t type) {
   switch (type) {
     case 1:
       return elencoListiniAnagrafici(company);
@@ -165,22 +165,22 @@ std::string ElencoChiaviListino(std::int32_t type, const std::string& company) {
   }
 }
 
-std::string DescrizioneNumeroListino(const std::string& company, const std::string& number) {
+std::string DescrizioneNumeroListino(const Company& company, const std::string& number) {
   constexpr int saleLists = 0;
   return DescrizioneListino(company, saleLists, number);
 }
 
-std::string DescrizioneMacrocategoria(const std::string& company, const std::string& code) {
+std::string DescrizioneMacrocategoria(const Company& company, const std::string& code) {
   return join({"SELECT MG10_DESCRMACROCAT FROM MG10_MACROCAT", " WHERE MG10_DITTA_CG18 = ", company,
                " AND MG10_TIPOCF = 0", " AND MG10_MACROCAT = '", code, "'"});
 }
 
-std::string DescrizioneMacroarea(const std::string& company, const std::string& code) {
+std::string DescrizioneMacroarea(const Company& company, const std::string& code) {
   return join({"SELECT MG07_DESCRMACROAR FROM MG07_MACROAREE", " WHERE MG07_DITTA_CG18 = ", company,
                " AND MG07_TIPOCF = 0", " AND MG07_MACROAREA = '", code, "'"});
 }
 
-std::string DescrizioneDeposito(const std::string& company, const std::string& code) {
+std::string DescrizioneDeposito(const Company& company, const std::string& code) {
   return join({"SELECT MG58_DESCRDEP FROM MG58_DEPOSITI", " WHERE MG58_DITTA_CG18 = ", company,
                " AND MG58_CODDEP = '", code, "'"});
 }

@@ -4,7 +4,7 @@
 
 namespace kebu::sql {
 
-std::string Profilo(const std::string& company) {
+std::string Profilo(const Company& company) {
   return join({"SELECT GM03_IDDISPOSITIVO, GM03_DITTA_CG18, GM03_CODICEDISPOSITIVO ",
                " , GM03_DESCRIZIONE ", " , GM03_NOTE ",
                " , GM03_INDTIPO , GM03_FLGTV, GM03_FLGRO, GM03_FLGENABLED ",
@@ -13,7 +13,7 @@ std::string Profilo(const std::string& company) {
                " AND GM03_DITTA_CG18 = ", company});
 }
 
-std::array<std::string, 5> EliminaDipendenze(const std::string& profileId) {
+std::array<std::string, 5> EliminaDipendenze(const ProfileId& profileId) {
   return {
       join({"DELETE FROM GM04_PARAMETRITVRO ", " WHERE GM04_IDDISPOSITIVO_GM03 = ", profileId}),
       join({"DELETE FROM GM08_ATTIVITADISPO ", " WHERE GM08_IDDISPOSITIVO_GM03 = ", profileId}),
@@ -43,21 +43,21 @@ std::string selectParametri(const std::string& condition) {
 
 }  // namespace
 
-std::string Parametri(const std::string& profileId) {
-  return selectParametri(" WHERE GM04_IDDISPOSITIVO_GM03 = " + profileId);
+std::string Parametri(const ProfileId& profileId) {
+  return selectParametri(join({" WHERE GM04_IDDISPOSITIVO_GM03 = ", profileId}));
 }
 
 std::string ParametriVuoti() {
   return selectParametri(" WHERE 1 = 0 ");
 }
 
-std::string DepositoDocumento(const std::string& document, const std::string& company) {
+std::string DepositoDocumento(const Company& company, const std::string& document) {
   return lines({" select MG3G_DEPDEFAULT_MG58  ", " from MG3G_DOCDITTA  ",
                 join({" where MG3G_CODDOCUM_MG36 = '", document, "'  "}),
                 join({" and MG3G_DITTA_CG18 = ", company})});
 }
 
-std::string DescrizioneListino(const std::string& company, int kind, const std::string& number) {
+std::string DescrizioneListino(const Company& company, int kind, const std::string& number) {
   return join({" SELECT", " MG44_DESCLIST, MG44_VALUTA_CG08, MG44_FLGIVACOMPR", " FROM",
                " MG44_PARMAGLIST", " WHERE", "    MG44_DITTA_CG18 = ", company,
                " AND MG44_FLGVENACQ = ", std::to_string(kind), " AND MG44_NUMLIST = ", number});

@@ -4,7 +4,7 @@
 
 namespace kebu::sql {
 
-std::string ImpostazioneInizialeAttivita(const std::string& company) {
+std::string ImpostazioneInizialeAttivita(const Company& company) {
   return join(
       {"EXEC SPGM_IMPOSTAZIONEINIZIALEATTIVITADITTA ", company, ", ", applicationId, ", 1 "});
 }
@@ -17,7 +17,7 @@ std::string TipoSincroStandard() {
        join({"     values (", applicationId, ",1,'Standard') "}), " end "});
 }
 
-std::string AttivitaDispositivo(const std::string& profileId, const std::string& company) {
+std::string AttivitaDispositivo(const ProfileId& profileId, const Company& company) {
   return lines(
       {" declare @tiposincro as smallint ", " declare @idapplicazione as tinyint ",
        " declare @iddispositivo as decimal(18,0) ", " declare @codiceAzienda as decimal(5,0) ",

@@ -15,7 +15,7 @@ class Demo : public ::testing::Test {
  protected:
   CompanyDatabase database_{CompanyDatabase::Content::Demo};
 
-  std::string profileId() { return database_.rows(sql::Profilo("1")).at(0).at(0); }
+  std::string profileId() { return database_.rows(sql::Profilo({"1"})).at(0).at(0); }
 };
 
 TEST_F(Demo, IsABusinessOfSomeSize) {
@@ -27,11 +27,11 @@ TEST_F(Demo, IsABusinessOfSomeSize) {
                            "GROUP BY MG66_DITTA_CG18 ORDER BY MG66_DITTA_CG18"),
             (Rows{{"1", "1000"}, {"2", "120"}}));
   for (const char* company : {"1", "2"}) {
-    const Rows deposits = database_.rows(sql::ElencoDepositi(company));
+    const Rows deposits = database_.rows(sql::ElencoDepositi({company}));
     EXPECT_EQ(deposits.size(), 8u);
     EXPECT_EQ(deposits.at(0).size(), 8u);
   }
-  EXPECT_EQ(database_.rows(sql::DecodificaDeposito("1", "06")), (Rows{{"Deposito L'Aquila"}}));
+  EXPECT_EQ(database_.rows(sql::DecodificaDeposito({"1"}, "06")), (Rows{{"Deposito L'Aquila"}}));
   // Every code finds its master row.
   EXPECT_EQ(database_.count("SELECT COUNT(*) FROM CG44_CLIFOR LEFT OUTER JOIN CG16_RAGSOANAG "
                             "ON CG16_CODICE = CG44_CODICE_CG16 WHERE CG16_CODICE IS NULL"),
@@ -235,42 +235,43 @@ TEST_F(Demo, NamesAreasAndCategoriesOfPriceLists) {
           "AND MG09_AREA_MG08 = LI12_AREA_MG08 AND MG09_ZONA = LI12_ZONA_MG09 "
           "WHERE LI12_DITTA_CG18 = 1 AND LI12_ZONA_MG09 = 'MAR'"),
       (std::vector<std::string>{"Centro Italia/Versante adriatico/Marche"}));
-  EXPECT_EQ(database_.rows(sql::ElencoChiaviListino(2, "1")), (Rows{{"GDO", "Grande distribuzione"},
-                                                                    {"PRO", "Professionisti"},
-                                                                    {"RIV", "Rivenditori"},
-                                                                    {"WEB", "Clienti web"}}));
-  EXPECT_EQ(database_.rows(sql::ElencoChiaviListino(3, "1")).at(0),
+  EXPECT_EQ(database_.rows(sql::ElencoChiaviListino({"1"}, 2)),
+            (Rows{{"GDO", "Grande distribuzione"},
+                  {"PRO", "Professionisti"},
+                  {"RIV", "Rivenditori"},
+                  {"WEB", "Clienti web"}}));
+  EXPECT_EQ(database_.rows(sql::ElencoChiaviListino({"1"}, 3)).at(0),
             (Rows::value_type{"CEN", "Centro Italia"}));
-  EXPECT_EQ(database_.rows(sql::ElencoChiaviListino(3, "2")).size(), 2u);
+  EXPECT_EQ(database_.rows(sql::ElencoChiaviListino({"2"}, 3)).size(), 2u);
   // Only lists that have prices by deposit are offered.
-  EXPECT_EQ(database_.rows(sql::ElencoChiaviListino(1, "1")),
+  EXPECT_EQ(database_.rows(sql::ElencoChiaviListino({"1"}, 1)),
             (Rows{{"1", "Listino base", "EURO"}, {"2", "Listino rivenditori", "EURO"}}));
 }
 
 TEST_F(Demo, HasDocumentsWithAndWithoutADefaultDeposit) {
-  EXPECT_EQ(database_.rows(sql::DepositoDocumento("OCW", "1")), (Rows{{"05"}}));
-  EXPECT_EQ(database_.rows(sql::DepositoDocumento("OCF", "1")), (Rows{{"NULL"}}));
-  EXPECT_EQ(database_.rows(sql::DepositoDocumento("OCA", "1")), (Rows{{""}}));
-  EXPECT_EQ(database_.rows(sql::DepositoDocumento("PRV", "1")), Rows{});
-  EXPECT_EQ(database_.rows(sql::DepositoDocumento("OCW", "2")), (Rows{{"NULL"}}));
+  EXPECT_EQ(database_.rows(sql::DepositoDocumento({"1"}, "OCW")), (Rows{{"05"}}));
+  EXPECT_EQ(database_.rows(sql::DepositoDocumento({"1"}, "OCF")), (Rows{{"NULL"}}));
+  EXPECT_EQ(database_.rows(sql::DepositoDocumento({"1"}, "OCA")), (Rows{{""}}));
+  EXPECT_EQ(database_.rows(sql::DepositoDocumento({"1"}, "PRV")), Rows{});
+  EXPECT_EQ(database_.rows(sql::DepositoDocumento({"2"}, "OCW")), (Rows{{"NULL"}}));
   EXPECT_EQ(database_.count("SELECT COUNT(*) FROM MG36_DOCUMENTI WHERE MG36_CODDOCUM = 'PRV'"), 2);
-  EXPECT_EQ(database_.rows(sql::DescrizioneListino("1", 1, "2")),
+  EXPECT_EQ(database_.rows(sql::DescrizioneListino({"1"}, 1, "2")),
             (Rows{{"Acquisti estero", "USD", "0"}}));
-  EXPECT_EQ(database_.rows(sql::DescrizioneListino("1", 0, "3")),
+  EXPECT_EQ(database_.rows(sql::DescrizioneListino({"1"}, 0, "3")),
             (Rows{{"Listino al pubblico", "EURO", "1"}}));
 }
 
 TEST_F(Demo, HasAProfileInTheFirstCompanyOnly) {
-  EXPECT_EQ(database_.rows(sql::Profilo("1")).size(), 1u);
-  EXPECT_EQ(database_.rows(sql::Profilo("2")).size(), 0u);
-  EXPECT_EQ(database_.rows(sql::Parametri(profileId())).size(), 1u);
+  EXPECT_EQ(database_.rows(sql::Profilo({"1"})).size(), 1u);
+  EXPECT_EQ(database_.rows(sql::Profilo({"2"})).size(), 0u);
+  EXPECT_EQ(database_.rows(sql::Parametri({profileId()})).size(), 1u);
   EXPECT_EQ(database_.rows(sql::ParametriVuoti()).size(), 0u);
 
   // Slot 9 lacks its deposit; the priority slot has no state of its own.
-  database_.execute(sql::CreaTabellaListini("##listini", profileId()));
+  database_.execute(sql::CreaTabellaListini("##listini", {profileId()}));
   EXPECT_EQ(database_.column("SELECT STATO FROM ##listini ORDER BY GM57_CODPREZZO"),
             (std::vector<std::string>{"1", "1", "1", "1", "1", "1", "NULL", "1", "2", "1"}));
-  database_.execute(sql::CreaTabellaDepositi("##depositi", profileId(), "1"));
+  database_.execute(sql::CreaTabellaDepositi("##depositi", {profileId()}, {"1"}));
   EXPECT_EQ(
       database_.rows(
           "SELECT MG58_CODDEP, FLG_PREF FROM ##depositi WHERE FLG_ATTIVO = 1 ORDER BY MG58_CODDEP"),

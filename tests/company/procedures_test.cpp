@@ -18,7 +18,7 @@ TEST(Activities, AreCompletedOncePerCompanyAndApplication) {
   expected.push_back({"8", "NULL"});
 
   for (int time = 1; time <= 2; ++time) {
-    database.execute(sql::ImpostazioneInizialeAttivita("1"));
+    database.execute(sql::ImpostazioneInizialeAttivita({"1"}));
     EXPECT_EQ(database.rows(flags), expected) << "call " << time;
   }
   EXPECT_EQ(database.count("SELECT COUNT(*) FROM GM02_ATTIVITADITTA WHERE GM02_DITTA_CG18 = 2"), 0);
@@ -40,13 +40,13 @@ TEST(Activities, OfTheProfileLackWhatANewerInstallationHas) {
   const std::string profile = database.value(
       "SELECT GM03_IDDISPOSITIVO FROM GM03_DISPOSITIVI WHERE GM03_DITTA_CG18 = 1 "
       "AND GM03_IDAPPLICAZIONE = 14");
-  database.execute(sql::ImpostazioneInizialeAttivita("1"));
+  database.execute(sql::ImpostazioneInizialeAttivita({"1"}));
   const std::string activities =
       "SELECT GM08_IDATTIVITA_GM01, GM08_FLGENABLED, GM08_FLGDIFF FROM GM08_ATTIVITADISPO "
       "WHERE GM08_IDDISPOSITIVO_GM03 = " +
       profile + " ORDER BY GM08_IDATTIVITA_GM01";
   EXPECT_EQ(database.rows(activities).size(), 6u);
-  database.execute(sql::AttivitaDispositivo(profile, "1"));
+  database.execute(sql::AttivitaDispositivo({profile}, {"1"}));
   EXPECT_EQ(database.rows(activities), (Rows{{"1", "1", "0"},
                                              {"2", "1", "1"},
                                              {"3", "1", "0"},

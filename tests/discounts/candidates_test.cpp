@@ -66,9 +66,9 @@ class CandidatesTest : public testing::TestWithParam<Kind> {
   std::vector<Candidate> compute() {
     const Kind& of = GetParam();
     const DiscountKind& kind = discountKind(of.mode, of.listType);
-    session_.execute(CreaCandidati(kind, "##tempCandidati", of.company, priceRows));
+    session_.execute(CreaCandidati("##tempCandidati", {of.company}, kind, priceRows));
     const engine::ResultSet result =
-        session_.execute(RigheCandidati(kind, "##tempCandidati")).front();
+        session_.execute(RigheCandidati("##tempCandidati", kind)).front();
     std::vector<Candidate> candidates;
     for (const auto& row : result.rows) {
       Candidate& candidate = candidates.emplace_back();

@@ -6,16 +6,16 @@
 
 namespace kebu::forms {
 
-std::string PageContext::companyText() const {
-  return toSqlNumber(company);
+sql::Company PageContext::companyKey() const {
+  return {toSqlNumber(company)};
 }
 
 Value PageContext::profileId() const {
   return CDecN(profile.field("GM03_IDDISPOSITIVO"));
 }
 
-std::string PageContext::profileIdText() const {
-  return toSqlNumber(profileId());
+sql::ProfileId PageContext::profileKey() const {
+  return {toSqlNumber(profileId())};
 }
 
 Ref<ado::Recordset> PageContext::openEditable(const std::string& statement,

@@ -10,6 +10,7 @@
 #include "forms/runtime.h"
 #include "forms/services.h"
 #include "host/services.h"
+#include "sql/keys.h"
 
 namespace kebu::forms {
 
@@ -31,10 +32,10 @@ class PageContext {
   /// False until the window's first activation is done.
   bool loaded = false;
 
-  /// The company code as statements take it.
-  std::string companyText() const;
-  /// The current profile's identifier as statements take it; "0" without a profile.
-  std::string profileIdText() const;
+  /// The company as statements take it.
+  sql::Company companyKey() const;
+  /// The current profile as statements take it; "0" without a profile.
+  sql::ProfileId profileKey() const;
   Value profileId() const;
 
   const Runtime& runtime() const { return runtime_; }

@@ -9,28 +9,28 @@ namespace {
 using Keys = CodeField::Keys;
 
 std::string ofTable(const PageContext& context, const CodeField& field, const Keys& keys) {
-  return context.decodes->Code(field.table, context.companyText(), keys);
+  return context.decodes->Code(field.table, context.companyKey().text, keys);
 }
 
 host::LookupDefinition listOfTable(const PageContext& context, const CodeField& field,
                                    const Keys& upperKeys) {
-  return context.lookups->Codes(field.table, context.companyText(), upperKeys);
+  return context.lookups->Codes(field.table, context.companyKey().text, upperKeys);
 }
 
 std::string ofCustomer(const PageContext& context, const CodeField&, const Keys& keys) {
-  return context.decodes->Customer(context.companyText(), keys.back());
+  return context.decodes->Customer(context.companyKey().text, keys.back());
 }
 
 host::LookupDefinition customers(const PageContext& context, const CodeField&, const Keys&) {
-  return context.lookups->Customers(context.companyText());
+  return context.lookups->Customers(context.companyKey().text);
 }
 
 host::LookupDefinition customerNames(const PageContext& context, const CodeField&, const Keys&) {
-  return context.lookups->CustomerNames(context.companyText());
+  return context.lookups->CustomerNames(context.companyKey().text);
 }
 
 host::LookupDefinition suppliers(const PageContext& context, const CodeField&, const Keys&) {
-  return context.lookups->Suppliers(context.companyText());
+  return context.lookups->Suppliers(context.companyKey().text);
 }
 
 std::string ofState(const PageContext&, const CodeField&, const Keys& keys) {

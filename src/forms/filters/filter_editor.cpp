@@ -138,7 +138,7 @@ void FilterEditor::Conta(std::string& answer) {
   trap(context_.services, named("_Conta"), [&](Steps& step) {
     const std::string filter = condition(step);
     const std::string found = step([&] {
-      return context_.lookUpText(subject_.countStatement(context_.companyText(), filter), "QUANTI");
+      return context_.lookUpText(subject_.countStatement(context_.companyKey(), filter), "QUANTI");
     });
     if (!found.empty()) answer = context_.translate(subject_.counted) + found;
   });

@@ -13,7 +13,7 @@ namespace kebu::forms {
 struct FilterSubject {
   std::span<const controls::QueryField> fields;
   std::span<const CodeField> codes;
-  std::string (*countStatement)(const std::string& company, const std::string& filter);
+  std::string (*countStatement)(const sql::Company& company, const std::string& filter);
   /// The condition on the subject that the editor's choices come to.
   std::string (*condition)(Steps& step, controls::QueryEditor& editor);
   const char* counted;  ///< what is counted, in Italian

@@ -69,9 +69,9 @@ void CategoriesPage::addCatalogue(Steps& step) {
 }
 
 bool CategoriesPage::isOffered(std::int32_t articleClassification, Steps& step) {
-  const auto exists = [&](std::string (*statement)(const std::string&)) {
+  const auto exists = [&](std::string (*statement)(const sql::Company&)) {
     return step(
-        [&] { return !context_.connection->Execute(statement(context_.companyText()))->EOF_(); });
+        [&] { return !context_.connection->Execute(statement(context_.companyKey()))->EOF_(); });
   };
   switch (additionalCodeOf(articleClassification)) {
     case AdditionalCode::ConfigurationVariant:
@@ -87,8 +87,8 @@ void CategoriesPage::LetturaDatiConfigurazioneCategorie() {
   trap(context_.services, "LetturaDatiConfigurazioneCategorie", [&](Steps& step) {
     step([&] { customers_.clear(); });
     step([&] { articles_.clear(); });
-    const Ref<ado::Recordset> rows = step(
-        [&] { return context_.connection->Execute(sql::Categorie(context_.profileIdText())); });
+    const Ref<ado::Recordset> rows =
+        step([&] { return context_.connection->Execute(sql::Categorie(context_.profileKey())); });
     if (step([&] { return rows->EOF_(); })) {
       step([&] { showDefaults(); });
       navigator_.setModified(true);
@@ -130,7 +130,7 @@ void CategoriesPage::ConfermaModificheCategorie() {
     const Ref<ado::Recordset> rows = step([&] { return context_.newRecordset(); });
     step([&] {
       rows->setCursorLocation(ado::CursorLocation::Client);
-      rows->Open(sql::Categorie(context_.profileIdText()), context_.connection,
+      rows->Open(sql::Categorie(context_.profileKey()), context_.connection,
                  ado::CursorType::Static, ado::LockType::BatchOptimistic);
     });
     // When the user goes on without it nothing can be stored.
@@ -151,7 +151,7 @@ void CategoriesPage::store(CategoryLevels& levels, const Ref<ado::Recordset>& ro
     ++number;
     const int entity = levels.kind().entity;
     const std::int32_t chosen = CategoryLevels::chosen(level);
-    step([&] { rows->setFilter(sql::FiltroCategoria(number, entity)); });
+    step([&] { rows->setFilter(sql::FiltroCategoria(entity, number)); });
     const bool stored = step([&] { return !rows->EOF_(); });
     if (stored && chosen == 0) {
       step([&] { rows->Delete(); });

@@ -137,7 +137,7 @@ void CategoryLevels::TXT_COD_ART_AZ_LostFocus(Level& level) {
     }
     codeBefore_ = code;
     if (number > Decimal(0)) {
-      const std::string company = context_.companyText();
+      const sql::Company company = context_.companyKey();
       const std::string description = step([&] {
         return kind == AdditionalCode::ConfigurationVariant
                    ? context_.lookUpText(sql::DecodificaVariante(company, code), "MG5F_DESCR_VAR")
@@ -156,10 +156,10 @@ void CategoryLevels::lookUpCode(Level& level) {
   trap(context_.services, "TXT_COD_ART_AZ_StartLookup", [&](Steps& step) {
     const AdditionalCode kind = additionalCodeOf(chosen(level));
     if (kind == AdditionalCode::None) return;
-    const std::string company = context_.companyText();
+    const sql::Company company = context_.companyKey();
     const auto list = step([&]() -> host::LookupDefinition {
       if (kind == AdditionalCode::ConfigurationVariant) {
-        return context_.lookups->Configurator(company);
+        return context_.lookups->Configurator(company.text);
       }
       return {"Elenco parametri composizione articolo",
               sql::ElencoDimensioni(company),

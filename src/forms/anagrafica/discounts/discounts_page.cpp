@@ -193,7 +193,7 @@ void DiscountsPage::CaricaListini(DiscountGrid& mode) {
     dropTable(mode, step);
     mode.renameTable();
     step([&] {
-      context_.connection->Execute(sql::CaricaRegole(kind, mode.table(), context_.companyText()));
+      context_.connection->Execute(sql::CaricaRegole(mode.table(), context_.companyKey(), kind));
     });
     const Ref<ado::Recordset> rows = step([&] {
       return context_.openEditable(sql::RigheRegole(mode.table()), ado::CursorType::Dynamic);
@@ -231,10 +231,10 @@ void DiscountsPage::AggiornaListini(DiscountGrid& mode) {
     dropTable(mode, step);
     step([&] {
       context_.connection->Execute(
-          sql::CreaCandidati(kind, mode.table(), context_.companyText(), priceRows_));
+          sql::CreaCandidati(mode.table(), context_.companyKey(), kind, priceRows_));
     });
     const Ref<ado::Recordset> rows = step([&] {
-      return context_.openEditable(sql::RigheCandidati(kind, mode.table()),
+      return context_.openEditable(sql::RigheCandidati(mode.table(), kind),
                                    ado::CursorType::Dynamic);
     });
     if (kind.mode == sql::DiscountMode::OnPrice) {
@@ -252,7 +252,7 @@ void DiscountsPage::EliminaListini() {
       step([&] {
         const auto painted = context_.paintedMeanwhile();
         context_.connection->Execute(
-            sql::EliminaRegole(mode->mode(), listType, context_.companyText()));
+            sql::EliminaRegole(context_.companyKey(), mode->mode(), listType));
       });
     }
   });

@@ -79,7 +79,7 @@ void DiscountsPage::RegistraListini(DiscountGrid& mode) {
     step([&] {
       const auto painted = context_.paintedMeanwhile();
       context_.connection->Execute(
-          sql::EliminaRegole(kind.mode, std::to_string(kind.listType), context_.companyText()));
+          sql::EliminaRegole(context_.companyKey(), kind.mode, std::to_string(kind.listType)));
     });
     storeTicked(kind, mode, step);
   });
@@ -89,13 +89,13 @@ void DiscountsPage::storeTicked(const sql::DiscountKind& kind, const DiscountGri
                                 Steps& step) {
   const Ref<ado::Recordset> ticked = step([&] {
     const auto painted = context_.paintedMeanwhile();
-    return context_.openReadable(sql::RegoleSelezionate(kind, mode.table()));
+    return context_.openReadable(sql::RegoleSelezionate(mode.table(), kind));
   });
   if (!ticked) return;
   std::vector<std::string> columns;
   for (const ado::Field& field : ticked->fields()) columns.push_back(field.name);
   sql::RuleStatements statements(
-      kind, context_.companyText(), columns,
+      context_.companyKey(), kind, columns,
       {parameters_.CHK_VISPREZZIBARRATI.value(), parameters_.CHK_NONTRATTAREALTRISCONTI.value(),
        parameters_.CHK_MONOUSO.value(), parameters_.CMB_REGAPPLICAZIONE.value(),
        GetAnsiDate(context_.today())});

@@ -73,14 +73,14 @@ void PreviewPage::ImpostaGridArticoli(PreviewKind kind) {
 void PreviewPage::CaricaClienti() {
   trap(context_.services, "CaricaClienti", [&](Steps& step) {
     const std::string view = GetNomeTabella(PreviewKind::Customers);
-    show(sql::ClientiPubblicati(view, context_.companyText(), filter_.filterText), step);
+    show(sql::ClientiPubblicati(view, context_.companyKey(), filter_.filterText), step);
   });
 }
 
 void PreviewPage::CaricaArticoli() {
   trap(context_.services, "CaricaArticoli", [&](Steps& step) {
     const std::string view = GetNomeTabella(PreviewKind::Articles);
-    show(sql::ArticoliPubblicati(view, context_.companyText(), filter_.filterText), step);
+    show(sql::ArticoliPubblicati(view, context_.companyKey(), filter_.filterText), step);
   });
 }
 

@@ -49,8 +49,8 @@ void DepositsPage::CreaTabellaDepositi() {
   trap(context_.services, "CreaTabellaDepositi", [&](Steps& step) {
     step([&] { context_.connection->Execute(sql::EliminaTabellaLavoro(workingTable_)); });
     step([&] {
-      context_.connection->Execute(sql::CreaTabellaDepositi(workingTable_, context_.profileIdText(),
-                                                            context_.companyText()));
+      context_.connection->Execute(
+          sql::CreaTabellaDepositi(workingTable_, context_.profileKey(), context_.companyKey()));
     });
   });
 }
@@ -67,7 +67,7 @@ void DepositsPage::ImpostaRstDepositi() {
 void DepositsPage::ConfermaModificheDepositi() {
   trap(context_.services, "ConfermaModificheDepositi", [&](Steps& step) {
     step([&] {
-      context_.connection->Execute(sql::SalvaDepositi(workingTable_, context_.profileIdText()));
+      context_.connection->Execute(sql::SalvaDepositi(workingTable_, context_.profileKey()));
     });
   });
 }

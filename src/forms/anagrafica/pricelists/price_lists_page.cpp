@@ -134,7 +134,7 @@ void PriceListsPage::InizializzaListiniPrezzi() {
   trap(context_.services, "InizializzaListiniPrezzi", [&](Steps& step) {
     if (!context_.profile.hasRecord()) return;
     step([&] {
-      context_.connection->Execute(sql::InizializzaListiniPrezzi(context_.profileIdText()));
+      context_.connection->Execute(sql::InizializzaListiniPrezzi(context_.profileKey()));
     });
   });
 }
@@ -143,8 +143,7 @@ void PriceListsPage::CreaTabellaListini() {
   trap(context_.services, "CreaTabellaListini", [&](Steps& step) {
     step([&] { context_.connection->Execute(sql::EliminaTabellaLavoro(workingTable_)); });
     step([&] {
-      context_.connection->Execute(
-          sql::CreaTabellaListini(workingTable_, context_.profileIdText()));
+      context_.connection->Execute(sql::CreaTabellaListini(workingTable_, context_.profileKey()));
     });
   });
 }
@@ -164,7 +163,7 @@ void PriceListsPage::ConfermaModificheListini() {
   trap(context_.services, "ConfermaModificheListini", [&](Steps& step) {
     step([&] { context_.connection->Execute(sql::SalvaListini(workingTable_)); });
     step([&] {
-      context_.connection->Execute(sql::DisattivaListiniIncompleti(context_.profileIdText()));
+      context_.connection->Execute(sql::DisattivaListiniIncompleti(context_.profileKey()));
     });
   });
 }
@@ -214,7 +213,7 @@ void PriceListsPage::flagClicked(const char* procedure, const std::string& field
 
 std::string PriceListsPage::GetStringaSqlLookup(std::int32_t type) {
   return trap(context_.services, "GetStringaSqlLookup", [&](Steps& step) {
-    return step([&] { return sql::ElencoChiaviListino(type, context_.companyText()); });
+    return step([&] { return sql::ElencoChiaviListino(context_.companyKey(), type); });
   });
 }
 
@@ -236,7 +235,7 @@ void PriceListsPage::QGRID_LISTINI_StartLookup(const std::string& field, Value& 
     } else if (field == "GM57_DEPGIACENZE_MG58") {
       list = depositLookup(GetStringaSqlLookup(tsListinoDeposito));
     } else if (field == "GM57_CLIFOR_CG44") {
-      list = step([&] { return context_.lookups->Customers(context_.companyText()); });
+      list = step([&] { return context_.lookups->Customers(context_.companyKey().text); });
     }
     if (!list) return;
     if (const auto chosen = step([&] { return context_.choose(*list); })) code = *chosen;
@@ -258,7 +257,7 @@ void PriceListsPage::QGRID_LISTINI_DataFormatEXT(std::int32_t row, const std::st
 
 std::string PriceListsPage::describe(std::string_view field, std::int32_t type,
                                      const std::string& code) {
-  const std::string company = context_.companyText();
+  const sql::Company company = context_.companyKey();
   std::string statement;
   std::string_view column;
   if (field == "GM57_NUMLIST_LI10") {
@@ -274,7 +273,7 @@ std::string PriceListsPage::describe(std::string_view field, std::int32_t type,
     statement = sql::DescrizioneDeposito(company, code);
     column = "MG58_DESCRDEP";
   } else {
-    statement = context_.decodes->Customer(company, code);
+    statement = context_.decodes->Customer(company.text, code);
     column = "CG16_RAGSOANAG";
   }
   const auto known = descriptions_.find(statement);
@@ -285,7 +284,7 @@ std::string PriceListsPage::describe(std::string_view field, std::int32_t type,
 void PriceListsPage::BTN_AGGLISTINI_ButtonClick() {
   const bool done = trap(context_.services, "BTN_AGGLISTINI_ButtonClick", [&](Steps& step) {
     progress_.MostraAvanzamento(true);
-    step([&] { context_.connection->Execute(sql::AggiornaPrezzi(context_.companyText())); });
+    step([&] { context_.connection->Execute(sql::AggiornaPrezzi(context_.companyKey())); });
     return true;
   });
   progress_.MostraAvanzamento(false);

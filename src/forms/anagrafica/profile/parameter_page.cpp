@@ -198,7 +198,7 @@ void ParameterPage::bindColumns() {
 
 void ParameterPage::ShowChild() {
   trap(context_.services, "ShowChild",
-       [&](Steps& step) { step([&] { open(sql::Parametri(context_.profileIdText())); }); });
+       [&](Steps& step) { step([&] { open(sql::Parametri(context_.profileKey())); }); });
 }
 
 void ParameterPage::ClearChild() {
@@ -296,7 +296,7 @@ void ParameterPage::storeCustomerNotes(Steps& step) {
 bool ParameterPage::VerificaDepositoDocumento(const std::string& document) {
   return trap(context_.services, "VerificaDepositoDocumento", [&](Steps& step) {
     const Ref<ado::Recordset> rows = step([&] {
-      return context_.connection->Execute(sql::DepositoDocumento(document, context_.companyText()));
+      return context_.connection->Execute(sql::DepositoDocumento(context_.companyKey(), document));
     });
     return step([&] { return !rows->EOF_() && !isBlank(rows->value("MG3G_DEPDEFAULT_MG58")); });
   });
@@ -306,14 +306,15 @@ void ParameterPage::TXT_GM04_CODDOCWEB_MG36_StartDecode(const std::string& code,
                                                         std::string& description) {
   trap(context_.services, "TXT_GM04_CODDOCWEB_MG36_StartDecode", [&](Steps& step) {
     const std::string statement =
-        step([&] { return context_.decodes->DocumentType(context_.companyText(), code); });
+        step([&] { return context_.decodes->DocumentType(context_.companyKey().text, code); });
     description = step([&] { return context_.lookUpText(statement, "MG36_DESCR"); });
   });
 }
 
 void ParameterPage::TXT_GM04_CODDOCWEB_MG36_StartLookup() {
   trap(context_.services, "TXT_GM04_CODDOCWEB_MG36_StartLookup", [&](Steps& step) {
-    const auto list = step([&] { return context_.lookups->DocumentTypes(context_.companyText()); });
+    const auto list =
+        step([&] { return context_.lookups->DocumentTypes(context_.companyKey().text); });
     const auto code = step([&] { return context_.choose(list); });
     if (code) step([&] { TXT_GM04_CODDOCWEB_MG36.enter(*code); });
   });
@@ -323,7 +324,7 @@ void ParameterPage::decodeDeposit(const char* procedure, const std::string& code
                                   std::string& description) {
   trap(context_.services, procedure, [&](Steps& step) {
     description = step([&] {
-      return context_.lookUpText(sql::DecodificaDeposito(context_.companyText(), code),
+      return context_.lookUpText(sql::DecodificaDeposito(context_.companyKey(), code),
                                  "MG58_DESCRDEP");
     });
   });
@@ -331,9 +332,8 @@ void ParameterPage::decodeDeposit(const char* procedure, const std::string& code
 
 void ParameterPage::lookUpDeposit(const char* procedure, controls::EditBox& box) {
   trap(context_.services, procedure, [&](Steps& step) {
-    const auto code = step([&] {
-      return context_.choose(depositLookup(sql::ElencoDepositi(context_.companyText())));
-    });
+    const auto code = step(
+        [&] { return context_.choose(depositLookup(sql::ElencoDepositi(context_.companyKey()))); });
     if (code) step([&] { box.enter(*code); });
   });
 }
@@ -343,7 +343,7 @@ void ParameterPage::TXT_NUMLIST_StartDecode(const std::string& number, std::stri
     const int kind = CBO_TIPOVALORIZZ.text() == purchaseList ? 1 : 0;
     description = step([&] {
       return context_.lookUpText(
-          sql::DescrizioneListino(context_.companyText(), kind, toSqlNumber(CDecN(number))),
+          sql::DescrizioneListino(context_.companyKey(), kind, toSqlNumber(CDecN(number))),
           "MG44_DESCLIST");
     });
   });

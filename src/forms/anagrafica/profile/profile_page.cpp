@@ -70,7 +70,7 @@ void ProfilePage::place(controls::GroupBox& parameters, controls::GroupBox& cust
 void ProfilePage::ImpostaVirtualFrame() {
   trap(context_.services, "ImpostaVirtualFrame", [&](Steps& step) {
     const Ref<ado::Recordset> rows =
-        step([&] { return context_.openEditable(sql::Profilo(context_.companyText())); });
+        step([&] { return context_.openEditable(sql::Profilo(context_.companyKey())); });
     step([&] { dependents_.parameters.bindColumns(); });
     step([&] { context_.profile.setDataSource(rows); });
     loadedProfile_ = context_.profileId();
@@ -109,7 +109,7 @@ void ProfilePage::FME_ANAGRAFICA_AfterUpdate() {
 void ProfilePage::FME_ANAGRAFICA_BeforeDelete(bool& cancel) {
   // A cascade that the user broke off must not lose the profile that it hangs on.
   cancel = !trap(context_.services, "FME_ANAGRAFICA_BeforeDelete", [&](Steps& step) {
-    const auto statements = step([&] { return sql::EliminaDipendenze(context_.profileIdText()); });
+    const auto statements = step([&] { return sql::EliminaDipendenze(context_.profileKey()); });
     for (const std::string& statement : statements) {
       step([&] { context_.connection->Execute(statement); });
     }

@@ -14,7 +14,7 @@ constexpr std::int32_t installationFolder = 6;
 void Synchronisation::InsertGM02Records() {
   trap(context_.services, "InsertGM02Records", [&](Steps& step) {
     step([&] {
-      context_.connection->Execute(sql::ImpostazioneInizialeAttivita(context_.companyText()));
+      context_.connection->Execute(sql::ImpostazioneInizialeAttivita(context_.companyKey()));
     });
   });
 }
@@ -24,7 +24,7 @@ void Synchronisation::InsertGM08NuoviModelliSincro() {
     step([&] { context_.connection->Execute(sql::TipoSincroStandard()); });
     step([&] {
       context_.connection->Execute(
-          sql::AttivitaDispositivo(context_.profileIdText(), context_.companyText()));
+          sql::AttivitaDispositivo(context_.profileKey(), context_.companyKey()));
     });
   });
 }
