@@ -14,7 +14,7 @@ void multiply(engine::Session& session, const std::string& table, const std::str
   std::string columns;
   std::string values;
   const auto empty = session.execute("SELECT TOP 1 * FROM " + table);
-  for (const ado::Field& field : empty.front().fields) {
+  for (const engine::ResultColumn& field : empty.front().columns) {
     columns += (columns.empty() ? "" : ", ") + field.name;
     values +=
         (values.empty() ? "" : ", ") +

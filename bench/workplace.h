@@ -23,7 +23,7 @@ namespace kebu::workbench {
 
 using Statements = std::vector<std::string>;
 
-class StatementRecorder : public engine::StatementObserver {
+class StatementRecorder : public StatementObserver {
  public:
   bool isListening() const override { return recording_; }
   void before(const std::string&, bool) override {}
@@ -102,7 +102,7 @@ class Workplace {
   LocalPlatform platform_;
   ModelDesktop desktop_;
   ModelHands hands_;
-  engine::Library library_;
+  AdoLibrary library_;
   StatementRecorder recorder_;
   StandInHost host_;
   bool second_ = false;

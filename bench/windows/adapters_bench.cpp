@@ -100,11 +100,11 @@ std::size_t readByName(const Ref<ado::Recordset>& rows) {
 int main() {
   const workbench::Apartment apartment;
   const auto database = engine::Database::createInMemory();
-  const Ref<ado::Connection> direct = engine::newConnection(database, nullptr);
+  const Ref<ado::Connection> direct = workbench::newConnection(database, nullptr);
   direct->Open();
   fill(direct);
   const Ref<ado::Connection> wrapped = windows::wrapConnection(workbench::automate(direct).get());
-  engine::Library engineLibrary;
+  workbench::AdoLibrary engineLibrary;
 
   const auto openDirect = [&] { return direct->Execute(query); };
   const auto openForward = [&] { return wrapped->Execute(query); };

@@ -45,7 +45,7 @@ void tell(const char* what, double time, const char* floorName, double floor) {
             << floor << " us)" << std::endl;
 }
 
-class StatementRecorder : public engine::StatementObserver {
+class StatementRecorder : public workbench::StatementObserver {
  public:
   std::vector<std::string> statements;
   void before(const std::string&, bool) override {}

@@ -8,16 +8,10 @@
 
 #include "common/error.h"
 #include "common/locale.h"
+#include "common/overloaded.h"
 
 namespace kebu {
 namespace {
-
-template <class... Cases>
-struct Overloaded : Cases... {
-  using Cases::operator()...;
-};
-template <class... Cases>
-Overloaded(Cases...) -> Overloaded<Cases...>;
 
 template <class... Cases>
 auto match(const Value& value, Cases&&... cases) {

@@ -33,7 +33,7 @@ class RecordingHost : public ControlHost {
 };
 
 /// Fails the edits that it is told to.
-class EditFaults : public engine::StatementObserver {
+class EditFaults : public workbench::StatementObserver {
  public:
   void before(const std::string& text, bool edit) override {
     if (edit && !failing.empty() && text.find(failing) != std::string::npos) {
@@ -48,7 +48,7 @@ class EditFaults : public engine::StatementObserver {
 class ControlTest : public testing::Test {
  protected:
   ControlTest() {
-    connection = engine::newConnection(database, &faults);
+    connection = workbench::newConnection(database, &faults);
     connection->Open();
   }
   void run(const std::string& text) { engine::Session(database).execute(text); }
@@ -66,7 +66,7 @@ class ControlTest : public testing::Test {
 
   std::shared_ptr<engine::Database> database = engine::Database::createInMemory();
   EditFaults faults;
-  engine::Library library;
+  workbench::AdoLibrary library;
   Ref<ado::Connection> connection;
   RecordingHost host;
 };

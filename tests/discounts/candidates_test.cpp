@@ -73,7 +73,7 @@ class CandidatesTest : public testing::TestWithParam<Kind> {
     for (const auto& row : result.rows) {
       Candidate& candidate = candidates.emplace_back();
       for (std::size_t i = 0; i < row.size(); ++i) {
-        const std::string& column = result.fields[i].name;
+        const std::string& column = result.columns[i].name;
         std::string text = candidateText(row[i]);
         if (column == "GM61_ID") {
           EXPECT_EQ(i, 0U);

@@ -42,7 +42,7 @@ std::vector<std::map<std::string, Value>> read(engine::Session& session, const s
   std::vector<std::map<std::string, Value>> rows;
   for (const auto& values : result.rows) {
     auto& row = rows.emplace_back();
-    for (std::size_t i = 0; i < values.size(); ++i) row[result.fields[i].name] = values[i];
+    for (std::size_t i = 0; i < values.size(); ++i) row[result.columns[i].name] = values[i];
   }
   return rows;
 }

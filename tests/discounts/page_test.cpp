@@ -30,7 +30,7 @@ class StandingClock : public LocalPlatform {
 };
 
 /// Keeps the statements that are no edits.
-class Statements : public engine::StatementObserver {
+class Statements : public StatementObserver {
  public:
   void before(const std::string& text, bool edit) override {
     if (!edit) texts.push_back(text);
@@ -96,7 +96,7 @@ class DiscountPageTest : public testing::Test {
   StandingClock platform_{player_, nowhere_};
   ModelDesktop desktop_{player_};
   ModelHands hands_{desktop_};
-  engine::Library library_;
+  AdoLibrary library_;
   engine::Session session_{database_};
   StandInHost host_{
       [this] {

@@ -88,12 +88,10 @@ TEST(Sessions, GiveTheTypesOfSelectInto) {
       "bit) AS D, "
       "CAST(7 AS tinyint) AS E, NEWID() AS F, 2 AS G, CAST(5 AS bigint) AS H INTO ##T");
   const auto result = session.execute("SELECT * FROM ##T").at(0);
-  const auto& fields = result.fields;
-  EXPECT_EQ(fields[0].type, ado::DataType::Numeric);
-  EXPECT_EQ(fields[0].precision, 9);
-  EXPECT_EQ(fields[0].numericScale, 2);
-  EXPECT_EQ(fields[1].definedSize, 3);
-  EXPECT_EQ(fields[2].type, ado::DataType::DBTimeStamp);
+  const auto& columns = result.columns;
+  EXPECT_EQ(columns[0].type, SqlType::decimal(9, 2));
+  EXPECT_EQ(columns[1].type, SqlType::text(3));
+  EXPECT_EQ(columns[2].type.kind, TypeKind::DateTime);
   const auto& row = result.rows.at(0);
   EXPECT_EQ(row[0], Value(Decimal::scaled(100, 2)));
   EXPECT_TRUE(row[2].isNull());
@@ -114,8 +112,8 @@ TEST(Sessions, KeepPlansApartWhereLiteralsBelongToTheForm) {
   EXPECT_EQ(shown(session.execute("SELECT CAST(A AS varchar(1)), B FROM T WHERE A = 1")), "1|a\n");
   EXPECT_EQ(shown(session.execute("SELECT CAST(B AS varchar(2)) FROM T WHERE A = 333")), "cc\n");
   EXPECT_EQ(shown(session.execute("SELECT TOP 1 B FROM T WHERE A > 1 SELECT 'x' AS L")), "bb\nx\n");
-  EXPECT_EQ(session.execute("SELECT 'xyz' AS L").at(0).fields[0].definedSize, 3);
-  EXPECT_EQ(session.execute("SELECT 'longer' AS L").at(0).fields[0].definedSize, 6);
+  EXPECT_EQ(session.execute("SELECT 'xyz' AS L").at(0).columns[0].type.size, 3);
+  EXPECT_EQ(session.execute("SELECT 'longer' AS L").at(0).columns[0].type.size, 6);
 }
 
 TEST(Sessions, PutTheValuesOfParametersInTheirPlaces) {

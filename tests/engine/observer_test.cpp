@@ -5,7 +5,7 @@
 #include "tests/engine/result_text.h"
 #include "workbench/ado/ado_objects.h"
 
-namespace kebu::engine {
+namespace kebu::workbench {
 namespace {
 
 /// Notes what it hears and fails the next statement when it is told to.
@@ -39,8 +39,8 @@ class ObservedConnection : public testing::Test {
   }
 
   Recorder recorder;
-  Ref<ado::Connection> connection = newConnection(Database::createInMemory(), &recorder);
-  Library library;
+  Ref<ado::Connection> connection = newConnection(engine::Database::createInMemory(), &recorder);
+  AdoLibrary library;
 };
 
 TEST_F(ObservedConnection, TellsOfEveryStatementOnce) {
@@ -56,7 +56,7 @@ TEST_F(ObservedConnection, TellsOfEveryStatementOnce) {
   recordset->setValue("A", "neu");
   recordset->Update();
   recordset->Requery();
-  EXPECT_THROW(connection->Execute("SELECT X FROM T"), SqlError);
+  EXPECT_THROW(connection->Execute("SELECT X FROM T"), engine::SqlError);
   const std::vector<std::string> expected{
       "INSERT INTO T (A) VALUES ('it''s'), ('b') 2",
       "SELECT * FROM T 2",
@@ -107,11 +107,11 @@ TEST_F(ObservedConnection, ACommandCallsAProcedureByItsDescription) {
   EXPECT_EQ(recorder.lines[0], "EXEC SP @a = 'o''k', @d = '20240229 10:00:00.000' 1");
   EXPECT_EQ(recorder.lines[1], "EXEC SP @a = 'o''k', @p = 7.25, @d = '20240229 10:00:00.000' 1");
   const auto rows = connection->Execute("SELECT A, P FROM T")->GetRows(-1);
-  EXPECT_EQ(shown(rows.at(0)[1]), "2.50");
-  EXPECT_EQ(shown(rows.at(1)[1]), "7.25");
+  EXPECT_EQ(engine::shown(rows.at(0)[1]), "2.50");
+  EXPECT_EQ(engine::shown(rows.at(1)[1]), "7.25");
   command->setActiveConnection(nullptr);
   EXPECT_THROW(command->Execute(), RuntimeError);
 }
 
 }  // namespace
-}  // namespace kebu::engine
+}  // namespace kebu::workbench

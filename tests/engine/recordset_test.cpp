@@ -3,7 +3,7 @@
 #include "tests/engine/result_text.h"
 #include "workbench/ado/ado_objects.h"
 
-namespace kebu::engine {
+namespace kebu::workbench {
 namespace {
 
 using ado::CursorLocation;
@@ -40,11 +40,11 @@ class Recordsets : public testing::Test {
   }
   std::string stored(const std::string& query) {
     auto recordset = connection->Execute(query);
-    return recordset->EOF_() ? "" : shownRows(recordset->GetRows(-1));
+    return recordset->EOF_() ? "" : engine::shownRows(recordset->GetRows(-1));
   }
 
-  Ref<ado::Connection> connection = newConnection(Database::createInMemory(), nullptr);
-  Library library;
+  Ref<ado::Connection> connection = newConnection(engine::Database::createInMemory(), nullptr);
+  AdoLibrary library;
 };
 
 TEST_F(Recordsets, MoveBetweenTheEnds) {
@@ -123,23 +123,23 @@ TEST_F(Recordsets, LeaveRowsThatWereReadAsTheyWere) {
   edited->MoveFirst();
   edited->setValue("A", "neu");
   edited->Update();
-  EXPECT_EQ(shownRows(before), "a\n");
+  EXPECT_EQ(engine::shownRows(before), "a\n");
   auto readOnly = open("SELECT A FROM T", CursorType::Static, LockType::ReadOnly);
   const auto kept = readOnly->GetRows(-1);
   readOnly->Close();
-  EXPECT_EQ(shownRows(kept), "neu\nb\nb\nC \n");
+  EXPECT_EQ(engine::shownRows(kept), "neu\nb\nb\nC \n");
 }
 
 TEST_F(Recordsets, ConvertWhatIsAssigned) {
   auto rs = open("SELECT * FROM T");
   rs->setValue("P", "1.234,555");
-  EXPECT_EQ(shown(rs->value("P")), "1234.56");
+  EXPECT_EQ(engine::shown(rs->value("P")), "1234.56");
   rs->setValue("K", "12");
   rs->setValue("D", "31/01/2024");
   rs->setValue("F", true);
   EXPECT_EQ(rs->value("F"), Value(std::int16_t{-1}));
   EXPECT_EQ(errorOf([&] { rs->setValue("P", "abc"); }), 13);
-  EXPECT_EQ(shown(rs->value("P")), "1234.56");
+  EXPECT_EQ(engine::shown(rs->value("P")), "1234.56");
   EXPECT_EQ(errorOf([&] { rs->setValue("F", 40000); }), 6);
   EXPECT_EQ(errorOf([&] { rs->setValue("A", "sechs6"); }), -2147217887);
   rs->setValue("A", Null{});
@@ -243,4 +243,4 @@ TEST_F(Recordsets, EditTemporaryTables) {
 }
 
 }  // namespace
-}  // namespace kebu::engine
+}  // namespace kebu::workbench

@@ -25,7 +25,7 @@ namespace kebu::workbench {
 using Lines = std::vector<std::string>;
 
 /// Lets one statement of a run fail, once, and keeps the texts of all.
-class FaultyStatement : public engine::StatementObserver {
+class FaultyStatement : public StatementObserver {
  public:
   static constexpr const char* description = "This statement was made to fail.";
 
@@ -87,7 +87,7 @@ class Performance {
   LocalPlatform platform_;
   ModelDesktop desktop_;
   ModelHands hands_;
-  engine::Library library_;
+  AdoLibrary library_;
   engine::Session session_;
   StandInHost host_;
 };

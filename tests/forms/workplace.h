@@ -34,7 +34,7 @@ class Workplace {
 
   forms::Runtime runtime() { return {platform_, library_, desktop_}; }
   const Ref<host::Cinterface>& plugin() const { return host_.plugin(); }
-  Ref<ado::Connection> newConnection() { return engine::newConnection(database_, nullptr); }
+  Ref<ado::Connection> newConnection() { return newConnection(database_, nullptr); }
   const ModelDesktop& desktop() const { return desktop_; }
 
   /// What is done in a modal window.
@@ -59,7 +59,7 @@ class Workplace {
   LocalPlatform platform_;
   ModelDesktop desktop_;
   ModelHands hands_;
-  engine::Library library_;
+  AdoLibrary library_;
   std::shared_ptr<engine::Database> database_;
   engine::Session session_;
   StandInHost host_;

@@ -74,7 +74,7 @@ class KeepingDesktop : public controls::Desktop {
 };
 
 /// Keeps the names of the working tables that statements speak of.
-class WorkingTables : public engine::StatementObserver {
+class WorkingTables : public workbench::StatementObserver {
  public:
   void before(const std::string& text, bool) override {
     constexpr std::size_t length = 7 + 32;  // "##tempT" and the identifier's digits
@@ -102,7 +102,7 @@ class PluginTest : public testing::Test {
   BusyUser user;
   RecordingPlatform platform;
   KeepingDesktop desktop{user};
-  engine::Library library;
+  workbench::AdoLibrary library;
   std::shared_ptr<engine::Database> database = workbench::demoCompany();
   WorkingTables statements;
   std::vector<std::string> journal;

@@ -21,16 +21,16 @@ namespace {
 
 std::shared_ptr<engine::Database> newDatabase() {
   auto database = engine::Database::createInMemory();
-  const Ref<ado::Connection> connection = engine::newConnection(database, nullptr);
+  const Ref<ado::Connection> connection = workbench::newConnection(database, nullptr);
   connection->Open();
   for (const std::string& statement : adoSetUp()) connection->Execute(statement);
   return database;
 }
 
 Story toldByEngine(const AdoStory& story) {
-  engine::Library library;
+  workbench::AdoLibrary library;
   const auto database = newDatabase();
-  AdoSide side{library, [&] { return engine::newConnection(database, nullptr); }};
+  AdoSide side{library, [&] { return workbench::newConnection(database, nullptr); }};
   Story told;
   story.tell(side, told);
   return told;
@@ -38,10 +38,10 @@ Story toldByEngine(const AdoStory& story) {
 
 /// Each statement runs beside the caller when there is something to do meanwhile.
 Story toldThroughCom(const AdoStory& story, const std::function<void()>& meanwhile) {
-  engine::Library objects;
+  workbench::AdoLibrary objects;
   const auto database = newDatabase();
-  const workbench::ClassObjects classes(objects,
-                                        [&] { return engine::newConnection(database, nullptr); });
+  const workbench::ClassObjects classes(
+      objects, [&] { return workbench::newConnection(database, nullptr); });
   windows::AdoLibrary library;
   AdoSide side{library, [&] {
                  const Ref<ado::Connection> connection = library.newConnection();
@@ -58,10 +58,10 @@ constexpr const char* slowCount =
     "SELECT COUNT(*) AS N FROM T A, T B, T C WHERE C.K < 25 AND A.K + B.K + C.K = 7";
 
 void checkWaiting() {
-  engine::Library objects;
+  workbench::AdoLibrary objects;
   const auto database = newDatabase();
-  const workbench::ClassObjects classes(objects,
-                                        [&] { return engine::newConnection(database, nullptr); });
+  const workbench::ClassObjects classes(
+      objects, [&] { return workbench::newConnection(database, nullptr); });
   windows::AdoLibrary library;
   const Ref<ado::Connection> connection = library.newConnection();
   connection->Open();

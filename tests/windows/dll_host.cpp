@@ -70,7 +70,7 @@ std::int32_t QuietUser::answer(const workbench::ShownMessage& box) {
   return workbench::defaultButton(box.style);
 }
 
-DllHost::DllHost(const workbench::PluginLibrary& library, engine::StatementObserver* observer)
+DllHost::DllHost(const workbench::PluginLibrary& library, workbench::StatementObserver* observer)
     : company_(workbench::embeddedCompany(database_, observer)),
       classes_(objects_, company_.forPlugin),
       stand_(

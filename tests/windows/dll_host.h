@@ -39,7 +39,7 @@ class QuietUser : public workbench::User {
 class DllHost {
  public:
   explicit DllHost(const workbench::PluginLibrary& library,
-                   engine::StatementObserver* observer = nullptr);
+                   workbench::StatementObserver* observer = nullptr);
 
   workbench::StandInHost* operator->() { return &stand_; }
   void set(const char* property, const std::string& value);
@@ -52,7 +52,7 @@ class DllHost {
   QuietUser user_;
   std::shared_ptr<engine::Database> database_ = workbench::demoCompany();
   workbench::CompanyDatabase company_;
-  engine::Library objects_;
+  workbench::AdoLibrary objects_;
   workbench::ClassObjects classes_;
   workbench::StandInHost stand_;
 };

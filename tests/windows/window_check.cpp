@@ -151,7 +151,7 @@ void checkLooks(const workbench::PluginLibrary& library) {
 }
 
 /// A database that takes long over the working table of the rules on price.
-class SlowRules : public engine::StatementObserver {
+class SlowRules : public workbench::StatementObserver {
  public:
   static constexpr DWORD delay = 1000;
 

@@ -88,13 +88,13 @@ class HostStatementsTest : public testing::Test {
 TEST_F(HostStatementsTest, DecodesFindTheDescriptionUnderItsName) {
   SqlDecodes decodes;
   const auto result = session.execute(decodes.DocumentType("1", "OCW")).front();
-  EXPECT_EQ(result.fields.front().name, "MG36_DESCR");
+  EXPECT_EQ(result.columns.front().name, "MG36_DESCR");
   EXPECT_EQ(toText(result.rows.front().front()), "Ordine cliente da web");
   EXPECT_EQ(value(decodes.DocumentType("1", "o'c")), "");
   EXPECT_EQ(value(decodes.DocumentType("9", "OCW")), "");
 
   EXPECT_EQ(value(decodes.Customer("1", "1072")), "Ferramenta D'Amico S.r.l.");
-  EXPECT_EQ(session.execute(decodes.Customer("1", "1072")).front().fields.front().name,
+  EXPECT_EQ(session.execute(decodes.Customer("1", "1072")).front().columns.front().name,
             "CG16_RAGSOANAG");
   EXPECT_EQ(value(decodes.Customer("1", "")), "");
 }
@@ -103,7 +103,7 @@ TEST_F(HostStatementsTest, ListsHoldTheCompanysRowsUnderEnoughCaptions) {
   Lookups lookups;
   for (const auto& list : {lookups.DocumentTypes("1"), lookups.Customers("1")}) {
     const auto result = session.execute(list.statement).front();
-    EXPECT_EQ(result.fields.size(), list.captions.size()) << list.title;
+    EXPECT_EQ(result.columns.size(), list.captions.size()) << list.title;
     EXPECT_FALSE(result.rows.empty()) << list.title;
   }
   // Suppliers are no customers.
@@ -136,7 +136,7 @@ TEST_F(HostStatementsTest, CodesAreListedAndDecodedUnderTheLevelsAboveThem) {
   for (const Case& each : cases) {
     const auto decoded = session.execute(decodes.Code(each.table, "1", each.keys)).front();
     ASSERT_EQ(decoded.rows.size(), 1U) << each.table;
-    EXPECT_EQ(decoded.fields.front().name, each.column);
+    EXPECT_EQ(decoded.columns.front().name, each.column);
     EXPECT_EQ(toText(decoded.rows.front().front()), each.description);
 
     const std::vector<std::string> upper(each.keys.begin(), each.keys.end() - 1);
@@ -176,7 +176,7 @@ TEST_F(HostStatementsTest, EveryListOfCodesRuns) {
   for (const char* table : tables) lists.push_back(lookups.Codes(table, "1", {}));
   for (const auto& list : lists) {
     const auto result = session.execute(list.statement).front();
-    EXPECT_EQ(result.fields.size(), list.captions.size()) << list.title;
+    EXPECT_EQ(result.columns.size(), list.captions.size()) << list.title;
     EXPECT_FALSE(result.rows.empty()) << list.title;
   }
 }

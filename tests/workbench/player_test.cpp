@@ -138,7 +138,7 @@ TEST_F(PlayerTest, RetryingForEverFailsTheScenario) {
 }
 
 TEST_F(PlayerTest, ALookUpTakesTheRowThatTheStepNames) {
-  const Ref<ado::Connection> connection = engine::newConnection(database, nullptr);
+  const Ref<ado::Connection> connection = newConnection(database, nullptr);
   connection->Open();
   ASSERT_TRUE(play("open"));
   form.lock()->box.StartLookup.on([&](controls::EditBox& box) {

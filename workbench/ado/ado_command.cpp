@@ -6,7 +6,7 @@
 #include "workbench/ado/ado_error.h"
 #include "workbench/ado/field_value.h"
 
-namespace kebu::engine {
+namespace kebu::workbench {
 
 void AdoCommand::setActiveConnection(const Ref<ado::Connection>& connection) {
   connection_ = connection ? AdoConnection::behind(connection) : nullptr;
@@ -22,7 +22,7 @@ AdoConnection& AdoCommand::connection() const {
   return *connection_;
 }
 
-const std::vector<ast::Parameter>& AdoCommand::parameters() {
+const std::vector<engine::ast::Parameter>& AdoCommand::parameters() {
   if (!description_) {
     description_ = connection().session().procedure(procedure_);
     given_.assign(description_->tree.parameters.size(), std::nullopt);
@@ -32,9 +32,10 @@ const std::vector<ast::Parameter>& AdoCommand::parameters() {
 
 void AdoCommand::setParameter(std::string_view name, const Value& value) {
   const auto& all = parameters();
-  const auto found = std::find_if(all.begin(), all.end(), [&](const ast::Parameter& parameter) {
-    return equalsIgnoringCase(parameter.name, name);
-  });
+  const auto found =
+      std::find_if(all.begin(), all.end(), [&](const engine::ast::Parameter& parameter) {
+        return equalsIgnoringCase(parameter.name, name);
+      });
   if (found == all.end()) throw adoerror::noSuchItem();
   given_[static_cast<std::size_t>(found - all.begin())] = forField(value, found->type);
 }
@@ -52,4 +53,4 @@ void AdoCommand::Execute() {
   connection().run(statement);
 }
 
-}  // namespace kebu::engine
+}  // namespace kebu::workbench

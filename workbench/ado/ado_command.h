@@ -8,7 +8,7 @@
 #include "ado/command.h"
 #include "workbench/ado/ado_connection.h"
 
-namespace kebu::engine {
+namespace kebu::workbench {
 
 /// An ADO command that calls a stored procedure.
 class AdoCommand : public ado::Command {
@@ -20,12 +20,12 @@ class AdoCommand : public ado::Command {
 
  private:
   AdoConnection& connection() const;
-  const std::vector<ast::Parameter>& parameters();
+  const std::vector<engine::ast::Parameter>& parameters();
 
   std::shared_ptr<AdoConnection> connection_;
   std::string procedure_;
-  ModulePtr description_;                    ///< from the first use on
-  std::vector<std::optional<Value>> given_;  ///< one place a parameter
+  engine::ModulePtr description_;            ///< read at the first use
+  std::vector<std::optional<Value>> given_;  ///< by the parameters' places
 };
 
-}  // namespace kebu::engine
+}  // namespace kebu::workbench

@@ -5,11 +5,11 @@
 #include "workbench/ado/ado_error.h"
 #include "workbench/ado/ado_recordset.h"
 
-namespace kebu::engine {
+namespace kebu::workbench {
 namespace {
 
-/// The rows that a batch changed, or that its first query gave when it changed none.
-std::int64_t rowsOf(const Session& session, const std::vector<ResultSet>& results) {
+/// The number of rows that a batch changed, or that its first query gave when it only read.
+std::int64_t rowsOf(const engine::Session& session, const std::vector<engine::ResultSet>& results) {
   const bool onlyRead = session.rowsAffected() < 0 && !results.empty();
   return onlyRead ? results.front().rowsAffected : session.rowsAffected();
 }
@@ -18,7 +18,7 @@ std::int64_t rowsOf(const Session& session, const std::vector<ResultSet>& result
 
 void AdoConnection::Open() {
   if (session_) throw adoerror::open();
-  session_ = std::make_unique<Session>(database_);
+  session_ = std::make_unique<engine::Session>(database_);
 }
 
 void AdoConnection::Close() {
@@ -26,7 +26,7 @@ void AdoConnection::Close() {
   session_.reset();
 }
 
-Session& AdoConnection::session() const {
+engine::Session& AdoConnection::session() const {
   if (!session_) throw adoerror::badConnection();
   return *session_;
 }
@@ -39,7 +39,7 @@ std::shared_ptr<AdoConnection> AdoConnection::behind(const Ref<ado::Connection>&
 
 void AdoConnection::keep(const RuntimeError& error) {
   ado::Error entry{error.number(), error.description(), error.source(), 0, {}};
-  if (const auto* sql = dynamic_cast<const SqlError*>(&error)) {
+  if (const auto* sql = dynamic_cast<const engine::SqlError*>(&error)) {
     entry.nativeError = sql->nativeError();
     entry.sqlState = sql->sqlState();
   }
@@ -62,9 +62,9 @@ void AdoConnection::observed(const std::string& text, bool edit, Work&& work) {
   if (heard) observer_->after(text, edit, rows, nullptr);
 }
 
-std::vector<ResultSet> AdoConnection::run(const std::string& text) {
-  Session& current = session();
-  std::vector<ResultSet> results;
+std::vector<engine::ResultSet> AdoConnection::run(const std::string& text) {
+  engine::Session& current = session();
+  std::vector<engine::ResultSet> results;
   observed(text, false, [&] {
     results = current.execute(text);
     return rowsOf(current, results);
@@ -73,13 +73,13 @@ std::vector<ResultSet> AdoConnection::run(const std::string& text) {
 }
 
 void AdoConnection::run(const ParameterStatement& statement) {
-  Session& current = session();
+  engine::Session& current = session();
   observed(statement.text, false,
            [&] { return rowsOf(current, current.execute(statement.command, statement.values)); });
 }
 
 void AdoConnection::edit(const ParameterStatement& statement) {
-  Session& current = session();
+  engine::Session& current = session();
   observed(statement.text, true, [&] {
     current.execute(statement.command, statement.values);
     if (current.rowsAffected() != 1) throw adoerror::rowNotFound();
@@ -97,4 +97,4 @@ void AdoConnection::ExecuteNoRecords(const std::string& text) {
   run(text);
 }
 
-}  // namespace kebu::engine
+}  // namespace kebu::workbench

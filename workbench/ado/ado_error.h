@@ -3,7 +3,7 @@
 #include "common/error.h"
 #include "workbench/engine/values/sql_error.h"
 
-namespace kebu::engine::adoerror {
+namespace kebu::workbench::adoerror {
 
 // The errors of ADO itself, by its numbers.
 
@@ -55,4 +55,4 @@ inline RuntimeError backward() {
   return make(-2147217884, "Rowset does not support fetching backward.");
 }
 
-}  // namespace kebu::engine::adoerror
+}  // namespace kebu::workbench::adoerror

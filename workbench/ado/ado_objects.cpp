@@ -6,19 +6,19 @@
 #include "workbench/ado/ado_connection.h"
 #include "workbench/ado/ado_recordset.h"
 
-namespace kebu::engine {
+namespace kebu::workbench {
 
-Ref<ado::Connection> newConnection(std::shared_ptr<Database> database,
+Ref<ado::Connection> newConnection(std::shared_ptr<engine::Database> database,
                                    StatementObserver* observer) {
   return makeRef<AdoConnection>(std::move(database), observer);
 }
 
-Ref<ado::Recordset> Library::newRecordset() {
+Ref<ado::Recordset> AdoLibrary::newRecordset() {
   return makeRef<AdoRecordset>();
 }
 
-Ref<ado::Command> Library::newCommand() {
+Ref<ado::Command> AdoLibrary::newCommand() {
   return makeRef<AdoCommand>();
 }
 
-}  // namespace kebu::engine
+}  // namespace kebu::workbench

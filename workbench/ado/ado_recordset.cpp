@@ -4,9 +4,9 @@
 
 #include "workbench/ado/ado_error.h"
 
-namespace kebu::engine {
+namespace kebu::workbench {
 
-Ref<ado::Recordset> AdoRecordset::ofResults(std::vector<ResultSet> results) {
+Ref<ado::Recordset> AdoRecordset::ofResults(std::vector<engine::ResultSet> results) {
   auto recordset = std::make_shared<AdoRecordset>();
   if (!results.empty()) {
     recordset->rows_ = std::make_shared<RowSet>(std::move(results.front()));
@@ -33,7 +33,7 @@ void AdoRecordset::Open(const std::string& source, const Ref<ado::Connection>& c
   filter_ = {};
   pendingOnly_ = false;
   edit_.reset();
-  if (results.empty()) return;  // a statement without rows leaves it closed
+  if (results.empty()) return;  // a statement that gives no rows leaves the recordset closed
   rows_ = std::make_shared<RowSet>(std::move(results.front()));
   position_ = nextVisible(-1, 1);
 }
@@ -202,10 +202,10 @@ std::vector<RowValues> AdoRecordset::GetRows(std::int32_t wanted) {
     if (lockType_ == ado::LockType::ReadOnly) {
       result.emplace_back(values, rows_);
     } else {
-      result.emplace_back(values);  // it may be edited while they are looked at
+      result.emplace_back(values);  // copied: the rows may be edited before the caller reads them
     }
   }
   return result;
 }
 
-}  // namespace kebu::engine
+}  // namespace kebu::workbench

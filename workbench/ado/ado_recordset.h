@@ -10,13 +10,13 @@
 #include "workbench/ado/row_filter.h"
 #include "workbench/ado/row_set.h"
 
-namespace kebu::engine {
+namespace kebu::workbench {
 
-/// An ADO recordset. Whatever the cursor, its rows are a snapshot in memory.
+/// An ADO recordset. With every kind of cursor its rows are a snapshot in memory.
 class AdoRecordset : public ado::Recordset {
  public:
   /// The first result, forward-only and read-only; closed when there is none.
-  static Ref<ado::Recordset> ofResults(std::vector<ResultSet> results);
+  static Ref<ado::Recordset> ofResults(std::vector<engine::ResultSet> results);
 
   void setCursorLocation(ado::CursorLocation location) override;
   void Open(const std::string& source, const Ref<ado::Connection>& connection,
@@ -53,13 +53,13 @@ class AdoRecordset : public ado::Recordset {
   ado::EditMode editMode() const override;
   bool hasPendingBatch() const override;
 
-  /// ADO's filter for the rows that wait for UpdateBatch, deleted ones among them.
+  /// ADO's filter for the rows that wait for UpdateBatch, deleted ones included.
   void filterPending();
   /// ADO's status of the current row: 1 new, 2 modified, 4 deleted, 8 as it was.
   std::int32_t status() const;
 
  private:
-  /// What was set in the current row, or in a new one, since the last Update.
+  /// The fields set in the current row, or in a new one, since the last Update.
   struct Edit {
     bool isNew = false;
     FieldValues values;
@@ -72,13 +72,13 @@ class AdoRecordset : public ado::Recordset {
   std::int64_t count() const { return static_cast<std::int64_t>(rows().rows.size()); }
   bool visible(std::int64_t position) const;
   std::int64_t nextVisible(std::int64_t from, int step) const;
-  /// Then positions are counted without looking at the rows.
+  /// Whether every row is visible, so that positions need not be counted.
   bool allVisible() const { return !pendingOnly_ && !rows().anyDeleted && filter_.passesAll(); }
   bool hasVisible() const { return nextVisible(-1, 1) < count(); }
   void moveTo(std::int64_t position);
   bool isBatch() const { return lockType_ == ado::LockType::BatchOptimistic; }
   void requireUpdatable() const;
-  /// Ends the edit in progress as moving to another row does.
+  /// Calls Update when an edit is in progress, as moving to another row does.
   void settleEdit();
   void send(Row& row);
   void sendOrRestore(Row& row);
@@ -89,7 +89,7 @@ class AdoRecordset : public ado::Recordset {
   ado::CursorLocation location_ = ado::CursorLocation::Server;
   ado::CursorType cursorType_ = ado::CursorType::ForwardOnly;
   ado::LockType lockType_ = ado::LockType::ReadOnly;
-  /// Into the rows; -1 before the first, their number behind the last.
+  /// The index of the current row; -1 before the first, their number behind the last.
   std::int64_t position_ = 0;
   std::string filterText_;
   RowFilter filter_;
@@ -97,4 +97,4 @@ class AdoRecordset : public ado::Recordset {
   std::optional<Edit> edit_;
 };
 
-}  // namespace kebu::engine
+}  // namespace kebu::workbench

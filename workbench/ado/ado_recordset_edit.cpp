@@ -8,7 +8,7 @@
 #include "workbench/ado/field_value.h"
 #include "workbench/ado/row_writer.h"
 
-namespace kebu::engine {
+namespace kebu::workbench {
 
 namespace {
 
@@ -26,7 +26,7 @@ void AdoRecordset::setValue(std::string_view field, const Value& value) {
   if (rows().columns[index].empty()) throw adoerror::badValue();
   Value converted = forField(value, rows().types[index]);
   if (!edit_) {
-    static_cast<void>(current());  // there must be one
+    static_cast<void>(current());  // throws when there is none
     edit_ = Edit{};
     edit_->values.reserve(usualEdit);
   }
@@ -44,7 +44,7 @@ void AdoRecordset::send(Row& row) {
   RowWriter(*connection_, rows()).send(row);
 }
 
-/// A failing statement leaves the row as it was, and the edit to be sent again.
+/// When the statement fails, the row is restored and the edit stays, so that it can be retried.
 void AdoRecordset::sendOrRestore(Row& row) {
   try {
     send(row);
@@ -90,7 +90,7 @@ void AdoRecordset::Delete() {
   edit_.reset();
   rows().anyDeleted = true;
   if (row.pending == Row::Pending::Insert) {
-    row.gone = true;  // the database never had it
+    row.gone = true;  // it was never inserted
     return;
   }
   row.restore();
@@ -158,4 +158,4 @@ std::int32_t AdoRecordset::status() const {
   }
 }
 
-}  // namespace kebu::engine
+}  // namespace kebu::workbench

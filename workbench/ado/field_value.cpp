@@ -4,26 +4,26 @@
 #include "workbench/ado/ado_error.h"
 #include "workbench/engine/values/cast.h"
 
-namespace kebu::engine {
+namespace kebu::workbench {
 namespace {
 
 bool isWholeNumber(const Value& value) {
   return value.holds<std::int16_t>() || value.holds<std::int32_t>();
 }
 
-Value number(const Value& value, const SqlType& type) {
+Value number(const Value& value, const engine::SqlType& type) {
   try {
-    return castTo(value, type);
-  } catch (const SqlError&) {  // it has more digits than the field
+    return engine::castTo(value, type);
+  } catch (const engine::SqlError&) {  // the number has more digits than the field
     throw RuntimeError::overflow();
   }
 }
 
-Value integer(const Value& value, const SqlType& type) {
+Value integer(const Value& value, const engine::SqlType& type) {
   return number(isWholeNumber(value) ? value : toDecimal(value).rounded(0), type);
 }
 
-Value text(const Value& value, const SqlType& type) {
+Value text(const Value& value, const engine::SqlType& type) {
   std::string result = toText(value);
   if (type.size >= 0 && characterCount(result) > static_cast<std::size_t>(type.size)) {
     throw adoerror::badValue();
@@ -33,12 +33,12 @@ Value text(const Value& value, const SqlType& type) {
 
 }  // namespace
 
-Value forField(const Value& value, const SqlType& type) {
+Value forField(const Value& value, const engine::SqlType& type) {
   if (value.isNull()) return value;
-  if (type.kind == TypeKind::Bit) return toBoolean(value);
-  if (type.isInteger() && type.kind != TypeKind::BigInt) return integer(value, type);
+  if (type.kind == engine::TypeKind::Bit) return toBoolean(value);
+  if (type.isInteger() && type.kind != engine::TypeKind::BigInt) return integer(value, type);
   if (type.isNumber()) return number(toDecimal(value), type);
-  if (type.isText() || type.kind == TypeKind::Guid) return text(value, type);
+  if (type.isText() || type.kind == engine::TypeKind::Guid) return text(value, type);
   if (type.isDate()) return toDate(value);
   return value;
 }
@@ -54,4 +54,4 @@ std::string sqlText(const Value& value) {
   return "'" + replaceAll(toText(value), "'", "''") + "'";
 }
 
-}  // namespace kebu::engine
+}  // namespace kebu::workbench

@@ -5,13 +5,13 @@
 #include "common/value.h"
 #include "workbench/engine/values/types.h"
 
-namespace kebu::engine {
+namespace kebu::workbench {
 
-/// A value as a field or parameter of the type takes it, texts by the locale.
+/// A value converted to the type of a field or parameter. Texts are read by the locale.
 /// RuntimeError 13 for what cannot be converted, 6 for a number too large,
 /// -2147217887 for a text too long.
-Value forField(const Value& value, const SqlType& type);
-/// A value as a statement's text shows it.
+Value forField(const Value& value, const engine::SqlType& type);
+/// A value as a literal in SQL.
 std::string sqlText(const Value& value);
 
-}  // namespace kebu::engine
+}  // namespace kebu::workbench

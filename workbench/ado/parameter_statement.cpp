@@ -4,11 +4,11 @@
 #include "workbench/ado/field_value.h"
 #include "workbench/engine/values/cast.h"
 
-namespace kebu::engine {
+namespace kebu::workbench {
 
 ParameterStatement::ParameterStatement(std::size_t valueCount, bool isReadable)
     : readable(isReadable) {
-  constexpr std::size_t plenty = 1000;  // still a small block, which is had at once
+  constexpr std::size_t plenty = 1000;  // characters; most statements need no second allocation
   values.reserve(valueCount);
   command.reserve(plenty);
   if (readable) text.reserve(plenty);
@@ -26,8 +26,8 @@ ParameterStatement& ParameterStatement::addName(const std::string& name) {
   return *this;
 }
 
-ParameterStatement& ParameterStatement::addValue(const SqlType& type, const Value& value) {
-  values.push_back({type, castTo(value, type)});
+ParameterStatement& ParameterStatement::addValue(const engine::SqlType& type, const Value& value) {
+  values.push_back({type, engine::castTo(value, type)});
   command += '?';
   if (readable) text += sqlText(value);
   return *this;
@@ -43,4 +43,4 @@ void appendName(std::string& text, const std::string& name) {
   text += ']';
 }
 
-}  // namespace kebu::engine
+}  // namespace kebu::workbench

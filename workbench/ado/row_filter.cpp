@@ -11,38 +11,39 @@
 #include "workbench/engine/syntax/parser.h"
 #include "workbench/engine/values/cast.h"
 
-namespace kebu::engine {
+namespace kebu::workbench {
 namespace {
 
-using Tokens = std::vector<Token>;
+using Tokens = std::vector<engine::Token>;
 
-/// The value at the place, which moves behind it.
+/// Reads the value at the place and moves the place behind it.
 Value readValue(const Tokens& tokens, std::size_t& at) {
   const bool negative = tokens[at].text == "-";
   if (negative) ++at;
-  const Token& token = tokens[at++];
-  if (isWord(token, "NULL") && !negative) return Null{};
-  if (!isLiteral(token)) throw adoerror::badArgument();
-  Value value = literalOf(token).value;
+  const engine::Token& token = tokens[at++];
+  if (engine::isWord(token, "NULL") && !negative) return Null{};
+  if (!engine::isLiteral(token)) throw adoerror::badArgument();
+  Value value = engine::literalOf(token).value;
   if (!negative) return value;
   if (!value.isNumber()) throw adoerror::badArgument();
   return -toDecimal(value);
 }
 
-/// The value as fields of the type are compared with it; as text where texts are.
-Value comparable(const Value& value, const SqlType& type, bool asText) {
+/// The value as it is compared with fields of the type.
+Value comparable(const Value& value, const engine::SqlType& type, bool asText) {
   if (value.isNull()) return value;
   if (asText) return toText(value);
-  if (type.isDate()) return castTo(value, {TypeKind::DateTime});
-  if (type.kind == TypeKind::Bit) return toBoolean(value);
-  if (type.isNumber() && value.isText()) return castTo(value, SqlType::decimal(38, 10));
+  if (type.isDate()) return engine::castTo(value, {engine::TypeKind::DateTime});
+  if (type.kind == engine::TypeKind::Bit) return toBoolean(value);
+  if (type.isNumber() && value.isText())
+    return engine::castTo(value, engine::SqlType::decimal(38, 10));
   if (type.isNumber()) return value.isInteger() ? value : toDecimal(value);
   return toText(value);
 }
 
 int compared(const Value& field, const Value& value) {
   const auto sign = [](auto order) { return std::is_lt(order) ? -1 : std::is_gt(order) ? 1 : 0; };
-  if (field.isText()) return compareTexts(field.as<std::string>(), value.as<std::string>());
+  if (field.isText()) return engine::compareTexts(field.as<std::string>(), value.as<std::string>());
   if (field.holds<Date>()) return sign(field.as<Date>() <=> value.as<Date>());
   if (field.holds<bool>()) return sign(field.as<bool>() <=> value.as<bool>());
   if (field.isInteger() && value.isInteger()) return sign(toInt32(field) <=> toInt32(value));
@@ -66,7 +67,7 @@ bool RowFilter::holds(const Condition& condition, const Value& field) {
   if (condition.value.isNull()) return (condition.op == Operator::Equal) == field.isNull();
   if (field.isNull()) return false;
   if (condition.op == Operator::Like) {
-    return matchesLike(toText(field), condition.value.as<std::string>());
+    return engine::matchesLike(toText(field), condition.value.as<std::string>());
   }
   const int order = compared(field, condition.value);
   switch (condition.op) {
@@ -86,13 +87,14 @@ bool RowFilter::holds(const Condition& condition, const Value& field) {
 }
 
 RowFilter::RowFilter(const std::string& text, const RowSet& rows) {
-  const Tokens tokens = tokenize(text);
+  const Tokens tokens = engine::tokenize(text);
   std::size_t at = 0;
-  while (tokens[at].kind != TokenKind::End) {
-    if (!conditions_.empty() && !isWord(tokens[at++], "AND")) throw adoerror::badArgument();
-    const Token& name = tokens[at];
-    if (name.kind != TokenKind::Word && name.kind != TokenKind::Name) throw adoerror::badArgument();
-    const std::size_t field = rows.indexOf(nameOf(name));
+  while (tokens[at].kind != engine::TokenKind::End) {
+    if (!conditions_.empty() && !engine::isWord(tokens[at++], "AND")) throw adoerror::badArgument();
+    const engine::Token& name = tokens[at];
+    if (name.kind != engine::TokenKind::Word && name.kind != engine::TokenKind::Name)
+      throw adoerror::badArgument();
+    const std::size_t field = rows.indexOf(engine::nameOf(name));
     const auto* const found = std::find_if(
         std::begin(operatorNames), std::end(operatorNames), [&](const OperatorName& known) {
           return equalsIgnoringCase(known.text, tokens[at + 1].text);
@@ -111,4 +113,4 @@ bool RowFilter::passes(const Values& values) const {
   });
 }
 
-}  // namespace kebu::engine
+}  // namespace kebu::workbench

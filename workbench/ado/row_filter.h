@@ -5,7 +5,7 @@
 
 #include "workbench/ado/row_set.h"
 
-namespace kebu::engine {
+namespace kebu::workbench {
 
 /// A recordset's filter: conditions "FIELD op value" that must all hold.
 class RowFilter {
@@ -32,4 +32,4 @@ class RowFilter {
   std::vector<Condition> conditions_;
 };
 
-}  // namespace kebu::engine
+}  // namespace kebu::workbench

@@ -3,14 +3,19 @@
 #include <utility>
 
 #include "workbench/ado/ado_error.h"
+#include "workbench/ado/field_description.h"
 
-namespace kebu::engine {
+namespace kebu::workbench {
 
-RowSet::RowSet(ResultSet result)
-    : fields(std::move(result.fields)),
-      types(std::move(result.types)),
-      table(std::move(result.table)),
-      columns(std::move(result.columns)) {
+RowSet::RowSet(engine::ResultSet result) : table(std::move(result.table)) {
+  fields.reserve(result.columns.size());
+  types.reserve(result.columns.size());
+  columns.reserve(result.columns.size());
+  for (auto& column : result.columns) {
+    fields.push_back(describeField(column));
+    types.push_back(column.type);
+    columns.push_back(std::move(column.baseColumn));
+  }
   rows.reserve(result.rows.size());
   for (std::size_t i = 0; i < result.rows.size(); ++i) {
     Row& row = rows.emplace_back();
@@ -25,4 +30,4 @@ std::size_t RowSet::indexOf(std::string_view field) const {
   return index;
 }
 
-}  // namespace kebu::engine
+}  // namespace kebu::workbench

@@ -11,7 +11,7 @@
 #include "common/value.h"
 #include "workbench/engine/execution/session.h"
 
-namespace kebu::engine {
+namespace kebu::workbench {
 
 using Values = std::vector<Value>;
 
@@ -29,14 +29,13 @@ class FieldValues {
   bool empty() const { return entries_.empty(); }
   std::size_t size() const { return entries_.size(); }
   void clear() { entries_.clear(); }
-  /// Makes room for so many.
   void reserve(std::size_t count) { entries_.reserve(count); }
-  /// The field's value; nothing when it is not among them.
+  /// The field's value, or null.
   const Value* find(std::size_t field) const {
     const auto place = placeOf(field);
     return isAt(place, field) ? &place->value : nullptr;
   }
-  /// In place of the one before, if any.
+  /// Replaces the field's value, or adds it.
   void set(std::size_t field, Value value) {
     const auto place = placeOf(field);
     if (isAt(place, field)) {
@@ -45,14 +44,14 @@ class FieldValues {
       entries_.insert(place, {field, std::move(value)});
     }
   }
-  /// Unless there is one before.
+  /// Adds the field's value, unless it has one.
   void keep(std::size_t field, Value value) {
     const auto place = placeOf(field);
     if (!isAt(place, field)) entries_.insert(place, {field, std::move(value)});
   }
 
  private:
-  /// Where the field stands, or would stand.
+  /// The field's place, or where it would be inserted.
   Place placeOf(std::size_t field) const {
     return std::lower_bound(begin(), end(), field, [](const Entry& entry, std::size_t wanted) {
       return entry.field < wanted;
@@ -65,17 +64,17 @@ class FieldValues {
   std::vector<Entry> entries_;
 };
 
-/// A row in memory, and what of it waits to be sent.
+/// A row in memory, with the changes that are still to be sent to the database.
 struct Row {
   enum class Pending { Nothing, Insert, Update, Delete };
 
   Values values;
-  FieldValues before;   ///< the fields that were changed: as the database has them
+  FieldValues before;   ///< the changed fields' values in the database
   std::int64_t id = 0;  ///< the row's id in its table
   Pending pending = Pending::Nothing;
-  bool gone = false;  ///< deleted, or given up before it was sent
+  bool gone = false;  ///< deleted, or cancelled before it was inserted
 
-  /// As the database has it.
+  /// The field's value in the database.
   const Value& stored(std::size_t field) const {
     const Value* const old = before.find(field);
     return old ? *old : values[field];
@@ -87,30 +86,30 @@ struct Row {
     }
     if (pending == Pending::Nothing) pending = Pending::Update;
   }
-  /// What waited is sent, or given up.
+  /// Forgets the changes: they were sent or undone.
   void settle() {
     before.clear();
     pending = Pending::Nothing;
   }
-  /// Gives the changes up.
+  /// Undoes the changes.
   void restore() {
     for (const auto& [field, value] : before) values[field] = value;
     settle();
   }
 };
 
-/// The rows of a recordset, which its clones share. Rows that are gone keep their
-/// place, so that the positions of all cursors stay.
+/// The rows of a recordset and its clones. Rows that are gone keep their place, so that the
+/// positions of all cursors stay valid.
 struct RowSet {
   std::vector<ado::Field> fields;
-  std::vector<SqlType> types;
-  std::string table;                 ///< "" when the rows cannot be written back
-  std::vector<std::string> columns;  ///< of the table, behind the fields
+  std::vector<engine::SqlType> types;
+  std::string table;                 ///< the base table; "" when the rows cannot be updated
+  std::vector<std::string> columns;  ///< the base column of every field; "" for none
   std::vector<Row> rows;
-  bool anyDeleted = false;  ///< some row is gone, or on its way
+  bool anyDeleted = false;  ///< some row is gone or will be deleted
 
-  explicit RowSet(ResultSet result);
+  explicit RowSet(engine::ResultSet result);
   std::size_t indexOf(std::string_view field) const;
 };
 
-}  // namespace kebu::engine
+}  // namespace kebu::workbench

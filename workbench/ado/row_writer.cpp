@@ -9,13 +9,13 @@
 #include "workbench/ado/ado_error.h"
 #include "workbench/ado/field_value.h"
 
-namespace kebu::engine {
+namespace kebu::workbench {
 namespace {
 
 constexpr const char* thisRow = " WHERE $ROWID = ?";
 
-ast::Literal rowId(const Row& row) {
-  return {SqlType::integer(TypeKind::BigInt), Decimal(row.id)};
+engine::ast::Literal rowId(const Row& row) {
+  return {engine::SqlType::integer(engine::TypeKind::BigInt), Decimal(row.id)};
 }
 
 std::size_t positionOf(const std::string& column, const std::vector<std::string>& columns) {
@@ -91,20 +91,21 @@ ParameterStatement RowWriter::remove(const Row& row) const {
   return statement;
 }
 
-/// The row is found by its id; one reads its key.
+/// The WHERE clause: the row's id in the statement that is run, its key in the text for readers.
 void RowWriter::addPlace(ParameterStatement& statement, const Row& row) const {
   statement.command += thisRow;
   statement.values.push_back(rowId(row));
   if (statement.readable) statement.text += readableKey(row);
 }
 
-/// The fields of the primary key, ascending; without one, or when not all of it was read, all
-/// that come from the table.
+/// The fields of the primary key, ascending. Without a key, or when not all of it was selected,
+/// all fields of the table.
 std::set<std::size_t> RowWriter::keyFields() const {
-  const Session& session = connection_.session();
-  const TablePtr table = session.database().catalogue().table({{rows_.table}, {}}, session.id());
+  const engine::Session& session = connection_.session();
+  const engine::TablePtr table =
+      session.database().catalogue().table({{rows_.table}, {}}, session.id());
   std::set<std::size_t> fields;
-  for (const auto& candidate : table ? table->keys : std::vector<ast::KeyDef>()) {
+  for (const auto& candidate : table ? table->keys : std::vector<engine::ast::KeyDef>()) {
     if (!candidate.primary) continue;
     for (const auto& column : candidate.columns) fields.insert(positionOf(column, rows_.columns));
   }
@@ -116,7 +117,7 @@ std::set<std::size_t> RowWriter::keyFields() const {
   return fields;
 }
 
-/// The row as ADO names it.
+/// The condition by which ADO would find the row.
 std::string RowWriter::readableKey(const Row& row) const {
   std::string text;
   for (const std::size_t field : keyFields()) {
@@ -128,17 +129,18 @@ std::string RowWriter::readableKey(const Row& row) const {
   return text;
 }
 
-/// An update leaves nothing to be learnt from the database.
+/// After an UPDATE the row has the values that were sent: nothing is read back.
 void RowWriter::keepAsStored(Row& row, ParameterStatement& update) {
   auto sent = update.values.begin();
   for (const auto& [field, old] : row.before) {
     Value& value = row.values[field] = std::move(sent->value);
-    if (sent->type.kind == TypeKind::Guid && !value.isNull()) value = "{" + toText(value) + "}";
+    if (sent->type.kind == engine::TypeKind::Guid && !value.isNull())
+      value = "{" + toText(value) + "}";
     ++sent;
   }
 }
 
-/// What the database made of a new row: identity, defaults, rounding.
+/// Reads a new row back: its identity and its defaults are made by the database.
 void RowWriter::readBack(Row& row) const {
   std::string select;
   for (const auto& column : rows_.columns) {
@@ -160,4 +162,4 @@ void RowWriter::readBack(Row& row) const {
   }
 }
 
-}  // namespace kebu::engine
+}  // namespace kebu::workbench

@@ -6,15 +6,14 @@
 #include "workbench/ado/parameter_statement.h"
 #include "workbench/ado/row_set.h"
 
-namespace kebu::engine {
+namespace kebu::workbench {
 
 /// Sends changed rows of a recordset to the table that they came from, as ADO does.
 class RowWriter {
  public:
   RowWriter(AdoConnection& connection, const RowSet& rows) : connection_(connection), rows_(rows) {}
 
-  /// Writes what waits in the row, which then is as the database has it. On an
-  /// error the row stays as it was.
+  /// Writes the row's pending change and then settles it. On an error the row stays as it was.
   void send(Row& row) const;
 
  private:
@@ -32,4 +31,4 @@ class RowWriter {
   const RowSet& rows_;
 };
 
-}  // namespace kebu::engine
+}  // namespace kebu::workbench

@@ -13,7 +13,7 @@ void StatementFaults::raiseFor(const std::string& statement) {
   if (due == faults_.end()) return;
   const std::string text = due->text;
   if (--due->left == 0) faults_.erase(due);
-  constexpr std::int32_t userError = 50000;  // the number of errors that are raised on purpose
+  constexpr std::int32_t userError = 50000;  // the number of RAISERROR with a text
   throw engine::SqlError(userError,
                          "The statement was made to fail: it contains \"" + text + "\".");
 }

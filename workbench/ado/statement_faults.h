@@ -6,12 +6,12 @@
 
 namespace kebu::workbench {
 
-/// Statements that are to fail, to see how the plug-in bears it.
+/// Planned faults: statements that fail on purpose, to test how the plug-in reacts.
 class StatementFaults {
  public:
   /// The next `times` statements that contain `text` fail.
   void add(const std::string& text, std::int32_t times) { faults_.push_back({text, times}); }
-  /// Raises the error that is due for the statement, if one is.
+  /// Throws the error that is planned for the statement, if any.
   void raiseFor(const std::string& statement);
 
  private:

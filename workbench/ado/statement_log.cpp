@@ -13,7 +13,7 @@ void StatementLog::after(const std::string& text, bool edit, std::int64_t rows,
   out_ << "{\"text\": " << jsonString(text) << ", \"rows\": " << rows
        << ", \"error\": " << (error ? jsonString(error->description()) : "null")
        << (edit ? ", \"edit\": true" : "") << "}\n"
-       << std::flush;  // what led to a crash is what one wants to read
+       << std::flush;  // so that the log is complete after a crash
 }
 
 }  // namespace kebu::workbench

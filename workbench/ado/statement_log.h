@@ -8,9 +8,9 @@
 
 namespace kebu::workbench {
 
-/// Writes every statement that the plug-in runs, one JSON object a line, and
-/// makes those fail that are meant to.
-class StatementLog : public engine::StatementObserver {
+/// Writes every statement that the plug-in runs as one JSON object a line, and raises the
+/// planned faults.
+class StatementLog : public StatementObserver {
  public:
   StatementLog(std::ostream& out, StatementFaults& faults) : out_(out), faults_(faults) {}
 

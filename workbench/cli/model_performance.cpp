@@ -19,7 +19,7 @@ bool perform(const Scenario& scenario, const Performance& performance) {
   LocalPlatform platform(player, performance.trace);
   ModelDesktop desktop(player);
   ModelHands hands(desktop);
-  engine::Library library;
+  AdoLibrary library;
   engine::Session session(performance.database);
   const auto createPlugin = [&] {
     return plugin::CLSKB_ANAGKELMORIA::create({platform, library, desktop});

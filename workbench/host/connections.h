@@ -24,10 +24,10 @@ struct CompanyDatabase {
 
 /// The embedded company; `observer`, which may be null, sees what the plug-in runs.
 inline CompanyDatabase embeddedCompany(const std::shared_ptr<engine::Database>& database,
-                                       engine::StatementObserver* observer) {
+                                       StatementObserver* observer) {
   return {"Provider=SQLOLEDB;Data Source=workbench;Initial Catalog=ERP",
-          [database, observer] { return engine::newConnection(database, observer); },
-          [database] { return engine::newConnection(database, nullptr); }};
+          [database, observer] { return newConnection(database, observer); },
+          [database] { return newConnection(database, nullptr); }};
 }
 
 /// Hands out connections for the plug-in.

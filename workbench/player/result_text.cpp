@@ -16,10 +16,10 @@ std::string queryText(const Value& value) {
 }
 
 void writeResult(std::ostream& out, const engine::ResultSet& result, const std::string& indent) {
-  if (result.fields.empty()) return;
+  if (result.columns.empty()) return;
   std::string line;
-  for (std::size_t i = 0; i < result.fields.size(); ++i) {
-    line += (i == 0 ? indent : "\t") + result.fields[i].name;
+  for (std::size_t i = 0; i < result.columns.size(); ++i) {
+    line += (i == 0 ? indent : "\t") + result.columns[i].name;
   }
   out << line << '\n';
   for (const auto& row : result.rows) {
@@ -30,8 +30,8 @@ void writeResult(std::ostream& out, const engine::ResultSet& result, const std::
 }
 
 std::string firstRowText(const std::vector<engine::ResultSet>& results) {
-  const auto result =
-      std::find_if(results.begin(), results.end(), [](const auto& r) { return !r.fields.empty(); });
+  const auto result = std::find_if(results.begin(), results.end(),
+                                   [](const auto& r) { return !r.columns.empty(); });
   if (result == results.end() || result->rows.empty()) return "(no rows)";
   std::string text;
   for (const Value& value : result->rows.front()) {

@@ -28,7 +28,7 @@ struct RecordsetState {
   ado::CursorType cursorType = ado::CursorType::ForwardOnly;
   ado::LockType lockType = ado::LockType::ReadOnly;
 
-  engine::AdoRecordset& own() const { return dynamic_cast<engine::AdoRecordset&>(*rows); }
+  AdoRecordset& own() const { return dynamic_cast<AdoRecordset&>(*rows); }
   bool isExecuting() const;
   /// ADO's State. As ADO has it, the error of what ran beside the caller is raised
   /// the first time that this is asked.

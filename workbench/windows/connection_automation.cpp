@@ -25,7 +25,7 @@ Variant execute(ConnectionState& state, Argument arguments) {
   }
   if (!isAsynchronous(arguments, 2)) return Variant(automate(connection.Execute(text)));
   auto result = std::make_shared<RecordsetState>();
-  result->rows = makeRef<engine::AdoRecordset>();
+  result->rows = makeRef<AdoRecordset>();
   runBeside(result, state, [on = state.connection, text] { return on->Execute(text); });
   return Variant(automateState(result));
 }

@@ -24,7 +24,7 @@ bool perform(const Scenario& scenario, const Performance& performance) {
   StatementLog log(performance.statements, faults);
   const TraceListener trace(performance.trace);
   const CompanyDatabase company = embeddedCompany(performance.database, &log);
-  engine::Library objects;
+  AdoLibrary objects;
   const ClassObjects classes(objects, company.forPlugin);
   engine::Session session(performance.database);
   const PluginLibrary plugin(PluginLibrary::besideProgram());

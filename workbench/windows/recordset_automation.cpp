@@ -23,7 +23,7 @@ struct FieldState {
 
   const ado::Field& field() const {
     const auto& fields = recordset->rows->fields();
-    if (index >= fields.size()) throw engine::adoerror::noSuchItem();
+    if (index >= fields.size()) throw adoerror::noSuchItem();
     return fields[index];
   }
 };
@@ -93,13 +93,13 @@ std::vector<std::size_t> wantedFields(const RecordsetState& recordset, Argument 
     for (LONG i = first; i <= last; ++i) {
       Variant key;
       if (FAILED(SafeArrayGetElement(given.parray, &i, key.put()))) {
-        throw engine::adoerror::badArgument();
+        throw adoerror::badArgument();
       }
       wanted.push_back(fieldIndex(recordset, toValue(key.get())));
     }
   }
   if (std::any_of(wanted.begin(), wanted.end(), [&](std::size_t i) { return i >= all; })) {
-    throw engine::adoerror::noSuchItem();
+    throw adoerror::noSuchItem();
   }
   return wanted;
 }
@@ -142,7 +142,7 @@ void openBeside(const std::shared_ptr<RecordsetState>& state, ConnectionState& o
       state, on,
       [connection = connectionBehind(state->connection), source = state->source,
        location = state->location, cursor = state->cursorType, lock = state->lockType, filter] {
-        Ref<ado::Recordset> rows = makeRef<engine::AdoRecordset>();
+        Ref<ado::Recordset> rows = makeRef<AdoRecordset>();
         rows->setCursorLocation(location);
         rows->Open(source, connection, cursor, lock);
         if (!filter.empty()) rows->setFilter(filter);
@@ -164,7 +164,7 @@ void openRecordset(const std::shared_ptr<RecordsetState>& state, Argument argume
                          recordset.cursorType, recordset.lockType);
     return;
   }
-  if (recordset.rows->isOpen()) throw engine::adoerror::open();
+  if (recordset.rows->isOpen()) throw adoerror::open();
   openBeside(state, *on);
 }
 
@@ -174,7 +174,7 @@ void requery(const std::shared_ptr<RecordsetState>& state, Argument arguments) {
     state->rows->Requery();
     return;
   }
-  if (!state->rows->isOpen()) throw engine::adoerror::closed();
+  if (!state->rows->isOpen()) throw adoerror::closed();
   openBeside(state, *on, state->rows->filter());
 }
 
@@ -188,7 +188,7 @@ void setFilter(RecordsetState& recordset, Argument arguments) {
   } else if (toInt32(filter) == 0) {
     recordset.rows->setFilter("");
   } else {
-    throw engine::adoerror::badArgument();
+    throw adoerror::badArgument();
   }
 }
 
@@ -228,7 +228,7 @@ Variant option(RecordsetObject& recordset, Argument /*arguments*/) {
 
 template <auto Option>
 void setOption(RecordsetObject& recordset, Argument arguments) {
-  if (recordset.state->rows->isOpen()) throw engine::adoerror::open();
+  if (recordset.state->rows->isOpen()) throw adoerror::open();
   auto& option = (*recordset.state).*Option;
   option = static_cast<std::remove_reference_t<decltype(option)>>(arguments.number(0));
 }

@@ -90,7 +90,7 @@ int showCommand(const std::vector<std::string>& words) {
   }
   const CompanyDatabase embedded =
       embeddedCompany(path ? openCompany(*path) : demoCompany(), nullptr);
-  engine::Library objects;
+  AdoLibrary objects;
   const ClassObjects classes(objects, embedded.forPlugin);
   showWindow(embedded, company);
   return 0;

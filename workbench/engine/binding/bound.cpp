@@ -41,28 +41,46 @@ std::string rescaled(const Bound& value, int scale) {
   return digits == 0 ? value.sql : "(" + value.sql + " * " + powerOfTen(digits) + ")";
 }
 
-std::string decimalCall(char op, const Bound& a, const Bound& b, const SqlType& result) {
-  return std::string("kb_decimal('") + op + "', " + a.sql + ", " + code(a.type.asDecimal()) + ", " +
-         b.sql + ", " + code(b.type.asDecimal()) + ", " + code(result) + ")";
+bool isSum(ArithmeticOperator op) {
+  return op == ArithmeticOperator::Add || op == ArithmeticOperator::Subtract;
 }
 
-SqlError doNotMix(char op, const SqlType& a, const SqlType& b) {
+std::string decimalCall(ArithmeticOperator op, const Bound& a, const Bound& b,
+                        const SqlType& result) {
+  return "kb_decimal('" + std::string(symbolOf(op)) + "', " + a.sql + ", " +
+         code(a.type.asDecimal()) + ", " + b.sql + ", " + code(b.type.asDecimal()) + ", " +
+         code(result) + ")";
+}
+
+SqlError doNotMix(ArithmeticOperator op, const SqlType& a, const SqlType& b) {
   return {402, "The data types " + a.declaration() + " and " + b.declaration() +
-                   " are incompatible in the '" + op + "' operator."};
+                   " are incompatible in the '" + std::string(symbolOf(op)) + "' operator."};
 }
 
-Bound integerArithmetic(char op, const Bound& a, const Bound& b, const SqlType& type) {
-  if (op == '/') return {"kb_divide(" + a.sql + ", " + b.sql + ")", type};
-  if (op == '%') return {"kb_modulo(" + a.sql + ", " + b.sql + ")", type};
-  return {inRange("(" + a.sql + " " + op + " " + b.sql + ")", type.kind), type};
+Bound integerArithmetic(ArithmeticOperator op, const Bound& a, const Bound& b,
+                        const SqlType& type) {
+  switch (op) {
+    case ArithmeticOperator::Divide:
+      return {"kb_divide(" + a.sql + ", " + b.sql + ")", type};
+    case ArithmeticOperator::Modulo:
+      return {"kb_modulo(" + a.sql + ", " + b.sql + ")", type};
+    case ArithmeticOperator::BitXor:  // SQLite has no operator for it
+      return {"((" + a.sql + " | " + b.sql + ") - (" + a.sql + " & " + b.sql + "))", type};
+    default:
+      return {inRange("(" + a.sql + " " + std::string(symbolOf(op)) + " " + b.sql + ")", type.kind),
+              type};
+  }
 }
 
-Bound decimalArithmetic(char op, const Bound& a, const Bound& b, const SqlType& type) {
+Bound decimalArithmetic(ArithmeticOperator op, const Bound& a, const Bound& b,
+                        const SqlType& type) {
   if (!type.isWide() && !a.type.isWide() && !b.type.isWide()) {
-    if (op == '+' || op == '-') {
-      return {"(" + rescaled(a, type.scale) + " " + op + " " + rescaled(b, type.scale) + ")", type};
+    if (isSum(op)) {
+      return {"(" + rescaled(a, type.scale) + " " + std::string(symbolOf(op)) + " " +
+                  rescaled(b, type.scale) + ")",
+              type};
     }
-    if (op == '*') return {"(" + a.sql + " * " + b.sql + ")", type};
+    if (op == ArithmeticOperator::Multiply) return {"(" + a.sql + " * " + b.sql + ")", type};
   }
   return {decimalCall(op, a, b, type), type};
 }
@@ -141,7 +159,7 @@ void makeComparable(Bound& a, Bound& b) {
     if (side->type.isText() && common.isText()) continue;
     if (side->type.isInteger() && common.isInteger()) continue;
     if (side->type.isText() && common.kind == TypeKind::Decimal) {
-      // A text takes the scale that it needs, not the column's.
+      // The digits of the text count, not those of the other side's type.
       *side = cast(*side, {TypeKind::Decimal, 38, common.scale, 0});
     } else {
       *side = cast(*side, common);
@@ -153,29 +171,29 @@ void makeComparable(Bound& a, Bound& b) {
   }
 }
 
-std::string comparison(const std::string& op, const Bound& left, const Bound& right) {
+std::string comparison(ComparisonOperator op, const Bound& left, const Bound& right) {
   Bound a = left;
   Bound b = right;
   makeComparable(a, b);
-  return "(" + a.sql + " " + op + " " + collated(b) + ")";
+  return "(" + a.sql + " " + std::string(symbolOf(op)) + " " + collated(b) + ")";
 }
 
-Bound arithmetic(char op, const Bound& left, const Bound& right) {
+Bound arithmetic(ArithmeticOperator op, const Bound& left, const Bound& right) {
   Bound a = left;
   Bound b = right;
   const bool nullable = a.nullable || b.nullable;
   if (a.type.kind == TypeKind::Null) a.type = b.type;
   if (b.type.kind == TypeKind::Null) b.type = a.type;
   if (a.type.kind == TypeKind::Null) a.type = b.type = SqlType::integer();
-  if (op == '+' && a.type.isText() && b.type.isText()) {
+  if (op == ArithmeticOperator::Add && a.type.isText() && b.type.isText()) {
     SqlType type = unify(a.type, b.type);
     constexpr int maxSize = 8000;
     if (type.size >= 0) type.size = std::min(a.type.size + b.type.size, maxSize);
     if (type.kind == TypeKind::Char) type.kind = TypeKind::VarChar;
     return {"(" + a.sql + " || " + b.sql + ")", type, nullable};
   }
-  if ((op == '+' || op == '-') && a.type.isDate() && b.type.isInteger()) {
-    const std::string days = op == '-' ? "-(" + b.sql + ")" : b.sql;
+  if (isSum(op) && a.type.isDate() && b.type.isInteger()) {
+    const std::string days = op == ArithmeticOperator::Subtract ? "-(" + b.sql + ")" : b.sql;
     return {"kb_dateadd('DAY', " + days + ", " + a.sql + ")", a.type, nullable};
   }
   if (a.type.isText() && b.type.isNumber())
@@ -193,10 +211,11 @@ Bound arithmetic(char op, const Bound& left, const Bound& right) {
 Bound negated(const Bound& value) {
   if (value.type.isText()) return negated(cast(value, SqlType::integer()));
   if (!value.type.isNumber() && value.type.kind != TypeKind::Null)
-    throw doNotMix('-', value.type, value.type);
+    throw doNotMix(ArithmeticOperator::Subtract, value.type, value.type);
   if (value.type.isWide()) {
     const Bound zero{"0", {TypeKind::Int, 1, 0, 0}, false};
-    return {decimalCall('-', zero, value, value.type), value.type, value.nullable};
+    return {decimalCall(ArithmeticOperator::Subtract, zero, value, value.type), value.type,
+            value.nullable};
   }
   return {"(-" + value.sql + ")", value.type, value.nullable};
 }

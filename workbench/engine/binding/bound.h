@@ -21,11 +21,11 @@ Bound cast(const Bound& value, const SqlType& to, int style = 0);
 /// The value as it goes into a column: texts too long and numbers too large are errors.
 std::string stored(const Bound& value, const TableColumn& column, const std::string& table);
 /// A comparison of two values in their common type.
-std::string comparison(const std::string& op, const Bound& left, const Bound& right);
+std::string comparison(ComparisonOperator op, const Bound& left, const Bound& right);
 /// Brings two values to the type in which they can be compared as SQLite does.
 void makeComparable(Bound& a, Bound& b);
-/// + - * / % over numbers, texts and dates. SqlError 402 when they do not mix.
-Bound arithmetic(char op, const Bound& left, const Bound& right);
+/// An arithmetic operator over numbers, texts and dates. SqlError 402 when they do not mix.
+Bound arithmetic(ArithmeticOperator op, const Bound& left, const Bound& right);
 Bound negated(const Bound& value);
 /// Whether both types are kept in SQLite in the same way.
 bool sameStorage(const SqlType& a, const SqlType& b);

@@ -65,8 +65,8 @@ Bound coalesce(const Args& args) {
 }
 
 Bound nullIf(const Args& args) {
-  return {"(CASE WHEN " + comparison("=", args[0], args[1]) + " THEN NULL ELSE " + args[0].sql +
-              " END)",
+  return {"(CASE WHEN " + comparison(ComparisonOperator::Equal, args[0], args[1]) +
+              " THEN NULL ELSE " + args[0].sql + " END)",
           args[0].type};
 }
 
@@ -91,17 +91,13 @@ Bound wholePart(const char* function, const Args& args) {
 Bound absolute(const Args& args) {
   if (!args[0].type.isWide()) return {"abs(" + args[0].sql + ")", args[0].type, args[0].nullable};
   const Bound zero{"0", {TypeKind::Int, 1, 0, 0}, false};
-  return {"(CASE WHEN " + comparison("<", args[0], zero) + " THEN " + negated(args[0]).sql +
-              " ELSE " + args[0].sql + " END)",
+  return {"(CASE WHEN " + comparison(ComparisonOperator::Less, args[0], zero) + " THEN " +
+              negated(args[0]).sql + " ELSE " + args[0].sql + " END)",
           args[0].type};
 }
 
 SqlType dateResult(const Bound& date) {
   return date.type.isDate() ? date.type : SqlType{TypeKind::DateTime};
-}
-
-SqlType sized(const Bound& text, const Bound&) {
-  return textType(text);
 }
 
 struct Builtin {
@@ -135,9 +131,8 @@ const std::array builtins{
     Builtin{"UPPER", 1, 1, [](const Args& a) { return sameText("kb_upper", a); }},
     Builtin{"LOWER", 1, 1, [](const Args& a) { return sameText("kb_lower", a); }},
     Builtin{"REVERSE", 1, 1, [](const Args& a) { return sameText("kb_reverse", a); }},
-    Builtin{"LEFT", 2, 2, [](const Args& a) { return textCall("kb_left", a, sized(a[0], a[1])); }},
-    Builtin{"RIGHT", 2, 2,
-            [](const Args& a) { return textCall("kb_right", a, sized(a[0], a[1])); }},
+    Builtin{"LEFT", 2, 2, [](const Args& a) { return textCall("kb_left", a, textType(a[0])); }},
+    Builtin{"RIGHT", 2, 2, [](const Args& a) { return textCall("kb_right", a, textType(a[0])); }},
     Builtin{"SUBSTRING", 3, 3,
             [](const Args& a) { return textCall("kb_substring", a, textType(a[0])); }},
     Builtin{"REPLICATE", 2, 2,

@@ -1,17 +1,14 @@
-// The part of Binder that binds queries.
+#include "workbench/engine/binding/query_binder.h"
 
 #include <algorithm>
 #include <utility>
 
 #include "common/convert.h"
-#include "workbench/engine/binding/binder.h"
+#include "workbench/engine/binding/expression_binder.h"
+#include "workbench/engine/binding/source_binder.h"
 
 namespace kebu::engine {
 namespace {
-
-std::string columnName(std::size_t index) {
-  return "c" + std::to_string(index + 1);
-}
 
 /// The name that a column has without an alias.
 std::string impliedName(const ast::Expr& expr) {
@@ -21,41 +18,40 @@ std::string impliedName(const ast::Expr& expr) {
 
 }  // namespace
 
-BoundQuery Binder::query(const ast::Query& node, const Scope* outer, bool withRow) {
-  const auto outerCtes = ctes_;
-  for (const auto& cte : node.ctes) ctes_[toUpperAscii(cte.name)] = cte;
-  BoundQuery result;
-  if (const auto* plain = std::get_if<ast::Select>(&node.body)) {
-    result = select(*plain, node, outer, withRow);
-  } else {
-    if (const auto* rows = std::get_if<ast::Values>(&node.body)) {
-      result = values(*rows, outer);
-    } else {
-      result = setOperation(std::get<ast::SetOp>(node.body), outer);
-    }
-    if (!node.orderBy.empty()) {
-      result.sql = "SELECT * FROM (" + result.sql + ")" + orderBy(node, result.columns, {});
-      result.plain = false;
-    }
+std::string columnName(std::size_t index) {
+  return "c" + std::to_string(index + 1);
+}
+
+BoundQuery QueryBinder::query(const ast::Query& node, const Scope* outer, bool withRow) {
+  const BindingContext::CteScope ctes(context_, node.ctes);
+  if (const auto* plain = std::get_if<ast::Select>(&node.body))
+    return select(*plain, node, outer, withRow);
+  const auto* const rows = std::get_if<ast::Values>(&node.body);
+  BoundQuery result = rows != nullptr ? values(*rows, outer)
+                                      : setOperation(std::get<ast::SetOperation>(node.body), outer);
+  if (!node.orderBy.empty()) {
+    result.sql = "SELECT * FROM (" + result.sql + ")" + orderBy(node, result.columns, {});
+    result.plain = false;
   }
-  ctes_ = outerCtes;
   return result;
 }
 
-BoundQuery Binder::select(const ast::Select& node, const ast::Query& whole, const Scope* outer,
-                          bool withRow) {
-  const bool outerSaw = std::exchange(sawAggregate_, false);
+BoundQuery QueryBinder::select(const ast::Select& node, const ast::Query& whole, const Scope* outer,
+                               bool withRow) {
+  ExpressionBinder expressions(context_);
+  SelectFindings findings;
   Scope scope;
   scope.outer = outer;
+  scope.findings = &findings;
   std::string tail;
-  if (node.from) tail += " FROM " + source(*node.from, scope);
-  if (node.where) tail += " WHERE " + condition(*node.where, scope);
+  if (node.from) tail += " FROM " + SourceBinder(context_).source(*node.from, scope);
+  if (node.where) tail += " WHERE " + expressions.condition(*node.where, scope);
   std::string groups;
   for (const auto& group : node.groupBy) {
-    groups += (groups.empty() ? " GROUP BY " : ", ") + collated(expression(*group, scope));
+    groups += (groups.empty() ? " GROUP BY " : ", ") + collated(expressions.value(*group, scope));
   }
   tail += groups;
-  if (node.having) tail += " HAVING " + condition(*node.having, scope);
+  if (node.having) tail += " HAVING " + expressions.condition(*node.having, scope);
 
   BoundQuery result;
   std::string list;
@@ -64,7 +60,7 @@ BoundQuery Binder::select(const ast::Select& node, const ast::Query& whole, cons
         (list.empty() ? "" : ", ") + collated(bound) + " AS " + columnName(result.columns.size());
     result.columns.push_back({name, bound.type, bound.nullable, bound.baseColumn});
   }
-  const bool aggregated = sawAggregate_ || !node.groupBy.empty() || node.having;
+  const bool aggregated = findings.aggregated || !node.groupBy.empty() || node.having;
   if (withRow && !aggregated && !node.distinct && scope.members.size() == 1 &&
       scope.members[0].base) {
     result.base = scope.members[0].base;
@@ -73,26 +69,25 @@ BoundQuery Binder::select(const ast::Select& node, const ast::Query& whole, cons
   result.sql = std::string("SELECT ") + (node.distinct ? "DISTINCT " : "") + list + tail;
   result.plain = whole.orderBy.empty() && !node.top;
   if (!whole.orderBy.empty()) result.sql += orderBy(whole, result.columns, scope);
-  if (node.top)
-    result.sql +=
-        " LIMIT " + cast(expression(*node.top, scope), SqlType::integer(TypeKind::BigInt)).sql;
-  sawAggregate_ = outerSaw;
+  if (node.top) {
+    const Bound top = expressions.value(*node.top, scope);
+    result.sql += " LIMIT " + cast(top, SqlType::integer(TypeKind::BigInt)).sql;
+  }
   return result;
 }
 
-std::vector<std::pair<std::string, Bound>> Binder::items(const ast::Select& node,
-                                                         const Scope& scope) {
-  std::vector<std::pair<std::string, Bound>> result;
+std::vector<Scope::Column> QueryBinder::items(const ast::Select& node, const Scope& scope) {
+  ExpressionBinder expressions(context_);
+  std::vector<Scope::Column> result;
   for (const auto& item : node.items) {
     if (item.expr) {
       std::string name = item.alias.empty() ? impliedName(*item.expr) : item.alias;
-      result.emplace_back(std::move(name), expression(*item.expr, scope));
+      result.emplace_back(std::move(name), expressions.value(*item.expr, scope));
       continue;
     }
     bool found = false;
     for (const auto& member : scope.members) {
-      const std::string& known = member.alias.empty() ? member.table : member.alias;
-      if (!item.starOf.empty() && !equalsIgnoringCase(item.starOf, known)) continue;
+      if (!item.starOf.empty() && !equalsIgnoringCase(item.starOf, member.name())) continue;
       found = true;
       result.insert(result.end(), member.columns.begin(), member.columns.end());
     }
@@ -105,8 +100,9 @@ std::vector<std::pair<std::string, Bound>> Binder::items(const ast::Select& node
   return result;
 }
 
-std::string Binder::orderBy(const ast::Query& node, const std::vector<BoundQuery::Column>& columns,
-                            const Scope& scope) {
+std::string QueryBinder::orderBy(const ast::Query& node,
+                                 const std::vector<BoundQuery::Column>& columns,
+                                 const Scope& scope) {
   std::string sql;
   for (const auto& item : node.orderBy) {
     // A number or a column's name stands for the output column.
@@ -125,13 +121,14 @@ std::string Binder::orderBy(const ast::Query& node, const std::vector<BoundQuery
         if (equalsIgnoringCase(columns[i].name, column->parts[0])) key = std::to_string(i + 1);
       }
     }
-    if (key.empty()) key = collated(expression(*item.expr, scope));
+    if (key.empty()) key = collated(ExpressionBinder(context_).value(*item.expr, scope));
     sql += (sql.empty() ? " ORDER BY " : ", ") + key + (item.descending ? " DESC" : "");
   }
   return sql;
 }
 
-BoundQuery Binder::values(const ast::Values& node, const Scope* outer) {
+BoundQuery QueryBinder::values(const ast::Values& node, const Scope* outer) {
+  ExpressionBinder expressions(context_);
   BoundQuery result;
   Scope scope;
   scope.outer = outer;
@@ -146,7 +143,7 @@ BoundQuery Binder::values(const ast::Values& node, const Scope* outer) {
     result.columns.resize(row.size());
     for (std::size_t i = 0; i < row.size(); ++i) {
       if (!row[i]) throw SqlError(102, "DEFAULT may stand in the VALUES of an INSERT only.");
-      bound.push_back(expression(*row[i], scope));
+      bound.push_back(expressions.value(*row[i], scope));
       result.columns[i].type = unify(result.columns[i].type, bound.back().type);
     }
   }
@@ -160,7 +157,7 @@ BoundQuery Binder::values(const ast::Values& node, const Scope* outer) {
   return result;
 }
 
-BoundQuery Binder::setOperation(const ast::SetOp& node, const Scope* outer) {
+BoundQuery QueryBinder::setOperation(const ast::SetOperation& node, const Scope* outer) {
   BoundQuery left = query(*node.left, outer);
   BoundQuery right = query(*node.right, outer);
   if (left.columns.size() != right.columns.size()) {
@@ -176,9 +173,9 @@ BoundQuery Binder::setOperation(const ast::SetOp& node, const Scope* outer) {
     columns[i].nullable = left.columns[i].nullable || right.columns[i].nullable;
   }
   const bool chained =
-      std::holds_alternative<ast::SetOp>(node.left->body) && node.left->orderBy.empty();
+      std::holds_alternative<ast::SetOperation>(node.left->body) && node.left->orderBy.empty();
   const auto asOperand = [&](BoundQuery operand, bool mayStand) {
-    operand = converted(std::move(operand), types);
+    operand = convertedTo(types, std::move(operand));
     return operand.plain || mayStand ? operand.sql : "SELECT * FROM (" + operand.sql + ")";
   };
   BoundQuery result;
@@ -186,13 +183,13 @@ BoundQuery Binder::setOperation(const ast::SetOp& node, const Scope* outer) {
                                                 [](const SqlType& type, const auto& column) {
                                                   return sameStorage(column.type, type);
                                                 });
-  result.sql = asOperand(std::move(left), leftStands) + " " + toUpperAscii(node.op) + " " +
+  result.sql = asOperand(std::move(left), leftStands) + " " + std::string(symbolOf(node.op)) + " " +
                asOperand(std::move(right), false);
   result.columns = std::move(columns);
   return result;
 }
 
-BoundQuery Binder::converted(BoundQuery query, const std::vector<SqlType>& types) {
+BoundQuery convertedTo(const std::vector<SqlType>& types, BoundQuery query) {
   bool same = true;
   std::string list;
   for (std::size_t i = 0; i < types.size(); ++i) {

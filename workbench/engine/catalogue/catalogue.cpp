@@ -10,7 +10,7 @@
 namespace kebu::engine {
 namespace {
 
-/// Under which a name is kept. Local temporary tables are kept a session.
+/// The key of a name. Every session has local temporary tables of its own.
 std::string keyOf(const std::string& name, int session) {
   std::string key = toUpperAscii(name);
   if (key.starts_with('#') && !key.starts_with("##")) key += "@" + std::to_string(session);
@@ -96,6 +96,12 @@ std::shared_ptr<Table> Table::from(const ast::CreateTable& definition) {
     }
   }
   return table;
+}
+
+void Table::makeOwnedBy(int session) {
+  if (!temporary) return;
+  owner = session;
+  if (!name.starts_with("##")) physical += "@" + std::to_string(session);
 }
 
 int Table::indexOf(std::string_view column) const {

@@ -21,25 +21,26 @@ struct TableColumn {
 
 /// A table and where SQLite keeps it.
 struct Table {
-  static constexpr int temporaryOfAll = -1;
-
   std::string name;
   std::vector<TableColumn> columns;
   std::vector<ast::KeyDef> keys;
-  int identity = -1;  ///< the column's index; SQLite keeps it as the row's id
+  int identity = -1;  ///< the identity column's index, or -1; SQLite has it as the row's id
   std::int64_t seed = 1;
   bool temporary = false;
   int owner = 0;         ///< the session with which a temporary table ends
-  std::string physical;  ///< SQLite's name for it
+  std::string physical;  ///< its name in SQLite
 
   static std::shared_ptr<Table> from(const ast::CreateTable& definition);
+  /// Ties a temporary table to the session: it ends with the session, and no other session
+  /// sees it unless its name begins with ##.
+  void makeOwnedBy(int session);
   /// -1 when there is no such column.
   int indexOf(std::string_view column) const;
   std::string schema() const { return temporary ? "tempdb" : "main"; }
   std::string sqliteName() const;
-  /// The statement that would make it again, in T-SQL.
+  /// Its CREATE TABLE in T-SQL.
   std::string definition() const;
-  /// The same for SQLite.
+  /// Its CREATE TABLE for SQLite.
   std::string sqliteDefinition() const;
 };
 using TablePtr = std::shared_ptr<const Table>;
@@ -50,7 +51,7 @@ struct Module {
 };
 using ModulePtr = std::shared_ptr<const Module>;
 
-/// One of the server's own views: columns and the SQLite query behind it.
+/// A view of the sys schema: its columns, and SQLite's query behind it.
 struct SystemView {
   std::string name;
   std::string query;
@@ -60,11 +61,12 @@ struct SystemView {
 /// The tables, views, procedures and functions of a database, by name.
 class Catalogue {
  public:
-  /// Tables and modules by a name as written in a statement of the session; null when absent.
+  /// By the name in a statement of the session; null when there is none.
   TablePtr table(const ast::ObjectName& name, int session) const;
   ModulePtr module(const ast::ObjectName& name) const;
   const SystemView* systemView(const ast::ObjectName& name) const;
-  /// The same by the text that OBJECT_ID takes: "dbo.x", "tempdb..##x". 0 when absent.
+  /// The id of a table or module by the text that OBJECT_ID takes, such as "dbo.x" or
+  /// "tempdb..##x"; 0 when there is none.
   std::int64_t objectId(std::string_view name, std::string_view kind, int session) const;
 
   void add(TablePtr table);
@@ -73,7 +75,7 @@ class Catalogue {
   void remove(const Module& module);
   std::vector<TablePtr> temporariesOf(int session) const;
 
-  /// Rises with every change: what was bound before must be bound again.
+  /// Grows with every change. What was compiled for an older version must be compiled again.
   std::int64_t version() const { return version_; }
   void touch() { ++version_; }
 

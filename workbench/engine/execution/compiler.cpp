@@ -4,6 +4,8 @@
 #include <utility>
 
 #include "common/convert.h"
+#include "workbench/engine/binding/expression_binder.h"
+#include "workbench/engine/binding/source_binder.h"
 #include "workbench/engine/sqlite.h"
 #include "workbench/engine/syntax/parser.h"
 
@@ -34,7 +36,7 @@ SqlError countError(bool fewer) {
                           "in the VALUES clause.");
 }
 
-/// The member of a FROM clause that an UPDATE or DELETE names; null when there is none.
+/// The source in FROM that is the target of the UPDATE or DELETE; null when there is none.
 const Scope::Member* targetIn(const Scope& scope, const ast::ObjectName& name,
                               const TablePtr& table) {
   for (const auto& member : scope.members) {
@@ -79,13 +81,14 @@ InsertTargets::InsertTargets(const Table& table, const std::vector<std::string>&
   }
 }
 
-std::string boundDefault(Binder& binder, const Table& table, int index) {
+std::string boundDefault(BindingContext& context, const Table& table, int index) {
   const TableColumn& column = table.columns[static_cast<std::size_t>(index)];
   if (column.defaultText.empty()) return "NULL";
-  return stored(binder.expression(*parseExpression(column.defaultText), {}), column, table.name);
+  return stored(ExpressionBinder(context).value(*parseExpression(column.defaultText), {}), column,
+                table.name);
 }
 
-std::string boundAssignments(Binder& binder, const Table& table,
+std::string boundAssignments(BindingContext& context, const Table& table,
                              const std::vector<ast::Assignment>& set, const Scope& scope) {
   std::string sql;
   for (const auto& assignment : set) {
@@ -93,9 +96,9 @@ std::string boundAssignments(Binder& binder, const Table& table,
     if (index == table.identity) throw identityError(table, true);
     const TableColumn& column = table.columns[static_cast<std::size_t>(index)];
     sql += (sql.empty() ? "" : ", ") + quoted(column.name) + " = ";
-    sql += assignment.value
-               ? stored(binder.expression(*assignment.value, scope), column, table.name)
-               : boundDefault(binder, table, index);
+    sql += assignment.value ? stored(ExpressionBinder(context).value(*assignment.value, scope),
+                                     column, table.name)
+                            : boundDefault(context, table, index);
   }
   return sql;
 }
@@ -108,46 +111,46 @@ Compiled Compiler::start() const {
 
 Compiled Compiler::query(const ast::Query& node) {
   Compiled compiled = start();
-  Binder binder = this->binder();
-  BoundQuery bound = binder.query(node, nullptr, true);
+  BindingContext context = this->context();
+  BoundQuery bound = QueryBinder(context).query(node, nullptr, true);
   compiled.columns = std::move(bound.columns);
   compiled.base = bound.base;
-  compiled.steps.emplace_back(database_, bound.sql, binder.slots());
+  compiled.steps.emplace_back(database_, bound.sql, context.slots());
   return compiled;
 }
 
 Compiled Compiler::value(const ast::Expr& node, const SqlType* type) {
   Compiled compiled = start();
-  Binder binder = this->binder();
-  Bound bound = binder.expression(node, {});
+  BindingContext context = this->context();
+  Bound bound = ExpressionBinder(context).value(node, {});
   if (type != nullptr) bound = cast(bound, *type);
   compiled.columns.push_back({"", bound.type, true, ""});
-  compiled.steps.emplace_back(database_, "SELECT " + bound.sql, binder.slots());
+  compiled.steps.emplace_back(database_, "SELECT " + bound.sql, context.slots());
   return compiled;
 }
 
 Compiled Compiler::condition(const ast::Expr& node) {
   Compiled compiled = start();
-  Binder binder = this->binder();
-  const std::string sql = "SELECT ifnull(" + binder.condition(node, {}) + ", 0)";
+  BindingContext context = this->context();
+  const std::string sql = "SELECT ifnull(" + ExpressionBinder(context).condition(node, {}) + ", 0)";
   compiled.columns.push_back({"", SqlType::integer(), false, ""});
-  compiled.steps.emplace_back(database_, sql, binder.slots());
+  compiled.steps.emplace_back(database_, sql, context.slots());
   return compiled;
 }
 
 Compiled Compiler::insert(const ast::Insert& node, bool identityInsert) {
   Compiled compiled = start();
-  Binder binder = this->binder();
-  const TablePtr table = binder.table(node.table);
+  BindingContext context = this->context();
+  const TablePtr table = context.table(node.table);
   compiled.base = table;
   const std::string into = "INSERT INTO " + table->sqliteName();
   if (!node.query) {
     const InsertTargets targets(*table, {}, false);
     std::string values;
     for (const int column : targets.columns)
-      values += (values.empty() ? "" : ", ") + boundDefault(binder, *table, column);
+      values += (values.empty() ? "" : ", ") + boundDefault(context, *table, column);
     compiled.steps.emplace_back(database_, into + " (" + targets.list + ") VALUES (" + values + ")",
-                                binder.slots());
+                                context.slots());
     return compiled;
   }
   const InsertTargets targets(*table, node.columns, identityInsert);
@@ -156,7 +159,7 @@ Compiled Compiler::insert(const ast::Insert& node, bool identityInsert) {
   };
   std::string defaults;
   for (const int defaulted : targets.defaulted)
-    defaults += ", " + boundDefault(binder, *table, defaulted);
+    defaults += ", " + boundDefault(context, *table, defaulted);
 
   std::string rows;
   if (const auto* values = std::get_if<ast::Values>(&node.query->body)) {
@@ -167,13 +170,14 @@ Compiled Compiler::insert(const ast::Insert& node, bool identityInsert) {
       rows += rows.empty() ? " VALUES (" : ", (";
       for (std::size_t i = 0; i < row.size(); ++i) {
         rows += i > 0 ? ", " : "";
-        rows += row[i] ? stored(binder.expression(*row[i], nothing), column(i), table->name)
-                       : boundDefault(binder, *table, targets.columns[i]);
+        rows += row[i] ? stored(ExpressionBinder(context).value(*row[i], nothing), column(i),
+                                table->name)
+                       : boundDefault(context, *table, targets.columns[i]);
       }
       rows += defaults + ")";
     }
   } else {
-    const BoundQuery bound = binder.query(*node.query, nullptr);
+    const BoundQuery bound = QueryBinder(context).query(*node.query, nullptr);
     if (bound.columns.size() != targets.columns.size()) {
       throw bound.columns.size() < targets.columns.size()
           ? SqlError(120,
@@ -193,32 +197,33 @@ Compiled Compiler::insert(const ast::Insert& node, bool identityInsert) {
     }
     rows = asItIs ? " " + bound.sql : list + defaults + " FROM (" + bound.sql + ")";
   }
-  compiled.steps.emplace_back(database_, into + " (" + targets.list + ")" + rows, binder.slots());
+  compiled.steps.emplace_back(database_, into + " (" + targets.list + ")" + rows, context.slots());
   return compiled;
 }
 
 Compiled Compiler::update(const ast::Update& node) {
   Compiled compiled = start();
-  Binder binder = this->binder();
+  BindingContext context = this->context();
   Scope scope;
   if (!node.from) {
-    const TablePtr table = binder.table(node.table);
-    scope.members.push_back(binder.member(table, {}));
-    const std::string set = boundAssignments(binder, *table, node.set, scope);
-    const std::string where = node.where ? " WHERE " + binder.condition(*node.where, scope) : "";
+    const TablePtr table = context.table(node.table);
+    scope.members.push_back(SourceBinder(context).member(table, {}));
+    const std::string set = boundAssignments(context, *table, node.set, scope);
+    const std::string where =
+        node.where ? " WHERE " + ExpressionBinder(context).condition(*node.where, scope) : "";
     compiled.steps.emplace_back(database_,
                                 "UPDATE " + table->sqliteName() + " AS " +
                                     scope.members[0].sqliteAlias + " SET " + set + where,
-                                binder.slots());
+                                context.slots());
     return compiled;
   }
-  // The rows and their new values are found by a query of the whole FROM clause.
-  std::string from = binder.source(*node.from, scope);
+  // A query of the whole FROM clause gives the rows' ids and their new values.
+  std::string from = SourceBinder(context).source(*node.from, scope);
   const TablePtr named = database_.catalogue().table(node.table, session_);
   const Scope::Member* target = targetIn(scope, node.table, named);
   if (target == nullptr) {
-    const TablePtr table = binder.table(node.table);
-    Scope::Member member = binder.member(table, {});
+    const TablePtr table = context.table(node.table);
+    Scope::Member member = SourceBinder(context).member(table, {});
     from = table->sqliteName() + " AS " + member.sqliteAlias + ", " + from;
     scope.members.push_back(std::move(member));
     target = &scope.members.back();
@@ -228,51 +233,54 @@ Compiled Compiler::update(const ast::Update& node) {
   std::string set;
   for (std::size_t i = 0; i < node.set.size(); ++i) {
     const std::string name = "v" + std::to_string(i + 1);
-    const std::string assignment = boundAssignments(binder, table, {node.set[i]}, scope);
+    const std::string assignment = boundAssignments(context, table, {node.set[i]}, scope);
     const std::string column =
         quoted(table.columns[static_cast<std::size_t>(table.indexOf(node.set[i].column))].name);
     list += ", " + assignment.substr(column.size() + 3) + " AS " + name;
     set += (i > 0 ? ", " : "") + column + " = kb_new." + name;
   }
-  const std::string where = node.where ? " WHERE " + binder.condition(*node.where, scope) : "";
+  const std::string where =
+      node.where ? " WHERE " + ExpressionBinder(context).condition(*node.where, scope) : "";
   compiled.steps.emplace_back(database_,
                               "UPDATE " + table.sqliteName() + " AS kb_old SET " + set +
                                   " FROM (SELECT " + list + " FROM " + from + where +
                                   ") AS kb_new WHERE kb_old.rowid = kb_new.kb_row",
-                              binder.slots());
+                              context.slots());
   return compiled;
 }
 
 Compiled Compiler::remove(const ast::Delete& node) {
   Compiled compiled = start();
-  Binder binder = this->binder();
+  BindingContext context = this->context();
   Scope scope;
   if (!node.from) {
-    const TablePtr table = binder.table(node.table);
-    scope.members.push_back(binder.member(table, {}));
-    const std::string where = node.where ? " WHERE " + binder.condition(*node.where, scope) : "";
+    const TablePtr table = context.table(node.table);
+    scope.members.push_back(SourceBinder(context).member(table, {}));
+    const std::string where =
+        node.where ? " WHERE " + ExpressionBinder(context).condition(*node.where, scope) : "";
     compiled.steps.emplace_back(
         database_,
         "DELETE FROM " + table->sqliteName() + " AS " + scope.members[0].sqliteAlias + where,
-        binder.slots());
+        context.slots());
     return compiled;
   }
-  const std::string from = binder.source(*node.from, scope);
+  const std::string from = SourceBinder(context).source(*node.from, scope);
   const Scope::Member* target =
       targetIn(scope, node.table, database_.catalogue().table(node.table, session_));
   if (target == nullptr) throw unknownObject(node.table);
-  const std::string where = node.where ? " WHERE " + binder.condition(*node.where, scope) : "";
+  const std::string where =
+      node.where ? " WHERE " + ExpressionBinder(context).condition(*node.where, scope) : "";
   compiled.steps.emplace_back(database_,
                               "DELETE FROM " + target->base->sqliteName() +
                                   " WHERE rowid IN (SELECT " + target->sqliteAlias +
                                   ".rowid FROM " + from + where + ")",
-                              binder.slots());
+                              context.slots());
   return compiled;
 }
 
 std::int64_t Compiler::selectInto(const ast::Query& node, const Frame& frame) {
-  Binder binder = this->binder();
-  const BoundQuery bound = binder.query(node, nullptr);
+  BindingContext context = this->context();
+  const BoundQuery bound = QueryBinder(context).query(node, nullptr);
   const ast::ObjectName& name = *std::get<ast::Select>(node.body).into;
   if (database_.catalogue().table(name, session_)) {
     throw SqlError(2714, "There is already an object named '" + name.last() + "' in the database.",
@@ -295,19 +303,17 @@ std::int64_t Compiler::selectInto(const ast::Query& node, const Frame& frame) {
     definition.columns.push_back(std::move(def));
   }
   auto table = Table::from(definition);
-  table->owner = table->temporary ? session_ : 0;
-  if (table->temporary && !table->name.starts_with("##"))
-    table->physical += "@" + std::to_string(session_);
+  table->makeOwnedBy(session_);
   Transaction transaction(database_);
   database_.createTable(table);
   try {
     PreparedStatement fill(database_, "INSERT INTO " + table->sqliteName() + " " + bound.sql,
-                           binder.slots());
+                           context.slots());
     const std::int64_t rows = fill.run(frame);
     transaction.commit();
     return rows;
   } catch (...) {
-    database_.catalogue().remove(*table);  // the table itself goes with the transaction
+    database_.catalogue().remove(*table);  // the transaction undoes the table itself
     throw;
   }
 }

@@ -5,11 +5,13 @@
 #include <string>
 #include <vector>
 
+#include "workbench/engine/binding/query_binder.h"
+#include "workbench/engine/binding/scope.h"
 #include "workbench/engine/execution/prepared.h"
 
 namespace kebu::engine {
 
-/// A table that a MERGE keeps its join in while it runs.
+/// A temporary table that holds the join of a MERGE while it runs.
 class ScratchTable {
  public:
   ScratchTable(Database& database, std::size_t columns);
@@ -23,13 +25,13 @@ class ScratchTable {
   std::string name_;
 };
 
-/// A T-SQL statement made ready for SQLite. Good as long as the catalogue stays
-/// at the version that it was compiled for.
+/// A T-SQL statement prepared for SQLite. It is valid as long as the catalogue has the
+/// version that it was compiled for.
 struct Compiled {
   std::int64_t version = 0;
   std::vector<BoundQuery::Column> columns;  ///< of a query
-  TablePtr base;                            ///< whose rows a query gives, or an INSERT makes
-  std::unique_ptr<ScratchTable> scratch;    ///< ends after the statements
+  TablePtr base;                            ///< the table that a query reads, or an INSERT fills
+  std::unique_ptr<ScratchTable> scratch;    ///< used by the steps
   std::vector<PreparedStatement> steps;
   std::size_t counted = 0;  ///< how many steps, from the second on, change the table
 
@@ -41,6 +43,12 @@ class Compiler {
  public:
   Compiler(Database& database, int session, const Variables& variables)
       : database_(database), session_(session), variables_(variables) {}
+
+  Database& database() const { return database_; }
+  /// What one statement is bound with.
+  BindingContext context() const { return {database_.catalogue(), session_, variables_}; }
+  /// A statement without steps, of the catalogue's current version.
+  Compiled start() const;
 
   Compiled query(const ast::Query& node);
   /// A query of one column: the value of an expression, converted when a type is given.
@@ -55,27 +63,23 @@ class Compiler {
   std::int64_t selectInto(const ast::Query& node, const Frame& frame);
 
  private:
-  friend class MergeCompiler;
-  Binder binder() const { return {database_.catalogue(), session_, variables_}; }
-  Compiled start() const;
-
   Database& database_;
   int session_;
   const Variables& variables_;
 };
 
-/// Binds "SET a = x, …" for SQLite's UPDATE.
-std::string boundAssignments(Binder& binder, const Table& table,
+/// The assignments of an UPDATE as SQLite takes them: "a = x, …".
+std::string boundAssignments(BindingContext& context, const Table& table,
                              const std::vector<ast::Assignment>& set, const Scope& scope);
-/// The target list and values of an INSERT: names by their columns, defaults where nothing is said.
+/// The columns of an INSERT: the named ones, and those that get their default.
 struct InsertTargets {
-  std::vector<int> columns;    ///< that the values go to
-  std::vector<int> defaulted;  ///< that take their default besides
-  std::string list;            ///< all of them, for SQLite
+  std::vector<int> columns;    ///< those that the values are for
+  std::vector<int> defaulted;  ///< those that get their default
+  std::string list;            ///< both, as SQLite's column list
 
   InsertTargets(const Table& table, const std::vector<std::string>& names, bool identityInsert);
 };
 /// A column's default, or NULL.
-std::string boundDefault(Binder& binder, const Table& table, int index);
+std::string boundDefault(BindingContext& context, const Table& table, int index);
 
 }  // namespace kebu::engine

@@ -47,7 +47,7 @@ Place placeIn(std::string_view message) {
 
 Handle Database::open(const std::string& path, int flags) {
   sqlite3* raw = nullptr;
-  // One thread at a time, so that SQLite need not lock for every value that is read.
+  // The database is used by one thread at a time. Without SQLite's mutexes reading is quicker.
   const int code = sqlite3_open_v2(path.c_str(), &raw, flags | SQLITE_OPEN_NOMUTEX, nullptr);
   Handle handle(raw);
   if (code != SQLITE_OK) throw fileError(path, "cannot be opened");
@@ -58,10 +58,10 @@ Handle Database::open(const std::string& path, int flags) {
 Database::Database(Handle handle) : handle_(std::move(handle)) {
   registerFunctions(*this);
   run("ATTACH ':memory:' AS tempdb");
-  // A crash of the machine may cost the file, a crash of the program does not:
-  // enough for a stand-in, and every statement commits by itself.
+  // Every statement commits by itself, and waiting for the disk each time would be slow. A
+  // crash of the program does no harm; a crash of the machine may cost a test database.
   run("PRAGMA synchronous = OFF");
-  // Temporary tables, ordering and the like stay in memory.
+  // What SQLite needs for itself, such as for sorting, stays in memory.
   run("PRAGMA temp_store = MEMORY");
 }
 
@@ -174,7 +174,7 @@ void Database::dropModule(const Module& module) {
 
 std::optional<std::int64_t> Database::currentIdentity(const Table& table) {
   if (table.identity < 0) return std::nullopt;
-  // A statement may ask for every one of its rows.
+  // IDENT_CURRENT may be evaluated for every row of a statement: the query stays prepared.
   Prepared& asked = identities_[table.schema()];
   if (!asked) {
     asked = prepared(handle(),

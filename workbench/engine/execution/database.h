@@ -14,16 +14,16 @@ namespace kebu::engine {
 
 class Session;
 
-/// A database: a file or memory, its catalogue, and the temporary tables of all
-/// sessions. Not for use from several threads at once.
+/// A database in a file or in memory, its catalogue, and the temporary tables of all sessions.
+/// It must not be used from several threads at once.
 class Database {
  public:
-  /// RuntimeError when the file is missing, is no database or not one of ours.
+  /// RuntimeError when the file is missing, is no database, or was not made by createFile.
   static std::shared_ptr<Database> openFile(const std::string& path);
   /// RuntimeError when there is such a file already.
   static std::shared_ptr<Database> createFile(const std::string& path);
   static std::shared_ptr<Database> createInMemory();
-  /// A copy in memory, without the temporary tables; quicker than making the same anew.
+  /// A copy in memory, without the temporary tables. It is quicker than running the scripts.
   std::shared_ptr<Database> clone() const;
 
   Database(const Database&) = delete;
@@ -33,7 +33,7 @@ class Database {
   Catalogue& catalogue() { return catalogue_; }
   const Catalogue& catalogue() const { return catalogue_; }
   sqlite3* handle() const { return handle_.get(); }
-  /// Runs text of SQLite's own, without values and without rows.
+  /// Runs SQL of SQLite that takes no values and gives no rows.
   void run(const std::string& sql);
 
   void createTable(std::shared_ptr<Table> table);
@@ -50,9 +50,9 @@ class Database {
   Session* current() const { return current_; }
   Session* setCurrent(Session* session) { return std::exchange(current_, session); }
 
-  /// Keeps the error that a function raises until the statement has failed.
+  /// Keeps the error of a function until SQLite reports that the statement failed.
   void raise(SqlError error) { raised_ = std::move(error); }
-  /// The error for SQLite's last failure, as SQL Server would tell it.
+  /// SQLite's last error, with SQL Server's number and text.
   SqlError lastError();
 
  private:
@@ -62,7 +62,8 @@ class Database {
   void load();
 
   Handle handle_;
-  std::map<std::string, Prepared> identities_;  ///< by schema: what asks for a table's last one
+  std::map<std::string, Prepared>
+      identities_;  ///< by schema: the query for a table's last identity
   Catalogue catalogue_;
   std::optional<SqlError> raised_;
   Session* current_ = nullptr;
@@ -70,7 +71,7 @@ class Database {
   int scratches_ = 0;
 };
 
-/// Undoes everything since its making unless it is committed.
+/// Undoes everything since its construction, unless it is committed.
 class Transaction {
  public:
   explicit Transaction(Database& database);

@@ -2,6 +2,8 @@
 
 #include <exception>
 #include <memory>
+#include <span>
+#include <type_traits>
 
 #include "workbench/engine/execution/database.h"
 #include "workbench/engine/functions/functions.h"
@@ -17,7 +19,7 @@ void guarded(sqlite3_context* context, Database& database, Body&& body) {
     database.raise(error);
     sqlite3_result_error(context, error.what(), -1);
   } catch (const RuntimeError& error) {
-    // The decimals' own errors: 11 is a division by zero, 6 an overflow.
+    // Decimal arithmetic raises one of these two.
     const bool zero = error.number() == RuntimeError::divisionByZero().number();
     database.raise(
         zero ? SqlError(8134, "Divide by zero error encountered.", "22012")
@@ -31,28 +33,43 @@ void guarded(sqlite3_context* context, Database& database, Body&& body) {
 
 constexpr SqlType wideWhole{TypeKind::Decimal, 38, 0, 0};
 
+template <class Function>
 struct Registered {
   Database* database;
-  CellFunction function;
+  Function function;
+
+  Cell operator()(CellArguments args) const {
+    if constexpr (std::is_same_v<Function, SystemFunction>) {
+      return function(*database, args);
+    } else {
+      return function(args);
+    }
+  }
 };
 
+template <class Function>
 void call(sqlite3_context* context, int count, sqlite3_value** values) {
-  const auto& registered = *static_cast<Registered*>(sqlite3_user_data(context));
+  const auto& registered = *static_cast<Registered<Function>*>(sqlite3_user_data(context));
   guarded(context, *registered.database, [&] {
-    setResult(context,
-              registered.function(*registered.database, {values, static_cast<std::size_t>(count)}));
+    setResult(context, registered({values, static_cast<std::size_t>(count)}));
   });
 }
 
-void define(Database& database, const FunctionEntry& entry) {
-  auto* registered = new Registered{&database, entry.function};  // SQLite deletes it
-  const int flags = SQLITE_UTF8 | (entry.deterministic ? SQLITE_DETERMINISTIC : 0);
-  sqlite3_create_function_v2(database.handle(), entry.name, entry.argumentCount, flags, registered,
-                             call, nullptr, nullptr,
-                             [](void* data) { delete static_cast<Registered*>(data); });
+template <class Function>
+void define(Database& database, std::span<const NamedFunction<Function>> entries) {
+  for (const auto& entry : entries) {
+    auto registered =
+        std::make_unique<Registered<Function>>(Registered<Function>{&database, entry.function});
+    const int flags = SQLITE_UTF8 | (entry.deterministic ? SQLITE_DETERMINISTIC : 0);
+    // From here on SQLite owns it, also when the call fails.
+    sqlite3_create_function_v2(database.handle(), entry.name, entry.argumentCount, flags,
+                               registered.release(), call<Function>, nullptr, nullptr,
+                               [](void* data) { delete static_cast<Registered<Function>*>(data); });
+  }
 }
 
-// kb_sum adds decimals kept as blobs. All have the same scale, which it need not know.
+// kb_sum adds wide decimals. All of a call have the same scale, so that it can add them as
+// whole numbers.
 void sumStep(sqlite3_context* context, int, sqlite3_value** values) {
   if (sqlite3_value_type(values[0]) == SQLITE_NULL) return;
   auto** total = static_cast<Decimal**>(sqlite3_aggregate_context(context, sizeof(Decimal*)));
@@ -72,10 +89,10 @@ void sumFinal(sqlite3_context* context) {
 }  // namespace
 
 void registerFunctions(Database& database) {
-  for (const auto table :
-       {numberFunctions(), textFunctions(), dateFunctions(), systemFunctions()}) {
-    for (const auto& entry : table) define(database, entry);
+  for (const auto table : {numberFunctions(), textFunctions(), dateFunctions()}) {
+    define(database, table);
   }
+  define(database, systemFunctions());
   const auto compare = [](void*, int sizeA, const void* a, int sizeB, const void* b) {
     return compareTexts({static_cast<const char*>(a), static_cast<std::size_t>(sizeA)},
                         {static_cast<const char*>(b), static_cast<std::size_t>(sizeB)});

@@ -1,14 +1,19 @@
 #pragma once
 
+#include <span>
+
 #include "workbench/engine/functions/functions.h"
 
 namespace kebu::engine {
 
-/// Gives SQLite the collation KB, the aggregate kb_sum and the functions kb_… in
-/// which expressions are made.
+class Database;
+
+/// Registers with SQLite what the bound statements use: the collation KB, the aggregate
+/// kb_sum and the functions kb_….
 void registerFunctions(Database& database);
 
-/// Those that ask the database and its sessions.
-std::span<const FunctionEntry> systemFunctions();
+/// A function that asks the database and its sessions.
+using SystemFunction = Cell (*)(Database& database, CellArguments args);
+std::span<const NamedFunction<SystemFunction>> systemFunctions();
 
 }  // namespace kebu::engine

@@ -1,30 +1,20 @@
 #pragma once
 
-#include <memory>
-#include <optional>
-#include <unordered_map>
+#include <string>
 #include <vector>
 
-#include "workbench/engine/execution/compiler.h"
-#include "workbench/engine/syntax/parser.h"
+#include "workbench/engine/execution/data_interpreter.h"
+#include "workbench/engine/execution/definition_interpreter.h"
+#include "workbench/engine/execution/execution.h"
 
 namespace kebu::engine {
 
-class Session;
-struct ResultSet;
-
-/// Statements with what was compiled of them so far.
-struct Program {
-  Batch batch;
-  ModulePtr module;
-  std::unordered_map<const void*, std::shared_ptr<Compiled>> compiled;
-};
-
-/// Runs the statements of a batch, procedure or function in one frame of variables.
+/// Runs the statements of a batch, procedure or function. Those of control and variables it
+/// runs itself, the others are run by the interpreters of data and of definitions.
 class Interpreter {
  public:
-  Interpreter(Session& session, Program& program, Frame& frame, std::vector<ResultSet>* results)
-      : session_(session), program_(program), frame_(frame), results_(results) {}
+  explicit Interpreter(Execution& execution)
+      : execution_(execution), data_(execution), definitions_(execution) {}
 
   void run(const std::vector<ast::StatementPtr>& statements);
   /// What RETURN gave.
@@ -34,30 +24,26 @@ class Interpreter {
   enum class Flow { Next, Break, Continue, Return };
 
   void declareIn(const ast::Statement& node);
-  Flow statement(const ast::Statement& node);
   Flow block(const std::vector<ast::StatementPtr>& statements);
-  void query(const ast::Query& node);
-  void assign(const ast::Query& node, const ast::Select& select);
-  void change(const std::shared_ptr<Compiled>& ready);
-  void counted(std::int64_t rows);
-  void exec(const ast::Exec& node);
-  void createModule(const ast::CreateModule& node);
-  void createIndex(const ast::CreateIndex& node);
-  void drop(const ast::Drop& node);
-  Value value(const ast::Expr& expr, const SqlType* type);
-  bool condition(const ast::Expr& expr);
-  void setVariable(const std::string& name, const ast::Expr& expr);
-  Variable& variable(const std::string& name);
-  Database& database() const;
-  Compiler compiler();
+  Flow statement(const ast::Statement& node);
 
-  template <class Make>
-  std::shared_ptr<Compiled> compiled(const void* node, Make&& make);
+  Flow run(const ast::Declare& node);
+  Flow run(const ast::SetVariable& node);
+  Flow run(const ast::SetIdentityInsert& node);
+  Flow run(const ast::Block& node);
+  Flow run(const ast::If& node);
+  Flow run(const ast::While& node);
+  Flow run(const ast::Break& /*node*/) { return Flow::Break; }
+  Flow run(const ast::Continue& /*node*/) { return Flow::Continue; }
+  Flow run(const ast::Return& node);
+  Flow run(const ast::Raise& node);
+  Flow run(const ast::Exec& node);
+  Flow run(const ast::Nothing& /*node*/) { return Flow::Next; }
+  void assign(const std::string& name, const ast::Expr& expr);
 
-  Session& session_;
-  Program& program_;
-  Frame& frame_;
-  std::vector<ResultSet>* results_;
+  Execution& execution_;
+  DataInterpreter data_;
+  DefinitionInterpreter definitions_;
   Value returned_;
 };
 

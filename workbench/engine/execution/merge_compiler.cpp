@@ -1,9 +1,11 @@
-// MERGE joins source and target once, into a scratch table that holds for every
-// pair the target's row and the branch that is to treat it. The branches then
-// work from there, so that none sees what another has changed.
+// MERGE joins source and target once, into a scratch table. For every pair it holds the id of
+// the target's row and the number of the branch that applies. The branches read the scratch
+// table, so that no branch sees what another one has changed.
 
 #include <utility>
 
+#include "workbench/engine/binding/expression_binder.h"
+#include "workbench/engine/binding/source_binder.h"
 #include "workbench/engine/execution/compiler.h"
 #include "workbench/engine/sqlite.h"
 
@@ -31,17 +33,17 @@ class MergeCompiler {
   MergeCompiler(Compiler& compiler, const ast::Merge& node)
       : compiler_(compiler),
         node_(node),
-        binder_(compiler.binder()),
-        table_(binder_.table(node.table)) {}
+        context_(compiler.context()),
+        table_(context_.table(node.table)) {}
 
   Compiled run() {
     Compiled compiled = compiler_.start();
     const std::string fill = join();
-    compiled.scratch = std::make_unique<ScratchTable>(compiler_.database_, sourceColumns_.size());
+    compiled.scratch = std::make_unique<ScratchTable>(compiler_.database(), sourceColumns_.size());
     scratch_ = compiled.scratch->name();
     add(compiled, "INSERT INTO " + scratch_ + " " + fill);
 
-    // What the source lacks is looked for before anything is inserted.
+    // NOT MATCHED BY SOURCE comes first: it must not see the rows that another branch inserts.
     for (const auto order : {When::NotMatchedBySource, When::Matched, When::NotMatchedByTarget}) {
       for (std::size_t i = 0; i < node_.branches.size(); ++i) {
         if (node_.branches[i].when == order) branch(compiled, node_.branches[i], i + 1);
@@ -54,27 +56,28 @@ class MergeCompiler {
 
  private:
   void add(Compiled& compiled, const std::string& sql) {
-    compiled.steps.emplace_back(compiler_.database_, sql, binder_.slots());
+    compiled.steps.emplace_back(compiler_.database(), sql, context_.slots());
   }
 
-  /// The join of source and target, with the branch of every pair.
+  /// The query that fills the scratch table.
   std::string join() {
     Scope scope;
-    const std::string source = binder_.source(*node_.source, scope);
+    const std::string source = SourceBinder(context_).source(*node_.source, scope);
     const std::size_t sources = scope.members.size();
-    scope.members.push_back(binder_.member(table_, alias()));
+    scope.members.push_back(SourceBinder(context_).member(table_, alias()));
     const Scope::Member target = scope.members.back();
-    const std::string on = binder_.condition(*node_.on, scope);
+    const std::string on = ExpressionBinder(context_).condition(*node_.on, scope);
     std::string matched;
     std::string missing;
     for (std::size_t i = 0; i < node_.branches.size(); ++i) {
       const auto& candidate = node_.branches[i];
       if (candidate.when == When::NotMatchedBySource) continue;
       std::string& text = candidate.when == When::Matched ? matched : missing;
-      text += " WHEN " +
-              (candidate.condition ? binder_.condition(*candidate.condition, scope)
-                                   : std::string("1")) +
-              " THEN " + std::to_string(i + 1);
+      text +=
+          " WHEN " +
+          (candidate.condition ? ExpressionBinder(context_).condition(*candidate.condition, scope)
+                               : std::string("1")) +
+          " THEN " + std::to_string(i + 1);
     }
     const auto choice = [](const std::string& branches) {
       return branches.empty() ? "NULL" : "CASE" + branches + " END";
@@ -82,10 +85,9 @@ class MergeCompiler {
     std::string list = target.sqliteAlias + ".rowid, CASE WHEN " + target.sqliteAlias +
                        ".rowid IS NOT NULL THEN " + choice(matched) + " ELSE " + choice(missing) +
                        " END";
-    scratchMember_.sqliteAlias = binder_.nextAlias();
+    scratchMember_.sqliteAlias = context_.nextAlias();
     for (std::size_t m = 0; m < sources; ++m) {
-      scratchMember_.alias =
-          scope.members[m].alias.empty() ? scope.members[m].table : scope.members[m].alias;
+      scratchMember_.alias = scope.members[m].name();
       for (const auto& [name, bound] : scope.members[m].columns) {
         sourceColumns_.push_back(name);
         list += ", " + bound.sql;
@@ -115,18 +117,18 @@ class MergeCompiler {
         const int column = targets.columns[i];
         values += (i > 0 ? ", " : "") +
                   (node.values[i]
-                       ? stored(binder_.expression(*node.values[i], scope),
+                       ? stored(ExpressionBinder(context_).value(*node.values[i], scope),
                                 table_->columns[static_cast<std::size_t>(column)], table_->name)
-                       : boundDefault(binder_, *table_, column));
+                       : boundDefault(context_, *table_, column));
       }
       for (const int column : targets.defaulted)
-        values += ", " + boundDefault(binder_, *table_, column);
+        values += ", " + boundDefault(context_, *table_, column);
       add(compiled, "INSERT INTO " + table_->sqliteName() + " (" + targets.list + ") SELECT " +
                         values + " FROM " + scratch_ + " AS " + scratchMember_.sqliteAlias +
                         " WHERE " + chosen);
       return;
     }
-    Scope::Member target = binder_.member(table_, alias());
+    Scope::Member target = SourceBinder(context_).member(table_, alias());
     const std::string rows = target.sqliteAlias + ".rowid";
     const std::string aliased = table_->sqliteName() + " AS " + target.sqliteAlias;
     if (node.when == When::NotMatchedBySource) {
@@ -134,11 +136,12 @@ class MergeCompiler {
       own.members.push_back(std::move(target));
       std::string where = " WHERE " + rows + " NOT IN (SELECT target FROM " + scratch_ +
                           " WHERE target IS NOT NULL)";
-      if (node.condition) where += " AND " + binder_.condition(*node.condition, own);
+      if (node.condition)
+        where += " AND " + ExpressionBinder(context_).condition(*node.condition, own);
       add(compiled, node.action == Action::Delete
                         ? "DELETE FROM " + aliased + where
                         : "UPDATE " + aliased + " SET " +
-                              boundAssignments(binder_, *table_, node.set, own) + where);
+                              boundAssignments(context_, *table_, node.set, own) + where);
       return;
     }
     scope.members.push_back(std::move(target));
@@ -147,7 +150,7 @@ class MergeCompiler {
                         scratch_ + " WHERE " + chosen + ")");
     } else {
       add(compiled, "UPDATE " + aliased + " SET " +
-                        boundAssignments(binder_, *table_, node.set, scope) + " FROM " + scratch_ +
+                        boundAssignments(context_, *table_, node.set, scope) + " FROM " + scratch_ +
                         " AS " + scratchMember_.sqliteAlias + " WHERE " + rows + " = " +
                         scratchMember_.sqliteAlias + ".target AND " + scratchMember_.sqliteAlias +
                         "." + chosen);
@@ -156,7 +159,7 @@ class MergeCompiler {
 
   Compiler& compiler_;
   const ast::Merge& node_;
-  Binder binder_;
+  BindingContext context_;
   TablePtr table_;
   std::vector<std::string> sourceColumns_;
   Scope::Member scratchMember_;

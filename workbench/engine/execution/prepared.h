@@ -6,7 +6,7 @@
 #include <string>
 #include <vector>
 
-#include "workbench/engine/binding/binder.h"
+#include "workbench/engine/binding/binding_context.h"
 #include "workbench/engine/execution/database.h"
 #include "workbench/engine/values/cell.h"
 
@@ -18,12 +18,12 @@ struct Frame {
   const std::vector<ast::Literal>* literals = nullptr;
 };
 
-/// A statement of SQLite's with the values that it takes.
+/// A prepared statement of SQLite, with the values that it takes.
 class PreparedStatement {
  public:
   PreparedStatement(Database& database, const std::string& sql, std::vector<Slot> slots = {});
 
-  /// Gives it its values; step() then goes from row to row and is false at the end.
+  /// Binds its values. step() then goes to the next row; false at the end.
   void start(const Frame& frame);
   bool step();
   void reset() { sqlite3_reset(statement_.get()); }
@@ -45,7 +45,7 @@ class PreparedStatement {
   std::vector<Slot> slots_;
 };
 
-/// Resets a statement at the end of a block, whatever happens in it.
+/// Resets a statement at the end of a block, also when an error leaves it.
 class Running {
  public:
   explicit Running(PreparedStatement& statement) : statement_(statement) {}

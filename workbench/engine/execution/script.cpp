@@ -51,7 +51,7 @@ void runScript(Session& session, std::string_view script,
       batch.clear();
       batchLine = line + 1;
     } else {
-      // Blank lines before a batch are not part of it, so that its line is that of its first word.
+      // A batch begins at its first line that is not blank: errors name that line.
       if (isBlank(batch) && isBlank(current)) {
         batchLine = line + 1;
       } else {

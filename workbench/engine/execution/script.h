@@ -7,8 +7,8 @@
 
 namespace kebu::engine {
 
-/// Runs the batches of a script, which lines that hold only GO separate, and
-/// hands on their results. An SqlError gets the line of the script at which the
+/// Runs the batches of a script, which are separated by lines that hold only GO, and gives
+/// their results to `onResult`. The text of an SqlError names the script's line at which the
 /// failing batch begins.
 void runScript(Session& session, std::string_view script,
                const std::function<void(const ResultSet&)>& onResult = {});

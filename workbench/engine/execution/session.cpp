@@ -5,12 +5,13 @@
 #include <utility>
 
 #include "common/convert.h"
+#include "workbench/engine/execution/interpreter.h"
 #include "workbench/engine/values/cast.h"
 
 namespace kebu::engine {
 namespace {
 
-constexpr std::size_t plansKept = 256;
+constexpr std::size_t programsKept = 256;
 
 /// Makes a session the current one while a batch of its runs.
 class Activation {
@@ -26,8 +27,8 @@ class Activation {
   Session* before_;
 };
 
-/// In an INSERT of plain rows the sizes of literals have no effect; without them
-/// many texts share one plan.
+/// Whether the batch is an INSERT of literal rows. The sizes of its literals then have no
+/// effect, and without them INSERTs of different rows share one program.
 bool onlyInsertsRows(const std::vector<Token>& tokens) {
   return isWord(tokens.front(), "INSERT") &&
          std::none_of(tokens.begin(), tokens.end(), [](const Token& token) {
@@ -56,7 +57,7 @@ std::vector<ast::Literal> literalsOf(const std::string& batch, const std::vector
   return literals;
 }
 
-/// The batch with its literals' types in place of them.
+/// The batch with every literal replaced by its type.
 std::string formOf(const std::vector<Token>& tokens, const std::vector<ast::Literal>& literals,
                    std::size_t textSize) {
   std::string form;
@@ -80,7 +81,7 @@ std::shared_ptr<Program> parsed(const std::string& batch,
   types.reserve(literals.size());
   for (const auto& literal : literals) types.push_back(literal.type);
   const auto text = std::make_shared<const std::string>(batch);
-  // The tree refers to the text that is kept, not to the caller's.
+  // The tree refers to the text, so that the program keeps a copy of it.
   auto program = std::make_shared<Program>();
   program->batch = parseBatch(text, tokenize(*text), types);
   return program;
@@ -92,25 +93,25 @@ Session::Session(std::shared_ptr<Database> database)
     : database_(std::move(database)), id_(database_->newSessionId()) {}
 
 Session::~Session() {
-  plans_.clear();
+  programs_.clear();
   modules_.clear();
   for (const auto& table : database_->catalogue().temporariesOf(id_)) {
     try {
       database_->dropTable(*table);
-    } catch (const SqlError&) {  // NOLINT(bugprone-empty-catch): nobody is left to hear of it
+    } catch (const SqlError&) {  // NOLINT(bugprone-empty-catch): a destructor cannot report it
     }
   }
 }
 
 std::vector<ResultSet> Session::execute(const std::string& batch) {
   std::vector<ast::Literal> literals;
-  const auto program = planOfLiterals(batch, literals);
+  const auto program = programForLiterals(batch, literals);
   return run(*program, literals);
 }
 
 std::vector<ResultSet> Session::execute(const std::string& batch,
                                         const std::vector<ast::Literal>& parameters) {
-  const auto program = planOfParameters(batch, parameters);
+  const auto program = programForParameters(batch, parameters);
   return run(*program, parameters);
 }
 
@@ -118,30 +119,31 @@ std::vector<ResultSet> Session::run(Program& program, const std::vector<ast::Lit
   Frame frame;
   frame.literals = &literals;
   const Activation activation(*database_, *this);
-  rowsAffected_ = -1;
-  depth_ = 0;
+  state_.rowsAffected = -1;
+  state_.depth = 0;
   std::vector<ResultSet> results;
-  Interpreter(*this, program, frame, &results).run(program.batch.statements);
+  Execution execution(*this, program, frame, &results);
+  Interpreter(execution).run(program.batch.statements);
   return results;
 }
 
-/// The texts differ by their literals as a rule, so that they are planned by their form.
-std::shared_ptr<Program> Session::planOfLiterals(const std::string& batch,
-                                                 std::vector<ast::Literal>& literals) {
+/// Batches often differ in their literals only: they share the program of their form.
+std::shared_ptr<Program> Session::programForLiterals(const std::string& batch,
+                                                     std::vector<ast::Literal>& literals) {
   const auto tokens = tokenize(batch);
   literals = literalsOf(batch, tokens);
   const std::string form = formOf(tokens, literals, batch.size());
-  // A batch whose literals belong to its form is kept by its whole text.
+  // Where a literal is part of the form, as in ORDER BY 2, the program serves this text only.
   const std::string exactForm = form + batch;
-  if (auto known = knownPlan(form)) return known;
-  if (auto known = knownPlan(exactForm)) return known;
+  if (auto known = keptProgram(form)) return known;
+  if (auto known = keptProgram(exactForm)) return known;
   const auto program = parsed(batch, literals);
-  return keepPlan(program->batch.liftable ? form : exactForm, program);
+  return keepProgram(program->batch.liftable ? form : exactForm, program);
 }
 
-/// With parameters the text is the same again and again.
-std::shared_ptr<Program> Session::planOfParameters(const std::string& batch,
-                                                   const std::vector<ast::Literal>& parameters) {
+/// A batch with parameters is the same text at every call: no tokens are needed to find it.
+std::shared_ptr<Program> Session::programForParameters(
+    const std::string& batch, const std::vector<ast::Literal>& parameters) {
   std::string key;
   key.reserve(batch.size() + sizeof(std::int64_t) * parameters.size());
   for (const auto& parameter : parameters) {
@@ -149,7 +151,7 @@ std::shared_ptr<Program> Session::planOfParameters(const std::string& batch,
     key.append(reinterpret_cast<const char*>(&type), sizeof type);
   }
   key += batch;
-  if (auto known = knownPlan(key)) return known;
+  if (auto known = keptProgram(key)) return known;
   const auto tokens = tokenize(batch);
   const auto marks = std::count_if(tokens.begin(), tokens.end(), [](const Token& token) {
     return token.kind == TokenKind::Parameter;
@@ -158,25 +160,25 @@ std::shared_ptr<Program> Session::planOfParameters(const std::string& batch,
       std::any_of(tokens.begin(), tokens.end(), isLiteral)) {
     throw std::logic_error("parameters that do not fit the batch: " + batch);
   }
-  return keepPlan(key, parsed(batch, parameters));
+  return keepProgram(key, parsed(batch, parameters));
 }
 
-std::shared_ptr<Program> Session::knownPlan(const std::string& key) {
-  // Many rows in a row have one form, and a long key is quicker compared than hashed.
-  if (!plans_.empty() && plans_.front().first == key) return plans_.front().second;
-  const auto found = planOf_.find(key);
-  if (found == planOf_.end()) return nullptr;
-  plans_.splice(plans_.begin(), plans_, found->second);
-  return plans_.front().second;
+std::shared_ptr<Program> Session::keptProgram(const std::string& key) {
+  // A loop runs one form again and again. Comparing a long key is quicker than hashing it.
+  if (!programs_.empty() && programs_.front().first == key) return programs_.front().second;
+  const auto found = byKey_.find(key);
+  if (found == byKey_.end()) return nullptr;
+  programs_.splice(programs_.begin(), programs_, found->second);
+  return programs_.front().second;
 }
 
-std::shared_ptr<Program> Session::keepPlan(const std::string& key,
-                                           const std::shared_ptr<Program>& program) {
-  plans_.emplace_front(key, program);
-  planOf_[plans_.front().first] = plans_.begin();
-  if (plans_.size() > plansKept) {
-    planOf_.erase(plans_.back().first);
-    plans_.pop_back();
+std::shared_ptr<Program> Session::keepProgram(const std::string& key,
+                                              const std::shared_ptr<Program>& program) {
+  programs_.emplace_front(key, program);
+  byKey_[programs_.front().first] = programs_.begin();
+  if (programs_.size() > programsKept) {
+    byKey_.erase(programs_.back().first);
+    programs_.pop_back();
   }
   return program;
 }
@@ -203,8 +205,10 @@ ModulePtr Session::procedure(const std::string& name) const {
 }
 
 Value Session::globalVariable(const std::string& name) const {
-  if (name == "@@ROWCOUNT") return static_cast<std::int32_t>(rowCount_);
-  if (name == "@@IDENTITY") return lastIdentity_ ? Value(Decimal(*lastIdentity_)) : Value(Null{});
+  if (name == "@@ROWCOUNT") return static_cast<std::int32_t>(state_.rowCount);
+  if (name == "@@IDENTITY") {
+    return state_.lastIdentity ? Value(Decimal(*state_.lastIdentity)) : Value(Null{});
+  }
   return std::int32_t{0};
 }
 
@@ -216,7 +220,8 @@ Cell Session::callFunction(const std::string& name, CellArguments args) {
     const std::string variable = toUpperAscii(parameter.name);
     frame.variables[variable] = {parameter.type, valueOf(cellOf(args[i]), parameter.type)};
   }
-  Interpreter interpreter(*this, programOf(module), frame, nullptr);
+  Execution execution(*this, programOf(module), frame, nullptr);
+  Interpreter interpreter(execution);
   interpreter.run({module->tree.body});
   return storedAs(castTo(interpreter.returned(), module->tree.returns), module->tree.returns);
 }

@@ -1,4 +1,4 @@
-// What the database knows of itself.
+// Functions that ask the database and the session whose statement runs.
 
 #include <array>
 #include <cstdio>
@@ -49,7 +49,7 @@ Cell identCurrent(Database& database, CellArguments args) {
 }
 
 Cell scopeIdentity(Database& database, CellArguments) {
-  const auto identity = database.current()->lastIdentity();
+  const auto identity = database.current()->state().lastIdentity;
   return identity ? storedAs(Decimal(*identity), identityType) : Cell();
 }
 
@@ -59,16 +59,16 @@ Cell callFunction(Database& database, CellArguments args) {
 }
 
 constexpr std::array entries{
-    FunctionEntry{"kb_newid", 0, false, newId},
-    FunctionEntry{"kb_object_id", 2, false, objectId},
-    FunctionEntry{"kb_ident_current", 1, false, identCurrent},
-    FunctionEntry{"kb_scope_identity", 0, false, scopeIdentity},
-    FunctionEntry{"kb_call", -1, false, callFunction},
+    NamedFunction<SystemFunction>{"kb_newid", 0, false, newId},
+    NamedFunction<SystemFunction>{"kb_object_id", 2, false, objectId},
+    NamedFunction<SystemFunction>{"kb_ident_current", 1, false, identCurrent},
+    NamedFunction<SystemFunction>{"kb_scope_identity", 0, false, scopeIdentity},
+    NamedFunction<SystemFunction>{"kb_call", -1, false, callFunction},
 };
 
 }  // namespace
 
-std::span<const FunctionEntry> systemFunctions() {
+std::span<const NamedFunction<SystemFunction>> systemFunctions() {
   return entries;
 }
 

@@ -7,30 +7,31 @@
 
 namespace kebu::engine {
 
-class Database;
-
 /// The arguments of a call that SQLite makes.
 using CellArguments = std::span<sqlite3_value*>;
-/// What it calls: gives the result or throws an SqlError, which then fails the statement.
-using CellFunction = Cell (*)(Database& database, CellArguments args);
+/// Gives the result. An SqlError that it throws makes the statement fail.
+using CellFunction = Cell (*)(CellArguments args);
 
-struct FunctionEntry {
+/// A function under the name by which SQLite calls it.
+template <class Function>
+struct NamedFunction {
   const char* name;
   int argumentCount;  ///< -1 for any
   bool deterministic;
-  CellFunction function;
+  Function function;
 };
+using FunctionEntry = NamedFunction<CellFunction>;
 
 std::span<const FunctionEntry> numberFunctions();
 std::span<const FunctionEntry> textFunctions();
 std::span<const FunctionEntry> dateFunctions();
 
-/// Comparison of texts as SQL Server's usual collation has it.
+/// Negative, 0 or positive, as texts sort: case and trailing blanks do not count.
 int compareTexts(std::string_view a, std::string_view b);
 /// LIKE: % for any text, _ for a character, [a-f] and [^a-f] for one of a set.
 bool matchesLike(std::string_view text, std::string_view pattern, std::string_view escape = {});
 
-/// Whether any argument is null, which most functions answer with null.
+/// Whether any argument is null; the result of most functions then is null.
 bool anyNull(CellArguments args);
 std::string_view textAt(CellArguments args, std::size_t index);
 std::int64_t integerAt(CellArguments args, std::size_t index);

@@ -10,7 +10,7 @@
 namespace kebu::engine {
 namespace {
 
-/// A part of dates: so many months or so many milliseconds.
+/// A part of a date: its length in months, or in milliseconds.
 struct Part {
   std::string_view name;
   int months;
@@ -54,7 +54,7 @@ std::int64_t floorDivided(std::int64_t a, std::int64_t b) {
 }
 
 /// kb_dateadd(part, number, date)
-Cell dateAdd(Database&, CellArguments args) {
+Cell dateAdd(CellArguments args) {
   if (anyNull(args)) return {};
   const Part& part = partAt(args, 0);
   const std::int64_t number = integerAt(args, 1);
@@ -64,7 +64,7 @@ Cell dateAdd(Database&, CellArguments args) {
   const auto year = static_cast<int>(floorDivided(months, 12));
   const auto month = static_cast<int>(months - year * std::int64_t{12}) + 1;
   std::optional<Date> moved;
-  // The 31st of a shorter month is its last day.
+  // In a shorter month the 31st becomes the last day.
   for (int last = date.day; !moved && last >= 28; --last) {
     moved = Date::make(year, month, last, date.hour, date.minute, date.second, date.millisecond);
   }
@@ -76,7 +76,7 @@ Cell dateAdd(Database&, CellArguments args) {
 }
 
 /// kb_datediff(part, from, to): the boundaries of the part that lie between.
-Cell dateDiff(Database&, CellArguments args) {
+Cell dateDiff(CellArguments args) {
   if (anyNull(args)) return {};
   const Part& part = partAt(args, 0);
   if (part.months > 0) {
@@ -92,7 +92,7 @@ Cell dateDiff(Database&, CellArguments args) {
 }
 
 /// kb_datepart(part, date)
-Cell datePart(Database&, CellArguments args) {
+Cell datePart(CellArguments args) {
   if (anyNull(args)) return {};
   const Part& part = partAt(args, 0);
   const Date date = dateAt(args, 1);
@@ -122,8 +122,8 @@ Cell datePart(Database&, CellArguments args) {
   }
 }
 
-/// Local time: what the clock on the wall shows.
-Cell now(Database&, CellArguments) {
+/// The local time.
+Cell now(CellArguments) {
   const auto instant = std::chrono::system_clock::now();
   const std::time_t seconds = std::chrono::system_clock::to_time_t(instant);
   const auto sinceEpoch =

@@ -18,14 +18,14 @@ Decimal decimalAt(CellArguments args, std::size_t index, const SqlType& type) {
 }
 
 /// kb_cast(value, from, to, style)
-Cell castCell(Database&, CellArguments args) {
+Cell castCell(CellArguments args) {
   const SqlType to = typeAt(args, 2);
   const Value value = valueOf(cellOf(args[0]), typeAt(args, 1));
   return storedAs(castTo(value, to, static_cast<int>(integerAt(args, 3))), to);
 }
 
 /// kb_range(value, least, greatest, type name)
-Cell rangeChecked(Database&, CellArguments args) {
+Cell rangeChecked(CellArguments args) {
   if (sqlite3_value_type(args[0]) == SQLITE_NULL) return {};
   Cell value = cellOf(args[0]);
   if (value.integer < integerAt(args, 1) || value.integer > integerAt(args, 2)) {
@@ -37,7 +37,7 @@ Cell rangeChecked(Database&, CellArguments args) {
 
 /// kb_divide(a, b) and kb_modulo(a, b) of integers
 template <bool modulo>
-Cell divided(Database&, CellArguments args) {
+Cell divided(CellArguments args) {
   if (anyNull(args)) return {};
   const std::int64_t divisor = integerAt(args, 1);
   if (divisor == 0) throw SqlError(8134, "Divide by zero error encountered.", "22012");
@@ -54,7 +54,7 @@ Decimal calculated(char op, const Decimal& a, const Decimal& b, int scale) {
       return a - b;
     case '*':
       return a * b;
-    // A quotient is cut, not rounded, at its last digit.
+    // A quotient is truncated, not rounded.
     case '/':
       return (a / b).truncated(scale);
     default:
@@ -63,7 +63,7 @@ Decimal calculated(char op, const Decimal& a, const Decimal& b, int scale) {
 }
 
 /// kb_decimal(op, a, type, b, type, result type)
-Cell decimalOperation(Database&, CellArguments args) {
+Cell decimalOperation(CellArguments args) {
   if (sqlite3_value_type(args[1]) == SQLITE_NULL || sqlite3_value_type(args[3]) == SQLITE_NULL)
     return {};
   const SqlType result = typeAt(args, 5);
@@ -72,8 +72,8 @@ Cell decimalOperation(Database&, CellArguments args) {
   return storedAs(castTo(value, result), result);
 }
 
-/// kb_round(value, type, digits, cut): the type stays.
-Cell rounded(Database&, CellArguments args) {
+/// kb_round(value, type, digits, cut): the result is of the same type.
+Cell rounded(CellArguments args) {
   if (anyNull(args)) return {};
   const SqlType type = typeAt(args, 1);
   const Value value = valueOf(cellOf(args[0]), type);
@@ -90,7 +90,7 @@ Cell rounded(Database&, CellArguments args) {
 
 /// kb_floor(value, type, result type) and kb_ceiling
 template <int step>
-Cell wholeNumber(Database&, CellArguments args) {
+Cell wholeNumber(CellArguments args) {
   if (anyNull(args)) return {};
   const Decimal number = decimalAt(args, 0, typeAt(args, 1));
   Decimal whole = number.truncated(0);
@@ -100,7 +100,7 @@ Cell wholeNumber(Database&, CellArguments args) {
 }
 
 /// kb_str(decimal(38,8), length, decimals)
-Cell str(Database&, CellArguments args) {
+Cell str(CellArguments args) {
   if (anyNull(args)) return {};
   const Decimal number = decimalAt(args, 0, SqlType::decimal(38, 8));
   const std::string text = number.roundedAway(static_cast<int>(integerAt(args, 2))).toString();

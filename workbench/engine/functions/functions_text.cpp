@@ -146,14 +146,15 @@ class Pattern {
 };
 
 /// kb_like(text, pattern[, escape])
-Cell like(Database&, CellArguments args) {
+Cell like(CellArguments args) {
   if (anyNull(args)) return {};
   const std::string_view escape = args.size() > 2 ? textAt(args, 2) : std::string_view();
   return Cell::of(matchesLike(textAt(args, 0), textAt(args, 1), escape) ? 1 : 0);
 }
 
-/// kb_fit(text, size, table, column): the text, if it fits without its trailing blanks.
-Cell fit(Database&, CellArguments args) {
+/// kb_fit(text, size, table, column): the text as a column of the size takes it. Blanks at its
+/// end are dropped when they do not fit; SqlError 2628 for more.
+Cell fit(CellArguments args) {
   if (sqlite3_value_type(args[0]) == SQLITE_NULL) return {};
   const std::string_view text = textAt(args, 0);
   const auto size = static_cast<std::size_t>(integerAt(args, 1));
@@ -168,14 +169,14 @@ Cell fit(Database&, CellArguments args) {
 }
 
 template <char32_t (*change)(char32_t)>
-Cell eachCharacter(Database&, CellArguments args) {
+Cell eachCharacter(CellArguments args) {
   if (anyNull(args)) return {};
   std::u32string text = decoded(textAt(args, 0));
   std::transform(text.begin(), text.end(), text.begin(), change);
   return Cell::text(encoded(text));
 }
 
-Cell reversed(Database&, CellArguments args) {
+Cell reversed(CellArguments args) {
   if (anyNull(args)) return {};
   std::u32string text = decoded(textAt(args, 0));
   std::reverse(text.begin(), text.end());
@@ -190,20 +191,20 @@ std::size_t lengthAt(CellArguments args, std::size_t index) {
   return static_cast<std::size_t>(length);
 }
 
-Cell left(Database&, CellArguments args) {
+Cell left(CellArguments args) {
   if (anyNull(args)) return {};
   return Cell::text(std::string(firstCharacters(textAt(args, 0), lengthAt(args, 1))));
 }
 
-Cell right(Database&, CellArguments args) {
+Cell right(CellArguments args) {
   if (anyNull(args)) return {};
   const std::u32string text = decoded(textAt(args, 0));
   const std::size_t length = std::min(lengthAt(args, 1), text.size());
   return Cell::text(encoded(std::u32string_view(text).substr(text.size() - length)));
 }
 
-/// kb_substring(text, start, length): positions before the first count as well.
-Cell substring(Database&, CellArguments args) {
+/// kb_substring(text, start, length): a start before the first character shortens the result.
+Cell substring(CellArguments args) {
   if (anyNull(args)) return {};
   const std::u32string text = decoded(textAt(args, 0));
   const auto size = static_cast<std::int64_t>(text.size());
@@ -216,7 +217,7 @@ Cell substring(Database&, CellArguments args) {
       static_cast<std::size_t>(first), static_cast<std::size_t>(end - first))));
 }
 
-Cell replicate(Database&, CellArguments args) {
+Cell replicate(CellArguments args) {
   if (anyNull(args) || integerAt(args, 1) < 0) return {};
   std::string result;
   constexpr std::size_t most = 8000;
@@ -227,8 +228,8 @@ Cell replicate(Database&, CellArguments args) {
   return Cell::text(std::move(result));
 }
 
-/// Replaces as it compares: whatever the case.
-Cell replace(Database&, CellArguments args) {
+/// Finds what to replace without regard to case, as comparisons do.
+Cell replace(CellArguments args) {
   if (anyNull(args)) return {};
   const std::u32string text = decoded(textAt(args, 0));
   const std::u32string folded = lowered(textAt(args, 0));
@@ -247,14 +248,14 @@ Cell replace(Database&, CellArguments args) {
   return Cell::text(encoded(result));
 }
 
-Cell length(Database&, CellArguments args) {
+Cell length(CellArguments args) {
   if (anyNull(args)) return {};
   return Cell::of(
       static_cast<std::int64_t>(characterCount(withoutTrailingBlanks(textAt(args, 0)))));
 }
 
 /// kb_charindex(what, text, start)
-Cell charIndex(Database&, CellArguments args) {
+Cell charIndex(CellArguments args) {
   if (anyNull(args)) return {};
   const std::u32string what = lowered(textAt(args, 0));
   const std::u32string text = lowered(textAt(args, 1));
@@ -303,7 +304,7 @@ int compareTexts(std::string_view a, std::string_view b) {
     const char32_t y = lower(nextCharacter(b));
     if (x != y) return x < y ? -1 : 1;
   }
-  // The shorter text counts as if filled with blanks.
+  // The shorter text compares as if it were filled with blanks.
   if (a.empty() && b.empty()) return 0;
   return a.empty() ? (static_cast<unsigned char>(b.front()) < ' ' ? 1 : -1)
                    : (static_cast<unsigned char>(a.front()) < ' ' ? -1 : 1);

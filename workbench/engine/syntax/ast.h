@@ -8,12 +8,13 @@
 #include <vector>
 
 #include "common/value.h"
+#include "workbench/engine/values/operators.h"
 #include "workbench/engine/values/types.h"
 
 namespace kebu::engine::ast {
 
-// The tree of a batch. Nodes are immutable once parsed and may be shared; the
-// views refer to the batch's text, which its owner keeps.
+// The tree of a batch. Nodes do not change after parsing and may be shared. The string views
+// refer to the text of the batch, which must outlive the tree.
 
 struct Expr;
 struct Query;
@@ -34,8 +35,8 @@ struct ObjectName {
 struct Literal {
   SqlType type;
   Value value;
-  int slot = -1;          ///< place among the batch's literals, when they are lifted out of it
-  bool nullable = false;  ///< a parameter's value, which may be NULL in another run
+  int slot = -1;          ///< its place among the batch's literals; -1 when the value is here
+  bool nullable = false;  ///< a parameter, whose value may be NULL
 };
 struct Variable {
   std::string name;
@@ -43,13 +44,24 @@ struct Variable {
 struct Column {
   std::vector<std::string> parts;
 };
-struct Unary {
-  std::string op;
+struct Negative {
   ExprPtr operand;
-};  ///< "-", "not"
-struct Binary {
-  std::string op;
+};
+struct Arithmetic {
+  ArithmeticOperator op;
   ExprPtr left, right;
+};
+struct Comparison {
+  ComparisonOperator op;
+  ExprPtr left, right;
+};
+struct Not {
+  ExprPtr operand;
+};
+/// Conditions joined by AND, or by OR. A chain is one node, however long it is.
+struct Logical {
+  LogicalOperator op;
+  std::vector<ExprPtr> operands;
 };
 struct When {
   ExprPtr condition, result;
@@ -98,8 +110,8 @@ struct Subquery {
 
 struct Expr {
   std::string_view at;
-  std::variant<Literal, Variable, Column, Unary, Binary, Case, Call, Cast, In, Like, IsNull, Exists,
-               Subquery>
+  std::variant<Literal, Variable, Column, Negative, Arithmetic, Comparison, Not, Logical, Case,
+               Call, Cast, In, Like, IsNull, Exists, Subquery>
       node;
 };
 
@@ -129,7 +141,7 @@ struct Source {
 };
 
 struct SelectItem {
-  ExprPtr expr;        ///< none for a star
+  ExprPtr expr;        ///< null for a star
   std::string starOf;  ///< the alias before ".*"
   std::string alias;
   std::string variable;  ///< SELECT @x = expr
@@ -148,10 +160,10 @@ struct Select {
 struct Values {
   std::vector<std::vector<ExprPtr>> rows;
 };
-struct SetOp {
-  std::string op;
+struct SetOperation {
+  SetOperator op;
   QueryPtr left, right;
-};  ///< union, union all, except, intersect
+};
 struct Cte {
   std::string name;
   std::vector<std::string> columns;
@@ -160,7 +172,7 @@ struct Cte {
 struct Query {
   std::string_view at;
   std::vector<Cte> ctes;
-  std::variant<Select, Values, SetOp> body;
+  std::variant<Select, Values, SetOperation> body;
   std::vector<OrderItem> orderBy;
 };
 
@@ -168,7 +180,7 @@ struct Assignment {
   std::string column;
   ExprPtr value;
   std::string_view at;
-};  ///< no value: DEFAULT
+};  ///< a null value is DEFAULT
 
 struct Declaration {
   std::string name;
@@ -189,7 +201,7 @@ struct SetIdentityInsert {
 struct Insert {
   ObjectName table;
   std::vector<std::string> columns;
-  QueryPtr query;  ///< none: DEFAULT VALUES; a null expression in VALUES: DEFAULT
+  QueryPtr query;  ///< null for DEFAULT VALUES; DEFAULT in its VALUES is a null expression
 };
 struct Update {
   ObjectName table;
@@ -241,6 +253,7 @@ struct CreateIndex {
   bool unique = false;
 };
 enum class ModuleKind { View, Procedure, TableFunction, ScalarFunction };
+enum class ObjectKind { Table, View, Procedure, Function, Index };
 struct CreateModule {
   ModuleKind kind;
   ObjectName name;
@@ -248,7 +261,7 @@ struct CreateModule {
   bool alter = false;
 };
 struct Drop {
-  std::string kind;
+  ObjectKind kind;
   std::vector<ObjectName> names;
   bool ifExists = false;
 };
@@ -277,19 +290,18 @@ struct While {
 struct Return {
   ExprPtr value;
 };
-struct LoopExit {
-  bool again;
-};  ///< CONTINUE or BREAK
+struct Break {};
+struct Continue {};
 struct Raise {
   ExprPtr message;
 };
-struct Nothing {};  ///< PRINT, SET NOCOUNT and the like
+struct Nothing {};  ///< without effect here: PRINT, SET NOCOUNT, …
 
 struct Statement {
   std::string_view at;
   std::variant<Declare, SetVariable, SetIdentityInsert, QueryPtr, Insert, Update, Delete, Merge,
                CreateTable, CreateIndex, CreateModule, Drop, Truncate, Exec, Block, If, While,
-               Return, LoopExit, Raise, Nothing>
+               Return, Break, Continue, Raise, Nothing>
       node;
 };
 

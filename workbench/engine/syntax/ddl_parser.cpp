@@ -1,8 +1,7 @@
 // The part of StatementParser that reads definitions.
 
+#include <algorithm>
 #include <array>
-#include <charconv>
-#include <cstdlib>
 #include <utility>
 
 #include "workbench/engine/syntax/statement_parser.h"
@@ -31,7 +30,7 @@ ast::StatementPtr StatementParser::create() {
   if (!reader_.isAny({"VIEW", "PROCEDURE", "PROC", "FUNCTION"})) {
     reader_.fail("A definition that is not known");
   }
-  // The text is kept as it stands and read again whenever it is needed.
+  // Parsing here finds syntax errors. The text itself goes into the catalogue.
   const ast::Module parsed = module();
   return make(at, ast::CreateModule{parsed.kind, parsed.name, textSince(at), alter});
 }
@@ -41,7 +40,7 @@ ast::CreateTable StatementParser::createTable() {
   table.name = reader_.objectName();
   reader_.expectSymbol("(");
   do {
-    if (reader_.isSymbol(")")) break;  // a comma may stand behind the last column
+    if (reader_.isSymbol(")")) break;  // T-SQL allows a comma after the last column
     if (reader_.isAny({"CONSTRAINT", "PRIMARY", "UNIQUE"})) {
       tableConstraint(table);
     } else {
@@ -83,7 +82,7 @@ ast::ColumnDef StatementParser::columnDef(ast::CreateTable& table) {
     } else if (reader_.accept("UNIQUE")) {
       table.keys.push_back({{column.name}, false});
     } else if (reader_.accept("COLLATE")) {
-      reader_.name();  // there is one collation
+      reader_.name();  // has no effect: the engine has one collation only
     } else {
       return column;
     }
@@ -132,17 +131,22 @@ ast::CreateIndex StatementParser::createIndex(bool unique) {
 
 ast::Drop StatementParser::drop() {
   ast::Drop result;
-  static constexpr std::array<std::string_view, 6> kinds{"TABLE", "VIEW",     "PROCEDURE",
-                                                         "PROC",  "FUNCTION", "INDEX"};
-  if (!reader_.isAny(kinds)) reader_.fail("A kind of object that is not known");
-  for (const auto kind : kinds) {
-    if (reader_.is(kind)) result.kind = kind == "PROC" ? "PROCEDURE" : kind;
-  }
+  static constexpr std::array<std::pair<std::string_view, ast::ObjectKind>, 6> kinds{
+      {{"TABLE", ast::ObjectKind::Table},
+       {"VIEW", ast::ObjectKind::View},
+       {"PROCEDURE", ast::ObjectKind::Procedure},
+       {"PROC", ast::ObjectKind::Procedure},
+       {"FUNCTION", ast::ObjectKind::Function},
+       {"INDEX", ast::ObjectKind::Index}}};
+  const auto* const kind = std::find_if(
+      kinds.begin(), kinds.end(), [this](const auto& known) { return reader_.is(known.first); });
+  if (kind == kinds.end()) reader_.fail("A kind of object that is not known");
+  result.kind = kind->second;
   reader_.take();
   result.ifExists = reader_.accept("IF", "EXISTS");
   commaSeparated(reader_, [&] {
     result.names.push_back(reader_.objectName());
-    if (result.kind == "INDEX" && reader_.accept("ON")) reader_.objectName();
+    if (result.kind == ast::ObjectKind::Index && reader_.accept("ON")) reader_.objectName();
   });
   return result;
 }

@@ -2,7 +2,7 @@
 
 #include <algorithm>
 #include <array>
-#include <charconv>
+#include <optional>
 #include <utility>
 
 #include "common/convert.h"
@@ -19,7 +19,18 @@ ExprPtr make(std::string_view at, Node node) {
 }
 
 ExprPtr negate(std::string_view at, ExprPtr operand) {
-  return make(at, ast::Unary{"not", std::move(operand)});
+  return make(at, ast::Not{std::move(operand)});
+}
+
+/// The token's operator, if it is one of those given.
+template <class Operator, std::size_t size>
+std::optional<Operator> operatorAt(
+    const Token& token, const std::array<std::pair<std::string_view, Operator>, size>& operators) {
+  if (token.kind != TokenKind::Symbol) return std::nullopt;
+  for (const auto& [symbol, op] : operators) {
+    if (token.text == symbol) return op;
+  }
+  return std::nullopt;
 }
 
 std::size_t charactersOf(std::string_view utf8) {
@@ -27,10 +38,10 @@ std::size_t charactersOf(std::string_view utf8) {
       std::count_if(utf8.begin(), utf8.end(), [](char c) { return (c & 0xC0) != 0x80; }));
 }
 
-// A text without a size is so long in a cast, but one character in a declaration.
+// The size of a text type without one in CAST and CONVERT. In a declaration it is 1.
 constexpr int castSize = 30;
 
-// Parts of dates, which stand in a call's first place as bare words.
+// Functions whose first argument is the name of a date part.
 constexpr std::array dateFunctions{"DATEADD", "DATEDIFF", "DATEPART", "DATENAME"};
 
 }  // namespace
@@ -65,21 +76,20 @@ ast::Literal literalOf(const Token& token) {
 }
 
 ExprPtr ExpressionParser::condition() {
-  ExprPtr left = conjunction();
-  while (reader_.is("OR")) {
-    const auto at = reader_.take().text;
-    left = make(at, ast::Binary{"or", left, conjunction()});
-  }
-  return left;
+  return chain(LogicalOperator::Or, &ExpressionParser::conjunction);
 }
 
 ExprPtr ExpressionParser::conjunction() {
-  ExprPtr left = negation();
-  while (reader_.is("AND")) {
-    const auto at = reader_.take().text;
-    left = make(at, ast::Binary{"and", left, negation()});
-  }
-  return left;
+  return chain(LogicalOperator::And, &ExpressionParser::negation);
+}
+
+ExprPtr ExpressionParser::chain(LogicalOperator op, ExprPtr (ExpressionParser::*operand)()) {
+  const auto at = reader_.peek().text;
+  ExprPtr first = (this->*operand)();
+  if (!reader_.is(symbolOf(op))) return first;
+  ast::Logical logical{op, {std::move(first)}};
+  while (reader_.accept(symbolOf(op))) logical.operands.push_back((this->*operand)());
+  return make(at, std::move(logical));
 }
 
 ExprPtr ExpressionParser::negation() {
@@ -104,7 +114,7 @@ ExprPtr ExpressionParser::predicate() {
   }
   if (!reader_.isSymbol("(")) return comparisonTail(expression());
 
-  // A parenthesis opens a condition or a value; only what follows tells which.
+  // A parenthesis begins a value or a condition: the value is tried first.
   const auto start = reader_.place();
   try {
     return comparisonTail(expression());
@@ -118,20 +128,20 @@ ExprPtr ExpressionParser::predicate() {
 }
 
 ExprPtr ExpressionParser::comparisonTail(ExprPtr left) {
-  static constexpr std::array<std::pair<std::string_view, const char*>, 9> operators{
-      {{"=", "="},
-       {"<>", "<>"},
-       {"!=", "<>"},
-       {"<", "<"},
-       {">", ">"},
-       {"<=", "<="},
-       {">=", ">="},
-       {"!<", ">="},
-       {"!>", "<="}}};
+  static constexpr std::array<std::pair<std::string_view, ComparisonOperator>, 9> operators{
+      {{"=", ComparisonOperator::Equal},
+       {"<>", ComparisonOperator::NotEqual},
+       {"!=", ComparisonOperator::NotEqual},
+       {"<", ComparisonOperator::Less},
+       {">", ComparisonOperator::Greater},
+       {"<=", ComparisonOperator::LessOrEqual},
+       {">=", ComparisonOperator::GreaterOrEqual},
+       {"!<", ComparisonOperator::GreaterOrEqual},
+       {"!>", ComparisonOperator::LessOrEqual}}};
   const auto at = reader_.peek().text;
-  for (const auto& [symbol, op] : operators) {
-    if (reader_.acceptSymbol(symbol))
-      return make(at, ast::Binary{op, std::move(left), expression()});
+  if (const auto op = operatorAt(reader_.peek(), operators)) {
+    reader_.take();
+    return make(at, ast::Comparison{*op, std::move(left), expression()});
   }
   if (reader_.accept("IS")) {
     const bool negated = reader_.accept("NOT");
@@ -144,8 +154,11 @@ ExprPtr ExpressionParser::comparisonTail(ExprPtr left) {
   if (reader_.accept("BETWEEN")) {
     ExprPtr low = expression();
     reader_.expect("AND");
-    test = make(at, ast::Binary{"and", make(at, ast::Binary{">=", left, low}),
-                                make(at, ast::Binary{"<=", left, expression()})});
+    ExprPtr high = expression();
+    test = make(
+        at, ast::Logical{LogicalOperator::And,
+                         {make(at, ast::Comparison{ComparisonOperator::GreaterOrEqual, left, low}),
+                          make(at, ast::Comparison{ComparisonOperator::LessOrEqual, left, high})}});
   } else if (reader_.accept("IN")) {
     reader_.expectSymbol("(");
     ast::In in{std::move(left), {}, nullptr};
@@ -166,22 +179,37 @@ ExprPtr ExpressionParser::comparisonTail(ExprPtr left) {
   return negated ? negate(at, test) : test;
 }
 
-ExprPtr ExpressionParser::binary(int level) {
-  static constexpr std::array<std::string_view, 2> levels{"+-&|^", "*/%"};
-  if (level == static_cast<int>(levels.size())) return unary();
-  ExprPtr left = binary(level + 1);
-  while (reader_.peek().kind == TokenKind::Symbol && reader_.peek().text.size() == 1 &&
-         levels.at(static_cast<std::size_t>(level)).find(reader_.peek().text) !=
-             std::string_view::npos) {
-    const Token op = reader_.take();
-    left = make(op.text, ast::Binary{std::string(op.text), left, binary(level + 1)});
+ExprPtr ExpressionParser::expression() {
+  static constexpr std::array<std::pair<std::string_view, ArithmeticOperator>, 5> operators{
+      {{"+", ArithmeticOperator::Add},
+       {"-", ArithmeticOperator::Subtract},
+       {"&", ArithmeticOperator::BitAnd},
+       {"|", ArithmeticOperator::BitOr},
+       {"^", ArithmeticOperator::BitXor}}};
+  ExprPtr left = term();
+  while (const auto op = operatorAt(reader_.peek(), operators)) {
+    const auto at = reader_.take().text;
+    left = make(at, ast::Arithmetic{*op, left, term()});
+  }
+  return left;
+}
+
+ExprPtr ExpressionParser::term() {
+  static constexpr std::array<std::pair<std::string_view, ArithmeticOperator>, 3> operators{
+      {{"*", ArithmeticOperator::Multiply},
+       {"/", ArithmeticOperator::Divide},
+       {"%", ArithmeticOperator::Modulo}}};
+  ExprPtr left = unary();
+  while (const auto op = operatorAt(reader_.peek(), operators)) {
+    const auto at = reader_.take().text;
+    left = make(at, ast::Arithmetic{*op, left, unary()});
   }
   return left;
 }
 
 ExprPtr ExpressionParser::unary() {
   const auto at = reader_.peek().text;
-  if (reader_.acceptSymbol("-")) return make(at, ast::Unary{"-", unary()});
+  if (reader_.acceptSymbol("-")) return make(at, ast::Negative{unary()});
   if (reader_.acceptSymbol("+")) return unary();
   return primary();
 }
@@ -190,7 +218,7 @@ ExprPtr ExpressionParser::literal() {
   const int slot = reader_.literalsBefore();
   const Token token = reader_.take();
   if (literals_ == nullptr) return make(token.text, literalOf(token));
-  // The value is not part of the tree; it comes with every run.
+  // The tree holds the type and the place; the value comes with every run.
   return make(token.text, ast::Literal{literals_->at(static_cast<std::size_t>(slot)),
                                        {},
                                        slot,
@@ -239,7 +267,9 @@ ExprPtr ExpressionParser::caseExpression() {
   if (!reader_.is("WHEN")) operand = expression();
   while (reader_.is("WHEN")) {
     const auto whenAt = reader_.take().text;
-    ExprPtr test = operand ? make(whenAt, ast::Binary{"=", operand, expression()}) : condition();
+    ExprPtr test =
+        operand ? make(whenAt, ast::Comparison{ComparisonOperator::Equal, operand, expression()})
+                : condition();
     reader_.expect("THEN");
     result.branches.push_back({std::move(test), expression()});
   }
@@ -321,7 +351,7 @@ ast::Over ExpressionParser::over() {
 std::vector<ast::OrderItem> ExpressionParser::orderItems() {
   std::vector<ast::OrderItem> items;
   commaSeparated(reader_, [&] {
-    // A bare number names an output column: the tree must know which.
+    // A number is the position of an output column, and so part of the form.
     ast::OrderItem item;
     if (reader_.peek().kind == TokenKind::Integer) {
       const Token token = reader_.take();

@@ -15,7 +15,7 @@ class ExpressionParser {
       : reader_(reader), literals_(literals) {}
 
   /// A value.
-  ast::ExprPtr expression() { return binary(0); }
+  ast::ExprPtr expression();
   /// A value without operators around it, where an operator's sign means something else.
   ast::ExprPtr primary();
   /// A condition: OR of ANDs.
@@ -29,10 +29,12 @@ class ExpressionParser {
   using ExprPtr = ast::ExprPtr;
 
   ExprPtr conjunction();
+  /// Operands that one logical operator joins.
+  ExprPtr chain(LogicalOperator op, ExprPtr (ExpressionParser::*operand)());
   ExprPtr negation();
   ExprPtr predicate();
   ExprPtr comparisonTail(ExprPtr left);
-  ExprPtr binary(int level);
+  ExprPtr term();
   ExprPtr unary();
   ExprPtr literal();
   ExprPtr caseExpression();

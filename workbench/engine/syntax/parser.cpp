@@ -7,7 +7,7 @@
 namespace kebu::engine {
 namespace {
 
-/// Reads one thing that is the whole of a text, its literals in the tree.
+/// Parses a whole text as one thing. Its literals stay in the tree.
 template <class Read>
 auto parseWhole(std::string_view text, Read&& read) {
   const auto tokens = tokenize(text);

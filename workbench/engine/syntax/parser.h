@@ -14,8 +14,8 @@ namespace kebu::engine {
 struct Batch {
   std::shared_ptr<const std::string> text;
   std::vector<ast::StatementPtr> statements;
-  /// Whether every literal was lifted, so that the tree serves all texts that
-  /// differ in their literals only.
+  /// Whether no literal is part of the form. The tree then serves all batches that differ in
+  /// their literals only.
   bool liftable = false;
 };
 

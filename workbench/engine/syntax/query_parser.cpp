@@ -59,9 +59,11 @@ ast::QueryPtr QueryParser::setOperations() {
   ast::QueryPtr left = operand();
   while (reader_.isAny({"UNION", "EXCEPT", "INTERSECT"})) {
     const auto at = reader_.take();
-    std::string op = isWord(at, "UNION") ? "union" : isWord(at, "EXCEPT") ? "except" : "intersect";
-    if (op == "union" && reader_.accept("ALL")) op = "union all";
-    left = makeQuery(at.text, ast::SetOp{std::move(op), left, operand()});
+    SetOperator op = isWord(at, "UNION")    ? SetOperator::Union
+                     : isWord(at, "EXCEPT") ? SetOperator::Except
+                                            : SetOperator::Intersect;
+    if (op == SetOperator::Union && reader_.accept("ALL")) op = SetOperator::UnionAll;
+    left = makeQuery(at.text, ast::SetOperation{op, left, operand()});
   }
   return left;
 }
@@ -96,7 +98,7 @@ ast::Select QueryParser::select() {
   result.distinct = reader_.accept("DISTINCT");
   if (!result.distinct) reader_.accept("ALL");
   if (reader_.accept("TOP")) {
-    // Of "TOP 3 *" the star is every column, not a product.
+    // The star in "TOP 3 *" means all columns, it does not multiply.
     result.top = expressions_.primary();
     if (reader_.isAny({"PERCENT"})) reader_.fail("TOP … PERCENT is not known");
   }
@@ -146,7 +148,7 @@ std::string QueryParser::alias() {
     reader_.markStructural();
     return textOf(reader_.take());
   }
-  // A statement may follow without a separator; its first words are no aliases.
+  // The next statement may follow without a separator: its first word is no alias.
   static constexpr std::array<std::string_view, 7> joins{"LEFT",  "RIGHT", "INNER", "FULL",
                                                          "CROSS", "OUTER", "JOIN"};
   if (!reader_.atName() || reader_.isAny(joins)) return {};
@@ -232,7 +234,7 @@ ast::SourcePtr QueryParser::singleSource() {
     try {
       derived.query = query();
     } catch (const SqlError&) {
-      // "((SELECT …) AS a JOIN …)": the parenthesis holds joins after all.
+      // "((SELECT …) AS a JOIN …)": the outer parenthesis holds a join.
       reader_.rewind(start);
       reader_.take();
       ast::SourcePtr inner = sources();

@@ -73,8 +73,8 @@ ast::StatementPtr StatementParser::statement() {
     if (hasValue) result.value = expressions.expression();
     return make(at, std::move(result));
   }
-  if (reader_.accept("BREAK")) return make(at, ast::LoopExit{false});
-  if (reader_.accept("CONTINUE")) return make(at, ast::LoopExit{true});
+  if (reader_.accept("BREAK")) return make(at, ast::Break{});
+  if (reader_.accept("CONTINUE")) return make(at, ast::Continue{});
   if (reader_.accept("PRINT")) {
     expressions.expression();
     return make(at, ast::Nothing{});
@@ -84,7 +84,7 @@ ast::StatementPtr StatementParser::statement() {
     reader_.name();
     return make(at, ast::Nothing{});
   }
-  // A procedure's name alone may begin a batch.
+  // EXEC may be left out at the beginning of a batch.
   if (reader_.atName() && reader_.literalsBefore() == 0 &&
       at.data() == reader_.batch().data() + reader_.batch().find_first_not_of(" \t\r\n") &&
       reader_.peek().kind == TokenKind::Word && (reader_.peek(1).kind == TokenKind::End)) {
@@ -121,13 +121,16 @@ ast::StatementPtr StatementParser::set() {
   const auto at = reader_.peek().text;
   if (reader_.peek().kind == TokenKind::Variable) {
     std::string name = reader_.variable();
-    static constexpr std::array<std::string_view, 4> compound{"+=", "-=", "*=", "/="};
-    for (const auto symbol : compound) {
+    static constexpr std::array<std::pair<std::string_view, ArithmeticOperator>, 4> compound{
+        {{"+=", ArithmeticOperator::Add},
+         {"-=", ArithmeticOperator::Subtract},
+         {"*=", ArithmeticOperator::Multiply},
+         {"/=", ArithmeticOperator::Divide}}};
+    for (const auto& [symbol, op] : compound) {
       if (!reader_.acceptSymbol(symbol)) continue;
       const auto variable = std::make_shared<const ast::Expr>(ast::Expr{at, ast::Variable{name}});
       auto sum = std::make_shared<const ast::Expr>(
-          ast::Expr{at, ast::Binary{std::string(1, symbol.front()), variable,
-                                    queries_.expressions().expression()}});
+          ast::Expr{at, ast::Arithmetic{op, variable, queries_.expressions().expression()}});
       return make(at, ast::SetVariable{std::move(name), std::move(sum)});
     }
     reader_.expectSymbol("=");

@@ -12,7 +12,7 @@
 
 namespace kebu::engine {
 
-/// The tokens of a batch with a current one: what every part of the parser reads from.
+/// The tokens of a batch, and which of them is read next. All parsers share one reader.
 class TokenReader {
  public:
   TokenReader(std::string_view batch, const std::vector<Token>& tokens)
@@ -22,7 +22,7 @@ class TokenReader {
   Token take();
   /// How many literals stand before the current token.
   int literalsBefore() const { return place_.literals; }
-  /// A place to come back to.
+  /// A place to which rewind() goes back.
   struct Place {
     std::size_t token = 0;
     int literals = 0;
@@ -37,7 +37,7 @@ class TokenReader {
     return isAny(std::span(keywords.begin(), keywords.size()));
   }
   bool isSymbol(std::string_view symbol, std::size_t ahead = 0) const;
-  /// Takes the keyword (or all the keywords in a row), if it is next.
+  /// Reads the keyword, or both keywords in a row, if they come next.
   bool accept(std::string_view keyword);
   bool accept(std::string_view first, std::string_view second);
   bool acceptSymbol(std::string_view symbol);
@@ -52,7 +52,7 @@ class TokenReader {
   /// ( name, name … )
   std::vector<std::string> nameList();
   std::string variable();
-  /// A number that is part of the statement's form: not lifted.
+  /// A number that is part of the statement's form, such as the size of a type.
   int wholeNumber();
   /// A type's name; a text without a size has `defaultSize` characters.
   SqlType type(int defaultSize = 1);
@@ -70,7 +70,7 @@ class TokenReader {
   bool structural_ = false;
 };
 
-/// Runs `item` once and again after every comma.
+/// Runs `item` once, and once more after every comma.
 template <class Item>
 void commaSeparated(TokenReader& reader, Item&& item) {
   do {

@@ -17,7 +17,8 @@ SqlError tooManyDigits() {
   return {8115, "Arithmetic overflow error converting expression to data type numeric."};
 }
 
-/// A sign byte, then the mantissa big end first; complemented below zero.
+/// A sign byte, then the mantissa with its highest byte first. Negative numbers have all bits
+/// inverted, so that the bytes sort as the numbers.
 std::string sortableBytes(const Decimal& value) {
   std::string bytes(1, value.isNegative() ? negative : positive);
   for (std::size_t limb = value.mantissa().size(); limb-- > 0;) {
@@ -45,7 +46,7 @@ std::string_view bytesOf(sqlite3_value* value) {
   return {data, static_cast<std::size_t>(sqlite3_value_bytes(value))};
 }
 
-/// Gives `take` what an integer of SQLite's stands for.
+/// Calls `take` with the value that an integer of SQLite represents.
 template <class Take>
 auto deliverInteger(std::int64_t integer, const SqlType& type, Take&& take) {
   switch (type.kind) {
@@ -66,12 +67,12 @@ auto deliverInteger(std::int64_t integer, const SqlType& type, Take&& take) {
   }
 }
 
-// Only an operation on integers that left the 64 bits gives a floating-point number.
+// SQLite gives a floating-point number only where integers overflowed 64 bits.
 SqlError integerTooLarge() {
   return {8115, "Arithmetic overflow error converting expression to data type bigint."};
 }
 
-/// Gives `take` what a value of SQLite's stands for.
+/// Calls `take` with the value that SQLite's value represents.
 template <class Take>
 auto deliver(sqlite3_value* cell, const SqlType& type, Take&& take) {
   switch (sqlite3_value_type(cell)) {

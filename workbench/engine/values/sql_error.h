@@ -8,8 +8,8 @@
 
 namespace kebu::engine {
 
-/// An error of the database: SQL Server's number where it has one, and the text.
-/// number() is the one that ADO shows for every provider error.
+/// An error of the database, with SQL Server's number in nativeError(). number() is the
+/// HRESULT that ADO reports for any error of a provider.
 class SqlError : public RuntimeError {
  public:
   static constexpr std::int32_t providerNumber = -2147217900;

@@ -4,7 +4,8 @@
 #include <array>
 #include <cstddef>
 #include <limits>
-#include <utility>
+
+#include "common/decimal.h"
 
 namespace kebu::engine {
 namespace {
@@ -12,24 +13,23 @@ namespace {
 struct KindInfo {
   const char* name;
   int digits;  ///< of integers
-  ado::DataType ado;
 };
 
 constexpr std::array<KindInfo, 14> kinds{{
-    {"int", 0, ado::DataType::Integer},
-    {"char", 0, ado::DataType::Char},
-    {"varchar", 0, ado::DataType::VarChar},
-    {"nchar", 0, ado::DataType::WChar},
-    {"nvarchar", 0, ado::DataType::VarWChar},
-    {"uniqueidentifier", 0, ado::DataType::Guid},
-    {"bit", 1, ado::DataType::Boolean},
-    {"tinyint", 3, ado::DataType::UnsignedTinyInt},
-    {"smallint", 5, ado::DataType::SmallInt},
-    {"int", 10, ado::DataType::Integer},
-    {"bigint", 19, ado::DataType::Numeric},
-    {"decimal", 0, ado::DataType::Numeric},
-    {"date", 0, ado::DataType::DBTimeStamp},
-    {"datetime", 0, ado::DataType::DBTimeStamp},
+    {"int", 0},  // NULL alone
+    {"char", 0},
+    {"varchar", 0},
+    {"nchar", 0},
+    {"nvarchar", 0},
+    {"uniqueidentifier", 0},
+    {"bit", 1},
+    {"tinyint", 3},
+    {"smallint", 5},
+    {"int", 10},
+    {"bigint", 19},
+    {"decimal", 0},
+    {"date", 0},
+    {"datetime", 0},
 }};
 
 const KindInfo& infoOf(TypeKind kind) {
@@ -42,12 +42,12 @@ constexpr int maxPrecision = 38;
 
 SqlType SqlType::decimal(int precision, int scale) {
   if (precision > maxPrecision) {
-    // The whole digits are kept; six digits after the point stay in any case.
+    // Digits before the point are kept, and up to six after it.
     const int whole = precision - scale;
     scale = std::min(scale, std::max(maxPrecision - whole, 6));
     precision = maxPrecision;
   }
-  // Beyond this nothing can be stored anyway: decimals have 28 digits.
+  // Decimal holds no more digits after the point.
   return {TypeKind::Decimal, precision, std::min(scale, Decimal::maxScale), 0};
 }
 
@@ -75,19 +75,6 @@ std::int64_t SqlType::code() const {
 SqlType SqlType::fromCode(std::int64_t code) {
   return {static_cast<TypeKind>(code & 0xff), static_cast<int>(code >> 8 & 0xff),
           static_cast<int>(code >> 16 & 0xff), static_cast<int>(code >> 24) - 1};
-}
-
-ado::Field SqlType::field(std::string name) const {
-  ado::Field field;
-  field.name = std::move(name);
-  field.type = infoOf(kind).ado;
-  if (isText()) field.definedSize = size < 0 ? -1 : std::max(size, 1);
-  if (isNumber()) {
-    const SqlType number = kind == TypeKind::Int ? integer().asDecimal() : asDecimal();
-    field.precision = static_cast<std::uint8_t>(number.precision);
-    field.numericScale = static_cast<std::uint8_t>(number.scale);
-  }
-  return field;
 }
 
 SqlType unify(const SqlType& a, const SqlType& b) {
@@ -140,7 +127,7 @@ std::int64_t greatestOf(TypeKind kind) {
   }
 }
 
-SqlType arithmeticType(char op, const SqlType& a, const SqlType& b) {
+SqlType arithmeticType(ArithmeticOperator op, const SqlType& a, const SqlType& b) {
   if (a.kind != TypeKind::Decimal && b.kind != TypeKind::Decimal) {
     return SqlType::integer(std::max({a.kind, b.kind, TypeKind::TinyInt}));
   }
@@ -148,13 +135,13 @@ SqlType arithmeticType(char op, const SqlType& a, const SqlType& b) {
   const SqlType y = b.asDecimal();
   const int scale = std::max(x.scale, y.scale);
   switch (op) {
-    case '*':
+    case ArithmeticOperator::Multiply:
       return SqlType::decimal(x.precision + y.precision + 1, x.scale + y.scale);
-    case '/': {
+    case ArithmeticOperator::Divide: {
       const int digits = std::max(6, x.scale + y.precision + 1);
       return SqlType::decimal(x.precision - x.scale + y.scale + digits, digits);
     }
-    case '%':
+    case ArithmeticOperator::Modulo:
       return SqlType::decimal(std::min(x.precision - x.scale, y.precision - y.scale) + scale,
                               scale);
     default:

@@ -3,7 +3,7 @@
 #include <cstdint>
 #include <string>
 
-#include "ado/recordset.h"
+#include "workbench/engine/values/operators.h"
 
 namespace kebu::engine {
 
@@ -34,7 +34,7 @@ struct SqlType {
 
   static SqlType text(int size) { return {TypeKind::VarChar, 0, 0, size}; }
   static SqlType integer(TypeKind kind = TypeKind::Int) { return {kind, 0, 0, 0}; }
-  /// Cut to the 38 digits that there are, at the cost of digits after the point.
+  /// At most 38 digits: beyond, digits after the point are given up.
   static SqlType decimal(int precision, int scale);
 
   bool isText() const { return kind >= TypeKind::Char && kind <= TypeKind::NVarChar; }
@@ -44,14 +44,13 @@ struct SqlType {
   /// Decimals of more digits than 64 bits hold are kept as blobs that sort as the numbers do.
   bool isWide() const { return kind == TypeKind::Decimal && precision > 18; }
 
-  /// Any number as the decimal that it counts as in arithmetic.
+  /// The decimal type as which a number type takes part in decimal arithmetic.
   SqlType asDecimal() const;
   /// As a script would declare it.
   std::string declaration() const;
-  /// The type in one number, for the functions that SQLite calls; and back.
+  /// The type as one number, as it is handed to the functions that SQLite calls.
   std::int64_t code() const;
   static SqlType fromCode(std::int64_t code);
-  ado::Field field(std::string name) const;
 
   friend bool operator==(const SqlType&, const SqlType&) = default;
 };
@@ -61,7 +60,7 @@ SqlType unify(const SqlType& a, const SqlType& b);
 /// The least and greatest value of an integer kind.
 std::int64_t leastOf(TypeKind kind);
 std::int64_t greatestOf(TypeKind kind);
-/// The result of an arithmetic operator (+ - * / %) over numbers.
-SqlType arithmeticType(char op, const SqlType& a, const SqlType& b);
+/// The result of an arithmetic operator over numbers.
+SqlType arithmeticType(ArithmeticOperator op, const SqlType& a, const SqlType& b);
 
 }  // namespace kebu::engine

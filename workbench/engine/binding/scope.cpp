@@ -1,0 +1,47 @@
+#include "workbench/engine/binding/scope.h"
+
+#include <optional>
+
+#include "common/convert.h"
+
+namespace kebu::engine {
+namespace {
+
+/// The column of one level; nothing when it has none of the name.
+std::optional<Bound> findAt(const Scope& level, const std::string& qualifier,
+                            const std::string& name) {
+  std::optional<Bound> found;
+  for (const auto& member : level.members) {
+    if (!qualifier.empty() && !equalsIgnoringCase(qualifier, member.name())) continue;
+    if (name == "$ROWID" && member.base) {
+      return Bound{member.sqliteAlias + ".rowid", SqlType::integer(TypeKind::BigInt), false};
+    }
+    for (const auto& [columnName, bound] : member.columns) {
+      if (!equalsIgnoringCase(columnName, name)) continue;
+      if (found) throw SqlError(209, "Ambiguous column name '" + name + "'.");
+      found = bound;
+    }
+  }
+  return found;
+}
+
+}  // namespace
+
+SqlError unknownColumn(const std::string& name) {
+  return {207, "Invalid column name '" + name + "'.", "42S22"};
+}
+
+Bound resolveColumn(const Scope& scope, const ast::Column& column) {
+  const std::string& name = column.parts.back();
+  const std::string qualifier =
+      column.parts.size() > 1 ? column.parts[column.parts.size() - 2] : std::string();
+  for (const Scope* level = &scope; level != nullptr; level = level->outer) {
+    if (auto found = findAt(*level, qualifier, name)) return *std::move(found);
+  }
+  if (qualifier.empty()) throw unknownColumn(name);
+  throw SqlError(4104,
+                 "The multi-part identifier \"" + qualifier + "." + name + "\" could not be bound.",
+                 "42S22");
+}
+
+}  // namespace kebu::engine
