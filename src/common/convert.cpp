@@ -21,13 +21,10 @@ auto match(const Value& value, Cases&&... cases) {
 // A date as a number: whole days from 30 December 1899, the time of day behind
 // the point, also where the days are negative (-1.25 is six o'clock of the 29th).
 constexpr std::int32_t dayZero = -25569;
-constexpr std::int64_t millisecondsPerDay = std::int64_t{24} * 60 * 60 * 1000;
 
 Decimal serialOf(const Date& date) {
-  const std::int64_t milliseconds =
-      ((date.hour * 60 + date.minute) * 60 + date.second) * std::int64_t{1000} + date.millisecond;
   const Decimal day(date.dayNumber() - dayZero);
-  const Decimal time = Decimal(milliseconds) / Decimal(millisecondsPerDay);
+  const Decimal time = Decimal(date.millisecondOfDay()) / Decimal(Date::millisecondsPerDay);
   return day.isNegative() ? day - time : day + time;
 }
 
@@ -35,20 +32,14 @@ Date dateOf(const Decimal& serial) {
   const Decimal whole = serial.truncated(0);
   const Decimal fraction = serial.isNegative() ? whole - serial : serial - whole;
   std::int64_t day = std::int64_t{whole.toInt32()} + dayZero;
-  std::int64_t milliseconds = (fraction * Decimal(millisecondsPerDay)).toInt64();
-  if (milliseconds == millisecondsPerDay) {
+  std::int64_t milliseconds = (fraction * Decimal(Date::millisecondsPerDay)).toInt64();
+  if (milliseconds == Date::millisecondsPerDay) {
     milliseconds = 0;
     ++day;
   }
-  static const std::int32_t last = Date{9999, 12, 31}.dayNumber();
-  static const std::int32_t first = Date{1, 1, 1}.dayNumber();
-  if (day < first || day > last) throw RuntimeError::overflow();
-  Date date = Date::fromDayNumber(static_cast<std::int32_t>(day));
-  date.millisecond = static_cast<std::uint16_t>(milliseconds % 1000);
-  date.second = static_cast<std::uint8_t>(milliseconds / 1000 % 60);
-  date.minute = static_cast<std::uint8_t>(milliseconds / 60'000 % 60);
-  date.hour = static_cast<std::uint8_t>(milliseconds / 3'600'000);
-  return date;
+  const auto date = Date::fromDayNumber(day, milliseconds);
+  if (!date) throw RuntimeError::overflow();
+  return *date;
 }
 
 std::optional<bool> wordAsBoolean(std::string_view text) {

@@ -22,10 +22,15 @@ struct Date {
   /// Nothing when there is no such day or time.
   static std::optional<Date> make(int year, int month, int day, int hour = 0, int minute = 0,
                                   int second = 0, int millisecond = 0);
+  /// The same from the days since 1970-01-01 (negative before) and the time of day in
+  /// milliseconds. Nothing outside of the years 1 to 9999.
+  static std::optional<Date> fromDayNumber(std::int64_t days, std::int64_t millisecondOfDay = 0);
+  static constexpr std::int64_t millisecondsPerDay = std::int64_t{24} * 60 * 60 * 1000;
+
   bool hasTime() const { return hour || minute || second || millisecond; }
-  /// Days since 1970-01-01 (negative before), and back.
+  Date withoutTime() const { return {year, month, day}; }
   std::int32_t dayNumber() const;
-  static Date fromDayNumber(std::int32_t days);
+  std::int64_t millisecondOfDay() const;
   /// "yyyymmdd".
   std::string toAnsi() const;
   /// "yyyy-mm-dd hh:mm:ss.mmm": sorts as the dates do.

@@ -27,9 +27,15 @@ TEST(Date, CountsDaysBothWays) {
   EXPECT_EQ((Date{1969, 12, 31}.dayNumber()), -1);
   EXPECT_EQ(Date().dayNumber(), -25569);
   for (const int days : {-719162, -25569, -1, 0, 19782, 2932896}) {
-    EXPECT_EQ(Date::fromDayNumber(days).dayNumber(), days);
+    EXPECT_EQ(Date::fromDayNumber(days)->dayNumber(), days);
   }
-  EXPECT_EQ(Date::fromDayNumber(2932896), (Date{9999, 12, 31}));
+  EXPECT_EQ(Date::fromDayNumber(2932896, 86'399'999), (Date{9999, 12, 31, 23, 59, 59, 999}));
+  EXPECT_EQ(Date::fromDayNumber(-719162), (Date{1, 1, 1}));
+  for (const std::int64_t days : {std::int64_t{2932897}, std::int64_t{-719163}, INT64_MAX}) {
+    EXPECT_FALSE(Date::fromDayNumber(days)) << days;
+  }
+  EXPECT_FALSE(Date::fromDayNumber(0, 86'400'000));
+  EXPECT_FALSE(Date::fromDayNumber(0, -1));
 }
 
 TEST(Date, WritesItselfAndSorts) {
@@ -37,6 +43,9 @@ TEST(Date, WritesItselfAndSorts) {
   EXPECT_EQ(date.toAnsi(), "20240305");
   EXPECT_EQ(date.toIso(), "2024-03-05 07:08:09.010");
   EXPECT_EQ(Date::make(7, 1, 2).value().toAnsi(), "00070102");
+  // Fields that are no date give a wrong text, but stay within it.
+  EXPECT_EQ((Date{32767, 255, 255, 255, 255, 255, 65535}.toIso().size()), 23U);
+  EXPECT_EQ((Date{-5, 1, 1}.toAnsi()), "00000101");
   EXPECT_LT((Date{2024, 3, 5}), date);
   EXPECT_LT(date, (Date{2024, 4, 1}));
 }

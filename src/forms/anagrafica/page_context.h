@@ -49,7 +49,7 @@ class PageContext {
   /// As long as the answer lives, the window is painted while statements run that take long.
   PaintedMeanwhile paintedMeanwhile() const { return {connection, runtime_.desktop}; }
   /// The day by the user's clock.
-  Date today() const { return Date::fromDayNumber(runtime_.platform.now().dayNumber()); }
+  Date today() const { return runtime_.platform.now().withoutTime(); }
   /// The first row's value of `column`, through NVL and RTrimN; "" without a row.
   std::string lookUpText(const std::string& statement, std::string_view column) const;
   /// Lets the user choose from a list; the code chosen, or nothing.

@@ -12,35 +12,32 @@ namespace {
 /// Automation counts days from 1899-12-30; before it the time of day still runs
 /// forward, so that -1.25 is 06:00 of the day before.
 constexpr std::int32_t epochDay = -25569;
-constexpr std::int64_t millisecondsOfDay = 86400000;
 
+/// The days that automation knows: those of the years 100 to 9999. Not so a NaN.
+bool isAutomationDate(double date) {
+  return date > -657435.0 && date < 2958466.0;
+}
+
+/// RuntimeError 13 (type mismatch) for what is no date.
 Date fromAutomationDate(double date) {
+  if (!isAutomationDate(date)) throw RuntimeError::typeMismatch();
   const double whole = std::trunc(date);
-  std::int64_t rest = std::llround(std::abs(date - whole) * millisecondsOfDay);
-  std::int32_t day = static_cast<std::int32_t>(whole) + epochDay;
-  if (rest == millisecondsOfDay) {
+  std::int64_t rest = std::llround(std::abs(date - whole) * Date::millisecondsPerDay);
+  std::int64_t day = static_cast<std::int64_t>(whole) + epochDay;
+  if (rest == Date::millisecondsPerDay) {
     rest = 0;
     ++day;
   }
-  Date result = Date::fromDayNumber(day);
-  result.millisecond = static_cast<std::uint16_t>(rest % 1000);
-  result.second = static_cast<std::uint8_t>(rest / 1000 % 60);
-  result.minute = static_cast<std::uint8_t>(rest / 60000 % 60);
-  result.hour = static_cast<std::uint8_t>(rest / 3600000);
-  return result;
+  // The last half millisecond of the last day rounds up to a day that there is not.
+  const auto result = Date::fromDayNumber(day, rest);
+  if (!result) throw RuntimeError::typeMismatch();
+  return *result;
 }
 
 double toAutomationDate(const Date& date) {
   const double whole = date.dayNumber() - epochDay;
-  const std::int64_t rest =
-      ((date.hour * 60LL + date.minute) * 60 + date.second) * 1000 + date.millisecond;
-  const double part = static_cast<double>(rest) / millisecondsOfDay;
+  const double part = static_cast<double>(date.millisecondOfDay()) / Date::millisecondsPerDay;
   return whole < 0 ? whole - part : whole + part;
-}
-
-/// The days that automation knows: those of the years 100 to 9999.
-bool isAutomationDate(double date) {
-  return date > -657435.0 && date < 2958466.0;
 }
 
 Decimal fromAutomationDecimal(const DECIMAL& decimal) {
@@ -168,7 +165,6 @@ Value toValue(const VARIANT& variant) {
     case VT_CY:
       return Decimal::scaled(variant.cyVal.int64, 4);
     case VT_DATE:
-      if (!isAutomationDate(variant.date)) throw RuntimeError::typeMismatch();
       return fromAutomationDate(variant.date);
     case VT_BSTR:
       return Bstr::utf8Of(variant.bstrVal);

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cstdint>
+#include <utility>
 
 #include "workbench/engine/sqlite.h"
 #include "workbench/engine/values/sql_error.h"
@@ -52,6 +53,11 @@ std::string decimalCall(ArithmeticOperator op, const Bound& a, const Bound& b,
          code(result) + ")";
 }
 
+SqlError operandClash(const SqlType& a, const SqlType& b) {
+  return {206,
+          "Operand type clash: " + a.declaration() + " is incompatible with " + b.declaration()};
+}
+
 SqlError doNotMix(ArithmeticOperator op, const SqlType& a, const SqlType& b) {
   return {402, "The data types " + a.declaration() + " and " + b.declaration() +
                    " are incompatible in the '" + std::string(symbolOf(op)) + "' operator."};
@@ -100,8 +106,14 @@ bool sameStorage(const SqlType& a, const SqlType& b) {
   return a.kind == b.kind || (a.kind == TypeKind::Date && b.kind == TypeKind::DateTime);
 }
 
+bool clash(const SqlType& from, const SqlType& to) {
+  return (from.isNumber() && to.kind == TypeKind::Date) ||
+         (from.kind == TypeKind::Date && to.isNumber());
+}
+
 Bound cast(const Bound& value, const SqlType& to, int style) {
   const SqlType& from = value.type;
+  if (clash(from, to)) throw operandClash(from, to);
   Bound result{value.sql, to, value.nullable};
   if (from.kind == TypeKind::Null) return result;
   const bool cut = from.isText() && to.size >= 0 && (from.size < 0 || from.size > to.size);
@@ -109,15 +121,14 @@ Bound cast(const Bound& value, const SqlType& to, int style) {
     if (cut) result.sql = "substr(" + value.sql + ", 1, " + std::to_string(to.size) + ")";
     return result;
   }
-  if (!from.isText() && sameStorage(from, to)) return result;
+  const bool mayLeaveRange = from.kind == TypeKind::Date && to.kind == TypeKind::DateTime;
+  if (!from.isText() && sameStorage(from, to) && !mayLeaveRange) return result;
   if (from.isInteger() && to.isInteger() && to.kind != TypeKind::Bit) {
     result.sql = inRange(value.sql, to.kind);
   } else if (from.isNumber() && to.kind == TypeKind::Decimal && !from.isWide() && !to.isWide() &&
              from.asDecimal().scale <= to.scale &&
              from.asDecimal().precision - from.asDecimal().scale <= to.precision - to.scale) {
     result.sql = rescaled(value, to.scale);
-  } else if (from.isDate() && to.kind == TypeKind::DateTime) {
-    return result;
   } else {
     result.sql = castCall(value, to, style);
   }
@@ -192,9 +203,13 @@ Bound arithmetic(ArithmeticOperator op, const Bound& left, const Bound& right) {
     if (type.kind == TypeKind::Char) type.kind = TypeKind::VarChar;
     return {"(" + a.sql + " || " + b.sql + ")", type, nullable};
   }
+  if (op == ArithmeticOperator::Add && a.type.isInteger() && b.type.isDate()) std::swap(a, b);
+  if (clash(a.type, b.type)) throw operandClash(a.type, b.type);
   if (isSum(op) && a.type.isDate() && b.type.isInteger()) {
-    const std::string days = op == ArithmeticOperator::Subtract ? "-(" + b.sql + ")" : b.sql;
-    return {"kb_dateadd('DAY', " + days + ", " + a.sql + ")", a.type, nullable};
+    const std::string number = cast(b, SqlType::integer()).sql;
+    const std::string days = op == ArithmeticOperator::Subtract ? "-(" + number + ")" : number;
+    return {"kb_dateadd('DAY', " + days + ", " + a.sql + ", " + code(a.type) + ")", a.type,
+            nullable};
   }
   if (a.type.isText() && b.type.isNumber())
     a = cast(a, b.type.kind == TypeKind::Decimal ? b.type : SqlType::integer());

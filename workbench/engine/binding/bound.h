@@ -16,7 +16,9 @@ struct Bound {
   std::string baseColumn = {};  ///< when it is a table's column and nothing else
 };
 
-/// CAST, CONVERT and the conversions between operands.
+/// Whether T-SQL has no conversion between the types: numbers and date.
+bool clash(const SqlType& from, const SqlType& to);
+/// CAST, CONVERT and the conversions between operands. SqlError 206 where there is none.
 Bound cast(const Bound& value, const SqlType& to, int style = 0);
 /// The value as it goes into a column: texts too long and numbers too large are errors.
 std::string stored(const Bound& value, const TableColumn& column, const std::string& table);

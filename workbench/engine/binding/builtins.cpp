@@ -21,7 +21,7 @@ std::string asInt(const Bound& value) {
   return cast(value, SqlType::integer()).sql;
 }
 std::string asDate(const Bound& value) {
-  return cast(value, {TypeKind::DateTime}).sql;
+  return value.type.isDate() ? value.sql : cast(value, {TypeKind::DateTime}).sql;
 }
 /// The type of a text function's result: the argument's own, or what a number is as text.
 SqlType textType(const Bound& value) {
@@ -183,9 +183,9 @@ const std::array builtins{
     Builtin{"CEILING", 1, 1, [](const Args& a) { return wholePart("kb_ceiling", a); }},
     Builtin{"DATEADD", 3, 3,
             [](const Args& a) {
-              return Bound{
-                  "kb_dateadd(" + a[0].sql + ", " + asInt(a[1]) + ", " + asDate(a[2]) + ")",
-                  dateResult(a[2])};
+              return Bound{"kb_dateadd(" + a[0].sql + ", " + asInt(a[1]) + ", " + asDate(a[2]) +
+                               ", " + std::to_string(dateResult(a[2]).code()) + ")",
+                           dateResult(a[2])};
             }},
     Builtin{"DATEDIFF", 3, 3,
             [](const Args& a) {

@@ -42,6 +42,11 @@ std::string joined(LogicalOperator op, std::span<const std::string> conditions) 
          joined(op, conditions.subspan(half)) + ")";
 }
 
+SqlError noConversion(const SqlType& from, const SqlType& to) {
+  return {529, "Explicit conversion from data type " + from.declaration() + " to " +
+                   to.declaration() + " is not allowed."};
+}
+
 SqlError oneColumnOnly() {
   return {116, "Only one expression can be specified in the select list of a subquery."};
 }
@@ -61,7 +66,9 @@ Bound ExpressionBinder::value(const ast::Expr& expr, const Scope& scope) {
                  [&](const ast::Case& node) { return caseValue(node, scope); },
                  [&](const ast::Call& node) { return call(node, expr.at, scope); },
                  [&](const ast::Cast& node) {
-                   return cast(value(*node.operand, scope), node.type, node.style);
+                   const Bound operand = value(*node.operand, scope);
+                   if (clash(operand.type, node.type)) throw noConversion(operand.type, node.type);
+                   return cast(operand, node.type, node.style);
                  },
                  [&](const ast::Subquery& node) { return subquery(node, scope); },
                  [&](const auto&) -> Bound {

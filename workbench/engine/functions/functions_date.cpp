@@ -3,8 +3,10 @@
 #include <algorithm>
 #include <array>
 #include <chrono>
+#include <optional>
 
 #include "workbench/engine/functions/functions.h"
+#include "workbench/engine/values/cast.h"
 #include "workbench/engine/values/sql_error.h"
 
 namespace kebu::engine {
@@ -49,30 +51,52 @@ std::int64_t monthsOf(const Date& date) {
   return date.year * std::int64_t{12} + date.month - 1;
 }
 
+SqlError beyondTheCalendar() {
+  return {517, "Adding a value to a 'datetime' column caused an overflow."};
+}
+
 std::int64_t floorDivided(std::int64_t a, std::int64_t b) {
   return a / b - (a % b < 0 ? 1 : 0);
 }
 
-/// kb_dateadd(part, number, date)
+Date movedByMonths(const Date& date, std::int64_t number) {
+  const std::int64_t months = monthsOf(date) + number;
+  const std::int64_t years = floorDivided(months, 12);
+  if (years < 1 || years > 9999) throw beyondTheCalendar();
+  const auto year = static_cast<int>(years);
+  const auto month = static_cast<int>(months - year * std::int64_t{12}) + 1;
+  std::optional<Date> moved;
+  // In a shorter month the 31st becomes the last day.
+  for (int last = date.day; !moved; --last) {
+    moved = Date::make(year, month, last, date.hour, date.minute, date.second, date.millisecond);
+  }
+  return *moved;
+}
+
+/// The date so many milliseconds later. `number` is an int, so that the product fits.
+Date movedBy(const Date& date, std::int64_t number, std::int64_t milliseconds) {
+  try {
+    return dateFromMilliseconds(millisecondsOf(date) + number * milliseconds);
+  } catch (const SqlError&) {
+    throw beyondTheCalendar();
+  }
+}
+
+/// kb_dateadd(part, number, date, type): `number` is an int.
 Cell dateAdd(CellArguments args) {
   if (anyNull(args)) return {};
   const Part& part = partAt(args, 0);
   const std::int64_t number = integerAt(args, 1);
-  if (part.months == 0) return Cell::of(integerAt(args, 2) + number * part.milliseconds);
-  Date date = dateAt(args, 2);
-  const std::int64_t months = monthsOf(date) + number * part.months;
-  const auto year = static_cast<int>(floorDivided(months, 12));
-  const auto month = static_cast<int>(months - year * std::int64_t{12}) + 1;
-  std::optional<Date> moved;
-  // In a shorter month the 31st becomes the last day.
-  for (int last = date.day; !moved && last >= 28; --last) {
-    moved = Date::make(year, month, last, date.hour, date.minute, date.second, date.millisecond);
+  const Date date = dateAt(args, 2);
+  const SqlType type = SqlType::fromCode(integerAt(args, 3));
+  if (type.kind == TypeKind::Date && part.months == 0 && part.milliseconds < day) {
+    throw SqlError(9810, "The datepart " + std::string(part.name) +
+                             " is not supported by date function dateadd for data type date.");
   }
-  if (!moved)
-    moved =
-        Date::make(year, month, date.day, date.hour, date.minute, date.second, date.millisecond);
-  if (!moved) throw SqlError(517, "Adding a value to a 'datetime' column caused an overflow.");
-  return Cell::of(millisecondsOf(*moved));
+  const Date moved = part.months > 0 ? movedByMonths(date, number * part.months)
+                                     : movedBy(date, number, part.milliseconds);
+  if (!isInRange(moved, type)) throw beyondTheCalendar();
+  return Cell::of(millisecondsOf(moved));
 }
 
 /// kb_datediff(part, from, to): the boundaries of the part that lie between.
@@ -136,7 +160,7 @@ Cell now(CellArguments) {
 }
 
 constexpr std::array entries{
-    FunctionEntry{"kb_dateadd", 3, true, dateAdd},
+    FunctionEntry{"kb_dateadd", 4, true, dateAdd},
     FunctionEntry{"kb_datediff", 3, true, dateDiff},
     FunctionEntry{"kb_datepart", 2, true, datePart},
     FunctionEntry{"kb_now", 0, false, now},

@@ -153,27 +153,114 @@ Value toTextOfType(const Value& value, const SqlType& to, int style) {
   return text;
 }
 
+/// Takes up to `digits` digits off the front; nothing without any.
+std::optional<int> takeNumber(std::string_view& text, std::size_t digits) {
+  const std::size_t count = std::min({text.find_first_not_of("0123456789"), digits, text.size()});
+  int number = 0;
+  const auto result = std::from_chars(text.data(), text.data() + count, number);
+  if (result.ec != std::errc()) return std::nullopt;
+  text.remove_prefix(count);
+  return number;
+}
+
+bool takeOneOf(std::string_view& text, std::string_view characters) {
+  if (text.empty() || characters.find(text.front()) == std::string_view::npos) return false;
+  text.remove_prefix(1);
+  return true;
+}
+
+struct DateParts {
+  int year = 0;
+  int month = 0;
+  int day = 0;
+  std::array<int, 4> time{};  ///< hours, minutes, seconds, milliseconds
+};
+
+/// hh[:mm[:ss[.mmm]]]; false when it is something else.
+bool readTime(std::string_view text, std::array<int, 4>& time) {
+  for (std::size_t part = 0; part < 3 && !text.empty(); ++part) {
+    if (part > 0 && !takeOneOf(text, ":")) break;
+    const auto number = takeNumber(text, 2);
+    if (!number) return false;
+    time.at(part) = *number;
+  }
+  if (takeOneOf(text, ".")) {
+    std::string digits(text.substr(0, std::min(text.find_first_not_of("0123456789"), text.size())));
+    text.remove_prefix(digits.size());
+    digits.resize(3, '0');
+    std::from_chars(digits.data(), digits.data() + 3, time[3]);
+  }
+  return text.empty();
+}
+
+/// "yyyymmdd" or "yyyy-mm-dd" (also with "/" and "."), with an optional time of day. Nothing
+/// for another form; the numbers need not be a date.
+std::optional<DateParts> readDate(std::string_view text) {
+  if (text.empty()) return DateParts{1900, 1, 1};
+  if (text.find_first_not_of("0123456789") < 4) return std::nullopt;
+  DateParts parts;
+  const auto year = takeNumber(text, 4);
+  const bool separated = takeOneOf(text, "-/.");
+  const auto month = takeNumber(text, 2);
+  if (separated && !takeOneOf(text, "-/.")) return std::nullopt;
+  const auto day = takeNumber(text, 2);
+  if (!year || !month || !day) return std::nullopt;
+  parts.year = *year;
+  parts.month = *month;
+  parts.day = *day;
+  if (text.empty()) return parts;
+  if (!takeOneOf(text, " T")) return std::nullopt;
+  text.remove_prefix(std::min(text.find_first_not_of(' '), text.size()));
+  if (!readTime(text, parts.time)) return std::nullopt;
+  return parts;
+}
+
+SqlError outOfRange(const char* from, const SqlType& to) {
+  return {242, std::string("The conversion of a ") + from + " data type to a " + to.declaration() +
+                   " data type resulted in an out-of-range value."};
+}
+
+Date parsedDate(const std::string& input, const SqlType& to) {
+  const auto parts = readDate(trim(input));
+  std::optional<Date> date;
+  if (parts) {
+    const auto& time = parts->time;
+    date = Date::make(parts->year, parts->month, parts->day, time[0], time[1], time[2], time[3]);
+    if (to.kind == TypeKind::DateTime && (!date || !isInRange(*date, to))) {
+      throw outOfRange("varchar", to);
+    }
+  }
+  if (!date) {
+    throw SqlError(241,
+                   "Conversion failed when converting date and/or time from character string.");
+  }
+  return *date;
+}
+
+/// Numbers count days from 1900.
+Date dateOfNumber(const Decimal& days, const SqlType& to) {
+  const Decimal beyond(std::int64_t{3'000'000});
+  if (days > beyond || days < -beyond) throw overflow(to);
+  const Decimal milliseconds = (days * Decimal(Date::millisecondsPerDay)).rounded(0);
+  const std::int64_t of1900 = millisecondsOf(Date{1900, 1, 1});
+  const Date date = dateFromMilliseconds(milliseconds.toInt64() + of1900);
+  if (!isInRange(date, to)) throw overflow(to);
+  return date;
+}
+
 Value toDateOfType(const Value& value, const SqlType& to) {
   Date date;
   if (value.holds<Date>()) {
     date = value.as<Date>();
+    if (!isInRange(date, to)) throw outOfRange("date", to);
   } else if (value.isText()) {
-    const auto parsed = parseSqlDate(value.as<std::string>());
-    if (!parsed) {
-      throw SqlError(241,
-                     "Conversion failed when converting date and/or time from character string.");
-    }
-    date = *parsed;
+    date = parsedDate(value.as<std::string>(), to);
   } else {
-    // Numbers count days from 1900.
-    constexpr std::int64_t millisecondsPerDay = 86'400'000;
     const auto number = decimalOf(value);
     if (!number) throw notConvertible(to);
-    const std::int64_t since1900 = (*number * Decimal(millisecondsPerDay)).rounded(0).toInt64();
-    date = dateFromMilliseconds(since1900 + millisecondsOf(*Date::make(1900, 1, 1)));
+    date = dateOfNumber(*number, to);
   }
-  if (to.kind == TypeKind::Date) return *Date::make(date.year, date.month, date.day);
-  return date;
+  return to.kind == TypeKind::Date ? date.withoutTime() : date;
 }
 
 Value toGuid(const Value& value) {
@@ -193,22 +280,6 @@ Value toGuid(const Value& value) {
   return toUpperAscii(text);
 }
 
-/// Takes up to `digits` digits off the front; nothing without any.
-std::optional<int> takeNumber(std::string_view& text, std::size_t digits) {
-  const std::size_t count = std::min({text.find_first_not_of("0123456789"), digits, text.size()});
-  int number = 0;
-  const auto result = std::from_chars(text.data(), text.data() + count, number);
-  if (result.ec != std::errc()) return std::nullopt;
-  text.remove_prefix(count);
-  return number;
-}
-
-bool takeOneOf(std::string_view& text, std::string_view characters) {
-  if (text.empty() || characters.find(text.front()) == std::string_view::npos) return false;
-  text.remove_prefix(1);
-  return true;
-}
-
 }  // namespace
 
 std::string_view firstCharacters(std::string_view utf8, std::size_t count) {
@@ -221,39 +292,9 @@ std::string_view firstCharacters(std::string_view utf8, std::size_t count) {
   return utf8.substr(0, end);
 }
 
-std::optional<Date> parseSqlDate(std::string_view input) {
-  const std::string trimmed = trim(input);
-  std::string_view text = trimmed;
-  if (text.empty()) return Date::make(1900, 1, 1);
-  std::optional<int> month;
-  std::optional<int> day;
-  const auto year = takeNumber(text, 4);
-  const bool separated = takeOneOf(text, "-/.");
-  month = takeNumber(text, 2);
-  if (separated && !takeOneOf(text, "-/.")) return std::nullopt;
-  day = takeNumber(text, 2);
-  if (!year || *year < 1000 || !month || !day) return std::nullopt;
-  std::array<int, 4> time{};
-  if (!text.empty()) {
-    if (!takeOneOf(text, " T")) return std::nullopt;
-    while (takeOneOf(text, " ")) {
-    }
-    for (std::size_t part = 0; part < 3 && !text.empty(); ++part) {
-      if (part > 0 && !takeOneOf(text, ":")) break;
-      const auto number = takeNumber(text, 2);
-      if (!number) return std::nullopt;
-      time.at(part) = *number;
-    }
-    if (takeOneOf(text, ".")) {
-      std::string digits(
-          text.substr(0, std::min(text.find_first_not_of("0123456789"), text.size())));
-      text.remove_prefix(digits.size());
-      digits.resize(3, '0');
-      std::from_chars(digits.data(), digits.data() + 3, time[3]);
-    }
-    if (!text.empty()) return std::nullopt;
-  }
-  return Date::make(*year, *month, *day, time[0], time[1], time[2], time[3]);
+bool isInRange(const Date& date, const SqlType& type) {
+  constexpr int firstYearOfDateTime = 1753;
+  return type.kind == TypeKind::Date || date.year >= firstYearOfDateTime;
 }
 
 Value castTo(const Value& value, const SqlType& to, int style) {

@@ -11,12 +11,12 @@ namespace kebu::engine {
 
 /// A value as one of the type, by SQL Server's rules: texts are cut to the size,
 /// decimals rounded half away from zero, an empty text is 0. SqlError 245, 8114,
-/// 241 or 8169 for what cannot be converted, 8115 for what does not fit.
+/// 241 or 8169 for what cannot be converted, 8115 or 242 for what does not fit.
 /// `style`: as CONVERT takes it, for dates and texts.
 Value castTo(const Value& value, const SqlType& to, int style = 0);
 
-/// "yyyymmdd", "yyyy-mm-dd" (also with "/" and "."), each with an optional time of day.
-std::optional<Date> parseSqlDate(std::string_view input);
+/// datetime begins with the year 1753, date with 1; both end with 9999.
+bool isInRange(const Date& date, const SqlType& type);
 /// The first characters of a text.
 std::string_view firstCharacters(std::string_view utf8, std::size_t count);
 

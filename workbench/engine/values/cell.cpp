@@ -9,7 +9,6 @@
 namespace kebu::engine {
 namespace {
 
-constexpr std::int64_t millisecondsPerDay = 86'400'000;
 constexpr char positive = '\x80';
 constexpr char negative = '\x7f';
 
@@ -191,24 +190,20 @@ Cell storedAs(const Value& value, const SqlType& type) {
 }
 
 std::int64_t millisecondsOf(const Date& date) {
-  const std::int64_t time =
-      ((date.hour * 60 + date.minute) * 60 + date.second) * std::int64_t{1000};
-  return date.dayNumber() * millisecondsPerDay + time + date.millisecond;
+  return date.dayNumber() * Date::millisecondsPerDay + date.millisecondOfDay();
 }
 
 Date dateFromMilliseconds(std::int64_t milliseconds) {
-  std::int64_t day = milliseconds / millisecondsPerDay;
-  std::int64_t rest = milliseconds % millisecondsPerDay;
+  std::int64_t day = milliseconds / Date::millisecondsPerDay;
+  std::int64_t rest = milliseconds % Date::millisecondsPerDay;
   if (rest < 0) {
-    rest += millisecondsPerDay;
+    rest += Date::millisecondsPerDay;
     --day;
   }
-  Date date = Date::fromDayNumber(static_cast<std::int32_t>(day));
-  date.hour = static_cast<std::uint8_t>(rest / 3'600'000);
-  date.minute = static_cast<std::uint8_t>(rest / 60'000 % 60);
-  date.second = static_cast<std::uint8_t>(rest / 1000 % 60);
-  date.millisecond = static_cast<std::uint16_t>(rest % 1000);
-  return date;
+  const auto date = Date::fromDayNumber(day, rest);
+  if (!date)
+    throw SqlError(8115, "Arithmetic overflow error converting expression to data type datetime.");
+  return *date;
 }
 
 }  // namespace kebu::engine

@@ -38,6 +38,7 @@ void append(std::vector<Value>& values, sqlite3_value* cell, const SqlType& type
 Cell storedAs(const Value& value, const SqlType& type);
 
 std::int64_t millisecondsOf(const Date& date);
+/// SqlError 8115 outside of the years 1 to 9999.
 Date dateFromMilliseconds(std::int64_t milliseconds);
 
 }  // namespace kebu::engine
