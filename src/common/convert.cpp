@@ -1,8 +1,6 @@
 #include "common/convert.h"
 
 #include <algorithm>
-#include <array>
-#include <charconv>
 #include <limits>
 #include <type_traits>
 
@@ -131,21 +129,10 @@ bool equalAsVariants(const Value& a, const Value& b) {
 }
 
 std::string toSqlNumber(const Value& value) {
+  if (value.isInteger()) return std::to_string(toInt32(value));
   std::string text;
-  appendSqlNumber(text, value);
-  return text;
-}
-
-void appendSqlNumber(std::string& text, const Value& value) {
-  const auto whole = [&](std::int32_t number) {
-    std::array<char, std::numeric_limits<std::int32_t>::digits10 + 2> digits{};
-    const auto end = std::to_chars(digits.begin(), digits.end(), number).ptr;
-    text += std::string_view(digits.begin(), end);
-  };
-  if (value.holds<std::int16_t>()) return whole(value.as<std::int16_t>());
-  if (value.holds<std::int32_t>()) return whole(value.as<std::int32_t>());
-  if (value.holds<Decimal>()) return value.as<Decimal>().appendShortest(text, '.');
   toDecimal(value).appendShortest(text, '.');
+  return text;
 }
 
 std::size_t characterCount(std::string_view utf8) {

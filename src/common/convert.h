@@ -34,8 +34,6 @@ bool equalAsVariants(const Value& a, const Value& b);
 /// A number as SQL text takes it: digits with a point, no group separators.
 /// Texts are taken by the locale first.
 std::string toSqlNumber(const Value& value);
-/// Writes it behind `text`.
-void appendSqlNumber(std::string& text, const Value& value);
 
 /// Characters of a UTF-8 text.
 std::size_t characterCount(std::string_view utf8);

@@ -12,7 +12,7 @@ namespace kebu::sql {
 namespace {
 
 constexpr std::size_t stepsOfARule = 10;
-constexpr std::size_t nowhere = static_cast<std::size_t>(-1);
+constexpr std::string_view nextColumn = ",\r\n";
 const Value nothing;
 
 struct ModeFlags {
@@ -21,63 +21,146 @@ struct ModeFlags {
 };
 
 ModeFlags flagsOf(DiscountMode mode) {
-  return mode == DiscountMode::OnPrice ? ModeFlags{"1", "0"} : ModeFlags{"0", "1"};
+  return mode == DiscountMode::OnPrice ? ModeFlags{.onPrice = "1", .grid = "0"}
+                                       : ModeFlags{.onPrice = "0", .grid = "1"};
 }
 
 bool isZero(const Value& value) {
-  if (value.holds<std::int16_t>()) return value.as<std::int16_t>() == 0;
   return toDecimal(CDecN(value)).isZero();
 }
 
-void writeAmount(std::string& text, const Value& value) {
-  if (value.isNumber()) {
-    appendSqlNumber(text, value);
-  } else {
-    appendSqlNumber(text, CDecN(value));
-  }
+std::string quoted(std::string_view text) {
+  return join({"'", text, "'"});
+}
+
+/// A number that 0 stands for when there is none.
+std::string amount(const Value& value) {
+  return toSqlNumber(CDecN(value));
 }
 
 /// A number as it stands, without quotes.
-void writeNumber(std::string& text, const Value& value) {
-  if (value.isText()) {
-    const std::string number = trim(value.as<std::string>());
-    text += number.empty() ? "NULL" : number;
-  } else if (value.isEmpty() || value.isNull()) {
-    text += "NULL";
-  } else {
-    appendSqlNumber(text, value);
-  }
+std::string number(const Value& value) {
+  const std::string text = value.isNumber() ? toSqlNumber(value) : trim(toDisplay(value));
+  return text.empty() ? "NULL" : text;
 }
 
-// As it stands: a quote inside of it breaks the statement, and the user is told.
-void writeText(std::string& text, const Value& value) {
-  if (value.isText()) {
-    text += value.as<std::string>();
-  } else {
-    text += toDisplay(value);
-  }
+// A quote in the text is not doubled, and is meant not to be: it breaks the statement, and the user
+// is told.
+std::string text(const Value& value) {
+  return quoted(toDisplay(value));
+}
+
+std::string day(const Value& value) {
+  return quoted(GetAnsiDate(value));
 }
 
 std::string stepColumns() {
   std::string names;
   for (std::size_t i = 0; i < stepsOfARule; ++i) {
     const std::string step = std::to_string(i);
-    names += join(
-        {i > 0 ? ",\r\n" : "", "GM61_GRIGLIAVALINF", step, ",\r\n", "GM61_GRIGLIAVALORESC", step});
+    if (i > 0) names += nextColumn;
+    names += join({"GM61_GRIGLIAVALINF", step, nextColumn, "GM61_GRIGLIAVALORESC", step});
   }
   return names;
 }
 
-void writeSteps(std::string& text, const std::vector<RuleStep>& steps) {
+std::string stepValues(const std::vector<RuleStep>& steps) {
+  std::string values;
   for (std::size_t i = 0; i < stepsOfARule; ++i) {
-    if (i > 0) text += ",\r\n";
-    if (i < steps.size()) {
-      appendSqlNumber(text, steps[i].from);
-      text += ",\r\n";
-      appendSqlNumber(text, steps[i].value);
-    } else {
-      text += "NULL,\r\nNULL";
-    }
+    if (i > 0) values += nextColumn;
+    const bool isThere = i < steps.size();
+    values += join({isThere ? toSqlNumber(steps[i].from) : "NULL", nextColumn,
+                    isThere ? toSqlNumber(steps[i].value) : "NULL"});
+  }
+  return values;
+}
+
+/// What is written into a column of a stored rule.
+enum class Content {
+  Absent,  ///< nothing: the kind does not write the column
+  Null,
+  Zero,
+  One,
+  Number,     ///< the row's, unquoted
+  Text,       ///< the row's, between quotes
+  Day,        ///< the row's, between quotes
+  Amount,     ///< the row's, nothing being 0
+  Published,  ///< what the rule's type and field say
+  Steps,      ///< in the twenty columns of the steps
+  // The same in all rows of a save.
+  StruckThroughPrices,
+  NoOtherDiscounts,
+  SingleUse,
+  Application,
+  Today,
+  // One of the above, by the kind's SavedColumns.
+  Customer,
+  Families,
+  Descriptions,
+  Position,
+};
+
+struct SavedColumn {
+  std::string_view name;
+  Content onPrice;
+  Content byGrid;
+};
+
+constexpr SavedColumn inBoth(std::string_view name, Content content) {
+  return {.name = name, .onPrice = content, .byGrid = content};
+}
+
+/// The columns of a stored rule in the order of the INSERT.
+constexpr SavedColumn savedColumns[] = {
+    inBoth("GM61_DITTA_CG18", Content::Number),
+    inBoth("GM61_INDTIPOLISTINO", Content::Number),
+    inBoth("GM61_DESCLISTCORVANE", Content::Text),
+    inBoth("GM61_ATTIVA", Content::Number),
+    inBoth("GM61_CODCLIENTE", Content::Customer),
+    inBoth("GM61_CODART_MG66", Content::Text),
+    inBoth("GM61_OPZIONE_MG5E", Content::Text),
+    inBoth("GM61_FAM_MG53", Content::Families),
+    inBoth("GM61_SFAM_MG54", Content::Families),
+    inBoth("GM61_GRUPPO_MG55", Content::Families),
+    inBoth("GM61_SGRUPPO_MG56", Content::Families),
+    inBoth("GM61_DESC1", Content::Descriptions),
+    inBoth("GM61_DESC2", Content::Descriptions),
+    inBoth("GM61_DATAINIZIO", Content::Day),
+    inBoth("GM61_DATAFINE", Content::Day),
+    {.name = "GM61_FLGSCONTISUPRZ", .onPrice = Content::One, .byGrid = Content::Zero},
+    {.name = "GM61_FLGGRIGLIASCONTI", .onPrice = Content::Zero, .byGrid = Content::One},
+    inBoth("GM61_NOMEREGOLA", Content::Text),
+    inBoth("GM61_TIPOSCONTO", Content::Number),
+    {.name = "GM61_VALORESCONTO", .onPrice = Content::Published, .byGrid = Content::Null},
+    {.name = "GM61_TIPOGRIGLIASCONTO", .onPrice = Content::Zero, .byGrid = Content::Number},
+    {.name = "", .onPrice = Content::Absent, .byGrid = Content::Steps},
+    {.name = "GM61_SC1PER", .onPrice = Content::Amount, .byGrid = Content::Null},
+    {.name = "GM61_PREZZOLORDO", .onPrice = Content::Amount, .byGrid = Content::Null},
+    {.name = "GM61_PREZZONETTO", .onPrice = Content::Amount, .byGrid = Content::Null},
+    inBoth("GM61_CAMPOCORVANE", Content::Number),
+    inBoth("GM61_FLGPRZBARRATI", Content::StruckThroughPrices),
+    inBoth("GM61_FLGNONTRATTAREALTRISC", Content::NoOtherDiscounts),
+    inBoth("GM61_FLGMONOUSO", Content::SingleUse),
+    inBoth("GM61_INDREGOLEINCLUSIONE", Content::Application),
+    inBoth("GM61_POSIZIONE", Content::Position),
+    inBoth("GM61_DATAULTAGG", Content::Today),
+};
+
+Content contentOf(const SavedColumn& column, const DiscountKind& kind) {
+  using Customer = SavedColumns::Customer;
+  const Content content = kind.mode == DiscountMode::OnPrice ? column.onPrice : column.byGrid;
+  switch (content) {
+    case Content::Customer:
+      if (kind.saved.customer == Customer::Absent) return Content::Absent;
+      return kind.saved.customer == Customer::Null ? Content::Null : Content::Number;
+    case Content::Families:
+      return kind.saved.families ? Content::Text : Content::Absent;
+    case Content::Descriptions:
+      return kind.saved.descriptions ? Content::Text : Content::Absent;
+    case Content::Position:
+      return kind.saved.position ? Content::Number : Content::Null;
+    default:
+      return content;
   }
 }
 
@@ -132,157 +215,15 @@ std::string RegoleSelezionate(const std::string& table, const DiscountKind& kind
                std::to_string(kind.listType), " "});
 }
 
-/// How a value is written into the INSERT.
-enum class RuleStatements::Form {
-  Absent,  ///< not among the columns of the kind
-  Null,
-  Zero,
-  One,
-  Number,     ///< the row's, unquoted
-  Text,       ///< the row's, between quotes
-  Day,        ///< the row's, between quotes
-  Amount,     ///< the row's, nothing being 0
-  Published,  ///< what the rule's type and field say
-  Steps,      ///< the twenty columns of the steps
-  StruckThroughPrices,
-  NoOtherDiscounts,
-  SingleUse,
-  Application,
-  Today,
-  // What the kind decides.
-  Customer,
-  Families,
-  Descriptions,
-  Position,
-};
-
-struct RuleStatements::SavedColumn {
-  std::string_view name;
-  Form onPrice;
-  Form grid;
-};
-
-// The columns of a stored rule in the order of the INSERT.
-const RuleStatements::SavedColumn RuleStatements::savedColumns[] = {
-    {"GM61_DITTA_CG18", Form::Number, Form::Number},
-    {"GM61_INDTIPOLISTINO", Form::Number, Form::Number},
-    {"GM61_DESCLISTCORVANE", Form::Text, Form::Text},
-    {"GM61_ATTIVA", Form::Number, Form::Number},
-    {"GM61_CODCLIENTE", Form::Customer, Form::Customer},
-    {"GM61_CODART_MG66", Form::Text, Form::Text},
-    {"GM61_OPZIONE_MG5E", Form::Text, Form::Text},
-    {"GM61_FAM_MG53", Form::Families, Form::Families},
-    {"GM61_SFAM_MG54", Form::Families, Form::Families},
-    {"GM61_GRUPPO_MG55", Form::Families, Form::Families},
-    {"GM61_SGRUPPO_MG56", Form::Families, Form::Families},
-    {"GM61_DESC1", Form::Descriptions, Form::Descriptions},
-    {"GM61_DESC2", Form::Descriptions, Form::Descriptions},
-    {"GM61_DATAINIZIO", Form::Day, Form::Day},
-    {"GM61_DATAFINE", Form::Day, Form::Day},
-    {"GM61_FLGSCONTISUPRZ", Form::One, Form::Zero},
-    {"GM61_FLGGRIGLIASCONTI", Form::Zero, Form::One},
-    {"GM61_NOMEREGOLA", Form::Text, Form::Text},
-    {"GM61_TIPOSCONTO", Form::Number, Form::Number},
-    {"GM61_VALORESCONTO", Form::Published, Form::Null},
-    {"GM61_TIPOGRIGLIASCONTO", Form::Zero, Form::Number},
-    {"", Form::Absent, Form::Steps},
-    {"GM61_SC1PER", Form::Amount, Form::Null},
-    {"GM61_PREZZOLORDO", Form::Amount, Form::Null},
-    {"GM61_PREZZONETTO", Form::Amount, Form::Null},
-    {"GM61_CAMPOCORVANE", Form::Number, Form::Number},
-    {"GM61_FLGPRZBARRATI", Form::StruckThroughPrices, Form::StruckThroughPrices},
-    {"GM61_FLGNONTRATTAREALTRISC", Form::NoOtherDiscounts, Form::NoOtherDiscounts},
-    {"GM61_FLGMONOUSO", Form::SingleUse, Form::SingleUse},
-    {"GM61_INDREGOLEINCLUSIONE", Form::Application, Form::Application},
-    {"GM61_POSIZIONE", Form::Position, Form::Position},
-    {"GM61_DATAULTAGG", Form::Today, Form::Today},
-};
-
 RuleStatements::RuleStatements(Company company, const DiscountKind& kind,
-                               const std::vector<std::string>& columns, const RuleOptions& options)
-    : kind_(kind), company_(std::move(company)) {
+                               const std::vector<std::string>& columns, RuleOptions options)
+    : kind_(kind), company_(std::move(company)), options_(std::move(options)) {
   for (std::size_t i = 0; i < columns.size(); ++i) columns_.emplace(columns[i], i);
-  std::string names;
-  std::string fixed;  // since the last value that rows differ by
-  for (const SavedColumn& column : savedColumns) {
-    const Form form = formOf(column);
-    if (form == Form::Absent) continue;
-    if (!names.empty()) {
-      names += ",\r\n";
-      fixed += ",\r\n";
-    }
-    names += form == Form::Steps ? stepColumns() : std::string(column.name);
-    if (const auto constant = constantOf(form, options)) {
-      fixed += *constant;
-    } else {
-      // The pieces around a text bring its quotes.
-      const char* const quote = form == Form::Text || form == Form::Day ? "'" : "";
-      pieces_.push_back({fixed + quote, form, indexOf(column.name)});
-      fixed = quote;
-    }
-  }
-  insert_ = lines({"INSERT INTO  ", " GM61_KBDISCOUNTRULES ", " (", names, " )", " VALUES ", " ("});
-  columnsEnd_ = insert_.size();
-  tail_ = join({fixed, " )"});
-  type_ = indexOf("GM61_TIPOSCONTO");
-  field_ = indexOf("GM61_CAMPOCORVANE");
-  discount_ = indexOf("GM61_SC1PER");
-  listPrice_ = indexOf("GM61_PREZZOLORDO");
-  netPrice_ = indexOf("GM61_PREZZONETTO");
-}
-
-RuleStatements::Form RuleStatements::formOf(const SavedColumn& column) const {
-  using Customer = SavedColumns::Customer;
-  const Form form = kind_.mode == DiscountMode::OnPrice ? column.onPrice : column.grid;
-  switch (form) {
-    case Form::Customer:
-      if (kind_.saved.customer == Customer::Absent) return Form::Absent;
-      return kind_.saved.customer == Customer::Null ? Form::Null : Form::Number;
-    case Form::Families:
-      return kind_.saved.families ? Form::Text : Form::Absent;
-    case Form::Descriptions:
-      return kind_.saved.descriptions ? Form::Text : Form::Absent;
-    case Form::Position:
-      return kind_.saved.position ? Form::Number : Form::Null;
-    default:
-      return form;
-  }
-}
-
-std::optional<std::string> RuleStatements::constantOf(Form form, const RuleOptions& options) {
-  switch (form) {
-    case Form::Null:
-      return "NULL";
-    case Form::Zero:
-      return "0";
-    case Form::One:
-      return "1";
-    case Form::StruckThroughPrices:
-      return toSqlNumber(CDecN(options.struckThroughPrices));
-    case Form::NoOtherDiscounts:
-      return toSqlNumber(CDecN(options.noOtherDiscounts));
-    case Form::SingleUse:
-      return toSqlNumber(CDecN(options.singleUse));
-    case Form::Application:
-      return toSqlNumber(CDecN(options.application));
-    case Form::Today:
-      return join({"'", options.today, "'"});
-    default:
-      return std::nullopt;
-  }
-}
-
-std::size_t RuleStatements::indexOf(std::string_view column) const {
-  const auto found = columns_.find(column);
-  return found == columns_.end() ? nowhere : found->second;
-}
-
-const Value& RuleStatements::at(const Row& row, std::size_t index) {
-  return index == nowhere ? nothing : row.at(index);
 }
 
 const Value& RuleStatements::value(const Row& row, std::string_view column) const {
-  return at(row, indexOf(column));
+  const auto found = columns_.find(column);
+  return found == columns_.end() ? nothing : row.at(found->second);
 }
 
 const DiscountSource& RuleStatements::source(const Row& row) const {
@@ -290,15 +231,14 @@ const DiscountSource& RuleStatements::source(const Row& row) const {
 }
 
 const Value& RuleStatements::publishedValue(const Row& row) const {
-  if (isZero(at(row, type_))) return at(row, discount_);
-  return at(row, isZero(at(row, field_)) ? listPrice_ : netPrice_);
+  if (isZero(value(row, "GM61_TIPOSCONTO"))) return value(row, "GM61_SC1PER");
+  const bool isGross = isZero(value(row, "GM61_CAMPOCORVANE"));
+  return value(row, isGross ? "GM61_PREZZOLORDO" : "GM61_PREZZONETTO");
 }
 
 std::string RuleStatements::LeggiScaglioni(const Row& row) const {
   const DiscountSource& list = source(row);
   const auto own = [&](std::string_view column) { return join({list.prefix, column}); };
-  const auto quoted = [](std::string_view text) { return join({"'", text, "'"}); };
-  const auto day = [&](std::string_view column) { return quoted(GetAnsiDate(value(row, column))); };
   Script script;
   script.line("SELECT ").line(" * ").line(" FROM ");
   script.line(join({list.table, " WITH(NOLOCK)"})).line(" WHERE ");
@@ -306,47 +246,65 @@ std::string RuleStatements::LeggiScaglioni(const Row& row) const {
   for (const StepKey& key : list.steps.keys) {
     if (key.column.empty()) break;
     const Value& found = value(row, key.field);
-    std::string plain;
-    writeNumber(plain, found);
-    if (key.form == StepKey::Form::NumberIfKnown && plain == "NULL") continue;
-    script.line(join({"AND ", key.column, " = ",
-                      key.form == StepKey::Form::Text ? quoted(toDisplay(found)) : plain}));
+    const std::string asNumber = number(found);
+    if (key.form == StepKey::Form::NumberIfKnown && asNumber == "NULL") continue;
+    script.line(join(
+        {"AND ", key.column, " = ", key.form == StepKey::Form::Text ? text(found) : asNumber}));
   }
-  script.line(join({"AND ", own("_DATAINIZIOVAL"), " =", day("GM61_DATAINIZIO")}));
-  script.line(join({"AND ", own("_DATAFINEVAL"), " =", day("GM61_DATAFINE")}));
+  script.line(join({"AND ", own("_DATAINIZIOVAL"), " =", day(value(row, "GM61_DATAINIZIO"))}));
+  script.line(join({"AND ", own("_DATAFINEVAL"), " =", day(value(row, "GM61_DATAFINE"))}));
   script.line(" ORDER BY ").line(join({own("_DAQTA"), " ASC"}));
   return script.text();
 }
 
-const std::string& RuleStatements::InserisciRegola(const Row& row,
-                                                   const std::vector<RuleStep>& steps) {
-  std::string& text = insert_;
-  text.resize(columnsEnd_);
-  for (const Piece& piece : pieces_) {
-    text += piece.before;
-    const Value& own = at(row, piece.index);
-    switch (piece.form) {
-      case Form::Text:
-        writeText(text, own);
-        break;
-      case Form::Day:
-        text += GetAnsiDate(own);
-        break;
-      case Form::Amount:
-        writeAmount(text, own);
-        break;
-      case Form::Published:
-        writeAmount(text, publishedValue(row));
-        break;
-      case Form::Steps:
-        writeSteps(text, steps);
-        break;
+std::string RuleStatements::InserisciRegola(const Row& row,
+                                            const std::vector<RuleStep>& steps) const {
+  const auto written = [&](Content content, const Value& own) -> std::string {
+    switch (content) {
+      case Content::Zero:
+        return "0";
+      case Content::One:
+        return "1";
+      case Content::Number:
+        return number(own);
+      case Content::Text:
+        return text(own);
+      case Content::Day:
+        return day(own);
+      case Content::Amount:
+        return amount(own);
+      case Content::Published:
+        return amount(publishedValue(row));
+      case Content::Steps:
+        return stepValues(steps);
+      case Content::StruckThroughPrices:
+        return amount(options_.struckThroughPrices);
+      case Content::NoOtherDiscounts:
+        return amount(options_.noOtherDiscounts);
+      case Content::SingleUse:
+        return amount(options_.singleUse);
+      case Content::Application:
+        return amount(options_.application);
+      case Content::Today:
+        return quoted(options_.today);
       default:
-        writeNumber(text, own);
+        return "NULL";
     }
+  };
+  std::string names;
+  std::string values;
+  for (const SavedColumn& column : savedColumns) {
+    const Content content = contentOf(column, kind_);
+    if (content == Content::Absent) continue;
+    if (!names.empty()) {
+      names += nextColumn;
+      values += nextColumn;
+    }
+    names += content == Content::Steps ? stepColumns() : std::string(column.name);
+    values += written(content, value(row, column.name));
   }
-  text += tail_;
-  return text;
+  return lines({"INSERT INTO  ", " GM61_KBDISCOUNTRULES ", " (", names, " )", " VALUES ",
+                join({" (", values, " )"})});
 }
 
 }  // namespace kebu::sql
