@@ -1,0 +1,309 @@
+#include "tests/sql/statement_examples.h"
+
+#include <utility>
+
+#include "sql/categories.h"
+#include "sql/deposits.h"
+#include "sql/discount_candidates.h"
+#include "sql/discount_rules.h"
+#include "sql/filters.h"
+#include "sql/preview.h"
+#include "sql/price_lists.h"
+#include "sql/profile.h"
+#include "sql/synchronisation.h"
+#include "sql/working_tables.h"
+
+namespace kebu::sql {
+
+namespace {
+
+const std::string company = "1";
+const std::string profile = "2";
+const std::string depositsTable = "##tempDepositi";
+const std::string priceListsTable = "##tempListini";
+
+ExamplePage profilePage() {
+  const auto deletions = EliminaDipendenze(profile);
+  return {"profile",
+          {
+              {"Profilo", Profilo(company)},
+              {"EliminaDipendenze: parameters", deletions[0]},
+              {"EliminaDipendenze: activities", deletions[1]},
+              {"EliminaDipendenze: categories", deletions[2]},
+              {"EliminaDipendenze: deposits", deletions[3]},
+              {"EliminaDipendenze: price lists", deletions[4]},
+              {"Parametri", Parametri(profile)},
+              {"ParametriVuoti", ParametriVuoti()},
+              {"DepositoDocumento", DepositoDocumento("OCW", company)},
+              {"DescrizioneListino: of purchases", DescrizioneListino(company, 1, "3")},
+              {"DescrizioneListino: of sales", DescrizioneListino(company, 0, "3")},
+          }};
+}
+
+ExamplePage categoriesPage() {
+  return {"categories",
+          {
+              {"Classificazioni", Classificazioni()},
+              {"FiltroClassificazione", FiltroClassificazione(3, "11"), true},
+              {"EsisteVariante", EsisteVariante(company)},
+              {"EsisteDimensione", EsisteDimensione(company)},
+              {"Categorie", Categorie(profile)},
+              {"FiltroCategoria", FiltroCategoria(2, 3), true},
+              {"DecodificaVariante", DecodificaVariante(company, "12")},
+              {"DecodificaDimensione", DecodificaDimensione(company, "3")},
+              {"ElencoDimensioni", ElencoDimensioni(company)},
+          }};
+}
+
+ExamplePage priceListsPage() {
+  return {"price_lists",
+          {
+              {"InizializzaListiniPrezzi", InizializzaListiniPrezzi(profile)},
+              {"CreaTabellaListini", CreaTabellaListini(priceListsTable, profile)},
+              {"RigheListini", RigheListini(priceListsTable)},
+              {"SalvaListini", SalvaListini(priceListsTable)},
+              {"DisattivaListiniIncompleti", DisattivaListiniIncompleti(profile)},
+              {"AggiornaPrezzi", AggiornaPrezzi(company)},
+              {"ElencoChiaviListino: price lists", ElencoChiaviListino(1, company)},
+              {"ElencoChiaviListino: macro-categories", ElencoChiaviListino(2, company)},
+              {"ElencoChiaviListino: macro-areas", ElencoChiaviListino(3, company)},
+              {"ElencoChiaviListino: deposits", ElencoChiaviListino(4, company)},
+              {"DescrizioneNumeroListino", DescrizioneNumeroListino(company, "3")},
+              {"DescrizioneMacrocategoria", DescrizioneMacrocategoria(company, "RIV")},
+              {"DescrizioneMacroarea", DescrizioneMacroarea(company, "NOR")},
+              {"DescrizioneDeposito", DescrizioneDeposito(company, "03")},
+          }};
+}
+
+ExamplePage depositsPage() {
+  return {"deposits",
+          {
+              {"DecodificaDeposito", DecodificaDeposito(company, "03")},
+              {"ElencoDepositi", ElencoDepositi(company)},
+              {"CreaTabellaDepositi", CreaTabellaDepositi(depositsTable, profile, company)},
+              {"RigheDepositi", RigheDepositi(depositsTable)},
+              {"SalvaDepositi", SalvaDepositi(depositsTable, profile)},
+          }};
+}
+
+ExamplePage filtersPage() {
+  const auto condition = [](const char* field, const char* predicate) {
+    return CongiuntoArticoli(field, predicate);
+  };
+  return {"filters",
+          {
+              {"CongiuntoArticoli: of the article",
+               condition("MG66_FAM_MG53", "(MG66_FAM_MG53 = 'FER')"), true},
+              {"CongiuntoArticoli: of its descriptions",
+               condition("MG87_CODART_MG66", "(MG87_CODART_MG66 LIKE 'ACC%')"), true},
+              {"CongiuntoArticoli: of its applications",
+               condition("MG72_CODAPPLIC_MG57", "(MG72_CODAPPLIC_MG57 = 'LEG')"), true},
+              {"CongiuntoArticoli: of its suppliers",
+               condition("MG73_CLIFOR_CG44", "(MG73_CLIFOR_CG44 = 4)"), true},
+              {"CongiuntoArticoli: of its product",
+               condition("PD18_INDPROVENIENZA", "(PD18_INDPROVENIENZA = 1)"), true},
+              {"DecodificaStatoArticolo", DecodificaStatoArticolo("1")},
+              {"ElencoStatiArticolo", ElencoStatiArticolo()},
+              {"ContaArticoli",
+               ContaArticoli(company, condition("MG66_FAM_MG53", "(MG66_FAM_MG53 = 'FER')"))},
+              {"ContaClienti", ContaClienti(company, " AND (Citta = 'Forlì') ")},
+          }};
+}
+
+ExamplePage previewPage() {
+  const std::string ofTools = CongiuntoArticoli("MG66_FAM_MG53", "(MG66_FAM_MG53 = 'FER')");
+  return {
+      "preview",
+      {
+          {"NomeTabella: customers", NomeTabella(1)},
+          {"NomeTabella: articles", NomeTabella(2)},
+          {"ClientiPubblicati",
+           ClientiPubblicati("VGM16_KBWSUSERS_KELMORIA", company, " AND (Citta = 'Forlì') ")},
+          {"ClientiPubblicati: all", ClientiPubblicati("VGM16_KBWSUSERS_KELMORIA", company, "")},
+          {"ArticoliPubblicati",
+           ArticoliPubblicati("VGM19_KBWSPRODUCTS_KELMORIA", company, ofTools)},
+          {"ArticoliPubblicati: all",
+           ArticoliPubblicati("VGM19_KBWSPRODUCTS_KELMORIA", company, "")},
+      }};
+}
+
+ExamplePage synchronisationPage() {
+  return {"synchronisation",
+          {
+              {"ImpostazioneInizialeAttivita", ImpostazioneInizialeAttivita(company)},
+              {"TipoSincroStandard", TipoSincroStandard()},
+              {"AttivitaDispositivo", AttivitaDispositivo(profile, company)},
+          }};
+}
+
+ExamplePage workingTablesPage() {
+  return {"working_tables",
+          {
+              {"NuovoIdentificativo", NuovoIdentificativo()},
+              {"EliminaTabellaLavoro", EliminaTabellaLavoro(depositsTable)},
+          }};
+}
+
+// --- discount rules -----------------------------------------------------------
+
+bool isOnPrice(const DiscountKind& kind) {
+  return kind.mode == DiscountMode::OnPrice;
+}
+
+std::string tableOf(const DiscountKind& kind) {
+  return isOnPrice(kind) ? "##tempPrezzo" : "##tempGriglia";
+}
+
+/// "1 on price" to "4 by grid".
+std::string kindName(const DiscountKind& kind) {
+  return std::to_string(kind.listType) + (isOnPrice(kind) ? " on price" : " by grid");
+}
+
+ExamplePage candidatesPage() {
+  constexpr std::int32_t priceRows = 4000;
+  ExamplePage page{"discount_candidates", {}};
+  for (const DiscountKind& kind : discountKinds()) {
+    page.examples.push_back({"CreaCandidati: " + kindName(kind),
+                             CreaCandidati(kind, tableOf(kind), company, priceRows)});
+    page.examples.push_back(
+        {"RigheCandidati: " + kindName(kind), RigheCandidati(kind, tableOf(kind))});
+  }
+  return page;
+}
+
+/// A row of a working table of discount rules, column by column.
+using RuleRow = std::vector<std::pair<std::string, Value>>;
+
+Value small(std::int16_t number) {
+  return number;
+}
+
+Value amount(const char* digits) {
+  return *Decimal::parse(digits);
+}
+
+/// A ticked rule from the price list with this label.
+RuleRow ruleOf(const DiscountKind& kind, std::string_view label) {
+  return {
+      {"GM61_DITTA_CG18", amount("1")},
+      {"GM61_INDTIPOLISTINO", kind.listType},
+      {"GM61_DESCLISTCORVANE", label},
+      {"GM61_ATTIVA", small(1)},
+      {"GM61_CODCLIENTE", std::int32_t{1001}},
+      {"GM61_DESC1", "Articolo o famiglia"},
+      {"GM61_DESC2", "3"},
+      {"GM61_CODART_MG66", "CAT-0003"},
+      {"GM61_OPZIONE_MG5E", ""},
+      {"GM61_FAM_MG53", "FER"},
+      {"GM61_SFAM_MG54", "VIT"},
+      {"GM61_GRUPPO_MG55", "G1"},
+      {"GM61_SGRUPPO_MG56", "S2"},
+      {"GM61_DATAINIZIO", *Date::make(2024, 1, 1)},
+      {"GM61_DATAFINE", *Date::make(2099, 12, 31)},
+      {"GM61_NOMEREGOLA", std::string(label) + " - 7"},
+      {"GM61_TIPOSCONTO", small(0)},
+      {"GM61_TIPOGRIGLIASCONTO", small(1)},
+      {"GM61_SC1PER", amount("33.33")},
+      {"GM61_PREZZOLORDO", amount("219.10")},
+      {"GM61_PREZZONETTO", amount("146.07397")},
+      {"GM61_CAMPOCORVANE", small(0)},
+      {"GM61_POSIZIONE", small(9)},
+  };
+}
+
+/// A rule that gives a new price, taken from the price list's gross (0) or net (1) price.
+RuleRow newPrice(RuleRow row, std::int16_t field) {
+  for (auto& [column, value] : row) {
+    if (column == "GM61_TIPOSCONTO") value = small(1);
+    if (column == "GM61_CAMPOCORVANE") value = small(field);
+  }
+  return row;
+}
+
+class RuleWriter {
+ public:
+  RuleWriter(const DiscountKind& kind, const RuleRow& row)
+      : statements_(kind, company, columnsOf(row),
+                    {.struckThroughPrices = small(1),
+                     .noOtherDiscounts = small(2),
+                     .singleUse = Value(),
+                     .application = small(3),
+                     .today = "20240229"}),
+        row_(valuesOf(row)) {}
+
+  std::string read() { return statements_.LeggiScaglioni(row_); }
+  std::string insert(const std::vector<RuleStep>& steps = {}) {
+    return statements_.InserisciRegola(row_, steps);
+  }
+
+ private:
+  static std::vector<std::string> columnsOf(const RuleRow& row) {
+    std::vector<std::string> columns;
+    for (const auto& cell : row) columns.push_back(cell.first);
+    return columns;
+  }
+  static RowValues valuesOf(const RuleRow& row) {
+    std::vector<Value> values;
+    for (const auto& cell : row) values.push_back(cell.second);
+    return RowValues(std::move(values));
+  }
+
+  RuleStatements statements_;
+  RowValues row_;
+};
+
+void addSteps(const DiscountKind& kind, std::vector<StatementExample>& examples) {
+  for (const DiscountSource& source : kind.sources) {
+    const std::string name = "LeggiScaglioni: " + kindName(kind) + ", " + std::string(source.table);
+    examples.push_back({name, RuleWriter(kind, ruleOf(kind, source.label)).read()});
+  }
+}
+
+void addInsert(const DiscountKind& kind, std::vector<StatementExample>& examples) {
+  const std::vector<RuleStep> steps{{Decimal(10), Decimal::scaled(25, 1)},
+                                    {Decimal(50), Decimal(5)}};
+  const RuleRow rule = ruleOf(kind, kind.sources.front().label);
+  examples.push_back(
+      {"InserisciRegola: " + kindName(kind),
+       RuleWriter(kind, rule).insert(isOnPrice(kind) ? std::vector<RuleStep>() : steps)});
+}
+
+ExamplePage rulesPage() {
+  const DiscountKind& onPrice = discountKind(DiscountMode::OnPrice, 1);
+  const DiscountKind& byGrid = discountKind(DiscountMode::Grid, 4);
+  const std::string table = tableOf(onPrice);
+  ExamplePage page{
+      "discount_rules",
+      {
+          {"EliminaTabellaSconti", EliminaTabellaSconti(table)},
+          {"CaricaRegole: on price", CaricaRegole(onPrice, table, company)},
+          {"CaricaRegole: by grid", CaricaRegole(byGrid, tableOf(byGrid), company)},
+          {"RigheRegole", RigheRegole(table)},
+          {"SelezionaTutte: ticked", SelezionaTutte(table, true)},
+          {"SelezionaTutte: cleared", SelezionaTutte(table, false)},
+          {"SelezionaRiga", SelezionaRiga(table, "3")},
+          {"EliminaRegole: on price", EliminaRegole(DiscountMode::OnPrice, "1", company)},
+          {"EliminaRegole: by grid", EliminaRegole(DiscountMode::Grid, "4", company)},
+          {"RegoleSelezionate", RegoleSelezionate(onPrice, table)},
+      }};
+  for (const DiscountKind& kind : discountKinds()) {
+    if (!isOnPrice(kind)) addSteps(kind, page.examples);
+  }
+  for (const DiscountKind& kind : discountKinds()) addInsert(kind, page.examples);
+  const RuleRow rule = ruleOf(onPrice, onPrice.sources.front().label);
+  page.examples.push_back({"InserisciRegola: a new price from the gross price",
+                           RuleWriter(onPrice, newPrice(rule, 0)).insert()});
+  page.examples.push_back({"InserisciRegola: a new price from the net price",
+                           RuleWriter(onPrice, newPrice(rule, 1)).insert()});
+  return page;
+}
+
+}  // namespace
+
+std::vector<ExamplePage> examplePages() {
+  return {categoriesPage(),      depositsPage(),     candidatesPage(), rulesPage(),
+          filtersPage(),         previewPage(),      priceListsPage(), profilePage(),
+          synchronisationPage(), workingTablesPage()};
+}
+
+}  // namespace kebu::sql
