@@ -10,6 +10,14 @@ const checker = join(dirname(fileURLToPath(import.meta.url)), 'check.mjs');
 const folder = mkdtempSync(join(tmpdir(), 'grammar-'));
 after(() => rmSync(folder, { recursive: true }));
 
+/** Runs the check over a file with this content. */
+function checkFile(name, content) {
+  const file = join(folder, name);
+  writeFileSync(file, content);
+  const run = spawnSync(process.execPath, [checker, file], { encoding: 'utf8' });
+  return { ok: run.status === 0, output: run.stdout + run.stderr };
+}
+
 /** Runs the check over one log with these lines and these exceptions. */
 function check(lines, exceptions = []) {
   const log = join(folder, 'some.jsonl');
@@ -77,4 +85,22 @@ test('edits are not looked at, and without texts there is nothing to pass', () =
   const { ok, output } = check([{ text: 'SELECT 1', edit: true }]);
   assert.ok(!ok);
   assert.match(output, /no statement texts/);
+});
+
+test('pinned texts are looked at one by one, conditions as parts of a statement', () => {
+  const sound = '-- A\r\nSELECT 1\r\n\r\nGO\r\n\r\n-- B: x (condition)\r\n AND (C = 1) \r\nGO\r\n';
+  const { ok, output } = checkFile('sound.sql', sound);
+  assert.ok(ok, output);
+  assert.match(output, /grammar: 2 statement texts of 1 files/);
+  const broken = checkFile('broken.sql', sound.replace('C = 1', 'C = '));
+  assert.ok(!broken.ok);
+  assert.match(broken.output, /broken\.sql: B: x/);
+});
+
+test('a file of pinned texts that cannot be parted is refused', () => {
+  for (const content of ['', 'SELECT 1\r\nGO\r\n', '-- A\r\nSELECT 1\r\nGO\r\n-- B\r\nSELECT 1']) {
+    const { ok, output } = checkFile('some.sql', content);
+    assert.ok(!ok);
+    assert.match(output, /has no heading or no GO/);
+  }
 });
