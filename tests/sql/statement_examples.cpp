@@ -17,8 +17,8 @@ namespace kebu::sql {
 
 namespace {
 
-const std::string company = "1";
-const std::string profile = "2";
+const Company company{"1"};
+const ProfileId profile{"2"};
 const std::string depositsTable = "##tempDepositi";
 const std::string priceListsTable = "##tempListini";
 
@@ -34,7 +34,7 @@ ExamplePage profilePage() {
               {"EliminaDipendenze: price lists", deletions[4]},
               {"Parametri", Parametri(profile)},
               {"ParametriVuoti", ParametriVuoti()},
-              {"DepositoDocumento", DepositoDocumento("OCW", company)},
+              {"DepositoDocumento", DepositoDocumento(company, "OCW")},
               {"DescrizioneListino: of purchases", DescrizioneListino(company, 1, "3")},
               {"DescrizioneListino: of sales", DescrizioneListino(company, 0, "3")},
           }};
@@ -48,7 +48,7 @@ ExamplePage categoriesPage() {
               {"EsisteVariante", EsisteVariante(company)},
               {"EsisteDimensione", EsisteDimensione(company)},
               {"Categorie", Categorie(profile)},
-              {"FiltroCategoria", FiltroCategoria(2, 3), true},
+              {"FiltroCategoria", FiltroCategoria(3, 2), true},
               {"DecodificaVariante", DecodificaVariante(company, "12")},
               {"DecodificaDimensione", DecodificaDimensione(company, "3")},
               {"ElencoDimensioni", ElencoDimensioni(company)},
@@ -64,10 +64,10 @@ ExamplePage priceListsPage() {
               {"SalvaListini", SalvaListini(priceListsTable)},
               {"DisattivaListiniIncompleti", DisattivaListiniIncompleti(profile)},
               {"AggiornaPrezzi", AggiornaPrezzi(company)},
-              {"ElencoChiaviListino: price lists", ElencoChiaviListino(1, company)},
-              {"ElencoChiaviListino: macro-categories", ElencoChiaviListino(2, company)},
-              {"ElencoChiaviListino: macro-areas", ElencoChiaviListino(3, company)},
-              {"ElencoChiaviListino: deposits", ElencoChiaviListino(4, company)},
+              {"ElencoChiaviListino: price lists", ElencoChiaviListino(company, 1)},
+              {"ElencoChiaviListino: macro-categories", ElencoChiaviListino(company, 2)},
+              {"ElencoChiaviListino: macro-areas", ElencoChiaviListino(company, 3)},
+              {"ElencoChiaviListino: deposits", ElencoChiaviListino(company, 4)},
               {"DescrizioneNumeroListino", DescrizioneNumeroListino(company, "3")},
               {"DescrizioneMacrocategoria", DescrizioneMacrocategoria(company, "RIV")},
               {"DescrizioneMacroarea", DescrizioneMacroarea(company, "NOR")},
@@ -164,9 +164,9 @@ ExamplePage candidatesPage() {
   ExamplePage page{"discount_candidates", {}};
   for (const DiscountKind& kind : discountKinds()) {
     page.examples.push_back({"CreaCandidati: " + kindName(kind),
-                             CreaCandidati(kind, tableOf(kind), company, priceRows)});
+                             CreaCandidati(tableOf(kind), company, kind, priceRows)});
     page.examples.push_back(
-        {"RigheCandidati: " + kindName(kind), RigheCandidati(kind, tableOf(kind))});
+        {"RigheCandidati: " + kindName(kind), RigheCandidati(tableOf(kind), kind)});
   }
   return page;
 }
@@ -223,7 +223,7 @@ RuleRow newPrice(RuleRow row, std::int16_t field) {
 class RuleWriter {
  public:
   RuleWriter(const DiscountKind& kind, const RuleRow& row)
-      : statements_(kind, company, columnsOf(row),
+      : statements_(company, kind, columnsOf(row),
                     {.struckThroughPrices = small(1),
                      .noOtherDiscounts = small(2),
                      .singleUse = Value(),
@@ -276,15 +276,15 @@ ExamplePage rulesPage() {
       "discount_rules",
       {
           {"EliminaTabellaSconti", EliminaTabellaSconti(table)},
-          {"CaricaRegole: on price", CaricaRegole(onPrice, table, company)},
-          {"CaricaRegole: by grid", CaricaRegole(byGrid, tableOf(byGrid), company)},
+          {"CaricaRegole: on price", CaricaRegole(table, company, onPrice)},
+          {"CaricaRegole: by grid", CaricaRegole(tableOf(byGrid), company, byGrid)},
           {"RigheRegole", RigheRegole(table)},
           {"SelezionaTutte: ticked", SelezionaTutte(table, true)},
           {"SelezionaTutte: cleared", SelezionaTutte(table, false)},
           {"SelezionaRiga", SelezionaRiga(table, "3")},
-          {"EliminaRegole: on price", EliminaRegole(DiscountMode::OnPrice, "1", company)},
-          {"EliminaRegole: by grid", EliminaRegole(DiscountMode::Grid, "4", company)},
-          {"RegoleSelezionate", RegoleSelezionate(onPrice, table)},
+          {"EliminaRegole: on price", EliminaRegole(company, DiscountMode::OnPrice, "1")},
+          {"EliminaRegole: by grid", EliminaRegole(company, DiscountMode::Grid, "4")},
+          {"RegoleSelezionate", RegoleSelezionate(table, onPrice)},
       }};
   for (const DiscountKind& kind : discountKinds()) {
     if (!isOnPrice(kind)) addSteps(kind, page.examples);
