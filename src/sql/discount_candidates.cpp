@@ -157,7 +157,7 @@ void Candidates::ruleName() {
 void Candidates::options(bool last) {
   nulls({"GM61_FLGPRZBARRATI", "GM61_FLGNONTRATTAREALTRISC", "GM61_FLGMONOUSO",
          "GM61_INDREGOLEINCLUSIONE"});
-  column(kind_.position, "GM61_POSIZIONE");
+  column(kind_.saved.position ? "1" : "NULL", "GM61_POSIZIONE");
   column("NULL", "GM61_DATAULTAGG", last);
 }
 

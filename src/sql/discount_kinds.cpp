@@ -10,10 +10,11 @@ namespace {
 using Form = DescriptionForm;
 
 constexpr std::array<std::string_view, 4> noFamilies{"NULL", "NULL", "NULL", "NULL"};
-constexpr Description noDesc2{Form::Expression, "GM61_DESC2", {"NULL"}};
-constexpr Description article1{Form::Article, "GM61_DESC1"};
-constexpr Description articleAsStored1{Form::ArticleAsStored, "GM61_DESC1"};
-constexpr Description path1{Form::FamilyPath, "GM61_DESC1"};
+constexpr Description noDesc2{
+    .form = Form::Expression, .alias = "GM61_DESC2", .expression = {"NULL"}};
+constexpr Description article1{.form = Form::Article, .alias = "GM61_DESC1"};
+constexpr Description articleAsStored1{.form = Form::ArticleAsStored, .alias = "GM61_DESC1"};
+constexpr Description path1{.form = Form::FamilyPath, .alias = "GM61_DESC1"};
 
 // --- on price ---------------------------------------------------------------
 
@@ -39,7 +40,9 @@ constexpr DiscountSource articleList{
     .prefix = "LI10",
     .table = "LI10_LISTARTIC",
     .desc1 = article1,
-    .desc2 = {Form::Expression, "GM61_DESC2", {"CAST(LI10_NUMLIST AS VARCHAR)"}},
+    .desc2 = {.form = Form::Expression,
+              .alias = "GM61_DESC2",
+              .expression = {"CAST(LI10_NUMLIST AS VARCHAR)"}},
     .article = "LI10_CODART_MG66",
     .option = "LI10_OPZIONE_MG5E",
     .families = noFamilies,
@@ -54,7 +57,9 @@ constexpr DiscountSource depositList{
     .prefix = "LI10",
     .table = "LI10_LISTARTIC",
     .desc1 = article1,
-    .desc2 = {Form::Expression, "GM61_DESC2", {"cast(max(LI10_DEPOS_MG58) as varchar)"}},
+    .desc2 = {.form = Form::Expression,
+              .alias = "GM61_DESC2",
+              .expression = {"cast(max(LI10_DEPOS_MG58) as varchar)"}},
     .article = "LI10_CODART_MG66",
     .option = "LI10_OPZIONE_MG5E",
     .families = noFamilies,
@@ -70,13 +75,13 @@ constexpr DiscountSource areaList{
     .prefix = "LI12",
     .table = "LI12_LISTARTZONE",
     .desc1 = article1,
-    .desc2 = {Form::Expression,
-              "GM61_DESC2",
-              {"rtrim(LI12_MACROAREA_MG07) + '-' + MG07_DESCRMACROAR",
-               "+ CASE WHEN ISNULL(LI12_AREA_MG08,'') <> ''",
-               "THEN '/' + LI12_AREA_MG08 + '-' + MG08_DESCRAREA ELSE '' END",
-               "+ CASE WHEN ISNULL(LI12_ZONA_MG09,'') <> ''",
-               "THEN '/' + LI12_ZONA_MG09 + '-' + MG09_DESCRZONA ELSE '' END"}},
+    .desc2 = {.form = Form::Expression,
+              .alias = "GM61_DESC2",
+              .expression = {"rtrim(LI12_MACROAREA_MG07) + '-' + MG07_DESCRMACROAR",
+                             "+ CASE WHEN ISNULL(LI12_AREA_MG08,'') <> ''",
+                             "THEN '/' + LI12_AREA_MG08 + '-' + MG08_DESCRAREA ELSE '' END",
+                             "+ CASE WHEN ISNULL(LI12_ZONA_MG09,'') <> ''",
+                             "THEN '/' + LI12_ZONA_MG09 + '-' + MG09_DESCRZONA ELSE '' END"}},
     .article = "LI12_CODART_MG66",
     .option = "LI12_OPZIONE_MG5E",
     .families = {"LI12_MACROAREA_MG07", "LI12_AREA_MG08", "LI12_ZONA_MG09", "NULL"},
@@ -105,13 +110,14 @@ constexpr DiscountSource categoryList{
     .prefix = "LI13",
     .table = "LI13_LISTARTCAT",
     .desc1 = article1,
-    .desc2 = {Form::Expression,
-              "GM61_DESC2",
-              {"rtrim(LI13_MACROCAT_MG10) + '-' + MG10_DESCRMACROCAT",
-               "+ CASE WHEN ISNULL(LI13_CATEG_MG11,'') <> ''",
-               "THEN '/' + LI13_CATEG_MG11 + '-' + MG11_DESCRCAT ELSE '' END",
-               "+ CASE WHEN ISNULL(LI13_SOTTCAT_MG12,'') <> ''",
-               "THEN '/' + LI13_SOTTCAT_MG12 + '-' + MG12_DESCRSOTTOCAT ELSE '' END"}},
+    .desc2 =
+        {.form = Form::Expression,
+         .alias = "GM61_DESC2",
+         .expression = {"rtrim(LI13_MACROCAT_MG10) + '-' + MG10_DESCRMACROCAT",
+                        "+ CASE WHEN ISNULL(LI13_CATEG_MG11,'') <> ''",
+                        "THEN '/' + LI13_CATEG_MG11 + '-' + MG11_DESCRCAT ELSE '' END",
+                        "+ CASE WHEN ISNULL(LI13_SOTTCAT_MG12,'') <> ''",
+                        "THEN '/' + LI13_SOTTCAT_MG12 + '-' + MG12_DESCRSOTTOCAT ELSE '' END"}},
     .article = "LI13_CODART_MG66",
     .option = "LI13_OPZIONE_MG5E",
     .families = {"LI13_MACROCAT_MG10", "LI13_CATEG_MG11", "LI13_SOTTCAT_MG12", "NULL"},
@@ -140,8 +146,8 @@ constexpr DiscountSource familyList{
     .prefix = "LI33",
     .table = "LI33_LISTCODP",
     // The short aliases are meant: a union takes its names from the first branch.
-    .desc1 = {Form::FamilyPath, "DESC1"},
-    .desc2 = {Form::Expression, "DESC2", {"''"}},
+    .desc1 = {.form = Form::FamilyPath, .alias = "DESC1"},
+    .desc2 = {.form = Form::Expression, .alias = "DESC2", .expression = {"''"}},
     .article = "NULL",
     .option = "NULL",
     .families = {"LI33_AFAM_MG53", "LI33_ASFAM_MG54", "LI33_AGRUP_MG55", "LI33_ASGRUP_MG56"},
@@ -165,8 +171,8 @@ constexpr DiscountSource customerFamily[] = {{
     .prefix = "LI18",
     .table = "LI18_LISTCFCODP",
     .customer = "LI18_CLIFOR_CG44",
-    .desc1 = {Form::Expression, "GM61_DESC1", {"LI18_CLIFOR_CG44"}},
-    .desc2 = {Form::FamilyPath, "GM61_DESC2"},
+    .desc1 = {.form = Form::Expression, .alias = "GM61_DESC1", .expression = {"LI18_CLIFOR_CG44"}},
+    .desc2 = {.form = Form::FamilyPath, .alias = "GM61_DESC2"},
     .families = {"LI18_AFAM_MG53", "LI18_ASFAM_MG54", "LI18_AGRUP_MG55", "LI18_ASGRUP_MG56"},
     .filter = {"AND LI18_TIPOCF_CG44 = 0 ", "AND LI18_FLGUSODECOR = 0 ", "AND LI18_FLGLIST = 1 ",
                validToday},
@@ -194,11 +200,13 @@ constexpr DiscountSource customerArticleSteps[] = {{
     .groupBy = {"LI15_DITTA_CG18", "LI15_CLIFOR_CG44", "LI15_CODART_MG66", "LI15_OPZIONE_MG5E"},
     .orderBy = {"GM61_DESCLISTCORVANE ASC", "GM61_CODCLIENTE ASC", "GM61_CODART_MG66 ASC",
                 "GM61_OPZIONE_MG5E ASC"},
-    // Neither the currency nor the list flag are asked for again: this read is meant so.
+    // The read of the steps asks neither for the currency nor for the list flag, on purpose.
     .steps = {.filter = {"AND LI15_FLGUSODECOR = 0 ", "AND LI15_TIPOCF_CG44 = 0 "},
-              .keys = {{{"LI15_CLIFOR_CG44", "GM61_CODCLIENTE", StepKey::Form::Number},
-                        {"LI15_CODART_MG66", "GM61_CODART_MG66"},
-                        {"LI15_OPZIONE_MG5E", "GM61_OPZIONE_MG5E"}}}},
+              .keys = {{{.column = "LI15_CLIFOR_CG44",
+                         .field = "GM61_CODCLIENTE",
+                         .form = StepKey::Form::Number},
+                        {.column = "LI15_CODART_MG66", .field = "GM61_CODART_MG66"},
+                        {.column = "LI15_OPZIONE_MG5E", .field = "GM61_OPZIONE_MG5E"}}}},
 }};
 
 constexpr DiscountSource articleStepsByList{
@@ -207,7 +215,7 @@ constexpr DiscountSource articleStepsByList{
     .prefix = "LI14",
     .table = "LI14_LISTARTQTA",
     .desc1 = articleAsStored1,
-    .desc2 = {Form::Expression, "GM61_DESC2", {"LI14_NUMLISTUTIL"}},
+    .desc2 = {.form = Form::Expression, .alias = "GM61_DESC2", .expression = {"LI14_NUMLISTUTIL"}},
     .article = "LI14_CODART_MG66",
     .option = "LI14_OPZIONE_MG5E",
     .families = noFamilies,
@@ -216,11 +224,13 @@ constexpr DiscountSource articleStepsByList{
     .groupBy = {"LI14_DITTA_CG18", "LI14_CODART_MG66", "LI14_OPZIONE_MG5E", "LI14_NUMLISTUTIL"},
     .steps = {.filter = {"AND LI14_FLGUSODECOR = 0 ", "AND LI14_FLGVENDACQ = 0 ",
                          "AND LI14_CODICE_CG08 = 'EURO' "},
-              .keys = {{{"LI14_CODART_MG66", "GM61_CODART_MG66"},
-                        {"LI14_OPZIONE_MG5E", "GM61_OPZIONE_MG5E"},
+              .keys = {{{.column = "LI14_CODART_MG66", .field = "GM61_CODART_MG66"},
+                        {.column = "LI14_OPZIONE_MG5E", .field = "GM61_OPZIONE_MG5E"},
                         // A stored rule does not keep its list number; one that is loaded goes by
                         // its dates.
-                        {"LI14_NUMLISTUTIL", "GM61_DESC2", StepKey::Form::NumberIfKnown}}}},
+                        {.column = "LI14_NUMLISTUTIL",
+                         .field = "GM61_DESC2",
+                         .form = StepKey::Form::NumberIfKnown}}}},
 };
 
 constexpr DiscountSource articleSteps{
@@ -238,8 +248,8 @@ constexpr DiscountSource articleSteps{
     .groupBy = {"LI14_DITTA_CG18", "LI14_CODART_MG66", "LI14_OPZIONE_MG5E"},
     .steps = {.filter = {"AND LI14_FLGUSODECOR = 0 ", "AND LI14_FLGVENDACQ = 0 ",
                          "AND LI14_CODICE_CG08 = 'EURO' "},
-              .keys = {{{"LI14_CODART_MG66", "GM61_CODART_MG66"},
-                        {"LI14_OPZIONE_MG5E", "GM61_OPZIONE_MG5E"}}}},
+              .keys = {{{.column = "LI14_CODART_MG66", .field = "GM61_CODART_MG66"},
+                        {.column = "LI14_OPZIONE_MG5E", .field = "GM61_OPZIONE_MG5E"}}}},
 };
 
 constexpr DiscountSource familySteps{
@@ -258,10 +268,10 @@ constexpr DiscountSource familySteps{
                 "LI34_SGRUP_MG56"},
     .steps = {.filter = {"AND LI34_FLGUSODECOR = 0 ", "AND LI34_FLGVENDACQ = 0 ",
                          "AND LI34_CODICE_CG08 = 'EURO' "},
-              .keys = {{{"LI34_FAM_MG53", "GM61_FAM_MG53"},
-                        {"LI34_SFAM_MG54", "GM61_SFAM_MG54"},
-                        {"LI34_GRUP_MG55", "GM61_GRUPPO_MG55"},
-                        {"LI34_SGRUP_MG56", "GM61_SGRUPPO_MG56"}}}},
+              .keys = {{{.column = "LI34_FAM_MG53", .field = "GM61_FAM_MG53"},
+                        {.column = "LI34_SFAM_MG54", .field = "GM61_SFAM_MG54"},
+                        {.column = "LI34_GRUP_MG55", .field = "GM61_GRUPPO_MG55"},
+                        {.column = "LI34_SGRUP_MG56", .field = "GM61_SGRUPPO_MG56"}}}},
 };
 
 constexpr DiscountSource tariffSteps[] = {articleStepsByList, familySteps};
@@ -272,10 +282,12 @@ constexpr DiscountSource customerFamilySteps[] = {{
     .prefix = "LI15",
     .table = "LI15_LISTARTCFQTA",
     .customer = "CAST(LI15_CLIFOR_CG44 AS VARCHAR(8))",
-    .desc1 = {Form::Expression, "GM61_DESC1", {"CAST(LI15_CLIFOR_CG44 AS VARCHAR(8))"}},
-    .desc2 = {Form::FamilyPath,
-              "GM61_DESC2",
-              {" + ' (' + RTRIM(LI15_LISTARTCFQTA.LI15_CODART_MG66) + ')'"}},
+    .desc1 = {.form = Form::Expression,
+              .alias = "GM61_DESC1",
+              .expression = {"CAST(LI15_CLIFOR_CG44 AS VARCHAR(8))"}},
+    .desc2 = {.form = Form::FamilyPath,
+              .alias = "GM61_DESC2",
+              .expression = {" + ' (' + RTRIM(LI15_LISTARTCFQTA.LI15_CODART_MG66) + ')'"}},
     .article = "LI15_CODART_MG66",
     .option = "LI15_OPZIONE_MG5E",
     .families = {"MG66_FAM_MG53", "MG66_SFAM_MG54", "MG66_GRUPPO_MG55", "MG66_SGRUPPO_MG56"},
@@ -287,9 +299,11 @@ constexpr DiscountSource customerFamilySteps[] = {{
                 "MG66_FAM_MG53", "MG66_SFAM_MG54", "MG66_GRUPPO_MG55", "MG66_SGRUPPO_MG56"},
     .steps = {.filter = {"AND LI15_FLGUSODECOR = 0 ", "AND LI15_TIPOCF_CG44 = 0 ",
                          "AND LI15_CODICE_CG08 = 'EURO' "},
-              .keys = {{{"LI15_CLIFOR_CG44", "GM61_CODCLIENTE", StepKey::Form::Number},
-                        {"LI15_CODART_MG66", "GM61_CODART_MG66"},
-                        {"LI15_OPZIONE_MG5E", "GM61_OPZIONE_MG5E"}}}},
+              .keys = {{{.column = "LI15_CLIFOR_CG44",
+                         .field = "GM61_CODCLIENTE",
+                         .form = StepKey::Form::Number},
+                        {.column = "LI15_CODART_MG66", .field = "GM61_CODART_MG66"},
+                        {.column = "LI15_OPZIONE_MG5E", .field = "GM61_OPZIONE_MG5E"}}}},
 }};
 
 constexpr DiscountSource articleAndFamilySteps[] = {articleSteps, familySteps};
@@ -298,34 +312,92 @@ constexpr DiscountSource articleAndFamilySteps[] = {articleSteps, familySteps};
 
 using Customer = SavedColumns::Customer;
 
-constexpr SavedColumns byCustomer{Customer::FromRow, false, false, false};
-constexpr SavedColumns byTariff{Customer::Null, true, false, false};
-constexpr SavedColumns byPosition{Customer::Absent, true, true, true};
+constexpr SavedColumns byCustomer{
+    .customer = Customer::FromRow, .families = false, .descriptions = false, .position = false};
+constexpr SavedColumns byTariff{
+    .customer = Customer::Null, .families = true, .descriptions = false, .position = false};
+constexpr SavedColumns byPosition{
+    .customer = Customer::Absent, .families = true, .descriptions = true, .position = true};
 
 constexpr std::string_view unordered;
 constexpr std::string_view byLabel = " ORDER BY GM61_DESCLISTCORVANE ASC";
+/// The blank at the end is meant.
 constexpr std::string_view byLabelAndBlank = " ORDER BY GM61_DESCLISTCORVANE ASC ";
-constexpr std::string_view none = "NULL";
-constexpr std::string_view first = "1";
 
-constexpr auto price = DiscountMode::OnPrice;
-constexpr auto grid = DiscountMode::Grid;
-constexpr auto single = StatementForm::Single;
-constexpr auto united = StatementForm::Union;
-constexpr auto wrapped = StatementForm::Wrapped;
-
-// clang-format off
 constexpr DiscountKind kinds[] = {
-    {price, 1, "CaricaListini_1_A", "AggiornaListini_1_A", "RegistraListini_1_A", single,  customerArticle,       none,  unordered,       byCustomer},
-    {price, 2, "CaricaListini_2_A", "AggiornaListini_2_A", "RegistraListini_2_A", united,  articleTariffs,        none,  byLabelAndBlank, byTariff},
-    {price, 3, "CaricaListini_3_A", "AggiornaListini_3_A", "RegistraListini_3_A", single,  customerFamily,        none,  unordered,       byCustomer},
-    {price, 4, "CaricaListini_4_A", "AggiornaListini_4_A", "RegistraListini_4_A", united,  articlesAndFamilies,   first, byLabel,         byPosition},
-    {grid,  1, "CaricaListini_1_B", "AggiornaListini_1_B", "RegistraListini_1_B", single,  customerArticleSteps,  none,  unordered,       byCustomer},
-    {grid,  2, "CaricaListini_2_B", "AggiornaListini_2_B", "RegistraListini_2_B", united,  tariffSteps,           none,  byLabel,         byTariff},
-    {grid,  3, "CaricaListini_3_B", "AggiornaListini_3_B", "RegistraListini_3_B", wrapped, customerFamilySteps,   none,  byLabel,         byCustomer},
-    {grid,  4, "CaricaListini_4_B", "AggiornaListini_4_B", "RegistraListini_4_B", united,  articleAndFamilySteps, first, byLabel,         byPosition},
+    {.mode = DiscountMode::OnPrice,
+     .listType = 1,
+     .carica = "CaricaListini_1_A",
+     .aggiorna = "AggiornaListini_1_A",
+     .registra = "RegistraListini_1_A",
+     .form = StatementForm::Single,
+     .sources = customerArticle,
+     .rowsOrder = unordered,
+     .saved = byCustomer},
+    {.mode = DiscountMode::OnPrice,
+     .listType = 2,
+     .carica = "CaricaListini_2_A",
+     .aggiorna = "AggiornaListini_2_A",
+     .registra = "RegistraListini_2_A",
+     .form = StatementForm::Union,
+     .sources = articleTariffs,
+     .rowsOrder = byLabelAndBlank,
+     .saved = byTariff},
+    {.mode = DiscountMode::OnPrice,
+     .listType = 3,
+     .carica = "CaricaListini_3_A",
+     .aggiorna = "AggiornaListini_3_A",
+     .registra = "RegistraListini_3_A",
+     .form = StatementForm::Single,
+     .sources = customerFamily,
+     .rowsOrder = unordered,
+     .saved = byCustomer},
+    {.mode = DiscountMode::OnPrice,
+     .listType = 4,
+     .carica = "CaricaListini_4_A",
+     .aggiorna = "AggiornaListini_4_A",
+     .registra = "RegistraListini_4_A",
+     .form = StatementForm::Union,
+     .sources = articlesAndFamilies,
+     .rowsOrder = byLabel,
+     .saved = byPosition},
+    {.mode = DiscountMode::Grid,
+     .listType = 1,
+     .carica = "CaricaListini_1_B",
+     .aggiorna = "AggiornaListini_1_B",
+     .registra = "RegistraListini_1_B",
+     .form = StatementForm::Single,
+     .sources = customerArticleSteps,
+     .rowsOrder = unordered,
+     .saved = byCustomer},
+    {.mode = DiscountMode::Grid,
+     .listType = 2,
+     .carica = "CaricaListini_2_B",
+     .aggiorna = "AggiornaListini_2_B",
+     .registra = "RegistraListini_2_B",
+     .form = StatementForm::Union,
+     .sources = tariffSteps,
+     .rowsOrder = byLabel,
+     .saved = byTariff},
+    {.mode = DiscountMode::Grid,
+     .listType = 3,
+     .carica = "CaricaListini_3_B",
+     .aggiorna = "AggiornaListini_3_B",
+     .registra = "RegistraListini_3_B",
+     .form = StatementForm::Wrapped,
+     .sources = customerFamilySteps,
+     .rowsOrder = byLabel,
+     .saved = byCustomer},
+    {.mode = DiscountMode::Grid,
+     .listType = 4,
+     .carica = "CaricaListini_4_B",
+     .aggiorna = "AggiornaListini_4_B",
+     .registra = "RegistraListini_4_B",
+     .form = StatementForm::Union,
+     .sources = articleAndFamilySteps,
+     .rowsOrder = byLabel,
+     .saved = byPosition},
 };
-// clang-format on
 
 }  // namespace
 

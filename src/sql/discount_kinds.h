@@ -7,13 +7,13 @@
 
 namespace kebu::sql {
 
-/// How a discount rule works: on the price, or by a grid of steps.
+/// How a discount rule works: on the price, or by a grid of quantity steps.
 enum class DiscountMode { OnPrice, Grid };
 
 /// Pieces of a statement, one a line; an empty one ends them.
 using Pieces = std::array<std::string_view, 32>;
 
-/// The piece among a source's conditions that stands for "valid today".
+/// Stands among a source's conditions for the two that make a row valid today.
 inline constexpr std::string_view validToday = "{validity}";
 
 /// How a description of a candidate is made.
@@ -34,6 +34,8 @@ struct Description {
 
 /// A column by which the quantity steps of a rule are found again.
 struct StepKey {
+  /// How the rule's value is compared; with NumberIfKnown a rule without a value goes without the
+  /// condition.
   enum class Form { Text, Number, NumberIfKnown };
 
   std::string_view column = {};  ///< of the price list
@@ -41,7 +43,7 @@ struct StepKey {
   Form form = Form::Text;
 };
 
-/// How they are read: by these conditions, the keys, and the rule's own dates.
+/// How the quantity steps of a rule are read: by these conditions, the keys, and the rule's dates.
 struct StepRead {
   Pieces filter = {};
   std::array<StepKey, 4> keys = {};
@@ -65,6 +67,7 @@ struct DiscountSource {
   Pieces groupBy = {};  ///< with none, rows are taken one by one
   Pieces orderBy = {};
   StepRead steps = {};
+  /// Whether rule names count on from the identity of GM61_KBDISCOUNTRULES.
   bool namedFromIdentity = true;
   std::string_view numberedBy = {};  ///< what numbers the rows, where it is qualified
 };
@@ -75,11 +78,13 @@ enum class StatementForm {
   Wrapped,  ///< one SELECT in parentheses, copied from outside
 };
 
-/// The columns of a stored rule beyond those of every kind.
+/// What a stored rule has beyond the columns that rules of every kind have.
 struct SavedColumns {
   enum class Customer { FromRow, Null, Absent } customer;
-  bool families;
-  bool descriptions;
+  bool families;      ///< GM61_FAM_MG53 to GM61_SGRUPPO_MG56
+  bool descriptions;  ///< GM61_DESC1 and GM61_DESC2
+  /// GM61_POSIZIONE: the rules have a place in an order. Candidates begin with 1, and the user
+  /// edits it in the grid.
   bool position;
 };
 
@@ -87,21 +92,22 @@ struct SavedColumns {
 struct DiscountKind {
   DiscountMode mode;
   std::int32_t listType;  ///< GM61_INDTIPOLISTINO
+  /// The given names of the procedures that load, compute and save the kind's rules, for errors.
   const char* carica;
   const char* aggiorna;
   const char* registra;
-  StatementForm form;
+  StatementForm form;  ///< of the statement that computes candidates from the sources
   std::span<const DiscountSource> sources;
-  std::string_view position;  ///< of fresh candidates
-  std::string_view rowsOrder;
+  std::string_view rowsOrder;  ///< how the candidates are read: the end of the SELECT
   SavedColumns saved;
 };
 
-/// Both modes of list types 1 to 4.
+/// The eight kinds: both modes of list types 1 to 4.
 std::span<const DiscountKind> discountKinds();
+/// std::out_of_range for a list type that there is not.
 const DiscountKind& discountKind(DiscountMode mode, std::int32_t listType);
 
-/// The source that a rule with this label comes from; the kind's first for an unknown one.
+/// The source that a rule with this label comes from; the kind's first for an unknown label.
 const DiscountSource& sourceOf(const DiscountKind& kind, std::string_view label);
 
 }  // namespace kebu::sql

@@ -7,6 +7,7 @@
 #include <set>
 
 #include "common/convert.h"
+#include "forms/anagrafica/discounts/list_types.h"
 #include "tests/discounts/expected_candidates.h"
 #include "workbench/company/company.h"
 #include "workbench/engine/execution/database.h"
@@ -153,6 +154,19 @@ std::vector<Kind> kinds() {
     }
   }
   return all;
+}
+
+// The combo offers the list types, and a type that is chosen is looked for among the kinds.
+TEST(DiscountKinds, AreTwoForEveryListTypeThatTheUserIsOffered) {
+  std::size_t offered = 0;
+  for (const forms::DiscountListType& type : forms::discountListTypes) {
+    if (type.number == 0) continue;
+    ++offered;
+    for (const DiscountMode mode : {DiscountMode::OnPrice, DiscountMode::Grid}) {
+      EXPECT_EQ(discountKind(mode, type.number).listType, type.number);
+    }
+  }
+  EXPECT_EQ(discountKinds().size(), 2 * offered);
 }
 
 INSTANTIATE_TEST_SUITE_P(EveryKind, CandidatesTest, testing::ValuesIn(kinds()),

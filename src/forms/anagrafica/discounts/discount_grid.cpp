@@ -3,9 +3,11 @@
 #include <algorithm>
 #include <iterator>
 #include <span>
+#include <stdexcept>
 
 #include "common/convert.h"
 #include "common/nulls.h"
+#include "forms/anagrafica/discounts/list_types.h"
 #include "sql/discount_rules.h"
 
 namespace kebu::forms {
@@ -14,16 +16,17 @@ using controls::ColumnKind;
 using controls::GridColumn;
 using controls::ValueListItem;
 
+/// The names, captions and columns by which the two modes differ.
 struct DiscountModeNames {
   const char* check;
   const char* checkCaption;
   const char* grid;
-  const char* setUp;
-  const char* tableProcedure;
+  const char* setUp;           ///< the procedure that lays the grid out
+  const char* tableProcedure;  ///< the procedure that names the working table
   const char* tablePrefix;
   std::string_view typeField;
   std::span<const ValueListItem> types;
-  std::string_view articleField;  ///< of list type 1
+  std::string_view articleField;
 };
 
 namespace {
@@ -34,50 +37,33 @@ constexpr ValueListItem gridTypes[] = {
 constexpr ValueListItem percentageField[] = {{0, "Sc 1%"}};
 constexpr ValueListItem priceFields[] = {{0, "Prezzo lordo"}, {1, "Prezzo netto"}};
 
-constexpr DiscountModeNames onPrice{"CHK_SCONTOPREZZOART",
-                                    "Sconti su prezzo",
-                                    "QGRID_SCONTOSUPREZZO",
-                                    "ImpostaQGRID_SCONTOSUPREZZO",
-                                    "GetTempTableNameScontiSuPrezzo",
-                                    "Prezzo",
-                                    "GM61_TIPOSCONTO",
-                                    priceTypes,
-                                    "GM61_DESC1"};
-constexpr DiscountModeNames onGrid{"CHK_GRIGLIASCONTI",
-                                   "Griglie di sconto",
-                                   "QGRID_SCONTOSUGRIGLIA",
-                                   "ImpostaQGRID_SCONTOSUGRIGLIA",
-                                   "GetTempTableNameScontiSuGriglia",
-                                   "Griglia",
-                                   "GM61_TIPOGRIGLIASCONTO",
-                                   gridTypes,
-                                   "GM61_CODART_MG66"};
+constexpr DiscountModeNames onPrice{
+    .check = "CHK_SCONTOPREZZOART",
+    .checkCaption = "Sconti su prezzo",
+    .grid = "QGRID_SCONTOSUPREZZO",
+    .setUp = "ImpostaQGRID_SCONTOSUPREZZO",
+    .tableProcedure = "GetTempTableNameScontiSuPrezzo",
+    .tablePrefix = "Prezzo",
+    .typeField = "GM61_TIPOSCONTO",
+    .types = priceTypes,
+    .articleField = "GM61_DESC1",
+};
+constexpr DiscountModeNames onGrid{
+    .check = "CHK_GRIGLIASCONTI",
+    .checkCaption = "Griglie di sconto",
+    .grid = "QGRID_SCONTOSUGRIGLIA",
+    .setUp = "ImpostaQGRID_SCONTOSUGRIGLIA",
+    .tableProcedure = "GetTempTableNameScontiSuGriglia",
+    .tablePrefix = "Griglia",
+    .typeField = "GM61_TIPOGRIGLIASCONTO",
+    .types = gridTypes,
+    .articleField = "GM61_CODART_MG66",
+};
 
 constexpr const char* selected = "GM61_ATTIVA";
 constexpr const char* erpField = "GM61_CAMPOCORVANE";
-/// Has no field in the table: it carries the list of prices for the cells of `erpField`.
+/// A column without a field in the table: its list of prices is lent to cells of `erpField`.
 constexpr const char* priceList = "DUMMY";
-
-/// The columns by which the rules of a list type are recognised.
-struct Descriptions {
-  std::int32_t listType = 0;
-  std::array<GridColumn, 3> columns;
-};
-
-constexpr GridColumn customer{"GM61_CODCLIENTE", "Cliente", 1000, ColumnKind::Text};
-constexpr GridColumn listData{"GM61_DESC1", "Dati listino", 1650, ColumnKind::Text};
-constexpr GridColumn areaOrList{"GM61_DESC2", "Altri dati listino", 2500, ColumnKind::Text};
-constexpr GridColumn listNumber{"GM61_DESC2", "Altri dati listino", 1600, ColumnKind::Text};
-constexpr GridColumn none{};
-
-constexpr Descriptions descriptions[] = {
-    {1, {customer, GridColumn{"", "Articolo", 2400, ColumnKind::Text}, none}},
-    {2, {listData, areaOrList, none}},
-    {3,
-     {customer, GridColumn{"GM61_DESC1", "Cliente", 1000, ColumnKind::Text},
-      GridColumn{"GM61_DESC2", "Codice parlante", 2300, ColumnKind::Text}}},
-    {4, {listData, listNumber, none}},
-};
 
 template <class Items>
 constexpr GridColumn listColumn(std::string_view field, std::string_view caption,
@@ -87,6 +73,14 @@ constexpr GridColumn listColumn(std::string_view field, std::string_view caption
 
 const DiscountModeNames& namesOf(sql::DiscountMode mode) {
   return mode == sql::DiscountMode::OnPrice ? onPrice : onGrid;
+}
+
+const DiscountListType& listTypeOf(const sql::DiscountKind& kind) {
+  const auto* const found =
+      std::find_if(std::begin(discountListTypes), std::end(discountListTypes),
+                   [&](const DiscountListType& type) { return type.number == kind.listType; });
+  if (found == std::end(discountListTypes)) throw std::out_of_range("no such list type");
+  return *found;
 }
 
 bool isOne(const Value& value) {
@@ -128,7 +122,7 @@ void DiscountGrid::renameTable() {
   table_ = context_.services.GetTempTableName(names_.tableProcedure, names_.tablePrefix);
 }
 
-void DiscountGrid::Imposta(std::int32_t listType) {
+void DiscountGrid::Imposta(const sql::DiscountKind& kind) {
   trap(context_.services, names_.setUp, [&](Steps& step) {
     const auto translate = [this](const std::string& text) { return context_.translate(text); };
     const auto add = [&](const GridColumn& column) {
@@ -137,19 +131,16 @@ void DiscountGrid::Imposta(std::int32_t listType) {
     step([&] { grid.clearColumns(); });
     add({selected, "Sel.", 950, ColumnKind::Check});
     add({"GM61_DESCLISTCORVANE", "Listini Corvane", 2200, ColumnKind::Text});
-    for (const Descriptions& of : descriptions) {
-      if (of.listType != listType) continue;
-      for (GridColumn column : of.columns) {
-        if (column.caption.empty()) continue;
-        if (column.field.empty()) column.field = names_.articleField;
-        add(column);
-      }
+    for (GridColumn column : listTypeOf(kind).columns) {
+      if (column.caption.empty()) break;
+      if (column.field == articleOfMode) column.field = names_.articleField;
+      add(column);
     }
     add(listColumn(names_.typeField, "Sconto Tarvo", 1650, names_.types));
     add(listColumn(erpField, "Campo list. Corvane", 2050, percentageField));
     add({"GM61_NOMEREGOLA", "Nome Tarvo", 2600, ColumnKind::Text});
     add(listColumn(priceList, "Dummy", 0, priceFields));
-    if (listType == 4) add({"GM61_POSIZIONE", "Posizione", 1150, ColumnKind::Number});
+    if (kind.saved.position) add({"GM61_POSIZIONE", "Posizione", 1150, ColumnKind::Number});
   });
 }
 

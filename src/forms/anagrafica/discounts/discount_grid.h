@@ -33,9 +33,9 @@ class DiscountGrid {
   /// Gives the working table a name that nobody else has.
   void renameTable();
 
-  /// Lays the grid's columns out for a list type: ImpostaQGRID_SCONTOSUPREZZO
+  /// Lays the grid's columns out for a kind of this mode: ImpostaQGRID_SCONTOSUPREZZO
   /// and ImpostaQGRID_SCONTOSUGRIGLIA.
-  void Imposta(std::int32_t listType);
+  void Imposta(const sql::DiscountKind& kind);
   /// Shows no rows.
   void empty() { grid.setDataSource(nullptr); }
 

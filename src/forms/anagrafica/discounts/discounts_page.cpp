@@ -187,7 +187,7 @@ void DiscountsPage::dropTable(DiscountGrid& mode, Steps& step) {
 
 void DiscountsPage::CaricaListini(DiscountGrid& mode) {
   const sql::DiscountKind& kind = kindOf(mode);
-  mode.Imposta(kind.listType);
+  mode.Imposta(kind);
   progress_.during(kind.carica, "Caricamento listini in corso...", [&](Steps& step) {
     const auto painted = context_.paintedMeanwhile();
     dropTable(mode, step);

@@ -1,8 +1,12 @@
 #pragma once
 
+#include <array>
 #include <cstdint>
+#include <iterator>
 #include <span>
 #include <string_view>
+
+#include "forms/anagrafica/discounts/list_types.h"
 
 namespace kebu::forms {
 
@@ -49,13 +53,13 @@ inline constexpr FixedChoice::Row valuationRows[] = {
 // No row has the initial code: the combo begins without a choice.
 inline constexpr FixedChoice valuation{valuationRows, 1, false};
 
-inline constexpr FixedChoice::Row discountListRows[] = {
-    {0, "Selezionare una tipologia"},
-    {1, "Sconto associato ad un articolo e ad un cliente(tariffa speciale)"},
-    {2, "Sconto associato alle tariffe degli articoli"},
-    {3, "Sconto associato ad una famiglia di articolo e ad un cliente"},
-    {4, "Sconto sugli articoli, categorie di articoli, marche o coppie categorie di art./marche"},
-};
+inline constexpr auto discountListRows = [] {
+  std::array<FixedChoice::Row, std::size(discountListTypes)> rows{};
+  for (std::size_t i = 0; i < rows.size(); ++i) {
+    rows[i] = {discountListTypes[i].number, discountListTypes[i].caption};
+  }
+  return rows;
+}();
 inline constexpr FixedChoice discountList{discountListRows, 0, false};
 
 inline constexpr FixedChoice::Row ruleApplicationRows[] = {
