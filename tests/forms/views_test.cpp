@@ -1,0 +1,38 @@
+#include "forms/anagrafica/frame/views.h"
+
+#include <gtest/gtest.h>
+
+#include "controls/simple_controls.h"
+#include "tests/forms/workplace.h"
+
+namespace kebu::forms {
+namespace {
+
+// The host's own side bar has no such links; a script of the host's can click them.
+TEST(ViewSwitch, ANumberWithoutAPageHidesWhatIsShownAndShowsNothing) {
+  workbench::Workplace workplace;
+  workplace.open();
+  controls::Form& window = *workplace.desktop().front();
+  const auto isVisible = [&](std::string_view name) {
+    return window.find(std::string(name))->isVisible();
+  };
+  auto& links = dynamic_cast<controls::SideBar&>(*window.find("SBAR_MAIN"));
+  for (const std::int32_t number : {4, 5, 13, 0, -1}) {
+    SCOPED_TRACE(number);
+    workplace.hands().openPage(7);
+    ASSERT_TRUE(isVisible("GRPMAIN_CATART") && isVisible("INAV_CATCLIART"));
+    links.OnClickItemLink.raise({number, "Nessuna"});
+    for (const std::string_view hidden : hiddenWithEveryView)
+      EXPECT_FALSE(isVisible(hidden)) << hidden;
+    EXPECT_FALSE(isVisible("GRPMAIN_SCONTI"));
+  }
+  // The number is kept all the same: a page that was shown before is shown anew.
+  workplace.hands().openPage(1);
+  EXPECT_TRUE(isVisible("GRPMAIN_PAR") && isVisible("INAV_PAR"));
+  EXPECT_FALSE(isVisible("GRPMAIN_CATART"));
+  EXPECT_TRUE(workplace.messages.empty());
+  workplace.close();
+}
+
+}  // namespace
+}  // namespace kebu::forms
