@@ -6,24 +6,27 @@
 
 namespace kebu::sql {
 
-/// The catalogue of classifications, and the condition that finds one of an
-/// entity (1 customers, 3 articles) among its rows.
+/// Reads the classifications that are not disabled from GM23_CLASSIFICAZIONI, in their order.
 std::string Classificazioni();
+/// A recordset filter: finds one classification of an entity (1 customers, 3 articles) among
+/// the rows of Classificazioni.
 std::string FiltroClassificazione(int entity, const std::string& code);
 
-/// A row when the company has configuration variants, or article dimensions.
+/// Reads one row from MG5F_DIMECONF when the company has configuration variants.
 std::string EsisteVariante(const Company& company);
+/// Reads one row from MG6F_DIMEART when the company has article dimensions.
 std::string EsisteDimensione(const Company& company);
 
-/// The configured levels of a profile, and the condition that finds one of an entity.
+/// Reads the profile's configured levels from GM19_DETTCONF; the rows can be edited.
 std::string Categorie(const ProfileId& profileId);
+/// A recordset filter: finds one level of an entity among the rows of Categorie.
 std::string FiltroCategoria(int entity, int level);
 
-/// The description of the configuration variant "A" + `code`.
+/// Reads from MG5F_DIMECONF the description of the configuration variant "A" + `code`.
 std::string DecodificaVariante(const Company& company, const std::string& code);
-/// The description of an article dimension.
+/// Reads an article dimension's description from MG6F_DIMEART.
 std::string DecodificaDimensione(const Company& company, const std::string& number);
-/// The company's article dimensions.
+/// Reads the company's article dimensions from MG6F_DIMEART: number, description and size.
 std::string ElencoDimensioni(const Company& company);
 
 }  // namespace kebu::sql

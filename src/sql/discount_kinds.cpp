@@ -226,8 +226,8 @@ constexpr DiscountSource articleStepsByList{
                          "AND LI14_CODICE_CG08 = 'EURO' "},
               .keys = {{{.column = "LI14_CODART_MG66", .field = "GM61_CODART_MG66"},
                         {.column = "LI14_OPZIONE_MG5E", .field = "GM61_OPZIONE_MG5E"},
-                        // A stored rule does not keep its list number; one that is loaded goes by
-                        // its dates.
+                        // A stored rule does not keep its list number. The steps of a rule that was
+                        // loaded are found without it.
                         {.column = "LI14_NUMLISTUTIL",
                          .field = "GM61_DESC2",
                          .form = StepKey::Form::NumberIfKnown}}}},

@@ -15,36 +15,38 @@ namespace kebu::sql {
 /// Drops the working table of a discount mode when it exists.
 std::string EliminaTabellaSconti(const std::string& table);
 
-/// Makes the working table from the kind's stored rules, ticked ones first.
+/// Creates the working table: the kind's stored rules from GM61_KBDISCOUNTRULES, ticked ones first.
 std::string CaricaRegole(const std::string& table, const Company& company,
                          const DiscountKind& kind);
 
-/// The rows of a working table made by CaricaRegole, in the order in which they were copied.
+/// Reads a working table made by CaricaRegole, in the order in which the rules were copied; the
+/// rows can be edited.
 std::string RigheRegole(const std::string& table);
 
-/// Ticks or clears all rows of a working table, or ticks one.
+/// Ticks (`selected`) or clears all rows of a working table.
 std::string SelezionaTutte(const std::string& table, bool selected);
+/// Ticks one row of a working table by its GM61_ID.
 std::string SelezionaRiga(const std::string& table, const std::string& id);
 
-/// Deletes the stored rules of a mode and list type.
+/// Deletes the company's stored rules of a mode and list type from GM61_KBDISCOUNTRULES.
 std::string EliminaRegole(const Company& company, DiscountMode mode, const std::string& listType);
 
-/// The ticked rows of a working table.
+/// Reads the kind's ticked rows of a working table.
 std::string RegoleSelezionate(const std::string& table, const DiscountKind& kind);
 
-/// A step of a discount grid: from which quantity on, and what it gives.
+/// A step of a discount grid.
 struct RuleStep {
-  Decimal from;
-  Decimal value;
+  Decimal from;   ///< the quantity from which on it holds
+  Decimal value;  ///< a discount in percent, or a price
 };
 
-/// What all rules of one save have in common: numbers, and the day as "yyyymmdd".
+/// What the user chose for all rules of one save.
 struct RuleOptions {
-  Value struckThroughPrices;
-  Value noOtherDiscounts;
-  Value singleUse;
-  Value application;
-  std::string today;
+  Value struckThroughPrices;  ///< GM61_FLGPRZBARRATI, 0 or 1
+  Value noOtherDiscounts;     ///< GM61_FLGNONTRATTAREALTRISC, 0 or 1
+  Value singleUse;            ///< GM61_FLGMONOUSO, 0 or 1
+  Value application;          ///< GM61_INDREGOLEINCLUSIONE, 1 includes and 2 excludes
+  std::string today;          ///< GM61_DATAULTAGG, as "yyyymmdd"
 };
 
 /// The statements by which rows of a kind's working table become stored rules.
@@ -61,7 +63,7 @@ class RuleStatements {
   /// The price list that the row comes from.
   const DiscountSource& source(const Row& row) const;
 
-  /// Reads the quantity steps that the price list has for the row, by ascending quantity.
+  /// Reads the quantity steps of the row from its price list, by ascending quantity.
   std::string LeggiScaglioni(const Row& row) const;
   /// Inserts the row into GM61_KBDISCOUNTRULES; `steps` are for discount grids, of which the first
   /// ten are written.

@@ -6,14 +6,15 @@
 
 namespace kebu::sql {
 
-/// The view from which the platform's customers (kind 1) or articles (kind 2)
-/// are read, as column "Tabella": the company's own where there is one.
+/// Reads the name of the view that publishes customers (kind 1) or articles (kind 2), as column
+/// "Tabella": the customer-specific view "..._PERS" when sys.views has it, else the standard one.
 std::string NomeTabella(int kind);
 
-/// The rows of such a view as they are published. `filter` begins with its own
-/// connector, or is empty.
+/// Reads the company's customers that have an e-mail address from the view. The filter is
+/// appended as it stands, with its own connector, or is empty.
 std::string ClientiPubblicati(const std::string& view, const Company& company,
                               const std::string& filter);
+/// Reads the company's articles from the view, with the filter in the same way.
 std::string ArticoliPubblicati(const std::string& view, const Company& company,
                                const std::string& filter);
 

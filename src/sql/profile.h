@@ -7,22 +7,25 @@
 
 namespace kebu::sql {
 
-/// The company's profile of this platform: no row or one.
+/// Reads the company's profile of this platform from GM03_DISPOSITIVI: no row or one, which can
+/// be edited.
 std::string Profilo(const Company& company);
 
-/// The statements that delete what hangs on a profile, in the order in which
-/// they run. Discount rules belong to the company and stay.
+/// Deletes what depends on a profile, one statement a table, in the order in which they run:
+/// GM04_PARAMETRITVRO, GM08_ATTIVITADISPO, GM19_DETTCONF, GM56_KBDEPOSITI, GM57_KBLISTINI.
+/// Discount rules belong to the company and stay.
 std::array<std::string, 5> EliminaDipendenze(const ProfileId& profileId);
 
-/// The parameter row of a profile, and an updatable empty set of the same shape.
+/// Reads the profile's parameter row from GM04_PARAMETRITVRO; it can be edited.
 std::string Parametri(const ProfileId& profileId);
+/// Reads no row from GM04_PARAMETRITVRO, with the columns of Parametri; rows can be added.
 std::string ParametriVuoti();
 
-/// The default deposit of a document type.
+/// Reads the default deposit of a document type from MG3G_DOCDITTA.
 std::string DepositoDocumento(const Company& company, const std::string& document);
 
-/// A price list's description, currency and whether its prices include VAT;
-/// `kind` is 1 for purchase lists and 0 for sale lists.
+/// Reads from MG44_PARMAGLIST a price list's description, currency and whether its prices include
+/// VAT; `kind` is 1 for purchase lists and 0 for sale lists.
 std::string DescrizioneListino(const Company& company, int kind, const std::string& number);
 
 }  // namespace kebu::sql

@@ -6,13 +6,15 @@
 
 namespace kebu::sql {
 
-/// The ERP procedure that creates the company's activity rows of this application.
+/// Runs the ERP procedure SPGM_IMPOSTAZIONEINIZIALEATTIVITADITTA, which inserts the company's
+/// missing activities of this application into GM02_ATTIVITADITTA.
 std::string ImpostazioneInizialeAttivita(const Company& company);
 
-/// The synchronisation type 'Standard', when it is missing.
+/// Inserts the synchronisation type 1, 'Standard', of this application into GM13_TIPISINCRO when
+/// it is missing.
 std::string TipoSincroStandard();
 
-/// The profile's activity rows, as far as they are missing.
+/// Inserts the company's activities that the profile lacks into GM08_ATTIVITADISPO.
 std::string AttivitaDispositivo(const ProfileId& profileId, const Company& company);
 
 }  // namespace kebu::sql

@@ -4,7 +4,7 @@
 
 namespace kebu::sql {
 
-/// One row with one column: a fresh identifier.
+/// Reads one row with one column: a fresh unique identifier.
 std::string NuovoIdentificativo();
 
 /// Drops the global temporary table when it exists.
