@@ -34,7 +34,7 @@ class Workplace {
 
   forms::Runtime runtime() { return {platform_, library_, desktop_}; }
   const Ref<host::Cinterface>& plugin() const { return host_.plugin(); }
-  Ref<ado::Connection> newConnection() { return newConnection(database_, nullptr); }
+  Ref<ado::Connection> newConnection() { return workbench::newConnection(database_, nullptr); }
   const ModelDesktop& desktop() const { return desktop_; }
 
   /// What is done in a modal window.
