@@ -49,13 +49,9 @@ struct Field {
 /// The place of a field among others by its name, case aside; their number when
 /// it is not among them.
 inline std::size_t indexOf(const std::vector<Field>& fields, std::string_view name) {
-  // Nearly everyone writes a name as the table does; that is the quicker look.
-  auto at = std::find_if(fields.begin(), fields.end(),
-                         [&](const Field& field) { return field.name == name; });
-  if (at == fields.end()) {
-    at = std::find_if(fields.begin(), fields.end(),
-                      [&](const Field& field) { return equalsIgnoringCase(field.name, name); });
-  }
+  const auto at = std::find_if(fields.begin(), fields.end(), [&](const Field& field) {
+    return equalsIgnoringCase(field.name, name);
+  });
   return static_cast<std::size_t>(at - fields.begin());
 }
 

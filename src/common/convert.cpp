@@ -129,10 +129,7 @@ bool equalAsVariants(const Value& a, const Value& b) {
 }
 
 std::string toSqlNumber(const Value& value) {
-  if (value.isInteger()) return std::to_string(toInt32(value));
-  std::string text;
-  toDecimal(value).appendShortest(text, '.');
-  return text;
+  return toDecimal(value).toShortestString();
 }
 
 std::size_t characterCount(std::string_view utf8) {

@@ -103,40 +103,6 @@ bool isDigit(char c) {
   return c >= '0' && c <= '9';
 }
 
-/// A decimal written out, its last digit first.
-class DigitText {
- public:
-  enum class Zeros { Kept, Dropped };  ///< at the end of the fraction
-
-  DigitText(const Decimal& value, char point, Zeros zeros) {
-    int left = value.scale();  // digits of the fraction that are still to come
-    const auto putFraction = [&](std::uint64_t digit) {
-      if (digit != 0 || zeros == Zeros::Kept || begin_ != text_.end()) put(digit);
-      if (--left == 0 && begin_ != text_.end()) *--begin_ = point;
-    };
-    UInt192 rest(value.mantissa());
-    while (!rest.fits64()) {  // slow, and seldom needed
-      const std::uint32_t digit = rest.divide(10);
-      left > 0 ? putFraction(digit) : put(digit);
-    }
-    std::uint64_t low = rest.low64();
-    for (; left > 0; low /= 10) putFraction(low % 10);
-    do {
-      put(low % 10);
-      low /= 10;
-    } while (low != 0);
-    if (value.isNegative()) *--begin_ = '-';
-  }
-
-  std::string_view view() const { return {begin_, text_.end()}; }
-
- private:
-  void put(std::uint64_t digit) { *--begin_ = static_cast<char>('0' + digit); }
-
-  std::array<char, 31> text_{};  // as long as one gets: 29 digits, a point and a sign
-  std::array<char, 31>::iterator begin_ = text_.end();
-};
-
 }  // namespace
 
 Decimal::Decimal(const Mantissa& mantissa, int scale, bool negative)
@@ -178,11 +144,25 @@ std::optional<Decimal> Decimal::parse(std::string_view text) {
 }
 
 std::string Decimal::toString() const {
-  return std::string(DigitText(*this, '.', DigitText::Zeros::Kept).view());
+  std::string digits;  // the last one first
+  UInt192 rest(mantissa_);
+  while (!rest.isZero()) digits += static_cast<char>('0' + rest.divide(10));
+  const std::size_t fraction = scale_;
+  if (digits.size() <= fraction) digits.resize(fraction + 1, '0');
+  if (fraction > 0) digits.insert(fraction, 1, '.');
+  if (negative_) digits += '-';
+  std::reverse(digits.begin(), digits.end());
+  return digits;
 }
 
-void Decimal::appendShortest(std::string& text, char point) const {
-  text += DigitText(*this, point, DigitText::Zeros::Dropped).view();
+std::string Decimal::toShortestString(char point) const {
+  std::string text = toString();
+  const std::size_t at = text.find('.');
+  if (at == std::string::npos) return text;
+  text[at] = point;
+  const std::size_t last = text.find_last_not_of('0');
+  text.erase(last == at ? at : last + 1);
+  return text;
 }
 
 Decimal Decimal::rounded(int scale) const {

@@ -28,10 +28,10 @@ class Decimal {
 
   /// Reads "[-]digits[.digits]" with a point whatever the locale; nothing else.
   static std::optional<Decimal> parse(std::string_view text);
-  /// The same form, trailing zeros after the point kept as the scale has them.
+  /// The same form, with exactly scale() digits after the point.
   std::string toString() const;
-  /// Writes the same form behind `text`, with this point and without those zeros.
-  void appendShortest(std::string& text, char point) const;
+  /// The same form with this point, and without zeros at the end of the fraction.
+  std::string toShortestString(char point = '.') const;
 
   int scale() const { return scale_; }
   const Mantissa& mantissa() const { return mantissa_; }

@@ -7,8 +7,8 @@
 
 namespace kebu {
 
-/// A run-time error as the procedures' traps see it: number, description and
-/// source, the three things that the host's log records.
+/// A run-time error: number, description and source, which the host's log
+/// records. `source` names the program or, for a database error, the provider.
 class RuntimeError : public std::exception {
  public:
   RuntimeError(std::int32_t number, std::string description,
@@ -18,8 +18,8 @@ class RuntimeError : public std::exception {
   std::int32_t number() const { return number_; }
   const std::string& description() const { return description_; }
   const std::string& source() const { return source_; }
-  /// Whether a value was of the wrong kind or size: a slip of the user's pen.
-  /// ADO says so of a text too long for its field with a number of its own.
+  /// Whether a value was of the wrong kind or size, as a mistyped one is. For a
+  /// text too long for its field ADO has a number of its own.
   bool isValueError() const {
     constexpr std::int32_t textTooLong = -2147217887;
     return number_ == 13 || number_ == 6 || number_ == textTooLong;

@@ -2,13 +2,14 @@
 
 #include <algorithm>
 #include <functional>
-#include <list>
 #include <memory>
 #include <utility>
+#include <vector>
 
 namespace kebu {
 
-/// Keeps a handler connected; disconnects it when it ends. May outlive the event.
+/// Keeps a handler connected and disconnects it when it is destroyed. May outlive
+/// the event.
 class Subscription {
  public:
   Subscription() = default;
@@ -27,7 +28,7 @@ class Subscription {
 
 /// Something that happens and that others want to hear of. Handlers are called
 /// in the order in which they were connected. A handler may connect and
-/// disconnect others, clear the event or end it: those connected while it is
+/// disconnect others, clear the event or destroy it: those connected while it is
 /// raised are called from the next time on, those disconnected are not called.
 template <class... Args>
 class Event {
@@ -37,74 +38,54 @@ class Event {
   Event() = default;
   Event(const Event&) = delete;
   Event& operator=(const Event&) = delete;
-  ~Event() { clear(); }
+  ~Event() = default;
 
   /// Connects for as long as the subscription lives.
   [[nodiscard]] Subscription connect(Handler handler) {
     auto subscribed = std::make_shared<Handler>(std::move(handler));
-    add({nullptr, subscribed});
+    add({subscribed, nullptr});
     return Subscription(std::move(subscribed));
   }
   /// Connects for the event's life.
-  void on(Handler handler) { add({std::move(handler), {}}); }
+  void on(Handler handler) {
+    auto own = std::make_shared<Handler>(std::move(handler));
+    add({own, own});
+  }
 
   void raise(Args... args) const {
     if (!slots_) return;
-    const auto slots = slots_;  // a handler may clear the event, or end it
-    auto left = slots->others.size();
-    slots->first.call(args...);
-    for (auto slot = slots->others.begin(); left > 0 && !slots->cleared; ++slot, --left) {
-      slot->call(args...);
+    // A handler may change the list, clear the event or destroy it: the calls go by a copy, and
+    // this object is not used any more.
+    const std::weak_ptr<Slots> current = slots_;
+    const Slots called = *slots_;
+    for (const Slot& slot : called) {
+      if (current.expired()) return;
+      if (const auto handler = slot.handler.lock()) (*handler)(args...);
     }
   }
 
   bool hasHandlers() const {
-    return slots_ && (!slots_->first.isGone() ||
-                      std::any_of(slots_->others.begin(), slots_->others.end(),
-                                  [](const Slot& slot) { return !slot.isGone(); }));
+    return slots_ && std::any_of(slots_->begin(), slots_->end(),
+                                 [](const Slot& slot) { return !slot.handler.expired(); });
   }
 
-  void clear() {
-    if (!slots_) return;
-    slots_->cleared = true;
-    slots_.reset();
-  }
+  /// Disconnects all handlers.
+  void clear() { slots_.reset(); }
 
  private:
   struct Slot {
-    Handler own;
-    std::weak_ptr<Handler> subscribed;  ///< when it is not the event's own
-
-    bool isGone() const { return !own && subscribed.expired(); }
-    void call(Args... args) const {
-      if (own) {
-        own(args...);
-      } else if (const auto handler = subscribed.lock()) {
-        (*handler)(args...);
-      }
-    }
+    std::weak_ptr<Handler> handler;
+    std::shared_ptr<Handler> own;  ///< keeps the handler, unless a subscription does
   };
-  /// The first lies with the rest, since most events have no other. The others
-  /// are a list, whose elements stay where they are while handlers add to it.
-  struct Slots {
-    explicit Slots(Slot slot) : first(std::move(slot)) {}
-
-    Slot first;
-    std::list<Slot> others;
-    bool cleared = false;
-  };
+  using Slots = std::vector<Slot>;
 
   void add(Slot slot) {
-    if (!slots_) {
-      slots_ = std::make_shared<Slots>(std::move(slot));
-      return;
-    }
-    const bool isRaised = slots_.use_count() > 1;
-    if (!isRaised) slots_->others.remove_if([](const Slot& other) { return other.isGone(); });
-    slots_->others.push_back(std::move(slot));
+    if (!slots_) slots_ = std::make_shared<Slots>();
+    std::erase_if(*slots_, [](const Slot& old) { return old.handler.expired(); });
+    slots_->push_back(std::move(slot));
   }
 
-  std::shared_ptr<Slots> slots_;
+  std::shared_ptr<Slots> slots_;  ///< nothing until somebody connects
 };
 
 }  // namespace kebu

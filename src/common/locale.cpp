@@ -179,9 +179,7 @@ std::optional<Decimal> Locale::parseDecimal(std::string_view text) const {
 }
 
 std::string Locale::format(const Decimal& value) const {
-  std::string text;
-  value.appendShortest(text, decimalSeparator);
-  return text;
+  return value.toShortestString(decimalSeparator);
 }
 
 std::optional<Date> Locale::parseDate(std::string_view text) const {

@@ -11,8 +11,8 @@
 
 namespace kebu {
 
-/// The values of a row, in the order of its fields, to be looked at. It keeps
-/// them alive and copies share them, so that rows are handed on for nothing.
+/// The values of a row, in the order of its fields, read-only. Copies share the
+/// storage and keep it alive.
 class RowValues {
  public:
   RowValues() = default;
@@ -21,7 +21,7 @@ class RowValues {
     values_ = *own;
     owner_ = std::move(own);
   }
-  /// Values that `owner` holds and leaves as they are.
+  /// Values that `owner` holds and does not change.
   RowValues(std::span<const Value> values, std::shared_ptr<const void> owner)
       : values_(values), owner_(std::move(owner)) {}
 
