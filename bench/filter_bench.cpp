@@ -13,6 +13,7 @@
 #include "controls/query_editor.h"
 #include "forms/filters/filter_editor.h"
 #include "sql/filters.h"
+#include "sql/query_predicate.h"
 #include "workbench/cli/company_file.h"
 #include "workbench/engine/execution/session.h"
 
@@ -33,15 +34,14 @@ class NoHost : public controls::ControlHost {
 class RestrictedEditor {
  public:
   RestrictedEditor() {
-    using Op = controls::QueryOperator;
-    const controls::QueryCondition texts[] = {
+    using Op = QueryOperator;
+    const QueryCondition texts[] = {
         {Op::OneOf, {"ELE", "VER", "IDR"}}, {Op::Range, {"A", "Z"}}, {Op::Different, {"x'y"}}};
     std::size_t next = 0;
     for (const controls::QueryField& field : articlesSubject().fields) {
       editor.addField(field);
-      editor.setCondition(field.dataField, field.isNumeric
-                                               ? controls::QueryCondition{Op::Range, {"0", "2"}}
-                                               : texts[next++ % std::size(texts)]);
+      editor.setCondition(field.dataField, field.isNumeric ? QueryCondition{Op::Range, {"0", "2"}}
+                                                           : texts[next++ % std::size(texts)]);
     }
   }
   std::string condition() {
@@ -49,7 +49,7 @@ class RestrictedEditor {
   }
 
   NoHost host;
-  controls::QueryEditor editor{"ENHQUERY_ART", host};
+  controls::QueryEditor editor{"ENHQUERY_ART", host, sql::composePredicate};
 };
 
 void ComposeCondition(benchmark::State& state) {

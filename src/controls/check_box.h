@@ -9,6 +9,9 @@ class CheckBox : public BoundControl {
  public:
   using BoundControl::BoundControl;
 
+  static bool includes(ControlKind kind) { return kind == ControlKind::CheckBox; }
+  ControlKind kind() const override { return ControlKind::CheckBox; }
+
   bool isTicked() const { return ticked_; }
   /// Without the user's doing.
   void setTicked(bool ticked);

@@ -19,6 +19,9 @@ class ComboBox : public BoundControl {
 
   using BoundControl::BoundControl;
 
+  static bool includes(ControlKind kind) { return kind == ControlKind::ComboBox; }
+  ControlKind kind() const override { return ControlKind::ComboBox; }
+
   void clear();
   /// These rows and no others; nothing is chosen.
   void setRows(std::vector<Row> rows);

@@ -8,6 +8,7 @@
 
 #include "common/convert.h"
 #include "common/event.h"
+#include "controls/control_kind.h"
 #include "host/named_object.h"
 
 namespace kebu::controls {
@@ -25,8 +26,6 @@ struct Size {
   std::int32_t height = 0;
 };
 
-class GroupBox;
-
 using Translator = std::function<std::string(const std::string&)>;
 
 /// The state that every control has. Controls are models: they hold what is
@@ -37,12 +36,13 @@ class Control : public host::NamedObject {
   Control(const Control&) = delete;
   Control& operator=(const Control&) = delete;
 
+  /// The class of the control, for visit() and as().
+  virtual ControlKind kind() const = 0;
+
   std::string Name() const override { return name_; }
   void setName(const std::string& name) override { name_ = name; }
   /// Whether that is its name, case aside.
-  bool isNamed(std::string_view name) const {
-    return name.size() == name_.size() && equalsIgnoringCase(name_, name);
-  }
+  bool isNamed(std::string_view name) const { return equalsIgnoringCase(name_, name); }
 
   const std::string& caption() const { return caption_; }
   void setCaption(const std::string& caption);
@@ -62,8 +62,6 @@ class Control : public host::NamedObject {
   /// Neither it nor a control around it is grey, seen or not.
   bool looksEnabled() const;
 
-  /// The control as a group of others; nothing when it is none.
-  virtual GroupBox* asGroup() { return nullptr; }
   /// The control of that name, case aside: it or one that stands in it; nothing when there is none.
   virtual Control* find(std::string_view name) { return isNamed(name) ? this : nullptr; }
 

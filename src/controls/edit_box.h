@@ -13,6 +13,9 @@ class EditBox : public BoundControl {
  public:
   using BoundControl::BoundControl;
 
+  static bool includes(ControlKind kind) { return kind == ControlKind::EditBox; }
+  ControlKind kind() const override { return ControlKind::EditBox; }
+
   const std::string& text() const { return text_; }
   /// Shows `text` without the user's doing: no events but the decoding.
   void setText(const std::string& text);

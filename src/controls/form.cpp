@@ -8,7 +8,7 @@ namespace {
 
 void appendTree(Control& control, std::vector<Control*>& all) {
   all.push_back(&control);
-  const GroupBox* const group = control.asGroup();
+  const auto* const group = as<GroupBox>(control);
   if (!group) return;
   for (Control* child : group->children()) appendTree(*child, all);
 }
@@ -19,35 +19,30 @@ Form::Form(std::string name, Desktop& desktop) : Control(std::move(name)), deskt
   setVisible(false);
 }
 
-// A window that goes without having been closed must not stay on the screen.
+// A window that is destroyed without having been closed must not stay on the screen.
 Form::~Form() {
   if (loaded_) ignoringErrors([&] { desktop_.hide(*this); });
 }
 
 void Form::add(Control& control) {
   outermost_.push_back(&control);
-  hasNew_ = true;
   listenTo(control);
 }
 
 void Form::listenTo(Control& control) {
-  GroupBox* const group = control.asGroup();
+  auto* const group = as<GroupBox>(control);
   if (!group) return;
   for (Control* child : group->children()) listenTo(*child);
   group->ChildAdded.on([this](Control& child) {
-    hasNew_ = true;
     listenTo(child);
     changed.raise();
   });
 }
 
-const std::vector<Control*>& Form::controls() const {
-  if (hasNew_) {
-    controls_.clear();
-    for (Control* control : outermost_) appendTree(*control, controls_);
-    hasNew_ = false;
-  }
-  return controls_;
+std::vector<Control*> Form::controls() const {
+  std::vector<Control*> all;
+  for (Control* control : outermost_) appendTree(*control, all);
+  return all;
 }
 
 void Form::moveTo(std::int32_t left, std::int32_t top) {
@@ -66,7 +61,7 @@ Control* Form::find(std::string_view name) {
 std::vector<BoundControl*> Form::boundControls() const {
   std::vector<BoundControl*> bound;
   for (Control* control : controls()) {
-    auto* candidate = dynamic_cast<BoundControl*>(control);
+    auto* const candidate = as<BoundControl>(*control);
     if (candidate && candidate->frame()) bound.push_back(candidate);
   }
   return bound;

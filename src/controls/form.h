@@ -19,13 +19,16 @@ class Form : public Control, public std::enable_shared_from_this<Form> {
   Form(std::string name, Desktop& desktop);
   ~Form() override;
 
+  static bool includes(ControlKind kind) { return kind == ControlKind::Form; }
+  ControlKind kind() const override { return ControlKind::Form; }
+
   std::int32_t left() const { return left_; }
   std::int32_t top() const { return top_; }
   void moveTo(std::int32_t left, std::int32_t top);
   bool isLoaded() const { return loaded_; }
 
-  /// Every control of the window, in the order of the tab key.
-  const std::vector<Control*>& controls() const;
+  /// All controls of the window, those in groups too, in tab order.
+  std::vector<Control*> controls() const;
   Control* find(std::string_view name) override;
   /// The controls that edit a column.
   std::vector<BoundControl*> boundControls() const;
@@ -54,13 +57,11 @@ class Form : public Control, public std::enable_shared_from_this<Form> {
   virtual void Form_Unload() {}
 
  private:
-  /// Hears of controls that come into a group, and into the groups in it.
+  /// Raises `changed` when a control is added to the group or to one inside it.
   void listenTo(Control& control);
 
   Desktop& desktop_;
   std::vector<Control*> outermost_;
-  mutable std::vector<Control*> controls_;
-  mutable bool hasNew_ = false;  ///< controls_ lacks some
   std::int32_t left_ = 0;
   std::int32_t top_ = 0;
   bool loaded_ = false;

@@ -13,6 +13,9 @@ class MdiContainer : public Control {
  public:
   using Control::Control;
 
+  static bool includes(ControlKind kind) { return kind == ControlKind::MdiContainer; }
+  ControlKind kind() const override { return ControlKind::MdiContainer; }
+
   /// The host's window for `form` to stand in; 0 for none.
   void attach(Form& form, std::int32_t parentWindow) {
     form_ = &form;

@@ -28,6 +28,9 @@ class NavigatorBar : public Control {
 
   NavigatorBar(std::string name, ControlHost& host, const std::vector<std::string>& keys);
 
+  static bool includes(ControlKind kind) { return kind == ControlKind::NavigatorBar; }
+  ControlKind kind() const override { return ControlKind::NavigatorBar; }
+
   void bind(RecordFrame& frame);
   void unbind();
   void setRights(const Rights& rights);

@@ -16,19 +16,30 @@ QueryColumn columnOf(const QueryField& field) {
   return {field.dataField, field.isNumeric};
 }
 
-/// What stands in a box whose operator is no list is one code or text.
+/// Whether each box holds one whole code, which can be decoded.
 bool takesCodes(QueryOperator op) {
   return op == QueryOperator::Any || op == QueryOperator::Equal || op == QueryOperator::Different ||
          op == QueryOperator::Range;
 }
 
 /// "ENHQUERY_CLI(2).VALORE1"
-std::string partName(const std::string& editor, std::size_t row, std::string_view part) {
-  const std::string number = std::to_string(row);
-  std::string name;
-  name.reserve(editor.size() + number.size() + part.size() + 3);
-  name.append(editor).append(1, '(').append(number).append(").").append(part);
-  return name;
+std::string partName(const std::string& editor, std::size_t row, const std::string& part) {
+  return editor + "(" + std::to_string(row) + ")." + part;
+}
+
+QueryCondition conditionOf(const QueryEditor::Row& row) {
+  switch (row.shown) {
+    case QueryOperator::Any:
+    case QueryOperator::Empty:
+    case QueryOperator::NotEmpty:
+      return {row.shown, {}};
+    case QueryOperator::OneOf:
+      return {row.shown, splitList(row.first.text())};
+    case QueryOperator::Range:
+      return {row.shown, {row.first.text(), row.second.text()}};
+    default:
+      return {row.shown, {row.first.text()}};
+  }
 }
 
 }  // namespace
@@ -63,9 +74,10 @@ QueryOperator QueryEditor::Row::chosen() const {
   return operatorByCode(op.text()).value_or(QueryOperator::Any);
 }
 
-QueryEditor::QueryEditor(std::string name, ControlHost& host)
+QueryEditor::QueryEditor(std::string name, ControlHost& host, PredicateComposer compose)
     : GroupBox(std::move(name)),
       host_(host),
+      compose_(std::move(compose)),
       text_(composedTextName(Name()), "Condizione"),
       count_(Name() + ".CONTA", "Conta"),
       answer_(Name() + ".ESITO"),
@@ -77,8 +89,6 @@ QueryEditor::QueryEditor(std::string name, ControlHost& host)
   count_.ButtonClick.on([this] { count(); });
 }
 
-QueryEditor::~QueryEditor() = default;
-
 std::string QueryEditor::translated(std::string_view text) const {
   return translator_ ? translator_(std::string(text)) : std::string(text);
 }
@@ -86,8 +96,6 @@ std::string QueryEditor::translated(std::string_view text) const {
 // ---- declaration
 
 void QueryEditor::nameOperators() {
-  textOperators_.reserve(queryOperators().size());
-  numberOperators_.reserve(queryOperators().size());
   for (const OperatorTraits& traits : queryOperators()) {
     const ComboBox::Row row{std::string(traits.code), translated(traits.caption)};
     textOperators_.push_back(row);
@@ -97,69 +105,34 @@ void QueryEditor::nameOperators() {
 
 void QueryEditor::addField(const QueryField& field) {
   if (textOperators_.empty()) nameOperators();
-  fields_.push_back({field, translated(field.caption), nullptr});
-}
-
-QueryEditor::Row& QueryEditor::row(std::size_t field) const {
-  if (Row* const made = fields_.at(field).row.get()) return *made;
-  // A row belongs to its field from the declaration on; that it is made late changes nothing.
-  return const_cast<QueryEditor*>(this)->makeRow(field);
-}
-
-QueryEditor::Row& QueryEditor::makeRow(std::size_t field) {
-  auto& [declared, caption, made] = fields_[field];
-  made = std::make_unique<Row>(Name(), field + 1, declared);
-  Row& row = *made;
-  row.op.setCaption(caption);
+  Row& row = *rows_.emplace_back(std::make_unique<Row>(Name(), rows_.size() + 1, field));
+  row.op.setCaption(translated(field.caption));
   row.op.setShowsCodes(false);
-  row.op.setRows(declared.isNumeric ? numberOperators_ : textOperators_);
-  if (declared.hasLookup) {
+  row.op.setRows(field.isNumeric ? numberOperators_ : textOperators_);
+  row.op.select(std::string(traitsOf(QueryOperator::Any).code));
+  if (field.hasLookup) {
     row.first.setDescription(row.firstDescription);
     row.second.setDescription(row.secondDescription);
   }
-  row.op.select(std::string(traitsOf(QueryOperator::Any).code));
   listen(row);
   show(row);
-  for (Control* part : row.parts()) part->setContainer(*this);
-  return row;
-}
-
-Control* QueryEditor::find(std::string_view name) {
-  // Whoever looks for another control has no use for the rows.
-  return isNamed(name) || isPartName(Name(), name) ? GroupBox::find(name) : nullptr;
-}
-
-const std::vector<Control*>& QueryEditor::children() const {
-  const auto& below = GroupBox::children();
-  // What was removed still counts, so that the list differs from the one before by its length.
-  const std::size_t rowParts = Row::partCount * (fields_.size() + removed_.size());
-  if (parts_.size() == rowParts + below.size()) return parts_;
-  parts_.clear();
-  const auto add = [&](Row& row) {
-    for (Control* part : row.parts()) parts_.push_back(part);
-  };
-  for (std::size_t i = 0; i < fields_.size(); ++i) add(row(i));
-  for (const auto& row : removed_) add(*row);
-  parts_.insert(parts_.end(), below.begin(), below.end());
-  return parts_;
+  addAll(row.op, row.first, row.firstDescription, row.second, row.secondDescription);
 }
 
 void QueryEditor::listen(Row& row) {
   row.op.AfterItem.on([this, &row] { operatorChosen(row); });
-  listen<RangeEnd::First>(row);
-  listen<RangeEnd::Second>(row);
+  listen(row, RangeEnd::First);
+  listen(row, RangeEnd::Second);
 }
 
-// The end is no part of what the handlers keep, so that they need no memory of their own.
-template <RangeEnd end>
-void QueryEditor::listen(Row& row) {
+void QueryEditor::listen(Row& row, RangeEnd end) {
   EditBox& box = row.box(end);
   box.BeforeItem.on(
       [this, &row](const std::string& text, bool& cancel) { checkValue(row, text, cancel); });
   box.AfterItem.on([this, &row] { valueEntered(row); });
   if (!row.field.hasLookup) return;
-  box.StartLookup.on([this, &row](EditBox&) { lookUp(row, end); });
-  box.StartDecode.on([this, &row](const std::string& value, std::string& description) {
+  box.StartLookup.on([this, &row, end](EditBox&) { lookUp(row, end); });
+  box.StartDecode.on([this, &row, end](const std::string& value, std::string& description) {
     decode(row, end, value, description);
   });
 }
@@ -172,58 +145,44 @@ void QueryEditor::completeDeclaration() {
 }
 
 void QueryEditor::removeLastField() {
-  if (auto& row = fields_.back().row) {
-    for (Control* part : row->parts()) part->setVisible(false);
-    removed_.push_back(std::move(row));
+  Row& row = *removed_.emplace_back(std::move(rows_.back()));
+  rows_.pop_back();
+  for (Control* part : std::initializer_list<Control*>{&row.op, &row.first, &row.firstDescription,
+                                                       &row.second, &row.secondDescription}) {
+    part->setVisible(false);
   }
-  fields_.pop_back();
 }
 
 // ---- conditions
 
-std::size_t QueryEditor::indexOf(std::string_view dataField) const {
-  const auto at = std::find_if(fields_.begin(), fields_.end(), [&](const Field& field) {
-    return field.declared.dataField == dataField;
-  });
-  return at == fields_.end() ? none : static_cast<std::size_t>(at - fields_.begin());
+QueryEditor::Row* QueryEditor::rowOf(std::string_view dataField) const {
+  const auto at = std::find_if(rows_.begin(), rows_.end(),
+                               [&](const auto& row) { return row->field.dataField == dataField; });
+  return at == rows_.end() ? nullptr : at->get();
 }
 
-std::size_t QueryEditor::requireField(std::string_view dataField) const {
-  const std::size_t field = indexOf(dataField);
-  if (field == none) throw RuntimeError(5, Name() + " has no field " + std::string(dataField));
-  return field;
+QueryEditor::Row& QueryEditor::requireRow(std::string_view dataField) const {
+  Row* const row = rowOf(dataField);
+  if (!row) throw RuntimeError(5, Name() + " has no field " + std::string(dataField));
+  return *row;
 }
 
-QueryCondition QueryEditor::conditionOf(const Field& field) {
-  QueryCondition stated;
-  if (!field.row) return stated;
-  const Row& row = *field.row;
-  stated.op = row.shown;
-  if (stated.op == QueryOperator::OneOf) {
-    stated.values = splitList(row.first.text());
-  } else if (stated.op == QueryOperator::Range) {
-    stated.values = {row.first.text(), row.second.text()};
-  } else if (stated.op != QueryOperator::Any && traitsOf(stated.op).values == 1) {
-    stated.values = {row.first.text()};
-  }
-  return stated;
+std::string QueryEditor::predicateOf(const Row& row, const QueryCondition& condition) const {
+  return compose_(columnOf(row.field), condition);
 }
 
 QueryCondition QueryEditor::condition(std::string_view dataField) const {
-  return conditionOf(fields_[requireField(dataField)]);
+  return conditionOf(requireRow(dataField));
 }
 
 void QueryEditor::setCondition(std::string_view dataField, const QueryCondition& condition) {
-  const std::size_t field = requireField(dataField);
-  // Or it cannot be stated.
-  static_cast<void>(composePredicate(columnOf(fields_[field].declared), condition));
-  state(field, condition);
+  Row& row = requireRow(dataField);
+  static_cast<void>(predicateOf(row, condition));  // raises when there is none
+  state(row, condition);
   recompose();
 }
 
-void QueryEditor::state(std::size_t field, const QueryCondition& condition) {
-  if (condition.op == QueryOperator::Any && !fields_[field].row) return;
-  Row& row = this->row(field);
+void QueryEditor::state(Row& row, const QueryCondition& condition) {
   row.op.select(std::string(traitsOf(condition.op).code));
   show(row);
   const auto value = [&](std::size_t i) {
@@ -236,10 +195,8 @@ void QueryEditor::state(std::size_t field, const QueryCondition& condition) {
 
 std::vector<QueryEditor::Item> QueryEditor::items() const {
   std::vector<Item> all;
-  all.reserve(fields_.size());
-  for (const Field& field : fields_) {
-    all.push_back(
-        {field.declared.dataField, composePredicate(columnOf(field.declared), conditionOf(field))});
+  for (const auto& row : rows_) {
+    all.push_back({row->field.dataField, predicateOf(*row, conditionOf(*row))});
   }
   return all;
 }
@@ -253,13 +210,11 @@ std::string QueryEditor::ComponiCondizione() const {
 }
 
 std::string QueryEditor::value(std::string_view dataField, RangeEnd end) const {
-  const std::size_t field = indexOf(dataField);
-  if (field == none || !fields_[field].row) return "";
-  const QueryCondition stated = conditionOf(fields_[field]);
-  // What equals a value begins and ends with it.
-  const bool isBoth = end == RangeEnd::First || stated.op == QueryOperator::Equal;
-  if (stated.op == QueryOperator::OneOf) return "";
-  return fields_[field].row->box(isBoth ? RangeEnd::First : RangeEnd::Second).text();
+  const Row* const row = rowOf(dataField);
+  if (!row || row->shown == QueryOperator::OneOf) return "";
+  // What is equal to a value is a range that begins and ends with it.
+  const bool isFirst = end == RangeEnd::First || row->shown == QueryOperator::Equal;
+  return row->box(isFirst ? RangeEnd::First : RangeEnd::Second).text();
 }
 
 std::string QueryEditor::sentence(std::size_t field) const {
@@ -301,7 +256,7 @@ void QueryEditor::operatorChosen(Row& row) {
   } else if (!wasList && op == QueryOperator::OneOf && !first.empty()) {
     first = joinList(std::vector<std::string>{first});
   }
-  // What is no longer seen is not kept either.
+  // A text that is not visible any more is cleared.
   if (op == QueryOperator::Any || traitsOf(op).values == 0) first.clear();
   show(row);
   row.first.setText(first);
@@ -310,7 +265,7 @@ void QueryEditor::operatorChosen(Row& row) {
   conditionChanged(row);
 }
 
-void QueryEditor::checkValue(Row& row, const std::string& text, bool& cancel) {
+void QueryEditor::checkValue(const Row& row, const std::string& text, bool& cancel) {
   const bool isList = row.shown == QueryOperator::OneOf;
   const std::vector<std::string> values =
       isList ? splitList(text) : std::vector<std::string>{trimRight(text)};
@@ -351,15 +306,13 @@ void QueryEditor::recompose() {
 
 std::string QueryEditor::reversedRanges() const {
   std::string text;
-  for (const Field& field : fields_) {
-    const QueryCondition stated = conditionOf(field);
-    if (stated.op != QueryOperator::Range) continue;
-    const std::string& from = stated.values[0];
-    const std::string& to = stated.values[1];
-    if (!isReversed(columnOf(field.declared), from, to)) continue;
-    text += (text.empty() ? "" : " ") + std::string("L'intervallo di \"") +
-            field.row->op.caption() + "\" è rovesciato: da \"" + from + "\" a \"" + to +
-            "\" non c'è nulla.";
+  for (const auto& row : rows_) {
+    if (row->shown != QueryOperator::Range) continue;
+    const std::string& from = row->first.text();
+    const std::string& to = row->second.text();
+    if (!isReversed(columnOf(row->field), from, to)) continue;
+    text += (text.empty() ? "" : " ") + std::string("L'intervallo di \"") + row->op.caption() +
+            "\" è rovesciato: da \"" + from + "\" a \"" + to + "\" non c'è nulla.";
   }
   return text;
 }
@@ -386,10 +339,9 @@ void QueryEditor::decode(const Row& row, RangeEnd end, const std::string& value,
 }
 
 void QueryEditor::decodeAgain(std::string_view dataField) {
-  const std::size_t field = indexOf(dataField);
-  if (field == none || !fields_[field].row) return;
-  Row& row = *fields_[field].row;
-  for (EditBox* box : {&row.first, &row.second}) {
+  Row* const row = rowOf(dataField);
+  if (!row) return;
+  for (EditBox* box : {&row->first, &row->second}) {
     if (!box->text().empty()) box->decodeAgain();
   }
 }
@@ -405,7 +357,7 @@ void QueryEditor::lookUp(Row& row, RangeEnd end) {
     box.enter(*chosen);
     return;
   }
-  // A list grows by what is chosen.
+  // The chosen code is added to the list.
   std::vector<std::string> values = splitList(box.text());
   values.push_back(trimRight(toDisplay(*chosen)));
   box.enter(joinList(values));
@@ -417,26 +369,25 @@ bool QueryEditor::loadFilter(const std::string& name) {
   const Value text = surroundings_.store->Load(storageKey_, name);
   if (!text.isText() || text.as<std::string>().empty()) return false;
   const auto conditions = readFilter(text.as<std::string>());
-  std::vector<std::pair<std::size_t, const QueryCondition*>> known;
+  std::vector<std::pair<Row*, const QueryCondition*>> known;
   for (const SavedCondition& each : conditions) {
-    // A field of another version of the window has nothing to be stated on.
-    const std::size_t field = indexOf(each.dataField);
-    if (field == none) continue;
-    static_cast<void>(composePredicate(columnOf(fields_[field].declared), each.condition));
-    known.emplace_back(field, &each.condition);
+    // Fields that this version of the window does not have are skipped.
+    Row* const row = rowOf(each.dataField);
+    if (!row) continue;
+    static_cast<void>(predicateOf(*row, each.condition));  // raises when there is none
+    known.emplace_back(row, &each.condition);
   }
-  for (std::size_t i = 0; i < fields_.size(); ++i) state(i, {});
-  for (const auto& [field, condition] : known) state(field, *condition);
+  for (const auto& row : rows_) state(*row, {});
+  for (const auto& [row, condition] : known) state(*row, *condition);
   recompose();
   return true;
 }
 
 void QueryEditor::saveFilter(const std::string& name, bool isDefault) {
   std::vector<SavedCondition> conditions;
-  for (const Field& field : fields_) {
-    const QueryCondition stated = conditionOf(field);
-    if (stated.op == QueryOperator::Any) continue;
-    conditions.push_back({std::string(field.declared.dataField), stated});
+  for (const auto& row : rows_) {
+    if (row->shown == QueryOperator::Any) continue;
+    conditions.push_back({std::string(row->field.dataField), conditionOf(*row)});
   }
   surroundings_.store->Save(storageKey_, name, writeFilter(conditions), isDefault);
 }

@@ -1,7 +1,7 @@
 #pragma once
 
-#include <array>
 #include <cstdint>
+#include <functional>
 #include <memory>
 #include <optional>
 #include <string>
@@ -9,10 +9,11 @@
 #include <vector>
 
 #include "ado/connection.h"
+#include "common/query_condition.h"
 #include "controls/combo_box.h"
 #include "controls/control_host.h"
 #include "controls/edit_box.h"
-#include "controls/query_condition.h"
+#include "controls/query_operators.h"
 #include "controls/simple_controls.h"
 #include "host/cls_global.h"
 
@@ -45,16 +46,19 @@ struct QueryRequest {
   RangeEnd end;
 };
 
+/// Writes the predicate of a condition, "" for one that restricts nothing.
+/// RuntimeError 13 for a value that the column cannot be compared with.
+using PredicateComposer = std::function<std::string(const QueryColumn&, const QueryCondition&)>;
+
 /// The enhanced query editor: a row of operator and values for each declared
 /// field, the predicates that come of them, and filters saved by name
 /// in the host's store.
 ///
 /// Its parts are ordinary controls, named after the editor and the row counted
-/// from 1, and a person works with those: "ENHQUERY_CLI(2).VALORE1". A row's are
-/// made when they are first looked at, or when something is stated on its field.
+/// from 1: "ENHQUERY_CLI(2).VALORE1".
 class QueryEditor : public GroupBox {
  public:
-  /// What the editor is handed of the window that it stands in.
+  /// What the window hands the editor. This editor uses the store alone.
   struct Surroundings {
     Decimal company;
     Value sessionId;
@@ -70,22 +74,24 @@ class QueryEditor : public GroupBox {
     std::string Condizione;  ///< "" when the field restricts nothing
   };
 
-  QueryEditor(std::string name, ControlHost& host);
-  ~QueryEditor() override;
+  QueryEditor(std::string name, ControlHost& host, PredicateComposer compose);
+
+  static bool includes(ControlKind kind) { return kind == ControlKind::QueryEditor; }
+  ControlKind kind() const override { return ControlKind::QueryEditor; }
 
   void setSurroundings(Surroundings surroundings) { surroundings_ = std::move(surroundings); }
-  /// Gives back what the editor was handed.
+  /// Releases the objects that the editor was handed.
   void releaseSurroundings() { surroundings_ = {}; }
-  const Surroundings& surroundings() const { return surroundings_; }
   /// Under which filters are kept in the store.
   void setStorageKey(const std::string& key) { storageKey_ = key; }
   /// Puts the texts of the rows into the user's language; before the first field.
   void setTranslator(Translator translator) { translator_ = std::move(translator); }
 
   void addField(const QueryField& field);
-  /// The last field was declared: what stands below the rows follows.
+  /// The last field was declared: the controls below the rows are added.
   void completeDeclaration();
-  std::size_t fieldCount() const { return fields_.size(); }
+  std::size_t fieldCount() const { return rows_.size(); }
+  /// Its row disappears, and what was stated on it restricts nothing any more.
   void removeLastField();
 
   /// In the order of declaration.
@@ -94,16 +100,20 @@ class QueryEditor : public GroupBox {
   std::string ComponiCondizione() const;
   /// The value stated on a field at that end; "" for none and for an unknown field.
   std::string value(std::string_view dataField, RangeEnd end) const;
-  /// States a condition without the user's doing. RuntimeError 5 for an unknown field.
+  /// States a condition without the user's doing. RuntimeError 5 for an unknown
+  /// field, 13 for a value that is no number where one belongs.
   void setCondition(std::string_view dataField, const QueryCondition& condition);
+  /// What is stated on a field. RuntimeError 5 for an unknown field.
   QueryCondition condition(std::string_view dataField) const;
   /// Asks for a field's descriptions afresh.
   void decodeAgain(std::string_view dataField);
   /// Tells the user of ranges that stand the wrong way round; whether there are none.
   bool confirmRanges();
 
-  /// Whether there is a saved filter of that name, which is shown then.
+  /// Shows the saved filter of that name; false when there is none. RuntimeError 5
+  /// or 13 for one that cannot be read, which changes nothing.
   bool loadFilter(const std::string& name);
+  /// Stores what is stated now under the name.
   void saveFilter(const std::string& name, bool isDefault);
 
   /// Fill in the description; it is empty before.
@@ -127,13 +137,25 @@ class QueryEditor : public GroupBox {
   /// Whether a control of that name is one of the editor's parts, case aside.
   static bool isPartName(std::string_view editor, std::string_view name);
 
-  Control* find(std::string_view name) override;
-  const std::vector<Control*>& children() const override;
+  /// The controls of a field.
+  struct Row {
+    /// `number` counts the editor's rows from 1.
+    Row(const std::string& editor, std::size_t number, const QueryField& declared);
+    QueryOperator chosen() const;
+    EditBox& box(RangeEnd end) { return end == RangeEnd::First ? first : second; }
+    const EditBox& box(RangeEnd end) const { return end == RangeEnd::First ? first : second; }
 
-  // What the rows consist of, for those who place or look for them.
-  struct Row;
+    QueryField field;
+    ComboBox op;
+    EditBox first;
+    EditBox second;
+    Label firstDescription;
+    Label secondDescription;
+    QueryOperator shown = QueryOperator::Any;  ///< for which the boxes stand ready
+  };
   /// The row of a field, in the order of declaration from 0.
-  Row& row(std::size_t field) const;
+  Row& row(std::size_t field) { return *rows_.at(field); }
+  const Row& row(std::size_t field) const { return *rows_.at(field); }
   const EditBox& composedText() const { return text_; }
   Button& countButton() { return count_; }
   const Button& countButton() const { return count_; }
@@ -141,29 +163,20 @@ class QueryEditor : public GroupBox {
   const Label& warning() const { return warning_; }
 
  private:
-  struct Field {
-    QueryField declared;
-    std::string caption;       ///< in the user's language
-    std::unique_ptr<Row> row;  ///< nothing until somebody wants it: nothing is stated then
-  };
-  static constexpr std::size_t none = static_cast<std::size_t>(-1);
-
-  Row& makeRow(std::size_t field);
   /// Puts the operators into the user's language, once for all fields.
   void nameOperators();
-  /// The place of a field; `none` when there is no such field.
-  std::size_t indexOf(std::string_view dataField) const;
+  /// The row of a field; nothing when there is no such field.
+  Row* rowOf(std::string_view dataField) const;
   /// The same; RuntimeError 5 when there is no such field.
-  std::size_t requireField(std::string_view dataField) const;
-  static QueryCondition conditionOf(const Field& field);
+  Row& requireRow(std::string_view dataField) const;
+  std::string predicateOf(const Row& row, const QueryCondition& condition) const;
   std::string reversedRanges() const;
   void listen(Row& row);
-  template <RangeEnd end>
-  void listen(Row& row);
+  void listen(Row& row, RangeEnd end);
   void show(Row& row);
-  void state(std::size_t field, const QueryCondition& condition);
+  void state(Row& row, const QueryCondition& condition);
   void operatorChosen(Row& row);
-  void checkValue(Row& row, const std::string& text, bool& cancel);
+  void checkValue(const Row& row, const std::string& text, bool& cancel);
   void valueEntered(Row& row);
   void lookUp(Row& row, RangeEnd end);
   void decode(const Row& row, RangeEnd end, const std::string& value, std::string& description);
@@ -173,38 +186,18 @@ class QueryEditor : public GroupBox {
   std::string translated(std::string_view text) const;
 
   ControlHost& host_;
+  PredicateComposer compose_;
   Surroundings surroundings_;
   std::string storageKey_;
   Translator translator_;
   std::vector<ComboBox::Row> textOperators_;    ///< what is offered for texts
   std::vector<ComboBox::Row> numberOperators_;  ///< what is offered for numbers
-  std::vector<Field> fields_;
-  std::vector<std::unique_ptr<Row>> removed_;  ///< still on the screen, perhaps
-  mutable std::vector<Control*> parts_;        ///< of all rows, and what stands below them
+  std::vector<std::unique_ptr<Row>> rows_;
+  std::vector<std::unique_ptr<Row>> removed_;  ///< a view may still show them
   EditBox text_;
   Button count_;
   Label answer_;
   Label warning_;
-};
-
-/// A field of the editor on the screen.
-struct QueryEditor::Row {
-  /// `number` counts the editor's rows from 1.
-  Row(const std::string& editor, std::size_t number, const QueryField& declared);
-  QueryOperator chosen() const;
-  EditBox& box(RangeEnd end) { return end == RangeEnd::First ? first : second; }
-  static constexpr std::size_t partCount = 5;
-  std::array<Control*, partCount> parts() {
-    return {&op, &first, &firstDescription, &second, &secondDescription};
-  }
-
-  QueryField field;
-  ComboBox op;
-  EditBox first;
-  EditBox second;
-  Label firstDescription;
-  Label secondDescription;
-  QueryOperator shown = QueryOperator::Any;  ///< for which the boxes stand ready
 };
 
 }  // namespace kebu::controls

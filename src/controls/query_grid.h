@@ -63,6 +63,9 @@ class QueryGrid : public Control {
 
   QueryGrid(std::string name, ControlHost& host);
 
+  static bool includes(ControlKind kind) { return kind == ControlKind::QueryGrid; }
+  ControlKind kind() const override { return ControlKind::QueryGrid; }
+
   void clearColumns();
   /// Captions and value lists pass through `translator`.
   void addColumn(const GridColumn& definition, const Translator& translator);

@@ -18,6 +18,11 @@ class BoundControl : public Control {
  public:
   using Control::Control;
 
+  static bool includes(ControlKind kind) {
+    return kind == ControlKind::CheckBox || kind == ControlKind::ComboBox ||
+           kind == ControlKind::EditBox;
+  }
+
   void bind(RecordFrame& frame, std::string dbField);
   RecordFrame* frame() const { return frame_; }
   const std::string& DBField() const { return dbField_; }
@@ -61,6 +66,9 @@ std::string nameOf(FrameStatus status);
 class RecordFrame : public Control {
  public:
   RecordFrame(std::string name, ControlHost& host);
+
+  static bool includes(ControlKind kind) { return kind == ControlKind::RecordFrame; }
+  ControlKind kind() const override { return ControlKind::RecordFrame; }
 
   void addChild(RecordFrame& child);
   /// The record's rows; shows the current one in the bound controls.

@@ -1,6 +1,7 @@
 #include "controls/saved_filter.h"
 
 #include "common/error.h"
+#include "controls/query_operators.h"
 
 namespace kebu::controls {
 

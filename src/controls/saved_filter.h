@@ -4,7 +4,7 @@
 #include <string_view>
 #include <vector>
 
-#include "controls/query_condition.h"
+#include "common/query_condition.h"
 
 namespace kebu::controls {
 

@@ -13,6 +13,9 @@ class Label : public Control {
  public:
   using Control::Control;
 
+  static bool includes(ControlKind kind) { return kind == ControlKind::Label; }
+  ControlKind kind() const override { return ControlKind::Label; }
+
   /// A text that is not to be overlooked.
   bool isWarning() const { return warning_; }
   void setWarning(bool warning) { warning_ = warning; }
@@ -24,13 +27,19 @@ class Label : public Control {
 class TitleBar : public Control {
  public:
   using Control::Control;
+
+  static bool includes(ControlKind kind) { return kind == ControlKind::TitleBar; }
+  ControlKind kind() const override { return ControlKind::TitleBar; }
 };
 
 class GroupBox : public Control {
  public:
   using Control::Control;
 
-  GroupBox* asGroup() override { return this; }
+  static bool includes(ControlKind kind) {
+    return kind == ControlKind::GroupBox || kind == ControlKind::QueryEditor;
+  }
+  ControlKind kind() const override { return ControlKind::GroupBox; }
   Control* find(std::string_view name) override;
 
   /// Puts `child` into this group, after those that are there.
@@ -39,8 +48,8 @@ class GroupBox : public Control {
   void addAll(Controls&... all) {
     (add(all), ...);
   }
-  /// All that stands in the group. What nobody has looked at yet may be made now.
-  virtual const std::vector<Control*>& children() const { return children_; }
+  /// The controls of the group, in the order in which they were added.
+  const std::vector<Control*>& children() const { return children_; }
   /// A control came into the group.
   Event<Control&> ChildAdded;
 
@@ -52,6 +61,9 @@ class Button : public Control {
  public:
   using Control::Control;
 
+  static bool includes(ControlKind kind) { return kind == ControlKind::Button; }
+  ControlKind kind() const override { return ControlKind::Button; }
+
   void click();
   Event<> ButtonClick;
 };
@@ -61,6 +73,9 @@ class Button : public Control {
 class ProgressBar : public Control {
  public:
   explicit ProgressBar(std::string name);
+
+  static bool includes(ControlKind kind) { return kind == ControlKind::ProgressBar; }
+  ControlKind kind() const override { return ControlKind::ProgressBar; }
 
   bool isAnimated() const { return animated_; }
   void setAnimated(bool animated);
@@ -100,6 +115,9 @@ class StatusBar : public Control {
  public:
   StatusBar(std::string name, std::size_t panels);
 
+  static bool includes(ControlKind kind) { return kind == ControlKind::StatusBar; }
+  ControlKind kind() const override { return ControlKind::StatusBar; }
+
   const std::vector<std::string>& panels() const { return panels_; }
   void setPanelText(std::size_t panel, const std::string& text);
   bool isAnimated() const { return animated_; }
@@ -119,6 +137,9 @@ class SideBar : public Control {
   };
 
   using Control::Control;
+
+  static bool includes(ControlKind kind) { return kind == ControlKind::SideBar; }
+  ControlKind kind() const override { return ControlKind::SideBar; }
 
   void addLink(std::int32_t view, const std::string& text);
   const std::vector<Link>& links() const { return links_; }
@@ -149,6 +170,9 @@ class ResizeManager : public Control {
   };
 
   using Control::Control;
+
+  static bool includes(ControlKind kind) { return kind == ControlKind::ResizeManager; }
+  ControlKind kind() const override { return ControlKind::ResizeManager; }
 
   void registerControl(const std::string& control, std::int32_t rule);
   const std::vector<Registration>& registrations() const { return registrations_; }

@@ -4,6 +4,7 @@
 #include "controls/combo_box.h"
 #include "controls/edit_box.h"
 #include "controls/navigator_bar.h"
+#include "controls/simple_controls.h"
 #include "tests/controls/control_fixture.h"
 
 namespace kebu::controls {
@@ -146,7 +147,7 @@ TEST_F(RecordFrameTest, DeletionAsksAndEmptiesThePage) {
 
 TEST_F(RecordFrameTest, DecodingFollowsTheCode) {
   run("INSERT INTO P (NOME) VALUES ('01')");
-  Control description("DESCRIPTION");
+  Label description("DESCRIPTION");
   int asked = 0;
   name.setDescription(description);
   name.StartDecode.on([&](const std::string& code, std::string& text) {

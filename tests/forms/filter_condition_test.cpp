@@ -13,11 +13,10 @@
 namespace kebu::workbench {
 namespace {
 
-using controls::QueryCondition;
 using controls::QueryEditor;
 using controls::QueryField;
 using controls::RangeEnd;
-using Op = controls::QueryOperator;
+using Op = QueryOperator;
 
 /// A field by which articles are filtered, and where its values stand.
 struct Source {

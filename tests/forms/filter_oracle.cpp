@@ -27,8 +27,7 @@ int compare(const std::string& a, const std::string& b, bool isNumeric) {
 
 }  // namespace
 
-bool holds(const Cell& cell, bool isNumeric, const controls::QueryCondition& condition) {
-  using controls::QueryOperator;
+bool holds(const Cell& cell, bool isNumeric, const QueryCondition& condition) {
   const auto& values = condition.values;
   const bool isEmpty = !cell || (!isNumeric && folded(*cell).empty());
   switch (condition.op) {

@@ -7,7 +7,7 @@
 #include <string>
 #include <vector>
 
-#include "controls/query_condition.h"
+#include "common/query_condition.h"
 #include "workbench/engine/execution/session.h"
 
 namespace kebu::workbench {
@@ -16,7 +16,7 @@ namespace kebu::workbench {
 using Cell = std::optional<std::string>;
 
 /// Whether a value is as a condition says, worked out without the database.
-bool holds(const Cell& cell, bool isNumeric, const controls::QueryCondition& condition);
+bool holds(const Cell& cell, bool isNumeric, const QueryCondition& condition);
 
 /// The values that rows of `table` have in `column`, by the key that they belong
 /// to: read plain, and of them those that have 1 in the columns `ones`.

@@ -26,7 +26,7 @@ class PreviewPageTest : public testing::Test {
 
   template <class Kind>
   Kind& find(const char* name) {
-    return dynamic_cast<Kind&>(*workplace.desktop().front()->find(name));
+    return *controls::as<Kind>(*workplace.desktop().front()->find(name));
   }
   void show(std::int32_t view) { workplace.hands().openPage(view); }
 

@@ -32,7 +32,7 @@ void Workplace::close() {
 }
 
 controls::QueryEditor& Workplace::editor(const std::string& name) {
-  return dynamic_cast<controls::QueryEditor&>(*desktop_.front()->find(name));
+  return *controls::as<controls::QueryEditor>(*desktop_.front()->find(name));
 }
 
 std::vector<std::string> Workplace::column(const std::string& statement) {

@@ -191,7 +191,8 @@ TEST_F(PageLayoutTest, SizesFollowTheResolution) {
 }
 
 TEST_F(PageLayoutTest, AQueryEditorHasALineForEachField) {
-  QueryEditor editor("EDITOR", host);
+  const auto nothing = [](const QueryColumn&, const QueryCondition&) { return std::string(); };
+  QueryEditor editor("EDITOR", host, nothing);
   const auto declare = [&](const char* caption, bool lookup, std::size_t length) {
     editor.addField(
         {"Standard", caption, caption, true, 0, lookup, true, false, false, false, false, length});

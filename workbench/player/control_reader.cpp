@@ -3,13 +3,7 @@
 #include <algorithm>
 
 #include "common/convert.h"
-#include "controls/check_box.h"
-#include "controls/combo_box.h"
-#include "controls/edit_box.h"
-#include "controls/navigator_bar.h"
-#include "controls/query_editor.h"
-#include "controls/record_frame.h"
-#include "controls/simple_controls.h"
+#include "controls/visit.h"
 #include "workbench/player/scenario.h"
 
 namespace kebu::workbench {
@@ -36,6 +30,10 @@ void describe(ControlView& view, const ComboBox& combo) {
   for (const ComboBox::Row& each : combo.rows()) {
     view.items.push_back({toText(each.code) + ": " + each.caption, &each == row ? "chosen" : ""});
   }
+}
+
+void describe(ControlView& view, const CheckBox& check) {
+  view.value = check.isTicked() ? "[x]" : "[ ]";
 }
 
 void describe(ControlView& view, const NavigatorBar& bar) {
@@ -76,14 +74,15 @@ void describe(ControlView& view, const QueryEditor& editor) {
   }
 }
 
+/// Whether a person sees anything of a shown control of that kind.
+bool hasLooks(const Control& control) {
+  return !as<RecordFrame>(control) && !as<ResizeManager>(control);
+}
+
 void describe(ControlView& view, const Form& form) {
   view.value = "at " + std::to_string(form.left()) + ", " + std::to_string(form.top());
   for (Control* control : form.controls()) {
-    // Of a window only what can be seen; the frames have no looks of their own.
-    if (control->container() || !control->isShown() || dynamic_cast<RecordFrame*>(control) ||
-        dynamic_cast<ResizeManager*>(control)) {
-      continue;
-    }
+    if (control->container() || !control->isShown() || !hasLooks(*control)) continue;
     view.children.push_back(viewOf(*control, {}));
   }
 }
@@ -116,58 +115,41 @@ ControlView viewOf(Control& control, const RowRange& rows) {
   view.caption = control.caption();
   view.enabled = control.looksEnabled();
   view.visible = control.isShown();
-  if (const auto* box = dynamic_cast<EditBox*>(&control)) {
-    describe(view, *box);
-  } else if (const auto* combo = dynamic_cast<ComboBox*>(&control)) {
-    describe(view, *combo);
-  } else if (const auto* check = dynamic_cast<CheckBox*>(&control)) {
-    view.value = check->isTicked() ? "[x]" : "[ ]";
-  } else if (const auto* bar = dynamic_cast<NavigatorBar*>(&control)) {
-    describe(view, *bar);
-  } else if (const auto* links = dynamic_cast<SideBar*>(&control)) {
-    describe(view, *links);
-  } else if (const auto* status = dynamic_cast<StatusBar*>(&control)) {
-    describe(view, *status);
-  } else if (const auto* progress = dynamic_cast<ProgressBar*>(&control)) {
-    describe(view, *progress);
-  } else if (const auto* frame = dynamic_cast<RecordFrame*>(&control)) {
-    describe(view, *frame);
-  } else if (const auto* editor = dynamic_cast<QueryEditor*>(&control)) {
-    describe(view, *editor);
-  } else if (const auto* group = dynamic_cast<GroupBox*>(&control)) {
-    describe(view, *group);
-  } else if (const auto* form = dynamic_cast<Form*>(&control)) {
-    describe(view, *form);
-  } else if (auto* grid = dynamic_cast<QueryGrid*>(&control)) {
-    describe(view, *grid, rows);
-  }
+  visit(control, Overloaded{
+                     [&](QueryGrid& grid) { describe(view, grid, rows); },
+                     // Their caption is all.
+                     [](const OneOf<Button, Label, MdiContainer, ResizeManager, TitleBar> auto&) {},
+                     [&](const auto& other) { describe(view, other); },
+                 });
   return view;
 }
 
 std::string valueOf(const Control& control) {
-  if (const auto* box = dynamic_cast<const EditBox*>(&control)) return box->text();
-  if (const auto* combo = dynamic_cast<const ComboBox*>(&control)) return combo->text();
-  if (const auto* check = dynamic_cast<const CheckBox*>(&control)) {
-    return check->isTicked() ? "1" : "0";
-  }
-  if (const auto* frame = dynamic_cast<const RecordFrame*>(&control))
-    return nameOf(frame->status());
-  if (const auto* editor = dynamic_cast<const QueryEditor*>(&control)) {
-    return editor->composedText().text();
-  }
-  if (const auto* progress = dynamic_cast<const ProgressBar*>(&control)) return progress->text();
-  if (const auto* links = dynamic_cast<const SideBar*>(&control)) {
-    return links->selected() ? std::to_string(links->selected()->view) : "";
-  }
-  if (const auto* status = dynamic_cast<const StatusBar*>(&control)) {
-    std::string text;
-    for (const std::string& panel : status->panels()) text += (text.empty() ? "" : " ") + panel;
-    return text;
-  }
-  if (dynamic_cast<const Label*>(&control) || dynamic_cast<const TitleBar*>(&control)) {
-    return control.caption();
-  }
-  throw StepError(control.Name() + " holds no value");
+  return visit(control,
+               Overloaded{
+                   [](const EditBox& box) { return box.text(); },
+                   [](const ComboBox& combo) { return combo.text(); },
+                   [](const CheckBox& check) { return std::string(check.isTicked() ? "1" : "0"); },
+                   [](const RecordFrame& frame) { return nameOf(frame.status()); },
+                   [](const QueryEditor& editor) { return editor.composedText().text(); },
+                   [](const ProgressBar& progress) { return progress.text(); },
+                   [](const SideBar& links) {
+                     return links.selected() ? std::to_string(links.selected()->view)
+                                             : std::string();
+                   },
+                   [](const StatusBar& status) {
+                     std::string text;
+                     for (const std::string& panel : status.panels()) {
+                       text += (text.empty() ? "" : " ") + panel;
+                     }
+                     return text;
+                   },
+                   [](const OneOf<Label, TitleBar> auto& text) { return text.caption(); },
+                   [](const OneOf<Button, Form, GroupBox, MdiContainer, NavigatorBar, QueryGrid,
+                                  ResizeManager> auto& other) -> std::string {
+                     throw StepError(other.Name() + " holds no value");
+                   },
+               });
 }
 
 std::string cellTextOf(QueryGrid& grid, std::int32_t row, const std::string& field) {

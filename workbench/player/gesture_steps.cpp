@@ -95,9 +95,9 @@ void condition(Player& player, const Words& arguments) {
   const auto known = controls::operatorByCode(op);
   if (!known) throw StepError("\"" + op + "\" is no operator of a query editor");
   const std::vector<std::string> values(arguments.begin() + 3, arguments.end());
-  const bool isList = *known == controls::QueryOperator::OneOf;
+  const bool isList = *known == QueryOperator::OneOf;
   const auto most = static_cast<std::size_t>(controls::traitsOf(*known).values);
-  const bool takesNone = *known == controls::QueryOperator::Any;
+  const bool takesNone = *known == QueryOperator::Any;
   if (!isList && values.size() > (takesNone ? 0 : most)) {
     throw StepError("too many values for the operator " + op);
   }

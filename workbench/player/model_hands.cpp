@@ -32,17 +32,16 @@ Control& ModelHands::control(const std::string& name) const {
 
 template <class Kind>
 Kind& ModelHands::find(const std::string& name, const char* kind) const {
-  auto* const found = dynamic_cast<Kind*>(&control(name));
+  auto* const found = as<Kind>(control(name));
   if (!found) throw StepError(name + " is not " + kind);
   return *found;
 }
 
 void ModelHands::openPage(std::int32_t view) {
-  const auto& all = window().controls();
-  const auto at = std::find_if(all.begin(), all.end(),
-                               [](Control* c) { return dynamic_cast<SideBar*>(c) != nullptr; });
-  if (at == all.end()) throw StepError(window().Name() + " has no side bar");
-  dynamic_cast<SideBar&>(**at).click(view);
+  for (Control* each : window().controls()) {
+    if (auto* const links = as<SideBar>(*each)) return links->click(view);
+  }
+  throw StepError(window().Name() + " has no side bar");
 }
 
 void ModelHands::press(const std::string& bar, const std::string& button) {

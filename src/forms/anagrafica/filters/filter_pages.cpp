@@ -4,6 +4,7 @@
 
 #include "common/convert.h"
 #include "common/nulls.h"
+#include "sql/query_predicate.h"
 
 namespace kebu::forms {
 
@@ -18,8 +19,8 @@ struct FilterPages::Filter {
 };
 
 FilterPages::FilterPages(PageContext& context)
-    : ENHQUERY_CLI("ENHQUERY_CLI", context.services),
-      ENHQUERY_ART("ENHQUERY_ART", context.services),
+    : ENHQUERY_CLI("ENHQUERY_CLI", context.services, sql::composePredicate),
+      ENHQUERY_ART("ENHQUERY_ART", context.services, sql::composePredicate),
       context_(context),
       customers_(context, ENHQUERY_CLI, customersSubject()),
       articles_(context, ENHQUERY_ART, articlesSubject()) {

@@ -55,7 +55,7 @@ void PageLayout::placeRow(const QueryEditor::Row& row, const Rect& area) {
       {left, area.top, combo, area.height}, {area.left, area.top, captionColumn_, area.height}, {}};
   const int from = left + combo + metrics_.px(partGap);
   const int room = std::max(area.right() - from, 0);
-  const bool isList = row.shown == controls::QueryOperator::OneOf;
+  const bool isList = row.shown == QueryOperator::OneOf;
   const bool isRange = row.second.isVisible();
   const int width = isRange ? (room - metrics_.px(blockGap)) / 2 : room;
   if (row.first.isVisible()) {
