@@ -3,7 +3,6 @@
 #include <algorithm>
 
 #include "common/convert.h"
-#include "controls/mdi_container.h"
 #include "controls/navigator_bar.h"
 #include "windows/support/text.h"
 #include "windows/views/controls/navigator_bar_view.h"
@@ -26,18 +25,42 @@ constexpr layout::Rect usualSize{0, 0, 1180, 760};  // in 96ths of an inch
 constexpr layout::Rect dialogSize{0, 0, 860, 680};
 constexpr layout::Rect leastSize{0, 0, 720, 480};
 
-bool isBar(const controls::Control& control) {
-  return dynamic_cast<const controls::SideBar*>(&control) ||
-         dynamic_cast<const controls::TitleBar*>(&control) ||
-         dynamic_cast<const controls::NavigatorBar*>(&control) ||
-         dynamic_cast<const controls::StatusBar*>(&control) ||
-         dynamic_cast<const controls::ProgressBar*>(&control);
+/// Where the views of a kind of control stand.
+enum class Place { AmongBars, OnPage, Nowhere };
+
+Place placeOf(controls::ControlKind kind) {
+  using controls::ControlKind;
+  switch (kind) {
+    case ControlKind::NavigatorBar:
+    case ControlKind::ProgressBar:
+    case ControlKind::SideBar:
+    case ControlKind::StatusBar:
+    case ControlKind::TitleBar:
+      return Place::AmongBars;
+    case ControlKind::Button:
+    case ControlKind::CheckBox:
+    case ControlKind::ComboBox:
+    case ControlKind::EditBox:
+    case ControlKind::GroupBox:
+    case ControlKind::Label:
+    case ControlKind::QueryEditor:
+    case ControlKind::QueryGrid:
+      return Place::OnPage;
+    case ControlKind::Form:
+    case ControlKind::MdiContainer:
+    case ControlKind::RecordFrame:
+    case ControlKind::ResizeManager:
+      return Place::Nowhere;
+  }
+  return Place::Nowhere;
 }
 
-bool hasLooks(const controls::Control& control) {
-  return !dynamic_cast<const controls::RecordFrame*>(&control) &&
-         !dynamic_cast<const controls::ResizeManager*>(&control) &&
-         !dynamic_cast<const controls::MdiContainer*>(&control);
+bool isBar(const controls::Control& control) {
+  return placeOf(control.kind()) == Place::AmongBars;
+}
+
+bool isOnPage(const controls::Control& control) {
+  return placeOf(control.kind()) == Place::OnPage;
 }
 
 const controls::Control& outermost(const controls::Control& control) {
@@ -78,7 +101,7 @@ void FormWindow::build() {
   const auto& controls = form_.controls();
   controlsSeen_ = controls.size();
   hasSideBar_ = std::any_of(controls.begin(), controls.end(), [](const controls::Control* control) {
-    return dynamic_cast<const controls::SideBar*>(control) != nullptr;
+    return control->kind() == controls::ControlKind::SideBar;
   });
   inOrder_.clear();
   for (controls::Control* control : controls) {
@@ -86,7 +109,7 @@ void FormWindow::build() {
       inOrder_.push_back(made);
       continue;
     }
-    controls::GroupBox* const group = control->asGroup();
+    auto* const group = controls::as<controls::GroupBox>(*control);
     const controls::GroupBox* const page = pageOf(*control);
     if (page && page == group && pages_.try_emplace(page).second) listenTo(*group);
     if (page && !pages_[page]) continue;
@@ -96,7 +119,7 @@ void FormWindow::build() {
     inOrder_.push_back(view.get());
     views_[control] = std::move(view);
     if (group && group != page) listenTo(*group);
-    if (auto* const resizing = dynamic_cast<controls::ResizeManager*>(control)) {
+    if (auto* const resizing = controls::as<controls::ResizeManager>(*control)) {
       groupSubscriptions_.push_back(resizing->changed.connect([this] { requestLayout(); }));
     }
   }
@@ -137,15 +160,15 @@ void FormWindow::fillPage(const controls::GroupBox& page) {
 }
 
 const controls::GroupBox* FormWindow::pageOf(const controls::Control& control) const {
-  if (!hasSideBar_ || isBar(control) || !hasLooks(control)) return nullptr;
-  return dynamic_cast<const controls::GroupBox*>(&outermost(control));
+  if (!hasSideBar_ || !isOnPage(control)) return nullptr;
+  return controls::as<controls::GroupBox>(outermost(control));
 }
 
-HWND FormWindow::parentFor(const controls::Control& control) {
-  if (isBar(control) || !hasLooks(control)) return handle();
+HWND FormWindow::parentFor(controls::Control& control) {
+  if (!isOnPage(control)) return handle();
   if (!loosePage_) loosePage_ = newPage();
   if (!control.container()) {
-    loosePage_->controls.push_back(const_cast<controls::Control*>(&control));
+    loosePage_->controls.push_back(&control);
   }
   return loosePage_->handle();
 }
@@ -166,7 +189,7 @@ void FormWindow::formChanged() {
 void FormWindow::groupChanged(const controls::GroupBox& group) {
   for (const controls::Control* child : group.children()) {
     if (View* const view = find(*child)) guarded([&] { view->refresh(); });
-    if (const auto* inner = dynamic_cast<const controls::GroupBox*>(child)) groupChanged(*inner);
+    if (const auto* inner = controls::as<controls::GroupBox>(*child)) groupChanged(*inner);
   }
   requestLayout();
 }
@@ -190,7 +213,7 @@ void FormWindow::layOut() {
   for (View* view : inOrder_) {
     controls::Control& control = view->control();
     if (!isBar(control)) continue;
-    const bool overPage = dynamic_cast<controls::ProgressBar*>(&control) != nullptr;
+    const bool overPage = control.kind() == controls::ControlKind::ProgressBar;
     view->place(overPage ? layout::Placement{frame.page, {}, {}} : frame.bars[&control]);
     if (!overPage && view->handle()) {
       ShowWindow(view->handle(), control.isVisible() ? SW_SHOWNA : SW_HIDE);
@@ -205,7 +228,7 @@ void FormWindow::arrangePages(const layout::Rect& place) {
   static const std::vector<controls::ResizeManager::Registration> none;
   const auto* rules = &none;
   for (const controls::Control* control : form_.controls()) {
-    const auto* resizing = dynamic_cast<const controls::ResizeManager*>(control);
+    const auto* resizing = controls::as<controls::ResizeManager>(*control);
     if (resizing) rules = &resizing->registrations();
   }
   // Several pages may be visible to the models; the one shown last lies over the others.
@@ -313,7 +336,7 @@ void FormWindow::paintNow() {
   if (layoutWanted_) layOut();
   for (View* view : inOrder_) {
     // It moves even where nothing pumps its timer.
-    if (dynamic_cast<controls::ProgressBar*>(&view->control()) && view->control().isVisible()) {
+    if (controls::as<controls::ProgressBar>(view->control()) && view->control().isVisible()) {
       view->refresh();
     }
   }

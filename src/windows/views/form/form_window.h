@@ -47,7 +47,7 @@ class FormWindow : public Window, public ViewSite, public KeyTarget {
   const controls::GroupBox* pageOf(const controls::Control& control) const;
   void listenTo(controls::GroupBox& group);
   /// What the window of a control that is on no page stands in.
-  HWND parentFor(const controls::Control& control);
+  HWND parentFor(controls::Control& control);
   View* find(const controls::Control& control) const;
   void formChanged();
   void groupChanged(const controls::GroupBox& group);

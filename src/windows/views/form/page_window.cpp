@@ -55,7 +55,7 @@ void PageWindow::placeAll(const std::vector<controls::Control*>& all,
   for (controls::Control* control : all) {
     const layout::Placement placement = placements[control];
     placeView_(*control, placement);
-    if (auto* group = dynamic_cast<controls::GroupBox*>(control)) {
+    if (auto* group = controls::as<controls::GroupBox>(*control)) {
       if (!placement.bounds.isEmpty()) {
         cards_.push_back({placement.bounds, group->caption(), group->looksEnabled()});
       }

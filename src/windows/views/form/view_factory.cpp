@@ -1,6 +1,6 @@
 #include "windows/views/form/view_factory.h"
 
-#include "controls/mdi_container.h"
+#include "controls/visit.h"
 #include "windows/views/controls/button_view.h"
 #include "windows/views/controls/check_box_view.h"
 #include "windows/views/controls/combo_box_view.h"
@@ -19,44 +19,43 @@ namespace {
 
 using Made = std::unique_ptr<View>;
 
-/// Nothing when the control is not of that class.
+/// Makes a `Drawn` for a `Model`.
 template <class Model, class Drawn>
-Made make(ViewSite& site, controls::Control& control, HWND parent) {
-  auto* const model = dynamic_cast<Model*>(&control);
-  return model ? std::make_unique<Drawn>(site, *model, parent) : nullptr;
+auto make(ViewSite& site, HWND parent) {
+  return [&site, parent](Model& model) -> Made {
+    return std::make_unique<Drawn>(site, model, parent);
+  };
 }
 
-/// A new kind of control is a line here.
-constexpr Made (*makers[])(ViewSite&, controls::Control&, HWND) = {
-    make<controls::EditBox, EditBoxView>,
-    make<controls::ComboBox, ComboBoxView>,
-    make<controls::CheckBox, CheckBoxView>,
-    make<controls::Button, ButtonView>,
-    make<controls::Label, LabelView>,
-    make<controls::TitleBar, LabelView>,
-    make<controls::QueryGrid, QueryGridView>,
-    make<controls::QueryEditor, QueryEditorView>,
-    make<controls::GroupBox, GroupBoxView>,
-    make<controls::SideBar, SideBarView>,
-    make<controls::NavigatorBar, NavigatorBarView>,
-    make<controls::StatusBar, StatusBarView>,
-    make<controls::ProgressBar, ProgressBarView>,
-    make<controls::RecordFrame, RecordFrameView>,
-};
+template <class Model>
+auto hide(ViewSite& site, const char* kind) {
+  return [&site, kind](Model& model) -> Made {
+    return std::make_unique<HiddenView>(site, model, kind);
+  };
+}
 
 }  // namespace
 
 std::unique_ptr<View> makeView(ViewSite& site, controls::Control& control, HWND parent) {
-  for (const auto& maker : makers) {
-    if (Made view = maker(site, control, parent)) return view;
-  }
-  if (dynamic_cast<controls::ResizeManager*>(&control)) {
-    return std::make_unique<HiddenView>(site, control, "ResizeManager");
-  }
-  if (dynamic_cast<controls::MdiContainer*>(&control)) {
-    return std::make_unique<HiddenView>(site, control, "MdiContainer");
-  }
-  return std::make_unique<HiddenView>(site, control, "Control");
+  return controls::visit(control, Overloaded{
+                                      make<controls::Button, ButtonView>(site, parent),
+                                      make<controls::CheckBox, CheckBoxView>(site, parent),
+                                      make<controls::ComboBox, ComboBoxView>(site, parent),
+                                      make<controls::EditBox, EditBoxView>(site, parent),
+                                      make<controls::GroupBox, GroupBoxView>(site, parent),
+                                      make<controls::Label, LabelView>(site, parent),
+                                      make<controls::NavigatorBar, NavigatorBarView>(site, parent),
+                                      make<controls::ProgressBar, ProgressBarView>(site, parent),
+                                      make<controls::QueryEditor, QueryEditorView>(site, parent),
+                                      make<controls::QueryGrid, QueryGridView>(site, parent),
+                                      make<controls::RecordFrame, RecordFrameView>(site, parent),
+                                      make<controls::SideBar, SideBarView>(site, parent),
+                                      make<controls::StatusBar, StatusBarView>(site, parent),
+                                      make<controls::TitleBar, LabelView>(site, parent),
+                                      hide<controls::Form>(site, "Form"),
+                                      hide<controls::MdiContainer>(site, "MdiContainer"),
+                                      hide<controls::ResizeManager>(site, "ResizeManager"),
+                                  });
 }
 
 }  // namespace kebu::windows

@@ -39,7 +39,7 @@ Win32Desktop::~Win32Desktop() {
 HWND Win32Desktop::ownerFor(const controls::Form* form) const {
   if (form) {
     for (const controls::Control* control : form->controls()) {
-      const auto* container = dynamic_cast<const controls::MdiContainer*>(control);
+      const auto* container = controls::as<controls::MdiContainer>(*control);
       if (!container || container->parentWindow() == 0) continue;
       // A handle has 32 significant bits on every Windows.
       auto* const given = reinterpret_cast<HWND>(static_cast<LONG_PTR>(container->parentWindow()));

@@ -17,7 +17,7 @@ template <class Kind>
 std::vector<const controls::Control*> shown(const controls::Form& form) {
   std::vector<const controls::Control*> found;
   for (const controls::Control* control : form.controls()) {
-    if (dynamic_cast<const Kind*>(control) && !control->container() && control->isVisible()) {
+    if (controls::as<Kind>(*control) && !control->container() && control->isVisible()) {
       found.push_back(control);
     }
   }

@@ -27,36 +27,72 @@ constexpr int checkMark = 22;  // the box of a check box and what is between it 
 constexpr int dropArrow = 36;  // what a combo needs beside its text
 constexpr int checkGap = 22;
 
-const controls::CheckBox* asCheck(const Control& control) {
-  return dynamic_cast<const controls::CheckBox*>(&control);
+/// How a page takes a kind of control.
+enum class Shape {
+  Field,     ///< a box with its caption before it
+  Check,     ///< one of a line of check boxes, or the heading of what follows
+  LineItem,  ///< one of a line of buttons with a text
+  Group,     ///< a card around others
+  Whole      ///< takes the whole width, and room in height
+};
+
+Shape shapeOf(const Control& control) {
+  using controls::ControlKind;
+  switch (control.kind()) {
+    case ControlKind::ComboBox:
+    case ControlKind::EditBox:
+      return Shape::Field;
+    case ControlKind::CheckBox:
+      return Shape::Check;
+    case ControlKind::Button:
+    case ControlKind::Label:
+      return Shape::LineItem;
+    case ControlKind::GroupBox:
+    case ControlKind::QueryEditor:
+      return Shape::Group;
+    case ControlKind::QueryGrid:
+      return Shape::Whole;
+    // None of these stands on a page.
+    case ControlKind::Form:
+    case ControlKind::MdiContainer:
+    case ControlKind::NavigatorBar:
+    case ControlKind::ProgressBar:
+    case ControlKind::RecordFrame:
+    case ControlKind::ResizeManager:
+    case ControlKind::SideBar:
+    case ControlKind::StatusBar:
+    case ControlKind::TitleBar:
+      return Shape::Whole;
+  }
+  return Shape::Whole;
+}
+
+bool isCheck(const Control& control) {
+  return shapeOf(control) == Shape::Check;
 }
 
 bool isField(const Control& control) {
-  return dynamic_cast<const controls::EditBox*>(&control) ||
-         dynamic_cast<const controls::ComboBox*>(&control);
+  return shapeOf(control) == Shape::Field;
 }
 
 bool isLineItem(const Control& control) {
-  return dynamic_cast<const controls::Button*>(&control) ||
-         dynamic_cast<const controls::Label*>(&control);
+  return shapeOf(control) == Shape::LineItem;
 }
 
-/// A grid or an editor, which takes the whole width.
 bool isWhole(const Control& control) {
-  return !isField(control) && !isLineItem(control) && !asCheck(control) &&
-         !dynamic_cast<const GroupBox*>(&control);
+  return shapeOf(control) == Shape::Whole;
 }
 
 bool isLabel(const Control& control) {
-  return dynamic_cast<const controls::Label*>(&control) != nullptr;
+  return control.kind() == controls::ControlKind::Label;
 }
 
 bool isEditor(const Control& control) {
-  return dynamic_cast<const controls::QueryEditor*>(&control) != nullptr;
+  return control.kind() == controls::ControlKind::QueryEditor;
 }
 
 const Control* descriptionOf(const Control& control) {
-  const auto* box = dynamic_cast<const controls::EditBox*>(&control);
+  const auto* box = controls::as<controls::EditBox>(control);
   return box ? box->description() : nullptr;
 }
 
@@ -93,14 +129,14 @@ std::int32_t PageLayout::ruleOf(const Control& control) const {
   const auto registered = rules_.find(toUpperAscii(control.Name()));
   if (registered != rules_.end()) return registered->second;
   constexpr std::int32_t stretched = leftSide | topSide | rightSide;
-  if (const auto* group = dynamic_cast<const GroupBox*>(&control)) {
+  if (const auto* group = controls::as<GroupBox>(control)) {
     const bool inner =
         isEditor(control) || std::any_of(group->children().begin(), group->children().end(),
                                          [&](const Control* child) { return grows(*child); });
     return inner ? stretched | bottomSide : stretched;
   }
   // What is none of the known small controls wants room: a grid, an editor.
-  const bool isSmall = isField(control) || isLineItem(control) || asCheck(control);
+  const bool isSmall = isField(control) || isLineItem(control) || isCheck(control);
   return isSmall ? leftSide | topSide : stretched | bottomSide;
 }
 
@@ -119,7 +155,7 @@ int PageLayout::captionColumn(const Controls& controls) const {
         before && !elementOf(*control).empty() && elementOf(*control) == elementOf(*before);
     before = control;
     if (isHeaded) continue;
-    if (const auto* group = dynamic_cast<const GroupBox*>(control)) {
+    if (const auto* group = controls::as<GroupBox>(*control)) {
       widest = std::max(widest, captionColumn(group->children()));
     } else if (isField(*control) && !control->caption().empty()) {
       widest = std::max(widest, metrics_.textWidth(control->caption() + " *"));
@@ -129,14 +165,14 @@ int PageLayout::captionColumn(const Controls& controls) const {
 }
 
 int PageLayout::fieldWidth(const Control& control) const {
-  const auto* box = dynamic_cast<const controls::EditBox*>(&control);
+  const auto* box = controls::as<controls::EditBox>(control);
   if (box && (box->hasLookup() || box->description())) return metrics_.px(codeWidth);
   if (box && box->maxLength() > 0 && box->maxLength() <= longestShort) {
     const std::string digits(std::max<std::size_t>(box->maxLength(), 4), '0');
     return metrics_.textWidth(digits) + metrics_.px(16);
   }
   int width = metrics_.px(widestField);
-  if (const auto* combo = dynamic_cast<const controls::ComboBox*>(&control)) {
+  if (const auto* combo = controls::as<controls::ComboBox>(control)) {
     for (const auto& row : combo->rows()) {
       width = std::max(width, metrics_.textWidth(row.caption) + metrics_.px(dropArrow));
     }
@@ -153,7 +189,7 @@ int PageLayout::buttonWidth(const Control& button) const {
 }
 
 int PageLayout::lookupWidth(const Control& field) const {
-  const auto* box = dynamic_cast<const controls::EditBox*>(&field);
+  const auto* box = controls::as<controls::EditBox>(field);
   return box && box->hasLookup() ? metrics_.px(lookupPart) : 0;
 }
 
@@ -178,7 +214,7 @@ PageLayout::Block PageLayout::fieldBlock(Control& field) {
       placements_[&field].caption = {area.left, area.top, captionColumn_, area.height};
     }
     const int width =
-        asCheck(field) ? room : std::min(fieldWidth(field), room - lookupWidth(field));
+        isCheck(field) ? room : std::min(fieldWidth(field), room - lookupWidth(field));
     const int end = putField(field, {left, area.top, width, area.height});
     if (const Control* description = descriptionOf(field)) {
       const int from = end + metrics_.px(partGap);
@@ -254,7 +290,7 @@ PageLayout::Block PageLayout::tableLineBlock(const Controls& line, bool headed) 
       const int room = std::max(area.right() - left, 0);
       const int button = lookupWidth(*control);
       int width = fieldWidth(*control);
-      if (dynamic_cast<const controls::ComboBox*>(control)) {
+      if (controls::as<controls::ComboBox>(*control)) {
         width = std::min(metrics_.px(tableCombo), room * 2 / 5);
       } else if (!isLast) {
         width = std::max(width, metrics_.textWidth(control->caption()) + gap - button);
@@ -346,7 +382,7 @@ PageLayout::Blocks PageLayout::blocksOf(const Controls& controls, int width) {
   for (const Control* control : controls) descriptions.push_back(descriptionOf(*control));
   Controls shown;
   for (Control* control : controls) {
-    const auto* group = dynamic_cast<const GroupBox*>(control);
+    const auto* group = controls::as<GroupBox>(*control);
     const bool isDescription =
         std::find(descriptions.begin(), descriptions.end(), control) != descriptions.end();
     if (control->isVisible() && !isDescription && (!group || holdsAnythingShown(*group))) {
@@ -367,16 +403,16 @@ PageLayout::Blocks PageLayout::blocksOf(const Controls& controls, int width) {
     }
     inTable = false;
     Control& control = *shown[i++];
-    if (auto* editor = dynamic_cast<controls::QueryEditor*>(&control)) {
+    if (auto* editor = controls::as<controls::QueryEditor>(control)) {
       blocks.push_back(editorBlock(*editor));
-    } else if (auto* group = dynamic_cast<GroupBox*>(&control)) {
+    } else if (auto* group = controls::as<GroupBox>(control)) {
       std::vector<GroupBox*> run{group};
       const auto sideBySide = [&](const GroupBox& box) {
         const std::int32_t rule = ruleOf(box);
         return !grows(box) && !((rule & bottomSide) && !(rule & topSide));
       };
       while (sideBySide(*group) && i < shown.size()) {
-        auto* next = dynamic_cast<GroupBox*>(shown[i]);
+        auto* next = controls::as<GroupBox>(*shown[i]);
         if (!next || isEditor(*next) || !sideBySide(*next)) break;
         run.push_back(next);
         ++i;
@@ -394,12 +430,12 @@ PageLayout::Blocks PageLayout::blocksOf(const Controls& controls, int width) {
         line.push_back(shown[i++]);
       }
       blocks.push_back(lineBlock(line));
-    } else if (asCheck(control) && i < shown.size() && isWhole(*shown[i])) {
+    } else if (isCheck(control) && i < shown.size() && isWhole(*shown[i])) {
       blocks.push_back(headingBlock(control, *shown[i++]));
-    } else if (asCheck(control)) {
+    } else if (isCheck(control)) {
       Controls checks{&control};
       int right = fieldColumn() + checkWidth(control);
-      while (i < shown.size() && asCheck(*shown[i]) &&
+      while (i < shown.size() && isCheck(*shown[i]) &&
              !(i + 1 < shown.size() && isWhole(*shown[i + 1]))) {
         right += metrics_.px(checkGap) + checkWidth(*shown[i]);
         if (right > width) break;
@@ -444,7 +480,7 @@ void PageLayout::placeBlocks(const Blocks& blocks, const Rect& area) {
 void PageLayout::prepare(const Controls& controls, int width) {
   placements_.clear();
   const bool hasGroups = std::any_of(controls.begin(), controls.end(), [](const Control* control) {
-    return dynamic_cast<const GroupBox*>(control) != nullptr;
+    return controls::as<GroupBox>(*control) != nullptr;
   });
   const int column = hasGroups && width >= metrics_.px(twoColumnsFrom) ? width / 2 : width;
   captionColumn_ = std::min(captionColumn(controls), column * 45 / 100);
