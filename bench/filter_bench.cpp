@@ -34,14 +34,20 @@ class NoHost : public controls::ControlHost {
 class RestrictedEditor {
  public:
   RestrictedEditor() {
-    using Op = QueryOperator;
-    const QueryCondition texts[] = {
-        {Op::OneOf, {"ELE", "VER", "IDR"}}, {Op::Range, {"A", "Z"}}, {Op::Different, {"x'y"}}};
+    const char* const inputs[][2] = {{"in", "ELE; VER; IDR"}, {"<>", "x'y"}, {"starts", "A"}};
     std::size_t next = 0;
     for (const controls::QueryField& field : articlesSubject().fields) {
       editor.addField(field);
-      editor.setCondition(field.dataField, field.isNumeric ? QueryCondition{Op::Range, {"0", "2"}}
-                                                           : texts[next++ % std::size(texts)]);
+      controls::QueryEditor::Row& row = editor.row(editor.fieldCount() - 1);
+      if (field.isNumeric) {
+        row.op.choose("between");
+        row.first.type("0");
+        row.second.type("2");
+      } else {
+        const auto& [op, value] = inputs[next++ % std::size(inputs)];
+        row.op.choose(op);
+        row.first.type(value);
+      }
     }
   }
   std::string condition() {

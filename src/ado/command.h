@@ -7,17 +7,18 @@
 
 namespace kebu::ado {
 
-/// A stored procedure to call, its parameters taken by name from the
-/// procedure's own description at the first use.
+/// A stored procedure to call. Its parameters are read from the database when the
+/// first one is set.
 class Command {
  public:
   virtual ~Command() = default;
 
-  /// Nothing detaches the command from its connection.
+  /// Null detaches the command from its connection.
   virtual void setActiveConnection(const Ref<Connection>& connection) = 0;
   virtual void setCommandText(const std::string& procedure) = 0;
   /// `name` with its "@"; RuntimeError 3265 when the procedure has none such.
   virtual void setParameter(std::string_view name, const Value& value) = 0;
+  /// Calls the procedure with the parameters set.
   virtual void Execute() = 0;
 };
 

@@ -36,13 +36,13 @@ class Connection {
   /// read-only, or a closed recordset when it returns none. A failing statement
   /// raises RuntimeError and fills errors().
   virtual Ref<Recordset> Execute(const std::string& text) = 0;
-  /// Runs one statement whose rows nobody wants, which saves ADO making a
-  /// recordset: for the many short ones of a loop. Only waits for it.
+  /// Runs one statement without making a recordset, which is faster for the many
+  /// statements of a loop. Does not call the function of whileExecuting.
   virtual void ExecuteNoRecords(const std::string& text) = 0;
   /// From now on `meanwhile` may be called many times a second while a statement
   /// of Execute or of a recordset's Open or Requery runs, so that a window can be
-  /// painted. It must leave the connection and that recordset alone. An empty
-  /// function: they only wait, as at first.
+  /// painted. It must not use the connection or that recordset. An empty function,
+  /// as at first: nothing is called.
   virtual void whileExecuting(std::function<void()> meanwhile) = 0;
   /// What the provider said of the last failing call.
   virtual Errors errors() const = 0;

@@ -46,8 +46,7 @@ struct Field {
   std::uint8_t numericScale = 0;
 };
 
-/// The place of a field among others by its name, case aside; their number when
-/// it is not among them.
+/// The position of a field by its name, case aside; fields.size() when there is none.
 inline std::size_t indexOf(const std::vector<Field>& fields, std::string_view name) {
   const auto at = std::find_if(fields.begin(), fields.end(), [&](const Field& field) {
     return equalsIgnoringCase(field.name, name);
@@ -55,14 +54,14 @@ inline std::size_t indexOf(const std::vector<Field>& fields, std::string_view na
   return static_cast<std::size_t>(at - fields.begin());
 }
 
-/// The same; RuntimeError 3265 when it is not among them.
+/// The same; RuntimeError 3265 when there is none.
 inline std::size_t requireIndex(const std::vector<Field>& fields, std::string_view name) {
   const std::size_t index = indexOf(fields, name);
   if (index < fields.size()) return index;
   throw RuntimeError(3265, "Item cannot be found: " + std::string(name));
 }
 
-/// Rows of a statement with a current one, as ADO has them. Members keep ADO's
+/// The rows of a statement, one of which is the current one, as ADO has them. Members keep ADO's
 /// names and meaning; a wrong use raises RuntimeError with ADO's number (3021 no
 /// current record, 3265 no such field, 3704 closed, 3251 not updatable).
 /// Field names ignore case. Positions count from 1.
@@ -108,12 +107,17 @@ class Recordset {
   /// element a row; moves past them. -1 for all that are left.
   virtual std::vector<RowValues> GetRows(std::int32_t rows) = 0;
 
+  /// Begins a new row, which becomes the current one.
   virtual void AddNew() = 0;
   /// Sends the current row (batch lock: only keeps it for UpdateBatch).
   virtual void Update() = 0;
+  /// Discards the edit in progress.
   virtual void CancelUpdate() = 0;
+  /// Deletes the current row (batch lock: with UpdateBatch).
   virtual void Delete() = 0;
+  /// Sends the rows that Update kept.
   virtual void UpdateBatch() = 0;
+  /// Discards them.
   virtual void CancelBatch() = 0;
   virtual EditMode editMode() const = 0;
   /// Whether rows wait for UpdateBatch.

@@ -107,11 +107,6 @@ bool toBoolean(const Value& value) {
   return !toDecimal(value).isZero();
 }
 
-bool isDate(const Value& value) {
-  if (value.isText()) return runtimeLocale().parseDate(value.as<std::string>()).has_value();
-  return value.holds<Date>();
-}
-
 Date toDate(const Value& value) {
   if (value.holds<Date>()) return value.as<Date>();
   if (!value.isText()) return dateOf(toDecimal(value));

@@ -19,12 +19,12 @@ std::string toText(const Value& value);
 std::string toDisplay(const Value& value);
 /// Texts by the locale ("1.234,5" is 1234.5), true as -1, empty as 0.
 Decimal toDecimal(const Value& value);
+/// As toDecimal, rounded half to even.
 std::int16_t toInt16(const Value& value);
 std::int32_t toInt32(const Value& value);
 /// Numbers by "not 0"; the texts "True", "False", "Vero", "Falso" and number texts.
 bool toBoolean(const Value& value);
-/// Whether a value is a date or a text that reads as one in the locale.
-bool isDate(const Value& value);
+/// Texts by the locale, numbers as days since 30 December 1899.
 Date toDate(const Value& value);
 
 /// Equality as between two variants: numbers by value whatever their kind,
@@ -37,9 +37,11 @@ std::string toSqlNumber(const Value& value);
 
 /// Characters of a UTF-8 text.
 std::size_t characterCount(std::string_view utf8);
+/// Without blanks at both ends; other white space stays.
 std::string trim(std::string_view text);
 std::string trimRight(std::string text);
 std::string replaceAll(std::string text, std::string_view what, std::string_view with);
+/// Letters from a to z only.
 std::string toUpperAscii(std::string_view text);
 bool equalsIgnoringCase(std::string_view a, std::string_view b);
 

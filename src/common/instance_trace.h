@@ -6,8 +6,8 @@
 
 namespace kebu {
 
-/// The identity of a class's or window's instance, and the lines with which it
-/// tells the debugger of its beginning and end.
+/// The identifier of an instance of a class or window, and the lines that are
+/// written to the debugger when the instance is made and when it ends.
 class InstanceTrace {
  public:
   InstanceTrace(Platform& platform, std::string className)

@@ -8,9 +8,9 @@
 
 namespace kebu {
 
-/// A shared reference to an object that may be absent. Using an absent one is
-/// an ordinary run-time error (91), so that a host that hands out nothing ends
-/// in the error reporter instead of a crash.
+/// A shared reference to an object that may be absent. Using an absent one raises
+/// RuntimeError 91: a host that offers no such object leads to an error message
+/// and not to a crash.
 template <class T>
 class Ref {
  public:

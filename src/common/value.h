@@ -11,7 +11,7 @@
 
 namespace kebu {
 
-/// Anything that a host may pass through the plug-in without it knowing what it is.
+/// An object of the host that the plug-in passes on without knowing its class.
 class Object {
  public:
   virtual ~Object() = default;

@@ -13,14 +13,14 @@ class CheckBox : public BoundControl {
   ControlKind kind() const override { return ControlKind::CheckBox; }
 
   bool isTicked() const { return ticked_; }
-  /// Without the user's doing.
+  /// Sets it from the program: raises Click when it differs, but not AfterChange.
   void setTicked(bool ticked);
   Value value() const override { return static_cast<std::int16_t>(ticked_ ? 1 : 0); }
   void show(const Value& stored) override;
 
   /// The gesture.
   void tick(bool on);
-  /// It is ticked or cleared now, by the user or not.
+  /// It was ticked or cleared, by the user or by the program.
   Event<> Click;
   /// The user changed it.
   Event<> AfterChange;

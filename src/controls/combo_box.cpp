@@ -12,7 +12,7 @@ void ComboBox::clear() {
 
 void ComboBox::setRows(std::vector<Row> rows) {
   rows_ = std::move(rows);
-  hasStray_ = false;
+  hasAddedRow_ = false;
   selected_.reset();
   changed.raise();
 }
@@ -32,9 +32,9 @@ std::string ComboBox::text() const {
 
 void ComboBox::select(const Value& code) {
   selected_ = rowOf(code);
-  if (hasStray_ && selected_ != rows_.size() - 1) {
+  if (hasAddedRow_ && selected_ != rows_.size() - 1) {
     rows_.pop_back();
-    hasStray_ = false;
+    hasAddedRow_ = false;
   }
   ChangeRow.raise();
   changed.raise();
@@ -44,7 +44,7 @@ void ComboBox::setText(const std::string& code) {
   select(code.empty() ? Value(Null{}) : Value(code));
   if (code.empty() || selected_) return;
   rows_.push_back({code, code});
-  hasStray_ = true;
+  hasAddedRow_ = true;
   select(code);
 }
 

@@ -27,18 +27,18 @@ class ComboBox : public BoundControl {
   void setRows(std::vector<Row> rows);
   void addRow(Value code, std::string caption);
   const std::vector<Row>& rows() const { return rows_; }
-  /// The rows as a person finds them may show their codes too; off for captions only.
+  /// Whether views show the code beside the caption.
   bool showsCodes() const { return showsCodes_; }
   void setShowsCodes(bool shows) { showsCodes_ = shows; }
 
-  /// The chosen row; nothing when none is.
+  /// The chosen row; null when none is. Valid until the rows change.
   const Row* selected() const;
   /// The chosen code as text; "" when none is.
   std::string text() const;
   /// Chooses the row of that code; one without a row leaves the combo unselected.
   void select(const Value& code);
-  /// Shows a stored code. One without a row gets a row of its own, which stands
-  /// as long as it is the chosen one: what is stored is shown and never lost.
+  /// Shows a stored code. A code without a row gets one, which is removed when
+  /// another is chosen: a stored value that is not offered any more is not lost.
   void setText(const std::string& code);
   Value value() const override;
   void show(const Value& stored) override;
@@ -57,7 +57,7 @@ class ComboBox : public BoundControl {
 
   std::vector<Row> rows_;
   std::optional<std::size_t> selected_;
-  bool hasStray_ = false;  ///< the last row is one of setText's own
+  bool hasAddedRow_ = false;  ///< the last row was added by setText
   bool showsCodes_ = true;
 };
 

@@ -54,21 +54,24 @@ class Control : public host::NamedObject {
   const Size& size() const { return size_; }
   void setSize(const Size& size) { size_ = size; }
 
-  /// The control that this one stands in; its state counts for this one too.
+  /// The group that contains the control, null for none. While the group is hidden
+  /// or disabled, so is the control.
   Control* container() const { return container_; }
   void setContainer(Control& container) { container_ = &container; }
+  /// Whether a person can use it: isShown() and looksEnabled().
   bool isReachable() const;
+  /// Whether it and all its containers are visible.
   bool isShown() const;
-  /// Neither it nor a control around it is grey, seen or not.
+  /// Whether it and all its containers are enabled, visible or not.
   bool looksEnabled() const;
 
-  /// The control of that name, case aside: it or one that stands in it; nothing when there is none.
+  /// The control of that name, case aside: this one or one inside it; null when there is none.
   virtual Control* find(std::string_view name) { return isNamed(name) ? this : nullptr; }
 
-  /// Puts the texts shown into the user's language.
+  /// Replaces every text shown by its translation.
   virtual void translate(const Translator& translator);
 
-  /// What is shown changed; views draw again.
+  /// What is shown has changed; views draw again.
   Event<> changed;
 
  protected:

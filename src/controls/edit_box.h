@@ -17,7 +17,7 @@ class EditBox : public BoundControl {
   ControlKind kind() const override { return ControlKind::EditBox; }
 
   const std::string& text() const { return text_; }
-  /// Shows `text` without the user's doing: no events but the decoding.
+  /// Sets the text from the program: raises no event but StartDecode.
   void setText(const std::string& text);
   Value value() const override;
   bool isMissing() const override { return required_ && text_.empty(); }
@@ -30,26 +30,28 @@ class EditBox : public BoundControl {
   void setRequired(bool required);
   bool isMasked() const { return masked_; }
   void setMasked(bool masked) { masked_ = masked; }
-  /// Characters at the most; 0 without limit.
+  /// In characters; 0 without limit.
   std::size_t maxLength() const { return maxLength_; }
   void setMaxLength(std::size_t length);
-  /// Shown in the box while it is empty: what it takes.
+  /// Shown in the box while it is empty.
   const std::string& hint() const { return hint_; }
   void setHint(const std::string& hint);
-  /// Lines that a view shows; more than one for a text to be read.
+  /// The height of the box in lines of text.
   int lines() const { return lines_; }
   void setLines(int lines) { lines_ = lines; }
   /// The control that shows the description of the code in this box.
   void setDescription(Control& description) { description_ = &description; }
   const Control* description() const { return description_; }
-  /// Asks for the description afresh: what it depends on besides the code has changed.
+  /// Raises StartDecode again: the description depends on more than the code, and
+  /// that has changed.
   void decodeAgain();
   bool hasLookup() const { return StartLookup.hasHandlers(); }
 
-  /// The gestures: enter the box, replace its text, leave it; open the look-up.
+  /// The gesture: enter the box, replace its text, leave it.
   void type(const std::string& text);
+  /// The gesture: open the look-up.
   void lookup();
-  /// What a look-up chose, entered as if typed.
+  /// Takes the code that a look-up chose, as if typed.
   void enter(const Value& code);
 
   Event<> GotFocus;
@@ -60,6 +62,7 @@ class EditBox : public BoundControl {
   Event<> AfterItem;
   /// A code, and the description to fill in (empty when there is none).
   Event<const std::string&, std::string&> StartDecode;
+  /// The look-up is opened; the handler enters what was chosen.
   Event<EditBox&> StartLookup;
 
  private:

@@ -13,7 +13,7 @@
 
 namespace kebu::controls {
 
-/// A window: its controls by name, its place, and its life from load to unload.
+/// A window: its controls, its place in pixels, and its life from load to unload.
 class Form : public Control, public std::enable_shared_from_this<Form> {
  public:
   Form(std::string name, Desktop& desktop);
@@ -34,16 +34,16 @@ class Form : public Control, public std::enable_shared_from_this<Form> {
   std::vector<BoundControl*> boundControls() const;
   void translate(const Translator& translator) override;
 
-  /// Loads the window when it is not yet, shows and activates it. A modal one
-  /// returns when it is closed.
+  /// Loads the window when it is not yet loaded, shows and activates it. When
+  /// `modal`, returns after it is closed.
   void Show(bool modal);
   /// The window came to the front.
   void activate() { Form_Activate(); }
-  /// Closes the window unless it refuses; whether it is closed.
+  /// Closes the window unless Form_QueryUnload cancels; whether it is closed.
   bool Unload();
 
  protected:
-  /// The control; a group with all that stands in it, now and later.
+  /// Adds the control; a group with all that it contains, now and later.
   void add(Control& control);
   template <class... Controls>
   void addAll(Controls&... all) {

@@ -6,9 +6,7 @@
 
 namespace kebu::controls {
 
-class Form;
-
-/// Ties a window to the host's window that holds it.
+/// Ties a window to the host's window that owns it.
 class MdiContainer : public Control {
  public:
   using Control::Control;
@@ -16,20 +14,17 @@ class MdiContainer : public Control {
   static bool includes(ControlKind kind) { return kind == ControlKind::MdiContainer; }
   ControlKind kind() const override { return ControlKind::MdiContainer; }
 
-  /// The host's window for `form` to stand in; 0 for none.
-  void attach(Form& form, std::int32_t parentWindow) {
-    form_ = &form;
+  /// Takes the handle of the host's window that owns this window; 0 for none.
+  void attach(std::int32_t parentWindow) {
     parentWindow_ = parentWindow;
     changed.raise();
   }
-  Form* form() const { return form_; }
   std::int32_t parentWindow() const { return parentWindow_; }
 
-  /// The container is there.
+  /// The window is attached.
   Event<> FormLoad;
 
  private:
-  Form* form_ = nullptr;
   std::int32_t parentWindow_ = 0;
 };
 

@@ -14,16 +14,16 @@ struct Rights {
   bool canDelete = false;
 };
 
-/// The bar of record buttons. Bound to a frame it carries the frame's actions
-/// out and offers just what the frame's state and the user's rights allow.
-/// Unbound it offers to confirm and to undo what its page says is modified.
+/// The bar of record buttons. Bound to a frame it calls the frame's actions and
+/// enables those that the frame's state and the user's rights allow. Unbound it
+/// enables "Conferma" and "Annulla" while its page says that it is modified.
 class NavigatorBar : public Control {
  public:
   struct Button {
     std::string key;  ///< the Italian caption, by which handlers know it
     std::string caption;
     bool enabled = false;
-    bool offered = false;  ///< enabled, if the user's rights allow it
+    bool offered = false;  ///< whether it would be enabled if the user had all rights
   };
 
   NavigatorBar(std::string name, ControlHost& host, const std::vector<std::string>& keys);
@@ -39,18 +39,19 @@ class NavigatorBar : public Control {
 
   const std::vector<Button>& buttons() const { return buttons_; }
   bool isButtonEnabled(const std::string& key) const;
-  /// Never beyond the user's rights on the bound frame's records.
+  /// Enables only what the user's rights allow. An unknown key is ignored.
   void setButtonEnabled(const std::string& key, bool enabled);
-  /// Offers what the bound frame's state allows now.
+  /// Enables what the bound frame's state allows now.
   void refreshButtons();
-  /// A page for which the bar does something else sets the buttons itself: the
-  /// frame's state leaves them alone until the bar follows it again.
+  /// Whether the buttons follow the frame's state. A page for which the bar does
+  /// something else switches this off and sets the buttons itself.
   void setFollowsFrame(bool follows);
   void translate(const Translator& translator) override;
 
   /// The gesture, by key or by the caption shown.
   void press(const std::string& name);
-  /// A handler that sets the flag keeps the bar from acting itself.
+  /// A button was pressed, by its key; a handler that sets the flag keeps the bar
+  /// from calling the frame.
   Event<bool&, const std::string&> ButtonClick;
 
  private:

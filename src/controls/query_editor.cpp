@@ -161,25 +161,14 @@ QueryEditor::Row* QueryEditor::rowOf(std::string_view dataField) const {
   return at == rows_.end() ? nullptr : at->get();
 }
 
-QueryEditor::Row& QueryEditor::requireRow(std::string_view dataField) const {
-  Row* const row = rowOf(dataField);
-  if (!row) throw RuntimeError(5, Name() + " has no field " + std::string(dataField));
-  return *row;
-}
-
 std::string QueryEditor::predicateOf(const Row& row, const QueryCondition& condition) const {
   return compose_(columnOf(row.field), condition);
 }
 
 QueryCondition QueryEditor::condition(std::string_view dataField) const {
-  return conditionOf(requireRow(dataField));
-}
-
-void QueryEditor::setCondition(std::string_view dataField, const QueryCondition& condition) {
-  Row& row = requireRow(dataField);
-  static_cast<void>(predicateOf(row, condition));  // raises when there is none
-  state(row, condition);
-  recompose();
+  const Row* const row = rowOf(dataField);
+  if (!row) throw RuntimeError(5, Name() + " has no field " + std::string(dataField));
+  return conditionOf(*row);
 }
 
 void QueryEditor::state(Row& row, const QueryCondition& condition) {

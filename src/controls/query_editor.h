@@ -100,9 +100,6 @@ class QueryEditor : public GroupBox {
   std::string ComponiCondizione() const;
   /// The value stated on a field at that end; "" for none and for an unknown field.
   std::string value(std::string_view dataField, RangeEnd end) const;
-  /// States a condition without the user's doing. RuntimeError 5 for an unknown
-  /// field, 13 for a value that is no number where one belongs.
-  void setCondition(std::string_view dataField, const QueryCondition& condition);
   /// What is stated on a field. RuntimeError 5 for an unknown field.
   QueryCondition condition(std::string_view dataField) const;
   /// Asks for a field's descriptions afresh.
@@ -167,8 +164,6 @@ class QueryEditor : public GroupBox {
   void nameOperators();
   /// The row of a field; nothing when there is no such field.
   Row* rowOf(std::string_view dataField) const;
-  /// The same; RuntimeError 5 when there is no such field.
-  Row& requireRow(std::string_view dataField) const;
   std::string predicateOf(const Row& row, const QueryCondition& condition) const;
   std::string reversedRanges() const;
   void listen(Row& row);

@@ -41,7 +41,7 @@ void QueryGrid::setDataSource(const Ref<ado::Recordset>& rows) {
 }
 
 void QueryGrid::requery() {
-  // A grid that is painted meanwhile must not look at a recordset that is on its way.
+  // The grid may be painted while the statement runs, and must not read the recordset then.
   const Ref<ado::Recordset> rows = rows_;
   rows_.reset();
   cache_.attach(nullptr);

@@ -38,18 +38,18 @@ struct ValueListItem {
   std::string_view caption;
 };
 
-/// A column as a table of constants states it.
+/// A column, as written in a table of constants.
 struct GridColumn {
   std::string_view field;
   std::string_view caption;
-  std::int32_t width = 0;  ///< twips; 0 for a column that is there for its list alone
+  std::int32_t width = 0;  ///< twips; 0 for a hidden column, whose value list others borrow
   ColumnKind kind = ColumnKind::Text;
   const ValueListItem* items = nullptr;
   std::size_t itemCount = 0;
 };
 
-/// Rows of a recordset in columns. Cells are read as they are looked at; every
-/// edit goes to the recordset at once.
+/// Rows of a recordset in columns. Rows are read in blocks, when one of their cells
+/// is asked for; every edit is written to the recordset at once. Rows count from 1.
 class QueryGrid : public Control {
  public:
   using Items = std::vector<std::pair<std::int32_t, std::string>>;
@@ -70,18 +70,19 @@ class QueryGrid : public Control {
   /// Captions and value lists pass through `translator`.
   void addColumn(const GridColumn& definition, const Translator& translator);
   const std::vector<Column>& columns() const { return columns_; }
+  /// The column that identifies a row; its cells are not edited.
   void setKeyField(const std::string& field) { keyField_ = field; }
-  const std::string& keyField() const { return keyField_; }
   /// The column whose value marks a row's state (1 in order, 2 incomplete).
   void setRowStateField(const std::string& field) { rowStateField_ = field; }
   const std::string& rowStateField() const { return rowStateField_; }
 
-  /// Nothing takes the rows away.
+  /// Shows these rows; null for none.
   void setDataSource(const Ref<ado::Recordset>& rows);
   const Ref<ado::Recordset>& dataSource() const { return rows_; }
-  /// Runs the statement of the rows again and shows what it gives.
+  /// Runs the statement of the rows again and shows its result. An error leaves the
+  /// rows that the recordset has then.
   void requery();
-  /// Reads anew what is shown.
+  /// Reads the rows shown again.
   void refresh();
 
   std::int32_t rowCount() const { return cache_.rowCount(); }
@@ -89,24 +90,27 @@ class QueryGrid : public Control {
   /// the row as it was.
   void write(const std::vector<std::pair<std::string, Value>>& cells);
 
-  /// The current row, from 1; 0 without one.
+  /// 0 when there is no current row.
   std::int32_t currentRow() const;
+  /// The value of a field, shown in a column or not; empty for an unknown field.
+  /// RuntimeError 3021 when there is no such row.
   Value cell(std::int32_t row, std::string_view field);
-  /// What a person reads there: check cells as "1" or "0", codes by their captions.
-  /// `index` among columns().
+  /// The text shown in a cell: check cells as "1" or "0", codes by their captions.
+  /// `index` counts columns() from 0.
   std::string cellText(std::int32_t row, std::size_t index);
+  /// Whether the user cannot edit the cell.
   bool isLocked(std::int32_t row, const Column& column);
-  /// The value list of a cell: its column's, or the one that it borrows. Where
-  /// there is no such row the column's.
+  /// The value list of a cell: the one that it borrows, or else its column's, also
+  /// when there is no such row.
   const Items& itemsOf(std::int32_t row, const Column& column);
-  /// Nothing when the row state is not kept or null.
+  /// Null when no column holds the row's state.
   Value rowState(std::int32_t row);
 
   /// Tells which editable cells of a row are locked now.
   std::function<bool(std::int32_t row, const std::string& field)> cellLocked;
 
-  /// The gestures. Rows count from 1. A cell that cannot be edited there
-  /// raises GestureRefused; one that a handler refuses stays as it is.
+  /// The gestures. GestureRefused for a cell that does not exist or cannot be
+  /// edited that way; a cell whose edit a handler refuses stays as it is.
   void selectRow(std::int32_t row);
   void edit(std::int32_t row, const std::string& field, const Value& value);
   void tickCell(std::int32_t row, const std::string& field);
@@ -120,12 +124,12 @@ class QueryGrid : public Control {
   Event<const std::string&> OnEdited;
   /// A check cell of the current row is clicked, its value still the old one.
   Event<const std::string&, bool&> SelectionBoxClick;
-  /// All check cells of a column are being set; the flag refuses it.
+  /// All check cells of a column are about to be set; the flag refuses it.
   Event<const std::string&, bool, bool&> SelectAllClickEXT;
   /// The text of a description cell is wanted: row, field, text to fill in.
   Event<std::int32_t, const std::string&, std::string&> DataFormatEXT;
-  /// A value list cell is drawn or edited: row, field, and the column to fill in
-  /// whose list it borrows.
+  /// The value list of a cell is wanted: row, field, and the column to fill in from
+  /// which the cell borrows its list.
   Event<std::int32_t, const std::string&, std::string&> GetCellRenderColumn;
   /// The look-up of a code cell: field, and the code to fill in (empty: none chosen).
   Event<const std::string&, Value&> StartLookup;

@@ -146,7 +146,7 @@ bool RecordFrame::Update() {
     return false;
   }
   AfterUpdate.raise();
-  // A statement that was skipped on the user's word leaves its change pending.
+  // A statement that the user chose to skip leaves its change pending.
   setStatus(isRecordChanged() ? before : FrameStatus::Browsing);
   refreshControls();
   return status_ == FrameStatus::Browsing;

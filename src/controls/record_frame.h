@@ -26,20 +26,20 @@ class BoundControl : public Control {
   void bind(RecordFrame& frame, std::string dbField);
   RecordFrame* frame() const { return frame_; }
   const std::string& DBField() const { return dbField_; }
-  /// What the control holds, as the column would store it.
+  /// The value shown, as the column would store it.
   virtual Value value() const = 0;
-  /// Whether a value is required here and none is given.
+  /// Whether a value is required and none is entered.
   virtual bool isMissing() const { return false; }
-  /// Shows a value as the column keeps it; empty without a record.
+  /// Shows a stored value; empty when there is no record.
   virtual void show(const Value& stored) = 0;
   /// Shows the column's value of the current record.
   void refreshFromRecord() { show(recordValue()); }
 
  protected:
-  /// The column's value; empty without a record.
+  /// The column's value; empty when there is no record.
   Value recordValue() const;
-  /// Writes to the column. A value that the column cannot take is told to the
-  /// user, changes nothing, and gives false.
+  /// Writes to the column. When the column cannot take the value, tells the user and
+  /// returns false; nothing is changed.
   bool writeToRecord(const Value& value);
 
  private:
@@ -52,17 +52,17 @@ enum class FrameStatus : std::int16_t {
   Editing = 1,  ///< an existing record is being changed
   New = 2,
   Saving = 7,
-  SetByProcedure = 8  ///< as previous status only: a procedure changed the record itself
+  SetByProcedure = 8  ///< only as previous status: a procedure changed the record
 };
 
-/// What the frame is doing, in a word for people who look on.
+/// The status as an English word, for logs and scenarios.
 std::string nameOf(FrameStatus status);
 
 /// The record that a page shows: its bound controls, its child frames, its
 /// pending changes, and the events around saving, deleting and undoing.
 ///
-/// A child frame holds the one row that depends on its parent's record over a
-/// batch recordset; it is changed, saved and undone with its parent.
+/// A child frame holds the one row that belongs to its parent's record, in a batch
+/// recordset. It is changed, saved and undone with its parent.
 class RecordFrame : public Control {
  public:
   RecordFrame(std::string name, ControlHost& host);
@@ -75,26 +75,28 @@ class RecordFrame : public Control {
   void setDataSource(const Ref<ado::Recordset>& rows);
   const Ref<ado::Recordset>& dataSource() const { return rows_; }
 
-  /// Tells everyone that the current record is shown from now on.
+  /// Goes to Browsing, which raises ChangeStatus: pages show the current record.
   void showRecord() { setStatus(FrameStatus::Browsing); }
 
   FrameStatus status() const { return status_; }
   bool hasRecord() const;
   /// The current record's column; empty when there is no record.
   Value field(std::string_view name) const;
+  /// Writes it without a trap; a child without a row gets one first.
   void setField(std::string_view name, const Value& value);
-  /// Whether the record or what depends on it has changes that are not saved.
+  /// Whether the record, or anything saved with it, has unsaved changes.
   bool hasPendingChanges();
-  /// Whether this frame's own row has.
+  /// Whether this frame's own row has unsaved changes.
   bool isRecordChanged() const;
 
-  /// A change is about to be made: an existing record becomes one being
-  /// changed, and without a record a new one is begun.
+  /// Call before a change: an existing record goes to Editing; when there is none,
+  /// a new one is begun.
   void beginEdit();
-  /// Something that is saved with the record was changed outside of it.
+  /// Call when something outside the record was changed that is saved with it.
   void markModified();
 
-  /// The user's actions. False when it was refused or left.
+  /// The user's actions. False when a handler refused, a value is missing, or the
+  /// procedure was left after an error.
   bool New();
   bool Update();
   bool Delete();
@@ -112,7 +114,7 @@ class RecordFrame : public Control {
   /// New and previous status.
   Event<FrameStatus, FrameStatus> ChangeStatus;
   Event<bool&> IsRecordChanged;
-  /// The status or the pending changes may differ from before.
+  /// The status or the pending changes may have changed.
   Event<> stateChanged;
 
  private:

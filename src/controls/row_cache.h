@@ -7,16 +7,18 @@
 
 namespace kebu::controls {
 
-/// Reads rows of a recordset by position, a block at a time, through a cursor
-/// of its own: what is looked at costs one block, whatever the number of rows.
+/// Reads rows of a recordset by position, in blocks, through a clone with a
+/// position of its own. The last block read is kept.
 class RowCache {
  public:
+  /// Reads from these rows; null or closed ones count as none.
   void attach(const Ref<ado::Recordset>& rows);
-  /// Forgets what was read; the next look reads anew.
+  /// Forgets the block that was read.
   void invalidate() { block_.clear(); }
 
   std::int32_t rowCount() const;
-  /// The values of row `position`, from 1, in the order of the fields.
+  /// The values of row `position`, from 1, in the order of the fields. Valid until
+  /// the next call; RuntimeError 3021 when there is no such row.
   const RowValues& row(std::int32_t position);
 
  private:

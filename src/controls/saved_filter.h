@@ -8,7 +8,7 @@
 
 namespace kebu::controls {
 
-/// A field with what is stated on it, as a saved filter holds it.
+/// A field and the condition on it.
 struct SavedCondition {
   std::string dataField;
   QueryCondition condition;
@@ -16,10 +16,11 @@ struct SavedCondition {
   friend bool operator==(const SavedCondition&, const SavedCondition&) = default;
 };
 
-/// The text under which a filter is kept: a line that tells the format,
-/// then one a field with tabs between its name, operator and values. Never empty.
+/// The text in which a filter is stored: a line with the format's name and version,
+/// then a line for each field with tabs between its name, operator and values.
+/// Never empty.
 std::string writeFilter(const std::vector<SavedCondition>& conditions);
-/// And back; RuntimeError 5 for a text of another kind.
+/// Reads that text; RuntimeError 5 for another text.
 std::vector<SavedCondition> readFilter(std::string_view text);
 
 }  // namespace kebu::controls

@@ -16,7 +16,7 @@ class Label : public Control {
   static bool includes(ControlKind kind) { return kind == ControlKind::Label; }
   ControlKind kind() const override { return ControlKind::Label; }
 
-  /// A text that is not to be overlooked.
+  /// Whether views draw the text as a warning.
   bool isWarning() const { return warning_; }
   void setWarning(bool warning) { warning_ = warning; }
 
@@ -42,7 +42,7 @@ class GroupBox : public Control {
   ControlKind kind() const override { return ControlKind::GroupBox; }
   Control* find(std::string_view name) override;
 
-  /// Puts `child` into this group, after those that are there.
+  /// Adds `child` behind the controls that the group has.
   void add(Control& child);
   template <class... Controls>
   void addAll(Controls&... all) {
@@ -50,7 +50,7 @@ class GroupBox : public Control {
   }
   /// The controls of the group, in the order in which they were added.
   const std::vector<Control*>& children() const { return children_; }
-  /// A control came into the group.
+  /// A control was added to the group.
   Event<Control&> ChildAdded;
 
  private:
@@ -68,8 +68,8 @@ class Button : public Control {
   Event<> ButtonClick;
 };
 
-/// A bar with a text that moves while something long is at work, or shows how
-/// much of it is done when that can be counted.
+/// Shows that long work is running: a moving bar with a text, or the part that is
+/// done when that can be counted.
 class ProgressBar : public Control {
  public:
   explicit ProgressBar(std::string name);
@@ -81,22 +81,22 @@ class ProgressBar : public Control {
   void setAnimated(bool animated);
   const std::string& text() const { return text_; }
   void setText(const std::string& text);
-  /// Whether the text stays when the bar stops; off for this system's bar.
-  bool keepsText() const { return keepsText_; }
+  /// Whether the text stays when the bar stops.
   void setKeepsText(bool keeps) { keepsText_ = keeps; }
   void moveTo(std::int32_t left, std::int32_t top);
   std::int32_t left() const { return left_; }
   std::int32_t top() const { return top_; }
   void bringToFront() { changed.raise(); }
   bool isRunning() const { return running_; }
-  /// Begins; how much is to be done is not known yet.
+  /// Shows the bar; the amount of work is not known yet.
   void start();
-  /// From 0 on, `maximum` things are to be done.
+  /// Sets the number of things to be done, and the position to 0.
   void setMaximum(std::int32_t maximum);
-  /// How many are done; true when the bar looks different from before.
+  /// Sets how many are done; true when percent() differs from before.
   bool setPosition(std::int32_t position);
-  /// 0 to 100; nothing while it is not known how much is to be done.
+  /// 0 to 100; nothing while the amount of work is not known.
   std::optional<std::int32_t> percent() const;
+  /// Hides the bar.
   void stop();
 
  private:
@@ -128,7 +128,7 @@ class StatusBar : public Control {
   bool animated_ = false;
 };
 
-/// Links to the pages, by view number.
+/// Links to the pages, each with the number of its view.
 class SideBar : public Control {
  public:
   struct Link {
@@ -143,7 +143,7 @@ class SideBar : public Control {
 
   void addLink(std::int32_t view, const std::string& text);
   const std::vector<Link>& links() const { return links_; }
-  /// The link shown as chosen; nothing before the first.
+  /// The link shown as chosen; null when none is.
   const Link* selected() const;
   void selectFirst();
   /// Shows the link of `view` as chosen, without an event.
@@ -161,9 +161,11 @@ class SideBar : public Control {
   std::size_t selected_ = static_cast<std::size_t>(-1);
 };
 
-/// Controls that follow the window's size, in the order of registration.
+/// Knows which controls follow the window's size, in the order of registration.
 class ResizeManager : public Control {
  public:
+  /// `rule` adds up the sides that the control keeps its distance to: left 1,
+  /// top 2, right 4, bottom 8.
   struct Registration {
     std::string control;
     std::int32_t rule = 0;
@@ -176,7 +178,7 @@ class ResizeManager : public Control {
 
   void registerControl(const std::string& control, std::int32_t rule);
   const std::vector<Registration>& registrations() const { return registrations_; }
-  /// Asks once for the registrations and lets views lay the window out.
+  /// Raises Setup when nothing is registered yet; views lay the window out.
   void layOut();
   Event<ResizeManager&> Setup;
 

@@ -79,7 +79,8 @@ struct LookupDefinition {
   std::string title;
   std::string statement;
   std::vector<std::string> captions;
-  /// Under which the host keeps what users do to the list's looks; "" for its own lists.
+  /// The key under which the host stores a user's layout of the list; "" for the host's
+  /// own lists.
   std::string key{};
 };
 
@@ -90,16 +91,17 @@ class LookupService : public Service {
   virtual LookupDefinition Customers(const std::string& company) = 0;
   /// The configurator's variants ("Lkp_Configuratore"), by their numbers.
   virtual LookupDefinition Configurator(const std::string& company) = 0;
-  /// The customers with the name first, which is what is taken.
+  /// The customers; the first column, which is taken, is the name.
   virtual LookupDefinition CustomerNames(const std::string& company) = 0;
   virtual LookupDefinition Suppliers(const std::string& company) = 0;
-  /// The codes of the ERP table with the prefix `table`, under the codes of the levels above
-  /// when there are any; what has no table goes by its column ("PD18_INDTIPOPROD").
+  /// The codes of the ERP table with the prefix `table`, restricted to the codes of the levels
+  /// above when `upperKeys` has any. A field without a table of its own is named by its column
+  /// ("PD18_INDTIPOPROD").
   virtual LookupDefinition Codes(const std::string& table, const std::string& company,
                                  const std::vector<std::string>& upperKeys) = 0;
 };
 
-/// The conditions that users save by name under a storage key.
+/// The filters that users save by name under a storage key.
 class SavedFilterService : public Service {
  public:
   /// The stored text; empty when there is none.
@@ -108,8 +110,8 @@ class SavedFilterService : public Service {
                     bool isDefault) = 0;
 };
 
-/// Object models in which windows and frames are registered by name; an entry
-/// comes back as the object to use from then on.
+/// An object model, in which windows and frames are registered by name. Register
+/// gives the object to use from then on.
 class ObjectModel : public Service {
  public:
   virtual Ref<NamedObject> Register(const std::string& name, const Ref<NamedObject>& object,

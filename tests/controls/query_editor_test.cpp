@@ -231,7 +231,7 @@ TEST_F(QueryEditorTest, RemovedFieldsRestrictNothing) {
   while (editor.fieldCount() > 0) editor.removeLastField();
   EXPECT_FALSE(removed.op.isVisible());  // a view may still look at it
   EXPECT_EQ(editor.ComponiCondizione(), "");
-  EXPECT_THROW(editor.setCondition("FAM", {}), RuntimeError);
+  EXPECT_THROW(editor.condition("FAM"), RuntimeError);
 }
 
 }  // namespace

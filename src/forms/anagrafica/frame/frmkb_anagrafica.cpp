@@ -116,7 +116,7 @@ void FRMKB_ANAGRAFICA::Form_Load() {
 void FRMKB_ANAGRAFICA::MDIActiveX1_FormLoad() {
   trap(services_, "MDIActiveX1_FormLoad", [&](Steps& step) {
     placeWindow(step);
-    step([&] { MDIActiveX1.attach(*this, host()->hwndParent()); });
+    step([&] { MDIActiveX1.attach(host()->hwndParent()); });
   });
 }
 
