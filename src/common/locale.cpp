@@ -96,7 +96,7 @@ std::string withPoint(std::string whole, std::string fraction, int exponent) {
   } else if (exponent < 0) {
     whole.insert(0, shift, '0');
     fraction.insert(0, whole.substr(whole.size() - shift));
-    whole.resize(whole.size() - shift);
+    whole.erase(whole.size() - shift);
   }
   return "0" + whole + (fraction.empty() ? "" : "." + fraction);
 }
