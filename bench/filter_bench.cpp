@@ -55,7 +55,7 @@ class RestrictedEditor {
   }
 
   NoHost host;
-  controls::QueryEditor editor{"ENHQUERY_ART", host, sql::composePredicate};
+  controls::QueryEditor editor{"ENHQUERY_ART", host, sql::queryComposer};
 };
 
 void ComposeCondition(benchmark::State& state) {

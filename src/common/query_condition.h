@@ -34,6 +34,15 @@ struct QueryCondition {
   friend bool operator==(const QueryCondition&, const QueryCondition&) = default;
 };
 
+/// Writes conditions in the language of the database.
+struct QueryComposer {
+  /// The predicate of a condition, "" for one that restricts nothing. RuntimeError 13
+  /// for a value that the column cannot be compared with.
+  std::string (*predicate)(const QueryColumn& column, const QueryCondition& condition);
+  /// All predicates together, to be put behind another condition; "" when all are "".
+  std::string (*conjunction)(const std::vector<std::string>& predicates);
+};
+
 /// Whether `text` is a whole number of at most 18 digits, as numeric columns take it.
 bool isWholeNumber(std::string_view text);
 /// The number without leading zeros, "-7" for "-007"; RuntimeError 13 when

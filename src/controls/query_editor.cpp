@@ -74,10 +74,10 @@ QueryOperator QueryEditor::Row::chosen() const {
   return operatorByCode(op.text()).value_or(QueryOperator::Any);
 }
 
-QueryEditor::QueryEditor(std::string name, ControlHost& host, PredicateComposer compose)
+QueryEditor::QueryEditor(std::string name, ControlHost& host, const QueryComposer& composer)
     : GroupBox(std::move(name)),
       host_(host),
-      compose_(std::move(compose)),
+      composer_(composer),
       text_(composedTextName(Name()), "Condizione"),
       count_(Name() + ".CONTA", "Conta"),
       answer_(Name() + ".ESITO"),
@@ -162,7 +162,7 @@ QueryEditor::Row* QueryEditor::rowOf(std::string_view dataField) const {
 }
 
 std::string QueryEditor::predicateOf(const Row& row, const QueryCondition& condition) const {
-  return compose_(columnOf(row.field), condition);
+  return composer_.predicate(columnOf(row.field), condition);
 }
 
 QueryCondition QueryEditor::condition(std::string_view dataField) const {
@@ -191,11 +191,9 @@ std::vector<QueryEditor::Item> QueryEditor::items() const {
 }
 
 std::string QueryEditor::ComponiCondizione() const {
-  std::string text;
-  for (const Item& item : items()) {
-    if (!item.Condizione.empty()) text += " AND (" + item.Condizione + ")";
-  }
-  return text;
+  std::vector<std::string> predicates;
+  for (Item& item : items()) predicates.push_back(std::move(item.Condizione));
+  return composer_.conjunction(predicates);
 }
 
 std::string QueryEditor::value(std::string_view dataField, RangeEnd end) const {

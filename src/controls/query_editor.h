@@ -1,7 +1,6 @@
 #pragma once
 
 #include <cstdint>
-#include <functional>
 #include <memory>
 #include <optional>
 #include <string>
@@ -46,10 +45,6 @@ struct QueryRequest {
   RangeEnd end;
 };
 
-/// Writes the predicate of a condition, "" for one that restricts nothing.
-/// RuntimeError 13 for a value that the column cannot be compared with.
-using PredicateComposer = std::function<std::string(const QueryColumn&, const QueryCondition&)>;
-
 /// The enhanced query editor: a row of operator and values for each declared
 /// field, the predicates that come of them, and filters saved by name
 /// in the host's store.
@@ -74,7 +69,7 @@ class QueryEditor : public GroupBox {
     std::string Condizione;  ///< "" when the field restricts nothing
   };
 
-  QueryEditor(std::string name, ControlHost& host, PredicateComposer compose);
+  QueryEditor(std::string name, ControlHost& host, const QueryComposer& composer);
 
   static bool includes(ControlKind kind) { return kind == ControlKind::QueryEditor; }
   ControlKind kind() const override { return ControlKind::QueryEditor; }
@@ -96,7 +91,7 @@ class QueryEditor : public GroupBox {
 
   /// In the order of declaration.
   std::vector<Item> items() const;
-  /// All items put together, each behind " AND "; "" when nothing is restricted.
+  /// The conjunction of all items; "" when nothing is restricted.
   std::string ComponiCondizione() const;
   /// The value stated on a field at that end; "" for none and for an unknown field.
   std::string value(std::string_view dataField, RangeEnd end) const;
@@ -181,7 +176,7 @@ class QueryEditor : public GroupBox {
   std::string translated(std::string_view text) const;
 
   ControlHost& host_;
-  PredicateComposer compose_;
+  QueryComposer composer_;
   Surroundings surroundings_;
   std::string storageKey_;
   Translator translator_;

@@ -113,4 +113,12 @@ std::string composePredicate(const QueryColumn& column, const QueryCondition& co
   return "";
 }
 
+std::string composeConjunction(const std::vector<std::string>& predicates) {
+  std::string text;
+  for (const std::string& predicate : predicates) {
+    if (!predicate.empty()) text += " AND (" + predicate + ")";
+  }
+  return text;
+}
+
 }  // namespace kebu::sql

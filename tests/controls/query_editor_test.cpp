@@ -59,7 +59,7 @@ class QueryEditorTest : public testing::Test {
 
   std::shared_ptr<MapStore> store = std::make_shared<MapStore>();
   RecordingHost host;
-  QueryEditor editor{"EDITOR", host, sql::composePredicate};
+  QueryEditor editor{"EDITOR", host, sql::queryComposer};
   Names changes;
   Names decodes;
   std::optional<Value> answer;
@@ -186,7 +186,7 @@ TEST_F(QueryEditorTest, SavedFiltersComeBackInAnotherEditor) {
   EXPECT_TRUE(store->lastIsDefault);
   changes.clear();
 
-  QueryEditor other("OTHER", host, sql::composePredicate);
+  QueryEditor other("OTHER", host, sql::queryComposer);
   declare(other);
   ASSERT_TRUE(other.loadFilter("Filtro"));
   EXPECT_EQ(other.ComponiCondizione(), editor.ComponiCondizione());

@@ -191,7 +191,8 @@ TEST_F(PageLayoutTest, SizesFollowTheResolution) {
 }
 
 TEST_F(PageLayoutTest, AQueryEditorHasALineForEachField) {
-  const auto nothing = [](const QueryColumn&, const QueryCondition&) { return std::string(); };
+  const QueryComposer nothing{[](const auto&, const auto&) { return std::string(); },
+                              [](const auto&) { return std::string(); }};
   QueryEditor editor("EDITOR", host, nothing);
   const auto declare = [&](const char* caption, bool lookup, std::size_t length) {
     editor.addField(

@@ -19,7 +19,7 @@ constexpr std::int32_t withTheWindow = 15;  // resize rule: keeps to all four si
 
 SelectionDialog::SelectionDialog(const Kind& kind, SelectionCaller& caller)
     : Form(kind.name, caller.context.runtime().desktop),
-      editor_(kind.editor, caller.context.services, sql::composePredicate),
+      editor_(kind.editor, caller.context.services, sql::queryComposer),
       CMD_OK("CMD_OK", "OK"),
       CMD_ANNULLA("CMD_ANNULLA", "Annulla"),
       kind_(kind),

@@ -19,8 +19,8 @@ struct FilterPages::Filter {
 };
 
 FilterPages::FilterPages(PageContext& context)
-    : ENHQUERY_CLI("ENHQUERY_CLI", context.services, sql::composePredicate),
-      ENHQUERY_ART("ENHQUERY_ART", context.services, sql::composePredicate),
+    : ENHQUERY_CLI("ENHQUERY_CLI", context.services, sql::queryComposer),
+      ENHQUERY_ART("ENHQUERY_ART", context.services, sql::queryComposer),
       context_(context),
       customers_(context, ENHQUERY_CLI, customersSubject()),
       articles_(context, ENHQUERY_ART, articlesSubject()) {
