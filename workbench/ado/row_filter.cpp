@@ -6,7 +6,8 @@
 
 #include "common/convert.h"
 #include "workbench/ado/ado_error.h"
-#include "workbench/engine/functions/functions.h"
+#include "workbench/engine/functions/collation.h"
+#include "workbench/engine/functions/like_pattern.h"
 #include "workbench/engine/syntax/lexer.h"
 #include "workbench/engine/syntax/parser.h"
 #include "workbench/engine/values/cast.h"

@@ -6,6 +6,7 @@
 #include <type_traits>
 
 #include "workbench/engine/execution/database.h"
+#include "workbench/engine/functions/collation.h"
 #include "workbench/engine/functions/functions.h"
 
 namespace kebu::engine {

@@ -26,11 +26,6 @@ std::span<const FunctionEntry> numberFunctions();
 std::span<const FunctionEntry> textFunctions();
 std::span<const FunctionEntry> dateFunctions();
 
-/// Negative, 0 or positive, as texts sort: case and trailing blanks do not count.
-int compareTexts(std::string_view a, std::string_view b);
-/// LIKE: % for any text, _ for a character, [a-f] and [^a-f] for one of a set.
-bool matchesLike(std::string_view text, std::string_view pattern, std::string_view escape = {});
-
 /// Whether any argument is null; the result of most functions then is null.
 bool anyNull(CellArguments args);
 std::string_view textAt(CellArguments args, std::size_t index);

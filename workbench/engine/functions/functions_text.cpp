@@ -4,151 +4,23 @@
 #include <array>
 
 #include "common/convert.h"
+#include "workbench/engine/functions/characters.h"
 #include "workbench/engine/functions/functions.h"
+#include "workbench/engine/functions/like_pattern.h"
 #include "workbench/engine/values/cast.h"
 #include "workbench/engine/values/sql_error.h"
 
 namespace kebu::engine {
 namespace {
 
-constexpr char32_t broken = 0xFFFD;
-
-char32_t nextCharacter(std::string_view& utf8) {
-  const auto lead = static_cast<unsigned char>(utf8.front());
-  utf8.remove_prefix(1);
-  if (lead < 0x80) return lead;
-  const int following = lead >= 0xF0 ? 3 : lead >= 0xE0 ? 2 : lead >= 0xC0 ? 1 : 0;
-  if (following == 0) return broken;
-  char32_t character = lead & (0x3FU >> following);
-  for (int i = 0; i < following; ++i) {
-    if (utf8.empty() || (utf8.front() & 0xC0) != 0x80) return broken;
-    character = character << 6 | (static_cast<unsigned char>(utf8.front()) & 0x3FU);
-    utf8.remove_prefix(1);
-  }
-  return character;
-}
-
-void append(std::string& utf8, char32_t c) {
-  if (c < 0x80) {
-    utf8 += static_cast<char>(c);
-  } else if (c < 0x800) {
-    utf8 += static_cast<char>(0xC0 | c >> 6);
-    utf8 += static_cast<char>(0x80 | (c & 0x3F));
-  } else if (c < 0x10000) {
-    utf8 += static_cast<char>(0xE0 | c >> 12);
-    utf8 += static_cast<char>(0x80 | (c >> 6 & 0x3F));
-    utf8 += static_cast<char>(0x80 | (c & 0x3F));
-  } else {
-    utf8 += static_cast<char>(0xF0 | c >> 18);
-    utf8 += static_cast<char>(0x80 | (c >> 12 & 0x3F));
-    utf8 += static_cast<char>(0x80 | (c >> 6 & 0x3F));
-    utf8 += static_cast<char>(0x80 | (c & 0x3F));
-  }
-}
-
-/// Latin, Greek and Cyrillic letters.
-char32_t lower(char32_t c) {
-  if (c < 0x80) return c >= 'A' && c <= 'Z' ? c + 32 : c;
-  if ((c >= 0xC0 && c <= 0xDE && c != 0xD7) || (c >= 0x391 && c <= 0x3A9) ||
-      (c >= 0x410 && c <= 0x42F))
-    return c + 32;
-  if (c >= 0x400 && c <= 0x40F) return c + 80;
-  const bool evenIsUpper = (c >= 0x100 && c <= 0x137) || (c >= 0x14A && c <= 0x177);
-  const bool oddIsUpper = (c >= 0x139 && c <= 0x148) || (c >= 0x179 && c <= 0x17E);
-  if ((evenIsUpper && c % 2 == 0) || (oddIsUpper && c % 2 == 1)) return c + 1;
-  return c == 0x178 ? 0xFF : c;
-}
-
-char32_t upper(char32_t c) {
-  if (c < 0x80) return c >= 'a' && c <= 'z' ? c - 32 : c;
-  if (c == 0xFF) return 0x178;
-  for (const char32_t candidate : {c - 32, c - 80, c - 1}) {
-    if (lower(candidate) == c) return candidate;
-  }
-  return c;
-}
-
-std::u32string decoded(std::string_view utf8) {
-  std::u32string characters;
-  characters.reserve(utf8.size());
-  while (!utf8.empty()) characters += nextCharacter(utf8);
-  return characters;
-}
-
-std::string encoded(std::u32string_view characters) {
-  std::string utf8;
-  utf8.reserve(characters.size());
-  for (const char32_t c : characters) append(utf8, c);
-  return utf8;
-}
-
-std::u32string lowered(std::string_view utf8) {
-  std::u32string characters = decoded(utf8);
-  std::transform(characters.begin(), characters.end(), characters.begin(), lower);
-  return characters;
-}
-
-std::string_view withoutTrailingBlanks(std::string_view text) {
-  return text.substr(0, text.find_last_not_of(' ') + 1);
-}
-
-/// A LIKE pattern: % for any text, _ for a character, [a-f] and [^a-f] for one of a set.
-class Pattern {
- public:
-  Pattern(std::u32string_view pattern, char32_t escape) : pattern_(pattern), escape_(escape) {}
-
-  bool matches(std::u32string_view text) const { return matchesFrom(0, text); }
-
- private:
-  bool matchesFrom(std::size_t at, std::u32string_view text) const {
-    for (; at < pattern_.size(); text.remove_prefix(1)) {
-      const char32_t c = pattern_[at];
-      if (c == U'%') {
-        while (at < pattern_.size() && pattern_[at] == U'%') ++at;
-        for (std::size_t skipped = 0; skipped <= text.size(); ++skipped) {
-          if (matchesFrom(at, text.substr(skipped))) return true;
-        }
-        return false;
-      }
-      if (text.empty()) return false;
-      if (escape_ != 0 && c == escape_ && at + 1 < pattern_.size()) {
-        if (pattern_[at + 1] != text.front()) return false;
-        at += 2;
-      } else if (c == U'[' && pattern_.find(U']', at + 1) != std::u32string_view::npos) {
-        const std::size_t close = pattern_.find(U']', at + 1);
-        if (!inSet(pattern_.substr(at + 1, close - at - 1), text.front())) return false;
-        at = close + 1;
-      } else {
-        if (c != U'_' && c != text.front()) return false;
-        ++at;
-      }
-    }
-    // Trailing blanks of the text do not count.
-    return text.find_first_not_of(U' ') == std::u32string_view::npos;
-  }
-
-  static bool inSet(std::u32string_view set, char32_t c) {
-    const bool negated = !set.empty() && set.front() == U'^';
-    if (negated) set.remove_prefix(1);
-    for (std::size_t i = 0; i < set.size(); ++i) {
-      if (i + 2 < set.size() && set[i + 1] == U'-') {
-        if (c >= set[i] && c <= set[i + 2]) return !negated;
-        i += 2;
-      } else if (set[i] == c) {
-        return !negated;
-      }
-    }
-    return negated;
-  }
-
-  std::u32string_view pattern_;
-  char32_t escape_;
-};
-
 /// kb_like(text, pattern[, escape])
 Cell like(CellArguments args) {
   if (anyNull(args)) return {};
   const std::string_view escape = args.size() > 2 ? textAt(args, 2) : std::string_view();
+  if (args.size() > 2 && characterCount(escape) != 1) {
+    throw SqlError(506, "The invalid escape character \"" + std::string(escape) +
+                            "\" was specified in a LIKE predicate.");
+  }
   return Cell::of(matchesLike(textAt(args, 0), textAt(args, 1), escape) ? 1 : 0);
 }
 
@@ -284,30 +156,6 @@ constexpr std::array entries{
 
 std::span<const FunctionEntry> textFunctions() {
   return entries;
-}
-
-bool matchesLike(std::string_view text, std::string_view pattern, std::string_view escape) {
-  const std::u32string folded = lowered(pattern);
-  return Pattern(folded, escape.empty() ? 0 : lowered(escape).front()).matches(lowered(text));
-}
-
-int compareTexts(std::string_view a, std::string_view b) {
-  a = withoutTrailingBlanks(a);
-  b = withoutTrailingBlanks(b);
-  while (!a.empty() && !b.empty()) {
-    if (a.front() == b.front() && static_cast<unsigned char>(a.front()) < 0x80) {
-      a.remove_prefix(1);
-      b.remove_prefix(1);
-      continue;
-    }
-    const char32_t x = lower(nextCharacter(a));
-    const char32_t y = lower(nextCharacter(b));
-    if (x != y) return x < y ? -1 : 1;
-  }
-  // The shorter text compares as if it were filled with blanks.
-  if (a.empty() && b.empty()) return 0;
-  return a.empty() ? (static_cast<unsigned char>(b.front()) < ' ' ? 1 : -1)
-                   : (static_cast<unsigned char>(a.front()) < ' ' ? -1 : 1);
 }
 
 }  // namespace kebu::engine
