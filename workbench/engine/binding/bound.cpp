@@ -201,7 +201,9 @@ Bound arithmetic(ArithmeticOperator op, const Bound& left, const Bound& right) {
     constexpr int maxSize = 8000;
     if (type.size >= 0) type.size = std::min(a.type.size + b.type.size, maxSize);
     if (type.kind == TypeKind::Char) type.kind = TypeKind::VarChar;
-    return {"(" + a.sql + " || " + b.sql + ")", type, nullable};
+    // A long chain takes one pair of parentheses only: SQLite limits how many may be nested.
+    const std::string first = a.isConcatenation ? a.sql.substr(1, a.sql.size() - 2) : a.sql;
+    return {"(" + first + " || " + b.sql + ")", type, nullable, {}, true};
   }
   if (op == ArithmeticOperator::Add && a.type.isInteger() && b.type.isDate()) std::swap(a, b);
   if (clash(a.type, b.type)) throw operandClash(a.type, b.type);

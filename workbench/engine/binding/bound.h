@@ -13,7 +13,8 @@ struct Bound {
   std::string sql;
   SqlType type;
   bool nullable = true;
-  std::string baseColumn = {};  ///< when it is a table's column and nothing else
+  std::string baseColumn = {};   ///< when it is a table's column and nothing else
+  bool isConcatenation = false;  ///< it is texts joined by "||", in parentheses
 };
 
 /// Whether T-SQL has no conversion between the types: numbers and date.

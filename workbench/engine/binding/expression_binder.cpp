@@ -54,7 +54,7 @@ SqlError oneColumnOnly() {
 }  // namespace
 
 Bound ExpressionBinder::value(const ast::Expr& expr, const Scope& scope) {
-  return std::visit(
+  Bound result = std::visit(
       Overloaded{[&](const ast::Literal& node) { return literal(node); },
                  [&](const ast::Variable& node) { return context_.variable(node.name, expr.at); },
                  [&](const ast::Column& node) { return resolveColumn(scope, node); },
@@ -75,6 +75,8 @@ Bound ExpressionBinder::value(const ast::Expr& expr, const Scope& scope) {
                    throw SqlError(102, "A condition stands where a value is expected.");
                  }},
       expr.node);
+  BindingContext::checkSize(result.sql);
+  return result;
 }
 
 std::string ExpressionBinder::condition(const ast::Expr& expr, const Scope& scope) {
@@ -107,7 +109,9 @@ std::string ExpressionBinder::logical(const ast::Logical& node, const Scope& sco
   std::vector<std::string> operands;
   operands.reserve(node.operands.size());
   for (const auto& operand : node.operands) operands.push_back(condition(*operand, scope));
-  return joined(node.op, operands);
+  std::string sql = joined(node.op, operands);
+  BindingContext::checkSize(sql);
+  return sql;
 }
 
 Bound ExpressionBinder::subquery(const ast::Subquery& node, const Scope& scope) {
@@ -164,7 +168,9 @@ std::string ExpressionBinder::in(const ast::In& node, const Scope& scope) {
   for (const auto& item : node.list) {
     comparisons.push_back(comparison(ComparisonOperator::Equal, operand, value(*item, scope)));
   }
-  return joined(LogicalOperator::Or, comparisons);
+  std::string sql = joined(LogicalOperator::Or, comparisons);
+  BindingContext::checkSize(sql);
+  return sql;
 }
 
 std::string ExpressionBinder::like(const ast::Like& node, const Scope& scope) {

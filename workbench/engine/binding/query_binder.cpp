@@ -107,8 +107,10 @@ std::string QueryBinder::orderBy(const ast::Query& node,
   for (const auto& item : node.orderBy) {
     // A number or a column's name stands for the output column.
     std::string key;
-    if (const auto* literal = std::get_if<ast::Literal>(&item.expr->node);
-        literal && literal->slot < 0) {
+    if (const auto* literal = std::get_if<ast::Literal>(&item.expr->node)) {
+      if (literal->slot >= 0 || !literal->type.isInteger()) {
+        throw SqlError(408, "A constant expression was encountered in the ORDER BY list.");
+      }
       const auto place = toInt32(literal->value);
       if (place < 1 || place > static_cast<std::int32_t>(columns.size())) {
         throw SqlError(108, "The ORDER BY position number " + std::to_string(place) +

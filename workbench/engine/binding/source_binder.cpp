@@ -36,10 +36,10 @@ std::string SourceBinder::source(const ast::Source& node, Scope& scope) {
 
 std::string SourceBinder::table(const ast::TableRef& node, Scope& scope) {
   const std::string& alias = node.alias.empty() ? node.name.last() : node.alias;
-  const ast::Cte* const cte =
-      node.name.parts.size() == 1 ? context_.cte(node.name.last()) : nullptr;
-  if (cte != nullptr) {
-    const ast::Cte found = *cte;
+  const int cte = node.name.parts.size() == 1 ? context_.cteIndex(node.name.last()) : -1;
+  if (cte >= 0) {
+    const ast::Cte& found = context_.cte(cte);
+    const BindingContext::CteQuery names(context_, cte);
     return derived(QueryBinder(context_).query(*found.query, nullptr), alias, found.columns, scope);
   }
   if (const SystemView* view = context_.catalogue().systemView(node.name)) {
@@ -56,7 +56,7 @@ std::string SourceBinder::table(const ast::TableRef& node, Scope& scope) {
   if (const ModulePtr module = context_.catalogue().module(node.name)) {
     if (module->tree.kind != ast::ModuleKind::View) throw unknownObject(node.name);
     const Arguments none;
-    const BindingContext::ModuleScope names(context_, none);
+    const BindingContext::ModuleScope names(context_, *module, none);
     return derived(QueryBinder(context_).query(*module->tree.query, nullptr), alias,
                    module->tree.columns, scope);
   }
@@ -70,7 +70,7 @@ std::string SourceBinder::function(const ast::FunctionRef& node, Scope& scope) {
   static const Scope nothing;
   const Arguments values =
       arguments(node, *module, scope.outer != nullptr ? *scope.outer : nothing);
-  const BindingContext::ModuleScope names(context_, values);
+  const BindingContext::ModuleScope names(context_, *module, values);
   const std::string& alias = node.alias.empty() ? node.name.last() : node.alias;
   return derived(QueryBinder(context_).query(*module->tree.query, nullptr), alias, {}, scope);
 }
@@ -164,7 +164,7 @@ std::string SourceBinder::apply(const ast::Join& node, const std::string& left, 
     throw SqlError(102, "APPLY of something that is neither a query nor a function is not known.");
   const ModulePtr module = tableFunction(*function);
   const Arguments values = arguments(*function, *module, scope);
-  const BindingContext::ModuleScope names(context_, values);
+  const BindingContext::ModuleScope names(context_, *module, values);
   const std::string& alias = function->alias.empty() ? function->name.last() : function->alias;
   return applyBody(*module->tree.query, alias, {}, outerJoin, left, scope, nullptr);
 }

@@ -1,5 +1,7 @@
 #include "workbench/engine/execution/database.h"
 
+#include <algorithm>
+#include <array>
 #include <filesystem>
 #include <string_view>
 #include <utility>
@@ -41,6 +43,56 @@ Place placeIn(std::string_view message) {
   const std::size_t point = message.rfind('.');
   if (point == std::string_view::npos) return {std::string(message), {}};
   return {std::string(message.substr(0, point)), std::string(message.substr(point + 1))};
+}
+
+/// What SQLite may say of a statement that is right as far as the engine can tell.
+struct Translation {
+  std::string_view sqlite;
+  std::int32_t number;
+  const char* text;
+};
+
+constexpr const char* tooDeep =
+    "Some part of your SQL statement is nested too deeply. Rewrite the query or break it up into "
+    "smaller queries.";
+constexpr const char* tooComplex =
+    "The query processor ran out of internal resources and could not produce a query plan. Please "
+    "simplify the query.";
+
+constexpr std::array translations{
+    Translation{"integer overflow", 8115,
+                "Arithmetic overflow error converting expression to data type int."},
+    Translation{"Expression tree is too large", 191, tooDeep},
+    Translation{"parser stack overflow", 191, tooDeep},
+    Translation{"too many terms in compound SELECT", 191, tooDeep},
+    Translation{"at most 64 tables in a join", 106,
+                "Too many table names in the query. The maximum allowable is 64."},
+    Translation{"too many SQL variables", 8623, tooComplex},
+    Translation{"query string is too large", 8623, tooComplex},
+    Translation{"statement too long", 8623, tooComplex},
+    Translation{"too many columns", 1702,
+                "CREATE TABLE failed because it has more columns than the allowed maximum."},
+    Translation{"string or blob too big", 701, "There is insufficient system memory."},
+    Translation{"out of memory", 701, "There is insufficient system memory."},
+    Translation{"database is locked", 1222, "Lock request time out period exceeded."},
+    Translation{"database table is locked", 1222, "Lock request time out period exceeded."},
+    Translation{"attempt to write a readonly database", 3906,
+                "Failed to update the database because it is read-only."},
+    Translation{"database or disk is full", 1101,
+                "Could not allocate a new page for the database: the disk is full."},
+    Translation{"database disk image is malformed", 824,
+                "The database file is damaged: SQLite cannot read a page of it."},
+    Translation{"file is not a database", 824, "The database file is damaged: it is no database."},
+    Translation{"disk I/O error", 823, "The operating system reported an error of the disk."},
+};
+
+SqlError translated(const std::string& message) {
+  const auto* const found = std::find_if(
+      translations.begin(), translations.end(),
+      [&](const Translation& known) { return message.find(known.sqlite) != std::string::npos; });
+  if (found != translations.end()) return {found->number, found->text, "HY000"};
+  return {8624, "Internal error: the engine made a statement that SQLite refuses: " + message,
+          "HY000"};
 }
 
 }  // namespace
@@ -216,10 +268,7 @@ SqlError Database::lastError() {
     default:
       break;
   }
-  if (message.find("integer overflow") != std::string::npos) {
-    return {8115, "Arithmetic overflow error converting expression to data type int."};
-  }
-  return {50000, message, "HY000"};
+  return translated(message);
 }
 
 Transaction::Transaction(Database& database) : database_(database) {

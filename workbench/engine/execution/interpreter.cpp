@@ -149,15 +149,8 @@ Interpreter::Flow Interpreter::run(const ast::Exec& node) {
     }
     target.value = called.value(*parameter.defaultValue, &parameter.type);
   }
-  constexpr int deepest = 32;
-  if (++session.state().depth > deepest) {
-    session.state().depth = 0;
-    throw SqlError(
-        217,
-        "Maximum stored procedure, function, trigger, or view nesting level exceeded (limit 32).");
-  }
+  const CallLevel level(session.state());
   Interpreter(called).run({module->tree.body});
-  --session.state().depth;
   return Flow::Next;
 }
 

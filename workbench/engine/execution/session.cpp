@@ -12,6 +12,8 @@ namespace kebu::engine {
 namespace {
 
 constexpr std::size_t programsKept = 256;
+// SQLite takes long to prepare a statement with many thousands of values.
+constexpr std::size_t mostLifted = 1000;
 
 /// Makes a session the current one while a batch of its runs.
 class Activation {
@@ -83,11 +85,16 @@ std::shared_ptr<Program> parsed(const std::string& batch,
   const auto text = std::make_shared<const std::string>(batch);
   // The tree refers to the text, so that the program keeps a copy of it.
   auto program = std::make_shared<Program>();
-  program->batch = parseBatch(text, tokenize(*text), types);
+  program->batch = parseBatch(text, tokenize(*text), types.size() > mostLifted ? nullptr : &types);
   return program;
 }
 
 }  // namespace
+
+CallLevel::CallLevel(SessionState& state) : state_(state) {
+  if (state.depth == nestingLimit) throw nestedTooDeeply();
+  ++state.depth;
+}
 
 Session::Session(std::shared_ptr<Database> database)
     : database_(std::move(database)), id_(database_->newSessionId()) {}
@@ -120,7 +127,6 @@ std::vector<ResultSet> Session::run(Program& program, const std::vector<ast::Lit
   frame.literals = &literals;
   const Activation activation(*database_, *this);
   state_.rowsAffected = -1;
-  state_.depth = 0;
   std::vector<ResultSet> results;
   Execution execution(*this, program, frame, &results);
   Interpreter(execution).run(program.batch.statements);
@@ -214,6 +220,7 @@ Value Session::globalVariable(const std::string& name) const {
 
 Cell Session::callFunction(const std::string& name, CellArguments args) {
   const ModulePtr module = database_->catalogue().module({{name}, {}});
+  const CallLevel level(state_);
   Frame frame;
   for (std::size_t i = 0; i < module->tree.parameters.size(); ++i) {
     const auto& parameter = module->tree.parameters[i];

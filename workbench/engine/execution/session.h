@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
 #include <list>
 #include <map>
@@ -23,7 +24,19 @@ struct SessionState {
   std::int64_t rowCount = 0;       ///< @@ROWCOUNT
   std::optional<std::int64_t> lastIdentity;
   std::string identityInsert;  ///< the table, in upper case, whose IDENTITY_INSERT is ON
-  int depth = 0;               ///< of nested procedure calls
+  std::size_t depth = 0;       ///< of procedures and functions that call each other
+};
+
+/// One more procedure or function within another, until its end. SqlError 217 for too many.
+class CallLevel {
+ public:
+  explicit CallLevel(SessionState& state);
+  CallLevel(const CallLevel&) = delete;
+  CallLevel& operator=(const CallLevel&) = delete;
+  ~CallLevel() { --state_.depth; }
+
+ private:
+  SessionState& state_;
 };
 
 /// The state of one connection: its temporary tables, which end with it, its last identity,

@@ -6,6 +6,7 @@
 #include <utility>
 
 #include "common/convert.h"
+#include "common/overloaded.h"
 
 namespace kebu::engine {
 namespace {
@@ -20,6 +21,24 @@ ExprPtr make(std::string_view at, Node node) {
 
 ExprPtr negate(std::string_view at, ExprPtr operand) {
   return make(at, ast::Not{std::move(operand)});
+}
+
+bool isCondition(const Expr& expr) {
+  return std::visit(
+      Overloaded{[](const ast::Comparison&) { return true; }, [](const ast::Not&) { return true; },
+                 [](const ast::Logical&) { return true; }, [](const ast::In&) { return true; },
+                 [](const ast::Like&) { return true; }, [](const ast::IsNull&) { return true; },
+                 [](const ast::Exists&) { return true; }, [](const auto&) { return false; }},
+      expr.node);
+}
+
+std::optional<Decimal> parsedNumber(const std::string& digits) {
+  try {
+    return Decimal::parse(digits);
+  } catch (const RuntimeError&) {
+    throw SqlError(1007,
+                   "The number '" + digits + "' is out of the range for numeric representation.");
+  }
 }
 
 /// The token's operator, if it is one of those given.
@@ -46,6 +65,14 @@ constexpr std::array dateFunctions{"DATEADD", "DATEDIFF", "DATEPART", "DATENAME"
 
 }  // namespace
 
+ExpressionParser::CaseLevel::CaseLevel(ExpressionParser& parser) : parser_(parser) {
+  constexpr int deepest = 10;
+  if (++parser_.caseDepth_ <= deepest) return;
+  --parser_.caseDepth_;
+  throw errorAt(parser_.reader_.batch(), parser_.reader_.peek().text, 125,
+                "Case expressions may only be nested to level 10,");
+}
+
 ast::Literal literalOf(const Token& token) {
   ast::Literal literal;
   if (token.kind == TokenKind::Text) {
@@ -59,8 +86,8 @@ ast::Literal literalOf(const Token& token) {
   std::string digits(token.text);
   if (digits.front() == '.') digits.insert(0, 1, '0');
   if (digits.back() == '.') digits.pop_back();
-  const auto number = Decimal::parse(digits);
-  const auto whole = number ? number->unscaledAt(0) : std::nullopt;
+  const std::optional<Decimal> number = parsedNumber(digits);
+  const auto whole = number->unscaledAt(0);
   if (token.kind == TokenKind::Integer && whole && *whole <= greatestOf(TypeKind::Int)) {
     const auto first = std::min(digits.find_first_not_of('0'), digits.size() - 1);
     literal.type = {TypeKind::Int, static_cast<int>(digits.size() - first), 0, 0};
@@ -76,6 +103,29 @@ ast::Literal literalOf(const Token& token) {
 }
 
 ExprPtr ExpressionParser::condition() {
+  ExprPtr result = conditionOrValue();
+  if (!isCondition(*result)) {
+    throw errorAt(reader_.batch(), reader_.peek().text, 4145,
+                  "An expression of non-boolean type specified in a context where a condition is "
+                  "expected,");
+  }
+  return result;
+}
+
+ExprPtr ExpressionParser::expression() {
+  const TokenReader::Level level(reader_);
+  return value(sum());
+}
+
+ExprPtr ExpressionParser::value(ExprPtr expr) const {
+  if (isCondition(*expr)) throw errorAt(reader_.batch(), expr->at, 102, "Incorrect syntax");
+  return expr;
+}
+
+/// A parenthesis begins a value or a condition, and only what follows tells which: both are
+/// read by the same functions.
+ExprPtr ExpressionParser::conditionOrValue() {
+  const TokenReader::Level level(reader_);
   return chain(LogicalOperator::Or, &ExpressionParser::conjunction);
 }
 
@@ -86,22 +136,23 @@ ExprPtr ExpressionParser::conjunction() {
 ExprPtr ExpressionParser::chain(LogicalOperator op, ExprPtr (ExpressionParser::*operand)()) {
   const auto at = reader_.peek().text;
   ExprPtr first = (this->*operand)();
-  if (!reader_.is(symbolOf(op))) return first;
+  if (!reader_.is(symbolOf(op)) || !isCondition(*first)) return first;
   ast::Logical logical{op, {std::move(first)}};
-  while (reader_.accept(symbolOf(op))) logical.operands.push_back((this->*operand)());
+  while (reader_.accept(symbolOf(op))) {
+    ExprPtr next = (this->*operand)();
+    if (!isCondition(*next)) reader_.fail();
+    logical.operands.push_back(std::move(next));
+  }
   return make(at, std::move(logical));
 }
 
 ExprPtr ExpressionParser::negation() {
   const auto at = reader_.peek().text;
-  if (reader_.accept("NOT")) return negate(at, negation());
-  return predicate();
-}
-
-bool ExpressionParser::atQuery() const {
-  std::size_t ahead = 0;
-  while (reader_.isSymbol("(", ahead)) ++ahead;
-  return isWord(reader_.peek(ahead), "SELECT");
+  if (!reader_.accept("NOT")) return predicate();
+  const TokenReader::Level level(reader_);
+  ExprPtr operand = negation();
+  if (!isCondition(*operand)) reader_.fail();
+  return negate(at, std::move(operand));
 }
 
 ExprPtr ExpressionParser::predicate() {
@@ -112,19 +163,8 @@ ExprPtr ExpressionParser::predicate() {
     reader_.expectSymbol(")");
     return make(at, ast::Exists{std::move(inner)});
   }
-  if (!reader_.isSymbol("(")) return comparisonTail(expression());
-
-  // A parenthesis begins a value or a condition: the value is tried first.
-  const auto start = reader_.place();
-  try {
-    return comparisonTail(expression());
-  } catch (const SqlError&) {
-    reader_.rewind(start);
-  }
-  reader_.expectSymbol("(");
-  ExprPtr inner = condition();
-  reader_.expectSymbol(")");
-  return inner;
+  ExprPtr left = sum();
+  return isCondition(*left) ? left : comparisonTail(std::move(left));
 }
 
 ExprPtr ExpressionParser::comparisonTail(ExprPtr left) {
@@ -141,7 +181,8 @@ ExprPtr ExpressionParser::comparisonTail(ExprPtr left) {
   const auto at = reader_.peek().text;
   if (const auto op = operatorAt(reader_.peek(), operators)) {
     reader_.take();
-    return make(at, ast::Comparison{*op, std::move(left), expression()});
+    ExprPtr right = expression();
+    return make(at, ast::Comparison{*op, std::move(left), std::move(right)});
   }
   if (reader_.accept("IS")) {
     const bool negated = reader_.accept("NOT");
@@ -149,6 +190,7 @@ ExprPtr ExpressionParser::comparisonTail(ExprPtr left) {
     ExprPtr test = make(at, ast::IsNull{std::move(left)});
     return negated ? negate(at, test) : test;
   }
+  if (!reader_.isAny({"NOT", "BETWEEN", "IN", "LIKE"})) return left;
   const bool negated = reader_.accept("NOT");
   ExprPtr test;
   if (reader_.accept("BETWEEN")) {
@@ -162,7 +204,7 @@ ExprPtr ExpressionParser::comparisonTail(ExprPtr left) {
   } else if (reader_.accept("IN")) {
     reader_.expectSymbol("(");
     ast::In in{std::move(left), {}, nullptr};
-    if (atQuery()) {
+    if (reader_.atQuery()) {
       in.query = query();
     } else {
       in.list = list();
@@ -170,7 +212,9 @@ ExprPtr ExpressionParser::comparisonTail(ExprPtr left) {
     reader_.expectSymbol(")");
     test = make(at, std::move(in));
   } else if (reader_.accept("LIKE")) {
-    ast::Like like{std::move(left), expression(), nullptr};
+    ast::Like like;
+    like.operand = std::move(left);
+    like.pattern = expression();
     if (reader_.accept("ESCAPE")) like.escape = expression();
     test = make(at, std::move(like));
   } else {
@@ -179,7 +223,7 @@ ExprPtr ExpressionParser::comparisonTail(ExprPtr left) {
   return negated ? negate(at, test) : test;
 }
 
-ExprPtr ExpressionParser::expression() {
+ExprPtr ExpressionParser::sum() {
   static constexpr std::array<std::pair<std::string_view, ArithmeticOperator>, 5> operators{
       {{"+", ArithmeticOperator::Add},
        {"-", ArithmeticOperator::Subtract},
@@ -187,9 +231,11 @@ ExprPtr ExpressionParser::expression() {
        {"|", ArithmeticOperator::BitOr},
        {"^", ArithmeticOperator::BitXor}}};
   ExprPtr left = term();
-  while (const auto op = operatorAt(reader_.peek(), operators)) {
+  for (int links = 1; const auto op = operatorAt(reader_.peek(), operators); ++links) {
+    reader_.checkChain(links);
     const auto at = reader_.take().text;
-    left = make(at, ast::Arithmetic{*op, left, term()});
+    ExprPtr right = value(term());
+    left = make(at, ast::Arithmetic{*op, value(std::move(left)), std::move(right)});
   }
   return left;
 }
@@ -200,18 +246,22 @@ ExprPtr ExpressionParser::term() {
        {"/", ArithmeticOperator::Divide},
        {"%", ArithmeticOperator::Modulo}}};
   ExprPtr left = unary();
-  while (const auto op = operatorAt(reader_.peek(), operators)) {
+  for (int links = 1; const auto op = operatorAt(reader_.peek(), operators); ++links) {
+    reader_.checkChain(links);
     const auto at = reader_.take().text;
-    left = make(at, ast::Arithmetic{*op, left, unary()});
+    ExprPtr right = value(unary());
+    left = make(at, ast::Arithmetic{*op, value(std::move(left)), std::move(right)});
   }
   return left;
 }
 
 ExprPtr ExpressionParser::unary() {
   const auto at = reader_.peek().text;
-  if (reader_.acceptSymbol("-")) return make(at, ast::Negative{unary()});
-  if (reader_.acceptSymbol("+")) return unary();
-  return primary();
+  const bool minus = reader_.acceptSymbol("-");
+  if (!minus && !reader_.acceptSymbol("+")) return primary();
+  const TokenReader::Level level(reader_);
+  ExprPtr operand = value(unary());
+  return minus ? make(at, ast::Negative{std::move(operand)}) : operand;
 }
 
 ExprPtr ExpressionParser::literal() {
@@ -242,16 +292,10 @@ ExprPtr ExpressionParser::primary() {
   }
   const auto at = token.text;
   if (reader_.isSymbol("(")) {
-    if (!atQuery()) {
-      reader_.take();
-      ExprPtr inner = expression();
-      reader_.expectSymbol(")");
-      return inner;
-    }
     reader_.take();
-    auto inner = query();
+    ExprPtr inner = reader_.atQuery() ? make(at, ast::Subquery{query()}) : conditionOrValue();
     reader_.expectSymbol(")");
-    return make(at, ast::Subquery{std::move(inner)});
+    return inner;
   }
   if (reader_.accept("NULL")) return make(at, ast::Literal{{}, Null{}, -1});
   if (reader_.is("CASE")) return caseExpression();
@@ -261,17 +305,21 @@ ExprPtr ExpressionParser::primary() {
 }
 
 ExprPtr ExpressionParser::caseExpression() {
-  const auto at = reader_.take().text;
+  const auto at = reader_.peek().text;
+  const CaseLevel level(*this);
+  reader_.take();
   ast::Case result;
   ExprPtr operand;
   if (!reader_.is("WHEN")) operand = expression();
   while (reader_.is("WHEN")) {
     const auto whenAt = reader_.take().text;
-    ExprPtr test =
-        operand ? make(whenAt, ast::Comparison{ComparisonOperator::Equal, operand, expression()})
-                : condition();
+    ExprPtr test = operand ? expression() : condition();
+    if (operand) {
+      test = make(whenAt, ast::Comparison{ComparisonOperator::Equal, operand, std::move(test)});
+    }
     reader_.expect("THEN");
-    result.branches.push_back({std::move(test), expression()});
+    ExprPtr branch = expression();
+    result.branches.push_back({std::move(test), std::move(branch)});
   }
   if (result.branches.empty()) reader_.fail();
   if (reader_.accept("ELSE")) result.otherwise = expression();
@@ -294,7 +342,9 @@ ExprPtr ExpressionParser::convertExpression() {
   reader_.expectSymbol("(");
   const SqlType type = reader_.type(castSize);
   reader_.expectSymbol(",");
-  ast::Cast cast{expression(), type, 0};
+  ast::Cast cast;
+  cast.operand = expression();
+  cast.type = type;
   if (reader_.acceptSymbol(",")) cast.style = reader_.wholeNumber();
   reader_.expectSymbol(")");
   return make(at, std::move(cast));

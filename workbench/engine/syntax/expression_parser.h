@@ -18,7 +18,7 @@ class ExpressionParser {
   ast::ExprPtr expression();
   /// A value without operators around it, where an operator's sign means something else.
   ast::ExprPtr primary();
-  /// A condition: OR of ANDs.
+  /// A condition: OR of ANDs. SqlError 4145 for a value.
   ast::ExprPtr condition();
   std::vector<ast::OrderItem> orderItems();
   std::vector<ast::ExprPtr> list();
@@ -34,6 +34,10 @@ class ExpressionParser {
   ExprPtr negation();
   ExprPtr predicate();
   ExprPtr comparisonTail(ExprPtr left);
+  ExprPtr conditionOrValue();
+  /// The expression itself; SqlError 102 when it is a condition.
+  ExprPtr value(ExprPtr expr) const;
+  ExprPtr sum();
   ExprPtr term();
   ExprPtr unary();
   ExprPtr literal();
@@ -43,10 +47,22 @@ class ExpressionParser {
   ExprPtr nameOrCall();
   ExprPtr call(std::string name, std::string_view at);
   ast::Over over();
-  bool atQuery() const;
+
+  /// Counts nested CASEs. SqlError 125 for more than SQL Server allows.
+  class CaseLevel {
+   public:
+    explicit CaseLevel(ExpressionParser& parser);
+    CaseLevel(const CaseLevel&) = delete;
+    CaseLevel& operator=(const CaseLevel&) = delete;
+    ~CaseLevel() { --parser_.caseDepth_; }
+
+   private:
+    ExpressionParser& parser_;
+  };
 
   TokenReader& reader_;
   const LiteralTypes* literals_;
+  int caseDepth_ = 0;
 };
 
 }  // namespace kebu::engine

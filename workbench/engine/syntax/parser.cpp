@@ -22,11 +22,11 @@ auto parseWhole(std::string_view text, Read&& read) {
 }  // namespace
 
 Batch parseBatch(std::shared_ptr<const std::string> text, const std::vector<Token>& tokens,
-                 const LiteralTypes& literals) {
+                 const LiteralTypes* literals) {
   TokenReader reader(*text, tokens);
   Batch batch;
-  batch.statements = StatementParser(reader, &literals).statementsToEnd();
-  batch.liftable = !reader.readStructuralLiteral();
+  batch.statements = StatementParser(reader, literals).statementsToEnd();
+  batch.liftable = literals != nullptr && !reader.readStructuralLiteral();
   batch.text = std::move(text);
   return batch;
 }

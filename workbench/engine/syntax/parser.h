@@ -23,8 +23,9 @@ struct Batch {
 using LiteralTypes = std::vector<SqlType>;
 
 /// SqlError 102, naming line, column and token, for what is not understood.
+/// `literals`: null to leave their values in the tree.
 Batch parseBatch(std::shared_ptr<const std::string> text, const std::vector<Token>& tokens,
-                 const LiteralTypes& literals);
+                 const LiteralTypes* literals);
 /// The text of a CREATE VIEW, PROCEDURE or FUNCTION.
 ast::Module parseModule(std::string_view text);
 /// The one CREATE TABLE of a text.

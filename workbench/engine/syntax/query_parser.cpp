@@ -26,14 +26,8 @@ QueryParser::QueryParser(TokenReader& reader, const LiteralTypes* literals)
   expressions_.query = [this] { return query(); };
 }
 
-bool QueryParser::atQuery() const {
-  std::size_t ahead = 0;
-  while (reader_.isSymbol("(", ahead)) ++ahead;
-  const Token& token = reader_.peek(ahead);
-  return isWord(token, "SELECT") || isWord(token, "VALUES") || isWord(token, "WITH");
-}
-
 ast::QueryPtr QueryParser::query() {
+  const TokenReader::Level level(reader_);
   const auto at = reader_.peek().text;
   std::vector<ast::Cte> ctes;
   if (reader_.accept("WITH")) {
@@ -56,14 +50,27 @@ ast::QueryPtr QueryParser::query() {
 }
 
 ast::QueryPtr QueryParser::setOperations() {
-  ast::QueryPtr left = operand();
-  while (reader_.isAny({"UNION", "EXCEPT", "INTERSECT"})) {
+  ast::QueryPtr left = intersections();
+  for (int links = 1; reader_.isAny({"UNION", "EXCEPT"}); ++links) {
+    reader_.checkChain(links);
     const auto at = reader_.take();
-    SetOperator op = isWord(at, "UNION")    ? SetOperator::Union
-                     : isWord(at, "EXCEPT") ? SetOperator::Except
-                                            : SetOperator::Intersect;
+    SetOperator op = isWord(at, "UNION") ? SetOperator::Union : SetOperator::Except;
     if (op == SetOperator::Union && reader_.accept("ALL")) op = SetOperator::UnionAll;
-    left = makeQuery(at.text, ast::SetOperation{op, left, operand()});
+    ast::QueryPtr right = intersections();
+    left = makeQuery(at.text, ast::SetOperation{op, std::move(left), std::move(right)});
+  }
+  return left;
+}
+
+/// INTERSECT binds tighter than UNION and EXCEPT.
+ast::QueryPtr QueryParser::intersections() {
+  ast::QueryPtr left = operand();
+  for (int links = 1; reader_.is("INTERSECT"); ++links) {
+    reader_.checkChain(links);
+    const auto at = reader_.take().text;
+    ast::QueryPtr right = operand();
+    left =
+        makeQuery(at, ast::SetOperation{SetOperator::Intersect, std::move(left), std::move(right)});
   }
   return left;
 }
@@ -173,17 +180,22 @@ void QueryParser::tableHints() {
 }
 
 ast::SourcePtr QueryParser::sources() {
+  const TokenReader::Level level(reader_);
   ast::SourcePtr left = joined();
-  while (reader_.isSymbol(",")) {
+  for (int links = 1; reader_.isSymbol(","); ++links) {
+    reader_.checkChain(links);
     const auto at = reader_.take().text;
-    left = makeSource(at, ast::Join{ast::JoinKind::Cross, left, joined(), nullptr});
+    ast::SourcePtr right = joined();
+    left =
+        makeSource(at, ast::Join{ast::JoinKind::Cross, std::move(left), std::move(right), nullptr});
   }
   return left;
 }
 
 ast::SourcePtr QueryParser::joined() {
   ast::SourcePtr left = singleSource();
-  while (true) {
+  for (int links = 1;; ++links) {
+    reader_.checkChain(links);
     const auto at = reader_.peek().text;
     ast::JoinKind kind = ast::JoinKind::Inner;
     if (reader_.accept("CROSS", "APPLY")) {
@@ -223,24 +235,14 @@ ast::SourcePtr QueryParser::joined() {
 ast::SourcePtr QueryParser::singleSource() {
   const auto at = reader_.peek().text;
   if (reader_.isSymbol("(")) {
-    const auto start = reader_.place();
     reader_.take();
-    if (!atQuery()) {
+    if (!reader_.atQuery()) {
       ast::SourcePtr inner = sources();
       reader_.expectSymbol(")");
       return inner;
     }
     ast::Derived derived;
-    try {
-      derived.query = query();
-    } catch (const SqlError&) {
-      // "((SELECT …) AS a JOIN …)": the outer parenthesis holds a join.
-      reader_.rewind(start);
-      reader_.take();
-      ast::SourcePtr inner = sources();
-      reader_.expectSymbol(")");
-      return inner;
-    }
+    derived.query = query();
     reader_.expectSymbol(")");
     derived.alias = alias();
     if (derived.alias.empty()) reader_.fail();

@@ -11,7 +11,6 @@ class QueryParser {
 
   /// [WITH …] SELECT …, VALUES …, UNION, ORDER BY.
   ast::QueryPtr query();
-  bool atQuery() const;
   /// What stands behind FROM: sources joined by commas and JOINs.
   ast::SourcePtr sources();
   ast::SourcePtr singleSource();
@@ -21,6 +20,7 @@ class QueryParser {
 
  private:
   ast::QueryPtr setOperations();
+  ast::QueryPtr intersections();
   ast::QueryPtr operand();
   ast::Select select();
   ast::SelectItem selectItem();

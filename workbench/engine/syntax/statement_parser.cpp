@@ -30,7 +30,8 @@ std::vector<ast::StatementPtr> StatementParser::statementsToEnd() {
 ast::StatementPtr StatementParser::statement() {
   const auto at = reader_.peek().text;
   auto& expressions = queries_.expressions();
-  if (queries_.atQuery()) return make(at, queries_.query());
+  const TokenReader::Level level(reader_);
+  if (reader_.isSymbol("(") || reader_.atQuery()) return make(at, queries_.query());
   if (reader_.accept("INSERT")) return make(at, insert());
   if (reader_.accept("UPDATE")) return make(at, update());
   if (reader_.accept("DELETE")) return make(at, deleteRows());
@@ -43,7 +44,9 @@ ast::StatementPtr StatementParser::statement() {
     return make(at, block());
   }
   if (reader_.accept("IF")) {
-    ast::If result{expressions.condition(), statement(), nullptr};
+    ast::If result;
+    result.condition = expressions.condition();
+    result.then = statement();
     const auto place = reader_.place();
     while (reader_.acceptSymbol(";")) {
     }
@@ -55,8 +58,10 @@ ast::StatementPtr StatementParser::statement() {
     return make(at, std::move(result));
   }
   if (reader_.accept("WHILE")) {
-    ExprPtr condition = expressions.condition();
-    return make(at, ast::While{std::move(condition), statement()});
+    ast::While loop;
+    loop.condition = expressions.condition();
+    loop.body = statement();
+    return make(at, std::move(loop));
   }
   if (reader_.is("CREATE") || reader_.is("ALTER")) return create();
   if (reader_.accept("DROP")) return make(at, drop());
@@ -67,9 +72,11 @@ ast::StatementPtr StatementParser::statement() {
   if (reader_.accept("EXEC") || reader_.accept("EXECUTE")) return make(at, exec());
   if (reader_.accept("RETURN")) {
     ast::Return result;
-    const bool hasValue = isLiteral(reader_.peek()) || reader_.peek().kind == TokenKind::Variable ||
-                          reader_.isSymbol("(") || reader_.isSymbol("-") || reader_.is("CASE") ||
-                          (reader_.atName() && reader_.isSymbol("(", 1));
+    const bool hasValue =
+        isLiteral(reader_.peek()) || reader_.peek().kind == TokenKind::Variable ||
+        reader_.isSymbol("(") || reader_.isSymbol("-") || reader_.is("CASE") ||
+        reader_.is("NULL") ||
+        (reader_.atName() && (reader_.isSymbol("(", 1) || reader_.isSymbol(".", 1)));
     if (hasValue) result.value = expressions.expression();
     return make(at, std::move(result));
   }
@@ -158,7 +165,7 @@ ast::Insert StatementParser::insert() {
   if (reader_.isSymbol("(") && !isWord(reader_.peek(1), "SELECT"))
     result.columns = reader_.nameList();
   if (reader_.accept("DEFAULT", "VALUES")) return result;
-  if (!queries_.atQuery()) reader_.fail();
+  if (!reader_.isSymbol("(") && !reader_.atQuery()) reader_.fail();
   result.query = queries_.query();
   return result;
 }

@@ -190,6 +190,44 @@ SqlType TokenReader::type(int defaultSize) {
   return result;
 }
 
+bool TokenReader::atQuery() const {
+  std::size_t ahead = 0;
+  while (isSymbol("(", ahead)) ++ahead;
+  const Token& first = peek(ahead);
+  if (!isWord(first, "SELECT") && !isWord(first, "VALUES") && !isWord(first, "WITH")) return false;
+  if (ahead == 0) return true;
+  std::size_t end = 0;
+  int open = 0;
+  do {
+    if (isSymbol("(", end)) ++open;
+    if (isSymbol(")", end)) --open;
+    ++end;
+  } while (open > 0 && peek(end).kind != TokenKind::End);
+  static constexpr std::array<std::string_view, 4> continuing{"UNION", "EXCEPT", "INTERSECT",
+                                                              "ORDER"};
+  return isSymbol(")", end) || std::any_of(continuing.begin(), continuing.end(), [&](auto keyword) {
+           return isWord(peek(end), keyword);
+         });
+}
+
+TokenReader::Level::Level(TokenReader& reader) : reader_(reader) {
+  constexpr int deepest = 128;
+  if (++reader_.depth_ <= deepest) return;
+  --reader_.depth_;
+  throw reader_.tooDeep();
+}
+
+void TokenReader::checkChain(int links) const {
+  constexpr int longest = 400;
+  if (links > longest) throw tooDeep();
+}
+
+SqlError TokenReader::tooDeep() const {
+  return errorAt(batch_, peek().text, 191,
+                 "Some part of your SQL statement is nested too deeply. Rewrite the query or break "
+                 "it up into smaller queries: it is too deep");
+}
+
 void TokenReader::fail(const std::string& what) const {
   throw errorAt(batch_, peek().text, 102, what);
 }

@@ -57,6 +57,25 @@ class TokenReader {
   /// A type's name; a text without a size has `defaultSize` characters.
   SqlType type(int defaultSize = 1);
 
+  /// Whether a query begins here. One in parentheses is told from a value and from a join by
+  /// what follows its parenthesis.
+  bool atQuery() const;
+
+  /// Counts the nesting of what is being parsed, which is parsed recursively. SqlError 191 when
+  /// it is too deep for the program's stack.
+  class Level {
+   public:
+    explicit Level(TokenReader& reader);
+    Level(const Level&) = delete;
+    Level& operator=(const Level&) = delete;
+    ~Level() { --reader_.depth_; }
+
+   private:
+    TokenReader& reader_;
+  };
+  /// SqlError 191 when so many links in a chain, such as a + b + …, are too many.
+  void checkChain(int links) const;
+
   [[noreturn]] void fail(const std::string& what = "Incorrect syntax") const;
   std::string_view batch() const { return batch_; }
   /// Whether a literal was read as part of the form.
@@ -64,10 +83,13 @@ class TokenReader {
   void markStructural() { structural_ = true; }
 
  private:
+  SqlError tooDeep() const;
+
   std::string_view batch_;
   const std::vector<Token>& tokens_;
   Place place_;
   bool structural_ = false;
+  int depth_ = 0;
 };
 
 /// Runs `item` once, and once more after every comma.
