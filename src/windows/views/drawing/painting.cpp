@@ -3,7 +3,16 @@
 #include <uxtheme.h>
 #include <vssym32.h>
 
+#include "windows/support/text.h"
+
 namespace kebu::windows {
+
+int TextRuler::widthOf(const std::string& utf8) const {
+  const std::wstring text = toWide(utf8);
+  SIZE size{};
+  GetTextExtentPoint32W(screen_.get(), text.c_str(), static_cast<int>(text.size()), &size);
+  return static_cast<int>(size.cx);
+}
 
 BufferedPaint::BufferedPaint(HWND window) : window_(window) {
   BeginPaint(window, &paint_);

@@ -38,6 +38,18 @@ class Selected {
   HGDIOBJ before_;
 };
 
+/// Measures texts of one font as they are drawn, on one line.
+class TextRuler {
+ public:
+  explicit TextRuler(HFONT font) : font_(screen_.get(), font) {}
+  /// In pixels.
+  int widthOf(const std::string& utf8) const;
+
+ private:
+  ScreenDc screen_;
+  Selected font_;
+};
+
 /// Answers WM_PAINT from a picture made aside, so that nothing flickers.
 class BufferedPaint {
  public:

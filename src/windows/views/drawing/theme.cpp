@@ -2,7 +2,6 @@
 
 #include <cwchar>
 
-#include "windows/support/text.h"
 #include "windows/views/drawing/painting.h"
 
 namespace kebu::windows {
@@ -76,12 +75,7 @@ Theme::Theme(int dpi)
   GetTextMetricsW(screen.get(), &text);
   metrics_.lineHeight = static_cast<int>(text.tmHeight);
   metrics_.textWidth = [font = font()](const std::string& measured) {
-    const ScreenDc dc;
-    const Selected with(dc.get(), font);
-    const std::wstring wide = toWide(measured);
-    SIZE size{};
-    GetTextExtentPoint32W(dc.get(), wide.c_str(), static_cast<int>(wide.size()), &size);
-    return static_cast<int>(size.cx);
+    return TextRuler(font).widthOf(measured);
   };
 }
 

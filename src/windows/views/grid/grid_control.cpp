@@ -5,20 +5,14 @@
 #include <algorithm>
 
 #include "windows/support/text.h"
-#include "windows/views/window/common_controls.h"
+#include "windows/views/grid/column_ruler.h"
 #include "windows/views/window/guard.h"
-#include "windows/views/window/window_text.h"
 
 namespace kebu::windows {
 
 using controls::ColumnKind;
 
 namespace {
-
-constexpr UINT discardEditor = WM_APP + 10;
-constexpr int leastColumn = 28;  // in 96ths of an inch
-constexpr int edgeReach = 4;
-constexpr int openList = 280;  // the height of a value list
 
 bool isTyped(ColumnKind kind) {
   return kind == ColumnKind::Number || kind == ColumnKind::Lookup;
@@ -31,91 +25,40 @@ bool contains(const RECT& area, POINT point) {
 }  // namespace
 
 GridControl::GridControl(HINSTANCE module, HWND parent, const Theme& theme, GridSource& source)
-    : module_(module), theme_(&theme), source_(source) {
+    : theme_(&theme), source_(source), geometry_(theme.metrics()), editor_(module, theme) {
   create(module, {L"kebu.grid", WS_CHILD | WS_TABSTOP | WS_VSCROLL | WS_HSCROLL | WS_CLIPCHILDREN},
          parent, {});
 }
 
 GridControl::~GridControl() = default;
 
-// ---- sizes
+// ---- geometry
 
-int GridControl::rowHeight() const {
-  return theme_->metrics().lineHeight + theme_->px(11);
-}
-int GridControl::headHeight() const {
-  return theme_->metrics().lineHeight + theme_->px(15);
-}
-int GridControl::gutter() const {
-  return theme_->px(source_.keepsRowState() ? 22 : 4);
-}
-
-int GridControl::columnWidth(std::size_t column) const {
-  if (!isShown(column)) return 0;
-  const int drawn = column < widths_.size() ? widths_[column] : 0;
-  if (drawn) return theme_->px(std::max(drawn, leastColumn));
-  const int needed = column < needed_.size() ? needed_[column] : 0;
-  return std::max(theme_->px(std::max(source_.columns()[column].width, leastColumn)), needed);
-}
-
-bool GridControl::isShown(std::size_t column) const {
-  return source_.columns()[column].width > 0;
-}
-
-std::size_t GridControl::shownFrom(std::size_t column, int step) const {
-  const std::size_t count = source_.columns().size();
-  std::size_t at = column + static_cast<std::size_t>(step);
-  while (at < count && !isShown(at)) at += static_cast<std::size_t>(step);
-  return at < count ? at : column;
-}
-
-int GridControl::columnLeft(std::size_t column) const {
-  int left = gutter() - leftOffset_;
-  for (std::size_t i = 0; i < column; ++i) left += columnWidth(i);
-  return left;
-}
-
-int GridControl::totalWidth() const {
-  return columnLeft(source_.columns().size()) + leftOffset_;
-}
-
-int GridControl::visibleRows() const {
-  return std::max((static_cast<int>(clientArea().bottom) - headHeight()) / rowHeight(), 1);
-}
-
-std::int32_t GridControl::lastTopRow() const {
-  return std::max(source_.rowCount() - visibleRows() + 1, 1);
-}
-
-RECT GridControl::rowBounds(std::int32_t row) const {
+layout::GridGeometry& GridControl::geometry() {
+  layout::GridContents contents{{}, source_.rowCount(), source_.keepsRowState()};
+  for (const GridSource::Column& column : source_.columns()) {
+    contents.columns.push_back({column.width, column.kind == ColumnKind::Check});
+  }
+  geometry_.setContents(std::move(contents));
   const RECT area = clientArea();
-  if (row < topRow_ || row > topRow_ + visibleRows() || row > source_.rowCount()) return {};
-  const LONG top = headHeight() + (row - topRow_) * rowHeight();
-  if (top >= area.bottom) return {};
-  return {0, top, area.right, top + rowHeight()};
+  geometry_.setSize(static_cast<int>(area.right), static_cast<int>(area.bottom));
+  return geometry_;
 }
 
-RECT GridControl::cellBounds(std::int32_t row, std::size_t column) const {
-  RECT bounds = rowBounds(row);
-  if (IsRectEmpty(&bounds)) return {};
-  bounds.left = columnLeft(column);
-  bounds.right = bounds.left + columnWidth(column);
-  const RECT area = clientArea();
-  RECT seen{};
-  return IntersectRect(&seen, &area, &bounds) ? bounds : RECT{};
+RECT GridControl::rowBounds(std::int32_t row) {
+  return toRECT(geometry().rowBounds(row));
 }
 
-RECT GridControl::headBounds(std::size_t column) const {
-  const LONG left = columnLeft(column);
-  return {left, 0, left + columnWidth(column), headHeight()};
+RECT GridControl::cellBounds(std::int32_t row, std::size_t column) {
+  return toRECT(geometry().cellBounds(row, column));
 }
 
-RECT GridControl::tickAllBounds(std::size_t column) const {
-  if (source_.columns()[column].kind != ColumnKind::Check) return {};
-  RECT box = headBounds(column);
-  box.left += theme_->px(6);
-  box.right = box.left + theme_->px(16);
-  return box;
+RECT GridControl::headBounds(std::size_t column) {
+  return toRECT(geometry().headBounds(column));
+}
+
+RECT GridControl::tickAllBounds(std::size_t column) {
+  return toRECT(geometry().tickAllBounds(column));
 }
 
 bool GridControl::isTickAllOn(std::size_t column) const {
@@ -123,52 +66,44 @@ bool GridControl::isTickAllOn(std::size_t column) const {
   return at != allTicked_.end() && at->second;
 }
 
-GridControl::Hit GridControl::hitTest(POINT point) const {
-  Hit hit;
+void GridControl::measureColumns() {
+  layout::GridGeometry& columns = geometry();
+  if (measuredRows_ != columns.rowCount()) {
+    columns.forgetRequiredWidths();
+    measuredRows_ = columns.rowCount();
+  }
+  const ColumnRuler ruler(*theme_, source_);
+  // Columns only grow while the same rows are shown: they do not jump as one scrolls.
   for (std::size_t i = 0; i < source_.columns().size(); ++i) {
-    if (!isShown(i)) continue;
-    const int right = columnLeft(i) + columnWidth(i);
-    if (point.y < headHeight() && std::abs(point.x - right) <= theme_->px(edgeReach)) {
-      hit.onEdge = true;
-      hit.column = static_cast<int>(i);
-      return hit;
-    }
-    if (point.x >= columnLeft(i) && point.x < right) hit.column = static_cast<int>(i);
+    columns.setRequiredWidth(
+        i, std::max({columns.requiredWidth(i), ruler.headWidth(i),
+                     ruler.cellsWidth(i, columns.topRow(), columns.bottomRow())}));
   }
-  if (point.y >= headHeight()) {
-    hit.row = topRow_ + static_cast<std::int32_t>((point.y - headHeight()) / rowHeight());
-    if (hit.row > source_.rowCount()) hit.row = -1;
-  }
-  return hit;
 }
 
 // ---- scrolling
 
 void GridControl::updateScrollBars() {
-  topRow_ = std::clamp(topRow_, 1, lastTopRow());
-  SCROLLINFO vertical{sizeof vertical,
-                      SIF_RANGE | SIF_PAGE | SIF_POS,
-                      1,
-                      std::max(source_.rowCount(), 1),
-                      static_cast<UINT>(visibleRows()),
-                      topRow_,
-                      0};
-  SetScrollInfo(handle(), SB_VERT, &vertical, TRUE);
-  const int width = static_cast<int>(clientArea().right);
-  leftOffset_ = std::clamp(leftOffset_, 0, std::max(totalWidth() - width, 0));
-  SCROLLINFO horizontal{sizeof horizontal,
-                        SIF_RANGE | SIF_PAGE | SIF_POS,
-                        0,
-                        std::max(totalWidth() - 1, 0),
-                        static_cast<UINT>(width),
-                        leftOffset_,
-                        0};
-  SetScrollInfo(handle(), SB_HORZ, &horizontal, TRUE);
+  const auto tell = [this](int bar, const layout::ScrollRange& range) {
+    SCROLLINFO info{sizeof info,
+                    SIF_RANGE | SIF_PAGE | SIF_POS,
+                    range.first,
+                    range.last,
+                    static_cast<UINT>(range.page),
+                    range.position,
+                    0};
+    SetScrollInfo(handle(), bar, &info, TRUE);
+  };
+  geometry().clampPosition();
+  tell(SB_VERT, geometry_.verticalRange());
+  // The vertical bar that comes or goes changes the client area.
+  geometry().clampPosition();
+  tell(SB_HORZ, geometry_.horizontalRange());
 }
 
 void GridControl::scrollTo(std::int32_t topRow) {
   commit();
-  topRow_ = std::clamp(topRow, 1, lastTopRow());
+  geometry().scrollToRow(topRow);
   updateScrollBars();
   invalidate();
 }
@@ -181,24 +116,22 @@ void GridControl::scroll(int bar, WPARAM wParam) {
     return;
   }
   commit();
-  leftOffset_ = *to;
+  geometry().scrollToOffset(*to);
   updateScrollBars();
   invalidate();
 }
 
 void GridControl::showCurrentRow() {
   const std::int32_t row = source_.currentRow();
-  if (row < 1) return;
-  if (row < topRow_) scrollTo(row);
-  if (row >= topRow_ + visibleRows()) scrollTo(row - visibleRows() + 1);
+  if (row < 1 || geometry().isInView(row)) return;
+  commit();
+  geometry().showRow(row);
+  updateScrollBars();
+  invalidate();
 }
 
 void GridControl::showColumn(std::size_t column) {
-  const int width = static_cast<int>(clientArea().right);
-  const int left = columnLeft(column);
-  if (left < gutter()) leftOffset_ -= gutter() - left;
-  const int over = left + columnWidth(column) - width;
-  if (left >= gutter() && over > 0) leftOffset_ += std::min(over, left - gutter());
+  geometry().showColumn(column);
   updateScrollBars();
 }
 
@@ -206,7 +139,6 @@ void GridControl::showColumn(std::size_t column) {
 
 void GridControl::sourceChanged() {
   if (column_ >= source_.columns().size()) column_ = 0;
-  if (widths_.size() != source_.columns().size()) widths_.assign(source_.columns().size(), 0);
   measureColumns();
   updateScrollBars();
   invalidate();
@@ -214,7 +146,7 @@ void GridControl::sourceChanged() {
 
 void GridControl::themeChanged() {
   commit();
-  needed_.clear();
+  geometry().forgetRequiredWidths();
   sourceChanged();
 }
 
@@ -254,7 +186,7 @@ void GridControl::tickAll(std::size_t column, bool on) {
 
 void GridControl::buttonDown(POINT point) {
   SetFocus(handle());
-  const Hit hit = hitTest(point);
+  const layout::GridHit hit = geometry().hitTest(point.x, point.y);
   if (hit.onEdge) {
     resizing_ = hit.column;
     SetCapture(handle());
@@ -283,13 +215,13 @@ void GridControl::buttonDown(POINT point) {
 }
 
 void GridControl::doubleClick(POINT point) {
-  const Hit hit = hitTest(point);
+  const layout::GridHit hit = geometry().hitTest(point.x, point.y);
   if (hit.row < 1 || hit.column < 0) return;
   const auto column = static_cast<std::size_t>(hit.column);
   if (source_.columns()[column].kind == ColumnKind::Check) {
     tick(hit.row, column);  // two quick clicks are two clicks
   } else if (isEditable(hit.row, column)) {
-    if (!editor_) startEdit(nullptr);
+    if (!editor_.isOpen()) startEdit(nullptr);
   } else {
     guarded([&] { source_.activate(); });
   }
@@ -307,10 +239,10 @@ bool GridControl::moveBy(WPARAM key, bool control) {
       to = row + 1;
       break;
     case VK_PRIOR:
-      to = row - visibleRows();
+      to = row - geometry().visibleRows();
       break;
     case VK_NEXT:
-      to = row + visibleRows();
+      to = row + geometry().visibleRows();
       break;
     case VK_HOME:
       if (!control) return false;
@@ -335,16 +267,16 @@ void GridControl::keyDown(WPARAM key, bool shift, bool control) {
   const bool isCheck = source_.columns()[column_].kind == ColumnKind::Check;
   switch (key) {
     case VK_LEFT:
-      goTo(row, shownFrom(column_, -1));
+      goTo(row, geometry().shownFrom(column_, -1));
       break;
     case VK_RIGHT:
-      goTo(row, shownFrom(column_, 1));
+      goTo(row, geometry().shownFrom(column_, 1));
       break;
     case VK_HOME:
       goTo(row, 0);
       break;
     case VK_END:
-      goTo(row, shownFrom(count, -1));
+      goTo(row, geometry().shownFrom(count, -1));
       break;
     case VK_SPACE:
       if (isCheck) tick(row, column_);
@@ -375,7 +307,7 @@ void GridControl::character(wchar_t typed) {
 
 std::function<void()> GridControl::actionFor(const Key& key) {
   if (source_.columns().empty()) return {};
-  if (editor_) {
+  if (editor_.isOpen()) {
     if (key.isPlain(VK_RETURN) || key.isPlain(VK_TAB)) {
       return [this] {
         if (commit()) SetFocus(handle());
@@ -383,7 +315,7 @@ std::function<void()> GridControl::actionFor(const Key& key) {
     }
     if (key.isPlain(VK_ESCAPE)) {
       return [this] {
-        endEdit();
+        cancelEdit();
         SetFocus(handle());
       };
     }
@@ -420,89 +352,60 @@ void GridControl::lookupCurrent() {
 
 void GridControl::startEdit(const wchar_t* typed) {
   const std::int32_t row = source_.currentRow();
-  if (row < 1 || editor_ || source_.columns().empty()) return;
-  const GridSource::Column& column = source_.columns()[column_];
-  const bool isList = column.kind == ColumnKind::ValueList;
-  if (!isEditable(row, column_) || (!isList && !isTyped(column.kind))) {
+  if (row < 1 || editor_.isOpen() || source_.columns().empty()) return;
+  const ColumnKind kind = source_.columns()[column_].kind;
+  const bool isList = kind == ColumnKind::ValueList;
+  if (!isEditable(row, column_) || (!isList && !isTyped(kind))) {
     MessageBeep(MB_OK);
     return;
   }
-  const CommonControls::Scope scope;
   showCurrentRow();
   showColumn(column_);
-  const RECT cell = cellBounds(row, column_);
-  const int width = std::max(static_cast<int>(cell.right - cell.left), theme_->px(60));
-  editedRow_ = row;
-  editedColumn_ = column_;
-  editedText_ = toWide(source_.cellText(row, column_));
-  entryTaken_ = false;
-  const DWORD align = column.kind == ColumnKind::Number ? ES_RIGHT : 0U;
-  const DWORD style = WS_CHILD | (isList ? CBS_DROPDOWNLIST | CBS_HASSTRINGS | WS_VSCROLL
-                                         : WS_BORDER | ES_AUTOHSCROLL | align);
-  editor_ = CreateWindowExW(0, isList ? L"COMBOBOX" : L"EDIT", L"", style, cell.left, cell.top,
-                            width, cell.bottom - cell.top + (isList ? theme_->px(openList) : 0),
-                            handle(), nullptr, module_, nullptr);
-  if (!editor_) return;
-  SendMessageW(editor_, WM_SETFONT, reinterpret_cast<WPARAM>(theme_->font()), FALSE);
+  const CellEditor::Place place{handle(), cellBounds(row, column_)};
+  const CellEditor::Cell cell{row, column_, toWide(source_.cellText(row, column_))};
   if (isList) {
-    SendMessageW(editor_, CB_SETITEMHEIGHT, static_cast<WPARAM>(-1), rowHeight() - 6);
-    for (const std::string& item : source_.itemsOf(row, column_)) {
-      SendMessageW(editor_, CB_ADDSTRING, 0, reinterpret_cast<LPARAM>(toWide(item).c_str()));
-    }
-    SendMessageW(editor_, CB_SELECTSTRING, static_cast<WPARAM>(-1),
-                 reinterpret_cast<LPARAM>(editedText_.c_str()));
+    editor_.openList(place, cell, source_.itemsOf(row, column_));
   } else {
-    SetWindowTextW(editor_, typed ? typed : editedText_.c_str());
-    if (typed) {
-      SendMessageW(editor_, EM_SETSEL, 1, 1);
-    } else {
-      SendMessageW(editor_, EM_SETSEL, 0, -1);
-    }
+    editor_.openText(place, cell, kind == ColumnKind::Number, typed);
   }
-  ShowWindow(editor_, SW_SHOWNA);
-  SetFocus(editor_);
-  if (isList) SendMessageW(editor_, CB_SHOWDROPDOWN, TRUE, 0);
 }
 
-void GridControl::endEdit() {
-  if (!editor_) return;
-  HWND editor = std::exchange(editor_, nullptr);
-  ShowWindow(editor, SW_HIDE);
-  // It may be in the middle of telling us that it lost the focus.
-  PostMessageW(handle(), discardEditor, 0, reinterpret_cast<LPARAM>(editor));
+void GridControl::cancelEdit() {
+  editor_.discard();
   invalidate();
 }
 
 bool GridControl::commit() {
-  if (!editor_) return true;
-  const bool isList = source_.columns()[editedColumn_].kind == ColumnKind::ValueList;
-  const LRESULT item = isList ? SendMessageW(editor_, CB_GETCURSEL, 0, 0) : -1;
-  const std::wstring typed = windowText(editor_);
-  endEdit();
-  if (typed == editedText_ && !entryTaken_) return true;
-  return guarded([&] {
-    if (isList) {
-      if (item >= 0) source_.choose(editedRow_, editedColumn_, static_cast<std::size_t>(item));
-    } else if (typed.empty()) {
-      source_.empty(editedRow_, editedColumn_);
-    } else {
-      source_.edit(editedRow_, editedColumn_, toUtf8(typed));
-    }
-  });
+  if (!editor_.isOpen()) return true;
+  const auto entry = editor_.take();
+  invalidate();
+  return !entry || guarded([&] { store(*entry); });
+}
+
+void GridControl::store(const CellEditor::Entry& entry) {
+  if (entry.isFromList) {
+    if (entry.item) source_.choose(entry.row, entry.column, *entry.item);
+  } else if (entry.text.empty()) {
+    source_.empty(entry.row, entry.column);
+  } else {
+    source_.edit(entry.row, entry.column, toUtf8(entry.text));
+  }
 }
 
 void GridControl::editorNotified(UINT code) {
-  if (!editor_) return;
-  if (source_.columns()[editedColumn_].kind == ColumnKind::ValueList) {
-    if (code == CBN_SELENDOK) entryTaken_ = true;
-    if (code == CBN_SELENDCANCEL) endEdit();
-    if (code == CBN_CLOSEUP) {
+  switch (editor_.notified(code)) {
+    case CellEditor::Request::Nothing:
+      break;
+    case CellEditor::Request::Discard:
+      cancelEdit();
+      break;
+    case CellEditor::Request::Keep:
+      commit();
+      break;
+    case CellEditor::Request::KeepAndFocusGrid:
       commit();
       SetFocus(handle());
-    }
-    if (code == CBN_KILLFOCUS) commit();
-  } else if (code == EN_KILLFOCUS) {
-    commit();
+      break;
   }
 }
 
@@ -534,9 +437,7 @@ LRESULT GridControl::answer(UINT message, WPARAM wParam, LPARAM lParam) {
       return 0;
     case WM_MOUSEMOVE:
       if (resizing_ >= 0) {
-        const auto column = static_cast<std::size_t>(resizing_);
-        widths_[column] = std::max(
-            MulDiv(static_cast<int>(point.x) - columnLeft(column), 96, theme_->dpi()), leastColumn);
+        geometry().moveEdge(static_cast<std::size_t>(resizing_), point.x);
         updateScrollBars();
         invalidate();
       }
@@ -551,7 +452,7 @@ LRESULT GridControl::answer(UINT message, WPARAM wParam, LPARAM lParam) {
       POINT at{};
       GetCursorPos(&at);
       ScreenToClient(handle(), &at);
-      if (LOWORD(lParam) == HTCLIENT && hitTest(at).onEdge) {
+      if (LOWORD(lParam) == HTCLIENT && geometry().hitTest(at.x, at.y).onEdge) {
         SetCursor(LoadCursorW(nullptr, IDC_SIZEWE));
         return TRUE;
       }
@@ -561,7 +462,7 @@ LRESULT GridControl::answer(UINT message, WPARAM wParam, LPARAM lParam) {
       wheel_ += GET_WHEEL_DELTA_WPARAM(wParam);
       const int notches = wheel_ / WHEEL_DELTA;
       wheel_ -= notches * WHEEL_DELTA;
-      scrollTo(topRow_ - 3 * notches);
+      scrollTo(geometry_.topRow() - 3 * notches);
       return 0;
     }
     case WM_VSCROLL:
@@ -577,10 +478,10 @@ LRESULT GridControl::answer(UINT message, WPARAM wParam, LPARAM lParam) {
       character(static_cast<wchar_t>(wParam));
       return 0;
     case WM_COMMAND:
-      if (reinterpret_cast<HWND>(lParam) == editor_) editorNotified(HIWORD(wParam));
+      if (editor_.owns(reinterpret_cast<HWND>(lParam))) editorNotified(HIWORD(wParam));
       return 0;
-    case discardEditor:
-      DestroyWindow(reinterpret_cast<HWND>(lParam));
+    case CellEditor::destroyMessage:
+      CellEditor::destroy(lParam);
       return 0;
     default:
       break;

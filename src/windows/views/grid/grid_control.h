@@ -8,18 +8,18 @@
 
 #include "windows/views/drawing/painting.h"
 #include "windows/views/drawing/theme.h"
+#include "windows/views/grid/cell_editor.h"
 #include "windows/views/grid/grid_source.h"
+#include "windows/views/layout/grid_geometry.h"
 #include "windows/views/window/inspection.h"
 #include "windows/views/window/keyboard.h"
 #include "windows/views/window/window.h"
 
 namespace kebu::windows {
 
-class TextRuler;
-
-/// Rows in columns, read from the source as they come into sight, with cells
-/// that are edited in place. Neither rows nor ticks are kept here, so their
-/// number costs nothing.
+/// The window of a grid: draws what its source shows, and turns keys and clicks into calls of the
+/// source. Cells are read as they come into sight and edited in place. Neither rows nor ticks are
+/// kept here, so their number costs nothing.
 class GridControl : public Window {
  public:
   GridControl(HINSTANCE module, HWND parent, const Theme& theme, GridSource& source);
@@ -37,43 +37,26 @@ class GridControl : public Window {
   bool commit();
 
   // Where parts are; empty when out of sight.
-  RECT rowBounds(std::int32_t row) const;
-  RECT cellBounds(std::int32_t row, std::size_t column) const;
-  RECT headBounds(std::size_t column) const;
-  RECT tickAllBounds(std::size_t column) const;
+  RECT rowBounds(std::int32_t row);
+  RECT cellBounds(std::int32_t row, std::size_t column);
+  RECT headBounds(std::size_t column);
+  RECT tickAllBounds(std::size_t column);
   bool isTickAllOn(std::size_t column) const;
 
  protected:
   LRESULT answer(UINT message, WPARAM wParam, LPARAM lParam) override;
 
  private:
-  struct Hit {
-    std::int32_t row = 0;  ///< 0 in the heads
-    int column = -1;
-    bool onEdge = false;  ///< on a head's right edge
-  };
-
-  int rowHeight() const;
-  int headHeight() const;
-  int gutter() const;
-  int columnLeft(std::size_t column) const;
-  int columnWidth(std::size_t column) const;
-  /// Finds what the columns need at the least.
+  /// The geometry of what the source shows now.
+  layout::GridGeometry& geometry();
+  /// Widens the columns to what their heads and the cells in sight need.
   void measureColumns();
-  int headNeeds(const GridSource::Column& column, const TextRuler& ruler) const;
-  int cellsNeed(std::size_t column, const TextRuler& ruler) const;
-  bool isShown(std::size_t column) const;
-  /// The next column in sight, `column` itself when there is none; `step` is 1 or -1.
-  std::size_t shownFrom(std::size_t column, int step) const;
-  int totalWidth() const;
-  int visibleRows() const;
-  std::int32_t lastTopRow() const;
   void updateScrollBars();
   void scrollTo(std::int32_t topRow);
   void scroll(int bar, WPARAM wParam);
   void showColumn(std::size_t column);
-  Hit hitTest(POINT point) const;
 
+  // grid_control_paint.cpp
   void paint();
   void paintHead(HDC dc);
   void paintRow(HDC dc, std::int32_t row);
@@ -87,28 +70,22 @@ class GridControl : public Window {
   bool isEditable(std::int32_t row, std::size_t column);
   void tick(std::int32_t row, std::size_t column);
   void tickAll(std::size_t column, bool on);
-  void startEdit(const wchar_t* typed);
   void lookupCurrent();
-  void endEdit();
+  /// Opens the editor in the current cell; `typed`, which may be null, replaces the cell's text.
+  void startEdit(const wchar_t* typed);
+  void cancelEdit();
+  void store(const CellEditor::Entry& entry);
   void editorNotified(UINT code);
 
-  HINSTANCE module_;
   const Theme* theme_;
   GridSource& source_;
-  std::vector<int> widths_;  ///< of columns the user has drawn wider, in 96ths; else 0
-  std::vector<int> needed_;  ///< widths at the least, in pixels, for columns not drawn by the user
-  std::int32_t measuredRows_ = 0;
-  std::map<std::size_t, bool> allTicked_;
-  std::int32_t topRow_ = 1;
-  int leftOffset_ = 0;
-  std::size_t column_ = 0;
-  int resizing_ = -1;
-  HWND editor_ = nullptr;
-  std::int32_t editedRow_ = 0;
-  std::size_t editedColumn_ = 0;
-  std::wstring editedText_;
-  bool entryTaken_ = false;  ///< of the open list, be it the one that was there
-  int wheel_ = 0;
+  layout::GridGeometry geometry_;
+  CellEditor editor_;
+  std::int32_t measuredRows_ = 0;  ///< how many rows there were when the columns were measured
+  std::map<std::size_t, bool> allTicked_;  ///< the boxes in the heads
+  std::size_t column_ = 0;                 ///< the current one
+  int resizing_ = -1;                      ///< the column whose width the user changes, or -1
+  int wheel_ = 0;                          ///< what is left of the wheel's turns, in its units
 };
 
 }  // namespace kebu::windows

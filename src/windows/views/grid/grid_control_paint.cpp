@@ -11,8 +11,9 @@ void GridControl::paint() {
   const BufferedPaint buffer(handle());
   const Palette& colours = theme_->colours();
   fill(buffer.dc(), buffer.area(), colours.card);
-  for (std::int32_t row = topRow_; row <= topRow_ + visibleRows(); ++row) {
-    const RECT bounds = rowBounds(row);
+  const layout::GridGeometry& geometry = this->geometry();
+  for (std::int32_t row = geometry.topRow(); row <= geometry.bottomRow(); ++row) {
+    const RECT bounds = toRECT(geometry.rowBounds(row));
     RECT touched{};
     if (IntersectRect(&touched, &bounds, &buffer.area())) paintRow(buffer.dc(), row);
   }
@@ -23,10 +24,10 @@ void GridControl::paint() {
 void GridControl::paintHead(HDC dc) {
   const Palette& colours = theme_->colours();
   RECT head = clientArea();
-  head.bottom = headHeight();
+  head.bottom = geometry().headHeight();
   fill(dc, head, colours.locked);
   for (std::size_t i = 0; i < source_.columns().size(); ++i) {
-    if (!isShown(i)) continue;
+    if (!geometry_.isShown(i)) continue;
     const GridSource::Column& column = source_.columns()[i];
     RECT area = headBounds(i);
     const bool isOpenCode = column.caption.empty();  // shares the next column's caption
@@ -58,12 +59,12 @@ void GridControl::paintRow(HDC dc, std::int32_t row) {
     if (!IsRectEmpty(&cell)) paintCell(dc, row, i, cell, isCurrent);
   }
   if (source_.keepsRowState()) {
-    RECT mark{0, area.top, gutter(), area.bottom};
+    RECT mark{0, area.top, geometry_.gutter(), area.bottom};
     fill(dc, mark, isCurrent ? colours.chosen : colours.card);
     const int state = source_.rowState(row);
     if (state == 1 || state == 2) {
       const int size = theme_->px(9);
-      const int left = (gutter() - size) / 2 + 1;
+      const int left = (geometry_.gutter() - size) / 2 + 1;
       const int top = static_cast<int>(area.top + area.bottom - size) / 2;
       const COLORREF colour = state == 1 ? colours.good : colours.warning;
       card(dc, {left, top, left + size, top + size}, size, colour, colour);

@@ -15,6 +15,7 @@ struct Rect {
   int right() const { return left + width; }
   int bottom() const { return top + height; }
   bool isEmpty() const { return width <= 0 || height <= 0; }
+  bool operator==(const Rect&) const = default;
 };
 
 /// What the layout knows of the screen: its resolution and the font.
@@ -25,6 +26,8 @@ struct Metrics {
 
   /// Pixels of `units`, each of which is 1/96 inch.
   int px(int units) const { return (units * dpi + 48) / 96; }
+  /// The other way round: 96ths of an inch in so many pixels.
+  int units(int pixels) const { return (pixels * 96 + dpi / 2) / dpi; }
   int fieldHeight() const { return lineHeight + px(8); }
 };
 

@@ -1,0 +1,161 @@
+#include "windows/views/layout/grid_geometry.h"
+
+#include <algorithm>
+#include <cstdlib>
+#include <utility>
+
+namespace kebu::windows::layout {
+
+namespace {
+
+// In 96ths of an inch.
+constexpr int minimumColumn = 28;
+constexpr int edgeReach = 4;
+constexpr int tickAllLeft = 6;
+constexpr int tickAllWidth = 16;
+
+}  // namespace
+
+void GridGeometry::setContents(GridContents contents) {
+  contents_ = std::move(contents);
+  if (widths_.size() != contents_.columns.size()) widths_.assign(contents_.columns.size(), {});
+}
+
+void GridGeometry::setSize(int width, int height) {
+  width_ = width;
+  height_ = height;
+}
+
+std::size_t GridGeometry::shownFrom(std::size_t column, int step) const {
+  // Unsigned: a step before the first column leads beyond the last one.
+  const std::size_t count = contents_.columns.size();
+  std::size_t at = column + static_cast<std::size_t>(step);
+  while (at < count && !isShown(at)) at += static_cast<std::size_t>(step);
+  return at < count ? at : column;
+}
+
+int GridGeometry::columnWidth(std::size_t column) const {
+  if (!isShown(column)) return 0;
+  const Width& width = widths_[column];
+  if (width.user) return metrics_.px(std::max(width.user, minimumColumn));
+  const int stated = std::max(contents_.columns[column].width, minimumColumn);
+  return std::max(metrics_.px(stated), width.required);
+}
+
+int GridGeometry::columnLeft(std::size_t column) const {
+  int left = gutter() - offset_;
+  for (std::size_t i = 0; i < column; ++i) left += columnWidth(i);
+  return left;
+}
+
+int GridGeometry::totalWidth() const {
+  return columnLeft(contents_.columns.size()) + offset_;
+}
+
+void GridGeometry::forgetRequiredWidths() {
+  for (Width& width : widths_) width.required = 0;
+}
+
+void GridGeometry::moveEdge(std::size_t column, int x) {
+  widths_[column].user = std::max(metrics_.units(x - columnLeft(column)), minimumColumn);
+}
+
+std::int32_t GridGeometry::visibleRows() const {
+  return std::max((height_ - headHeight()) / rowHeight(), 1);
+}
+
+std::int32_t GridGeometry::bottomRow() const {
+  return std::min(contents_.rowCount, topRow_ + visibleRows());
+}
+
+std::int32_t GridGeometry::lastTopRow() const {
+  return std::max(contents_.rowCount - visibleRows() + 1, 1);
+}
+
+Rect GridGeometry::rowBounds(std::int32_t row) const {
+  if (row < topRow_ || row > bottomRow()) return {};
+  const int top = headHeight() + (row - topRow_) * rowHeight();
+  if (top >= height_) return {};
+  return {0, top, width_, rowHeight()};
+}
+
+Rect GridGeometry::cellBounds(std::int32_t row, std::size_t column) const {
+  const Rect whole = rowBounds(row);
+  if (whole.isEmpty()) return {};
+  const Rect cell{columnLeft(column), whole.top, columnWidth(column), whole.height};
+  const bool inSight = !cell.isEmpty() && cell.left < width_ && cell.right() > 0;
+  return inSight ? cell : Rect{};
+}
+
+Rect GridGeometry::headBounds(std::size_t column) const {
+  return {columnLeft(column), 0, columnWidth(column), headHeight()};
+}
+
+Rect GridGeometry::tickAllBounds(std::size_t column) const {
+  if (!contents_.columns[column].isCheck) return {};
+  const Rect head = headBounds(column);
+  return {head.left + metrics_.px(tickAllLeft), head.top, metrics_.px(tickAllWidth), head.height};
+}
+
+GridHit GridGeometry::hitTest(int x, int y) const {
+  GridHit hit;
+  const bool inHeads = y < headHeight();
+  for (std::size_t i = 0; i < contents_.columns.size(); ++i) {
+    if (!isShown(i)) continue;
+    const int left = columnLeft(i);
+    const int right = left + columnWidth(i);
+    if (inHeads && std::abs(x - right) <= metrics_.px(edgeReach)) {
+      return {0, static_cast<int>(i), true};
+    }
+    if (x >= left && x < right) hit.column = static_cast<int>(i);
+  }
+  if (inHeads) {
+    hit.row = 0;
+  } else {
+    const std::int32_t row = topRow_ + (y - headHeight()) / rowHeight();
+    if (row <= contents_.rowCount) hit.row = row;
+  }
+  return hit;
+}
+
+ScrollRange GridGeometry::verticalRange() const {
+  return {1, std::max(contents_.rowCount, 1), visibleRows(), topRow_};
+}
+
+ScrollRange GridGeometry::horizontalRange() const {
+  return {0, std::max(totalWidth() - 1, 0), width_, offset_};
+}
+
+void GridGeometry::scrollToRow(std::int32_t topRow) {
+  topRow_ = std::clamp(topRow, 1, lastTopRow());
+}
+
+void GridGeometry::scrollToOffset(int offset) {
+  offset_ = std::clamp(offset, 0, std::max(totalWidth() - width_, 0));
+}
+
+bool GridGeometry::isInView(std::int32_t row) const {
+  return row >= topRow_ && row < topRow_ + visibleRows();
+}
+
+void GridGeometry::showRow(std::int32_t row) {
+  if (row < topRow_) scrollToRow(row);
+  if (row >= topRow_ + visibleRows()) scrollToRow(row - visibleRows() + 1);
+}
+
+void GridGeometry::showColumn(std::size_t column) {
+  const int hiddenLeft = gutter() - columnLeft(column);
+  const int hiddenRight = columnLeft(column) + columnWidth(column) - width_;
+  if (hiddenLeft > 0) {
+    scrollToOffset(offset_ - hiddenLeft);
+  } else if (hiddenRight > 0) {
+    scrollToOffset(offset_ + std::min(hiddenRight, -hiddenLeft));
+  }
+}
+
+void GridGeometry::clampPosition() {
+  scrollToRow(topRow_);
+  scrollToOffset(offset_);
+}
+
+}  // namespace kebu::windows::layout

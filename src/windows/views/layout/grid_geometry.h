@@ -1,0 +1,120 @@
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <vector>
+
+#include "windows/views/layout/metrics.h"
+
+namespace kebu::windows::layout {
+
+/// What the geometry has to know of a column.
+struct GridColumn {
+  int width = 0;         ///< in 96ths of an inch; a column of no width is hidden
+  bool isCheck = false;  ///< its head has a box that sets all of its cells
+
+  bool operator==(const GridColumn&) const = default;
+};
+
+/// What a grid shows: its columns and how many rows.
+struct GridContents {
+  std::vector<GridColumn> columns;
+  std::int32_t rowCount = 0;
+  bool hasRowMarks = false;  ///< there is a mark before each row
+};
+
+/// The part of a grid that a point lies in.
+struct GridHit {
+  std::int32_t row = -1;  ///< from 1; 0 in the heads, -1 below the last row
+  int column = -1;        ///< from 0; -1 beside the columns
+  bool onEdge = false;    ///< on the right edge of the column's head, where its width is changed
+};
+
+/// What a scroll bar is told: the range includes both ends.
+struct ScrollRange {
+  int first = 0;
+  int last = 0;
+  int page = 0;
+  int position = 0;
+};
+
+/// Where the parts of a grid are, in pixels of its client area: a row of heads, below it rows of
+/// the same height, of which as many are counted as fit in full. Rows count from 1, columns from 0.
+/// Scrolls down by whole rows and sideways by pixels.
+class GridGeometry {
+ public:
+  /// The metrics must outlive this and may change.
+  explicit GridGeometry(const Metrics& metrics) : metrics_(metrics) {}
+
+  /// Another number of columns forgets the widths that the user gave them.
+  void setContents(GridContents contents);
+  /// The size of the client area.
+  void setSize(int width, int height);
+
+  int rowHeight() const { return metrics_.lineHeight + metrics_.px(11); }
+  int headHeight() const { return metrics_.lineHeight + metrics_.px(15); }
+  /// The room before the first column.
+  int gutter() const { return metrics_.px(contents_.hasRowMarks ? 22 : 4); }
+
+  // Columns.
+  bool isShown(std::size_t column) const { return contents_.columns[column].width > 0; }
+  /// The next shown column, `column` itself when there is none; `step` is 1 or -1.
+  std::size_t shownFrom(std::size_t column, int step) const;
+  int columnWidth(std::size_t column) const;
+  int columnLeft(std::size_t column) const;
+  int totalWidth() const;
+  /// The width in pixels that a column must have as long as the user gives it no other.
+  void setRequiredWidth(std::size_t column, int width) { widths_[column].required = width; }
+  int requiredWidth(std::size_t column) const { return widths_[column].required; }
+  void forgetRequiredWidths();
+  /// The user moves the column's right edge to `x`.
+  void moveEdge(std::size_t column, int x);
+
+  // Rows.
+  std::int32_t rowCount() const { return contents_.rowCount; }
+  /// How many rows fit in full, at least 1.
+  std::int32_t visibleRows() const;
+  std::int32_t topRow() const { return topRow_; }
+  /// The last row of which anything may be in sight.
+  std::int32_t bottomRow() const;
+
+  // Where parts are; empty when out of sight.
+  Rect rowBounds(std::int32_t row) const;
+  Rect cellBounds(std::int32_t row, std::size_t column) const;
+  Rect headBounds(std::size_t column) const;
+  /// The box in the head of a column of check boxes; empty for other columns.
+  Rect tickAllBounds(std::size_t column) const;
+  GridHit hitTest(int x, int y) const;
+
+  // Scrolling; what would lead beyond the ends leads to them.
+  ScrollRange verticalRange() const;
+  ScrollRange horizontalRange() const;
+  void scrollToRow(std::int32_t topRow);
+  void scrollToOffset(int offset);
+  /// Whether the row is among those that fit in full.
+  bool isInView(std::int32_t row) const;
+  /// Scrolls as far as it takes to have the row in full view.
+  void showRow(std::int32_t row);
+  /// The same for a column; of one that is too wide the left edge is shown.
+  void showColumn(std::size_t column);
+  /// Brings the position back into a range that has become shorter.
+  void clampPosition();
+
+ private:
+  struct Width {
+    int user = 0;      ///< that the user gave it, in 96ths of an inch; else 0
+    int required = 0;  ///< in pixels
+  };
+
+  std::int32_t lastTopRow() const;
+
+  const Metrics& metrics_;
+  GridContents contents_;
+  std::vector<Width> widths_;  ///< one a column
+  int width_ = 0;
+  int height_ = 0;
+  std::int32_t topRow_ = 1;
+  int offset_ = 0;  ///< how many pixels of the columns have been scrolled away to the left
+};
+
+}  // namespace kebu::windows::layout
