@@ -1,12 +1,11 @@
 #pragma once
 
-#include <windows.h>
-
 #include <functional>
 #include <memory>
 #include <string>
 #include <vector>
 
+#include "windows/support/windows_api.h"
 #include "workbench/ado/ado_objects.h"
 #include "workbench/cli/company_file.h"
 #include "workbench/host/stand_in_host.h"

@@ -1,8 +1,8 @@
 #include "tests/windows/registry.h"
 
-#include <windows.h>
-
 #include <vector>
+
+#include "windows/support/handles.h"
 
 namespace kebu::tests {
 
@@ -11,8 +11,9 @@ namespace {
 constexpr DWORD longestName = 16384;
 
 void readKey(HKEY parent, const std::wstring& path, RegistryContents& contents) {
-  HKEY key = nullptr;
-  if (RegOpenKeyExW(parent, path.c_str(), 0, KEY_READ, &key) != ERROR_SUCCESS) return;
+  HKEY opened = nullptr;
+  if (RegOpenKeyExW(parent, path.c_str(), 0, KEY_READ, &opened) != ERROR_SUCCESS) return;
+  windows::OwnedKey key(opened);
   contents[path + L"|"];
   std::vector<wchar_t> name(longestName);
   std::vector<BYTE> data(1 << 16);
@@ -21,7 +22,7 @@ void readKey(HKEY parent, const std::wstring& path, RegistryContents& contents) 
     auto size = static_cast<DWORD>(data.size());
     DWORD type = 0;
     const LSTATUS result =
-        RegEnumValueW(key, i, name.data(), &nameLength, nullptr, &type, data.data(), &size);
+        RegEnumValueW(key.get(), i, name.data(), &nameLength, nullptr, &type, data.data(), &size);
     if (result == ERROR_NO_MORE_ITEMS) break;
     std::wstring& value = contents[path + L"|" + name.data()];
     if (result != ERROR_SUCCESS) continue;
@@ -34,13 +35,13 @@ void readKey(HKEY parent, const std::wstring& path, RegistryContents& contents) 
   std::vector<std::wstring> children;
   for (DWORD i = 0;; ++i) {
     auto nameLength = longestName;
-    if (RegEnumKeyExW(key, i, name.data(), &nameLength, nullptr, nullptr, nullptr, nullptr) !=
+    if (RegEnumKeyExW(key.get(), i, name.data(), &nameLength, nullptr, nullptr, nullptr, nullptr) !=
         ERROR_SUCCESS) {
       break;
     }
     children.emplace_back(name.data());
   }
-  RegCloseKey(key);
+  key.reset();  // before the keys below are opened in turn
   for (const auto& child : children) {
     readKey(parent, path.empty() ? child : path + L"\\" + child, contents);
   }

@@ -1,8 +1,8 @@
 #include "tests/windows/resources.h"
 
-#include <windows.h>
-
 #include <array>
+
+#include "windows/support/windows_api.h"
 
 namespace kebu::tests {
 

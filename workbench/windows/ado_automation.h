@@ -9,8 +9,8 @@
 
 namespace kebu::workbench {
 
-// The workbench's database objects as ADO's: late-bound objects with ADO's
-// member names. Nothing for none.
+// The workbench's database objects as COM objects for late binding, with ADO's member names. Absent
+// for a null reference.
 
 windows::ComPtr<IDispatch> automate(const Ref<ado::Connection>& connection);
 windows::ComPtr<IDispatch> automate(const Ref<ado::Recordset>& recordset);

@@ -35,8 +35,8 @@ bool isAsynchronous(const windows::Arguments& arguments, std::size_t at) {
   return (arguments.number(at, 0) & windows::executeAsynchronously) != 0;
 }
 
-void runBeside(const std::shared_ptr<RecordsetState>& recordset, ConnectionState& connection,
-               std::function<Ref<ado::Recordset>()> work) {
+void runAsynchronously(const std::shared_ptr<RecordsetState>& recordset,
+                       ConnectionState& connection, std::function<Ref<ado::Recordset>()> work) {
   recordset->coming = std::async(std::launch::async, std::move(work));
   connection.last = recordset;
 }

@@ -14,13 +14,13 @@
 
 namespace kebu::workbench {
 
-// What stands behind the workbench's database objects for COM.
+// The state of the workbench's database objects for COM.
 
-/// What ADO's recordset keeps besides its rows.
+/// What a recordset of ADO has besides its rows.
 struct RecordsetState {
   Ref<ado::Recordset> rows;
-  /// The rows of a statement that runs on a thread of its own; until they are
-  /// there the recordset is what it was.
+  /// The rows of a statement that executes asynchronously, on a thread of its own; until they are
+  /// there the recordset stays as it was.
   std::future<Ref<ado::Recordset>> coming;
   windows::ComPtr<IDispatch> connection;
   std::string source;
@@ -30,12 +30,11 @@ struct RecordsetState {
 
   AdoRecordset& own() const { return dynamic_cast<AdoRecordset&>(*rows); }
   bool isExecuting() const;
-  /// ADO's State. As ADO has it, the error of what ran beside the caller is raised
-  /// the first time that this is asked.
+  /// ADO's State. As in ADO, the first call after an asynchronous statement raises its error.
   std::int32_t state();
 };
 
-/// A connection, and the last that was begun on it.
+/// A connection, and the recordset of its last asynchronous statement.
 struct ConnectionState {
   Ref<ado::Connection> connection;
   std::weak_ptr<const RecordsetState> last;
@@ -45,12 +44,11 @@ struct ConnectionState {
   ado::Connection& idle() const;
 };
 
-/// Whether ADO's options, an argument that may be left out, say that a statement
-/// is to run beside the caller.
+/// Whether ADO's options, an argument that may be omitted, ask for asynchronous execution.
 bool isAsynchronous(const windows::Arguments& arguments, std::size_t at);
-/// Has `work` done beside the caller; its rows become those of the recordset.
-void runBeside(const std::shared_ptr<RecordsetState>& recordset, ConnectionState& connection,
-               std::function<Ref<ado::Recordset>()> work);
+/// Runs `work` asynchronously; its rows become those of the recordset.
+void runAsynchronously(const std::shared_ptr<RecordsetState>& recordset,
+                       ConnectionState& connection, std::function<Ref<ado::Recordset>()> work);
 
 windows::ComPtr<IDispatch> automateState(const std::shared_ptr<RecordsetState>& state);
 

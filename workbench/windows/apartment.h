@@ -1,8 +1,6 @@
 #pragma once
 
-#include <windows.h>
-
-#include <objbase.h>
+#include "windows/support/windows_api.h"
 
 namespace kebu::workbench {
 

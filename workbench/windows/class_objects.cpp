@@ -1,13 +1,10 @@
 #include "workbench/windows/class_objects.h"
 
-#include <windows.h>
-
-#include <objbase.h>
-
 #include <utility>
 
 #include "windows/ado/ado_constants.h"
 #include "windows/support/com_object.h"
+#include "windows/support/windows_api.h"
 #include "workbench/windows/ado_automation.h"
 
 namespace kebu::workbench {

@@ -1,16 +1,15 @@
 #pragma once
 
-#include <windows.h>
-
 #include <functional>
 #include <vector>
 
 #include "ado/library.h"
+#include "windows/support/windows_api.h"
 
 namespace kebu::workbench {
 
-/// While it lives, whoever in this process creates one of ADO's objects gets
-/// one of these. The library must outlive it.
+/// Registers the workbench's objects under ADO's class identifiers for this process, for as long as
+/// it lives. The library must outlive it.
 class ClassObjects {
  public:
   ClassObjects(ado::Library& library, std::function<Ref<ado::Connection>()> newConnection);

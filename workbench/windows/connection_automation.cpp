@@ -26,7 +26,7 @@ Variant execute(ConnectionState& state, Argument arguments) {
   if (!isAsynchronous(arguments, 2)) return Variant(automate(connection.Execute(text)));
   auto result = std::make_shared<RecordsetState>();
   result->rows = makeRef<AdoRecordset>();
-  runBeside(result, state, [on = state.connection, text] { return on->Execute(text); });
+  runAsynchronously(result, state, [on = state.connection, text] { return on->Execute(text); });
   return Variant(automateState(result));
 }
 

@@ -5,9 +5,8 @@
 
 namespace kebu::workbench {
 
-/// The plug-in as the host has it, behind the late-bound object that it is. The
-/// host's objects are handed over as COM objects; `events` is the interface of
-/// the navigator's events.
+/// The plug-in's COM object in the role that the host calls. The host's objects are passed to it as
+/// COM objects; `events` is the interface of the navigator's events.
 class DllPlugin : public windows::DllMembers {
  public:
   DllPlugin(windows::ComPtr<IDispatch> object, REFIID events)

@@ -1,19 +1,19 @@
 #pragma once
 
-#include <windows.h>
-
 #include <string>
+
+#include "windows/support/windows_api.h"
 
 namespace kebu::workbench {
 
-// What hands do on mouse and keyboard, as the messages that come of it.
+// Mouse and keyboard input, as the window messages that it causes.
 
 void clickAt(HWND window, POINT point);
 /// In the middle of `bounds`.
 void clickOn(HWND window, const RECT& bounds);
 void pressKey(HWND window, WPARAM key, int times = 1);
 void typeText(HWND window, const std::wstring& text);
-/// Replaces what stands in an edit control that has the focus.
+/// Replaces the text of an edit control that has the focus.
 void replaceText(HWND edit, const std::wstring& text);
 /// Opens the list of a combo box that has the focus and takes a row of it, from 0.
 void takeFromList(HWND combo, int index);

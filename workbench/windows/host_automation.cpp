@@ -6,7 +6,7 @@
 #include "windows/support/automation.h"
 #include "windows/support/safe_array.h"
 #include "workbench/windows/ado_automation.h"
-#include "workbench/windows/navigator_events.h"
+#include "workbench/windows/navigator_object.h"
 
 namespace kebu::workbench {
 

@@ -7,8 +7,8 @@
 
 namespace kebu::workbench {
 
-// The host's objects for a plug-in that calls them by late binding: the members
-// have the names that they have in host/. Nothing for none.
+// The host's objects as COM objects for late binding, with the member names of host/. Absent for a
+// null reference.
 
 windows::ComPtr<IDispatch> automate(const Ref<host::ClsGlobal>& global);
 windows::ComPtr<IDispatch> automate(const Ref<host::StatusBar>& bar);

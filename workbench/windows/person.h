@@ -4,8 +4,8 @@
 
 namespace kebu::workbench {
 
-/// The person before the real screen: message boxes are put before them. Lists
-/// and windows are the plug-in's own and are worked in there.
+/// The person at the screen: message boxes are shown to them. Lists and windows are the plug-in's
+/// own, and the person works in those.
 class Person : public User {
  public:
   std::int32_t answer(const ShownMessage& box) override;

@@ -1,13 +1,9 @@
 #include "workbench/windows/picture.h"
 
-#include <windows.h>
-
-#include <objidl.h>
-
 #include <cstdint>
 #include <vector>
 
-// GDI+ wants min and max, which the build keeps away from everybody else.
+// GDI+'s header uses the min and max macros, which windows_api.h keeps out.
 #include <algorithm>
 namespace Gdiplus {
 using std::max;
@@ -16,6 +12,7 @@ using std::min;
 #include <gdiplus.h>
 
 #include "windows/support/text.h"
+#include "windows/views/drawing/painting.h"
 #include "workbench/player/scenario.h"
 
 namespace kebu::workbench {
@@ -40,42 +37,36 @@ class GdiPlus {
 
 using Pixels = std::vector<std::uint32_t>;
 
-/// What the screen shows of a rectangle.
-class Shot {
+/// A copy of a rectangle of the screen.
+class ScreenCopy {
  public:
-  explicit Shot(const RECT& place)
+  explicit ScreenCopy(const RECT& place)
       : width_(place.right - place.left), height_(place.bottom - place.top) {
-    bitmap_ = CreateCompatibleBitmap(screen_, width_, height_);
-    HGDIOBJ before = SelectObject(memory_, bitmap_);
-    BitBlt(memory_, 0, 0, width_, height_, screen_, place.left, place.top, SRCCOPY);
-    SelectObject(memory_, before);
-  }
-  Shot(const Shot&) = delete;
-  Shot& operator=(const Shot&) = delete;
-  ~Shot() {
-    DeleteObject(bitmap_);
-    DeleteDC(memory_);
-    ReleaseDC(nullptr, screen_);
+    const windows::ScreenDc screen;
+    memory_.reset(CreateCompatibleDC(screen.get()));
+    bitmap_.reset(CreateCompatibleBitmap(screen.get(), width_, height_));
+    const windows::Selected selected(memory_.get(), bitmap_.get());
+    BitBlt(memory_.get(), 0, 0, width_, height_, screen.get(), place.left, place.top, SRCCOPY);
   }
 
-  HBITMAP bitmap() const { return bitmap_; }
+  HBITMAP bitmap() const { return bitmap_.get(); }
   Pixels pixels() const {
     Pixels all(static_cast<std::size_t>(width_) * static_cast<std::size_t>(height_));
     BITMAPINFO info{};
     info.bmiHeader = {sizeof info.bmiHeader, width_, height_, 1, 32, BI_RGB, 0, 0, 0, 0, 0};
-    GetDIBits(memory_, bitmap_, 0, static_cast<UINT>(height_), all.data(), &info, DIB_RGB_COLORS);
+    GetDIBits(memory_.get(), bitmap_.get(), 0, static_cast<UINT>(height_), all.data(), &info,
+              DIB_RGB_COLORS);
     return all;
   }
 
  private:
   int width_;
   int height_;
-  HDC screen_ = GetDC(nullptr);
-  HDC memory_ = CreateCompatibleDC(screen_);
-  HBITMAP bitmap_ = nullptr;
+  windows::OwnedMemoryDc memory_;
+  windows::OwnedBitmap bitmap_;
 };
 
-/// What a window has drawn reaches the screen a little later, and piece by piece.
+/// The screen shows what a window has drawn a little later, and piece by piece.
 void waitUntilDrawn(HWND window, const RECT& place) {
   RedrawWindow(window, nullptr, nullptr, RDW_UPDATENOW | RDW_ALLCHILDREN);
   constexpr DWORD pause = 80;  // milliseconds
@@ -83,7 +74,7 @@ void waitUntilDrawn(HWND window, const RECT& place) {
   Pixels before;
   for (int i = 0; i < longest; ++i) {
     Sleep(pause);
-    Pixels now = Shot(place).pixels();
+    Pixels now = ScreenCopy(place).pixels();
     if (now == before) return;
     before = std::move(now);
   }
@@ -95,9 +86,9 @@ void savePicture(HWND window, const std::wstring& path) {
   RECT place{};
   GetWindowRect(window, &place);
   waitUntilDrawn(window, place);
-  const Shot shot(place);
+  const ScreenCopy copy(place);
   const GdiPlus started;
-  Gdiplus::Bitmap picture(shot.bitmap(), nullptr);
+  Gdiplus::Bitmap picture(copy.bitmap(), nullptr);
   const Gdiplus::Status status = picture.Save(path.c_str(), &pngEncoder, nullptr);
   if (status != Gdiplus::Ok) {
     throw StepError("the picture " + windows::toUtf8(path) + " cannot be written");

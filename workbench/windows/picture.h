@@ -1,12 +1,12 @@
 #pragma once
 
-#include <windows.h>
-
 #include <string>
+
+#include "windows/support/windows_api.h"
 
 namespace kebu::workbench {
 
-/// What the screen shows of a window, as a PNG file. StepError when it cannot be kept.
+/// Saves the window's part of the screen as a PNG file. StepError when that fails.
 void savePicture(HWND window, const std::wstring& path);
 
 }  // namespace kebu::workbench

@@ -54,17 +54,13 @@ PluginLibrary::PluginLibrary(const std::filesystem::path& file) {
   }
   class_ = idOf(*types.get(), L"CLSKB_ANAGKELMORIA");
   navigatorEvents_ = idOf(*types.get(), L"DNavigatorEvents");
-  module_ = LoadLibraryW(file.c_str());
+  module_.reset(LoadLibraryW(file.c_str()));
   if (!module_) throw CommandError(shown(file) + " cannot be loaded");
 }
 
-PluginLibrary::~PluginLibrary() {
-  FreeLibrary(module_);
-}
-
 ComPtr<IDispatch> PluginLibrary::create() const {
-  const auto getClassObject =
-      exported<HRESULT(STDAPICALLTYPE*)(REFCLSID, REFIID, LPVOID*)>(module_, "DllGetClassObject");
+  const auto getClassObject = exported<HRESULT(STDAPICALLTYPE*)(REFCLSID, REFIID, LPVOID*)>(
+      module_.get(), "DllGetClassObject");
   ComPtr<IClassFactory> factory;
   ComPtr<IDispatch> object;
   HRESULT result = getClassObject(class_, IID_IClassFactory, factory.putVoid());
@@ -78,7 +74,7 @@ ComPtr<IDispatch> PluginLibrary::create() const {
 }
 
 bool PluginLibrary::canUnload() const {
-  return exported<HRESULT(STDAPICALLTYPE*)()>(module_, "DllCanUnloadNow")() == S_OK;
+  return exported<HRESULT(STDAPICALLTYPE*)()>(module_.get(), "DllCanUnloadNow")() == S_OK;
 }
 
 }  // namespace kebu::workbench

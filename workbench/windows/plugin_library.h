@@ -1,23 +1,17 @@
 #pragma once
 
-#include <windows.h>
-
-#include <oaidl.h>
-
 #include <filesystem>
 
 #include "windows/support/com_ptr.h"
+#include "windows/support/handles.h"
 
 namespace kebu::workbench {
 
-/// The plug-in's DLL, used without being registered, and what its type library
-/// tells of it. CommandError when it is not there or is something else.
+/// The plug-in's DLL, used without being registered, and the identifiers in its type library.
+/// CommandError when the file is missing or is something else.
 class PluginLibrary {
  public:
   explicit PluginLibrary(const std::filesystem::path& file);
-  ~PluginLibrary();
-  PluginLibrary(const PluginLibrary&) = delete;
-  PluginLibrary& operator=(const PluginLibrary&) = delete;
 
   /// The one beside this program.
   static std::filesystem::path besideProgram();
@@ -29,7 +23,7 @@ class PluginLibrary {
   bool canUnload() const;
 
  private:
-  HMODULE module_ = nullptr;
+  windows::OwnedModule module_;
   CLSID class_{};
   IID navigatorEvents_{};
 };

@@ -1,7 +1,7 @@
 #include "workbench/cli/program_words.h"
 
-#include <windows.h>
-
+#include "windows/support/windows_api.h"
+// After it, which they build on.
 #include <fcntl.h>
 #include <io.h>
 #include <shellapi.h>

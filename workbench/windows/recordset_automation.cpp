@@ -135,10 +135,10 @@ Variant getRows(RecordsetState& recordset, Argument arguments) {
   return toArray(recordset.rows->GetRows(arguments.number(0, -1)), wanted);
 }
 
-/// Opens the recordset as its state says, beside the caller.
+/// Opens the recordset asynchronously, as its state says.
 void openBeside(const std::shared_ptr<RecordsetState>& state, ConnectionState& on,
                 const std::string& filter = "") {
-  runBeside(
+  runAsynchronously(
       state, on,
       [connection = connectionBehind(state->connection), source = state->source,
        location = state->location, cursor = state->cursorType, lock = state->lockType, filter] {
@@ -192,7 +192,7 @@ void setFilter(RecordsetState& recordset, Argument arguments) {
   }
 }
 
-/// A member that only does something.
+/// A member without a result.
 template <auto Method>
 Variant doing(RecordsetState& recordset, Argument /*arguments*/) {
   ((*recordset.rows).*Method)();

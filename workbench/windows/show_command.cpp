@@ -1,11 +1,9 @@
 // Opens the window for a person.
-#include <windows.h>
-
-#include <objbase.h>
 
 #include "common/error.h"
 #include "windows/ado/ado_objects.h"
 #include "windows/support/text.h"
+#include "windows/support/windows_api.h"
 #include "workbench/ado/ado_objects.h"
 #include "workbench/cli/command_line.h"
 #include "workbench/cli/commands.h"

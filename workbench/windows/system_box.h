@@ -1,7 +1,6 @@
 #pragma once
 
-#include <windows.h>
-
+#include "windows/support/windows_api.h"
 #include "workbench/host/message_box.h"
 
 namespace kebu::workbench {

@@ -1,10 +1,9 @@
 #include "workbench/windows/trace_listener.h"
 
-#include <windows.h>
-
 #include <string>
 
 #include "windows/support/text.h"
+#include "windows/support/windows_api.h"
 
 namespace kebu::workbench {
 
@@ -21,7 +20,7 @@ std::string fromAnsi(const char* text, int length) {
   return windows::toUtf8(wide);
 }
 
-LONG CALLBACK hear(EXCEPTION_POINTERS* exception) {
+LONG CALLBACK onException(EXCEPTION_POINTERS* exception) {
   const EXCEPTION_RECORD& record = *exception->ExceptionRecord;
   if (record.ExceptionCode != printed || record.NumberParameters < 2) {
     return EXCEPTION_CONTINUE_SEARCH;
@@ -37,7 +36,7 @@ LONG CALLBACK hear(EXCEPTION_POINTERS* exception) {
 
 TraceListener::TraceListener(std::ostream& out) {
   stream = &out;
-  handler_ = AddVectoredExceptionHandler(1, hear);
+  handler_ = AddVectoredExceptionHandler(1, onException);
 }
 
 TraceListener::~TraceListener() {

@@ -4,8 +4,8 @@
 
 namespace kebu::workbench {
 
-/// Writes what this process tells a debugger to a stream, as long as it lives.
-/// There is one at a time.
+/// Writes this process's output to a debugger to a stream, as long as it lives. Only one may exist
+/// at a time.
 class TraceListener {
  public:
   explicit TraceListener(std::ostream& out);

@@ -11,12 +11,11 @@
 
 namespace kebu::workbench {
 
-/// Works in the real window as a person does, with clicks and keys. After each
-/// gesture it waits until the window waits for the user again, and turns to the
-/// user with what came up meanwhile.
+/// Works in the real window with clicks and keys. After each gesture it waits until the window is
+/// idle, and has the user answer the message boxes and lists that were opened.
 class WindowHands : public Hands {
  public:
-  /// Pictures go to the folder; nothing to take none.
+  /// Pictures are saved in the folder; without one none are taken.
   WindowHands(WindowThread& thread, User& user, std::optional<std::string> pictures)
       : thread_(thread), user_(user), pictures_(std::move(pictures)) {}
 
@@ -59,10 +58,10 @@ class WindowHands : public Hands {
                                   const std::string& field);
   void bringRowIntoSight(const windows::Inspection& grid, std::int32_t row);
   HWND focus() const;
-  /// Presses or lets go of Ctrl, perhaps with Shift.
+  /// Presses or releases Ctrl, perhaps with Shift.
   void holdControl(bool shift, bool down);
   void goToCell(const std::string& grid, std::int32_t row, const std::string& field);
-  /// Waits, and turns to the user with message boxes and lists.
+  /// Waits until the window is idle; the user answers message boxes and lists meanwhile.
   void settle();
 
   WindowThread& thread_;

@@ -1,18 +1,17 @@
 #pragma once
 
-#include <windows.h>
-
 #include <optional>
 #include <string>
 #include <vector>
 
+#include "windows/support/windows_api.h"
 #include "windows/views/window/inspection.h"
 #include "workbench/player/control_view.h"
 #include "workbench/player/hands.h"
 
 namespace kebu::workbench {
 
-/// What an onlooker learns of a window of the plug-in.
+/// Asks a window of the plug-in about its controls and their parts.
 class WindowReader {
  public:
   explicit WindowReader(HWND window) : window_(window) {}

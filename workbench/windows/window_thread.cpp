@@ -11,7 +11,7 @@ constexpr UINT markMessage = WM_APP + 1;
 constexpr UINT leaveMessage = WM_APP + 2;
 constexpr const wchar_t* className = L"kebu.workbench.thread";
 
-/// Nothing is waiting that a person or the program itself has asked for.
+/// Whether neither input nor posted messages are waiting.
 bool hasNothingToDo() {
   MSG next{};
   return !PeekMessageW(&next, nullptr, 0, 0, PM_NOREMOVE | PM_QS_POSTMESSAGE | PM_QS_INPUT);
@@ -35,15 +35,15 @@ WindowThread::WindowThread() : id_(GetCurrentThreadId()) {
   definition.hInstance = module;
   definition.lpszClassName = className;
   RegisterClassW(&definition);
-  window_ = CreateWindowExW(0, className, L"", 0, 0, 0, 0, 0, HWND_MESSAGE, nullptr, module, this);
-  SetWindowLongPtrW(window_, GWLP_USERDATA, reinterpret_cast<LONG_PTR>(this));
-  reached_ = CreateEventW(nullptr, FALSE, FALSE, nullptr);
+  window_.reset(
+      CreateWindowExW(0, className, L"", 0, 0, 0, 0, 0, HWND_MESSAGE, nullptr, module, this));
+  SetWindowLongPtrW(window_.get(), GWLP_USERDATA, reinterpret_cast<LONG_PTR>(this));
+  reached_.reset(CreateEventW(nullptr, FALSE, FALSE, nullptr));
 }
 
 WindowThread::~WindowThread() {
-  DestroyWindow(window_);
+  window_.reset();  // a class with windows cannot be unregistered
   UnregisterClassW(className, GetModuleHandleW(nullptr));
-  CloseHandle(reached_);
 }
 
 void WindowThread::pump() {
@@ -55,22 +55,22 @@ void WindowThread::pump() {
 }
 
 void WindowThread::leave() {
-  PostMessageW(window_, leaveMessage, 0, 0);
+  PostMessageW(window_.get(), leaveMessage, 0, 0);
 }
 
 std::shared_ptr<WindowThread::Task> WindowThread::post(std::function<void()> work) {
   auto task = std::make_shared<Task>(Task{std::move(work), nullptr, false});
   auto* const handed = new std::shared_ptr<Task>(task);
-  PostMessageW(window_, workMessage, 0, reinterpret_cast<LPARAM>(handed));
+  PostMessageW(window_.get(), workMessage, 0, reinterpret_cast<LPARAM>(handed));
   return task;
 }
 
 void WindowThread::settle() {
   constexpr DWORD patience = 60000;
-  // Twice, since what is sent between threads may still cause something.
+  // Twice, since messages sent between threads may still cause work.
   for (int quietTimes = 0; quietTimes < 2;) {
-    PostMessageW(window_, markMessage, 0, 0);
-    if (WaitForSingleObject(reached_, patience) != WAIT_OBJECT_0) {
+    PostMessageW(window_.get(), markMessage, 0, 0);
+    if (WaitForSingleObject(reached_.get(), patience) != WAIT_OBJECT_0) {
       throw StepError("the window has not answered for a minute");
     }
     quietTimes = quiet_ ? quietTimes + 1 : 0;
@@ -89,7 +89,7 @@ LRESULT CALLBACK WindowThread::procedure(HWND window, UINT message, WPARAM wPara
     }
     case markMessage:
       self->quiet_ = hasNothingToDo();
-      SetEvent(self->reached_);
+      SetEvent(self->reached_.get());
       return 0;
     case leaveMessage:
       PostQuitMessage(0);

@@ -1,15 +1,15 @@
 #pragma once
 
-#include <windows.h>
-
 #include <exception>
 #include <functional>
 #include <memory>
 
+#include "windows/support/handles.h"
+
 namespace kebu::workbench {
 
-/// The thread that owns the windows, as another one works with it that acts as
-/// the user. Made and pumped by the first; everything else is for the second.
+/// The thread that owns the windows, for another thread that acts as the user. The window thread
+/// constructs it and calls pump(); the user's thread calls everything else.
 class WindowThread {
  public:
   WindowThread();
@@ -22,24 +22,24 @@ class WindowThread {
 
   DWORD id() const { return id_; }
   void leave();
-  /// Something that the thread is asked to do.
+  /// Work that the window thread is asked to do.
   struct Task {
     std::function<void()> work;
     std::exception_ptr error;
     bool done = false;
   };
-  /// Has `work` done; settle() tells when it is, or waits for the user.
+  /// Has the window thread run `work`; settle() returns when it is done or waits for the user.
   std::shared_ptr<Task> post(std::function<void()> work);
-  /// Waits until the thread has nothing left to do but wait for the user.
-  /// StepError when it does not come back for a minute.
+  /// Waits until the window thread is idle.
+  /// StepError when it is not for a minute.
   void settle();
 
  private:
   static LRESULT CALLBACK procedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam);
 
   DWORD id_;
-  HWND window_ = nullptr;
-  HANDLE reached_ = nullptr;
+  windows::OwnedWindow window_;
+  windows::OwnedEvent reached_;
   bool quiet_ = false;
 };
 

@@ -1,10 +1,9 @@
 #pragma once
 
-#include <windows.h>
-
 #include <cstdint>
 
 #include "windows/support/dispatch.h"
+#include "windows/support/windows_api.h"
 
 namespace kebu::windows {
 

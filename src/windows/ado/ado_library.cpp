@@ -1,10 +1,10 @@
-#include <objbase.h>
 
 #include "windows/ado/ado_command.h"
 #include "windows/ado/ado_connection.h"
 #include "windows/ado/ado_constants.h"
 #include "windows/ado/ado_objects.h"
 #include "windows/ado/ado_recordset.h"
+#include "windows/support/windows_api.h"
 
 namespace kebu::windows {
 

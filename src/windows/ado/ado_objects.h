@@ -1,12 +1,9 @@
 #pragma once
 
-#include <windows.h>
-// After windows.h, which it builds on.
-#include <oaidl.h>
-
 #include "ado/library.h"
 #include "common/ref.h"
 #include "windows/support/identity.h"
+#include "windows/support/windows_api.h"
 
 // ADO's COM objects in the roles of ado/, called by late binding. Nothing is
 // wrapped as nothing; unwrap() gives back the very object that was wrapped.

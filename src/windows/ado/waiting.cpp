@@ -1,24 +1,16 @@
 #include "windows/ado/waiting.h"
 
-#include <windows.h>
-// After windows.h, which it builds on.
-#include <objbase.h>
-
 #include <algorithm>
-#include <memory>
 
 #include "windows/ado/ado_constants.h"
+#include "windows/support/handles.h"
 
 namespace kebu::windows {
 
 namespace {
 
-struct HandleCloser {
-  void operator()(HANDLE handle) const { CloseHandle(handle); }
-};
-
-/// Waits as a call to another apartment does: what COM itself has for this thread gets through,
-/// such as word from ADO's own thread; keys and clicks stay where they are.
+/// Waits as a call to another apartment does: COM's own messages to this thread are handled, such
+/// as those of ADO's thread; keys and clicks stay in the queue.
 class ApartmentWait {
  public:
   void operator()(DWORD milliseconds) const {
@@ -29,7 +21,7 @@ class ApartmentWait {
   }
 
  private:
-  std::unique_ptr<void, HandleCloser> never_{CreateEventW(nullptr, TRUE, FALSE, nullptr)};
+  OwnedEvent never_{CreateEventW(nullptr, TRUE, FALSE, nullptr)};  ///< is not set by anybody
 };
 
 }  // namespace
@@ -37,9 +29,9 @@ class ApartmentWait {
 void await(const Dispatch& object, const std::function<void()>& meanwhile) {
   constexpr DWORD longest = 16;  // milliseconds
   const ApartmentWait wait;
-  // What is done soon is not waited for longer than it takes.
+  // The first pauses are short, so that a quick statement is not delayed.
   DWORD pause = 0;
-  // The state tells of the work's error too, the first time it is asked for.
+  // Reading the state also raises the statement's error, once.
   while (object && (object.number(L"State") & (stateExecuting | stateFetching)) != 0) {
     wait(pause);
     if (pause == longest) meanwhile();

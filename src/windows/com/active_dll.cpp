@@ -9,7 +9,7 @@ namespace kebu::windows {
 
 namespace {
 
-/// A plug-in of somebody else's making.
+/// A plug-in that another library made.
 class ForeignDll final : public DllMembers, public Foreign {
  public:
   using Role = host::Cinterface;

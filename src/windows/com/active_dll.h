@@ -5,8 +5,8 @@
 
 namespace kebu::windows {
 
-/// The plug-in under the contract: one of our own instances as itself, another
-/// object called by late binding; absent for none.
+/// A plug-in that the host gives: an instance of ours as itself, another object by late binding;
+/// absent for none.
 Ref<host::Cinterface> wrapActiveDll(IDispatch* object);
 
 }  // namespace kebu::windows

@@ -1,14 +1,11 @@
 #pragma once
 
-#include <windows.h>
-// After windows.h, which it builds on.
-#include <unknwn.h>
-
 #include "windows/support/com_object.h"
+#include "windows/support/windows_api.h"
 
 namespace kebu::windows {
 
-/// Makes instances of the one class.
+/// Creates instances of the plug-in's class.
 class ClassFactory final : public ComObject<IClassFactory> {
  public:
   STDMETHODIMP CreateInstance(IUnknown* outer, REFIID wanted, void** object) override;

@@ -1,18 +1,15 @@
 #pragma once
 
-#include <windows.h>
-// After windows.h, which it builds on.
-#include <ocidl.h>
-
 #include <algorithm>
 #include <utility>
 #include <vector>
 
 #include "windows/support/com_object.h"
+#include "windows/support/windows_api.h"
 
 namespace kebu::windows {
 
-/// A connection as COM hands it out.
+/// A listener and its cookie.
 struct Connection {
   ComPtr<IUnknown> listener;
   DWORD cookie = 0;
@@ -25,7 +22,7 @@ inline void handOut(Connection item, CONNECTDATA& target) {
   target = {item.listener.detach(), item.cookie};
 }
 
-/// COM's way through a list: `Handed` is what an item is given out as.
+/// A COM enumerator over a list; `Handed` is the type in which it returns an item.
 template <class Interface, class Item, class Handed>
 class Enumerator final : public ComObject<Interface> {
  public:

@@ -5,7 +5,7 @@
 namespace kebu::windows {
 
 void EventSource::raise(DISPID event, const Variant& argument) const {
-  const auto listeners = listeners_;  // one may leave while it is told
+  const auto listeners = listeners_;  // a listener may leave during the call
   for (const auto& [cookie, listener] : listeners) {
     VARIANT lent = argument.get();
     DISPPARAMS parameters = {&lent, nullptr, 1, 0};
@@ -50,7 +50,7 @@ STDMETHODIMP EventSource::Advise(IUnknown* listener, DWORD* cookie) {
 }
 
 STDMETHODIMP EventSource::Unadvise(DWORD cookie) {
-  // Let go last: a listener's end may come back here.
+  // Released last: the listener's destructor may call this object.
   const auto left = listeners_.extract(cookie);
   return left ? S_OK : CONNECT_E_NOCONNECTION;
 }

@@ -1,26 +1,22 @@
 #pragma once
 
-#include <windows.h>
-// After windows.h, which they build on.
-#include <ocidl.h>
-#include <olectl.h>
-
 #include <map>
 
 #include "windows/support/com_ptr.h"
 #include "windows/support/variant.h"
+#include "windows/support/windows_api.h"
 
 namespace kebu::windows {
 
-/// The place where a host asks for the events of an object. It is a part of the
-/// object and lives as long.
+/// The connection point at which a host subscribes to an object's events. It is a part of the
+/// object and shares its reference count.
 class EventSource final : public IConnectionPoint {
  public:
   EventSource(REFIID events, IConnectionPointContainer& owner) : events_(events), owner_(owner) {}
   EventSource(const EventSource&) = delete;
   EventSource& operator=(const EventSource&) = delete;
 
-  /// Tells everybody; what a listener answers is nobody's business.
+  /// Calls every listener; return values are ignored.
   void raise(DISPID event, const Variant& argument) const;
 
   STDMETHODIMP QueryInterface(REFIID wanted, void** object) override;

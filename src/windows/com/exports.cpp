@@ -1,12 +1,9 @@
-// The four doors of the library, as COM knows every in-process server.
-#include <windows.h>
-// After windows.h, which they build on.
-#include <olectl.h>
-
+// The four entry points of the library, which COM wants of every in-process server.
 #include "windows/com/class_factory.h"
 #include "windows/com/plugin_runtime.h"
 #include "windows/com/registration.h"
 #include "windows/support/module.h"
+#include "windows/support/windows_api.h"
 #include "windows/types/kebu_anagkelmoria.h"
 
 using namespace kebu::windows;

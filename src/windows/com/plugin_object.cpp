@@ -15,7 +15,7 @@ using Members = host::Cinterface;
 
 constexpr DISPID dataTransferEvent = 1;
 
-// What the class gives, as COM carries it.
+// Results of the class, as COM types.
 
 void give(bool value, VARIANT_BOOL& target) {
   target = value ? VARIANT_TRUE : VARIANT_FALSE;
@@ -52,7 +52,7 @@ HRESULT PluginObject::carryOut(Work&& work) {
   return S_OK;
 }
 
-/// `argument` makes the argument, so that one that cannot be made is ignored too.
+/// `argument` makes the argument, so that an error in making it is ignored, too.
 template <class Member, class Argument>
 HRESULT PluginObject::set(Member member, Argument&& argument) {
   return carryOut([&] { ((*class_).*member)(argument()); });

@@ -1,21 +1,17 @@
 #pragma once
 
-#include <windows.h>
-// After windows.h, which they build on.
-#include <ocidl.h>
-#include <olectl.h>
-
 #include "plugin/clskb_anagkelmoria.h"
 #include "windows/com/event_source.h"
 #include "windows/support/com_object.h"
 #include "windows/support/identity.h"
 #include "windows/support/values.h"
+#include "windows/support/windows_api.h"
 #include "windows/types/kebu_anagkelmoria.h"
 
 namespace kebu::windows {
 
-/// The class as COM has it. No member of the contract fails, but for an answer
-/// that has no place to go to.
+/// The plug-in's class as a COM object. Members of the contract return no error, except E_POINTER
+/// for a result without a place.
 class PluginObject final
     : public DualObject<::Cinterface, IProvideClassInfo, IConnectionPointContainer> {
  public:
@@ -80,7 +76,7 @@ class PluginObject final
   STDMETHODIMP FindConnectionPoint(REFIID events, IConnectionPoint** point) override;
 
  private:
-  /// Calls the class, errors ignored; whoever is called may let this object go.
+  /// Calls the class and ignores errors; the object lives until the call returns.
   template <class Work>
   HRESULT carryOut(Work&& work);
   template <class Member, class Argument>

@@ -10,7 +10,7 @@ namespace kebu::windows {
 namespace {
 
 std::mutex guard;
-/// Left alone when the process ends: its parts then have nothing to turn to.
+/// Not destroyed when the process ends: what it would call may have ended before.
 PluginRuntime* current = nullptr;
 
 }  // namespace

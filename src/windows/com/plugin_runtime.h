@@ -7,14 +7,14 @@
 
 namespace kebu::windows {
 
-/// What the instances of the class run on. Windows and frames that a host holds
-/// turn to it even when the instance that made them is gone: it lives as long
-/// as any COM object of the library.
+/// The platform, database library and desktop that the instances of the class share. Windows and
+/// frames that a host holds use it even after the instance that made them has ended: it lives as
+/// long as any COM object of the library.
 class PluginRuntime {
  public:
   /// Made on first use, by the thread that shows the windows.
   static forms::Runtime use();
-  /// Nothing of the library is in use any more.
+  /// Ends it, when no object of the library is left.
   static void end();
 
  private:

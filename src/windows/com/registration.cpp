@@ -1,15 +1,13 @@
 #include "windows/com/registration.h"
 
-#include <windows.h>
-// After windows.h, which it builds on.
-#include <oleauto.h>
-
 #include <string>
 
 #include "common/trap.h"
 #include "windows/support/com_error.h"
 #include "windows/support/com_ptr.h"
+#include "windows/support/handles.h"
 #include "windows/support/module.h"
+#include "windows/support/windows_api.h"
 #include "windows/types/kebu_anagkelmoria.h"
 
 namespace kebu::windows {
@@ -28,14 +26,14 @@ std::wstring classKey() {
   return L"CLSID\\" + textOf(__uuidof(CLSKB_ANAGKELMORIA));
 }
 
-/// The type library inside of this module, and its own account of itself.
+/// The type library in this module, and its attributes.
 struct Library {
   Library() {
     check(LoadTypeLibEx(modulePath().c_str(), REGKIND_NONE, types.put()));
-    TLIBATTR* told = nullptr;
-    check(types->GetLibAttr(&told));
-    attributes = *told;
-    types->ReleaseTLibAttr(told);
+    TLIBATTR* lent = nullptr;
+    check(types->GetLibAttr(&lent));
+    attributes = *lent;
+    types->ReleaseTLibAttr(lent);
   }
 
   std::wstring version() const {
@@ -47,13 +45,13 @@ struct Library {
   TLIBATTR attributes{};
 };
 
-void enter(const std::wstring& key, const wchar_t* name, const std::wstring& value) {
+void setValue(const std::wstring& key, const wchar_t* name, const std::wstring& value) {
   const auto size = static_cast<DWORD>((value.size() + 1) * sizeof(wchar_t));
   check(HRESULT_FROM_WIN32(
       RegSetKeyValueW(HKEY_CLASSES_ROOT, key.c_str(), name, REG_SZ, value.c_str(), size)));
 }
 
-void enterAll() {
+void registerAll() {
   const Library library;
   const std::wstring key = classKey();
   const struct {
@@ -71,24 +69,21 @@ void enterAll() {
       {programId, nullptr, programId},
       {std::wstring(programId) + L"\\CLSID", nullptr, textOf(__uuidof(CLSKB_ANAGKELMORIA))},
   };
-  for (const auto& entry : entries) enter(entry.key, entry.name, entry.value);
+  for (const auto& entry : entries) setValue(entry.key, entry.name, entry.value);
   check(RegisterTypeLib(library.types.get(), modulePath().data(), nullptr));
 }
 
-/// Whether the type library is, for programs of this one's width.
-bool isEntered(const Library& library) {
+/// Whether the type library is registered for programs of this one's bitness.
+bool isRegistered(const Library& library) {
   const std::wstring place = L"TypeLib\\" + textOf(library.attributes.guid) + L"\\" +
                              library.version() + L"\\0\\win" +
                              (library.attributes.syskind == SYS_WIN64 ? L"64" : L"32");
   HKEY key = nullptr;
-  if (RegOpenKeyExW(HKEY_CLASSES_ROOT, place.c_str(), 0, KEY_READ, &key) != ERROR_SUCCESS) {
-    return false;
-  }
-  RegCloseKey(key);
-  return true;
+  RegOpenKeyExW(HKEY_CLASSES_ROOT, place.c_str(), 0, KEY_READ, &key);
+  return OwnedKey(key) != nullptr;
 }
 
-void takeOut(const std::wstring& key) {
+void deleteKey(const std::wstring& key) {
   const LSTATUS result = RegDeleteTreeW(HKEY_CLASSES_ROOT, key.c_str());
   if (result != ERROR_FILE_NOT_FOUND) check(HRESULT_FROM_WIN32(result));
 }
@@ -97,7 +92,7 @@ void takeOut(const std::wstring& key) {
 
 void registerServer() {
   try {
-    enterAll();
+    registerAll();
   } catch (...) {
     ignoringErrors(unregisterServer);
     throw;
@@ -105,10 +100,10 @@ void registerServer() {
 }
 
 void unregisterServer() {
-  takeOut(classKey());
-  takeOut(programId);
+  deleteKey(classKey());
+  deleteKey(programId);
   const Library library;
-  if (!isEntered(library)) return;
+  if (!isRegistered(library)) return;
   const TLIBATTR& id = library.attributes;
   check(UnRegisterTypeLib(id.guid, id.wMajorVerNum, id.wMinorVerNum, id.lcid, id.syskind));
 }

@@ -2,10 +2,10 @@
 
 namespace kebu::windows {
 
-/// Enters class, name and type library into the registry. RuntimeError for whoever
-/// may not write there; then nothing of it stays.
+/// Registers class, name and type library. RuntimeError when the user may not write there; then
+/// nothing of it stays.
 void registerServer();
-/// Takes out all that registerServer enters; what is not there is no error.
+/// Removes all that registerServer writes; a missing entry is no error.
 void unregisterServer();
 
 }  // namespace kebu::windows

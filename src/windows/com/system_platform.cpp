@@ -1,19 +1,17 @@
 #include "windows/com/system_platform.h"
 
-// After windows.h, which it builds on.
-#include <objbase.h>
-
 #include <algorithm>
 #include <cwchar>
 #include <iterator>
 
 #include "windows/support/text.h"
+#include "windows/support/windows_api.h"
 
 namespace kebu::windows {
 
 namespace {
 
-/// A separator; some locales group digits by a blank that is no ASCII character.
+/// A separator; the non-ASCII blanks by which some locales group digits become a blank.
 char separator(LCID locale, LCTYPE kind, char usual) {
   wchar_t text[8] = {};
   if (GetLocaleInfoW(locale, kind, text, static_cast<int>(std::size(text))) == 0) return usual;
@@ -21,7 +19,7 @@ char separator(LCID locale, LCTYPE kind, char usual) {
   return text[0] < 0x80 ? static_cast<char>(text[0]) : ' ';
 }
 
-/// The order of a date's parts is that in which its pattern names them.
+/// Whether the locale's date pattern names the day before the month.
 bool isDayFirst(LCID locale) {
   wchar_t pattern[80] = {};
   if (GetLocaleInfoW(locale, LOCALE_SSHORTDATE, pattern, static_cast<int>(std::size(pattern))) == 0)
@@ -50,7 +48,7 @@ void SystemPlatform::outputDebugString(const std::string& text) {
 
 std::int32_t SystemPlatform::messageBox(const std::string& prompt, std::int32_t buttons,
                                         const std::string& title) {
-  // msgbox:: counts styles and answers as Windows does.
+  // The constants of msgbox:: are those of Windows.
   return MessageBoxW(GetActiveWindow(), toWide(prompt).c_str(), toWide(title).c_str(),
                      static_cast<UINT>(buttons));
 }

@@ -1,9 +1,8 @@
 #pragma once
 
-#include <windows.h>
-
 #include "common/locale.h"
 #include "common/platform.h"
+#include "windows/support/windows_api.h"
 
 namespace kebu::windows {
 

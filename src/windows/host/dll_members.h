@@ -7,9 +7,8 @@
 
 namespace kebu::windows {
 
-/// A plug-in behind a late-bound object: the members of the contract that mean
-/// the same to both sides. Which objects a host hands over, and what comes back
-/// for them, its own side knows.
+/// A plug-in behind a late-bound object: the members of the contract that the DLL and the workbench
+/// translate in the same way. The properties that hold the host's objects are left to each side.
 class DllMembers : public host::Cinterface {
  public:
   void setActiveFrame(const Ref<host::NamedObject>& given) override {

@@ -1,18 +1,14 @@
 #include "windows/host/foreign_navigator.h"
 
-#include <windows.h>
-
-#include <ocidl.h>
-#include <olectl.h>
-
 #include "windows/host/foreign_services.h"
 #include "windows/host/navigator_events.h"
 #include "windows/support/com_object.h"
 #include "windows/support/values.h"
+#include "windows/support/windows_api.h"
 
 namespace kebu::windows {
 
-/// What the navigator calls. It may be held longer than it is advised.
+/// Receives the navigator's events. The navigator may hold it longer than the connection lasts.
 class ForeignNavigator::Sink final : public ComObject<IDispatch> {
  public:
   explicit Sink(host::Navigator& navigator) : navigator_(&navigator) {}
@@ -28,7 +24,7 @@ class ForeignNavigator::Sink final : public ComObject<IDispatch> {
     if (info) *info = nullptr;
     return E_NOTIMPL;
   }
-  /// Events are told by their identifiers.
+  /// Events come by their identifiers, not by names.
   STDMETHODIMP GetIDsOfNames(REFIID /*reserved*/, LPOLESTR* /*names*/, UINT /*count*/,
                              LCID /*locale*/, DISPID* /*identifiers*/) override {
     return DISP_E_UNKNOWNNAME;

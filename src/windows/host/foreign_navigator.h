@@ -3,8 +3,6 @@
 #include "host/navigator.h"
 #include "windows/support/identity.h"
 
-struct IConnectionPoint;
-
 namespace kebu::windows {
 
 /// The host's navigator; its events are heard until this ends.

@@ -1,13 +1,11 @@
 #pragma once
 
-#include <windows.h>
-// After windows.h, which it builds on.
+#include "windows/support/windows_api.h"
 #include "windows/types/kebu_anagkelmoria.h"
 
 namespace kebu::windows {
 
-/// The events that the host's navigator tells, by their numbers in the type
-/// library's DNavigatorEvents.
+/// The events of the host's navigator, by their identifiers in the type library's DNavigatorEvents.
 enum class NavigatorEvent : DISPID {
   BeforeExportToOffice = 1,
   InitializeLayoutObjectModel = 2,

@@ -1,16 +1,15 @@
 #include "windows/support/automation.h"
 
-#include <objbase.h>
-
 #include "common/convert.h"
 #include "windows/support/com_error.h"
+#include "windows/support/windows_api.h"
 
 namespace kebu::windows {
 
 namespace {
 
-/// An interface that only this module's objects have: another module built
-/// from the same sources lays out its objects in its own way.
+/// An interface that only this module's objects have: those of another module that is built from
+/// the same sources may have another layout.
 const IID& ownKind() {
   static const IID id = [] {
     IID fresh{};

@@ -1,9 +1,5 @@
 #pragma once
 
-#include <windows.h>
-// After windows.h, which it builds on.
-#include <oaidl.h>
-
 #include <memory>
 #include <span>
 #include <string>
@@ -14,17 +10,18 @@
 #include "windows/support/com_object.h"
 #include "windows/support/values.h"
 #include "windows/support/variant.h"
+#include "windows/support/windows_api.h"
 
 namespace kebu::windows {
 
-/// What a late-bound call hands over, in the order in which it is written.
+/// The arguments of a late-bound call, in the order in which they are written.
 class Arguments {
  public:
   explicit Arguments(const DISPPARAMS& parameters) : parameters_(parameters) {}
 
   std::size_t count() const { return parameters_.cArgs; }
   bool has(std::size_t index) const;
-  /// RuntimeError 449 when it was left out.
+  /// RuntimeError 449 when it was omitted.
   const VARIANT& at(std::size_t index) const;
   Value value(std::size_t index) const { return toValue(at(index)); }
   std::string text(std::size_t index) const;
@@ -34,15 +31,15 @@ class Arguments {
   std::int32_t number(std::size_t index, std::int32_t usual) const;
   bool flag(std::size_t index) const;
   ComPtr<IDispatch> object(std::size_t index) const { return objectIn(at(index)); }
-  /// Gives a value back in an argument that was passed by reference, and only in one.
+  /// Assigns to an argument that was passed by reference; does nothing for another.
   void giveBack(std::size_t index, const Value& value) const;
 
  private:
   const DISPPARAMS& parameters_;
 };
 
-/// A member of an object by its name. Reading a property and calling a method
-/// are the same thing; a property that can be set takes the value last.
+/// A member of an object. Reading a property and calling a method are the same; setting a property
+/// passes the value as the last argument.
 template <class Subject>
 struct Member {
   const wchar_t* name;
@@ -50,7 +47,7 @@ struct Member {
   void (*put)(Subject& subject, const Arguments& arguments) = nullptr;
 };
 
-/// What a member answers that only does something.
+/// The result of a member without one.
 inline Variant nothing() {
   return {};
 }
@@ -59,8 +56,7 @@ inline Variant nothing() {
 /// first is also its default member.
 class AutomationObject : public ComObject<IDispatch> {
  public:
-  /// The object of this kind, made by this module, behind a reference; null
-  /// for one from elsewhere.
+  /// The object of this class behind a reference; null for one that another module made.
   static AutomationObject* behind(IUnknown* object);
 
   STDMETHODIMP GetTypeInfoCount(UINT* count) override;
@@ -108,7 +104,7 @@ class Automated : public AutomationObject {
   std::span<const Member<Subject>> members_;
 };
 
-/// The subject as others see it; nothing for none.
+/// A COM object for the subject; absent for a null one.
 template <class Subject>
 ComPtr<IDispatch> automated(const std::shared_ptr<Subject>& subject,
                             std::span<const Member<std::type_identity_t<Subject>>> members) {
@@ -116,7 +112,7 @@ ComPtr<IDispatch> automated(const std::shared_ptr<Subject>& subject,
   return ComPtr<IDispatch>::adopt(new Automated<Subject>(subject, members));
 }
 
-/// The subject behind a reference; nothing for none and for one of another kind.
+/// The subject of a COM object; null for an absent one and for one of another class.
 template <class Subject>
 std::shared_ptr<Subject> subjectOf(const ComPtr<IDispatch>& object) {
   auto* const own = dynamic_cast<Automated<Subject>*>(AutomationObject::behind(object.get()));

@@ -1,15 +1,12 @@
 #pragma once
 
-#include <windows.h>
-// After windows.h, which it builds on.
-#include <oleauto.h>
-
 #include <new>
 #include <string>
 #include <string_view>
 #include <utility>
 
 #include "windows/support/text.h"
+#include "windows/support/windows_api.h"
 
 namespace kebu::windows {
 

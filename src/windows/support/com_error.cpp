@@ -1,7 +1,5 @@
 #include "windows/support/com_error.h"
 
-#include <olectl.h>
-
 #include <algorithm>
 #include <cstdio>
 #include <iterator>
@@ -9,12 +7,13 @@
 
 #include "windows/support/bstr.h"
 #include "windows/support/com_ptr.h"
+#include "windows/support/windows_api.h"
 
 namespace kebu::windows {
 
 namespace {
 
-/// The run time's own numbers for what COM reports in its way.
+/// The run time's numbers for HRESULTs of COM.
 struct KnownError {
   HRESULT result;
   std::int32_t number;
@@ -79,8 +78,8 @@ HRESULT resultFor(std::int32_t number) {
 
 }  // namespace
 
-// Nobody whom this library calls by an HRESULT alone leaves a description
-// behind; one that is there would belong to an earlier call.
+// No function that this library calls by an HRESULT alone sets a description: one that is there
+// would belong to an earlier call.
 RuntimeError errorOf(HRESULT result) {
   return make(result, {}, {});
 }

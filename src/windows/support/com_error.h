@@ -1,19 +1,15 @@
 #pragma once
 
-#include <windows.h>
-// After windows.h, which it builds on.
-#include <oaidl.h>
-
 #include "common/error.h"
+#include "windows/support/windows_api.h"
 
 namespace kebu::windows {
 
-// One error idiom: inside there are RuntimeErrors, at a COM edge HRESULTs with
-// an IErrorInfo or an EXCEPINFO. A run-time error's number travels in the
-// control facility, as the host's run time and ADO send theirs (3021 is
-// 0x800A0BCD); a provider's number is its HRESULT on both sides.
+// Errors are RuntimeErrors inside the library, and HRESULTs with an IErrorInfo or an EXCEPINFO
+// where COM calls it. The number of a run-time error is sent in the control facility, as the host's
+// run time and ADO do (3021 is 0x800A0BCD); a provider's number is its HRESULT on both sides.
 
-/// The error that a failed call tells of by its result alone.
+/// The error of a failed call that returned nothing but its HRESULT.
 RuntimeError errorOf(HRESULT result);
 /// The error that a late-bound call raised; frees what `raised` holds.
 RuntimeError errorIn(EXCEPINFO& raised);
@@ -25,13 +21,13 @@ inline void check(HRESULT result) {
 
 /// The result that carries an error's number.
 HRESULT resultOf(const RuntimeError& error);
-/// Fills in what a late-bound caller is told of an error.
+/// Fills in the error for a late-bound caller.
 void fill(EXCEPINFO& raised, const RuntimeError& error);
 
-/// Leaves the exception being handled behind for the caller; its HRESULT.
+/// Sets the IErrorInfo of the exception being handled; returns its HRESULT.
 HRESULT reportCurrentError() noexcept;
 
-/// Runs what a COM method does. No exception gets past it.
+/// Runs the body of a COM method. No exception leaves it.
 template <class Work>
 HRESULT hresultOf(Work&& work) noexcept {
   try {

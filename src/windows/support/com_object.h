@@ -1,20 +1,17 @@
 #pragma once
 
-#include <windows.h>
-// After windows.h, which it builds on.
-#include <oaidl.h>
-
 #include <tuple>
 #include <type_traits>
 
 #include "windows/support/com_error.h"
 #include "windows/support/com_ptr.h"
 #include "windows/support/module.h"
+#include "windows/support/windows_api.h"
 
 namespace kebu::windows {
 
-/// Identity and life of a COM object that answers to the interfaces listed. It
-/// begins with one reference, its maker's, and lives in one apartment.
+/// Reference count and QueryInterface of a COM object with the interfaces listed. It begins with
+/// one reference, which belongs to its creator, and lives in one apartment.
 template <class... Interfaces>
 class ComObject : public Interfaces... {
  public:
@@ -32,7 +29,7 @@ class ComObject : public Interfaces... {
   STDMETHODIMP_(ULONG) Release() override {
     const ULONG left = --references_;
     if (left == 0) {
-      // What ends may be passed around once more on its way out.
+      // The destructor may add and release references again; that must not delete it twice.
       references_ = ending;
       delete this;
     }
@@ -46,7 +43,7 @@ class ComObject : public Interfaces... {
   virtual ~ComObject() = default;
 
   IUnknown* identity() { return static_cast<First*>(this); }
-  /// The interface, without a reference; null for one that it lacks.
+  /// The interface, without a reference of its own; null for one that the object does not have.
   virtual void* find(REFIID wanted) {
     void* found = wanted == IID_IUnknown ? identity() : nullptr;
     ((found = found || wanted != __uuidof(Interfaces) ? found : static_cast<Interfaces*>(this)),
@@ -61,8 +58,8 @@ class ComObject : public Interfaces... {
   ULONG references_ = 1;
 };
 
-/// The same for an object whose first interface, a dual one of the type
-/// library, can be called by names too.
+/// The same for an object whose first interface is a dual one of the type library, so that it can
+/// also be called by names.
 template <class Dual, class... Interfaces>
 class DualObject : public ComObject<Dual, Interfaces...> {
  public:
@@ -93,7 +90,7 @@ class DualObject : public ComObject<Dual, Interfaces...> {
     HRESULT result = S_OK;
     const HRESULT described = hresultOf([&] {
       result = call(kind);
-      // Callers that do not tell "Set" from "Let" mean the one that there is.
+      // Some callers do not distinguish "Set" from "Let": the one that exists is called.
       constexpr WORD either = DISPATCH_PROPERTYPUT | DISPATCH_PROPERTYPUTREF;
       if (result == DISP_E_MEMBERNOTFOUND && (kind & either)) result = call(kind ^ either);
     });

@@ -1,8 +1,8 @@
 #pragma once
 
-#include <unknwn.h>
-
 #include <utility>
+
+#include "windows/support/windows_api.h"
 
 namespace kebu::windows {
 
@@ -26,7 +26,7 @@ class ComPtr {
     if (object_) object_->Release();
   }
 
-  /// Takes over a reference that somebody else added.
+  /// Takes over a reference that was already added.
   static ComPtr adopt(T* object) {
     ComPtr result;
     result.object_ = object;
@@ -38,14 +38,14 @@ class ComPtr {
   explicit operator bool() const { return object_ != nullptr; }
   T* detach() { return std::exchange(object_, nullptr); }
   void reset() { *this = ComPtr(); }
-  /// Where a function puts the reference that it adds.
+  /// For a function that returns an object through an out parameter.
   T** put() {
     reset();
     return &object_;
   }
   void** putVoid() { return reinterpret_cast<void**>(put()); }
 
-  /// The object's other interface; absent when it has none such.
+  /// Another interface of the object; absent when it does not have it.
   template <class U>
   ComPtr<U> as() const {
     ComPtr<U> other;
@@ -57,7 +57,7 @@ class ComPtr {
   T* object_ = nullptr;
 };
 
-/// What an out parameter of an interface takes: a reference of its own.
+/// Assigns an object to an out parameter, with a reference of its own.
 template <class T>
 HRESULT copyTo(T* object, T** target) {
   if (!target) return E_POINTER;

@@ -17,7 +17,7 @@ RuntimeError about(std::wstring_view name, const RuntimeError& error) {
   return {error.number(), error.description() + ": " + toUtf8(name), error.source()};
 }
 
-/// The answer in another kind; an error tells whose answer it was.
+/// Converts a result; an error names the member that it came from.
 template <class Convert>
 auto converted(std::wstring_view name, const Variant& answer, Convert&& convert) {
   try {
@@ -54,7 +54,7 @@ Variant Dispatch::invoke(std::wstring_view name, WORD kind, DISPPARAMS& paramete
   DISPID member = DISPID_UNKNOWN;
   const HRESULT found = find(name, member);
   if (FAILED(found)) throw about(name, errorOf(found));
-  // What is called may let this object go.
+  // The call may release this object.
   const ComPtr<IDispatch> callee = object_;
   const bool puts = kind & (DISPATCH_PROPERTYPUT | DISPATCH_PROPERTYPUTREF);
   Variant answer;
@@ -68,7 +68,7 @@ Variant Dispatch::invoke(std::wstring_view name, WORD kind, DISPPARAMS& paramete
 }
 
 Variant Dispatch::call(std::wstring_view name, const Arguments& arguments) const {
-  // Arguments go from the last to the first; who passes them keeps them.
+  // Arguments are passed in reverse order and stay the caller's.
   std::array<VARIANT, 8> reversed;
   if (arguments.size() > reversed.size()) throw RuntimeError::invalidCall();
   std::transform(std::make_reverse_iterator(arguments.end()),

@@ -1,9 +1,5 @@
 #pragma once
 
-#include <windows.h>
-// After windows.h, which it builds on.
-#include <oaidl.h>
-
 #include <string>
 #include <string_view>
 #include <utility>
@@ -11,14 +7,14 @@
 
 #include "common/value.h"
 #include "windows/support/variant.h"
+#include "windows/support/windows_api.h"
 
 namespace kebu::windows {
 
-/// A COM object whose members are called by their names. Asks the object for a
-/// name's identifier once. What a call raises is a RuntimeError; using an
-/// absent object is 91, a member that it lacks 438, one that answers no object
-/// where one belongs 424, another kind of value 13 or 94: then the description
-/// tells the member.
+/// A COM object whose members are called by name. The identifier of a name is asked for once.
+/// Errors of a call are RuntimeErrors: 91 for an absent object, 438 for a missing member, 424 for a
+/// member that returns no object where one is wanted, 13 or 94 for a value of another type. The
+/// description then names the member.
 class Dispatch {
  public:
   using Arguments = std::vector<Variant>;
@@ -36,9 +32,9 @@ class Dispatch {
   /// Sets a property; an object as such, as "Set" does.
   void put(std::wstring_view name, const Variant& value) const;
 
-  // The same as call(), with the answer in the kind that is wanted.
+  // The same as call(), with the result converted to a type.
 
-  /// The object that a member answers; an absent one when it answers none.
+  /// An object; an absent one for none.
   Dispatch get(std::wstring_view name, const Arguments& arguments = {}) const;
   Value value(std::wstring_view name, const Arguments& arguments = {}) const;
   std::string text(std::wstring_view name, const Arguments& arguments = {}) const;

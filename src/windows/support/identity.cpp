@@ -16,13 +16,13 @@ struct Face {
   const void* whole;
 };
 
-/// The faces that there are. All live in the one apartment that the window is in.
+/// All faces. They live in the apartment of the window.
 std::vector<Face>& faces() {
   static std::vector<Face> all;
   return all;
 }
 
-/// The whole of an object, whichever of its parts is meant.
+/// The address of the whole object, whichever of its bases is given.
 const void* wholeOf(const Object& object) {
   return dynamic_cast<const void*>(&object);
 }

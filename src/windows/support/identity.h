@@ -1,9 +1,5 @@
 #pragma once
 
-#include <windows.h>
-// After windows.h, which it builds on.
-#include <oaidl.h>
-
 #include <memory>
 #include <utility>
 
@@ -11,10 +7,11 @@
 #include "common/value.h"
 #include "windows/support/dispatch.h"
 #include "windows/support/variant.h"
+#include "windows/support/windows_api.h"
 
-// Which COM object stands for which of ours. An object has one COM identity: a
-// host's object that was put in comes out again as itself, and so does an
-// object of ours that a host hands back.
+// Which COM object stands for which of ours. An object has one COM identity: a host's object is
+// given back as the object that was put in, and an object of ours that a host passes to us is
+// recognised.
 namespace kebu::windows {
 
 /// A host's COM object in one of the roles of ado/ and host/.
@@ -31,14 +28,14 @@ class Foreign {
   Dispatch object_;
 };
 
-/// One that is only passed on.
+/// A host's object that is only passed on.
 class ForeignObject : public Object, public Foreign {
  public:
   using Role = Object;
   using Foreign::Foreign;
 };
 
-/// A variant of a kind that no value can be, only passed on.
+/// A variant of a type that `Value` does not have, only passed on.
 class ForeignVariant : public Object {
  public:
   explicit ForeignVariant(Variant variant) : variant_(std::move(variant)) {}
@@ -48,8 +45,8 @@ class ForeignVariant : public Object {
   Variant variant_;
 };
 
-/// A COM face tells that it stands for an object of ours, for as long as this
-/// lives. `face` is the IDispatch that is also its IUnknown.
+/// Registers a COM object, the face, as standing for an object of ours, for as long as this lives.
+/// `face` is the IDispatch that is also its IUnknown.
 class FaceEntry {
  public:
   FaceEntry(const std::shared_ptr<Object>& object, IDispatch* face);
@@ -61,12 +58,11 @@ class FaceEntry {
   IDispatch* face_;
 };
 
-/// The COM object for one of ours or of the host's; absent for an absent one,
-/// and for one of ours that no host is to see.
+/// The COM object for one of ours or of the host's; absent for an absent one, and for one of ours
+/// that has no face.
 ComPtr<IDispatch> faceOf(const std::shared_ptr<Object>& object);
 
-/// The very object that was wrapped, or the face of one of ours; absent for an
-/// absent one.
+/// The COM object that was wrapped, or the face of one of ours; absent for an absent one.
 template <class Role>
 ComPtr<IDispatch> unwrap(const Ref<Role>& object) {
   if (!object) return nullptr;
@@ -75,11 +71,10 @@ ComPtr<IDispatch> unwrap(const Ref<Role>& object) {
   return own ? faceOf(std::shared_ptr<Object>(object.shared(), own)) : nullptr;
 }
 
-/// Our own object behind a face of this library; absent for the host's.
+/// The object of ours that a face stands for; absent for a host's object.
 std::shared_ptr<Object> ownObject(IDispatch* object);
 
-/// A COM object in the role that `Adapter` gives it; our own objects as they
-/// are, nothing for nothing.
+/// A COM object in the role that `Adapter` gives it; an object of ours as itself; null for null.
 template <class Adapter>
 Ref<typename Adapter::Role> wrap(const ComPtr<IDispatch>& object) {
   if (!object) return nullptr;

@@ -1,11 +1,10 @@
 #include "windows/support/module.h"
 
-#include <oleauto.h>
-
 #include <atomic>
 #include <vector>
 
 #include "windows/support/com_error.h"
+#include "windows/support/windows_api.h"
 
 // The linker puts it at the start of the module.
 extern "C" IMAGE_DOS_HEADER __ImageBase;

@@ -1,12 +1,9 @@
 #pragma once
 
-#include <windows.h>
-// After windows.h, which it builds on.
-#include <oaidl.h>
-
 #include <string>
 
 #include "windows/support/com_ptr.h"
+#include "windows/support/windows_api.h"
 
 namespace kebu::windows {
 

@@ -7,8 +7,8 @@
 
 namespace kebu::windows {
 
-/// A new COM face for a window or control of ours, whose one member is its
-/// Name; holds it.
+/// A new COM object that stands for a window or control of ours and holds it. Its only member is
+/// Name.
 ComPtr<IDispatch> newNamedObjectFace(const std::shared_ptr<host::NamedObject>& object);
 
 }  // namespace kebu::windows

@@ -1,9 +1,9 @@
 #include "windows/support/text.h"
 
-#include <windows.h>
-
 #include <algorithm>
 #include <type_traits>
+
+#include "windows/support/windows_api.h"
 
 namespace kebu::windows {
 
@@ -19,7 +19,7 @@ std::string toCodePage(std::wstring_view text, UINT codePage) {
   return result;
 }
 
-/// ASCII is the same in both: most texts need no call into the system.
+/// ASCII is converted without a call of the system; most texts are ASCII.
 template <class Char>
 bool isAscii(std::basic_string_view<Char> text) {
   return std::all_of(text.begin(), text.end(),

@@ -5,12 +5,12 @@
 
 namespace kebu::windows {
 
-// Text is UTF-8 inside and UTF-16 at Windows' doors. What is no valid text
-// comes out with replacement characters, never as an error.
+// Text is UTF-8 inside the project and UTF-16 in calls of Windows. Invalid sequences become
+// replacement characters, not errors.
 
 std::wstring toWide(std::string_view text);
 std::string toUtf8(std::wstring_view text);
-/// In the system's ANSI code page, as the debugger's output takes it.
+/// In the system's ANSI code page, which OutputDebugStringA takes.
 std::string toAnsi(std::string_view text);
 
 }  // namespace kebu::windows

@@ -9,8 +9,7 @@ namespace kebu::windows {
 /// decimals, dates to the millisecond, a missing argument as empty.
 /// RuntimeError 13 for what no value can be, such as an array.
 Value toValue(const VARIANT& variant);
-/// A value that gives back the very same variant: what the plug-in only keeps
-/// and passes on.
+/// A value that converts back to the same variant, for what the plug-in only keeps and passes on.
 Value keptValue(const VARIANT& variant);
 Variant toVariant(const Value& value);
 

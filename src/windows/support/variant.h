@@ -1,9 +1,5 @@
 #pragma once
 
-#include <windows.h>
-// After windows.h, which it builds on.
-#include <oleauto.h>
-
 #include <cstdint>
 #include <string_view>
 #include <utility>
@@ -11,6 +7,7 @@
 #include "windows/support/bstr.h"
 #include "windows/support/com_error.h"
 #include "windows/support/com_ptr.h"
+#include "windows/support/windows_api.h"
 
 namespace kebu::windows {
 
@@ -36,7 +33,7 @@ class Variant {
   }
   Variant(const std::string& utf8) : Variant(std::string_view(utf8)) {}
   Variant(const char* utf8) : Variant(std::string_view(utf8)) {}
-  /// Any other pointer would pass for a "true".
+  /// Other pointers would convert to true.
   template <class T>
   Variant(T*) = delete;
   /// "Nothing" when the object is absent.
@@ -44,7 +41,7 @@ class Variant {
     value_.vt = VT_DISPATCH;
     value_.pdispVal = object.detach();
   }
-  /// A copy; what a reference refers to rather than the reference.
+  /// A copy; of a reference, a copy of what it refers to.
   static Variant copyOf(const VARIANT& value) {
     Variant copy;
     check(VariantCopyInd(&copy.value_, const_cast<VARIANT*>(&value)));
@@ -62,7 +59,7 @@ class Variant {
     result.value_.vt = VT_NULL;
     return result;
   }
-  /// An argument that is left out.
+  /// An omitted argument.
   static Variant missing() {
     Variant result;
     result.value_.vt = VT_ERROR;
@@ -104,11 +101,11 @@ class Variant {
   VARIANT value_;
 };
 
-/// The object in it, references followed; absent for "Nothing" and for an
-/// argument left out or never filled. RuntimeError 424 when it holds something
-/// else, 430 when the object has no late-bound members.
+/// The object in it, references followed; absent for "Nothing" and for an omitted or empty
+/// argument. RuntimeError 424 when it holds something else, 430 when the object has no late-bound
+/// members.
 ComPtr<IDispatch> objectIn(const VARIANT& variant);
-/// The VARIANT that a reference to one leads to; itself otherwise.
+/// The VARIANT that a reference refers to; itself when it is none.
 const VARIANT& followed(const VARIANT& variant);
 
 }  // namespace kebu::windows

@@ -13,13 +13,9 @@ ButtonView::ButtonView(ViewSite& site, controls::Button& model, HWND parent)
       model_(model),
       window_(createStock(L"BUTTON", WS_TABSTOP | BS_OWNERDRAW, 0, parent)) {}
 
-ButtonView::~ButtonView() {
-  DestroyWindow(window_);
-}
-
 void ButtonView::refresh() {
-  setWindowText(window_, toWide(layout::withMnemonic(model_.caption(), mnemonic_)));
-  EnableWindow(window_, looksEnabled());
+  setWindowText(handle(), toWide(layout::withMnemonic(model_.caption(), mnemonic_)));
+  EnableWindow(handle(), looksEnabled());
 }
 
 void ButtonView::click() {
@@ -32,7 +28,7 @@ void ButtonView::command(HWND /*from*/, UINT code) {
 }
 
 void ButtonView::drawItem(const DRAWITEMSTRUCT& item) {
-  drawPushButton(item, theme(), {windowText(window_), {}, false, behind()});
+  drawPushButton(item, theme(), {windowText(handle()), {}, false, behind()});
 }
 
 std::function<void()> ButtonView::actionFor(const Key& key) {
@@ -46,7 +42,7 @@ void ButtonView::setMnemonic(std::size_t at) {
 }
 
 void ButtonView::reachByMnemonic() {
-  SetFocus(window_);
+  SetFocus(handle());
   click();
 }
 

@@ -8,9 +8,8 @@ namespace kebu::windows {
 class ButtonView : public View {
  public:
   ButtonView(ViewSite& site, controls::Button& model, HWND parent);
-  ~ButtonView() override;
 
-  HWND handle() const override { return window_; }
+  HWND handle() const override { return window_.get(); }
   void refresh() override;
   void command(HWND from, UINT code) override;
   void drawItem(const DRAWITEMSTRUCT& item) override;
@@ -23,7 +22,7 @@ class ButtonView : public View {
   void click();
 
   controls::Button& model_;
-  HWND window_;
+  OwnedWindow window_;
   std::size_t mnemonic_ = std::string::npos;
 };
 

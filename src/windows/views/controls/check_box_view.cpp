@@ -14,26 +14,22 @@ CheckBoxView::CheckBoxView(ViewSite& site, controls::CheckBox& model, HWND paren
       model_(model),
       window_(createStock(L"BUTTON", WS_TABSTOP | BS_CHECKBOX, 0, parent)) {}
 
-CheckBoxView::~CheckBoxView() {
-  DestroyWindow(window_);
-}
-
 void CheckBoxView::place(const layout::Placement& placement) {
   // As wide as its text, so that a click beside it does nothing.
   layout::Rect bounds = placement.bounds;
   bounds.width =
       std::min(bounds.width, theme().metrics().textWidth(model_.caption()) + theme().px(28));
-  putWindow(window_, bounds);
+  putWindow(handle(), bounds);
 }
 
 void CheckBoxView::refresh() {
-  setWindowText(window_, toWide(layout::withMnemonic(model_.caption(), mnemonic_)));
-  SendMessageW(window_, BM_SETCHECK, model_.isTicked() ? BST_CHECKED : BST_UNCHECKED, 0);
-  EnableWindow(window_, looksEnabled());
+  setWindowText(handle(), toWide(layout::withMnemonic(model_.caption(), mnemonic_)));
+  SendMessageW(handle(), BM_SETCHECK, model_.isTicked() ? BST_CHECKED : BST_UNCHECKED, 0);
+  EnableWindow(handle(), looksEnabled());
 }
 
 void CheckBoxView::applyTheme() {
-  SendMessageW(window_, WM_SETFONT, reinterpret_cast<WPARAM>(theme().font()), TRUE);
+  SendMessageW(handle(), WM_SETFONT, reinterpret_cast<WPARAM>(theme().font()), TRUE);
 }
 
 void CheckBoxView::command(HWND /*from*/, UINT code) {
@@ -54,8 +50,8 @@ void CheckBoxView::setMnemonic(std::size_t at) {
 }
 
 void CheckBoxView::reachByMnemonic() {
-  SetFocus(window_);
-  command(window_, BN_CLICKED);
+  SetFocus(handle());
+  command(handle(), BN_CLICKED);
 }
 
 void CheckBoxView::describe(Inspection& inspection) {

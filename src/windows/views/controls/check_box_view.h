@@ -8,9 +8,8 @@ namespace kebu::windows {
 class CheckBoxView : public View {
  public:
   CheckBoxView(ViewSite& site, controls::CheckBox& model, HWND parent);
-  ~CheckBoxView() override;
 
-  HWND handle() const override { return window_; }
+  HWND handle() const override { return window_.get(); }
   void place(const layout::Placement& placement) override;
   void refresh() override;
   void applyTheme() override;
@@ -25,7 +24,7 @@ class CheckBoxView : public View {
 
  private:
   controls::CheckBox& model_;
-  HWND window_;
+  OwnedWindow window_;
   std::size_t mnemonic_ = std::string::npos;
 };
 

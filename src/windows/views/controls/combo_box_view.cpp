@@ -16,8 +16,8 @@ constexpr int listHeight = 280;  // in 96ths of an inch
 
 ComboBoxView::ComboBoxView(ViewSite& site, controls::ComboBox& model, HWND parent)
     : FieldView(site, model, "ComboBox", parent), model_(model) {
-  setHandle(createStock(L"COMBOBOX", WS_TABSTOP | WS_VSCROLL | CBS_DROPDOWNLIST | CBS_HASSTRINGS, 0,
-                        parent));
+  setControl(createStock(L"COMBOBOX", WS_TABSTOP | WS_VSCROLL | CBS_DROPDOWNLIST | CBS_HASSTRINGS,
+                         0, parent));
 }
 
 void ComboBoxView::place(const layout::Placement& placement) {

@@ -15,11 +15,7 @@ EditBoxView::EditBoxView(ViewSite& site, controls::EditBox& model, HWND parent)
     : FieldView(site, model, "EditBox", parent), model_(model) {
   const DWORD masked = model.isMasked() ? ES_PASSWORD : 0U;
   const DWORD kind = model.lines() > 1 ? ES_MULTILINE | WS_VSCROLL : ES_AUTOHSCROLL | masked;
-  setHandle(createStock(L"EDIT", WS_TABSTOP | kind, WS_EX_CLIENTEDGE, parent));
-}
-
-EditBoxView::~EditBoxView() {
-  if (lookup_) DestroyWindow(lookup_);
+  setControl(createStock(L"EDIT", WS_TABSTOP | kind, WS_EX_CLIENTEDGE, parent));
 }
 
 void EditBoxView::place(const layout::Placement& placement) {
@@ -29,11 +25,11 @@ void EditBoxView::place(const layout::Placement& placement) {
     lookup_ = createStock(L"BUTTON", BS_OWNERDRAW, 0, GetParent(handle()));
     enableLookup();
   }
-  if (lookup_) putWindow(lookup_, placement.lookup);
+  if (lookup_) putWindow(lookup_.get(), placement.lookup);
 }
 
 void EditBoxView::enableLookup() {
-  if (lookup_) EnableWindow(lookup_, looksEnabled() && model_.isEditable());
+  if (lookup_) EnableWindow(lookup_.get(), looksEnabled() && model_.isEditable());
 }
 
 void EditBoxView::refresh() {
@@ -73,7 +69,7 @@ bool EditBoxView::commit() {
 }
 
 void EditBoxView::command(HWND from, UINT code) {
-  if (from == lookup_) {
+  if (from == lookup_.get()) {
     if (code == BN_CLICKED) lookup();
     return;
   }
@@ -124,7 +120,7 @@ void EditBoxView::describe(Inspection& inspection) {
 
 bool EditBoxView::describePart(Inspection& inspection) {
   if (inspection.part != Inspected::Lookup || !lookup_) return false;
-  describeWindow(inspection, lookup_);
+  describeWindow(inspection, lookup_.get());
   return true;
 }
 

@@ -10,7 +10,6 @@ namespace kebu::windows {
 class EditBoxView : public FieldView {
  public:
   EditBoxView(ViewSite& site, controls::EditBox& model, HWND parent);
-  ~EditBoxView() override;
 
   void place(const layout::Placement& placement) override;
   void refresh() override;
@@ -31,8 +30,8 @@ class EditBoxView : public FieldView {
   void restore();
 
   controls::EditBox& model_;
-  HWND lookup_ = nullptr;  ///< the button, once it has had a place
-  std::string shown_;      ///< the model's text as last shown
+  OwnedWindow lookup_;  ///< the button, once it has had a place
+  std::string shown_;   ///< the model's text as last shown
   bool touched_ = false;
   bool showing_ = false;
   bool committing_ = false;

@@ -16,36 +16,30 @@ void FieldView::makeCaption(HWND parent) {
   caption_ = createStock(L"STATIC", SS_LEFT | SS_CENTERIMAGE | SS_ENDELLIPSIS, 0, parent);
 }
 
-FieldView::~FieldView() {
-  for (HWND window : {control_, caption_}) {
-    if (window) DestroyWindow(window);
-  }
-}
-
 void FieldView::place(const layout::Placement& placement) {
   headsColumn_ = placement.caption.bottom() <= placement.bounds.top;
-  if (caption_) putWindow(caption_, placement.caption);
-  putWindow(control_, placement.bounds);
+  if (caption_) putWindow(caption_.get(), placement.caption);
+  putWindow(handle(), placement.bounds);
 }
 
 void FieldView::refresh() {
-  makeCaption(GetParent(control_));
+  makeCaption(GetParent(handle()));
   if (caption_) {
     const std::string text = layout::withMnemonic(control().caption(), mnemonic_);
-    setWindowText(caption_, toWide(isMarked() ? text + " *" : text));
+    setWindowText(caption_.get(), toWide(isMarked() ? text + " *" : text));
   }
-  EnableWindow(control_, looksEnabled());
+  EnableWindow(handle(), looksEnabled());
 }
 
 void FieldView::applyTheme() {
-  for (HWND window : {caption_, control_}) {
+  for (HWND window : {caption_.get(), handle()}) {
     if (!window) continue;
     SendMessageW(window, WM_SETFONT, reinterpret_cast<WPARAM>(theme().font()), TRUE);
   }
 }
 
 HBRUSH FieldView::colours(HDC dc, HWND window) {
-  if (window != caption_) return nullptr;
+  if (window != caption_.get()) return nullptr;
   SetTextColor(dc,
                looksEnabled() || headsColumn_ ? theme().colours().muted : theme().colours().faint);
   SetBkColor(dc, behind());

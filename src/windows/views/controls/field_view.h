@@ -1,5 +1,7 @@
 #pragma once
 
+#include <utility>
+
 #include "windows/views/controls/view.h"
 
 namespace kebu::windows {
@@ -8,9 +10,8 @@ namespace kebu::windows {
 class FieldView : public View {
  public:
   FieldView(ViewSite& site, controls::Control& model, const char* kind, HWND parent);
-  ~FieldView() override;
 
-  HWND handle() const override { return control_; }
+  HWND handle() const override { return control_.get(); }
   void place(const layout::Placement& placement) override;
   void refresh() override;
   void applyTheme() override;
@@ -20,7 +21,7 @@ class FieldView : public View {
 
  protected:
   /// The control itself; made after the caption, which then names it to readers.
-  void setHandle(HWND window) { control_ = window; }
+  void setControl(OwnedWindow control) { control_ = std::move(control); }
   /// Whether the caption carries the mark of what must be given.
   virtual bool isMarked() const { return false; }
   void describe(Inspection& inspection) override;
@@ -28,9 +29,9 @@ class FieldView : public View {
  private:
   void makeCaption(HWND parent);
 
-  HWND caption_ = nullptr;    ///< null while it has none
+  OwnedWindow caption_;       ///< null while it has none
   bool headsColumn_ = false;  ///< the caption stands above, for the fields below too
-  HWND control_ = nullptr;
+  OwnedWindow control_;
   std::size_t mnemonic_ = std::string::npos;
 };
 

@@ -25,19 +25,15 @@ LabelView::LabelView(ViewSite& site, controls::TitleBar& model, HWND parent)
   applyTheme();
 }
 
-LabelView::~LabelView() {
-  DestroyWindow(window_);
-}
-
 void LabelView::refresh() {
-  setWindowText(window_, toWide(control().caption()));
+  setWindowText(handle(), toWide(control().caption()));
 }
 
 void LabelView::applyTheme() {
   HFONT font = theme().font();
   if (role_ == Role::Warning) font = theme().strong();
   if (role_ == Role::Title) font = theme().title();
-  SendMessageW(window_, WM_SETFONT, reinterpret_cast<WPARAM>(font), TRUE);
+  SendMessageW(handle(), WM_SETFONT, reinterpret_cast<WPARAM>(font), TRUE);
 }
 
 HBRUSH LabelView::colours(HDC dc, HWND /*window*/) {

@@ -10,9 +10,8 @@ class LabelView : public View {
  public:
   LabelView(ViewSite& site, controls::Label& model, HWND parent);
   LabelView(ViewSite& site, controls::TitleBar& model, HWND parent);
-  ~LabelView() override;
 
-  HWND handle() const override { return window_; }
+  HWND handle() const override { return window_.get(); }
   void refresh() override;
   void applyTheme() override;
   HBRUSH colours(HDC dc, HWND window) override;
@@ -20,7 +19,7 @@ class LabelView : public View {
  private:
   enum class Role { Text, Warning, Title };
 
-  HWND window_;
+  OwnedWindow window_;
   Role role_;
 };
 

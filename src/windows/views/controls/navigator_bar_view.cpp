@@ -60,7 +60,7 @@ void NavigatorBarView::arrange() {
     const int text = theme().metrics().textWidth(button.caption);
     const int key = actionKeyOf(button.key) ? theme().px(34) : 0;
     const int width = std::max(text + key + theme().px(28), theme().px(96));
-    moveWindow(buttons_[i], {left, 0, width, static_cast<int>(area.bottom)});
+    moveWindow(buttons_[i].get(), {left, 0, width, static_cast<int>(area.bottom)});
     left += width + theme().px(8);
   }
 }
@@ -68,14 +68,14 @@ void NavigatorBarView::arrange() {
 void NavigatorBarView::refresh() {
   for (std::size_t i = 0; i < buttons_.size(); ++i) {
     const controls::NavigatorBar::Button& button = model_.buttons()[i];
-    setWindowText(buttons_[i], toWide(layout::withMnemonic(button.caption, mnemonics_[i])));
-    EnableWindow(buttons_[i], looksEnabled() && button.enabled);
+    setWindowText(buttons_[i].get(), toWide(layout::withMnemonic(button.caption, mnemonics_[i])));
+    EnableWindow(buttons_[i].get(), looksEnabled() && button.enabled);
   }
 }
 
 void NavigatorBarView::applyTheme() {
-  for (HWND button : buttons_) {
-    SendMessageW(button, WM_SETFONT, reinterpret_cast<WPARAM>(theme().font()), TRUE);
+  for (const OwnedWindow& button : buttons_) {
+    SendMessageW(button.get(), WM_SETFONT, reinterpret_cast<WPARAM>(theme().font()), TRUE);
   }
 }
 
@@ -88,10 +88,16 @@ LRESULT NavigatorBarView::answer(UINT message, WPARAM wParam, LPARAM lParam) {
   return Window::answer(message, wParam, lParam);
 }
 
+std::optional<std::size_t> NavigatorBarView::indexOf(HWND window) const {
+  for (std::size_t i = 0; i < buttons_.size(); ++i) {
+    if (buttons_[i].get() == window) return i;
+  }
+  return std::nullopt;
+}
+
 void NavigatorBarView::command(HWND from, UINT code) {
   if (code != BN_CLICKED) return;
-  const auto at = std::find(buttons_.begin(), buttons_.end(), from);
-  if (at != buttons_.end()) press(static_cast<std::size_t>(at - buttons_.begin()));
+  if (const auto index = indexOf(from)) press(*index);
 }
 
 void NavigatorBarView::press(std::size_t index) {
@@ -101,9 +107,9 @@ void NavigatorBarView::press(std::size_t index) {
 }
 
 void NavigatorBarView::drawItem(const DRAWITEMSTRUCT& item) {
-  const auto at = std::find(buttons_.begin(), buttons_.end(), item.hwndItem);
-  if (at == buttons_.end()) return;
-  const auto& button = model_.buttons()[static_cast<std::size_t>(at - buttons_.begin())];
+  const auto index = indexOf(item.hwndItem);
+  if (!index) return;
+  const auto& button = model_.buttons()[*index];
   const ActionKey* const key = actionKeyOf(button.key);
   drawPushButton(item, theme(),
                  {windowText(item.hwndItem), key ? key->shown : L"", button.key == "Conferma",
@@ -114,7 +120,7 @@ std::function<void()> NavigatorBarView::actionFor(const Key& key) {
   for (std::size_t i = 0; i < buttons_.size(); ++i) {
     const ActionKey* const action = actionKeyOf(model_.buttons()[i].key);
     const bool isMeant = (action && key.isPlain(action->key)) ||
-                         (key.isPlain(VK_RETURN) && GetFocus() == buttons_[i]);
+                         (key.isPlain(VK_RETURN) && GetFocus() == buttons_[i].get());
     if (isMeant) return [this, i] { press(i); };
   }
   return {};
@@ -142,7 +148,7 @@ bool NavigatorBarView::describePart(Inspection& inspection) {
     return all[i].key == key || all[i].caption == key;
   });
   if (!at) return false;
-  describeWindow(inspection, buttons_[*at]);
+  describeWindow(inspection, buttons_[*at].get());
   inspection.enabled = all[*at].enabled;  // the bar's own state is told of the bar
   writeName(inspection, all[*at].key);
   writeText(inspection, all[*at].caption);

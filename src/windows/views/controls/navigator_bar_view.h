@@ -35,9 +35,11 @@ class NavigatorBarView : public View, private Window {
  private:
   LRESULT answer(UINT message, WPARAM wParam, LPARAM lParam) override;
   void arrange();
+  /// The button of a window; nothing for another window.
+  std::optional<std::size_t> indexOf(HWND window) const;
 
   controls::NavigatorBar& model_;
-  std::vector<HWND> buttons_;
+  std::vector<OwnedWindow> buttons_;
   std::vector<std::size_t> mnemonics_;
 };
 

@@ -16,17 +16,13 @@ SideBarView::SideBarView(ViewSite& site, controls::SideBar& model, HWND parent)
                               LBS_HASSTRINGS | LBS_NOINTEGRALHEIGHT,
                           0, parent)) {
   listBox_ = reinterpret_cast<WNDPROC>(
-      SetWindowLongPtrW(window_, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(listProcedure)));
+      SetWindowLongPtrW(handle(), GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(listProcedure)));
   applyTheme();
 }
 
-SideBarView::~SideBarView() {
-  DestroyWindow(window_);
-}
-
 void SideBarView::applyTheme() {
-  SendMessageW(window_, WM_SETFONT, reinterpret_cast<WPARAM>(theme().font()), TRUE);
-  SendMessageW(window_, LB_SETITEMHEIGHT, 0, theme().metrics().lineHeight + theme().px(19));
+  SendMessageW(handle(), WM_SETFONT, reinterpret_cast<WPARAM>(theme().font()), TRUE);
+  SendMessageW(handle(), LB_SETITEMHEIGHT, 0, theme().metrics().lineHeight + theme().px(19));
 }
 
 int SideBarView::chosenIndex() const {
@@ -35,26 +31,26 @@ int SideBarView::chosenIndex() const {
 }
 
 void SideBarView::refresh() {
-  const auto count = static_cast<std::size_t>(SendMessageW(window_, LB_GETCOUNT, 0, 0));
+  const auto count = static_cast<std::size_t>(SendMessageW(handle(), LB_GETCOUNT, 0, 0));
   if (count != model_.links().size()) {
-    SendMessageW(window_, LB_RESETCONTENT, 0, 0);
+    SendMessageW(handle(), LB_RESETCONTENT, 0, 0);
     for (const auto& link : model_.links()) {
-      SendMessageW(window_, LB_ADDSTRING, 0, reinterpret_cast<LPARAM>(toWide(link.text).c_str()));
+      SendMessageW(handle(), LB_ADDSTRING, 0, reinterpret_cast<LPARAM>(toWide(link.text).c_str()));
     }
   }
-  SendMessageW(window_, LB_SETCURSEL, static_cast<WPARAM>(chosenIndex()), 0);
-  EnableWindow(window_, looksEnabled());
-  InvalidateRect(window_, nullptr, TRUE);
+  SendMessageW(handle(), LB_SETCURSEL, static_cast<WPARAM>(chosenIndex()), 0);
+  EnableWindow(handle(), looksEnabled());
+  InvalidateRect(handle(), nullptr, TRUE);
 }
 
 void SideBarView::command(HWND /*from*/, UINT code) {
   if (code != LBN_SELCHANGE) return;
-  const auto index = static_cast<int>(SendMessageW(window_, LB_GETCURSEL, 0, 0));
+  const auto index = static_cast<int>(SendMessageW(handle(), LB_GETCURSEL, 0, 0));
   if (index >= 0 && index != chosenIndex()) open(static_cast<std::size_t>(index));
 }
 
 int SideBarView::indexAt(LPARAM point) const {
-  const LRESULT found = SendMessageW(window_, LB_ITEMFROMPOINT, 0, point);
+  const LRESULT found = SendMessageW(handle(), LB_ITEMFROMPOINT, 0, point);
   return HIWORD(found) ? -1 : LOWORD(found);  // the high word tells that it is beside the items
 }
 
@@ -128,8 +124,8 @@ bool SideBarView::describePart(Inspection& inspection) {
     return std::to_string(links[i].view) == key;
   });
   if (!at) return false;
-  describeWindow(inspection, window_);
-  SendMessageW(window_, LB_GETITEMRECT, *at, reinterpret_cast<LPARAM>(&inspection.bounds));
+  describeWindow(inspection, handle());
+  SendMessageW(handle(), LB_GETITEMRECT, *at, reinterpret_cast<LPARAM>(&inspection.bounds));
   writeName(inspection, std::to_string(links[*at].view));
   writeText(inspection, links[*at].text);
   if (static_cast<int>(*at) == chosenIndex()) addMark(inspection, "chosen");

@@ -9,9 +9,8 @@ namespace kebu::windows {
 class SideBarView : public View {
  public:
   SideBarView(ViewSite& site, controls::SideBar& model, HWND parent);
-  ~SideBarView() override;
 
-  HWND handle() const override { return window_; }
+  HWND handle() const override { return window_.get(); }
   void refresh() override;
   void applyTheme() override;
   void command(HWND from, UINT code) override;
@@ -31,7 +30,7 @@ class SideBarView : public View {
   static LRESULT CALLBACK listProcedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam);
 
   controls::SideBar& model_;
-  HWND window_;
+  OwnedWindow window_;
   WNDPROC listBox_ = nullptr;  ///< the list's own procedure
   int pressed_ = -1;           ///< the chosen link, while the mouse is down on it
 };

@@ -13,10 +13,6 @@ StatusBarView::StatusBarView(ViewSite& site, controls::StatusBar& model, HWND pa
                           WS_VISIBLE | CCS_NORESIZE | CCS_NOPARENTALIGN | SBARS_SIZEGRIP, 0,
                           parent)) {}
 
-StatusBarView::~StatusBarView() {
-  DestroyWindow(window_);
-}
-
 void StatusBarView::place(const layout::Placement& placement) {
   View::place(placement);
   // The first panel is as wide as the side bar above it; the last takes the rest.
@@ -24,19 +20,19 @@ void StatusBarView::place(const layout::Placement& placement) {
   std::vector<int> edges;
   for (std::size_t i = 1; i < count; ++i) edges.push_back(theme().px(190) * static_cast<int>(i));
   edges.push_back(-1);
-  SendMessageW(window_, SB_SETPARTS, edges.size(), reinterpret_cast<LPARAM>(edges.data()));
+  SendMessageW(handle(), SB_SETPARTS, edges.size(), reinterpret_cast<LPARAM>(edges.data()));
   refresh();
 }
 
 void StatusBarView::refresh() {
   for (std::size_t i = 0; i < model_.panels().size(); ++i) {
-    SendMessageW(window_, SB_SETTEXTW, i,
+    SendMessageW(handle(), SB_SETTEXTW, i,
                  reinterpret_cast<LPARAM>(toWide(" " + model_.panels()[i]).c_str()));
   }
 }
 
 void StatusBarView::applyTheme() {
-  SendMessageW(window_, WM_SETFONT, reinterpret_cast<WPARAM>(theme().font()), TRUE);
+  SendMessageW(handle(), WM_SETFONT, reinterpret_cast<WPARAM>(theme().font()), TRUE);
 }
 
 void StatusBarView::describe(Inspection& inspection) {
@@ -49,8 +45,8 @@ bool StatusBarView::describePart(Inspection& inspection) {
   const auto index = itemAsked(inspection, model_.panels().size(),
                                [](std::size_t, const std::string&) { return false; });
   if (!index) return false;
-  describeWindow(inspection, window_);
-  SendMessageW(window_, SB_GETRECT, *index, reinterpret_cast<LPARAM>(&inspection.bounds));
+  describeWindow(inspection, handle());
+  SendMessageW(handle(), SB_GETRECT, *index, reinterpret_cast<LPARAM>(&inspection.bounds));
   writeText(inspection, model_.panels()[*index]);
   return true;
 }

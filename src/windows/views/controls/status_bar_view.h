@@ -8,9 +8,8 @@ namespace kebu::windows {
 class StatusBarView : public View {
  public:
   StatusBarView(ViewSite& site, controls::StatusBar& model, HWND parent);
-  ~StatusBarView() override;
 
-  HWND handle() const override { return window_; }
+  HWND handle() const override { return window_.get(); }
   void place(const layout::Placement& placement) override;
   void refresh() override;
   void applyTheme() override;
@@ -21,7 +20,7 @@ class StatusBarView : public View {
 
  private:
   controls::StatusBar& model_;
-  HWND window_;
+  OwnedWindow window_;
 };
 
 }  // namespace kebu::windows

@@ -64,12 +64,13 @@ HBRUSH View::behindBrush() const {
   return site_.isOnCard(control_) ? theme().cardBrush() : theme().windowBrush();
 }
 
-HWND View::createStock(const wchar_t* className, DWORD style, DWORD extendedStyle, HWND parent) {
-  HWND window = CreateWindowExW(extendedStyle, className, L"", style | WS_CHILD, 0, 0, 0, 0, parent,
-                                nullptr, site_.module(), nullptr);
+OwnedWindow View::createStock(const wchar_t* className, DWORD style, DWORD extendedStyle,
+                              HWND parent) {
+  OwnedWindow window(CreateWindowExW(extendedStyle, className, L"", style | WS_CHILD, 0, 0, 0, 0,
+                                     parent, nullptr, site_.module(), nullptr));
   if (!window) throw RuntimeError(7, "The control could not be created.");
-  SendMessageW(window, WM_SETFONT, reinterpret_cast<WPARAM>(theme().font()), FALSE);
-  adopt(window);
+  SendMessageW(window.get(), WM_SETFONT, reinterpret_cast<WPARAM>(theme().font()), FALSE);
+  adopt(window.get());
   return window;
 }
 

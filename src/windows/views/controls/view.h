@@ -1,13 +1,13 @@
 #pragma once
 
-#include <windows.h>
-
 #include <functional>
 #include <optional>
 #include <string>
 
 #include "common/event.h"
 #include "controls/control.h"
+#include "windows/support/handles.h"
+#include "windows/support/windows_api.h"
 #include "windows/views/drawing/theme.h"
 #include "windows/views/layout/page_layout.h"
 #include "windows/views/window/inspection.h"
@@ -15,13 +15,13 @@
 
 namespace kebu::windows {
 
-/// What a view asks of the window that it stands in.
+/// What a view needs of the window that contains it.
 class ViewSite {
  public:
   virtual ~ViewSite() = default;
   virtual HINSTANCE module() const = 0;
   virtual const Theme& theme() const = 0;
-  /// Something took or lost its place.
+  /// A control appeared, disappeared or changed its caption.
   virtual void requestLayout() = 0;
   /// Takes over what the user has typed so far; false when it was refused.
   virtual bool commit() = 0;
@@ -29,8 +29,8 @@ class ViewSite {
   virtual bool isOnCard(const controls::Control& control) const = 0;
 };
 
-/// Draws one model and turns what the user does into the model's gestures. It
-/// knows no rule of the system: what the model refuses is shown as it was.
+/// Draws one model and turns input into calls of the model. It holds no rule of the system: after a
+/// refusal it shows what the model holds.
 class View {
  public:
   View(ViewSite& site, controls::Control& model, const char* kind);
@@ -39,7 +39,7 @@ class View {
   View& operator=(const View&) = delete;
 
   controls::Control& control() const { return control_; }
-  /// The control's window; null for what has no looks or is drawn by its page.
+  /// The control's window; null for a control that is not visible or is drawn by its page.
   virtual HWND handle() const { return nullptr; }
   virtual void place(const layout::Placement& placement);
   /// Shows what the model holds now.
@@ -53,11 +53,11 @@ class View {
   /// The brush behind it, with the colours set; null for the usual ones.
   virtual HBRUSH colours(HDC dc, HWND window);
   virtual std::function<void()> actionFor(const Key& key);
-  /// Hands what the user typed to the model; false when it was refused.
+  /// Passes what the user typed to the model; false when it was refused.
   virtual bool commit() { return true; }
   /// The letter by which it is reached, as an index of a byte of its caption.
   virtual void setMnemonic(std::size_t at);
-  /// Its own caption takes part in the choice of letters.
+  /// Whether its caption takes part in the choice of letters.
   virtual bool hasMnemonic() const { return false; }
   virtual void reachByMnemonic();
 
@@ -71,9 +71,9 @@ class View {
   /// What is behind the control.
   COLORREF behind() const;
   HBRUSH behindBrush() const;
-  /// Makes a stock control that belongs to this view.
-  HWND createStock(const wchar_t* className, DWORD style, DWORD extendedStyle, HWND parent);
-  /// That the window belongs to this view.
+  /// Creates a control of a system class that belongs to this view.
+  OwnedWindow createStock(const wchar_t* className, DWORD style, DWORD extendedStyle, HWND parent);
+  /// Makes notifications of the window reach this view.
   void adopt(HWND window);
   virtual void describe(Inspection& inspection);
   virtual bool describePart(Inspection& inspection);
@@ -92,7 +92,7 @@ class View {
 /// The view that a window belongs to, or the window around it; null for none.
 View* viewOf(HWND window);
 
-/// Hands a notification that came to a parent on to the view that it is about.
+/// Passes a notification that came to a parent on to the view of the control that sent it.
 std::optional<LRESULT> reflect(UINT message, WPARAM wParam, LPARAM lParam);
 
 void moveWindow(HWND window, const layout::Rect& place);

@@ -3,9 +3,27 @@
 #include <uxtheme.h>
 #include <vssym32.h>
 
+#include <algorithm>
+
 #include "windows/support/text.h"
 
 namespace kebu::windows {
+
+namespace {
+
+int widthOf(const RECT& area) {
+  return static_cast<int>(area.right - area.left);
+}
+
+int heightOf(const RECT& area) {
+  return static_cast<int>(area.bottom - area.top);
+}
+
+struct CloseTheme {
+  void operator()(HTHEME theme) const { CloseThemeData(theme); }
+};
+
+}  // namespace
 
 int TextRuler::widthOf(const std::string& utf8) const {
   const std::wstring text = toWide(utf8);
@@ -14,25 +32,20 @@ int TextRuler::widthOf(const std::string& utf8) const {
   return static_cast<int>(size.cx);
 }
 
-BufferedPaint::BufferedPaint(HWND window) : window_(window) {
-  BeginPaint(window, &paint_);
-  const RECT& area = paint_.rcPaint;
-  memory_ = CreateCompatibleDC(paint_.hdc);
-  bitmap_ =
-      CreateCompatibleBitmap(paint_.hdc, area.right - area.left > 0 ? area.right - area.left : 1,
-                             area.bottom - area.top > 0 ? area.bottom - area.top : 1);
-  before_ = SelectObject(memory_, bitmap_);
-  SetWindowOrgEx(memory_, area.left, area.top, nullptr);
-  SetBkMode(memory_, TRANSPARENT);
+BufferedPaint::BufferedPaint(HWND window)
+    : window_(window),
+      screen_(BeginPaint(window, &paint_)),
+      memory_(CreateCompatibleDC(screen_)),
+      bitmap_(CreateCompatibleBitmap(screen_, std::max(widthOf(paint_.rcPaint), 1),
+                                     std::max(heightOf(paint_.rcPaint), 1))),
+      selected_(memory_.get(), bitmap_.get()) {
+  SetWindowOrgEx(dc(), area().left, area().top, nullptr);
+  SetBkMode(dc(), TRANSPARENT);
 }
 
 BufferedPaint::~BufferedPaint() {
-  const RECT& area = paint_.rcPaint;
-  BitBlt(paint_.hdc, area.left, area.top, area.right - area.left, area.bottom - area.top, memory_,
-         area.left, area.top, SRCCOPY);
-  SelectObject(memory_, before_);
-  DeleteObject(bitmap_);
-  DeleteDC(memory_);
+  BitBlt(screen_, area().left, area().top, widthOf(area()), heightOf(area()), dc(), area().left,
+         area().top, SRCCOPY);
   EndPaint(window_, &paint_);
 }
 
@@ -64,11 +77,11 @@ void text(HDC dc, const std::wstring& text, RECT area, COLORREF colour, HFONT fo
 void checkBox(HDC dc, HWND window, const RECT& area, CheckState state, bool enabled, int size) {
   RECT box{0, 0, size, size};
   OffsetRect(&box, (area.left + area.right - size) / 2, (area.top + area.bottom - size) / 2);
-  if (HTHEME theme = OpenThemeData(window, L"BUTTON")) {
+  if (const Owned<HTHEME, CloseTheme> theme{OpenThemeData(window, L"BUTTON")}) {
     const int off = enabled ? CBS_UNCHECKEDNORMAL : CBS_UNCHECKEDDISABLED;
     const int on = enabled ? CBS_CHECKEDNORMAL : CBS_CHECKEDDISABLED;
-    DrawThemeBackground(theme, dc, BP_CHECKBOX, state == CheckState::On ? on : off, &box, nullptr);
-    CloseThemeData(theme);
+    DrawThemeBackground(theme.get(), dc, BP_CHECKBOX, state == CheckState::On ? on : off, &box,
+                        nullptr);
     return;
   }
   DrawFrameControl(dc, &box, DFC_BUTTON,

@@ -1,9 +1,8 @@
 #pragma once
 
-#include <windows.h>
-
 #include <string>
 
+#include "windows/support/handles.h"
 #include "windows/views/layout/metrics.h"
 
 namespace kebu::windows {
@@ -12,7 +11,7 @@ inline RECT toRECT(const layout::Rect& r) {
   return {r.left, r.top, r.right(), r.bottom()};
 }
 
-/// The screen's device context, to measure with.
+/// The screen's device context, for measuring.
 class ScreenDc {
  public:
   ScreenDc() : dc_(GetDC(nullptr)) {}
@@ -50,22 +49,23 @@ class TextRuler {
   Selected font_;
 };
 
-/// Answers WM_PAINT from a picture made aside, so that nothing flickers.
+/// Answers WM_PAINT from a bitmap that is drawn first, so that nothing flickers.
 class BufferedPaint {
  public:
   explicit BufferedPaint(HWND window);
   ~BufferedPaint();
   BufferedPaint(const BufferedPaint&) = delete;
   BufferedPaint& operator=(const BufferedPaint&) = delete;
-  HDC dc() const { return memory_; }
+  HDC dc() const { return memory_.get(); }
   const RECT& area() const { return paint_.rcPaint; }
 
  private:
   HWND window_;
   PAINTSTRUCT paint_{};
-  HDC memory_;
-  HBITMAP bitmap_;
-  HGDIOBJ before_;
+  HDC screen_;
+  OwnedMemoryDc memory_;
+  OwnedBitmap bitmap_;
+  Selected selected_;
 };
 
 void fill(HDC dc, const RECT& area, COLORREF colour);
@@ -76,7 +76,7 @@ void card(HDC dc, const RECT& area, int radius, COLORREF inside, COLORREF border
 void text(HDC dc, const std::wstring& text, RECT area, COLORREF colour, HFONT font, UINT format);
 
 enum class CheckState { Off, On };
-/// A check box in the looks of the visual style, in the middle of `area`.
+/// A check box in the visual style, in the middle of `area`.
 void checkBox(HDC dc, HWND window, const RECT& area, CheckState state, bool enabled, int size);
 
 }  // namespace kebu::windows

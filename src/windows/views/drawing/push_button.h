@@ -1,9 +1,8 @@
 #pragma once
 
-#include <windows.h>
-
 #include <string>
 
+#include "windows/support/windows_api.h"
 #include "windows/views/drawing/theme.h"
 
 namespace kebu::windows {

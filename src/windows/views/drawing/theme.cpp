@@ -23,10 +23,10 @@ LOGFONTW messageFont(int dpi) {
   return metrics.lfMessageFont;
 }
 
-HFONT makeFont(LOGFONTW font, int percent, LONG weight) {
+OwnedFont makeFont(LOGFONTW font, int percent, LONG weight) {
   font.lfHeight = MulDiv(font.lfHeight, percent, 100);
   font.lfWeight = weight;
-  return CreateFontIndirectW(&font);
+  return OwnedFont(CreateFontIndirectW(&font));
 }
 
 }  // namespace
@@ -65,9 +65,9 @@ Theme::Theme(int dpi)
       cardBrush_(CreateSolidBrush(palette_.card)),
       lockedBrush_(CreateSolidBrush(palette_.locked)) {
   const LOGFONTW base = messageFont(dpi);
-  font_.reset(makeFont(base, 100, base.lfWeight));
-  strong_.reset(makeFont(base, 100, FW_SEMIBOLD));
-  title_.reset(makeFont(base, 155, FW_SEMIBOLD));
+  font_ = makeFont(base, 100, base.lfWeight);
+  strong_ = makeFont(base, 100, FW_SEMIBOLD);
+  title_ = makeFont(base, 155, FW_SEMIBOLD);
   metrics_.dpi = dpi;
   const ScreenDc screen;
   const Selected selected(screen.get(), font());

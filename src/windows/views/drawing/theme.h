@@ -1,20 +1,9 @@
 #pragma once
 
-#include <windows.h>
-
-#include <memory>
-#include <string>
-#include <type_traits>
-
+#include "windows/support/handles.h"
 #include "windows/views/layout/metrics.h"
 
 namespace kebu::windows {
-
-struct DeleteGdiObject {
-  using pointer = HGDIOBJ;
-  void operator()(HGDIOBJ object) const { DeleteObject(object); }
-};
-using GdiObject = std::unique_ptr<std::remove_pointer_t<HGDIOBJ>, DeleteGdiObject>;
 
 /// The colours of a window; the system's own where the user asked for high contrast.
 struct Palette {
@@ -45,22 +34,22 @@ class Theme {
   const Palette& colours() const { return palette_; }
   const layout::Metrics& metrics() const { return metrics_; }
   int px(int units) const { return metrics_.px(units); }
-  HFONT font() const { return static_cast<HFONT>(font_.get()); }
-  HFONT strong() const { return static_cast<HFONT>(strong_.get()); }
-  HFONT title() const { return static_cast<HFONT>(title_.get()); }
-  HBRUSH windowBrush() const { return static_cast<HBRUSH>(windowBrush_.get()); }
-  HBRUSH cardBrush() const { return static_cast<HBRUSH>(cardBrush_.get()); }
-  HBRUSH lockedBrush() const { return static_cast<HBRUSH>(lockedBrush_.get()); }
+  HFONT font() const { return font_.get(); }
+  HFONT strong() const { return strong_.get(); }
+  HFONT title() const { return title_.get(); }
+  HBRUSH windowBrush() const { return windowBrush_.get(); }
+  HBRUSH cardBrush() const { return cardBrush_.get(); }
+  HBRUSH lockedBrush() const { return lockedBrush_.get(); }
 
  private:
   Palette palette_;
   layout::Metrics metrics_;
-  GdiObject font_;
-  GdiObject strong_;
-  GdiObject title_;
-  GdiObject windowBrush_;
-  GdiObject cardBrush_;
-  GdiObject lockedBrush_;
+  OwnedFont font_;
+  OwnedFont strong_;
+  OwnedFont title_;
+  OwnedBrush windowBrush_;
+  OwnedBrush cardBrush_;
+  OwnedBrush lockedBrush_;
 };
 
 }  // namespace kebu::windows

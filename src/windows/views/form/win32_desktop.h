@@ -1,13 +1,12 @@
 #pragma once
 
-#include <windows.h>
-
 #include <functional>
 #include <map>
 #include <memory>
 #include <vector>
 
 #include "controls/desktop.h"
+#include "windows/support/windows_api.h"
 #include "windows/views/window/common_controls.h"
 
 namespace kebu::windows {

@@ -1,13 +1,12 @@
 #pragma once
 
-#include <windows.h>
-
 #include <cstddef>
 #include <cstdint>
 #include <optional>
 #include <string>
 #include <vector>
 
+#include "windows/support/windows_api.h"
 #include "windows/views/drawing/theme.h"
 
 namespace kebu::windows {

@@ -1,11 +1,10 @@
 #pragma once
 
-#include <windows.h>
-
 #include <functional>
 #include <map>
 #include <vector>
 
+#include "windows/support/windows_api.h"
 #include "windows/views/drawing/painting.h"
 #include "windows/views/drawing/theme.h"
 #include "windows/views/grid/cell_editor.h"

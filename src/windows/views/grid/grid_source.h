@@ -9,13 +9,13 @@
 
 namespace kebu::windows {
 
-/// What a grid on the screen shows and acts on. Rows count from 1, columns from 0.
+/// What a grid shows and acts on. Rows count from 1, columns from 0.
 class GridSource {
  public:
   struct Column {
     std::string field;
     std::string caption;
-    int width = 0;  ///< in 96ths of an inch; a column of no width is out of sight
+    int width = 0;  ///< in 96ths of an inch; a column of no width is hidden
     controls::ColumnKind kind = controls::ColumnKind::Text;
   };
 

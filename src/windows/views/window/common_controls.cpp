@@ -14,26 +14,24 @@ CommonControls::CommonControls(HINSTANCE module) {
   wanted.hModule = module;
   wanted.lpResourceName = MAKEINTRESOURCEW(2);
   // Without it the controls work all the same, in the looks that the host has.
-  context_ = CreateActCtxW(&wanted);
+  HANDLE const context = CreateActCtxW(&wanted);
+  if (context != INVALID_HANDLE_VALUE) context_.reset(context);
   const Scope scope(*this);
-  library_ = LoadLibraryW(L"comctl32.dll");
+  library_.reset(LoadLibraryW(L"comctl32.dll"));
   if (!library_) return;
   const auto initialise = reinterpret_cast<decltype(&InitCommonControlsEx)>(
-      reinterpret_cast<void*>(GetProcAddress(library_, "InitCommonControlsEx")));
+      reinterpret_cast<void*>(GetProcAddress(library_.get(), "InitCommonControlsEx")));
   const INITCOMMONCONTROLSEX classes{sizeof classes, ICC_STANDARD_CLASSES | ICC_BAR_CLASSES};
   if (initialise) initialise(&classes);
 }
 
 CommonControls::~CommonControls() {
   if (current_ == this) current_ = nullptr;
-  if (library_) FreeLibrary(library_);
-  if (context_ != INVALID_HANDLE_VALUE) ReleaseActCtx(context_);
 }
 
 CommonControls::Scope::Scope(const CommonControls* controls)
     : before_(SetThreadDpiAwarenessContext(DPI_AWARENESS_CONTEXT_PER_MONITOR_AWARE_V2)) {
-  const bool isThere = controls && controls->context_ != INVALID_HANDLE_VALUE;
-  if (isThere) ActivateActCtx(controls->context_, &cookie_);
+  if (controls && controls->context_) ActivateActCtx(controls->context_.get(), &cookie_);
 }
 
 CommonControls::Scope::~Scope() {

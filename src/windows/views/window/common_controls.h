@@ -1,12 +1,12 @@
 #pragma once
 
-#include <windows.h>
+#include "windows/support/handles.h"
 
 namespace kebu::windows {
 
-/// Version 6 of the common controls, whose looks follow the visual style. The
-/// host may use another version: ours is asked for by the manifest in our own
-/// module, and only while one of our windows is at work.
+/// Version 6 of the common controls, whose appearance follows the visual style. The host may use
+/// another version: the manifest in our own module asks for ours, and it is active only while one
+/// of our windows is made or used.
 class CommonControls {
  public:
   explicit CommonControls(HINSTANCE module);
@@ -14,11 +14,11 @@ class CommonControls {
   CommonControls(const CommonControls&) = delete;
   CommonControls& operator=(const CommonControls&) = delete;
 
-  /// While it lives, controls are created in our version, and windows at the
-  /// resolution of the monitor they stand on.
+  /// While it lives, controls are created in our version, and windows with the resolution of their
+  /// monitor.
   class Scope {
    public:
-    /// Of the controls that are in use, for what is made long after its window.
+    /// With the common controls in use, for controls that are made later than their window.
     Scope() : Scope(current_) {}
     explicit Scope(const CommonControls& controls) : Scope(&controls) {}
     ~Scope();
@@ -35,8 +35,12 @@ class CommonControls {
  private:
   static const CommonControls* current_;
 
-  HANDLE context_;
-  HMODULE library_ = nullptr;
+  struct ReleaseContext {
+    void operator()(HANDLE context) const { ReleaseActCtx(context); }
+  };
+
+  Owned<HANDLE, ReleaseContext> context_;  ///< null where the manifest cannot be used
+  OwnedModule library_;
 };
 
 }  // namespace kebu::windows

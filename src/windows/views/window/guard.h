@@ -1,15 +1,14 @@
 #pragma once
 
-#include <windows.h>
-
 #include <exception>
 
 #include "controls/control.h"
+#include "windows/support/windows_api.h"
 
 namespace kebu::windows {
 
-/// No error may leave a window procedure. What a person could not have done
-/// beeps; whether `work` was done.
+/// Runs `work` in a window procedure, which no error may leave: an error beeps. Whether it
+/// succeeded.
 template <class Work>
 bool guarded(Work&& work) noexcept {
   try {

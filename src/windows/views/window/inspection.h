@@ -1,8 +1,8 @@
 #pragma once
 
-#include <windows.h>
-
 #include <cstdint>
+
+#include "windows/support/windows_api.h"
 
 namespace kebu::windows {
 
@@ -21,10 +21,9 @@ enum class Inspected : std::uint32_t {
             ///< offers: the column, and `row` from 1; its code is the name
 };
 
-/// What an onlooker (a screen reader, a test) may ask of a window of this
-/// system: which control is where, and what its looks alone do not tell. It is
-/// sent to a form or look-up window with SendMessage(inspectMessage(), 0,
-/// address); the answer is 1 when the part is there, else 0.
+/// What a test or a screen reader may ask a window of the plug-in: where a control is, and what its
+/// appearance alone does not show. It is sent to a form or look-up window with
+/// SendMessage(inspectMessage(), 0, address); the result is 1 when the part exists, else 0.
 struct Inspection {
   std::uint32_t size = sizeof(Inspection);
   Inspected part = Inspected::Control;

@@ -1,7 +1,9 @@
 #include "windows/views/window/keyboard.h"
 
 #include <map>
+#include <utility>
 
+#include "windows/support/handles.h"
 #include "windows/views/window/guard.h"
 
 namespace kebu::windows {
@@ -10,12 +12,12 @@ namespace {
 
 struct Targets {
   std::map<HWND, KeyTarget*> byWindow;
-  HHOOK hook = nullptr;
+  OwnedHook hook;
 };
 
-/// Windows belong to the thread that made them, and so does the hook. Null while
-/// there are none. No object: what a thread has to destroy at its end keeps the
-/// library loaded until then.
+/// Windows belong to the thread that made them, and so does the hook. Null while there are no
+/// windows. A pointer, since the destructor of a thread_local object would keep the library loaded
+/// until the thread ends.
 thread_local Targets* targets = nullptr;
 
 constexpr LPARAM shiftFlag = 1;
@@ -75,8 +77,8 @@ LRESULT CALLBACK hookProcedure(int code, WPARAM wParam, LPARAM lParam) {
 
 KeyboardHook::KeyboardHook(HWND window, KeyTarget& target) : window_(window) {
   if (!targets) {
-    HHOOK hook = SetWindowsHookExW(WH_GETMESSAGE, hookProcedure, nullptr, GetCurrentThreadId());
-    targets = new Targets{{}, hook};
+    OwnedHook hook(SetWindowsHookExW(WH_GETMESSAGE, hookProcedure, nullptr, GetCurrentThreadId()));
+    targets = new Targets{{}, std::move(hook)};
   }
   targets->byWindow[window] = &target;
 }
@@ -84,7 +86,6 @@ KeyboardHook::KeyboardHook(HWND window, KeyTarget& target) : window_(window) {
 KeyboardHook::~KeyboardHook() {
   targets->byWindow.erase(window_);
   if (!targets->byWindow.empty()) return;
-  if (targets->hook) UnhookWindowsHookEx(targets->hook);
   delete targets;
   targets = nullptr;
 }

@@ -1,8 +1,8 @@
 #pragma once
 
-#include <windows.h>
-
 #include <functional>
+
+#include "windows/support/windows_api.h"
 
 namespace kebu::windows {
 
@@ -16,17 +16,16 @@ struct Key {
   bool isPlain(WPARAM wanted) const { return code == wanted && !shift && !control && !mnemonic; }
 };
 
-/// A window that has a use for keys whatever control has the focus.
+/// A window that acts on keys whatever control has the focus.
 class KeyTarget {
  public:
   virtual ~KeyTarget() = default;
-  /// What the key does here; nothing when it belongs to the control with the focus.
+  /// The action of a key; empty when the key is left to the control with the focus.
   virtual std::function<void()> actionFor(const Key& key) = 0;
 };
 
-/// Sees the keys before the message loop does. The loop is the host's, which
-/// knows nothing of us: a key that one of our windows has a use for is turned
-/// into a message to that window.
+/// Sees the keys before the message loop dispatches them. The loop is the host's and does not know
+/// our windows: a key that one of them acts on is turned into a message to that window.
 class KeyboardHook {
  public:
   KeyboardHook(HWND window, KeyTarget& target);

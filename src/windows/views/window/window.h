@@ -1,9 +1,9 @@
 #pragma once
 
-#include <windows.h>
-
 #include <optional>
 #include <string>
+
+#include "windows/support/windows_api.h"
 
 namespace kebu::windows {
 
@@ -16,7 +16,7 @@ struct WindowTraits {
   UINT classStyle = CS_DBLCLKS;
 };
 
-/// A window whose messages we answer ourselves. Ends with this object.
+/// A window of a class of our own, destroyed with this object.
 class Window {
  public:
   Window() = default;
@@ -32,10 +32,10 @@ class Window {
   void create(HINSTANCE module, const WindowTraits& traits, HWND parent, const RECT& bounds,
               const std::wstring& title = {});
   void destroy();
-  /// Where a scroll bar's message wants its bar to stand, a line being `line`
-  /// units; nothing for one that does not move it.
+  /// The position that a scroll bar's message asks for, a line being `line` units; nothing for a
+  /// message that does not move the bar.
   std::optional<int> scrolled(int bar, WPARAM wParam, int line) const;
-  /// Overridden to answer; what is left over goes to the base.
+  /// Handles a message; overriders call the base for messages that they do not handle.
   virtual LRESULT answer(UINT message, WPARAM wParam, LPARAM lParam);
 
  private:
@@ -44,7 +44,7 @@ class Window {
   HWND handle_ = nullptr;
 };
 
-/// Forgets our window classes, before the module that holds their procedures goes.
+/// Unregisters our window classes, before the module that holds their procedures is unloaded.
 void unregisterWindowClasses(HINSTANCE module);
 
 }  // namespace kebu::windows

@@ -1,8 +1,8 @@
 #pragma once
 
-#include <windows.h>
-
 #include <string>
+
+#include "windows/support/windows_api.h"
 
 namespace kebu::windows {
 

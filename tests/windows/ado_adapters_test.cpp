@@ -1,11 +1,12 @@
+// The manners of the real ADO that the workbench's objects do not have.
+#include <gtest/gtest.h>
+
 #include <memory>
 #include <string>
 #include <utility>
 #include <vector>
 
-#include "tests/windows/checks.h"
-#include "tests/windows/story.h"
-#include "tests/windows/unusual_objects.h"
+#include "tests/windows/transcript.h"
 #include "windows/ado/ado_objects.h"
 #include "windows/support/automation.h"
 
@@ -117,56 +118,55 @@ constexpr Member<Connection> connectionMembers[] = {
      }},
 };
 
-Story execute(std::vector<Result> chain) {
+Transcript execute(std::vector<Result> chain) {
   const auto connection = std::make_shared<Connection>(Connection{std::move(chain)});
   const auto wrapped =
       windows::wrapConnection(windows::automated<Connection>(connection, connectionMembers).get());
-  Story story;
-  story.tell("open", [&] { return wrapped->Execute("BATCH")->isOpen(); });
-  story.tell("as text", [&] { return connection->options; });
-  return story;
+  Transcript transcript;
+  transcript.record("open", [&] { return wrapped->Execute("BATCH")->isOpen(); });
+  transcript.record("as text", [&] { return connection->options; });
+  return transcript;
 }
 
-void batches() {
-  expectThat(execute({Result::Count, Result::Count, Result::Rows}).mentions("open: 1"),
-             "the first rows of a batch are found behind its counts");
-  expectThat(execute({Result::Count, Result::Count}).mentions("open: 0"),
-             "a batch without rows leaves a closed recordset");
-  expectThat(execute({Result::Count, Result::Error}).mentions("error -2147217900"),
-             "a later statement's error is told");
-  expectThat(execute({Result::Rows}).mentions("as text: 1"), "a statement goes as a text");
+TEST(AdoAdapters, FollowABatchToItsRowsOrItsError) {
+  EXPECT_TRUE(execute({Result::Count, Result::Count, Result::Rows}).contains("open: 1"));
+  EXPECT_TRUE(execute({Result::Count, Result::Count}).contains("open: 0")) << "no rows";
+  EXPECT_TRUE(execute({Result::Count, Result::Error}).contains("error -2147217900"));
+  EXPECT_TRUE(execute({Result::Rows}).contains("as text: 1"));
 }
 
-void recordsets() {
+TEST(AdoAdapters, TranslateAProvidersAnswers) {
   const auto real = std::make_shared<Recordset>();
   real->chain = {Result::Rows};
   const Ref<ado::Recordset> rows = windows::wrapRecordset(newObject(real).get());
-  expectThat(rows->AbsolutePosition() == -1, "neither row has the position -1");
-  expectThat(rows->value("NOTE").isNull() && rows->originalValue("NOTE").isNull(),
-             "a new row's fields are null");
+  EXPECT_EQ(rows->AbsolutePosition(), -1) << "no row is the current one";
+  EXPECT_TRUE(rows->value("NOTE").isNull()) << "a new row";
+  EXPECT_TRUE(rows->originalValue("NOTE").isNull()) << "a new row";
   const ado::Field& field = rows->fields().at(0);
-  expectThat(field.type == ado::DataType::VarWChar && field.definedSize == -1 &&
-                 field.precision == 0 && field.numericScale == 0,
-             "a text without limit is one");
-  expectThat(rows->filter().empty(), "no filter is an empty one");
+  EXPECT_EQ(field.type, ado::DataType::VarWChar);
+  EXPECT_EQ(field.definedSize, -1) << "a text without limit";
+  EXPECT_EQ(field.precision, 0);
+  EXPECT_EQ(field.numericScale, 0);
+  EXPECT_TRUE(rows->filter().empty());
+}
+
+TEST(AdoAdapters, EndOnlyEditsThatWereBegun) {
+  const auto real = std::make_shared<Recordset>();
+  real->chain = {Result::Rows};
+  const Ref<ado::Recordset> rows = windows::wrapRecordset(newObject(real).get());
   rows->CancelUpdate();
-  expectThat(real->calls.empty(), "an edit that was not begun is not cancelled");
+  EXPECT_TRUE(real->calls.empty());
   real->editMode = 1;
   rows->CancelUpdate();
   rows->UpdateBatch();
-  expectThat(real->calls == std::vector<std::string>{"CancelUpdate", "UpdateBatch 4"},
-             "a batch is sent with the rows that a filter hides");
+  // 4: with the rows that a filter hides.
+  EXPECT_EQ(real->calls, (std::vector<std::string>{"CancelUpdate", "UpdateBatch 4"}));
   real->editModeError = 3021;
-  expectThat(rows->editMode() == ado::EditMode::None, "where there is no row none is edited");
+  EXPECT_EQ(rows->editMode(), ado::EditMode::None) << "there is no row";
   real->editModeError = -2147217885;
-  expectThat(rows->editMode() == ado::EditMode::Delete, "a deleted row is one");
+  EXPECT_EQ(rows->editMode(), ado::EditMode::Delete) << "the row was deleted";
 }
 
 }  // namespace
-
-void checkAdoManners() {
-  batches();
-  recordsets();
-}
 
 }  // namespace kebu::tests

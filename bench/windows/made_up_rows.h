@@ -8,10 +8,10 @@
 
 #include "ado/recordset.h"
 
-namespace kebu::windows {
+namespace kebu::bench {
 
-/// A client recordset of as many rows as one likes, made up as they are read;
-/// only what is edited is kept.
+/// A client recordset of any number of rows, which are made up as they are read; only edits are
+/// kept.
 class MadeUpRows : public ado::Recordset, public std::enable_shared_from_this<MadeUpRows> {
  public:
   explicit MadeUpRows(std::int32_t count) : count_(count), position_(count > 0 ? 1 : -1) {}
@@ -47,7 +47,7 @@ class MadeUpRows : public ado::Recordset, public std::enable_shared_from_this<Ma
     const auto& all = fields();
     const auto at =
         std::find_if(all.begin(), all.end(), [&](const ado::Field& f) { return f.name == field; });
-    return at_(position_, static_cast<std::size_t>(at - all.begin()));
+    return valueAt(position_, static_cast<std::size_t>(at - all.begin()));
   }
   void setValue(std::string_view field, const Value& value) override {
     const auto& all = fields();
@@ -61,7 +61,7 @@ class MadeUpRows : public ado::Recordset, public std::enable_shared_from_this<Ma
     const std::int32_t last = rows < 0 ? count_ : std::min(position_ + rows - 1, count_);
     for (; position_ <= last; ++position_) {
       std::vector<Value> row;
-      for (std::size_t i = 0; i < fields().size(); ++i) row.push_back(at_(position_, i));
+      for (std::size_t i = 0; i < fields().size(); ++i) row.push_back(valueAt(position_, i));
       read.emplace_back(std::move(row));
     }
     return read;
@@ -76,7 +76,7 @@ class MadeUpRows : public ado::Recordset, public std::enable_shared_from_this<Ma
   bool hasPendingBatch() const override { return false; }
 
  private:
-  Value at_(std::int32_t row, std::size_t field) const {
+  Value valueAt(std::int32_t row, std::size_t field) const {
     const auto edited = edits_->find({row, field});
     if (edited != edits_->end()) return edited->second;
     switch (field) {
@@ -103,4 +103,4 @@ class MadeUpRows : public ado::Recordset, public std::enable_shared_from_this<Ma
       std::make_shared<std::map<std::pair<std::int32_t, std::size_t>, Value>>();
 };
 
-}  // namespace kebu::windows
+}  // namespace kebu::bench

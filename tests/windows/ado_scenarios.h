@@ -5,7 +5,7 @@
 #include <vector>
 
 #include "ado/library.h"
-#include "tests/windows/story.h"
+#include "tests/windows/transcript.h"
 
 namespace kebu::tests {
 
@@ -16,15 +16,15 @@ struct AdoSide {
   std::function<Ref<ado::Connection>()> connect;
 };
 
-struct AdoStory {
+/// A use of ADO's objects that must give the same on every side.
+struct AdoScenario {
   const char* name;
-  void (*tell)(AdoSide& side, Story& story);
-  /// What has to come up on the way.
-  std::vector<std::string> milestones;
+  void (*run)(AdoSide& side, Transcript& transcript);
+  std::vector<std::string> landmarks;  ///< texts that must be in the transcript
 };
 
 /// The statements that make the database of a side.
 const std::vector<std::string>& adoSetUp();
-const std::vector<AdoStory>& adoStories();
+const std::vector<AdoScenario>& adoScenarios();
 
 }  // namespace kebu::tests

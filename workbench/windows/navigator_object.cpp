@@ -1,8 +1,7 @@
-#include "workbench/windows/navigator_events.h"
-
-#include <olectl.h>
+#include "workbench/windows/navigator_object.h"
 
 #include "windows/host/navigator_events.h"
+#include "windows/support/windows_api.h"
 #include "workbench/windows/host_automation.h"
 
 namespace kebu::workbench {

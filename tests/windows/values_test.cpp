@@ -1,12 +1,12 @@
-#include "tests/windows/value_checks.h"
+#include "windows/support/values.h"
+
+#include <gtest/gtest.h>
 
 #include <limits>
 #include <string>
 
-#include "tests/windows/checks.h"
-#include "tests/windows/story.h"
+#include "tests/windows/transcript.h"
 #include "windows/support/safe_array.h"
-#include "windows/support/values.h"
 
 namespace kebu::tests {
 
@@ -14,7 +14,6 @@ namespace {
 
 using windows::Variant;
 
-/// A variant of one kind.
 template <class Field>
 Variant with(VARTYPE type, Field VARIANT::*field, Field content) {
   Variant result;
@@ -36,7 +35,7 @@ struct Case {
   const char* value;  ///< "" for what no value can be
 };
 
-std::string toldAs(const Variant& given) {
+std::string described(const Variant& given) {
   try {
     return describe(windows::toValue(given.get()));
   } catch (const RuntimeError& error) {
@@ -44,7 +43,7 @@ std::string toldAs(const Variant& given) {
   }
 }
 
-void kindsOfVariants() {
+TEST(Values, ComeFromVariantsOfEveryKind) {
   const Case cases[] = {
       {"VT_I1", with(VT_I1, &VARIANT::cVal, CHAR(-5)), "int16 -5"},
       {"VT_UI1", with(VT_UI1, &VARIANT::bVal, BYTE(250)), "int16 250"},
@@ -74,13 +73,11 @@ void kindsOfVariants() {
       {"no object", Variant(windows::ComPtr<IDispatch>()), "no object"},
   };
   for (const Case& each : cases) {
-    const std::string seen = toldAs(each.given);
-    expectThat(seen == each.value, std::string(each.kind) + " is " + each.value +
-                                       (seen == each.value ? "" : ", but: " + seen));
+    EXPECT_EQ(described(each.given), each.value) << each.kind;
   }
 }
 
-void references() {
+TEST(Values, ComeFromWhatReferencesReferTo) {
   Variant inner(std::string_view("perché"));
   Variant outer;
   outer.raw().vt = VT_BYREF | VT_VARIANT;
@@ -89,11 +86,11 @@ void references() {
   Variant direct;
   direct.raw().vt = VT_BYREF | VT_I4;
   direct.raw().plVal = &number;
-  expectThat(toldAs(outer) == "text \"perché\"" && toldAs(direct) == "int32 7",
-             "references lead to what they refer to");
+  EXPECT_EQ(described(outer), "text \"perché\"");
+  EXPECT_EQ(described(direct), "int32 7");
 }
 
-void thereAndBack() {
+TEST(Values, SurviveTheWayThroughAVariant) {
   const Decimal widest({0xFFFFFFFF, 0xFFFFFFFF, 0xFFFFFFFF}, 28, true);
   const Value values[] = {
       Value(),
@@ -114,26 +111,19 @@ void thereAndBack() {
   };
   for (const Value& value : values) {
     const Value back = windows::toValue(windows::toVariant(value).get());
-    expectThat(describe(back) == describe(value), describe(value) + " comes back");
+    EXPECT_EQ(describe(back), describe(value));
   }
 }
 
-void keptVariants() {
+TEST(Values, KeepVariantsThatAreOnlyPassedOn) {
   const Variant real = with(VT_R8, &VARIANT::dblVal, 0.1);
   const Variant back = windows::toVariant(windows::keptValue(real.get()));
-  expectThat(back.type() == VT_R8 && back.get().dblVal == 0.1,
-             "what is only kept comes back in its own kind");
+  EXPECT_EQ(back.type(), VT_R8);
+  EXPECT_EQ(back.get().dblVal, 0.1);
   const Variant list = windows::toVariant(windows::keptValue(windows::textArray({"a", "è"}).get()));
-  expectThat(windows::vectorIn(list.get()) == std::vector<Value>{"a", "è"}, "even an array");
+  EXPECT_TRUE((windows::vectorIn(list.get()) == std::vector<Value>{"a", "è"})) << "an array";
 }
 
 }  // namespace
-
-void checkValues() {
-  kindsOfVariants();
-  references();
-  thereAndBack();
-  keptVariants();
-}
 
 }  // namespace kebu::tests

@@ -11,7 +11,7 @@
 
 namespace kebu::tests {
 
-/// The kind of a value and what is in it, exactly.
+/// A value's type and contents.
 std::string describe(const Value& value);
 std::string describe(const std::vector<RowValues>& rows);
 std::string describe(const std::vector<ado::Field>& fields);
@@ -25,21 +25,21 @@ requires std::is_arithmetic_v<Number> || std::is_enum_v<Number> std::string desc
   return std::to_string(static_cast<int>(number));
 }
 
-/// What somebody saw who used some objects, in words: the same use of other
-/// objects must give the same story.
-class Story {
+/// What the use of some objects gave back, line by line. The same use of other objects that stand
+/// for them must give the same lines.
+class Transcript {
  public:
-  /// Does something and tells what it gave back, or its error.
-  template <class Deed>
-  void tell(const char* what, Deed&& deed) {
+  /// Runs an action and records its result, or its error, under a name.
+  template <class Action>
+  void record(const char* what, Action&& action) {
     std::string line = what;
     line += ": ";
     try {
-      if constexpr (std::is_void_v<decltype(deed())>) {
-        deed();
+      if constexpr (std::is_void_v<decltype(action())>) {
+        action();
         line += "done";
       } else {
-        line += describe(deed());
+        line += describe(action());
       }
     } catch (const RuntimeError& error) {
       line += "error " + std::to_string(error.number()) + " of " + error.source() + ", " +
@@ -50,15 +50,16 @@ class Story {
   void note(std::string line) { lines_.push_back(std::move(line)); }
 
   const std::vector<std::string>& lines() const { return lines_; }
-  bool mentions(const std::string& text) const;
+  /// Whether a line contains the text.
+  bool contains(const std::string& text) const;
 
  private:
   std::vector<std::string> lines_;
 };
 
-/// Says that two stories are one, or where they part. Each text of `milestones`
-/// must be in them, so that an empty story or one of errors only does not pass.
-void expectSameStory(const std::string& name, const Story& expected, const Story& told,
-                     const std::vector<std::string>& milestones);
+/// Expects two transcripts to have the same lines. Each of `landmarks` must be in them, so that an
+/// empty transcript, or one of errors only, does not pass.
+void expectSame(const Transcript& expected, const Transcript& actual,
+                const std::vector<std::string>& landmarks);
 
 }  // namespace kebu::tests

@@ -1,27 +1,22 @@
-// The plug-in's window as a host opens, tells and closes it, and what is left of
-// it afterwards.
+// The plug-in's window as a host opens, uses and closes it, and what is left of it afterwards.
 //
-//   window_check PATH\KEBU_ANAGKELMORIA.dll [OPENINGS]
-#include <windows.h>
-// After windows.h, which they build on.
-#include <objbase.h>
+//   window_tests [GoogleTest's options] PATH\KEBU_ANAGKELMORIA.dll [OPENINGS]
+#include <gtest/gtest.h>
 
 #include <algorithm>
 #include <atomic>
 #include <cstdlib>
 #include <functional>
-#include <iostream>
 #include <memory>
-#include <utility>
+#include <stdexcept>
 #include <vector>
 
 #include "common/error.h"
-#include "tests/windows/checks.h"
+#include "tests/windows/arguments.h"
 #include "tests/windows/dll_host.h"
 #include "tests/windows/resources.h"
 #include "windows/support/text.h"
-#include "workbench/cli/program_words.h"
-#include "workbench/windows/apartment.h"
+#include "windows/support/windows_api.h"
 #include "workbench/windows/gestures.h"
 #include "workbench/windows/plugin_library.h"
 #include "workbench/windows/window_reader.h"
@@ -32,45 +27,67 @@ namespace {
 
 using workbench::WindowReader;
 
-bool told(const std::vector<std::string>& journal, const std::string& what) {
+/// The library, loaded anew for each test: nothing that one leaves behind can meet the next.
+class WindowTest : public testing::Test {
+ protected:
+  void TearDown() override {
+    EXPECT_TRUE(library->canUnload());
+    library.reset();
+    EXPECT_EQ(GetModuleHandleW(L"KEBU_ANAGKELMORIA.dll"), nullptr);
+  }
+
+  static std::wstring path() {
+    if (arguments().empty()) throw std::runtime_error("use: window_tests DLL [OPENINGS]");
+    return windows::toWide(arguments().front());
+  }
+
+  std::unique_ptr<workbench::PluginLibrary> library =
+      std::make_unique<workbench::PluginLibrary>(path());
+};
+
+bool hasEntry(const std::vector<std::string>& journal, const std::string& what) {
   return std::any_of(journal.begin(), journal.end(),
                      [&](const std::string& line) { return line.find(what) != std::string::npos; });
 }
 
-void checkModeless(const workbench::PluginLibrary& library) {
-  DllHost host(library);
+TEST_F(WindowTest, OpensModeless) {
+  DllHost host(*library);
   HWND parent = CreateWindowExW(0, L"STATIC", L"ERP", WS_OVERLAPPEDWINDOW | WS_VISIBLE, 0, 0, 1200,
                                 800, nullptr, nullptr, nullptr, nullptr);
   host.set("hwndParent", std::to_string(static_cast<LONG>(reinterpret_cast<LONG_PTR>(parent))));
   host->open();
-  expectThat(shownForm() != nullptr, "a modeless ShowForm returns with the window shown");
-  expectThat(GetWindow(shownForm(), GW_OWNER) == parent, "over the host's parent window");
+  EXPECT_NE(shownForm(), nullptr) << "ShowForm returns while the window is shown";
+  EXPECT_EQ(GetWindow(shownForm(), GW_OWNER), parent);
   const Ref<host::Cinterface> plugin = host->plugin();
-  expectThat(!plugin->Cwindow(), "Cwindow yields no object all the same");
+  EXPECT_FALSE(plugin->Cwindow());
   const auto frame = plugin->ActiveFrame();
-  expectThat(frame && frame->Name() == "FME_ANAGRAFICA", "ActiveFrame yields the profile's frame");
-  expectThat(told(host.journal, "Parametri collegamento con E-Commerce Merkal") &&
-                 told(host.journal, "FRMKB_ANAGRAFICA") && told(host.journal, "FME_ANAGRAFICA"),
-             "the navigator's events register window and frame");
+  ASSERT_TRUE(frame);
+  EXPECT_EQ(frame->Name(), "FME_ANAGRAFICA");
 
+  // The navigator's events register window and frame.
+  EXPECT_TRUE(hasEntry(host.journal, "Parametri collegamento con E-Commerce Merkal"));
+  EXPECT_TRUE(hasEntry(host.journal, "FRMKB_ANAGRAFICA"));
+  EXPECT_TRUE(hasEntry(host.journal, "FME_ANAGRAFICA"));
   host.journal.clear();
   host.set("IsActive", "off");
   host->tellNavigator();
-  expectThat(host.journal.empty(), "they do nothing while the plug-in is not active");
+  EXPECT_TRUE(host.journal.empty()) << "the plug-in is not active";
   host.set("IsActive", "on");
   host->tellNavigator();
-  expectThat(host.journal.size() == 3, "they do again when it is");
+  EXPECT_EQ(host.journal.size(), 3U);
   plugin->setActiveNavigator(nullptr);
   host.journal.clear();
   host->tellNavigator();
-  expectThat(host.journal.empty(), "a navigator that was let go is not heard");
+  EXPECT_TRUE(host.journal.empty()) << "the navigator was let go";
 
   host->services().refuseNext("tsClose");
-  expectThat(!host->close() && shownForm() != nullptr, "a close that is refused answers false");
+  EXPECT_FALSE(host->close());
+  EXPECT_NE(shownForm(), nullptr);
   openPage(shownForm(), "2");
-  expectThat(WindowReader(shownForm()).control("GRPMAIN_LISTINI").visible != FALSE,
-             "and leaves a window that works");
-  expectThat(host->close() && shownForm() == nullptr, "one that is not answers true");
+  EXPECT_TRUE(WindowReader(shownForm()).control("GRPMAIN_LISTINI").visible)
+      << "a window that refused to close still works";
+  EXPECT_TRUE(host->close());
+  EXPECT_EQ(shownForm(), nullptr);
   DestroyWindow(parent);
 }
 
@@ -82,8 +99,8 @@ void CALLBACK onTimer(HWND window, UINT, UINT_PTR timer, DWORD) {
   meanwhile();
 }
 
-void checkModal(const workbench::PluginLibrary& library) {
-  DllHost host(library);
+TEST_F(WindowTest, OpensModal) {
+  DllHost host(*library);
   host.set("WindowModal", "on");
   bool hasReturned = false;
   bool wasShown = false;
@@ -97,8 +114,9 @@ void checkModal(const workbench::PluginLibrary& library) {
   SetTimer(nullptr, 0, delay, onTimer);
   host->open();
   hasReturned = true;
-  expectThat(wasShown && !returnedBefore && shownForm() == nullptr,
-             "a modal ShowForm returns when the window is closed");
+  EXPECT_TRUE(wasShown);
+  EXPECT_FALSE(returnedBefore) << "ShowForm returns when the window is closed";
+  EXPECT_EQ(shownForm(), nullptr);
 }
 
 LONG heightOf(const windows::Inspection& part) {
@@ -117,20 +135,26 @@ void changeResolution(int dpi) {
   pumpWaiting();
 }
 
-void checkLooks(const workbench::PluginLibrary& library) {
-  DllHost host(library);
+TEST_F(WindowTest, FollowsTheResolutionOfItsScreen) {
+  DllHost host(*library);
   host->open();
   pumpWaiting();
   const WindowReader reader(shownForm());
   const auto box = [&] { return reader.control("TXT_GM03_NOTE"); };
   const windows::Inspection usual = box();
   changeResolution(2 * USER_DEFAULT_SCREEN_DPI);
-  expectThat(std::abs(heightOf(box()) - 2 * heightOf(usual)) <= 4,
-             "a finer screen has everything larger");
+  EXPECT_NEAR(static_cast<double>(heightOf(box())), 2.0 * static_cast<double>(heightOf(usual)), 4);
   changeResolution(USER_DEFAULT_SCREEN_DPI);
-  expectThat(heightOf(box()) == heightOf(usual) && widthOf(box()) == widthOf(usual),
-             "and back everything is as it was");
+  EXPECT_EQ(heightOf(box()), heightOf(usual));
+  EXPECT_EQ(widthOf(box()), widthOf(usual));
+  host->close();
+}
 
+TEST_F(WindowTest, ColumnsAreAsWideAsTheUserMakesThem) {
+  DllHost host(*library);
+  host->open();
+  pumpWaiting();
+  const WindowReader reader(shownForm());
   openPage(shownForm(), "2");
   constexpr std::int32_t third = 2;
   constexpr LONG further = 40;
@@ -145,8 +169,8 @@ void checkLooks(const workbench::PluginLibrary& library) {
   PostMessageW(head.window, WM_MOUSEMOVE, MK_LBUTTON, MAKELPARAM(edge + further, middle));
   PostMessageW(head.window, WM_LBUTTONUP, 0, MAKELPARAM(edge + further, middle));
   pumpWaiting();
-  expectThat(std::abs(widthOf(column()) - widthOf(head) - further) <= 1,
-             "a column is as wide as it is drawn");
+  EXPECT_NEAR(static_cast<double>(widthOf(column())), static_cast<double>(widthOf(head) + further),
+              1);
   host->close();
 }
 
@@ -166,25 +190,24 @@ class SlowRules : public workbench::StatementObserver {
   std::atomic<int> times = 0;
 };
 
-void checkBusy(const workbench::PluginLibrary& library) {
+TEST_F(WindowTest, AnswersWhileTheDatabaseIsSlow) {
   SlowRules slow;
-  DllHost host(library, &slow);
+  DllHost host(*library, &slow);
   host->open();
   openPage(shownForm(), "12");
   const WindowReader reader(shownForm());
-  const auto during = [&](const char* what, const std::function<void()>& deed) {
+  const auto expectAnswers = [&](const char* during, const std::function<void()>& action) {
     slow.times = 0;
     const ULONGLONG silence = longestSilence(shownForm(), [&] {
-      deed();
+      action();
       pumpWaiting();
     });
-    std::cout << "    " << slow.times << " slow statements, " << silence << " ms without an answer"
-              << std::endl;
-    expectThat(slow.times >= 2 && silence < SlowRules::delay / 3, what);
+    EXPECT_GE(slow.times, 2) << during;
+    EXPECT_LT(silence, SlowRules::delay / 3) << "milliseconds without an answer while " << during;
   };
-  during("the window answers while rules are read",
-         [&] { workbench::takeFromList(reader.control("CMB_LISTINISCONTO").window, 1); });
-  during("and while all of them are selected", [&] {
+  expectAnswers("rules are read",
+                [&] { workbench::takeFromList(reader.control("CMB_LISTINISCONTO").window, 1); });
+  expectAnswers("all of them are selected", [&] {
     const auto box =
         reader.find(windows::Inspected::TickAll, "QGRID_SCONTOSUPREZZO", {"GM61_ATTIVA", 0, 0});
     workbench::clickOn(box.value().window, box.value().bounds);
@@ -206,68 +229,36 @@ std::size_t staticsIn(HWND form) {
 }
 
 /// How often the window is opened to see that nothing is left of it.
-std::size_t openings = 200;
+std::size_t openings() {
+  return arguments().size() > 1 ? std::stoul(arguments()[1]) : 200;
+}
 
-void checkResources(const workbench::PluginLibrary& library) {
-  DllHost host(library);
+TEST_F(WindowTest, LeavesNothingBehind) {
+  DllHost host(*library);
   std::size_t statics = 0;
-  const auto once = [&] {
+  const auto openAndClose = [&] {
     host->open();
     pumpWaiting();
     statics = staticsIn(shownForm());
     openPage(shownForm(), "2");
     openPage(shownForm(), "3");
     host.journal.clear();
-    return host->close();
+    ASSERT_TRUE(host->close());
   };
   constexpr int warmUp = 10;
-  const std::size_t times = openings;
-  bool closed = true;
-  for (int i = 0; i < warmUp; ++i) closed = once() && closed;
+  for (int i = 0; i < warmUp; ++i) openAndClose();
   const Resources before = usedResources();
-  for (std::size_t i = 0; i < times; ++i) closed = once() && closed;
+  for (std::size_t i = 0; i < openings(); ++i) openAndClose();
   const Resources after = usedResources();
-  expectThat(closed, "the window opens and closes every time");
-  std::cout << "    before: " << before << "\n    after:  " << after << std::endl;
-  expectThat(after.gdiObjects == before.gdiObjects, "GDI objects stay flat");
-  expectThat(after.userObjects == before.userObjects, "USER objects stay flat");
-  expectThat(after.handles == before.handles, "handles stay flat");
+  EXPECT_EQ(after.gdiObjects, before.gdiObjects);
+  EXPECT_EQ(after.userObjects, before.userObjects);
+  EXPECT_EQ(after.handles, before.handles);
   // A static control of Wine's own loses 24 bytes with its font, without any of our code.
-  const std::size_t slack = times * (std::size_t{1024} + std::size_t{24} * statics);
-  std::cout << "    " << statics << " static controls" << std::endl;
-  expectThat(before.bytes > 0 && after.bytes < before.bytes + slack, "memory stays flat");
-}
-
-void run(const std::string& path) {
-  const workbench::Apartment apartment;
-  // Each with the library loaded anew: it leaves nothing behind that the next one stumbles over.
-  const std::pair<const char*, void (*)(const workbench::PluginLibrary&)> parts[] = {
-      {"modeless", checkModeless},
-      {"modal", checkModal},
-      {"looks", checkLooks},
-      {"busy", checkBusy},
-      {"again and again", checkResources}};
-  for (const auto& [name, carryOut] : parts) {
-    std::cout << name << std::endl;
-    {
-      const workbench::PluginLibrary library(windows::toWide(path));
-      carryOut(library);
-      expectThat(library.canUnload(), "nothing of the plug-in is left");
-    }
-    expectThat(GetModuleHandleW(L"KEBU_ANAGKELMORIA.dll") == nullptr, "the library is unloaded");
-  }
+  const std::size_t slack = openings() * (std::size_t{1024} + std::size_t{24} * statics);
+  EXPECT_GT(before.bytes, 0U);
+  EXPECT_LT(after.bytes, before.bytes + slack) << statics << " static controls";
 }
 
 }  // namespace
 
 }  // namespace kebu::tests
-
-int main(int argc, char** argv) {
-  const auto words = kebu::workbench::programWords(argc, argv);
-  if (words.empty() || words.size() > 2) {
-    std::cout << "use: window_check DLL [OPENINGS]\n";
-    return 1;
-  }
-  if (words.size() == 2) kebu::tests::openings = std::stoul(words[1]);
-  return kebu::tests::carryOut([&] { kebu::tests::run(words[0]); });
-}

@@ -1,10 +1,10 @@
-#include "tests/windows/story.h"
+#include "tests/windows/transcript.h"
+
+#include <gtest/gtest.h>
 
 #include <algorithm>
-#include <iostream>
 
 #include "common/convert.h"
-#include "tests/windows/checks.h"
 
 namespace kebu::tests {
 
@@ -60,26 +60,22 @@ std::string describe(const ado::Errors& errors) {
   return text;
 }
 
-bool Story::mentions(const std::string& text) const {
+bool Transcript::contains(const std::string& text) const {
   return std::any_of(lines_.begin(), lines_.end(),
                      [&](const std::string& line) { return line.find(text) != std::string::npos; });
 }
 
-void expectSameStory(const std::string& name, const Story& expected, const Story& told,
-                     const std::vector<std::string>& milestones) {
-  const std::size_t count = std::max(expected.lines().size(), told.lines().size());
-  std::size_t different = 0;
-  const auto line = [](const Story& story, std::size_t index) {
-    return index < story.lines().size() ? story.lines()[index] : std::string("(nothing)");
+void expectSame(const Transcript& expected, const Transcript& actual,
+                const std::vector<std::string>& landmarks) {
+  const std::size_t count = std::max(expected.lines().size(), actual.lines().size());
+  const auto line = [](const Transcript& transcript, std::size_t index) {
+    return index < transcript.lines().size() ? transcript.lines()[index] : std::string("(nothing)");
   };
   for (std::size_t i = 0; i < count; ++i) {
-    if (line(expected, i) == line(told, i)) continue;
-    ++different;
-    std::cout << "    expected " << line(expected, i) << "\n    but saw  " << line(told, i) << '\n';
+    EXPECT_EQ(line(expected, i), line(actual, i)) << "line " << i + 1;
   }
-  expectThat(different == 0, name + " (" + std::to_string(count) + " steps)");
-  for (const std::string& milestone : milestones) {
-    if (!expected.mentions(milestone)) expectThat(false, name + " comes to \"" + milestone + '"');
+  for (const std::string& landmark : landmarks) {
+    EXPECT_TRUE(expected.contains(landmark)) << "no line contains " << landmark;
   }
 }
 

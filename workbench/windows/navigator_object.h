@@ -1,9 +1,5 @@
 #pragma once
 
-#include <windows.h>
-
-#include <ocidl.h>
-
 #include <map>
 #include <memory>
 #include <vector>
@@ -12,11 +8,12 @@
 #include "host/navigator.h"
 #include "windows/host/navigator_events.h"
 #include "windows/support/automation.h"
+#include "windows/support/windows_api.h"
 
 namespace kebu::workbench {
 
-/// The host's navigator: an object without members that passes its events on to
-/// whoever asks its connection point.
+/// The host's navigator as a COM object: it has no members, only a connection point that passes on
+/// the navigator's events.
 class NavigatorObject : public windows::Automated<host::Navigator>,
                         public IConnectionPointContainer,
                         public IConnectionPoint {

@@ -1,0 +1,248 @@
+#include "windows/host/host_objects.h"
+
+#include <gtest/gtest.h>
+
+#include <string>
+#include <vector>
+
+#include "tests/windows/transcript.h"
+#include "windows/host/navigator_events.h"
+#include "workbench/engine/execution/database.h"
+#include "workbench/host/global_services.h"
+#include "workbench/host/host_status_bar.h"
+#include "workbench/host/object_models.h"
+#include "workbench/windows/host_automation.h"
+
+namespace kebu::tests {
+
+namespace {
+
+/// Answers every box with "no" and records it.
+class RefusingUser : public workbench::User {
+ public:
+  explicit RefusingUser(Transcript& transcript) : transcript_(transcript) {}
+
+  std::int32_t answer(const workbench::ShownMessage& box) override {
+    transcript_.note("box " + box.title + " | " + box.text + " | " + std::to_string(box.style));
+    return msgbox::no;
+  }
+  void chooseFrom(workbench::ShownList& /*list*/) override {}
+  void workIn(controls::Form& /*form*/) override {}
+
+ private:
+  Transcript& transcript_;
+};
+
+class Window : public host::NamedObject {
+ public:
+  std::string Name() const override { return name_; }
+  void setName(const std::string& name) override { name_ = name; }
+
+ private:
+  std::string name_ = "FRMKB_ANAGRAFICA";
+};
+
+std::string describeList(const host::LookupDefinition& list) {
+  std::string text = list.title + " | " + list.statement;
+  for (const std::string& caption : list.captions) text += " | " + caption;
+  return text;
+}
+
+ado::Errors someErrors() {
+  return {{-2147217900, "Nome di oggetto non valido: «È»", "Provider", 208, "42S02"},
+          {5, "secondo", "Altro", 0, ""}};
+}
+
+void useServices(const Ref<host::ClsGlobal>& global, Transcript& transcript) {
+  transcript.record("string", [&] { return global->ConnectionString(); });
+  transcript.record("company", [&] { return global->CompanyCode(); });
+
+  const Ref<host::MessageService> messages = global->Messages();
+  transcript.record("translate", [&] { return messages->Translate("Sì"); });
+  transcript.record("translate", [&] { return messages->Translate("senza traduzione"); });
+  transcript.record("box", [&] { return messages->MsgBox("È «vero»?", 36, "Città", Value()); });
+  transcript.record("box", [&] { return messages->MsgBox(Null{}, 0, std::int32_t{7}, Null{}); });
+  transcript.record("stored", [&] { return messages->MsgBoxFromId(75210, 64, "T", Value()); });
+
+  const Ref<host::LogService> log = global->CreateLog();
+  transcript.record("error", [&] { log->SetError(-2147217900, "perché", "Provider"); });
+  transcript.record("errors", [&] { log->SetConnectionErrors(someErrors()); });
+  transcript.record("show", [&] { return log->ShowError("APP", "Titolo", "Form_Load", 4370); });
+  transcript.record("no errors", [&] { log->SetConnectionErrors({}); });
+  transcript.record("show", [&] { return log->ShowError("APP", "Titolo", "Form_Load", 4370); });
+
+  const Ref<ado::Connection> connection = global->CreateConnectionProvider()->NewConnection();
+  transcript.record("open", [&] { connection->Open(); });
+  transcript.record("row", [&] { return connection->Execute("SELECT 'à' AS A")->GetRows(-1); });
+
+  const Ref<host::EnvironmentService> environment = global->CreateEnvironment();
+  transcript.record("initialise", [&] { environment->Initialize(nullptr); });
+  transcript.record("path", [&] { return environment->GetPath(6, ""); });
+  transcript.record("path", [&] { return environment->GetPath(1, "x"); });
+
+  const Ref<host::SqlDecodeService> decode = global->CreateSqlDecode();
+  transcript.record("initialise", [&] { decode->Initialize(nullptr); });
+  transcript.record("document", [&] { return decode->DocumentType("1", "OC'X"); });
+  transcript.record("customer", [&] { return decode->Customer("1", "00042"); });
+
+  const Ref<host::LookupService> lookups = global->CreateLookups();
+  transcript.record("initialise", [&] { lookups->Initialize(nullptr); });
+  transcript.record("documents", [&] { return describeList(lookups->DocumentTypes("1")); });
+  transcript.record("customers", [&] { return describeList(lookups->Customers("1")); });
+
+  const Ref<host::SavedFilterService> filters = global->CreateSavedFilters();
+  transcript.record("load", [&] { return filters->Load("K", "mio"); });
+  transcript.record("save", [&] { filters->Save("K", "mio", "A = 'ù'", true); });
+  transcript.record("load", [&] { return filters->Load("K", "mio"); });
+
+  const Ref<host::NamedObject> window = makeRef<Window>();
+  transcript.record("refresh", [&] { global->RefreshStatus(window); });
+  transcript.record("refresh", [&] { global->RefreshStatus(nullptr); });
+  const Ref<host::LayoutModel> layout = global->CreateLayoutModel();
+  transcript.record("initialise", [&] { layout->Initialize(nullptr); });
+  transcript.record("the same",
+                    [&] { return layout->Register("FRM", window, 2, "finestra") == window; });
+  transcript.record("none", [&] { return layout->Register("FRM", nullptr, 2, "") == window; });
+  const Ref<host::ScriptModel> script = global->CreateScriptModel();
+  transcript.record("the same", [&] { return script->Register("FRM", window, 0, "x") == window; });
+  for (int time = 0; time < 2; ++time) {
+    bool cancel = false;
+    transcript.record("event", [&] { script->RunEvent("tsOpen", cancel); });
+    transcript.note(describe(cancel));
+  }
+  bool refusedBefore = true;
+  transcript.record("event", [&] { script->RunEvent("tsClose", refusedBefore); });
+  transcript.note(describe(refusedBefore));
+}
+
+template <class Wrap>
+Transcript transcriptOfServices(Wrap&& wrap) {
+  Transcript transcript;
+  RefusingUser user(transcript);
+  const auto database = engine::Database::createInMemory();
+  auto services = makeRef<workbench::GlobalServices>(workbench::HostSurroundings{
+      user, workbench::embeddedCompany(database, nullptr), 7,
+      workbench::Translations::parse("Sì\tYes, «ja»\n"),
+      [&transcript](const std::string& entry) { transcript.note(entry); }});
+  services->refuseNext("tsOpen");
+  useServices(wrap(Ref<host::ClsGlobal>(services)), transcript);
+  return transcript;
+}
+
+TEST(HostServices, GiveTheSameThroughCom) {
+  const Transcript direct = transcriptOfServices([](const auto& global) { return global; });
+  const Transcript throughCom = transcriptOfServices([](const Ref<host::ClsGlobal>& global) {
+    return windows::wrapClsGlobal(workbench::automate(global).get());
+  });
+  expectSame(direct, throughCom,
+             {"Yes, «ja»", "«È»", "Data Source=workbench", "FRM, kind 2", "the same: 1",
+              "event tsOpen, refused", "text \"A = 'ù'\"", "C:\\ERP", "OC''X"});
+}
+
+TEST(HostServices, MayBeAbsent) {
+  Transcript transcript;
+  RefusingUser user(transcript);
+  auto services = makeRef<workbench::GlobalServices>(workbench::HostSurroundings{
+      user, workbench::embeddedCompany(engine::Database::createInMemory(), nullptr), 1, {}, {}});
+  for (const std::string& name : workbench::GlobalServices::serviceNames()) {
+    services->withhold(name);
+  }
+  const auto global =
+      windows::wrapClsGlobal(workbench::automate(Ref<host::ClsGlobal>(services)).get());
+  EXPECT_FALSE(global->Messages());
+  EXPECT_FALSE(global->CreateLog());
+  EXPECT_FALSE(global->CreateConnectionProvider());
+  EXPECT_FALSE(global->CreateEnvironment());
+  EXPECT_FALSE(global->CreateSqlDecode());
+  EXPECT_FALSE(global->CreateLookups());
+  EXPECT_FALSE(global->CreateSavedFilters());
+  EXPECT_FALSE(global->CreateLayoutModel());
+  EXPECT_FALSE(global->CreateScriptModel());
+}
+
+TEST(HostStatusBar, ReceivesTexts) {
+  const auto bar = makeRef<workbench::HostStatusBar>();
+  windows::wrapStatusBar(workbench::automate(Ref<host::StatusBar>(bar)).get())
+      ->SetPanelText(2, "Città");
+  EXPECT_EQ(bar->panels(), (std::map<std::int32_t, std::string>{{2, "Città"}}));
+}
+
+TEST(Identity, AHostsObjectComesOutAsItself) {
+  const auto bar = workbench::automate(Ref<host::StatusBar>(makeRef<workbench::HostStatusBar>()));
+  EXPECT_EQ(windows::unwrap(windows::wrapObject(bar.get())).get(), bar.get());
+  EXPECT_EQ(windows::unwrap(windows::wrapStatusBar(bar.get())).get(), bar.get());
+}
+
+TEST(Identity, NothingStaysNothing) {
+  EXPECT_FALSE(windows::wrapObject(nullptr));
+  EXPECT_FALSE(windows::wrapClsGlobal(nullptr));
+  EXPECT_FALSE(windows::wrapNavigator(nullptr));
+  EXPECT_FALSE(windows::wrapStatusBar(nullptr));
+  EXPECT_FALSE(windows::wrapNamedObject(nullptr));
+  EXPECT_FALSE(windows::unwrap(Ref<Object>()));
+}
+
+TEST(Identity, AnObjectOfOursHasOneFaceAndComesBackFromIt) {
+  const Ref<host::NamedObject> window = makeRef<Window>();
+  const auto face = windows::unwrap(window);
+  EXPECT_EQ(face.get(), windows::unwrap(window).get());
+  EXPECT_TRUE(windows::wrapNamedObject(face.get()) == window);
+  EXPECT_EQ(windows::wrapObject(face.get()).get(), window.get());
+  const windows::Dispatch outside(face);
+  outside.put(L"Name", "nuovo");
+  EXPECT_EQ(window->Name(), "nuovo");
+  EXPECT_EQ(outside.text(L"name"), "nuovo");
+}
+
+TEST(NavigatorEvents, ArriveAsLongAsTheNavigatorIsHeld) {
+  const auto navigator = makeRef<host::Navigator>();
+  const auto object = workbench::automate(navigator, windows::navigatorEventsId);
+  Transcript transcript;
+  std::vector<std::string> entries;
+  const auto note = [&](const std::string& entry) { entries.push_back(entry); };
+  const Ref<host::NamedObject> window = makeRef<Window>();
+
+  Ref<host::Navigator> heard = windows::wrapNavigator(object.get());
+  const Subscription export_ = heard->BeforeExportToOffice.connect(
+      [&](const Value& arguments) { transcript.note("export " + describe(arguments)); });
+  const Subscription layout =
+      heard->InitializeLayoutObjectModel.connect([&](const Ref<host::LayoutModel>& model) {
+        const bool isSame = model->Register("FRM", window, 1, "a") == window;
+        transcript.note(isSame ? "own object back" : "another object back");
+      });
+  const Subscription script =
+      heard->InitializeScriptObjectModel.connect([&](const Ref<host::ScriptModel>& model) {
+        bool cancel = false;
+        model->RunEvent("tsOpen", cancel);
+        transcript.note(cancel ? "refused" : "allowed");
+      });
+  const auto raiseAll = [&] {
+    navigator->BeforeExportToOffice.raise(Value("perché"));
+    navigator->InitializeLayoutObjectModel.raise(makeRef<workbench::LayoutModel>(note));
+    navigator->InitializeScriptObjectModel.raise(
+        makeRef<workbench::ScriptModel>(note, [](const std::string&) { return true; }));
+  };
+  raiseAll();
+  EXPECT_EQ(transcript.lines(),
+            (std::vector<std::string>{"export text \"perché\"", "own object back", "refused"}));
+  EXPECT_EQ(entries, (std::vector<std::string>{"layout: FRM, kind 1, \"a\""}));
+  EXPECT_EQ(windows::unwrap(heard).get(), object.get());
+
+  const std::size_t before = transcript.lines().size();
+  heard.reset();
+  raiseAll();
+  EXPECT_EQ(transcript.lines().size(), before) << "it was let go";
+
+  heard = windows::wrapNavigator(object.get());
+  const Subscription last = heard->BeforeExportToOffice.connect([&](const Value&) {
+    transcript.note("let go");
+    heard.reset();
+  });
+  raiseAll();
+  raiseAll();
+  EXPECT_EQ(transcript.lines().size(), before + 1) << "a handler may let its navigator go";
+}
+
+}  // namespace
+
+}  // namespace kebu::tests
