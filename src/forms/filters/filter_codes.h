@@ -8,7 +8,7 @@
 #include <vector>
 
 #include "controls/query_editor.h"
-#include "forms/anagrafica/page_context.h"
+#include "forms/page_context.h"
 #include "host/services.h"
 
 namespace kebu::forms {

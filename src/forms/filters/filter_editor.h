@@ -4,8 +4,8 @@
 #include <string>
 
 #include "controls/query_editor.h"
-#include "forms/anagrafica/page_context.h"
 #include "forms/filters/filter_codes.h"
+#include "forms/page_context.h"
 
 namespace kebu::forms {
 

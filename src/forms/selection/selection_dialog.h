@@ -6,8 +6,8 @@
 #include "controls/form.h"
 #include "controls/query_editor.h"
 #include "controls/simple_controls.h"
-#include "forms/anagrafica/page_context.h"
 #include "forms/filters/filter_editor.h"
+#include "forms/page_context.h"
 
 namespace kebu::forms {
 

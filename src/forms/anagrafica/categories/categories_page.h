@@ -4,8 +4,8 @@
 #include "controls/simple_controls.h"
 #include "forms/anagrafica/categories/category_levels.h"
 #include "forms/anagrafica/categories/classification_catalogue.h"
-#include "forms/anagrafica/page_context.h"
-#include "forms/anagrafica/profile/parameter_page.h"
+#include "forms/anagrafica/profile/parameters/parameter_page.h"
+#include "forms/page_context.h"
 
 namespace kebu::forms {
 

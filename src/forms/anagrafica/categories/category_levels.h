@@ -9,7 +9,7 @@
 #include "controls/simple_controls.h"
 #include "forms/anagrafica/categories/category_kinds.h"
 #include "forms/anagrafica/categories/classification_catalogue.h"
-#include "forms/anagrafica/page_context.h"
+#include "forms/page_context.h"
 
 namespace kebu::forms {
 

@@ -5,7 +5,7 @@
 #include <string>
 #include <vector>
 
-#include "forms/anagrafica/page_context.h"
+#include "forms/page_context.h"
 
 namespace kebu::forms {
 

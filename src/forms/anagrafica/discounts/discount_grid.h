@@ -5,8 +5,8 @@
 
 #include "controls/check_box.h"
 #include "controls/query_grid.h"
-#include "forms/anagrafica/frame/progress_display.h"
-#include "forms/anagrafica/page_context.h"
+#include "forms/anagrafica/progress_display.h"
+#include "forms/page_context.h"
 #include "sql/discount_kinds.h"
 
 namespace kebu::forms {

@@ -11,7 +11,6 @@ namespace {
 
 constexpr std::int32_t discountsView = 12;
 constexpr const char* lastUpdate = "Ultimo aggiornamento: ";
-constexpr std::int32_t firstApplication = 1;
 
 /// "dd/mm/yyyy", whatever the locale.
 std::string dayMonthYear(const Date& date) {
@@ -22,14 +21,14 @@ std::string dayMonthYear(const Date& date) {
 }  // namespace
 
 DiscountsPage::DiscountsPage(PageContext& context, ProgressDisplay& progress,
-                             ParameterPage& parameters, controls::NavigatorBar& navigator)
-    : onPrice(context, progress, sql::DiscountMode::OnPrice),
+                             controls::NavigatorBar& navigator)
+    : options(context, navigator),
+      onPrice(context, progress, sql::DiscountMode::OnPrice),
       byGrid(context, progress, sql::DiscountMode::Grid),
       CMD_AGGIORNA("CMD_AGGIORNA", "Aggiorna"),
       LBL_DATAULTAGG("LBL_DATAULTAGG"),
       context_(context),
       progress_(progress),
-      parameters_(parameters),
       navigator_(navigator) {
   CMD_AGGIORNA.setEnabled(false);
   handleEvents();
@@ -40,21 +39,15 @@ void DiscountsPage::handleEvents() {
     mode->Modified.on([this] { setModified(true); });
     mode->LastUpdate.on([this](const Date& day) { showLastUpdate(day); });
   }
-  // The options' own procedures enable "Conferma"; here their change is remembered.
-  for (controls::CheckBox* option :
-       {&parameters_.CHK_VISPREZZIBARRATI, &parameters_.CHK_NONTRATTAREALTRISCONTI,
-        &parameters_.CHK_MONOUSO}) {
-    option->AfterChange.on([this] { setModified(true); });
-  }
-  parameters_.CMB_REGAPPLICAZIONE.AfterItem.on([this] { setModified(true); });
-
-  parameters_.CMB_LISTINISCONTO.ChangeRow.on([this] { CMB_LISTINISCONTO_ChangeRow(); });
+  options.Modified.on([this] { setModified(true); });
+  options.CMB_LISTINISCONTO.ChangeRow.on([this] { CMB_LISTINISCONTO_ChangeRow(); });
   CMD_AGGIORNA.ButtonClick.on([this] { CMD_AGGIORNA_ButtonClick(); });
   navigator_.ButtonClick.on(
       [this](bool& cancel, const std::string& button) { INAV_PAR_ButtonClick(cancel, button); });
 }
 
 void DiscountsPage::place(controls::GroupBox& page) {
+  options.place(page);
   page.addAll(LBL_DATAULTAGG, CMD_AGGIORNA, onPrice.check, onPrice.grid, byGrid.check, byGrid.grid);
 }
 
@@ -86,13 +79,6 @@ void DiscountsPage::setModified(bool modified) {
   offer(modified, offersDeleting_);
 }
 
-void DiscountsPage::resetOptions() {
-  parameters_.CHK_VISPREZZIBARRATI.setTicked(false);
-  parameters_.CHK_NONTRATTAREALTRISCONTI.setTicked(false);
-  parameters_.CHK_MONOUSO.setTicked(false);
-  parameters_.CMB_REGAPPLICAZIONE.select(firstApplication);
-}
-
 void DiscountsPage::showLastUpdate(const Date& day) {
   LBL_DATAULTAGG.setCaption(context_.translate(lastUpdate) + dayMonthYear(day));
 }
@@ -103,7 +89,7 @@ const sql::DiscountKind& DiscountsPage::kindOf(const DiscountGrid& mode) const {
 
 void DiscountsPage::CMB_LISTINISCONTO_ChangeRow() {
   trap(context_.services, "CMB_LISTINISCONTO_ChangeRow", [&](Steps& step) {
-    controls::ComboBox& combo = parameters_.CMB_LISTINISCONTO;
+    controls::ComboBox& combo = options.CMB_LISTINISCONTO;
     const std::int32_t chosen = step([&] { return toInt32(CDecN(combo.value())); });
     if (!context_.loaded || chosen == listType_) return;
     if (pending_) {
@@ -128,7 +114,7 @@ void DiscountsPage::CMB_LISTINISCONTO_ChangeRow() {
       step([&] { mode->check.setEnabled(any); });
       step([&] { mode->empty(); });
     }
-    step([&] { resetOptions(); });
+    step([&] { options.reset(); });
     step([&] { offer(false, false); });
     step([&] { CMD_AGGIORNA.setEnabled(any); });
     step([&] { LBL_DATAULTAGG.setCaption(""); });
@@ -175,7 +161,7 @@ void DiscountsPage::INAV_PAR_ButtonClick(bool& cancel, const std::string& button
       pending_ = false;
       step([&] { offer(false, false); });
       step([&] { showLastUpdate(context_.today()); });
-      step([&] { resetOptions(); });
+      step([&] { options.reset(); });
     }
   });
 }
@@ -211,16 +197,9 @@ void DiscountsPage::CaricaListini(DiscountGrid& mode) {
 // The options stand in every rule; the first row's are shown.
 void DiscountsPage::showStored(DiscountGrid& mode, Steps& step) {
   const bool isPrice = mode.mode() == sql::DiscountMode::OnPrice;
-  const auto tick = [&](controls::CheckBox& box, const char* column) {
-    step([&] { box.setTicked(toBoolean(CDecN(mode.rows()->value(column)))); });
-  };
-  tick(mode.check, isPrice ? "GM61_FLGSCONTISUPRZ" : "GM61_FLGGRIGLIASCONTI");
-  tick(parameters_.CHK_VISPREZZIBARRATI, "GM61_FLGPRZBARRATI");
-  tick(parameters_.CHK_NONTRATTAREALTRISCONTI, "GM61_FLGNONTRATTAREALTRISC");
-  tick(parameters_.CHK_MONOUSO, "GM61_FLGMONOUSO");
-  step([&] {
-    parameters_.CMB_REGAPPLICAZIONE.select(CDecN(mode.rows()->value("GM61_INDREGOLEINCLUSIONE")));
-  });
+  const char* const flag = isPrice ? "GM61_FLGSCONTISUPRZ" : "GM61_FLGGRIGLIASCONTI";
+  step([&] { mode.check.setTicked(toBoolean(CDecN(mode.rows()->value(flag)))); });
+  options.show(mode.rows(), step);
   step([&] { offer(offersConfirming_, true); });
 }
 
@@ -248,7 +227,7 @@ void DiscountsPage::EliminaListini() {
   trap(context_.services, "EliminaListini", [&](Steps& step) {
     for (const DiscountGrid* mode : {&onPrice, &byGrid}) {
       if (mode->isOn() || !mode->rows()) continue;
-      const std::string listType = toSqlNumber(CDecN(parameters_.CMB_LISTINISCONTO.value()));
+      const std::string listType = toSqlNumber(CDecN(options.CMB_LISTINISCONTO.value()));
       step([&] {
         const auto painted = context_.paintedMeanwhile();
         context_.connection->Execute(

@@ -6,9 +6,9 @@
 #include "controls/navigator_bar.h"
 #include "controls/simple_controls.h"
 #include "forms/anagrafica/discounts/discount_grid.h"
-#include "forms/anagrafica/frame/progress_display.h"
-#include "forms/anagrafica/page_context.h"
-#include "forms/anagrafica/profile/parameter_page.h"
+#include "forms/anagrafica/discounts/discount_options.h"
+#include "forms/anagrafica/progress_display.h"
+#include "forms/page_context.h"
 #include "sql/discount_kinds.h"
 
 namespace kebu::forms {
@@ -18,16 +18,14 @@ namespace kebu::forms {
 /// What the eight kinds differ in is in the table of sql/discount_kinds.
 class DiscountsPage {
  public:
-  /// The list type and the options of the rules are controls of `parameters`.
-  DiscountsPage(PageContext& context, ProgressDisplay& progress, ParameterPage& parameters,
-                controls::NavigatorBar& navigator);
+  DiscountsPage(PageContext& context, ProgressDisplay& progress, controls::NavigatorBar& navigator);
 
+  DiscountOptions options;
   DiscountGrid onPrice;
   DiscountGrid byGrid;
   controls::Button CMD_AGGIORNA;
   controls::Label LBL_DATAULTAGG;
 
-  /// Puts the page's controls into its group, after those of the parameters.
   void place(controls::GroupBox& page);
   /// The window shows a view: on this page the navigator bar saves and deletes rules.
   void viewShown(std::int32_t view);
@@ -52,14 +50,12 @@ class DiscountsPage {
   void showStored(DiscountGrid& mode, Steps& step);
   void storeTicked(const sql::DiscountKind& kind, const DiscountGrid& mode, Steps& step);
   void setModified(bool modified);
-  void resetOptions();
   void showLastUpdate(const Date& day);
   void offer(bool confirming, bool deleting);
   const sql::DiscountKind& kindOf(const DiscountGrid& mode) const;
 
   PageContext& context_;
   ProgressDisplay& progress_;
-  ParameterPage& parameters_;
   controls::NavigatorBar& navigator_;
   /// The list type whose rules are shown; 0 for none.
   std::int32_t listType_ = 0;

@@ -94,11 +94,7 @@ void DiscountsPage::storeTicked(const sql::DiscountKind& kind, const DiscountGri
   if (!ticked) return;
   std::vector<std::string> columns;
   for (const ado::Field& field : ticked->fields()) columns.push_back(field.name);
-  sql::RuleStatements statements(
-      context_.companyKey(), kind, columns,
-      {parameters_.CHK_VISPREZZIBARRATI.value(), parameters_.CHK_NONTRATTAREALTRISCONTI.value(),
-       parameters_.CHK_MONOUSO.value(), parameters_.CMB_REGAPPLICAZIONE.value(),
-       GetAnsiDate(context_.today())});
+  sql::RuleStatements statements(context_.companyKey(), kind, columns, options.values());
 
   const auto stepsOf = [&](const Row& row) {
     if (kind.mode != sql::DiscountMode::Grid) return std::vector<sql::RuleStep>();

@@ -5,8 +5,8 @@
 #include "controls/query_editor.h"
 #include "controls/record_frame.h"
 #include "controls/simple_controls.h"
-#include "forms/anagrafica/page_context.h"
 #include "forms/filters/filter_editor.h"
+#include "forms/page_context.h"
 
 namespace kebu::forms {
 

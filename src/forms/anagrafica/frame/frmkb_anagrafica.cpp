@@ -31,13 +31,13 @@ FRMKB_ANAGRAFICA::FRMKB_ANAGRAFICA(const Runtime& runtime)
       context_(runtime, services_, FME_ANAGRAFICA),
       progress_(services_, runtime.desktop, {SBAR_MAIN, pages_.GRPMAIN_LISTINI, INAV_PAR}),
       synchronisation_(context_),
-      parameters_(context_, INAV_PAR),
+      parameters_(context_),
       categories_(context_, INAV_CATCLIART, parameters_),
       deposits_(context_),
       priceLists_(context_, progress_),
       preview_(context_, progress_),
       filters_(context_),
-      discounts_(context_, progress_, parameters_, INAV_PAR),
+      discounts_(context_, progress_, INAV_PAR),
       profile_(context_, INAV_PAR,
                {parameters_, categories_, deposits_, priceLists_, filters_, synchronisation_}),
       GRP_LISTINI("GRP_LISTINI", "Listini da pubblicare"),
@@ -64,7 +64,7 @@ void FRMKB_ANAGRAFICA::buildPages() {
   for (const View& view : views) SBAR_MAIN.addLink(view.number, std::string(view.link));
 
   profile_.place(pages_.GRPMAIN_PAR, pages_.GRPMAIN_CATCLIENTI, pages_.GRPMAIN_CATART);
-  parameters_.place(pages_.GRPMAIN_PAR, pages_.GRPMAIN_SCONTI);
+  parameters_.place(pages_.GRPMAIN_PAR);
   categories_.place(profile_.GRP_CATCLI, profile_.GRP_CATART);
   discounts_.place(pages_.GRPMAIN_SCONTI);
   GRP_LISTINI.add(priceLists_.QGRID_LISTINI);
@@ -156,7 +156,7 @@ void FRMKB_ANAGRAFICA::setUp(Steps& step) {
   step([&] { TITLEBAR.setCaption(SBAR_MAIN.links().front().text); });
 
   categories_.CaricaComboClientiArticoli();
-  parameters_.CaricoCombo();
+  parameters_.CaricoCombo(discounts_.options.fixedChoices());
   progress_.InizializzaProgressAnimation();
   profile_.ImpostaVirtualFrame();
   categories_.LetturaDatiConfigurazioneCategorie();

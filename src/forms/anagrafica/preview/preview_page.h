@@ -3,8 +3,8 @@
 #include <string>
 
 #include "controls/query_grid.h"
-#include "forms/anagrafica/frame/progress_display.h"
-#include "forms/anagrafica/page_context.h"
+#include "forms/anagrafica/progress_display.h"
+#include "forms/page_context.h"
 #include "forms/selection/selection_dialog.h"
 
 namespace kebu::forms {

@@ -3,7 +3,7 @@
 #include <string>
 
 #include "controls/query_grid.h"
-#include "forms/anagrafica/page_context.h"
+#include "forms/page_context.h"
 
 namespace kebu::forms {
 

@@ -5,7 +5,7 @@
 
 #include "common/convert.h"
 #include "common/nulls.h"
-#include "forms/anagrafica/pricelists/deposit_lookup.h"
+#include "forms/anagrafica/deposit_lookup.h"
 #include "sql/price_lists.h"
 #include "sql/working_tables.h"
 

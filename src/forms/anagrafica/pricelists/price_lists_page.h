@@ -7,8 +7,8 @@
 
 #include "controls/query_grid.h"
 #include "controls/simple_controls.h"
-#include "forms/anagrafica/frame/progress_display.h"
-#include "forms/anagrafica/page_context.h"
+#include "forms/anagrafica/progress_display.h"
+#include "forms/page_context.h"
 
 namespace kebu::forms {
 

@@ -5,11 +5,11 @@
 #include "controls/simple_controls.h"
 #include "forms/anagrafica/categories/categories_page.h"
 #include "forms/anagrafica/filters/filter_pages.h"
-#include "forms/anagrafica/page_context.h"
 #include "forms/anagrafica/pricelists/deposits_page.h"
 #include "forms/anagrafica/pricelists/price_lists_page.h"
-#include "forms/anagrafica/profile/parameter_page.h"
+#include "forms/anagrafica/profile/parameters/parameter_page.h"
 #include "forms/anagrafica/profile/synchronisation.h"
+#include "forms/page_context.h"
 
 namespace kebu::forms {
 

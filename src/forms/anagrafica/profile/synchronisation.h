@@ -2,7 +2,7 @@
 
 #include <string>
 
-#include "forms/anagrafica/page_context.h"
+#include "forms/page_context.h"
 
 namespace kebu::forms {
 

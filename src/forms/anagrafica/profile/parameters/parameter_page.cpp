@@ -1,9 +1,9 @@
-#include "forms/anagrafica/profile/parameter_page.h"
+#include "forms/anagrafica/profile/parameters/parameter_page.h"
 
 #include "common/convert.h"
 #include "common/nulls.h"
-#include "forms/anagrafica/pricelists/deposit_lookup.h"
-#include "forms/anagrafica/profile/fixed_choices.h"
+#include "forms/anagrafica/deposit_lookup.h"
+#include "forms/anagrafica/profile/parameters/parameter_choices.h"
 #include "sql/deposits.h"
 #include "sql/profile.h"
 
@@ -40,22 +40,13 @@ enum ImportDeposit : std::int16_t { fromDocument = 0, asGiven = 1 };
 
 constexpr const char* purchaseList = "16";
 
-void fill(controls::ComboBox& combo, const FixedChoice& choice, const PageContext& context) {
-  combo.clear();
-  combo.setShowsCodes(choice.showsCodes);
-  for (const FixedChoice::Row& row : choice.rows) {
-    combo.addRow(row.code, context.translate(std::string(row.caption)));
-  }
-  combo.select(choice.initial);
-}
-
 bool isBlank(const Value& value) {
   return NVL(value, "") == Value("");
 }
 
 }  // namespace
 
-ParameterPage::ParameterPage(PageContext& context, controls::NavigatorBar& navigator)
+ParameterPage::ParameterPage(PageContext& context)
     : FME_PARAMETRI("FME_PARAMETRI", context.services),
       GRP_IMPDOC("GRP_IMPDOC", "Importazione documenti"),
       TXT_GM04_CODDOCWEB_MG36("TXT_GM04_CODDOCWEB_MG36", "Documento ordini web"),
@@ -76,14 +67,7 @@ ParameterPage::ParameterPage(PageContext& context, controls::NavigatorBar& navig
       TXT_GM04_NUMNOTECLIENTI("TXT_GM04_NUMNOTECLIENTI", "Numero note clienti"),
       TXT_GM04_LASTSYNCCLI("TXT_GM04_LASTSYNCCLI", "Ultima sincronizzazione clienti"),
       GRP_TRASFERIMENTO("GRP_TRASFERIMENTO", "Trasferimento"),
-      GRB_GENERALESCONTI("GRB_GENERALESCONTI", "Generale"),
-      CMB_LISTINISCONTO("CMB_LISTINISCONTO", "Tipologia sconto"),
-      CMB_REGAPPLICAZIONE("CMB_REGAPPLICAZIONE", "Regola di applicazione"),
-      CHK_VISPREZZIBARRATI("CHK_VISPREZZIBARRATI", "Visualizza prezzi barrati"),
-      CHK_NONTRATTAREALTRISCONTI("CHK_NONTRATTAREALTRISCONTI", "Non trattare altri sconti"),
-      CHK_MONOUSO("CHK_MONOUSO", "Monouso"),
-      context_(context),
-      navigator_(navigator) {
+      context_(context) {
   context_.profile.addChild(FME_PARAMETRI);
   bindControls();
   handleEvents();
@@ -146,16 +130,9 @@ void ParameterPage::handleEvents() {
   CBO_TIPOVALORIZZ.GotFocus.on([this] { valuationBefore_ = CBO_TIPOVALORIZZ.value(); });
   CBO_TIPOVALORIZZ.AfterItem.on([this] { CBO_TIPOVALORIZZ_AfterItem(); });
   CMB_GM04_INDTIPODEPIMP.ChangeRow.on([this] { CMB_GM04_INDTIPODEPIMP_ChangeRow(); });
-
-  for (controls::CheckBox* box :
-       {&CHK_VISPREZZIBARRATI, &CHK_NONTRATTAREALTRISCONTI, &CHK_MONOUSO}) {
-    box->AfterChange.on([this, box] { discountOptionChanged(box->Name() + "_AfterChange"); });
-  }
-  CMB_REGAPPLICAZIONE.AfterItem.on(
-      [this] { discountOptionChanged("CMB_REGAPPLICAZIONE_AfterItem"); });
 }
 
-void ParameterPage::place(controls::GroupBox& parameters, controls::GroupBox& discounts) {
+void ParameterPage::place(controls::GroupBox& page) {
   GRP_IMPDOC.addAll(TXT_GM04_CODDOCWEB_MG36, LBL_DESCDOCWEB, CMB_GM04_INDTIPODEPIMP,
                     TXT_GM04_DEPDOCWEB_MG58, TXT_DEC_DEPDOCWEB_MG58);
   GRP_COSTOART.addAll(CBO_TIPOVALORIZZ, TXT_NUMLIST, LBL_DESCLIST);
@@ -163,20 +140,18 @@ void ParameterPage::place(controls::GroupBox& parameters, controls::GroupBox& di
                            CHK_GM04_FLGGESTPREZZI, CHK_GM04_INDESTRIMG, TXT_GM04_NUMNOTECLIENTI,
                            TXT_GM04_LASTSYNCCLI);
   for (controls::EditBox& box : plainBoxes_) GRP_TRASFERIMENTO.add(box);
-  parameters.addAll(GRP_IMPDOC, GRP_COSTOART, GRP_PUBBLICAZIONE, GRP_TRASFERIMENTO);
-
-  GRB_GENERALESCONTI.addAll(CHK_VISPREZZIBARRATI, CHK_NONTRATTAREALTRISCONTI, CHK_MONOUSO,
-                            CMB_REGAPPLICAZIONE);
-  discounts.addAll(CMB_LISTINISCONTO, GRB_GENERALESCONTI);
+  page.addAll(GRP_IMPDOC, GRP_COSTOART, GRP_PUBBLICAZIONE, GRP_TRASFERIMENTO);
 }
 
-void ParameterPage::CaricoCombo() {
+void ParameterPage::CaricoCombo(std::span<const FixedChoiceCombo> others) {
   trap(context_.services, "CaricoCombo", [&](Steps& step) {
-    step([&] { fill(CMB_GM04_INDTIPOGIACENZA, choices::stock, context_); });
-    step([&] { fill(CMB_GM04_INDTIPODEPIMP, choices::importDeposit, context_); });
-    step([&] { fill(CBO_TIPOVALORIZZ, choices::valuation, context_); });
-    step([&] { fill(CMB_LISTINISCONTO, choices::discountList, context_); });
-    step([&] { fill(CMB_REGAPPLICAZIONE, choices::ruleApplication, context_); });
+    const auto fillCombo = [&](const FixedChoiceCombo& filled) {
+      step([&] { fill(filled, context_); });
+    };
+    fillCombo({CMB_GM04_INDTIPOGIACENZA, choices::stock});
+    fillCombo({CMB_GM04_INDTIPODEPIMP, choices::importDeposit});
+    fillCombo({CBO_TIPOVALORIZZ, choices::valuation});
+    for (const FixedChoiceCombo& other : others) fillCombo(other);
   });
 }
 
@@ -371,13 +346,6 @@ void ParameterPage::CMB_GM04_INDTIPODEPIMP_ChangeRow() {
     const bool given = CMB_GM04_INDTIPODEPIMP.text() != "0";
     step([&] { TXT_GM04_DEPDOCWEB_MG58.setEnabled(given); });
     step([&] { TXT_DEC_DEPDOCWEB_MG58.setEnabled(given); });
-  });
-}
-
-void ParameterPage::discountOptionChanged(const std::string& procedure) {
-  trap(context_.services, procedure, [&](Steps& step) {
-    if (!context_.loaded) return;
-    step([&] { navigator_.setButtonEnabled("Conferma", true); });
   });
 }
 

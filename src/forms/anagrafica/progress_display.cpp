@@ -1,4 +1,4 @@
-#include "forms/anagrafica/frame/progress_display.h"
+#include "forms/anagrafica/progress_display.h"
 
 namespace kebu::forms {
 

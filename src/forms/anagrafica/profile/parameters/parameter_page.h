@@ -1,14 +1,15 @@
 #pragma once
 
 #include <deque>
+#include <span>
 #include <string>
 
 #include "controls/check_box.h"
 #include "controls/combo_box.h"
 #include "controls/edit_box.h"
-#include "controls/navigator_bar.h"
 #include "controls/simple_controls.h"
-#include "forms/anagrafica/page_context.h"
+#include "forms/anagrafica/fixed_choice.h"
+#include "forms/page_context.h"
 
 namespace kebu::forms {
 
@@ -16,7 +17,7 @@ namespace kebu::forms {
 /// validated and completed before every save of the profile.
 class ParameterPage {
  public:
-  ParameterPage(PageContext& context, controls::NavigatorBar& navigator);
+  explicit ParameterPage(PageContext& context);
 
   controls::RecordFrame FME_PARAMETRI;
 
@@ -43,20 +44,12 @@ class ParameterPage {
 
   controls::GroupBox GRP_TRASFERIMENTO;
 
-  // The options of the discount rules, which share this page's combos.
-  controls::GroupBox GRB_GENERALESCONTI;
-  controls::ComboBox CMB_LISTINISCONTO;
-  controls::ComboBox CMB_REGAPPLICAZIONE;
-  controls::CheckBox CHK_VISPREZZIBARRATI;
-  controls::CheckBox CHK_NONTRATTAREALTRISCONTI;
-  controls::CheckBox CHK_MONOUSO;
-
-  /// Puts the page's controls into the groups of the window.
-  void place(controls::GroupBox& parameters, controls::GroupBox& discounts);
+  void place(controls::GroupBox& page);
 
   /// Binds the frame to an empty record set, which gives it its columns.
   void bindColumns();
-  void CaricoCombo();
+  /// Fills the page's combos with their fixed choices, and then those of other pages.
+  void CaricoCombo(std::span<const FixedChoiceCombo> others);
   /// Shows the parameters of the current profile, or none.
   void ShowChild();
   void ClearChild();
@@ -81,10 +74,8 @@ class ParameterPage {
   void CBO_TIPOVALORIZZ_ChangeRow();
   void CBO_TIPOVALORIZZ_AfterItem();
   void CMB_GM04_INDTIPODEPIMP_ChangeRow();
-  void discountOptionChanged(const std::string& procedure);
 
   PageContext& context_;
-  controls::NavigatorBar& navigator_;
   Ref<ado::Recordset> rows_;
   /// The boxes that are edited freely, from the table of plain columns.
   std::deque<controls::EditBox> plainBoxes_;

@@ -1,4 +1,4 @@
-#include "forms/anagrafica/page_context.h"
+#include "forms/page_context.h"
 
 #include "common/convert.h"
 #include "common/nulls.h"

@@ -1,0 +1,92 @@
+#include "forms/anagrafica/discounts/discount_options.h"
+
+#include <array>
+#include <iterator>
+
+#include "common/convert.h"
+#include "common/nulls.h"
+#include "forms/anagrafica/discounts/list_types.h"
+
+namespace kebu::forms {
+
+namespace {
+
+constexpr auto discountListRows = [] {
+  std::array<FixedChoice::Row, std::size(discountListTypes)> rows{};
+  for (std::size_t i = 0; i < rows.size(); ++i) {
+    rows[i] = {discountListTypes[i].number, discountListTypes[i].caption};
+  }
+  return rows;
+}();
+constexpr FixedChoice discountList{discountListRows, 0, false};
+
+constexpr FixedChoice::Row ruleApplicationRows[] = {
+    {1, "Regola di inclusione: applicare lo sconto alle categorie e ai prodotti selezionati"},
+    {2,
+     "Regola di esclusione: applicare lo sconto a tutti i prodotti tranne a quelli specificati "
+     "nella selezione"},
+};
+constexpr FixedChoice ruleApplication{ruleApplicationRows, 1, false};
+
+}  // namespace
+
+DiscountOptions::DiscountOptions(PageContext& context, controls::NavigatorBar& navigator)
+    : GRB_GENERALESCONTI("GRB_GENERALESCONTI", "Generale"),
+      CMB_LISTINISCONTO("CMB_LISTINISCONTO", "Tipologia sconto"),
+      CMB_REGAPPLICAZIONE("CMB_REGAPPLICAZIONE", "Regola di applicazione"),
+      CHK_VISPREZZIBARRATI("CHK_VISPREZZIBARRATI", "Visualizza prezzi barrati"),
+      CHK_NONTRATTAREALTRISCONTI("CHK_NONTRATTAREALTRISCONTI", "Non trattare altri sconti"),
+      CHK_MONOUSO("CHK_MONOUSO", "Monouso"),
+      context_(context),
+      navigator_(navigator) {
+  for (controls::CheckBox* box :
+       {&CHK_VISPREZZIBARRATI, &CHK_NONTRATTAREALTRISCONTI, &CHK_MONOUSO}) {
+    box->AfterChange.on([this, box] { optionChanged(box->Name() + "_AfterChange"); });
+  }
+  CMB_REGAPPLICAZIONE.AfterItem.on([this] { optionChanged("CMB_REGAPPLICAZIONE_AfterItem"); });
+}
+
+void DiscountOptions::place(controls::GroupBox& page) {
+  GRB_GENERALESCONTI.addAll(CHK_VISPREZZIBARRATI, CHK_NONTRATTAREALTRISCONTI, CHK_MONOUSO,
+                            CMB_REGAPPLICAZIONE);
+  page.addAll(CMB_LISTINISCONTO, GRB_GENERALESCONTI);
+}
+
+std::array<FixedChoiceCombo, 2> DiscountOptions::fixedChoices() {
+  return {{{CMB_LISTINISCONTO, discountList}, {CMB_REGAPPLICAZIONE, ruleApplication}}};
+}
+
+void DiscountOptions::optionChanged(const std::string& procedure) {
+  trap(context_.services, procedure, [&](Steps& step) {
+    if (!context_.loaded) return;
+    step([&] { navigator_.setButtonEnabled("Conferma", true); });
+  });
+  Modified.raise();
+}
+
+void DiscountOptions::reset() {
+  CHK_VISPREZZIBARRATI.setTicked(false);
+  CHK_NONTRATTAREALTRISCONTI.setTicked(false);
+  CHK_MONOUSO.setTicked(false);
+  CMB_REGAPPLICAZIONE.select(ruleApplication.initial);
+}
+
+void DiscountOptions::show(const Ref<ado::Recordset>& rule, Steps& step) {
+  const auto tick = [&](controls::CheckBox& box, const char* column) {
+    step([&] { box.setTicked(toBoolean(CDecN(rule->value(column)))); });
+  };
+  tick(CHK_VISPREZZIBARRATI, "GM61_FLGPRZBARRATI");
+  tick(CHK_NONTRATTAREALTRISCONTI, "GM61_FLGNONTRATTAREALTRISC");
+  tick(CHK_MONOUSO, "GM61_FLGMONOUSO");
+  step([&] { CMB_REGAPPLICAZIONE.select(CDecN(rule->value("GM61_INDREGOLEINCLUSIONE"))); });
+}
+
+sql::RuleOptions DiscountOptions::values() const {
+  return {.struckThroughPrices = CHK_VISPREZZIBARRATI.value(),
+          .noOtherDiscounts = CHK_NONTRATTAREALTRISCONTI.value(),
+          .singleUse = CHK_MONOUSO.value(),
+          .application = CMB_REGAPPLICAZIONE.value(),
+          .today = GetAnsiDate(context_.today())};
+}
+
+}  // namespace kebu::forms

@@ -1,0 +1,49 @@
+#pragma once
+
+#include <array>
+
+#include "controls/check_box.h"
+#include "controls/combo_box.h"
+#include "controls/navigator_bar.h"
+#include "controls/simple_controls.h"
+#include "forms/anagrafica/fixed_choice.h"
+#include "forms/page_context.h"
+#include "sql/discount_rules.h"
+
+namespace kebu::forms {
+
+/// What the discount page asks once for all rules: the list type that is shown, and the options
+/// that every stored rule carries.
+class DiscountOptions {
+ public:
+  DiscountOptions(PageContext& context, controls::NavigatorBar& navigator);
+
+  controls::GroupBox GRB_GENERALESCONTI;
+  controls::ComboBox CMB_LISTINISCONTO;
+  controls::ComboBox CMB_REGAPPLICAZIONE;
+  controls::CheckBox CHK_VISPREZZIBARRATI;
+  controls::CheckBox CHK_NONTRATTAREALTRISCONTI;
+  controls::CheckBox CHK_MONOUSO;
+
+  void place(controls::GroupBox& page);
+  /// The combos with their rows; they are filled together with those of the parameters.
+  std::array<FixedChoiceCombo, 2> fixedChoices();
+
+  /// Puts the options back to what they are for new rules.
+  void reset();
+  /// Shows the options that a stored rule carries.
+  void show(const Ref<ado::Recordset>& rule, Steps& step);
+  /// The options as rules carry them that are stored today.
+  sql::RuleOptions values() const;
+
+  /// The user changed an option.
+  Event<> Modified;
+
+ private:
+  void optionChanged(const std::string& procedure);
+
+  PageContext& context_;
+  controls::NavigatorBar& navigator_;
+};
+
+}  // namespace kebu::forms
