@@ -8,7 +8,6 @@
 #include <string>
 #include <vector>
 
-#include "common/trap.h"
 #include "controls/control_host.h"
 #include "controls/query_editor.h"
 #include "forms/filters/filter_editor.h"
@@ -36,7 +35,7 @@ class RestrictedEditor {
   RestrictedEditor() {
     const char* const inputs[][2] = {{"in", "ELE; VER; IDR"}, {"<>", "x'y"}, {"starts", "A"}};
     std::size_t next = 0;
-    for (const controls::QueryField& field : articlesSubject().fields) {
+    for (const controls::QueryField& field : declarationsOf(articlesSubject().fields)) {
       editor.addField(field);
       controls::QueryEditor::Row& row = editor.row(editor.fieldCount() - 1);
       if (field.isNumeric) {
@@ -50,9 +49,7 @@ class RestrictedEditor {
       }
     }
   }
-  std::string condition() {
-    return trap(host, "", [&](Steps& step) { return articlesSubject().condition(step, editor); });
-  }
+  std::string condition() { return articlesSubject().condition(editor); }
 
   NoHost host;
   controls::QueryEditor editor{"ENHQUERY_ART", host, sql::queryComposer};

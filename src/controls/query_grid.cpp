@@ -24,8 +24,7 @@ void QueryGrid::addColumn(const GridColumn& definition, const Translator& transl
                 definition.width,
                 definition.kind,
                 {}};
-  for (std::size_t i = 0; i < definition.itemCount; ++i) {
-    const ValueListItem& item = definition.items[i];
+  for (const ValueListItem& item : definition.items) {
     column.items.emplace_back(item.code, translated(item.caption));
   }
   columns_.push_back(std::move(column));

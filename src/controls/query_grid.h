@@ -2,6 +2,7 @@
 
 #include <cstdint>
 #include <functional>
+#include <span>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -40,12 +41,11 @@ struct ValueListItem {
 
 /// A column, as written in a table of constants.
 struct GridColumn {
-  std::string_view field;
-  std::string_view caption;
+  std::string_view field = {};
+  std::string_view caption = {};
   std::int32_t width = 0;  ///< twips; 0 for a hidden column, whose value list others borrow
   ColumnKind kind = ColumnKind::Text;
-  const ValueListItem* items = nullptr;
-  std::size_t itemCount = 0;
+  std::span<const ValueListItem> items = {};  ///< of a value list
 };
 
 /// Rows of a recordset in columns. Rows are read in blocks, when one of their cells

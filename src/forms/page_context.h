@@ -39,6 +39,7 @@ class PageContext {
   Value profileId() const;
 
   const Runtime& runtime() const { return runtime_; }
+  controls::Desktop& desktop() const { return runtime_.desktop; }
   Ref<ado::Recordset> newRecordset() const { return runtime_.ado.newRecordset(); }
   Ref<ado::Command> newCommand() const { return runtime_.ado.newCommand(); }
   /// A client recordset on the window's connection that can be edited row by row.

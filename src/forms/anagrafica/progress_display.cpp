@@ -10,67 +10,61 @@ constexpr std::size_t messagePanel = 2;
 
 }  // namespace
 
-ProgressDisplay::ProgressDisplay(Services& services, controls::Desktop& desktop,
-                                 const ProgressSurroundings& around)
-    : PBAR("PBAR"),
-      STATUSBAR("STATUSBAR", panels),
-      services_(services),
-      desktop_(desktop),
-      around_(around) {}
+ProgressDisplay::ProgressDisplay(PageContext& context, const ProgressSurroundings& around)
+    : PBAR("PBAR"), STATUSBAR("STATUSBAR", panels), context_(context), around_(around) {}
 
 void ProgressDisplay::InizializzaProgressAnimation() {
-  trap(services_, "InizializzaProgressAnimation", [&](Steps& step) {
-    step([&] { PBAR.setAnimated(true); });
-    step([&] { PBAR.setText(services_.TranslateString(usualText)); });
-    step([&] { PBAR.setKeepsText(false); });
+  procedure(context_, "InizializzaProgressAnimation", [&](Procedure& p) {
+    PBAR.setAnimated(true);
+    p.step([&] { PBAR.setText(context_.translate(usualText)); });
+    PBAR.setKeepsText(false);
     PosizionaProgressBar();
   });
 }
 
 void ProgressDisplay::PosizionaProgressBar() {
-  trap(services_, "PosizionaProgressBar", [&](Steps& step) {
-    step([&] {
-      // Centred over the page, at the height of the navigator bar.
-      const auto bar = PBAR.size();
-      PBAR.moveTo(around_.sideBar.size().width + (around_.page.size().width - bar.width) / 2,
-                  (around_.navigatorBar.size().height - bar.height) / 2);
-    });
+  procedure(context_, "PosizionaProgressBar", [&](Procedure&) {
+    // Centred over the page, at the height of the navigator bar.
+    const auto bar = PBAR.size();
+    PBAR.moveTo(around_.sideBar.size().width + (around_.page.size().width - bar.width) / 2,
+                (around_.navigatorBar.size().height - bar.height) / 2);
   });
 }
 
 void ProgressDisplay::MostraAvanzamento(bool show, const std::string& message) {
-  trap(services_, "MostraAvanzamento", [&](Steps& step) {
+  procedure(context_, "MostraAvanzamento", [&](Procedure& p) {
     if (show) {
       PosizionaProgressBar();
-      step([&] { PBAR.bringToFront(); });
-      step([&] { PBAR.setText(message.empty() ? services_.TranslateString(usualText) : message); });
-      step([&] { PBAR.start(); });
+      PBAR.bringToFront();
+      p.step([&] { PBAR.setText(message.empty() ? context_.translate(usualText) : message); });
+      PBAR.start();
     } else {
-      step([&] { PBAR.stop(); });
+      PBAR.stop();
     }
-    step([&] { desktop_.repaint(); });
+    p.step([&] { context_.desktop().repaint(); });
   });
 }
 
 void ProgressDisplay::ImpostaMessaggioStato(const std::string& message, bool show) {
-  trap(services_, "ImpostaMessaggioStato", [&](Steps& step) {
-    const std::string text = step([&] { return services_.TranslateString(message); });
-    step([&] { STATUSBAR.setPanelText(messagePanel, text); });
-    step([&] {
+  procedure(context_, "ImpostaMessaggioStato", [&](Procedure& p) {
+    const std::string text = p.step([&] { return context_.translate(message); });
+    STATUSBAR.setPanelText(messagePanel, text);
+    p.step([&] {
       // The host's own bar shows the same, where it has one.
-      const Ref<host::StatusBar> bar = services_.host() ? services_.host()->StatusBar() : nullptr;
+      const auto& host = context_.services.host();
+      const Ref<host::StatusBar> bar = host ? host->StatusBar() : nullptr;
       if (bar) bar->SetPanelText(messagePanel, text);
     });
-    step([&] { STATUSBAR.setAnimated(show); });
+    STATUSBAR.setAnimated(show);
     MostraAvanzamento(show);
   });
 }
 
-void ProgressDisplay::during(const std::string& procedure, const char* message,
-                             const std::function<void(Steps&)>& body) {
-  const bool done = trap(services_, procedure, [&](Steps& step) {
+void ProgressDisplay::during(std::string_view name, const char* message,
+                             const std::function<void(Procedure&)>& body) {
+  const bool done = procedure(context_, name, [&](Procedure& p) {
     ImpostaMessaggioStato(message, true);
-    body(step);
+    body(p);
     ImpostaMessaggioStato("Pronto", false);
     return true;
   });
@@ -84,7 +78,7 @@ void ProgressDisplay::expect(std::int32_t total) {
 }
 
 void ProgressDisplay::advance(std::int32_t done) {
-  if (PBAR.setPosition(done)) desktop_.repaint();
+  if (PBAR.setPosition(done)) context_.desktop().repaint();
 }
 
 }  // namespace kebu::forms

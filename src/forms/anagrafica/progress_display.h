@@ -3,10 +3,11 @@
 #include <cstdint>
 #include <functional>
 #include <string>
+#include <string_view>
 
-#include "common/trap.h"
 #include "controls/simple_controls.h"
-#include "forms/services.h"
+#include "forms/page_context.h"
+#include "forms/procedure.h"
 
 namespace kebu::forms {
 
@@ -21,8 +22,7 @@ struct ProgressSurroundings {
 /// status text.
 class ProgressDisplay {
  public:
-  ProgressDisplay(Services& services, controls::Desktop& desktop,
-                  const ProgressSurroundings& around);
+  ProgressDisplay(PageContext& context, const ProgressSurroundings& around);
 
   controls::ProgressBar PBAR;
   controls::StatusBar STATUSBAR;
@@ -32,11 +32,11 @@ class ProgressDisplay {
   void MostraAvanzamento(bool show, const std::string& message = {});
   /// Puts the translated `message` into the status bar, and shows or hides the bar.
   void ImpostaMessaggioStato(const std::string& message, bool show);
-  /// Runs the body of a long procedure in its trap, with `message` in the status
-  /// bar while it is at work and "Pronto" when it is done. A procedure that is
-  /// left leaves its text there, but not the moving bar.
-  void during(const std::string& procedure, const char* message,
-              const std::function<void(Steps&)>& body);
+  /// Runs the body of a long procedure under its given name, with `message` in the
+  /// status bar while it is at work and "Pronto" when it is done. A procedure that
+  /// is left early leaves its text there, but not the moving bar.
+  void during(std::string_view name, const char* message,
+              const std::function<void(Procedure&)>& body);
   /// Shows from now on how much of `total` is done.
   void expect(std::int32_t total);
   void advance(std::int32_t done);
@@ -44,8 +44,7 @@ class ProgressDisplay {
  private:
   void PosizionaProgressBar();
 
-  Services& services_;
-  controls::Desktop& desktop_;
+  PageContext& context_;
   ProgressSurroundings around_;
 };
 

@@ -4,22 +4,22 @@
 
 #include "common/convert.h"
 #include "common/nulls.h"
-#include "forms/filters/filter_fields.h"
 #include "sql/filters.h"
 
 namespace kebu::forms {
 
 namespace {
 
-std::string customerCondition(Steps& step, controls::QueryEditor& editor) {
-  return step([&] { return editor.ComponiCondizione(); });
+std::string customerCondition(const controls::QueryEditor& editor) {
+  return editor.ComponiCondizione();
 }
 
-std::string articleCondition(Steps& step, controls::QueryEditor& editor) {
-  // The whole text is read and not used: only the items tell which table each belongs to.
-  static_cast<void>(step([&] { return editor.composedText().text(); }));
+std::string articleCondition(const controls::QueryEditor& editor) {
+  // The whole text is read and, on purpose, not used: only the items tell which table each belongs
+  // to.
+  static_cast<void>(editor.composedText().text());
   std::string condition;
-  for (const auto& item : step([&] { return editor.items(); })) {
+  for (const auto& item : editor.items()) {
     if (!item.Condizione.empty())
       condition += sql::CongiuntoArticoli(item.DataField, item.Condizione);
   }
@@ -31,14 +31,18 @@ constexpr const char* businessName = "Ragione sociale";
 }  // namespace
 
 const FilterSubject& customersSubject() {
-  static const FilterSubject subject{customerFields, customerCodes(), sql::ContaClienti,
-                                     customerCondition, "Clienti selezionati: "};
+  static const FilterSubject subject{.fields = customerFields(),
+                                     .countStatement = sql::ContaClienti,
+                                     .condition = customerCondition,
+                                     .counted = "Clienti selezionati: "};
   return subject;
 }
 
 const FilterSubject& articlesSubject() {
-  static const FilterSubject subject{articleFields, articleCodes(), sql::ContaArticoli,
-                                     articleCondition, "Articoli selezionati: "};
+  static const FilterSubject subject{.fields = articleFields(),
+                                     .countStatement = sql::ContaArticoli,
+                                     .condition = articleCondition,
+                                     .counted = "Articoli selezionati: "};
   return subject;
 }
 
@@ -59,87 +63,85 @@ FilterEditor::FilterEditor(PageContext& context, controls::QueryEditor& editor,
   editor_.Count.on([this](std::string& answer) { Conta(answer); });
 }
 
-void FilterEditor::prepare(Steps& step, const char* keySuffix) {
-  step([&] {
+void FilterEditor::prepare(const char* keySuffix, Procedure& p) {
+  p.step([&] {
     const Ref<host::ClsGlobal> global = context_.services.host()->ClsGlobal();
     editor_.setStorageKey(global->ApplicationCode() + keySuffix);
     editor_.setSurroundings({toDecimal(context_.company), global->SessionId(), global->UserId(),
                              global, context_.savedFilters, context_.connection});
   });
-  step([&] {
-    for (const controls::QueryField& field : subject_.fields) editor_.addField(field);
+  p.step([&] {
+    for (const auto& field : declarationsOf(subject_.fields)) editor_.addField(field);
     editor_.completeDeclaration();
   });
 }
 
-const CodeField* FilterEditor::codesOf(const std::string& caption) const {
-  const auto at = std::find_if(subject_.codes.begin(), subject_.codes.end(),
-                               [&](const CodeField& codes) { return codes.caption == caption; });
-  return at == subject_.codes.end() ? nullptr : &*at;
+const FilterField* FilterEditor::codesOf(const std::string& caption) const {
+  const auto at = std::find_if(subject_.fields.begin(), subject_.fields.end(),
+                               [&](const FilterField& field) { return field.caption == caption; });
+  return at != subject_.fields.end() && at->hasCodes() ? &*at : nullptr;
 }
 
-CodeField::Keys FilterEditor::upperKeys(const CodeField& codes, controls::RangeEnd end) const {
-  CodeField::Keys keys;
-  for (const std::string_view upper : codes.upper) {
+CodeKeys FilterEditor::upperKeys(const FilterField& field, controls::RangeEnd end) const {
+  CodeKeys keys;
+  for (const std::string_view upper : field.upper) {
     if (!upper.empty()) keys.push_back(toDisplay(NVL(editor_.value(upper, end), "")));
   }
   return keys;
 }
 
 void FilterEditor::StartLookup(const Request& request, std::optional<Value>& chosen) {
-  trap(context_.services, named("_StartLookup"), [&](Steps& step) {
-    const CodeField* const codes = codesOf(request.caption);
-    if (!codes) return;
+  procedure(context_, named("_StartLookup"), [&](Procedure& p) {
+    const FilterField* const field = codesOf(request.caption);
+    if (!field) return;
     const auto list =
-        step([&] { return codes->list(context_, *codes, upperKeys(*codes, request.end)); });
-    chosen = step([&] { return context_.choose(list); });
+        p.step([&] { return field->list(context_, *field, upperKeys(*field, request.end)); });
+    chosen = p.choose(list);
   });
 }
 
 void FilterEditor::CloseLookup(const Request& request, Value& chosen) {
-  trap(context_.services, named("_CloseLookup"), [&](Steps& step) {
+  procedure(context_, named("_CloseLookup"), [&](Procedure& p) {
     // A name is a text to be compared with, not a code with a description.
-    if (request.caption == businessName) chosen = step([&] { return Value(RTrimN(chosen)); });
+    if (request.caption == businessName) chosen = p.step([&] { return Value(RTrimN(chosen)); });
   });
 }
 
 void FilterEditor::StartDecode(const Request& request, std::string& description) {
-  trap(context_.services, named("_StartDecode"), [&](Steps&) {
-    const CodeField* const codes = codesOf(request.caption);
-    if (codes && codes->decoder) description = decode(*codes, request);
+  procedure(context_, named("_StartDecode"), [&](Procedure&) {
+    const FilterField* const field = codesOf(request.caption);
+    if (field && field->decoder) description = decode(*field, request);
   });
 }
 
-std::string FilterEditor::decode(const CodeField& codes, const Request& request) {
-  return trap(context_.services, codes.decoder, [&](Steps& step) {
+std::string FilterEditor::decode(const FilterField& field, const Request& request) {
+  return procedure(context_, field.decoder, [&](Procedure& p) {
     const std::string code = toDisplay(NVL(request.value, ""));
-    const bool isTooLong = codes.longestCode > 0 && characterCount(code) > codes.longestCode;
+    const bool isTooLong = field.longestCode > 0 && characterCount(code) > field.longestCode;
     if (code.empty() || isTooLong) return std::string();
-    CodeField::Keys keys = upperKeys(codes, request.end);
+    CodeKeys keys = upperKeys(field, request.end);
     keys.push_back(code);
-    const std::string statement = step([&] { return codes.statement(context_, codes, keys); });
-    return step([&] { return context_.lookUpText(statement, codes.description); });
+    const std::string statement = p.step([&] { return field.decode(context_, field, keys); });
+    return p.lookUpText(statement, field.description);
   });
 }
 
 void FilterEditor::CurrentRecordChanged(const std::string& dataField) {
-  trap(context_.services, named("_CurrentRecordChanged"), [&](Steps&) {
+  procedure(context_, named("_CurrentRecordChanged"), [&](Procedure&) {
     // What a code of a lower level means hangs on the levels above it.
-    for (const controls::QueryField& field : subject_.fields) {
-      const CodeField* const codes = codesOf(std::string(field.caption));
-      const bool isBelow = codes && std::find(codes->upper.begin(), codes->upper.end(),
-                                              dataField) != codes->upper.end();
-      if (isBelow) editor_.decodeAgain(field.dataField);
+    for (const FilterField& field : subject_.fields) {
+      const auto& upper = field.upper;
+      if (std::find(upper.begin(), upper.end(), dataField) != upper.end()) {
+        editor_.decodeAgain(field.dataField);
+      }
     }
   });
 }
 
 void FilterEditor::Conta(std::string& answer) {
-  trap(context_.services, named("_Conta"), [&](Steps& step) {
-    const std::string filter = condition(step);
-    const std::string found = step([&] {
-      return context_.lookUpText(subject_.countStatement(context_.companyKey(), filter), "QUANTI");
-    });
+  procedure(context_, named("_Conta"), [&](Procedure& p) {
+    const std::string filter = p.step([&] { return condition(); });
+    const std::string found = p.lookUpText(subject_.countStatement(p.company(), filter), "QUANTI");
     if (!found.empty()) answer = context_.translate(subject_.counted) + found;
   });
 }

@@ -4,18 +4,18 @@
 #include <string>
 
 #include "controls/query_editor.h"
-#include "forms/filters/filter_codes.h"
+#include "forms/filters/filter_fields.h"
 #include "forms/page_context.h"
+#include "forms/procedure.h"
 
 namespace kebu::forms {
 
 /// What an editor filters.
 struct FilterSubject {
-  std::span<const controls::QueryField> fields;
-  std::span<const CodeField> codes;
+  std::span<const FilterField> fields;
   std::string (*countStatement)(const sql::Company& company, const std::string& filter);
   /// The condition on the subject that the editor's choices come to.
-  std::string (*condition)(Steps& step, controls::QueryEditor& editor);
+  std::string (*condition)(const controls::QueryEditor& editor);
   const char* counted;  ///< what is counted, in Italian
 };
 
@@ -31,22 +31,24 @@ class FilterEditor {
 
   /// Hands the editor what it works with and declares its fields. It keeps its
   /// saved filters under the host application's code and `keySuffix`.
-  void prepare(Steps& step, const char* keySuffix);
-  std::string condition(Steps& step) { return subject_.condition(step, editor_); }
+  void prepare(const char* keySuffix, Procedure& p);
+  /// The condition that the editor's choices come to; "" for no restriction.
+  std::string condition() const { return subject_.condition(editor_); }
 
  private:
   using Request = controls::QueryRequest;
 
   std::string named(const char* event) const { return editor_.Name() + event; }
-  const CodeField* codesOf(const std::string& caption) const;
-  CodeField::Keys upperKeys(const CodeField& codes, controls::RangeEnd end) const;
+  /// The field of that caption; nothing for one without codes.
+  const FilterField* codesOf(const std::string& caption) const;
+  CodeKeys upperKeys(const FilterField& field, controls::RangeEnd end) const;
 
   void StartLookup(const Request& request, std::optional<Value>& chosen);
   void StartDecode(const Request& request, std::string& description);
   void CloseLookup(const Request& request, Value& chosen);
   void CurrentRecordChanged(const std::string& dataField);
   void Conta(std::string& answer);
-  std::string decode(const CodeField& codes, const Request& request);
+  std::string decode(const FilterField& field, const Request& request);
 
   PageContext& context_;
   controls::QueryEditor& editor_;

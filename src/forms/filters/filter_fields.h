@@ -2,97 +2,62 @@
 
 #include <array>
 #include <cstddef>
-#include <cstdint>
+#include <span>
+#include <string>
 #include <string_view>
+#include <vector>
 
 #include "controls/query_editor.h"
+#include "forms/page_context.h"
+#include "host/services.h"
 
-// The fields by which customers and articles are filtered, as they are declared
-// to the editors of the main window and of the selection dialogs alike.
 namespace kebu::forms {
 
-/// What differs between the fields of an editor. The options without a name of their own are the
-/// host editor's; they are named by their place among the arguments of its declaration.
+struct FilterField;
+
+/// The codes of the levels above a field, topmost first; where a code is decoded, then the code
+/// itself.
+using CodeKeys = std::vector<std::string>;
+
+/// The statement that decodes the last of the keys.
+using DecodeStatement = std::string (*)(const PageContext& context, const FilterField& field,
+                                        const CodeKeys& keys);
+/// The list from which a code is chosen.
+using CodeList = host::LookupDefinition (*)(const PageContext& context, const FilterField& field,
+                                            const CodeKeys& upperKeys);
+
+std::string decodeFromTable(const PageContext& context, const FilterField& field,
+                            const CodeKeys& keys);
+host::LookupDefinition listOfTable(const PageContext& context, const FilterField& field,
+                                   const CodeKeys& upperKeys);
+
+/// A field by which customers or articles are filtered. One row says how it is declared to the
+/// editors, and how its codes are decoded and listed.
 struct FilterField {
   std::string_view caption;
-  std::string_view dataField;
-  std::size_t length;  ///< characters of a value
-  bool hasLookup = true;
-  bool option7 = true;
+  std::string_view dataField = {};  ///< empty for a field that no editor declares
+  std::size_t length = 0;           ///< of a typed value
   bool isNumeric = false;
+  // Options of the host's editor, which it knows by their places among the arguments.
+  bool option7 = true;
   bool option11 = false;
+
+  const char* table = nullptr;    ///< of its codes, by the ERP's prefix; null for plain texts
+  const char* description = "";   ///< the column that a code is decoded to
+  const char* decoder = nullptr;  ///< the decoding procedure; null for codes only looked up
+  std::array<std::string_view, 3> upper = {};  ///< data fields of the levels above, topmost first
+  std::size_t longestCode = 0;                 ///< a longer one is not decoded; 0 for any
+  DecodeStatement decode = decodeFromTable;
+  CodeList list = listOfTable;
+
+  bool hasCodes() const { return table != nullptr; }
 };
 
-/// The fields as they are declared, positions counted from 1.
-template <std::size_t count>
-constexpr std::array<controls::QueryField, count> declared(const FilterField (&fields)[count]) {
-  std::array<controls::QueryField, count> declarations{};
-  for (std::size_t i = 0; i < count; ++i) {
-    const FilterField& field = fields[i];
-    declarations[i] = {.group = "Standard",
-                       .caption = field.caption,
-                       .dataField = field.dataField,
-                       .option4 = true,
-                       .position = static_cast<std::int32_t>(i + 1),
-                       .hasLookup = field.hasLookup,
-                       .option7 = field.option7,
-                       .isNumeric = field.isNumeric,
-                       .option9 = false,
-                       .option10 = false,
-                       .option11 = field.option11,
-                       .length = field.length};
-  }
-  return declarations;
-}
+/// In the order in which they are declared.
+std::span<const FilterField> customerFields();
+std::span<const FilterField> articleFields();
 
-inline constexpr auto customerFields = declared({
-    {.caption = "Codice",
-     .dataField = "CG44_CLIFOR",
-     .length = 6,
-     .option7 = false,
-     .isNumeric = true},
-    {.caption = "Ragione sociale", .dataField = "Azienda", .length = 40},
-    {.caption = "Indirizzo",
-     .dataField = "IndirizzoPrincipaleL1",
-     .length = 40,
-     .hasLookup = false},
-    {.caption = "CAP", .dataField = "Cap", .length = 8, .hasLookup = false},
-    {.caption = "Città", .dataField = "Citta", .length = 40, .hasLookup = false},
-    {.caption = "Provincia", .dataField = "Provincia", .length = 2, .hasLookup = false},
-    {.caption = "Partita Iva", .dataField = "PartitaIva", .length = 16, .hasLookup = false},
-    {.caption = "Macroarea", .dataField = "MG19_MACROAREA", .length = 3},
-    {.caption = "Area", .dataField = "MG19_AREA", .length = 3},
-    {.caption = "Zona", .dataField = "MG19_ZONA", .length = 3},
-    {.caption = "Macrocategoria", .dataField = "MG19_MACROCAT", .length = 3},
-    {.caption = "Categoria", .dataField = "MG19_CATEG", .length = 3},
-    {.caption = "Sottocategoria", .dataField = "MG19_SOTTOCAT", .length = 3},
-    {.caption = "Raggruppamento1", .dataField = "MG19_RAGGRCF1", .length = 3},
-    {.caption = "Raggruppamento2", .dataField = "MG19_RAGGRCF2", .length = 3},
-    // Spelled unlike the two before it, on purpose: saved filters go by this name.
-    {.caption = "Raggruppamento3", .dataField = "MG19_RAGGCRF3", .length = 3},
-});
-
-inline constexpr auto articleFields = declared({
-    {.caption = "Codice articolo",
-     .dataField = "MG87_CODART_MG66",
-     .length = 15,
-     .option7 = false,
-     .option11 = true},
-    {.caption = "Famiglia", .dataField = "MG66_FAM_MG53", .length = 15},
-    {.caption = "Sottofamiglia", .dataField = "MG66_SFAM_MG54", .length = 15},
-    {.caption = "Gruppo", .dataField = "MG66_GRUPPO_MG55", .length = 15},
-    {.caption = "Sottogruppo", .dataField = "MG66_SGRUPPO_MG56", .length = 15},
-    {.caption = "Marca", .dataField = "MG66_MARCA_MG64", .length = 15},
-    {.caption = "Gruppo statistico 1", .dataField = "MG66_GRUSTAT1_MG74", .length = 15},
-    {.caption = "Gruppo statistico 2", .dataField = "MG66_GRUSTAT2_MG75", .length = 15},
-    {.caption = "Gruppo statistico 3", .dataField = "MG66_GRUSTAT3_MG76", .length = 15},
-    {.caption = "Gruppo statistico 4", .dataField = "MG66_GRUSTAT4_MG77", .length = 15},
-    {.caption = "Stato",
-     .dataField = "MG66_INDSTATO_MG6W",
-     .length = 2,
-     .option7 = false,
-     .isNumeric = true},
-    {.caption = "Classe di sconto", .dataField = "MG66_CLASC_MG63", .length = 15},
-});
+/// The fields as an editor takes them; those that no editor declares are left out.
+std::vector<controls::QueryField> declarationsOf(std::span<const FilterField> fields);
 
 }  // namespace kebu::forms

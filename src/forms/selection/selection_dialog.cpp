@@ -8,10 +8,20 @@ namespace kebu::forms {
 
 namespace {
 
-constexpr SelectionDialog::Kind ofArticles{"FRMKB_SELMULTIART", "Selezione articoli",
-                                           "ENHQUERY_LIMITI", articlesSubject, "_SELART"};
-constexpr SelectionDialog::Kind ofCustomers{"FRMKB_SELMULTICLI", "Selezione clienti", "ENHQUERY",
-                                            customersSubject, "_SELCLI"};
+constexpr SelectionDialog::Kind ofArticles{
+    .name = "FRMKB_SELMULTIART",
+    .caption = "Selezione articoli",
+    .editor = "ENHQUERY_LIMITI",
+    .subject = articlesSubject,
+    .keySuffix = "_SELART",
+};
+constexpr SelectionDialog::Kind ofCustomers{
+    .name = "FRMKB_SELMULTICLI",
+    .caption = "Selezione clienti",
+    .editor = "ENHQUERY",
+    .subject = customersSubject,
+    .keySuffix = "_SELCLI",
+};
 
 constexpr std::int32_t withTheWindow = 15;  // resize rule: keeps to all four sides
 
@@ -38,25 +48,28 @@ SelectionDialog::~SelectionDialog() {
   ignoringErrors([&] { trace_.terminated(); });
 }
 
-void SelectionDialog::translateTexts(Steps& step) {
-  step([&] {
+void SelectionDialog::translateTexts(Procedure& p) {
+  p.step([&] {
     setCaption(context_.translate(kind_.caption));
     translate([this](const std::string& text) { return context_.translate(text); });
   });
 }
 
 void SelectionDialog::CMD_OK_ButtonClick() {
-  trap(services(), "CMD_OK_ButtonClick", [&](Steps& step) {
-    if (!step([&] { return editor_.confirmRanges(); })) return;
-    const std::string text = condition(step);
-    step([&] { caller_->filterText = text; });
-    step([&] { caller_->isFilterObtained = true; });
-    step([&] { Unload(); });
+  procedure(context_, "CMD_OK_ButtonClick", [&](Procedure& p) {
+    if (!p.step([&] { return editor_.confirmRanges(); })) return;
+    caller_->filterText = condition(p);
+    caller_->isFilterObtained = true;
+    p.step([&] { Unload(); });
   });
 }
 
 void SelectionDialog::CMD_ANNULLA_ButtonClick() {
-  trap(services(), "CMD_ANNULLA_ButtonClick", [&](Steps& step) { step([&] { Unload(); }); });
+  procedure(context_, "CMD_ANNULLA_ButtonClick", [&](Procedure& p) { p.step([&] { Unload(); }); });
+}
+
+std::string SelectionDialog::condition(Procedure& p) {
+  return p.step([&] { return filter_.condition(); });
 }
 
 void SelectionDialog::Form_Unload() {
@@ -71,10 +84,10 @@ FRMKB_SELMULTIART::FRMKB_SELMULTIART(SelectionCaller& caller)
 }
 
 void FRMKB_SELMULTIART::Form_Load() {
-  trap(services(), "Form_Load", [&](Steps& step) {
-    translateTexts(step);
-    prepareEditor(step);
-    step([&] { editor_.setVisible(true); });
+  procedure(context(), "Form_Load", [&](Procedure& p) {
+    translateTexts(p);
+    prepareEditor(p);
+    editor_.setVisible(true);
   });
 }
 
@@ -89,29 +102,29 @@ FRMKB_SELMULTICLI::FRMKB_SELMULTICLI(SelectionCaller& caller)
 }
 
 void FRMKB_SELMULTICLI::Form_Load() {
-  trap(services(), "Form_Load", [&](Steps& step) { translateTexts(step); });
+  procedure(context(), "Form_Load", [&](Procedure& p) { translateTexts(p); });
 }
 
 void FRMKB_SELMULTICLI::Form_Activate() {
-  trap(services(), "Form_Activate", [&](Steps& step) {
+  procedure(context(), "Form_Activate", [&](Procedure& p) {
     if (activated_) return;
     ImpostaEnQueryLimiti();
-    step([&] { VLT_RESIZEFORM1.layOut(); });
+    p.step([&] { VLT_RESIZEFORM1.layOut(); });
     activated_ = true;
   });
 }
 
 void FRMKB_SELMULTICLI::ImpostaEnQueryLimiti() {
-  trap(services(), "ImpostaEnQueryLimiti", [&](Steps& step) { prepareEditor(step); });
+  procedure(context(), "ImpostaEnQueryLimiti", [&](Procedure& p) { prepareEditor(p); });
 }
 
-std::string FRMKB_SELMULTICLI::condition(Steps& /*step*/) {
+std::string FRMKB_SELMULTICLI::condition(Procedure& /*p*/) {
   return StringaLimitiADV();
 }
 
 std::string FRMKB_SELMULTICLI::StringaLimitiADV() {
-  return trap(services(), "StringaLimitiADV",
-              [&](Steps& step) { return SelectionDialog::condition(step); });
+  return procedure(context(), "StringaLimitiADV",
+                   [&](Procedure& p) { return SelectionDialog::condition(p); });
 }
 
 void FRMKB_SELMULTICLI::Form_Unload() {
@@ -124,11 +137,11 @@ void FRMKB_SELMULTICLI::Form_Unload() {
 namespace {
 
 template <class Dialog>
-void showDialog(SelectionCaller& caller, const char* procedure) {
-  trap(caller.context.services, procedure, [&](Steps& step) {
-    const auto dialog = step([&] { return std::make_shared<Dialog>(caller); });
+void showDialog(SelectionCaller& caller, const char* name) {
+  procedure(caller.context, name, [&](Procedure& p) {
+    const auto dialog = p.step([&] { return std::make_shared<Dialog>(caller); });
     if (!dialog) return;
-    step([&] { dialog->Show(true); });
+    p.step([&] { dialog->Show(true); });
     dialog->clearCaller();
   });
 }

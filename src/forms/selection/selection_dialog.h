@@ -8,6 +8,7 @@
 #include "controls/simple_controls.h"
 #include "forms/filters/filter_editor.h"
 #include "forms/page_context.h"
+#include "forms/procedure.h"
 
 namespace kebu::forms {
 
@@ -39,11 +40,11 @@ class SelectionDialog : public controls::Form {
 
  protected:
   void Form_Unload() override;
-  void translateTexts(Steps& step);
-  void prepareEditor(Steps& step) { filter_.prepare(step, kind_.keySuffix); }
+  void translateTexts(Procedure& p);
+  void prepareEditor(Procedure& p) { filter_.prepare(kind_.keySuffix, p); }
   /// The condition that is handed to the caller.
-  virtual std::string condition(Steps& step) { return filter_.condition(step); }
-  Services& services() const { return context_.services; }
+  virtual std::string condition(Procedure& p);
+  PageContext& context() const { return context_; }
 
   controls::QueryEditor editor_;
   controls::Button CMD_OK;
@@ -78,7 +79,7 @@ class FRMKB_SELMULTICLI : public SelectionDialog {
   void Form_Load() override;
   void Form_Activate() override;
   void Form_Unload() override;
-  std::string condition(Steps& step) override;
+  std::string condition(Procedure& p) override;
 
  private:
   void ImpostaEnQueryLimiti();

@@ -30,16 +30,16 @@ void CategoriesPage::INAV_CATCLIART_ButtonClick(const std::string& button) {
 }
 
 void CategoriesPage::CaricaComboClientiArticoli() {
-  trap(context_.services, "CaricaComboClientiArticoli", [&](Steps& step) {
+  procedure(context_, "CaricaComboClientiArticoli", [&](Procedure& p) {
     const std::int16_t none = 0;
     for (CategoryLevels* levels : {&customers_, &articles_}) {
       for (auto& level : levels->levels()) {
         level.classification.clear();
-        step([&] { level.classification.addRow(none, context_.translate("Seleziona...")); });
+        p.step([&] { level.classification.addRow(none, context_.translate("Seleziona...")); });
       }
     }
-    step([&] { catalogue_.open(context_); });
-    addCatalogue(step);
+    p.step([&] { catalogue_.open(context_); });
+    addCatalogue(p);
     for (CategoryLevels* levels : {&customers_, &articles_}) {
       for (auto& level : levels->levels()) {
         for (const FixedClassification& fixed : levels->kind().fixed) {
@@ -51,8 +51,8 @@ void CategoriesPage::CaricaComboClientiArticoli() {
   });
 }
 
-void CategoriesPage::addCatalogue(Steps& step) {
-  for (const auto& entry : step([&] { return catalogue_.entries(); })) {
+void CategoriesPage::addCatalogue(Procedure& p) {
+  for (const auto& entry : p.step([&] { return catalogue_.entries(); })) {
     if (entry.entity == customerCategories.entity) {
       for (auto& level : customers_.levels()) {
         level.classification.addRow(entry.code, entry.description);
@@ -60,7 +60,7 @@ void CategoriesPage::addCatalogue(Steps& step) {
     } else if (entry.entity == articleCategories.entity) {
       for (auto& level : articles_.levels()) {
         // Asked anew for every combo, and meant so.
-        if (isOffered(toInt32(CDecN(entry.code)), step)) {
+        if (isOffered(toInt32(CDecN(entry.code)), p)) {
           level.classification.addRow(entry.code, entry.description);
         }
       }
@@ -68,9 +68,9 @@ void CategoriesPage::addCatalogue(Steps& step) {
   }
 }
 
-bool CategoriesPage::isOffered(std::int32_t articleClassification, Steps& step) {
+bool CategoriesPage::isOffered(std::int32_t articleClassification, Procedure& p) {
   const auto exists = [&](std::string (*statement)(const sql::Company&)) {
-    return step(
+    return p.step(
         [&] { return !context_.connection->Execute(statement(context_.companyKey()))->EOF_(); });
   };
   switch (additionalCodeOf(articleClassification)) {
@@ -84,18 +84,17 @@ bool CategoriesPage::isOffered(std::int32_t articleClassification, Steps& step) 
 }
 
 void CategoriesPage::LetturaDatiConfigurazioneCategorie() {
-  trap(context_.services, "LetturaDatiConfigurazioneCategorie", [&](Steps& step) {
-    step([&] { customers_.clear(); });
-    step([&] { articles_.clear(); });
-    const Ref<ado::Recordset> rows =
-        step([&] { return context_.connection->Execute(sql::Categorie(context_.profileKey())); });
-    if (step([&] { return rows->EOF_(); })) {
-      step([&] { showDefaults(); });
+  procedure(context_, "LetturaDatiConfigurazioneCategorie", [&](Procedure& p) {
+    customers_.clear();
+    articles_.clear();
+    const Ref<ado::Recordset> rows = p.read(sql::Categorie(p.profile()));
+    if (p.step([&] { return rows->EOF_(); })) {
+      showDefaults();
       navigator_.setModified(true);
       return;
     }
-    while (step([&] { return !rows->EOF_(); })) {
-      step([&] {
+    for (; p.more(rows); p.next(rows)) {
+      p.step([&] {
         const std::int32_t entity = toInt32(CDecN(rows->value("GM19_INDENTITA")));
         for (CategoryLevels* levels : {&customers_, &articles_}) {
           if (entity != levels->kind().entity) continue;
@@ -104,7 +103,6 @@ void CategoriesPage::LetturaDatiConfigurazioneCategorie() {
               RTrimN(rows->value("GM19_CODCLASSIF")), RTrimN(rows->value("GM19_DESCRCLASSIF")));
         }
       });
-      step([&] { rows->MoveNext(); });
     }
     navigator_.setModified(false);
   });
@@ -120,57 +118,52 @@ void CategoriesPage::showDefaults() {
 }
 
 void CategoriesPage::ConfermaModificheCategorie() {
-  trap(context_.services, "ConfermaModificheCategorie", [&](Steps& step) {
+  procedure(context_, "ConfermaModificheCategorie", [&](Procedure& p) {
     if (equalAsVariants(context_.profileId(), std::int32_t{0})) {
-      step([&] {
-        context_.services.message("Salvare prima il profilo di collegamento.", msgbox::information);
-      });
+      p.ask("Salvare prima il profilo di collegamento.", msgbox::information);
       return;
     }
-    const Ref<ado::Recordset> rows = step([&] { return context_.newRecordset(); });
-    step([&] {
+    const Ref<ado::Recordset> rows = p.step([&] { return context_.newRecordset(); });
+    p.step([&] {
       rows->setCursorLocation(ado::CursorLocation::Client);
       rows->Open(sql::Categorie(context_.profileKey()), context_.connection,
                  ado::CursorType::Static, ado::LockType::BatchOptimistic);
     });
     // When the user goes on without it nothing can be stored.
-    if (!step([&] { return rows->isOpen(); })) return;
-    store(customers_, rows, step);
-    store(articles_, rows, step);
-    step([&] { rows->setFilter(""); });
-    step([&] { rows->UpdateBatch(); });
-    if (articlePage_->isShown()) parameters_.storeCustomerNotes(step);
+    if (!p.step([&] { return rows->isOpen(); })) return;
+    store(customers_, rows, p);
+    store(articles_, rows, p);
+    p.step([&] { rows->setFilter(""); });
+    p.step([&] { rows->UpdateBatch(); });
+    if (articlePage_->isShown()) parameters_.storeCustomerNotes(p);
     // A batch that was skipped on the user's word is still to be stored.
     navigator_.setModified(rows->hasPendingBatch());
   });
 }
 
-void CategoriesPage::store(CategoryLevels& levels, const Ref<ado::Recordset>& rows, Steps& step) {
+void CategoriesPage::store(CategoryLevels& levels, const Ref<ado::Recordset>& rows, Procedure& p) {
   std::int16_t number = 0;
   for (const auto& level : levels.levels()) {
     ++number;
     const int entity = levels.kind().entity;
     const std::int32_t chosen = CategoryLevels::chosen(level);
-    step([&] { rows->setFilter(sql::FiltroCategoria(entity, number)); });
-    const bool stored = step([&] { return !rows->EOF_(); });
+    p.step([&] { rows->setFilter(sql::FiltroCategoria(entity, number)); });
+    const bool stored = p.more(rows);
     if (stored && chosen == 0) {
-      step([&] { rows->Delete(); });
+      p.step([&] { rows->Delete(); });
       continue;
     }
     if (!stored && chosen <= 0) continue;
-    const auto set = [&](const char* column, const Value& value) {
-      step([&] { rows->setValue(column, value); });
-    };
     if (!stored) {
-      step([&] { rows->AddNew(); });
-      set("GM19_IDDISPOSITIVO_GM03", context_.profileId());
-      set("GM19_PROG", number);
-      set("GM19_INDENTITA", static_cast<std::int16_t>(entity));
+      p.step([&] { rows->AddNew(); });
+      p.set(rows, "GM19_IDDISPOSITIVO_GM03", context_.profileId());
+      p.set(rows, "GM19_PROG", number);
+      p.set(rows, "GM19_INDENTITA", static_cast<std::int16_t>(entity));
     }
-    set("GM19_INDCLASSIF", level.classification.text());
-    set("GM19_CODCLASSIF", level.code.text());
-    set("GM19_DESCRCLASSIF", level.description.text());
-    step([&] { rows->Update(); });
+    p.set(rows, "GM19_INDCLASSIF", level.classification.text());
+    p.set(rows, "GM19_CODCLASSIF", level.code.text());
+    p.set(rows, "GM19_DESCRCLASSIF", level.description.text());
+    p.step([&] { rows->Update(); });
   }
 }
 

@@ -6,6 +6,7 @@
 #include "forms/anagrafica/categories/classification_catalogue.h"
 #include "forms/anagrafica/profile/parameters/parameter_page.h"
 #include "forms/page_context.h"
+#include "forms/procedure.h"
 
 namespace kebu::forms {
 
@@ -29,10 +30,10 @@ class CategoriesPage {
  private:
   void INAV_CATCLIART_ButtonClick(const std::string& button);
   void ConfermaModificheCategorie();
-  void addCatalogue(Steps& step);
-  bool isOffered(std::int32_t articleClassification, Steps& step);
+  void addCatalogue(Procedure& p);
+  bool isOffered(std::int32_t articleClassification, Procedure& p);
   void showDefaults();
-  void store(CategoryLevels& levels, const Ref<ado::Recordset>& rows, Steps& step);
+  void store(CategoryLevels& levels, const Ref<ado::Recordset>& rows, Procedure& p);
 
   PageContext& context_;
   controls::NavigatorBar& navigator_;

@@ -30,9 +30,23 @@ struct CategoryKind {
 };
 
 inline constexpr CategoryKind customerCategories{
-    1, 4, "CBO_CLI_AZ", "TXT_COD_CLI_AZ", "TXT_DESC_CLI_AZ", false, {}};
+    .entity = 1,
+    .levels = 4,
+    .combos = "CBO_CLI_AZ",
+    .codes = "TXT_COD_CLI_AZ",
+    .descriptions = "TXT_DESC_CLI_AZ",
+    .choiceClearsBoxes = false,
+    .fixed = {},
+};
 inline constexpr CategoryKind articleCategories{
-    3, 3, "CBO_ART_AZ", "TXT_COD_ART_AZ", "TXT_DESC_ART_AZ", true, fixedArticleClassifications};
+    .entity = 3,
+    .levels = 3,
+    .combos = "CBO_ART_AZ",
+    .codes = "TXT_COD_ART_AZ",
+    .descriptions = "TXT_DESC_ART_AZ",
+    .choiceClearsBoxes = true,
+    .fixed = fixedArticleClassifications,
+};
 
 /// What the additional code of an article classification names, and what the
 /// company must have for the classification to be offered.

@@ -1,8 +1,11 @@
 #include "forms/anagrafica/categories/category_levels.h"
 
+#include <optional>
+
 #include "common/convert.h"
 #include "common/nulls.h"
 #include "common/platform.h"
+#include "forms/procedure.h"
 #include "sql/categories.h"
 
 namespace kebu::forms {
@@ -19,6 +22,20 @@ std::string element(std::string_view array, int index) {
 void clearBoxes(CategoryLevels::Level& level) {
   level.code.setText("");
   level.description.setText("");
+}
+
+/// The number that a text is by the user's locale; nothing for another text.
+std::optional<Decimal> numberOf(const std::string& text) {
+  std::optional<Decimal> number;
+  ignoringErrors([&] { number = toDecimal(CDecN(text)); });
+  return number;
+}
+
+host::LookupDefinition articleDimensions(const sql::Company& company) {
+  return {.title = "Elenco parametri composizione articolo",
+          .statement = sql::ElencoDimensioni(company),
+          .captions = {"Progressivo", "Descrizione", "Dimensione"},
+          .key = "Lkp_ComposizioneArticolo"};
 }
 
 }  // namespace
@@ -77,14 +94,14 @@ std::int32_t CategoryLevels::chosen(const Level& level) {
 }
 
 void CategoryLevels::AfterItem(Level& level) {
-  trap(context_.services, comboEvent("_AfterItem"), [&](Steps& step) {
+  procedure(context_, comboEvent("_AfterItem"), [&](Procedure& p) {
     const std::string text = level.classification.text();
     if (text == classificationBefore_) return;
     if (kind_.choiceClearsBoxes) clearBoxes(level);
     if (chosen(level) == 0) {
       clearBoxes(level);
     } else {
-      const auto found = step([&] { return catalogue_.find(kind_.entity, text); });
+      const auto found = p.step([&] { return catalogue_.find(kind_.entity, text); });
       if (!found) {
         clearBoxes(level);
         for (const FixedClassification& fixed : kind_.fixed) {
@@ -107,11 +124,11 @@ void CategoryLevels::AfterItem(Level& level) {
 }
 
 void CategoryLevels::ChangeRow(Level& level) {
-  trap(context_.services, comboEvent("_ChangeRow"), [&](Steps& step) {
+  procedure(context_, comboEvent("_ChangeRow"), [&](Procedure& p) {
     bool takesCode = false;
     if (chosen(level) != 0) {
       const auto found =
-          step([&] { return catalogue_.find(kind_.entity, level.classification.text()); });
+          p.step([&] { return catalogue_.find(kind_.entity, level.classification.text()); });
       takesCode = found && found->takesCode;
     }
     level.code.setEnabled(takesCode);
@@ -119,59 +136,49 @@ void CategoryLevels::ChangeRow(Level& level) {
 }
 
 void CategoryLevels::TXT_COD_ART_AZ_LostFocus(Level& level) {
-  trap(context_.services, "TXT_COD_ART_AZ_LostFocus", [&](Steps& step) {
+  procedure(context_, "TXT_COD_ART_AZ_LostFocus", [&](Procedure& p) {
     const std::string code = level.code.text();
     const AdditionalCode kind = additionalCodeOf(chosen(level));
     if (code == codeBefore_ || kind == AdditionalCode::None) return;
-    Decimal number;
-    bool isNumber = false;
-    ignoringErrors([&] {
-      number = toDecimal(CDecN(code));
-      isNumber = true;
-    });
-    if (!isNumber) {
-      const std::string text = context_.translate("Valore non valido: ") + "\"" + code + "\".";
-      step([&] { context_.services.showText(text, msgbox::exclamation); });
+    const std::optional<Decimal> number = numberOf(code);
+    if (!number) {
+      p.step([&] {
+        const std::string text = context_.translate("Valore non valido: ") + "\"" + code + "\".";
+        context_.services.showText(text, msgbox::exclamation);
+      });
       level.code.setText(codeBefore_);
       return;
     }
     codeBefore_ = code;
-    if (number > Decimal(0)) {
-      const sql::Company company = context_.companyKey();
-      const std::string description = step([&] {
-        return kind == AdditionalCode::ConfigurationVariant
-                   ? context_.lookUpText(sql::DecodificaVariante(company, code), "MG5F_DESCR_VAR")
-                   : context_.lookUpText(sql::DecodificaDimensione(company, toSqlNumber(number)),
-                                         "MG6F_DESCR");
-      });
-      level.description.setText(description);
-    } else {
+    if (*number <= Decimal(0)) {
       level.description.setText("");
+    } else if (kind == AdditionalCode::ConfigurationVariant) {
+      level.description.setText(
+          p.lookUpText(sql::DecodificaVariante(p.company(), code), "MG5F_DESCR_VAR"));
+    } else {
+      level.description.setText(
+          p.lookUpText(sql::DecodificaDimensione(p.company(), toSqlNumber(*number)), "MG6F_DESCR"));
     }
     modified_();
   });
 }
 
 void CategoryLevels::lookUpCode(Level& level) {
-  trap(context_.services, "TXT_COD_ART_AZ_StartLookup", [&](Steps& step) {
+  procedure(context_, "TXT_COD_ART_AZ_StartLookup", [&](Procedure& p) {
     const AdditionalCode kind = additionalCodeOf(chosen(level));
     if (kind == AdditionalCode::None) return;
-    const sql::Company company = context_.companyKey();
-    const auto list = step([&]() -> host::LookupDefinition {
-      if (kind == AdditionalCode::ConfigurationVariant) {
-        return context_.lookups->Configurator(company.text);
-      }
-      return {"Elenco parametri composizione articolo",
-              sql::ElencoDimensioni(company),
-              {"Progressivo", "Descrizione", "Dimensione"},
-              "Lkp_ComposizioneArticolo"};
-    });
-    const auto code = step([&] { return context_.choose(list); });
+    const auto code = p.choose(kind == AdditionalCode::ConfigurationVariant
+                                   ? p.step([&] { return configuratorVariants(); })
+                                   : articleDimensions(p.company()));
     if (!code) return;
     codeBefore_ = level.code.text();
-    step([&] { level.code.enter(*code); });
+    p.step([&] { level.code.enter(*code); });
     TXT_COD_ART_AZ_LostFocus(level);
   });
+}
+
+host::LookupDefinition CategoryLevels::configuratorVariants() const {
+  return context_.lookups->Configurator(context_.companyKey().text);
 }
 
 }  // namespace kebu::forms

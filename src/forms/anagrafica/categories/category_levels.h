@@ -49,6 +49,7 @@ class CategoryLevels {
   void ChangeRow(Level& level);
   void TXT_COD_ART_AZ_LostFocus(Level& level);
   void lookUpCode(Level& level);
+  host::LookupDefinition configuratorVariants() const;
   std::string comboEvent(const char* name) const { return std::string(kind_.combos) + name; }
 
   const CategoryKind& kind_;

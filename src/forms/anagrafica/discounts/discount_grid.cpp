@@ -8,6 +8,7 @@
 #include "common/convert.h"
 #include "common/nulls.h"
 #include "forms/anagrafica/discounts/list_types.h"
+#include "forms/procedure.h"
 #include "sql/discount_rules.h"
 
 namespace kebu::forms {
@@ -21,7 +22,7 @@ struct DiscountModeNames {
   const char* check;
   const char* checkCaption;
   const char* grid;
-  const char* setUp;           ///< the procedure that lays the grid out
+  const char* setUp;           ///< the procedure that sets the grid up
   const char* tableProcedure;  ///< the procedure that names the working table
   const char* tablePrefix;
   std::string_view typeField;
@@ -65,12 +66,6 @@ constexpr const char* erpField = "GM61_CAMPOCORVANE";
 /// A column without a field in the table: its list of prices is lent to cells of `erpField`.
 constexpr const char* priceList = "DUMMY";
 
-template <class Items>
-constexpr GridColumn listColumn(std::string_view field, std::string_view caption,
-                                std::int32_t width, const Items& items) {
-  return {field, caption, width, ColumnKind::ValueList, std::data(items), std::size(items)};
-}
-
 const DiscountModeNames& namesOf(sql::DiscountMode mode) {
   return mode == sql::DiscountMode::OnPrice ? onPrice : onGrid;
 }
@@ -101,7 +96,7 @@ DiscountGrid::DiscountGrid(PageContext& context, ProgressDisplay& progress, sql:
   grid.setEnabled(false);
   check.Click.on([this] { CheckClick(); });
   check.AfterChange.on([this] {
-    trap(context_.services, check.Name() + "_AfterChange", [&](Steps&) { Modified.raise(); });
+    procedure(context_, check.Name() + "_AfterChange", [&](Procedure&) { Modified.raise(); });
   });
   grid.cellLocked = [this](std::int32_t row, const std::string& field) {
     return isLocked(row, field);
@@ -123,24 +118,39 @@ void DiscountGrid::renameTable() {
 }
 
 void DiscountGrid::Imposta(const sql::DiscountKind& kind) {
-  trap(context_.services, names_.setUp, [&](Steps& step) {
+  procedure(context_, names_.setUp, [&](Procedure& p) {
     const auto translate = [this](const std::string& text) { return context_.translate(text); };
     const auto add = [&](const GridColumn& column) {
-      step([&] { grid.addColumn(column, translate); });
+      p.step([&] { grid.addColumn(column, translate); });
     };
-    step([&] { grid.clearColumns(); });
-    add({selected, "Sel.", 950, ColumnKind::Check});
-    add({"GM61_DESCLISTCORVANE", "Listini Corvane", 2200, ColumnKind::Text});
+    grid.clearColumns();
+    add({.field = selected, .caption = "Sel.", .width = 950, .kind = ColumnKind::Check});
+    add({.field = "GM61_DESCLISTCORVANE", .caption = "Listini Corvane", .width = 2200});
     for (GridColumn column : listTypeOf(kind).columns) {
       if (column.caption.empty()) break;
       if (column.field == articleOfMode) column.field = names_.articleField;
       add(column);
     }
-    add(listColumn(names_.typeField, "Sconto Tarvo", 1650, names_.types));
-    add(listColumn(erpField, "Campo list. Corvane", 2050, percentageField));
-    add({"GM61_NOMEREGOLA", "Nome Tarvo", 2600, ColumnKind::Text});
-    add(listColumn(priceList, "Dummy", 0, priceFields));
-    if (kind.saved.position) add({"GM61_POSIZIONE", "Posizione", 1150, ColumnKind::Number});
+    add({.field = names_.typeField,
+         .caption = "Sconto Tarvo",
+         .width = 1650,
+         .kind = ColumnKind::ValueList,
+         .items = names_.types});
+    add({.field = erpField,
+         .caption = "Campo list. Corvane",
+         .width = 2050,
+         .kind = ColumnKind::ValueList,
+         .items = percentageField});
+    add({.field = "GM61_NOMEREGOLA", .caption = "Nome Tarvo", .width = 2600});
+    add({.field = priceList,
+         .caption = "Dummy",
+         .kind = ColumnKind::ValueList,
+         .items = priceFields});
+    if (!kind.saved.position) return;
+    add({.field = "GM61_POSIZIONE",
+         .caption = "Posizione",
+         .width = 1150,
+         .kind = ColumnKind::Number});
   });
 }
 
@@ -151,65 +161,62 @@ bool DiscountGrid::isLocked(std::int32_t row, const std::string& field) {
 }
 
 void DiscountGrid::OnEdited() {
-  trap(context_.services, procedure("_OnEdited"), [&](Steps& step) {
+  procedure(context_, eventName("_OnEdited"), [&](Procedure& p) {
     if (!rows()) return;
     Modified.raise();
-    const auto field = [&](std::string_view name) {
-      return step([&] { return rows()->value(name); });
-    };
     const Value zero(std::int16_t{0});
     const std::string type(names_.typeField);
-    const bool isFirstType = equalAsVariants(CDecN(field(type)), zero);
-    if (!isFirstType || equalAsVariants(field(erpField), zero)) return;
+    const bool isFirstType = equalAsVariants(CDecN(p.value(rows(), type)), zero);
+    if (!isFirstType || equalAsVariants(p.value(rows(), erpField), zero)) return;
     // A percentage always comes from the first discount.
-    step([&] { grid.write({{type, zero}, {erpField, zero}}); });
-    step([&] { grid.refresh(); });
+    p.step([&] { grid.write({{type, zero}, {erpField, zero}}); });
+    p.step([&] { grid.refresh(); });
   });
 }
 
 void DiscountGrid::SelectionBoxClick(const std::string& field) {
-  trap(context_.services, procedure("_SelectionBoxClick"), [&](Steps&) {
+  procedure(context_, eventName("_SelectionBoxClick"), [&](Procedure&) {
     if (field == selected && context_.loaded) Modified.raise();
   });
 }
 
 void DiscountGrid::RowChanged() {
-  trap(context_.services, procedure("_RowChanged"), [&](Steps& step) {
+  procedure(context_, eventName("_RowChanged"), [&](Procedure& p) {
     if (!rows() || grid.currentRow() == 0) return;
-    const Value saved = step([&] { return rows()->value("GM61_DATAULTAGG"); });
+    const Value saved = p.value(rows(), "GM61_DATAULTAGG");
     if (saved.holds<Date>()) LastUpdate.raise(saved.as<Date>());
   });
 }
 
 void DiscountGrid::GetCellRenderColumn(std::int32_t row, const std::string& field,
                                        std::string& lender) {
-  trap(context_.services, procedure("_GetCellRenderColumn"), [&](Steps&) {
+  procedure(context_, eventName("_GetCellRenderColumn"), [&](Procedure&) {
     if (rows()) lender = GetNodeEdit(row, field);
   });
 }
 
 std::string DiscountGrid::GetNodeEdit(std::int32_t row, const std::string& field) {
-  return trap(context_.services, "GetNodeEdit_" + grid.Name(), [&](Steps& step) -> std::string {
+  return procedure(context_, "GetNodeEdit_" + grid.Name(), [&](Procedure& p) -> std::string {
     if (field != erpField) return "";
-    const Value type = step([&] { return grid.cell(row, names_.typeField); });
+    const Value type = p.step([&] { return grid.cell(row, names_.typeField); });
     return isOne(type) ? priceList : "";
   });
 }
 
 void DiscountGrid::SelectAllClickEXT(bool selecting, bool& cancel) {
   cancel = true;  // one statement does it, not the grid row by row
-  progress_.during(
-      procedure("_SelectAllClickEXT"), "Seleziona/deseleziona in corso...", [&](Steps& step) {
-        const auto painted = context_.paintedMeanwhile();
-        step([&] { context_.connection->Execute(sql::SelezionaTutte(table_, selecting)); });
-        step([&] { grid.requery(); });
-        Modified.raise();
-      });
+  progress_.during(eventName("_SelectAllClickEXT"), "Seleziona/deseleziona in corso...",
+                   [&](Procedure& p) {
+                     const auto painted = context_.paintedMeanwhile();
+                     p.run(sql::SelezionaTutte(table_, selecting));
+                     p.step([&] { grid.requery(); });
+                     Modified.raise();
+                   });
 }
 
 void DiscountGrid::CheckClick() {
-  trap(context_.services, check.Name() + "_Click",
-       [&](Steps& step) { step([&] { grid.setEnabled(toBoolean(CDecN(check.value()))); }); });
+  procedure(context_, check.Name() + "_Click",
+            [&](Procedure&) { grid.setEnabled(toBoolean(CDecN(check.value()))); });
 }
 
 }  // namespace kebu::forms

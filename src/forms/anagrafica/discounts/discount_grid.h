@@ -55,7 +55,7 @@ class DiscountGrid {
   void CheckClick();
   bool isLocked(std::int32_t row, const std::string& field);
   /// The given name of a procedure: "QGRID_SCONTOSUPREZZO" and then "_OnEdited".
-  std::string procedure(const char* event) const { return grid.Name() + event; }
+  std::string eventName(const char* event) const { return grid.Name() + event; }
 
   const DiscountModeNames& names_;
   sql::DiscountMode mode_;

@@ -56,10 +56,9 @@ std::array<FixedChoiceCombo, 2> DiscountOptions::fixedChoices() {
   return {{{CMB_LISTINISCONTO, discountList}, {CMB_REGAPPLICAZIONE, ruleApplication}}};
 }
 
-void DiscountOptions::optionChanged(const std::string& procedure) {
-  trap(context_.services, procedure, [&](Steps& step) {
-    if (!context_.loaded) return;
-    step([&] { navigator_.setButtonEnabled("Conferma", true); });
+void DiscountOptions::optionChanged(const std::string& name) {
+  procedure(context_, name, [&](Procedure&) {
+    if (context_.loaded) navigator_.setButtonEnabled("Conferma", true);
   });
   Modified.raise();
 }
@@ -71,14 +70,14 @@ void DiscountOptions::reset() {
   CMB_REGAPPLICAZIONE.select(ruleApplication.initial);
 }
 
-void DiscountOptions::show(const Ref<ado::Recordset>& rule, Steps& step) {
+void DiscountOptions::show(const Ref<ado::Recordset>& rule, Procedure& p) {
   const auto tick = [&](controls::CheckBox& box, const char* column) {
-    step([&] { box.setTicked(toBoolean(CDecN(rule->value(column)))); });
+    box.setTicked(toBoolean(CDecN(p.value(rule, column))));
   };
   tick(CHK_VISPREZZIBARRATI, "GM61_FLGPRZBARRATI");
   tick(CHK_NONTRATTAREALTRISCONTI, "GM61_FLGNONTRATTAREALTRISC");
   tick(CHK_MONOUSO, "GM61_FLGMONOUSO");
-  step([&] { CMB_REGAPPLICAZIONE.select(CDecN(rule->value("GM61_INDREGOLEINCLUSIONE"))); });
+  CMB_REGAPPLICAZIONE.select(CDecN(p.value(rule, "GM61_INDREGOLEINCLUSIONE")));
 }
 
 sql::RuleOptions DiscountOptions::values() const {

@@ -8,6 +8,7 @@
 #include "controls/simple_controls.h"
 #include "forms/anagrafica/fixed_choice.h"
 #include "forms/page_context.h"
+#include "forms/procedure.h"
 #include "sql/discount_rules.h"
 
 namespace kebu::forms {
@@ -32,7 +33,7 @@ class DiscountOptions {
   /// Puts the options back to what they are for new rules.
   void reset();
   /// Shows the options that a stored rule carries.
-  void show(const Ref<ado::Recordset>& rule, Steps& step);
+  void show(const Ref<ado::Recordset>& rule, Procedure& p);
   /// The options as rules carry them that are stored today.
   sql::RuleOptions values() const;
 
@@ -40,7 +41,7 @@ class DiscountOptions {
   Event<> Modified;
 
  private:
-  void optionChanged(const std::string& procedure);
+  void optionChanged(const std::string& name);
 
   PageContext& context_;
   controls::NavigatorBar& navigator_;

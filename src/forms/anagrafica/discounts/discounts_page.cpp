@@ -88,36 +88,31 @@ const sql::DiscountKind& DiscountsPage::kindOf(const DiscountGrid& mode) const {
 }
 
 void DiscountsPage::CMB_LISTINISCONTO_ChangeRow() {
-  trap(context_.services, "CMB_LISTINISCONTO_ChangeRow", [&](Steps& step) {
+  procedure(context_, "CMB_LISTINISCONTO_ChangeRow", [&](Procedure& p) {
     controls::ComboBox& combo = options.CMB_LISTINISCONTO;
-    const std::int32_t chosen = step([&] { return toInt32(CDecN(combo.value())); });
+    const std::int32_t chosen = toInt32(CDecN(combo.value()));
     if (!context_.loaded || chosen == listType_) return;
     if (pending_) {
-      constexpr std::int32_t style = msgbox::yesNoCancel | msgbox::question;
-      const std::int32_t answer = step([&] {
-        return context_.services.message("Salvare le modifiche apportate agli sconti?", style);
-      });
+      const std::int32_t answer = p.ask("Salvare le modifiche apportate agli sconti?",
+                                        msgbox::yesNoCancel | msgbox::question);
       if (answer == msgbox::cancel) {
-        step([&] { combo.select(listType_); });
+        combo.select(listType_);
         return;
       }
-      if (answer == msgbox::yes && listType_ != 0) {
-        RegistraListini(onPrice);
-        RegistraListini(byGrid);
-      }
+      if (answer == msgbox::yes) registerBoth();
     }
     pending_ = false;
     listType_ = chosen;
     const bool any = listType_ != 0;
     for (DiscountGrid* mode : {&onPrice, &byGrid}) {
-      step([&] { mode->check.setTicked(false); });
-      step([&] { mode->check.setEnabled(any); });
-      step([&] { mode->empty(); });
+      mode->check.setTicked(false);
+      mode->check.setEnabled(any);
+      mode->empty();
     }
-    step([&] { options.reset(); });
-    step([&] { offer(false, false); });
-    step([&] { CMD_AGGIORNA.setEnabled(any); });
-    step([&] { LBL_DATAULTAGG.setCaption(""); });
+    options.reset();
+    offer(false, false);
+    CMD_AGGIORNA.setEnabled(any);
+    LBL_DATAULTAGG.setCaption("");
     if (!any) return;
     CaricaListini(onPrice);
     CaricaListini(byGrid);
@@ -125,114 +120,105 @@ void DiscountsPage::CMB_LISTINISCONTO_ChangeRow() {
 }
 
 void DiscountsPage::CMD_AGGIORNA_ButtonClick() {
-  trap(context_.services, "CMD_AGGIORNA_ButtonClick", [&](Steps& step) {
-    step([&] { CMD_AGGIORNA.setEnabled(false); });
-    step([&] { onPrice.check.setTicked(false); });
-    step([&] { byGrid.check.setTicked(false); });
-    step([&] {
+  procedure(context_, "CMD_AGGIORNA_ButtonClick", [&](Procedure& p) {
+    CMD_AGGIORNA.setEnabled(false);
+    onPrice.check.setTicked(false);
+    byGrid.check.setTicked(false);
+    p.step([&] {
       LBL_DATAULTAGG.setCaption(context_.translate("Ultimo aggiornamento: da aggiornare"));
     });
-    if (listType_ != 0) {
-      AggiornaListini(onPrice);
-      AggiornaListini(byGrid);
-    }
-    step([&] { CMD_AGGIORNA.setEnabled(true); });
+    recomputeBoth();
+    CMD_AGGIORNA.setEnabled(true);
   });
 }
 
 void DiscountsPage::INAV_PAR_ButtonClick(bool& cancel, const std::string& button) {
   if (!shown_) return;
-  trap(context_.services, "INAV_PAR_ButtonClick", [&](Steps& step) {
+  procedure(context_, "INAV_PAR_ButtonClick", [&](Procedure& p) {
     cancel = true;  // the bar's own action is the profile's
     if (button == "Conferma") {
-      if (listType_ != 0) {
-        RegistraListini(onPrice);
-        RegistraListini(byGrid);
-      }
+      registerBoth();
       pending_ = false;
-      step([&] { offer(false, true); });
-      step([&] { showLastUpdate(context_.today()); });
+      offer(false, true);
+      p.step([&] { showLastUpdate(context_.today()); });
     } else if (button == "Elimina") {
       EliminaListini();
-      if (listType_ != 0) {
-        AggiornaListini(onPrice);
-        AggiornaListini(byGrid);
-      }
+      recomputeBoth();
       pending_ = false;
-      step([&] { offer(false, false); });
-      step([&] { showLastUpdate(context_.today()); });
-      step([&] { options.reset(); });
+      offer(false, false);
+      p.step([&] { showLastUpdate(context_.today()); });
+      options.reset();
     }
   });
 }
 
-void DiscountsPage::dropTable(DiscountGrid& mode, Steps& step) {
+void DiscountsPage::registerBoth() {
+  if (listType_ == 0) return;
+  RegistraListini(onPrice);
+  RegistraListini(byGrid);
+}
+
+void DiscountsPage::recomputeBoth() {
+  if (listType_ == 0) return;
+  AggiornaListini(onPrice);
+  AggiornaListini(byGrid);
+}
+
+void DiscountsPage::dropTable(const DiscountGrid& mode, Procedure& p) {
   if (RTrimN(mode.table()).empty()) return;
-  step([&] { context_.connection->Execute(sql::EliminaTabellaSconti(mode.table())); });
+  p.run(sql::EliminaTabellaSconti(mode.table()));
 }
 
 void DiscountsPage::CaricaListini(DiscountGrid& mode) {
   const sql::DiscountKind& kind = kindOf(mode);
   mode.Imposta(kind);
-  progress_.during(kind.carica, "Caricamento listini in corso...", [&](Steps& step) {
+  progress_.during(kind.carica, "Caricamento listini in corso...", [&](Procedure& p) {
     const auto painted = context_.paintedMeanwhile();
-    dropTable(mode, step);
+    dropTable(mode, p);
     mode.renameTable();
-    step([&] {
-      context_.connection->Execute(sql::CaricaRegole(mode.table(), context_.companyKey(), kind));
-    });
-    const Ref<ado::Recordset> rows = step([&] {
-      return context_.openEditable(sql::RigheRegole(mode.table()), ado::CursorType::Dynamic);
-    });
-    step([&] { mode.grid.setDataSource(rows); });
-    if (step([&] { return rows && !rows->EOF_(); })) {
-      showStored(mode, step);
+    p.run(sql::CaricaRegole(mode.table(), p.company(), kind));
+    const auto rows = p.openEditable(sql::RigheRegole(mode.table()), ado::CursorType::Dynamic);
+    p.show(mode.grid, rows);
+    if (p.step([&] { return rows && !rows->EOF_(); })) {
+      showStored(mode, p);
     } else {
-      step([&] { mode.check.setTicked(false); });
+      mode.check.setTicked(false);
       AggiornaListini(mode);
     }
   });
 }
 
 // The options stand in every rule; the first row's are shown.
-void DiscountsPage::showStored(DiscountGrid& mode, Steps& step) {
+void DiscountsPage::showStored(DiscountGrid& mode, Procedure& p) {
   const bool isPrice = mode.mode() == sql::DiscountMode::OnPrice;
   const char* const flag = isPrice ? "GM61_FLGSCONTISUPRZ" : "GM61_FLGGRIGLIASCONTI";
-  step([&] { mode.check.setTicked(toBoolean(CDecN(mode.rows()->value(flag)))); });
-  options.show(mode.rows(), step);
-  step([&] { offer(offersConfirming_, true); });
+  mode.check.setTicked(toBoolean(CDecN(p.value(mode.rows(), flag))));
+  options.show(mode.rows(), p);
+  offer(offersConfirming_, true);
 }
 
 void DiscountsPage::AggiornaListini(DiscountGrid& mode) {
   const sql::DiscountKind& kind = kindOf(mode);
-  progress_.during(kind.aggiorna, "Aggiornamento listini in corso...", [&](Steps& step) {
+  progress_.during(kind.aggiorna, "Aggiornamento listini in corso...", [&](Procedure& p) {
     const auto painted = context_.paintedMeanwhile();
-    dropTable(mode, step);
-    step([&] {
-      context_.connection->Execute(
-          sql::CreaCandidati(mode.table(), context_.companyKey(), kind, priceRows_));
-    });
-    const Ref<ado::Recordset> rows = step([&] {
-      return context_.openEditable(sql::RigheCandidati(mode.table(), kind),
-                                   ado::CursorType::Dynamic);
-    });
+    dropTable(mode, p);
+    p.run(sql::CreaCandidati(mode.table(), p.company(), kind, priceRows_));
+    const auto rows =
+        p.openEditable(sql::RigheCandidati(mode.table(), kind), ado::CursorType::Dynamic);
     if (kind.mode == sql::DiscountMode::OnPrice) {
-      priceRows_ = step([&] { return rows ? rows->RecordCount() : 0; });
+      priceRows_ = p.step([&] { return rows ? rows->RecordCount() : 0; });
     }
-    step([&] { mode.grid.setDataSource(rows); });
+    p.show(mode.grid, rows);
   });
 }
 
 void DiscountsPage::EliminaListini() {
-  trap(context_.services, "EliminaListini", [&](Steps& step) {
+  procedure(context_, "EliminaListini", [&](Procedure& p) {
     for (const DiscountGrid* mode : {&onPrice, &byGrid}) {
       if (mode->isOn() || !mode->rows()) continue;
       const std::string listType = toSqlNumber(CDecN(options.CMB_LISTINISCONTO.value()));
-      step([&] {
-        const auto painted = context_.paintedMeanwhile();
-        context_.connection->Execute(
-            sql::EliminaRegole(context_.companyKey(), mode->mode(), listType));
-      });
+      const auto painted = context_.paintedMeanwhile();
+      p.run(sql::EliminaRegole(p.company(), mode->mode(), listType));
     }
   });
 }

@@ -9,6 +9,7 @@
 #include "forms/anagrafica/discounts/discount_options.h"
 #include "forms/anagrafica/progress_display.h"
 #include "forms/page_context.h"
+#include "forms/procedure.h"
 #include "sql/discount_kinds.h"
 
 namespace kebu::forms {
@@ -46,9 +47,12 @@ class DiscountsPage {
   void RegistraListini(DiscountGrid& mode);
   void EliminaListini();
 
-  void dropTable(DiscountGrid& mode, Steps& step);
-  void showStored(DiscountGrid& mode, Steps& step);
-  void storeTicked(const sql::DiscountKind& kind, const DiscountGrid& mode, Steps& step);
+  /// Both modes of the list type that is shown, if one is.
+  void registerBoth();
+  void recomputeBoth();
+  static void dropTable(const DiscountGrid& mode, Procedure& p);
+  void showStored(DiscountGrid& mode, Procedure& p);
+  void storeTicked(const sql::DiscountKind& kind, const DiscountGrid& mode, Procedure& p);
   void setModified(bool modified);
   void showLastUpdate(const Date& day);
   void offer(bool confirming, bool deleting);

@@ -61,55 +61,52 @@ class StepReader {
 void DiscountsPage::RegistraListini(DiscountGrid& mode) {
   if (!mode.isOn()) return;
   const sql::DiscountKind& kind = kindOf(mode);
-  progress_.during(kind.registra, "Registrazione listini in corso...", [&](Steps& step) {
+  progress_.during(kind.registra, "Registrazione listini in corso...", [&](Procedure& p) {
     const Ref<ado::Recordset>& shown = mode.rows();
-    const std::int32_t count = step([&] { return shown ? shown->RecordCount() : 0; });
+    const std::int32_t count = p.step([&] { return shown ? shown->RecordCount() : 0; });
     if (count == 1) {
       // The tick of an only row may not have reached the working table.
-      if (step([&] { return toInt32(CDecN(shown->value("GM61_ATTIVA"))) == 1; })) {
-        step([&] {
-          context_.connection->Execute(
-              sql::SelezionaRiga(mode.table(), toSqlNumber(shown->value("GM61_ID"))));
-        });
+      if (toInt32(CDecN(p.value(shown, "GM61_ATTIVA"))) == 1) {
+        p.run(sql::SelezionaRiga(mode.table(), toSqlNumber(p.value(shown, "GM61_ID"))));
       }
     } else if (count > 1) {
-      step([&] { shown->MoveFirst(); });  // stores an edit that is still under way
-      step([&] { mode.grid.refresh(); });
+      p.step([&] { shown->MoveFirst(); });  // stores an edit that is still under way
+      p.step([&] { mode.grid.refresh(); });
     }
-    step([&] {
+    {
       const auto painted = context_.paintedMeanwhile();
-      context_.connection->Execute(
-          sql::EliminaRegole(context_.companyKey(), kind.mode, std::to_string(kind.listType)));
-    });
-    storeTicked(kind, mode, step);
+      p.run(sql::EliminaRegole(p.company(), kind.mode, std::to_string(kind.listType)));
+    }
+    storeTicked(kind, mode, p);
   });
 }
 
 void DiscountsPage::storeTicked(const sql::DiscountKind& kind, const DiscountGrid& mode,
-                                Steps& step) {
-  const Ref<ado::Recordset> ticked = step([&] {
+                                Procedure& p) {
+  const Ref<ado::Recordset> ticked = p.step([&] {
     const auto painted = context_.paintedMeanwhile();
     return context_.openReadable(sql::RegoleSelezionate(mode.table(), kind));
   });
   if (!ticked) return;
   std::vector<std::string> columns;
   for (const ado::Field& field : ticked->fields()) columns.push_back(field.name);
-  sql::RuleStatements statements(context_.companyKey(), kind, columns, options.values());
+  sql::RuleStatements statements(p.company(), kind, columns, options.values());
 
   const auto stepsOf = [&](const Row& row) {
     if (kind.mode != sql::DiscountMode::Grid) return std::vector<sql::RuleStep>();
-    return step([&] {
+    return p.step([&] {
       const auto found = context_.connection->Execute(statements.LeggiScaglioni(row));
       return StepReader(statements, row).read(*found);
     });
   };
-  progress_.expect(step([&] { return ticked->RecordCount(); }));
+  progress_.expect(p.step([&] { return ticked->RecordCount(); }));
   std::int32_t done = 0;
-  while (step([&] { return !ticked->EOF_(); })) {
-    for (const Row& row : step([&] { return ticked->GetRows(rowsAtATime); })) {
+  while (p.more(ticked)) {
+    for (const Row& row : p.step([&] { return ticked->GetRows(rowsAtATime); })) {
       progress_.advance(++done);
       const std::vector<sql::RuleStep> steps = stepsOf(row);
-      step([&] { context_.connection->ExecuteNoRecords(statements.InserisciRegola(row, steps)); });
+      p.step(
+          [&] { context_.connection->ExecuteNoRecords(statements.InserisciRegola(row, steps)); });
     }
   }
 }

@@ -12,9 +12,9 @@ namespace kebu::forms {
 struct FilterPages::Filter {
   controls::QueryEditor& editor;
   FilterEditor& filter;
-  const char* keySuffix;
+  const char* keySuffix;  ///< of the storage key for saved filters
   const char* savedName;
-  const char* column;
+  const char* column;  ///< of the parameters, for the condition
   std::function<std::string()> condition;
 };
 
@@ -27,22 +27,28 @@ FilterPages::FilterPages(PageContext& context)
   for (controls::QueryEditor* editor : {&ENHQUERY_CLI, &ENHQUERY_ART}) {
     // A changed filter is saved with the profile.
     editor->CurrentRecordChanged.on([this, editor](const std::string&) {
-      trap(context_.services, editor->Name() + "_CurrentRecordChanged",
-           [&](Steps& step) { step([&] { context_.profile.markModified(); }); });
+      procedure(context_, editor->Name() + "_CurrentRecordChanged",
+                [&](Procedure&) { context_.profile.markModified(); });
     });
   }
 }
 
 FilterPages::Filter FilterPages::customers() {
-  return {ENHQUERY_CLI,           customers_,         "_CLI",
-          "Filtro clienti Tarvo", "GM04_WHERECLIFOR", [this] { return StringaLimitiClienti(); }};
+  return {.editor = ENHQUERY_CLI,
+          .filter = customers_,
+          .keySuffix = "_CLI",
+          .savedName = "Filtro clienti Tarvo",
+          .column = "GM04_WHERECLIFOR",
+          .condition = [this] { return StringaLimitiClienti(); }};
 }
 
 FilterPages::Filter FilterPages::articles() {
-  return {
-      ENHQUERY_ART, articles_, "_ART", "Filtro articoli Tarvo", "GM04_WHERESELARTICOLI", [this] {
-        return StringaLimitiArticoli();
-      }};
+  return {.editor = ENHQUERY_ART,
+          .filter = articles_,
+          .keySuffix = "_ART",
+          .savedName = "Filtro articoli Tarvo",
+          .column = "GM04_WHERESELARTICOLI",
+          .condition = [this] { return StringaLimitiArticoli(); }};
 }
 
 void FilterPages::place(controls::GroupBox& customers, controls::GroupBox& articles) {
@@ -51,44 +57,42 @@ void FilterPages::place(controls::GroupBox& customers, controls::GroupBox& artic
 }
 
 void FilterPages::ImpostaEnQuery() {
-  trap(context_.services, "ImpostaEnQuery", [&](Steps& step) {
-    prepare(step, customers());
-    prepare(step, articles());
+  procedure(context_, "ImpostaEnQuery", [&](Procedure& p) {
+    prepare(customers(), p);
+    prepare(articles(), p);
   });
 }
 
-void FilterPages::prepare(Steps& step, const Filter& filter) {
-  filter.filter.prepare(step, filter.keySuffix);
+void FilterPages::prepare(const Filter& filter, Procedure& p) {
+  filter.filter.prepare(filter.keySuffix, p);
   const auto load = [&] { return filter.editor.loadFilter(filter.savedName); };
-  if (step(load)) return;
-  step([&] { filter.editor.saveFilter(filter.savedName, true); });
-  step(load);
-}
-
-std::string FilterPages::condition(const char* procedure, FilterEditor& filter) {
-  return trap(context_.services, procedure, [&](Steps& step) { return filter.condition(step); });
+  if (p.step(load)) return;
+  p.step([&] { filter.editor.saveFilter(filter.savedName, true); });
+  p.step(load);
 }
 
 std::string FilterPages::StringaLimitiClienti() {
-  return condition("StringaLimitiClienti", customers_);
+  return procedure(context_, "StringaLimitiClienti",
+                   [&](Procedure& p) { return p.step([&] { return customers_.condition(); }); });
 }
 
 std::string FilterPages::StringaLimitiArticoli() {
-  return condition("StringaLimitiArticoli", articles_);
+  return procedure(context_, "StringaLimitiArticoli",
+                   [&](Procedure& p) { return p.step([&] { return articles_.condition(); }); });
 }
 
-void FilterPages::storeConditions(Steps& step, controls::RecordFrame& parameters, bool& cancel) {
-  // It would publish nothing, which nobody means.
-  cancel = step([&] { return !ENHQUERY_CLI.confirmRanges() || !ENHQUERY_ART.confirmRanges(); });
+void FilterPages::storeConditions(controls::RecordFrame& parameters, bool& cancel, Procedure& p) {
+  // A range the wrong way round would publish nothing, which nobody means.
+  cancel = p.step([&] { return !ENHQUERY_CLI.confirmRanges() || !ENHQUERY_ART.confirmRanges(); });
   if (cancel) return;
-  store(step, customers(), parameters);
-  store(step, articles(), parameters);
+  store(customers(), parameters, p);
+  store(articles(), parameters, p);
 }
 
-void FilterPages::store(Steps& step, const Filter& filter, controls::RecordFrame& parameters) {
-  step([&] { filter.editor.saveFilter(filter.savedName, true); });
+void FilterPages::store(const Filter& filter, controls::RecordFrame& parameters, Procedure& p) {
+  p.step([&] { filter.editor.saveFilter(filter.savedName, true); });
   const std::string condition = filter.condition();
-  step([&] {
+  p.step([&] {
     // Trailing blanks alone are no difference.
     if (RTrimN(parameters.field(filter.column)) == RTrimN(condition)) return;
     parameters.setField(filter.column, condition);
@@ -96,9 +100,9 @@ void FilterPages::store(Steps& step, const Filter& filter, controls::RecordFrame
 }
 
 void FilterPages::reload() {
-  trap(context_.services, "ImpostaEnQuery", [&](Steps& step) {
+  procedure(context_, "ImpostaEnQuery", [&](Procedure& p) {
     for (const Filter& filter : {customers(), articles()}) {
-      step([&] { static_cast<void>(filter.editor.loadFilter(filter.savedName)); });
+      p.step([&] { static_cast<void>(filter.editor.loadFilter(filter.savedName)); });
     }
   });
 }

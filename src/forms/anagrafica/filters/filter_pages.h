@@ -7,6 +7,7 @@
 #include "controls/simple_controls.h"
 #include "forms/filters/filter_editor.h"
 #include "forms/page_context.h"
+#include "forms/procedure.h"
 
 namespace kebu::forms {
 
@@ -25,10 +26,10 @@ class FilterPages {
   /// The conditions as the synchronisation appends them; "" for no restriction.
   std::string StringaLimitiClienti();
   std::string StringaLimitiArticoli();
-  /// A step of the profile's save: saves both filters and writes the
-  /// conditions that differ into the parameter row. Cancels on a range that
-  /// stands the wrong way round.
-  void storeConditions(Steps& step, controls::RecordFrame& parameters, bool& cancel);
+  /// Part of the profile's save: saves both filters and writes the conditions
+  /// that differ into the parameter row. Cancels when the bounds of a range are
+  /// the wrong way round.
+  void storeConditions(controls::RecordFrame& parameters, bool& cancel, Procedure& p);
   /// Shows the saved filters again.
   void reload();
   void release();
@@ -38,9 +39,8 @@ class FilterPages {
 
   Filter customers();
   Filter articles();
-  void prepare(Steps& step, const Filter& filter);
-  static void store(Steps& step, const Filter& filter, controls::RecordFrame& parameters);
-  std::string condition(const char* procedure, FilterEditor& filter);
+  static void prepare(const Filter& filter, Procedure& p);
+  static void store(const Filter& filter, controls::RecordFrame& parameters, Procedure& p);
 
   PageContext& context_;
   FilterEditor customers_;

@@ -5,6 +5,7 @@
 #include "common/convert.h"
 #include "common/nulls.h"
 #include "forms/anagrafica/frame/views.h"
+#include "forms/procedure.h"
 #include "sql/working_tables.h"
 
 namespace kebu::forms {
@@ -29,7 +30,7 @@ FRMKB_ANAGRAFICA::FRMKB_ANAGRAFICA(const Runtime& runtime)
       MDIActiveX1("MDIActiveX1"),
       trace_(runtime.platform, "FRMKB_ANAGRAFICA"),
       context_(runtime, services_, FME_ANAGRAFICA),
-      progress_(services_, runtime.desktop, {SBAR_MAIN, pages_.GRPMAIN_LISTINI, INAV_PAR}),
+      progress_(context_, {SBAR_MAIN, pages_.GRPMAIN_LISTINI, INAV_PAR}),
       synchronisation_(context_),
       parameters_(context_),
       categories_(context_, INAV_CATCLIART, parameters_),
@@ -91,69 +92,71 @@ Ref<host::NamedObject> FRMKB_ANAGRAFICA::profileFrame() {
   return std::shared_ptr<host::NamedObject>(shared_from_this(), &FME_ANAGRAFICA);
 }
 
-void FRMKB_ANAGRAFICA::placeWindow(Steps& step) {
+void FRMKB_ANAGRAFICA::placeWindow(Procedure& p) {
   constexpr std::int32_t usual = 100;
   const auto place = [&](const Value& asked) {
     const Value given = NVL(asked, std::int32_t{0});
     return equalAsVariants(given, std::int32_t{0}) ? usual : toInt32(given);
   };
-  const std::int32_t newLeft = step([&] { return place(host()->Left()); });
-  const std::int32_t newTop = step([&] { return place(host()->Top()); });
+  const std::int32_t newLeft = p.step([&] { return place(host()->Left()); });
+  const std::int32_t newTop = p.step([&] { return place(host()->Top()); });
   moveTo(newLeft, newTop);
 }
 
 void FRMKB_ANAGRAFICA::Form_Load() {
-  trap(services_, "Form_Load", [&](Steps& step) {
-    step([&] { services_.setLog(host()->ClsGlobal()->CreateLog()); });
-    step([&] {
+  procedure(context_, "Form_Load", [&](Procedure& p) {
+    p.step([&] { services_.setLog(host()->ClsGlobal()->CreateLog()); });
+    p.step([&] {
       translate([this](const std::string& text) { return services_.TranslateString(text); });
     });
-    placeWindow(step);
+    placeWindow(p);
   });
   MDIActiveX1.FormLoad.raise();
 }
 
 void FRMKB_ANAGRAFICA::MDIActiveX1_FormLoad() {
-  trap(services_, "MDIActiveX1_FormLoad", [&](Steps& step) {
-    placeWindow(step);
-    step([&] { MDIActiveX1.attach(host()->hwndParent()); });
+  procedure(context_, "MDIActiveX1_FormLoad", [&](Procedure& p) {
+    placeWindow(p);
+    p.step([&] { MDIActiveX1.attach(host()->hwndParent()); });
   });
 }
 
-void FRMKB_ANAGRAFICA::refreshHostStatus(Steps& step) {
-  step([&] { host()->ClsGlobal()->RefreshStatus(host()->ActiveFrame()); });
+void FRMKB_ANAGRAFICA::refreshHostStatus(Procedure& p) {
+  p.step([&] { host()->ClsGlobal()->RefreshStatus(host()->ActiveFrame()); });
 }
 
 void FRMKB_ANAGRAFICA::Form_Activate() {
-  trap(services_, "Form_Activate", [&](Steps& step) {
-    refreshHostStatus(step);
-    applyRights(step);
+  procedure(context_, "Form_Activate", [&](Procedure& p) {
+    refreshHostStatus(p);
+    applyRights(p);
     if (activated_) return;
-    setUp(step);
+    setUp(p);
     activated_ = true;
     context_.loaded = true;
   });
 }
 
-void FRMKB_ANAGRAFICA::applyRights(Steps& step) {
-  step([&] {
-    const controls::Rights rights{host()->CanInsert(), host()->CanUpdate(), host()->CanDelete()};
+void FRMKB_ANAGRAFICA::applyRights(Procedure& p) {
+  p.step([&] {
+    const controls::Rights rights{.canInsert = host()->CanInsert(),
+                                  .canUpdate = host()->CanUpdate(),
+                                  .canDelete = host()->CanDelete()};
     INAV_PAR.setRights(rights);
     INAV_CATCLIART.setRights(rights);
   });
 }
 
-void FRMKB_ANAGRAFICA::setUp(Steps& step) {
-  openConnection(step);
-  context_.company = step([&] { return host()->ClsGlobal()->CompanyCode(); });
+void FRMKB_ANAGRAFICA::setUp(Procedure& p) {
+  openConnection(p);
+  context_.company = p.step([&] { return host()->ClsGlobal()->CompanyCode(); });
   depositsTable_ = services_.GetTempTableName();
   priceListsTable_ = services_.GetTempTableName();
   spareTable_ = services_.GetTempTableName();
   deposits_.setWorkingTable(depositsTable_);
   priceLists_.setWorkingTable(priceListsTable_);
-  createHostServices(step);
-  step([&] { SBAR_MAIN.selectFirst(); });
-  step([&] { TITLEBAR.setCaption(SBAR_MAIN.links().front().text); });
+  createHostServices(p);
+  SBAR_MAIN.selectFirst();
+  TITLEBAR.setCaption(SBAR_MAIN.links().front().text);
 
   categories_.CaricaComboClientiArticoli();
   parameters_.CaricoCombo(discounts_.options.fixedChoices());
@@ -169,23 +172,23 @@ void FRMKB_ANAGRAFICA::setUp(Steps& step) {
   filters_.ImpostaEnQuery();
   CambiaVisualizzazione(views[0].number);
   InizializzaScriptELayout();
-  step([&] { VLT_RESIZEFORM1.layOut(); });
+  p.step([&] { VLT_RESIZEFORM1.layOut(); });
 }
 
 // The window works on a connection of its own, not on the host's.
-void FRMKB_ANAGRAFICA::openConnection(Steps& step) {
-  connectionString_ = step([&] { return host()->ClsGlobal()->ConnectionString(); });
-  connectionProvider_ = step([&] { return host()->ClsGlobal()->CreateConnectionProvider(); });
-  context_.connection = step([&] { return connectionProvider_->NewConnection(); });
-  step([&] { context_.connection->setConnectionString(connectionString_); });
-  step([&] { context_.connection->Open(); });
+void FRMKB_ANAGRAFICA::openConnection(Procedure& p) {
+  connectionString_ = p.step([&] { return host()->ClsGlobal()->ConnectionString(); });
+  connectionProvider_ = p.step([&] { return host()->ClsGlobal()->CreateConnectionProvider(); });
+  context_.connection = p.step([&] { return connectionProvider_->NewConnection(); });
+  p.step([&] { context_.connection->setConnectionString(connectionString_); });
+  p.step([&] { context_.connection->Open(); });
   services_.setConnection(context_.connection);
-  step([&] { host()->setConnection(context_.connection); });
+  p.step([&] { host()->setConnection(context_.connection); });
 }
 
-void FRMKB_ANAGRAFICA::createHostServices(Steps& step) {
+void FRMKB_ANAGRAFICA::createHostServices(Procedure& p) {
   const auto create = [&](auto& service, auto createOn) {
-    service = step([&] { return createOn(*host()->ClsGlobal()); });
+    service = p.step([&] { return createOn(*host()->ClsGlobal()); });
   };
   create(sqlDecode_, [](host::ClsGlobal& global) { return global.CreateSqlDecode(); });
   create(lookups_, [](host::ClsGlobal& global) { return global.CreateLookups(); });
@@ -196,7 +199,7 @@ void FRMKB_ANAGRAFICA::createHostServices(Steps& step) {
   for (const Ref<host::Service>& service :
        {Ref<host::Service>(sqlDecode_), Ref<host::Service>(lookups_),
         Ref<host::Service>(savedFilters_), Ref<host::Service>(environment_)}) {
-    step([&] { service->Initialize(host()); });
+    p.step([&] { service->Initialize(host()); });
   }
   context_.decodes = sqlDecode_;
   context_.lookups = lookups_;
@@ -205,25 +208,26 @@ void FRMKB_ANAGRAFICA::createHostServices(Steps& step) {
 }
 
 void FRMKB_ANAGRAFICA::InizializzaScriptELayout() {
-  trap(services_, "InizializzaScriptELayout", [&](Steps& step) {
-    // The window is entered into the models by the navigator's events; here
-    // they are made to work for it and the user's script hears that it is open.
-    step([&] { layoutModel_->Initialize(host()); });
-    step([&] { scriptModel_->Initialize(host()); });
+  procedure(context_, "InizializzaScriptELayout", [&](Procedure& p) {
+    // The navigator's events enter the window into the models; here the models
+    // are made to work for it, and the user's script hears that it is open.
+    p.step([&] { layoutModel_->Initialize(host()); });
+    p.step([&] { scriptModel_->Initialize(host()); });
     bool cancel = false;
     ExecuteFormEvent("tsOpen", cancel);
   });
 }
 
 void FRMKB_ANAGRAFICA::ExecuteFormEvent(const std::string& event, bool& cancel) {
-  trap(services_, "ExecuteFormEvent",
-       [&](Steps& step) { step([&] { scriptModel_->RunEvent(event, cancel); }); });
+  procedure(context_, "ExecuteFormEvent",
+            [&](Procedure& p) { p.step([&] { scriptModel_->RunEvent(event, cancel); }); });
 }
 
 void FRMKB_ANAGRAFICA::CambiaVisualizzazione(std::int32_t view) {
-  trap(services_, "CambiaVisualizzazione", [&](Steps& step) {
+  procedure(context_, "CambiaVisualizzazione", [&](Procedure& p) {
     if (closing_) return;
-    const bool pending = view != view_ && step([&] { return FME_ANAGRAFICA.hasPendingChanges(); });
+    const bool pending =
+        view != view_ && p.step([&] { return FME_ANAGRAFICA.hasPendingChanges(); });
     if (pending) {
       RichiestaConfermaModifiche(&FME_ANAGRAFICA, view, true, true);
     } else {
@@ -234,18 +238,18 @@ void FRMKB_ANAGRAFICA::CambiaVisualizzazione(std::int32_t view) {
 
 bool FRMKB_ANAGRAFICA::RichiestaConfermaModifiche(controls::RecordFrame* frame, std::int32_t view,
                                                   bool restoreStatus, bool cancellable) {
-  return trap(services_, "RichiestaConfermaModifiche", [&](Steps& step) {
+  return procedure(context_, "RichiestaConfermaModifiche", [&](Procedure& p) {
     if (!frame) return false;
     if (frame->status() == FrameStatus::New) {
       // Only finds out whether the user wrote anything; the frame decides what is pending.
       for (const controls::BoundControl* control : boundControls()) {
-        const bool differs = step([&] {
+        const bool differs = p.step([&] {
           return RTrimN(control->value()) != RTrimN(control->frame()->field(control->DBField()));
         });
         if (differs) break;
       }
     }
-    step([&] { frame->ConcludiModifiche(cancellable); });
+    p.step([&] { frame->ConcludiModifiche(cancellable); });
     if (frame->status() == FrameStatus::Browsing) {
       if (view != noView) VisualizzaVista(view);
       return true;
@@ -256,7 +260,7 @@ bool FRMKB_ANAGRAFICA::RichiestaConfermaModifiche(controls::RecordFrame* frame, 
 }
 
 void FRMKB_ANAGRAFICA::ChangeStatus(controls::RecordFrame& frame) {
-  trap(services_, "ChangeStatus", [&](Steps&) {
+  procedure(context_, "ChangeStatus", [&](Procedure&) {
     if (&frame == &FME_ANAGRAFICA) {
       profile_.FME_ANAGRAFICA_ChangeStatus(FrameStatus::Browsing, FrameStatus::SetByProcedure);
     } else if (&frame == &parameters_.FME_PARAMETRI) {
@@ -270,7 +274,7 @@ void FRMKB_ANAGRAFICA::show(std::string_view control) {
 }
 
 void FRMKB_ANAGRAFICA::VisualizzaVista(std::int32_t number) {
-  trap(services_, "VisualizzaVista", [&](Steps& step) {
+  procedure(context_, "VisualizzaVista", [&](Procedure&) {
     const auto* view = std::find_if(std::begin(views), std::end(views),
                                     [&](const View& v) { return v.number == number; });
     const bool isKnown = view != std::end(views);
@@ -280,53 +284,47 @@ void FRMKB_ANAGRAFICA::VisualizzaVista(std::int32_t number) {
     NascondiViste();
     if (!isPreview) preview_.release();
     if (isKnown) {
-      step([&] { show(view->group); });
-      step([&] { show(view->navigatorBar); });
+      show(view->group);
+      show(view->navigatorBar);
     }
     view_ = number;
-    step([&] { discounts_.viewShown(number); });
+    discounts_.viewShown(number);
   });
 }
 
 void FRMKB_ANAGRAFICA::NascondiViste() {
-  trap(services_, "NascondiViste", [&](Steps& step) {
+  procedure(context_, "NascondiViste", [&](Procedure&) {
     for (const std::string_view name : hiddenWithEveryView) {
-      step([&] {
-        if (controls::Control* control = find(name)) control->setVisible(false);
-      });
+      if (controls::Control* control = find(name)) control->setVisible(false);
     }
   });
 }
 
 void FRMKB_ANAGRAFICA::SBAR_MAIN_OnClickItemLink(const controls::SideBar::Link& link) {
-  trap(services_, "SBAR_MAIN_OnClickItemLink", [&](Steps& step) {
-    step([&] { TITLEBAR.setCaption(link.text); });
+  procedure(context_, "SBAR_MAIN_OnClickItemLink", [&](Procedure&) {
+    TITLEBAR.setCaption(link.text);
     CambiaVisualizzazione(link.view);
     // A refused change leaves the page, and so its link and title, as they were.
-    step([&] { SBAR_MAIN.select(view_); });
-    step([&] {
-      if (const auto* shown = SBAR_MAIN.selected()) TITLEBAR.setCaption(shown->text);
-    });
+    SBAR_MAIN.select(view_);
+    if (const auto* shown = SBAR_MAIN.selected()) TITLEBAR.setCaption(shown->text);
   });
 }
 
 void FRMKB_ANAGRAFICA::VLT_RESIZEFORM1_Setup() {
-  trap(services_, "VLT_RESIZEFORM1_Setup", [&](Steps& step) {
+  procedure(context_, "VLT_RESIZEFORM1_Setup", [&](Procedure&) {
     for (const controls::GroupBox* page : pages_.all) {
-      step([&] { VLT_RESIZEFORM1.registerControl(page->Name(), groupResizeRule); });
+      VLT_RESIZEFORM1.registerControl(page->Name(), groupResizeRule);
     }
     for (const ResizeRule& entry : controlResizeRules) {
-      step([&] {
-        const std::string name(entry.control);
-        if (find(name)) VLT_RESIZEFORM1.registerControl(name, entry.rule);
-      });
+      const std::string name(entry.control);
+      if (find(name)) VLT_RESIZEFORM1.registerControl(name, entry.rule);
     }
   });
 }
 
 void FRMKB_ANAGRAFICA::Form_QueryUnload(bool& cancel) {
-  trap(services_, "Form_QueryUnload", [&](Steps& step) {
-    refreshHostStatus(step);
+  procedure(context_, "Form_QueryUnload", [&](Procedure& p) {
+    refreshHostStatus(p);
     closing_ = true;
     cancel = !RichiestaConfermaModifiche(&FME_ANAGRAFICA, noView, false, true);
     ExecuteFormEvent("tsClose", cancel);
@@ -335,11 +333,11 @@ void FRMKB_ANAGRAFICA::Form_QueryUnload(bool& cancel) {
 }
 
 void FRMKB_ANAGRAFICA::Form_Unload() {
-  trap(services_, "Form_Unload", [&](Steps& step) {
+  procedure(context_, "Form_Unload", [&](Procedure& p) {
     if (!context_.connection) return;
     for (const std::string& table : {depositsTable_, priceListsTable_}) {
       if (table.empty()) continue;  // the user left the statement that was to name it
-      step([&] { context_.connection->Execute(sql::EliminaTabellaLavoro(table)); });
+      p.run(sql::EliminaTabellaLavoro(table));
     }
   });
   // Whatever became of the tables, the host must get its objects back.

@@ -20,6 +20,7 @@
 #include "forms/anagrafica/profile/synchronisation.h"
 #include "forms/anagrafica/progress_display.h"
 #include "forms/page_context.h"
+#include "forms/procedure.h"
 #include "forms/runtime.h"
 #include "forms/services.h"
 #include "host/cinterface.h"
@@ -65,12 +66,12 @@ class FRMKB_ANAGRAFICA : public controls::Form {
  private:
   void buildPages();
   void MDIActiveX1_FormLoad();
-  void placeWindow(Steps& step);
-  void refreshHostStatus(Steps& step);
-  void setUp(Steps& step);
-  void openConnection(Steps& step);
-  void createHostServices(Steps& step);
-  void applyRights(Steps& step);
+  void placeWindow(Procedure& p);
+  void refreshHostStatus(Procedure& p);
+  void setUp(Procedure& p);
+  void openConnection(Procedure& p);
+  void createHostServices(Procedure& p);
+  void applyRights(Procedure& p);
   void ExecuteFormEvent(const std::string& event, bool& cancel);
   void InizializzaScriptELayout();
   void CambiaVisualizzazione(std::int32_t view);

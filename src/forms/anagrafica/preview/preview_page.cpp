@@ -35,19 +35,18 @@ bool PreviewPage::load(PreviewKind kind) {
 }
 
 std::string PreviewPage::GetNomeTabella(PreviewKind kind) {
-  return trap(context_.services, "GetNomeTabella", [&](Steps& step) {
-    const Ref<ado::Recordset> rows = step(
-        [&] { return context_.connection->Execute(sql::NomeTabella(static_cast<int>(kind))); });
-    return step([&] { return toText(rows->value("Tabella")); });
+  return procedure(context_, "GetNomeTabella", [&](Procedure& p) {
+    const Ref<ado::Recordset> rows = p.read(sql::NomeTabella(static_cast<int>(kind)));
+    return p.step([&] { return toText(rows->value("Tabella")); });
   });
 }
 
 void PreviewPage::ImpostaGridArticoli(PreviewKind kind) {
-  trap(context_.services, "ImpostaGridArticoli", [&](Steps& step) {
+  procedure(context_, "ImpostaGridArticoli", [&](Procedure& p) {
     const auto translate = [this](const std::string& text) { return context_.translate(text); };
     // The rows of before do not belong under the columns of now.
-    step([&] { release(); });
-    step([&] {
+    release();
+    p.step([&] {
       QGRID_ART.clearColumns();
       if (kind == PreviewKind::Customers) {
         QGRID_ART.setCaption(translate("Clienti"));
@@ -71,25 +70,25 @@ void PreviewPage::ImpostaGridArticoli(PreviewKind kind) {
 }
 
 void PreviewPage::CaricaClienti() {
-  trap(context_.services, "CaricaClienti", [&](Steps& step) {
+  procedure(context_, "CaricaClienti", [&](Procedure& p) {
     const std::string view = GetNomeTabella(PreviewKind::Customers);
-    show(sql::ClientiPubblicati(view, context_.companyKey(), filter_.filterText), step);
+    show(sql::ClientiPubblicati(view, p.company(), filter_.filterText), p);
   });
 }
 
 void PreviewPage::CaricaArticoli() {
-  trap(context_.services, "CaricaArticoli", [&](Steps& step) {
+  procedure(context_, "CaricaArticoli", [&](Procedure& p) {
     const std::string view = GetNomeTabella(PreviewKind::Articles);
-    show(sql::ArticoliPubblicati(view, context_.companyKey(), filter_.filterText), step);
+    show(sql::ArticoliPubblicati(view, p.company(), filter_.filterText), p);
   });
 }
 
-void PreviewPage::show(const std::string& statement, Steps& step) {
-  const Ref<ado::Recordset> rows = step([&] {
+void PreviewPage::show(const std::string& statement, Procedure& p) {
+  const Ref<ado::Recordset> rows = p.step([&] {
     const auto painted = context_.paintedMeanwhile();
     return context_.openReadable(statement);
   });
-  step([&] { QGRID_ART.setDataSource(rows); });
+  p.show(QGRID_ART, rows);
 }
 
 }  // namespace kebu::forms

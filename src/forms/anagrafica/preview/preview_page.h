@@ -5,6 +5,7 @@
 #include "controls/query_grid.h"
 #include "forms/anagrafica/progress_display.h"
 #include "forms/page_context.h"
+#include "forms/procedure.h"
 #include "forms/selection/selection_dialog.h"
 
 namespace kebu::forms {
@@ -28,7 +29,7 @@ class PreviewPage {
   void ImpostaGridArticoli(PreviewKind kind);
   void CaricaClienti();
   void CaricaArticoli();
-  void show(const std::string& statement, Steps& step);
+  void show(const std::string& statement, Procedure& p);
 
   PageContext& context_;
   ProgressDisplay& progress_;

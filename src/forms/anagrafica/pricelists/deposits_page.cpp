@@ -2,6 +2,7 @@
 
 #include "common/convert.h"
 #include "common/nulls.h"
+#include "forms/procedure.h"
 #include "sql/deposits.h"
 #include "sql/working_tables.h"
 
@@ -12,10 +13,10 @@ using controls::ColumnKind;
 namespace {
 
 constexpr controls::GridColumn columns[] = {
-    {"MG58_CODDEP", "Codice", 2000, ColumnKind::Text},
-    {"MG58_DESCRDEP", "Descrizione", 6000, ColumnKind::Text},
-    {"FLG_ATTIVO", "Attivo", 1000, ColumnKind::Check},
-    {"FLG_PREF", "Pref.", 1000, ColumnKind::Check},
+    {.field = "MG58_CODDEP", .caption = "Codice", .width = 2000},
+    {.field = "MG58_DESCRDEP", .caption = "Descrizione", .width = 6000},
+    {.field = "FLG_ATTIVO", .caption = "Attivo", .width = 1000, .kind = ColumnKind::Check},
+    {.field = "FLG_PREF", .caption = "Pref.", .width = 1000, .kind = ColumnKind::Check},
 };
 
 constexpr const char* preferredRows = "FLG_PREF = 1";
@@ -35,9 +36,9 @@ DepositsPage::DepositsPage(PageContext& context)
 }
 
 void DepositsPage::ImpostaQGRID_DEP() {
-  trap(context_.services, "ImpostaQGRID_DEP", [&](Steps& step) {
+  procedure(context_, "ImpostaQGRID_DEP", [&](Procedure& p) {
     const auto translate = [this](const std::string& text) { return context_.translate(text); };
-    step([&] {
+    p.step([&] {
       QGRID_DEP.clearColumns();
       QGRID_DEP.setCaption(translate("Depositi"));
       for (const controls::GridColumn& column : columns) QGRID_DEP.addColumn(column, translate);
@@ -46,35 +47,28 @@ void DepositsPage::ImpostaQGRID_DEP() {
 }
 
 void DepositsPage::CreaTabellaDepositi() {
-  trap(context_.services, "CreaTabellaDepositi", [&](Steps& step) {
-    step([&] { context_.connection->Execute(sql::EliminaTabellaLavoro(workingTable_)); });
-    step([&] {
-      context_.connection->Execute(
-          sql::CreaTabellaDepositi(workingTable_, context_.profileKey(), context_.companyKey()));
-    });
+  procedure(context_, "CreaTabellaDepositi", [&](Procedure& p) {
+    p.run(sql::EliminaTabellaLavoro(workingTable_));
+    p.run(sql::CreaTabellaDepositi(workingTable_, p.profile(), p.company()));
   });
 }
 
 void DepositsPage::ImpostaRstDepositi() {
   CreaTabellaDepositi();
-  trap(context_.services, "ImpostaRstDepositi", [&](Steps& step) {
-    const Ref<ado::Recordset> rows =
-        step([&] { return context_.openEditable(sql::RigheDepositi(workingTable_)); });
-    step([&] { QGRID_DEP.setDataSource(rows); });
+  procedure(context_, "ImpostaRstDepositi", [&](Procedure& p) {
+    const Ref<ado::Recordset> rows = p.openEditable(sql::RigheDepositi(workingTable_));
+    p.show(QGRID_DEP, rows);
   });
 }
 
 void DepositsPage::ConfermaModificheDepositi() {
-  trap(context_.services, "ConfermaModificheDepositi", [&](Steps& step) {
-    step([&] {
-      context_.connection->Execute(sql::SalvaDepositi(workingTable_, context_.profileKey()));
-    });
-  });
+  procedure(context_, "ConfermaModificheDepositi",
+            [&](Procedure& p) { p.run(sql::SalvaDepositi(workingTable_, p.profile())); });
 }
 
 bool DepositsPage::CheckPredefinito() {
-  return trap(context_.services, "CheckPredefinito", [&](Steps& step) {
-    return step([&] {
+  return procedure(context_, "CheckPredefinito", [&](Procedure& p) {
+    return p.step([&] {
       const Ref<ado::Recordset> preferred = QGRID_DEP.dataSource()->Clone();
       preferred->setFilter(preferredRows);
       return !preferred->EOF_();
@@ -83,27 +77,24 @@ bool DepositsPage::CheckPredefinito() {
 }
 
 void DepositsPage::CambiaPredefinito() {
-  trap(context_.services, "CambiaPredefinito", [&](Steps& step) {
-    const Ref<ado::Recordset> preferred = step([&] { return QGRID_DEP.dataSource()->Clone(); });
-    step([&] { preferred->setFilter(preferredRows); });
-    while (step([&] { return !preferred->EOF_(); })) {
-      step([&] {
+  procedure(context_, "CambiaPredefinito", [&](Procedure& p) {
+    const Ref<ado::Recordset> preferred = p.step([&] { return QGRID_DEP.dataSource()->Clone(); });
+    p.step([&] { preferred->setFilter(preferredRows); });
+    while (p.more(preferred)) {
+      p.step([&] {
         preferred->setValue("FLG_PREF", off);
         preferred->Update();
       });
-      step([&] { preferred->MoveNext(); });
+      p.next(preferred);
     }
-    step([&] { QGRID_DEP.refresh(); });
+    p.step([&] { QGRID_DEP.refresh(); });
   });
 }
 
 void DepositsPage::QGRID_DEP_SelectionBoxClick(const std::string& field, bool& cancel) {
-  trap(context_.services, "QGRID_DEP_SelectionBoxClick", [&](Steps& step) {
-    const auto isOn = [&](const char* name) {
-      return step([&] { return toBoolean(CDecN(QGRID_DEP.dataSource()->value(name))); });
-    };
-    const bool active = isOn("FLG_ATTIVO");
-    const bool preferred = isOn("FLG_PREF");
+  procedure(context_, "QGRID_DEP_SelectionBoxClick", [&](Procedure& p) {
+    const bool active = toBoolean(CDecN(p.value(QGRID_DEP.dataSource(), "FLG_ATTIVO")));
+    const bool preferred = toBoolean(CDecN(p.value(QGRID_DEP.dataSource(), "FLG_PREF")));
 
     if (field == "FLG_PREF") {
       // Only an active deposit can be preferred, and the mark moves by marking another one.
@@ -112,9 +103,9 @@ void DepositsPage::QGRID_DEP_SelectionBoxClick(const std::string& field, bool& c
       CambiaPredefinito();
     } else if (field == "FLG_ATTIVO") {
       if (active && preferred) {
-        step([&] { QGRID_DEP.write({{"FLG_PREF", off}}); });
+        p.step([&] { QGRID_DEP.write({{"FLG_PREF", off}}); });
       } else if (!CheckPredefinito()) {
-        step([&] { QGRID_DEP.write({{"FLG_PREF", on}}); });
+        p.step([&] { QGRID_DEP.write({{"FLG_PREF", on}}); });
       }
     }
     context_.profile.markModified();
@@ -123,7 +114,7 @@ void DepositsPage::QGRID_DEP_SelectionBoxClick(const std::string& field, bool& c
 
 void DepositsPage::QGRID_DEP_SelectAllClickEXT(const std::string& field, bool selecting,
                                                bool& cancel) {
-  trap(context_.services, "QGRID_DEP_SelectAllClickEXT", [&](Steps& step) {
+  procedure(context_, "QGRID_DEP_SelectAllClickEXT", [&](Procedure& p) {
     if (field == "FLG_PREF") {
       cancel = true;
       return;
@@ -131,7 +122,7 @@ void DepositsPage::QGRID_DEP_SelectAllClickEXT(const std::string& field, bool se
     if (!selecting) {
       CambiaPredefinito();
     } else if (!CheckPredefinito()) {
-      step([&] { QGRID_DEP.write({{"FLG_PREF", on}}); });
+      p.step([&] { QGRID_DEP.write({{"FLG_PREF", on}}); });
     }
     context_.profile.markModified();
   });

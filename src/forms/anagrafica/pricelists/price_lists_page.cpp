@@ -6,6 +6,7 @@
 #include "common/convert.h"
 #include "common/nulls.h"
 #include "forms/anagrafica/deposit_lookup.h"
+#include "forms/messages.h"
 #include "sql/price_lists.h"
 #include "sql/working_tables.h"
 
@@ -43,19 +44,42 @@ constexpr controls::ValueListItem sources[] = {
 
 // A code column stands without a caption: its description's serves both.
 constexpr controls::GridColumn columns[] = {
-    {"GM57_CODPREZZO", "Tarvo", 1000, ColumnKind::ValueList, slots, std::size(slots)},
-    {"GM57_FLGATTIVO", "Attivo", 1000, ColumnKind::Check},
-    {"GM57_INDTIPO", "Tipologia listino", 2750, ColumnKind::ValueList, sources, std::size(sources)},
-    {"GM57_NUMLIST_LI10", "", 500, ColumnKind::Lookup},
-    {"GM57_NUMLIST_LI10_DEC", "Listino anagrafico", 1750, ColumnKind::Description},
-    {"GM57_CATEGORIA", "", 500, ColumnKind::Lookup},
-    {"GM57_CATEGORIA_DEC", "Categoria", 1750, ColumnKind::Description},
-    {"GM57_DEPGIACENZE_MG58", "", 500, ColumnKind::Lookup},
-    {"GM57_DEPGIACENZE_MG58_DEC", "Deposito", 1750, ColumnKind::Description},
-    {"GM57_QUANTITA", "Quantità", 1000, ColumnKind::Number},
-    {"GM57_CLIFOR_CG44", "", 500, ColumnKind::Lookup},
-    {"GM57_CLIFOR_CG44_DEC", "Cliente", 1750, ColumnKind::Description},
-    {"GM57_FLGINCLUDISCONTI", "Includi sconti", 1000, ColumnKind::Check},
+    {.field = "GM57_CODPREZZO",
+     .caption = "Tarvo",
+     .width = 1000,
+     .kind = ColumnKind::ValueList,
+     .items = slots},
+    {.field = "GM57_FLGATTIVO", .caption = "Attivo", .width = 1000, .kind = ColumnKind::Check},
+    {.field = "GM57_INDTIPO",
+     .caption = "Tipologia listino",
+     .width = 2750,
+     .kind = ColumnKind::ValueList,
+     .items = sources},
+    {.field = "GM57_NUMLIST_LI10", .width = 500, .kind = ColumnKind::Lookup},
+    {.field = "GM57_NUMLIST_LI10_DEC",
+     .caption = "Listino anagrafico",
+     .width = 1750,
+     .kind = ColumnKind::Description},
+    {.field = "GM57_CATEGORIA", .width = 500, .kind = ColumnKind::Lookup},
+    {.field = "GM57_CATEGORIA_DEC",
+     .caption = "Categoria",
+     .width = 1750,
+     .kind = ColumnKind::Description},
+    {.field = "GM57_DEPGIACENZE_MG58", .width = 500, .kind = ColumnKind::Lookup},
+    {.field = "GM57_DEPGIACENZE_MG58_DEC",
+     .caption = "Deposito",
+     .width = 1750,
+     .kind = ColumnKind::Description},
+    {.field = "GM57_QUANTITA", .caption = "Quantità", .width = 1000, .kind = ColumnKind::Number},
+    {.field = "GM57_CLIFOR_CG44", .width = 500, .kind = ColumnKind::Lookup},
+    {.field = "GM57_CLIFOR_CG44_DEC",
+     .caption = "Cliente",
+     .width = 1750,
+     .kind = ColumnKind::Description},
+    {.field = "GM57_FLGINCLUDISCONTI",
+     .caption = "Includi sconti",
+     .width = 1000,
+     .kind = ColumnKind::Check},
 };
 
 /// The columns that a slot of each type does not use. Types 2 and 3 also lose
@@ -118,9 +142,9 @@ PriceListsPage::PriceListsPage(PageContext& context, ProgressDisplay& progress)
 }
 
 void PriceListsPage::ImpostaQGRID_Listini() {
-  trap(context_.services, "ImpostaQGRID_Listini", [&](Steps& step) {
+  procedure(context_, "ImpostaQGRID_Listini", [&](Procedure& p) {
     const auto translate = [this](const std::string& text) { return context_.translate(text); };
-    step([&] {
+    p.step([&] {
       QGRID_LISTINI.clearColumns();
       QGRID_LISTINI.setCaption(translate("Listini"));
       QGRID_LISTINI.setKeyField("GM57_CODPREZZO");
@@ -131,59 +155,52 @@ void PriceListsPage::ImpostaQGRID_Listini() {
 }
 
 void PriceListsPage::InizializzaListiniPrezzi() {
-  trap(context_.services, "InizializzaListiniPrezzi", [&](Steps& step) {
+  procedure(context_, "InizializzaListiniPrezzi", [&](Procedure& p) {
     if (!context_.profile.hasRecord()) return;
-    step([&] {
-      context_.connection->Execute(sql::InizializzaListiniPrezzi(context_.profileKey()));
-    });
+    p.run(sql::InizializzaListiniPrezzi(p.profile()));
   });
 }
 
 void PriceListsPage::CreaTabellaListini() {
-  trap(context_.services, "CreaTabellaListini", [&](Steps& step) {
-    step([&] { context_.connection->Execute(sql::EliminaTabellaLavoro(workingTable_)); });
-    step([&] {
-      context_.connection->Execute(sql::CreaTabellaListini(workingTable_, context_.profileKey()));
-    });
+  procedure(context_, "CreaTabellaListini", [&](Procedure& p) {
+    p.run(sql::EliminaTabellaLavoro(workingTable_));
+    p.run(sql::CreaTabellaListini(workingTable_, p.profile()));
   });
 }
 
 void PriceListsPage::ImpostaRstListini() {
   InizializzaListiniPrezzi();
   CreaTabellaListini();
-  trap(context_.services, "ImpostaRstListini", [&](Steps& step) {
+  procedure(context_, "ImpostaRstListini", [&](Procedure& p) {
     descriptions_.clear();
-    const Ref<ado::Recordset> rows =
-        step([&] { return context_.openEditable(sql::RigheListini(workingTable_)); });
-    step([&] { QGRID_LISTINI.setDataSource(rows); });
+    const Ref<ado::Recordset> rows = p.openEditable(sql::RigheListini(workingTable_));
+    p.show(QGRID_LISTINI, rows);
   });
 }
 
 void PriceListsPage::ConfermaModificheListini() {
-  trap(context_.services, "ConfermaModificheListini", [&](Steps& step) {
-    step([&] { context_.connection->Execute(sql::SalvaListini(workingTable_)); });
-    step([&] {
-      context_.connection->Execute(sql::DisattivaListiniIncompleti(context_.profileKey()));
-    });
+  procedure(context_, "ConfermaModificheListini", [&](Procedure& p) {
+    p.run(sql::SalvaListini(workingTable_));
+    p.run(sql::DisattivaListiniIncompleti(p.profile()));
   });
 }
 
-std::int32_t PriceListsPage::currentType() {
-  return toInt32(CDecN(QGRID_LISTINI.dataSource()->value("GM57_INDTIPO")));
+std::int32_t PriceListsPage::currentType(Procedure& p) {
+  return p.step([&] { return toInt32(CDecN(QGRID_LISTINI.dataSource()->value("GM57_INDTIPO"))); });
 }
 
 void PriceListsPage::QGRID_LISTINI_OnEditing(const std::string& field, bool& cancel) {
-  trap(context_.services, "QGRID_LISTINI_OnEditing", [&](Steps& step) {
-    const std::int32_t type = step([&] { return currentType(); });
+  procedure(context_, "QGRID_LISTINI_OnEditing", [&](Procedure& p) {
+    const std::int32_t type = currentType(p);
     if (field == "GM57_INDTIPO") typeBefore_ = type;
     if (field == "GM57_QUANTITA") cancel = !takesQuantity(type);
   });
 }
 
 void PriceListsPage::QGRID_LISTINI_OnEdited(const std::string& field) {
-  trap(context_.services, "QGRID_LISTINI_OnEdited", [&](Steps& step) {
+  procedure(context_, "QGRID_LISTINI_OnEdited", [&](Procedure& p) {
     if (field == "GM57_INDTIPO") {
-      const std::int32_t type = step([&] { return currentType(); });
+      const std::int32_t type = currentType(p);
       if (type == typeBefore_) return;
       FormattaRecordListini(type);
     }
@@ -192,19 +209,19 @@ void PriceListsPage::QGRID_LISTINI_OnEdited(const std::string& field) {
 }
 
 void PriceListsPage::FormattaRecordListini(std::int32_t type) {
-  trap(context_.services, "FormattaRecordListini", [&](Steps& step) {
+  procedure(context_, "FormattaRecordListini", [&](Procedure& p) {
     const auto* unused =
         std::find_if(std::begin(unusedColumns), std::end(unusedColumns),
                      [&](const UnusedColumns& entry) { return entry.type == type; });
     if (unused == std::end(unusedColumns)) return;
     std::vector<std::pair<std::string, Value>> cells;
     for (const std::string& field : unused->fields) cells.emplace_back(field, Null{});
-    step([&] { QGRID_LISTINI.write(cells); });
+    p.step([&] { QGRID_LISTINI.write(cells); });
   });
 }
 
-void PriceListsPage::flagClicked(const char* procedure, const std::string& field) {
-  trap(context_.services, procedure, [&](Steps&) {
+void PriceListsPage::flagClicked(const char* name, const std::string& field) {
+  procedure(context_, name, [&](Procedure&) {
     if (field == "GM57_FLGATTIVO" || field == "GM57_FLGINCLUDISCONTI") {
       context_.profile.markModified();
     }
@@ -212,42 +229,53 @@ void PriceListsPage::flagClicked(const char* procedure, const std::string& field
 }
 
 std::string PriceListsPage::GetStringaSqlLookup(std::int32_t type) {
-  return trap(context_.services, "GetStringaSqlLookup", [&](Steps& step) {
-    return step([&] { return sql::ElencoChiaviListino(context_.companyKey(), type); });
-  });
+  return procedure(context_, "GetStringaSqlLookup",
+                   [&](Procedure& p) { return sql::ElencoChiaviListino(p.company(), type); });
 }
 
 void PriceListsPage::QGRID_LISTINI_StartLookup(const std::string& field, Value& code) {
-  trap(context_.services, "QGRID_LISTINI_StartLookup", [&](Steps& step) {
-    std::optional<host::LookupDefinition> list;
-    if (field == "GM57_NUMLIST_LI10") {
-      list = {"Elenco listini",
-              GetStringaSqlLookup(tsListinoAnagArticolo),
-              {"Listino", "Descrizione", "Valuta"}};
-    } else if (field == "GM57_CATEGORIA") {
-      const std::int32_t type = step([&] { return currentType(); });
-      if (type == tsListinoMacrocat) {
-        list = {
-            "Elenco macrocategorie", GetStringaSqlLookup(type), {"Macrocategoria", "Descrizione"}};
-      } else if (type == tsListinoMacroarea) {
-        list = {"Elenco macroaree", GetStringaSqlLookup(type), {"Macroarea", "Descrizione"}};
-      }
-    } else if (field == "GM57_DEPGIACENZE_MG58") {
-      list = depositLookup(GetStringaSqlLookup(tsListinoDeposito));
-    } else if (field == "GM57_CLIFOR_CG44") {
-      list = step([&] { return context_.lookups->Customers(context_.companyKey().text); });
-    }
+  procedure(context_, "QGRID_LISTINI_StartLookup", [&](Procedure& p) {
+    const auto list = lookupOf(field, p);
     if (!list) return;
-    if (const auto chosen = step([&] { return context_.choose(*list); })) code = *chosen;
+    if (const auto chosen = p.choose(*list)) code = *chosen;
   });
+}
+
+std::optional<host::LookupDefinition> PriceListsPage::lookupOf(std::string_view field,
+                                                               Procedure& p) {
+  if (field == "GM57_NUMLIST_LI10") {
+    return {{.title = "Elenco listini",
+             .statement = GetStringaSqlLookup(tsListinoAnagArticolo),
+             .captions = {"Listino", "Descrizione", "Valuta"}}};
+  }
+  if (field == "GM57_CATEGORIA") {
+    const std::int32_t type = currentType(p);
+    if (type == tsListinoMacrocat) {
+      return {{.title = "Elenco macrocategorie",
+               .statement = GetStringaSqlLookup(type),
+               .captions = {"Macrocategoria", "Descrizione"}}};
+    }
+    if (type == tsListinoMacroarea) {
+      return {{.title = "Elenco macroaree",
+               .statement = GetStringaSqlLookup(type),
+               .captions = {"Macroarea", "Descrizione"}}};
+    }
+  }
+  if (field == "GM57_DEPGIACENZE_MG58") {
+    return depositLookup(GetStringaSqlLookup(tsListinoDeposito));
+  }
+  if (field == "GM57_CLIFOR_CG44") {
+    return p.step([&] { return context_.lookups->Customers(context_.companyKey().text); });
+  }
+  return std::nullopt;
 }
 
 void PriceListsPage::QGRID_LISTINI_DataFormatEXT(std::int32_t row, const std::string& field,
                                                  std::string& text) {
-  trap(context_.services, "QGRID_LISTINI_DataFormatEXT", [&](Steps& step) {
+  procedure(context_, "QGRID_LISTINI_DataFormatEXT", [&](Procedure& p) {
     constexpr std::string_view suffix = "_DEC";
     const auto codeField = std::string_view(field).substr(0, field.size() - suffix.size());
-    text = step([&] {
+    text = p.step([&] {
       const std::string code = RTrimN(QGRID_LISTINI.cell(row, codeField));
       if (code.empty()) return std::string();
       return describe(codeField, toInt32(CDecN(QGRID_LISTINI.cell(row, "GM57_INDTIPO"))), code);
@@ -282,15 +310,13 @@ std::string PriceListsPage::describe(std::string_view field, std::int32_t type,
 }
 
 void PriceListsPage::BTN_AGGLISTINI_ButtonClick() {
-  const bool done = trap(context_.services, "BTN_AGGLISTINI_ButtonClick", [&](Steps& step) {
+  const bool done = procedure(context_, "BTN_AGGLISTINI_ButtonClick", [&](Procedure& p) {
     progress_.MostraAvanzamento(true);
-    step([&] { context_.connection->Execute(sql::AggiornaPrezzi(context_.companyKey())); });
+    p.run(sql::AggiornaPrezzi(p.company()));
     return true;
   });
   progress_.MostraAvanzamento(false);
-  if (!done) return;
-  constexpr std::int32_t pricesUpdated = 75210;
-  context_.services.showMessage(pricesUpdated, msgbox::information);
+  if (done) context_.services.showMessage(messages::pricesUpdated, msgbox::information);
 }
 
 }  // namespace kebu::forms

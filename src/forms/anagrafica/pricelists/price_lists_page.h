@@ -2,13 +2,14 @@
 
 #include <cstdint>
 #include <map>
+#include <optional>
 #include <string>
-#include <utility>
 
 #include "controls/query_grid.h"
 #include "controls/simple_controls.h"
 #include "forms/anagrafica/progress_display.h"
 #include "forms/page_context.h"
+#include "forms/procedure.h"
 
 namespace kebu::forms {
 
@@ -36,12 +37,14 @@ class PriceListsPage {
   void QGRID_LISTINI_OnEditing(const std::string& field, bool& cancel);
   void QGRID_LISTINI_OnEdited(const std::string& field);
   /// QGRID_LISTINI_SelectionBoxClick and QGRID_LISTINI_SelectAllClickEXT.
-  void flagClicked(const char* procedure, const std::string& field);
+  void flagClicked(const char* name, const std::string& field);
   void QGRID_LISTINI_StartLookup(const std::string& field, Value& code);
   void QGRID_LISTINI_DataFormatEXT(std::int32_t row, const std::string& field, std::string& text);
   void BTN_AGGLISTINI_ButtonClick();
 
-  std::int32_t currentType();
+  std::int32_t currentType(Procedure& p);
+  /// The list from which the code of a column is chosen; nothing for a column without one.
+  std::optional<host::LookupDefinition> lookupOf(std::string_view field, Procedure& p);
   std::string describe(std::string_view field, std::int32_t type, const std::string& code);
 
   PageContext& context_;

@@ -2,6 +2,7 @@
 
 #include "common/convert.h"
 #include "common/nulls.h"
+#include "forms/procedure.h"
 #include "sql/profile.h"
 
 namespace kebu::forms {
@@ -17,12 +18,12 @@ struct FixedValue {
 
 /// Code 1 and application 14 name this platform's profile among the company's.
 constexpr FixedValue fixedValues[] = {
-    {"GM03_CODICEDISPOSITIVO", 1},
-    {"GM03_INDTIPO", 0},
-    {"GM03_FLGTV", 0},
-    {"GM03_FLGRO", 0},
-    {"GM03_FLGENABLED", 1},
-    {"GM03_IDAPPLICAZIONE", 14},
+    {.column = "GM03_CODICEDISPOSITIVO", .value = 1},
+    {.column = "GM03_INDTIPO", .value = 0},
+    {.column = "GM03_FLGTV", .value = 0},
+    {.column = "GM03_FLGRO", .value = 0},
+    {.column = "GM03_FLGENABLED", .value = 1},
+    {.column = "GM03_IDAPPLICAZIONE", .value = 14},
 };
 
 }  // namespace
@@ -68,32 +69,30 @@ void ProfilePage::place(controls::GroupBox& parameters, controls::GroupBox& cust
 }
 
 void ProfilePage::ImpostaVirtualFrame() {
-  trap(context_.services, "ImpostaVirtualFrame", [&](Steps& step) {
-    const Ref<ado::Recordset> rows =
-        step([&] { return context_.openEditable(sql::Profilo(context_.companyKey())); });
-    step([&] { dependents_.parameters.bindColumns(); });
-    step([&] { context_.profile.setDataSource(rows); });
+  procedure(context_, "ImpostaVirtualFrame", [&](Procedure& p) {
+    const Ref<ado::Recordset> rows = p.openEditable(sql::Profilo(p.company()));
+    p.step([&] { dependents_.parameters.bindColumns(); });
+    p.step([&] { context_.profile.setDataSource(rows); });
     loadedProfile_ = context_.profileId();
-    step([&] { context_.profile.showRecord(); });
+    p.step([&] { context_.profile.showRecord(); });
   });
 }
 
 void ProfilePage::FME_ANAGRAFICA_BeforeUpdate(bool& cancel) {
-  trap(context_.services, "FME_ANAGRAFICA_BeforeUpdate", [&](Steps& step) {
+  procedure(context_, "FME_ANAGRAFICA_BeforeUpdate", [&](Procedure& p) {
     if (cancel) return;
-    const auto set = [&](const char* column, const Value& value) {
-      step([&] { context_.profile.setField(column, value); });
-    };
-    set("GM03_DITTA_CG18", context_.company);
-    for (const FixedValue& fixed : fixedValues) set(fixed.column, fixed.value);
-    const Value description = step([&] { return context_.profile.field("GM03_DESCRIZIONE"); });
-    if (NVL(description, "") == Value("")) set("GM03_DESCRIZIONE", "Merkal");
-    dependents_.filters.storeConditions(step, dependents_.parameters.FME_PARAMETRI, cancel);
+    controls::RecordFrame& frame = context_.profile;
+    p.set(frame, "GM03_DITTA_CG18", context_.company);
+    for (const FixedValue& fixed : fixedValues) p.set(frame, fixed.column, fixed.value);
+    if (NVL(p.value(frame, "GM03_DESCRIZIONE"), "") == Value("")) {
+      p.set(frame, "GM03_DESCRIZIONE", "Merkal");
+    }
+    dependents_.filters.storeConditions(dependents_.parameters.FME_PARAMETRI, cancel, p);
   });
 }
 
 void ProfilePage::FME_ANAGRAFICA_AfterUpdate() {
-  trap(context_.services, "FME_ANAGRAFICA_AfterUpdate", [&](Steps&) {
+  procedure(context_, "FME_ANAGRAFICA_AfterUpdate", [&](Procedure&) {
     dependents_.deposits.ConfermaModificheDepositi();
     dependents_.priceLists.ConfermaModificheListini();
     dependents_.synchronisation.SchedulaAttJob();
@@ -107,26 +106,23 @@ void ProfilePage::FME_ANAGRAFICA_AfterUpdate() {
 }
 
 void ProfilePage::FME_ANAGRAFICA_BeforeDelete(bool& cancel) {
-  // A cascade that the user broke off must not lose the profile that it hangs on.
-  cancel = !trap(context_.services, "FME_ANAGRAFICA_BeforeDelete", [&](Steps& step) {
-    const auto statements = step([&] { return sql::EliminaDipendenze(context_.profileKey()); });
-    for (const std::string& statement : statements) {
-      step([&] { context_.connection->Execute(statement); });
-    }
+  // When the user breaks the cascade off, the profile that it hangs on must not be lost.
+  cancel = !procedure(context_, "FME_ANAGRAFICA_BeforeDelete", [&](Procedure& p) {
+    for (const std::string& statement : sql::EliminaDipendenze(p.profile())) p.run(statement);
     return true;
   });
 }
 
 void ProfilePage::FME_ANAGRAFICA_AfterDelete() {
-  trap(context_.services, "FME_ANAGRAFICA_AfterDelete", [&](Steps&) {
+  procedure(context_, "FME_ANAGRAFICA_AfterDelete", [&](Procedure&) {
     dependents_.categories.LetturaDatiConfigurazioneCategorie();
     reloadDependents();
   });
 }
 
 void ProfilePage::FME_ANAGRAFICA_AfterUndo() {
-  trap(context_.services, "FME_ANAGRAFICA_AfterUndo", [&](Steps& step) {
-    step([&] { navigator_.refreshButtons(); });
+  procedure(context_, "FME_ANAGRAFICA_AfterUndo", [&](Procedure& p) {
+    p.step([&] { navigator_.refreshButtons(); });
     reloadDependents();
     // A filter that was changed and not saved is undone with the rest.
     dependents_.filters.reload();
@@ -140,22 +136,22 @@ void ProfilePage::reloadDependents() {
 }
 
 void ProfilePage::FME_ANAGRAFICA_ChangeStatus(FrameStatus status, FrameStatus previous) {
-  trap(context_.services, "FME_ANAGRAFICA_ChangeStatus", [&](Steps& step) {
+  procedure(context_, "FME_ANAGRAFICA_ChangeStatus", [&](Procedure&) {
     for (controls::GroupBox* group : {&GRP_CATART, &GRP_CATCLI, &GRP_PARCLI}) {
-      step([&] { group->setEnabled(status == FrameStatus::Browsing); });
+      group->setEnabled(status == FrameStatus::Browsing);
     }
     if (status == FrameStatus::New) dependents_.parameters.ClearChild();
     if (status == FrameStatus::Browsing && previous != FrameStatus::Saving) {
       dependents_.parameters.ShowChild();
     }
-    step([&] { navigator_.setEnabled(status != FrameStatus::Saving); });
+    navigator_.setEnabled(status != FrameStatus::Saving);
   });
 }
 
 void ProfilePage::FME_ANAGRAFICA_IsRecordChanged(bool& changed) {
-  trap(context_.services, "FME_ANAGRAFICA_IsRecordChanged", [&](Steps& step) {
-    changed =
-        step([&] { return dependents_.parameters.FME_PARAMETRI.isRecordChanged(); }) || changed;
+  procedure(context_, "FME_ANAGRAFICA_IsRecordChanged", [&](Procedure& p) {
+    const controls::RecordFrame& parameters = dependents_.parameters.FME_PARAMETRI;
+    changed = p.step([&] { return parameters.isRecordChanged(); }) || changed;
   });
 }
 

@@ -1,5 +1,6 @@
 #include "forms/anagrafica/profile/synchronisation.h"
 
+#include "forms/procedure.h"
 #include "sql/synchronisation.h"
 
 namespace kebu::forms {
@@ -12,36 +13,30 @@ constexpr std::int32_t installationFolder = 6;
 }  // namespace
 
 void Synchronisation::InsertGM02Records() {
-  trap(context_.services, "InsertGM02Records", [&](Steps& step) {
-    step([&] {
-      context_.connection->Execute(sql::ImpostazioneInizialeAttivita(context_.companyKey()));
-    });
-  });
+  procedure(context_, "InsertGM02Records",
+            [&](Procedure& p) { p.run(sql::ImpostazioneInizialeAttivita(p.company())); });
 }
 
 void Synchronisation::InsertGM08NuoviModelliSincro() {
-  trap(context_.services, "InsertGM08NuoviModelliSincro", [&](Steps& step) {
-    step([&] { context_.connection->Execute(sql::TipoSincroStandard()); });
-    step([&] {
-      context_.connection->Execute(
-          sql::AttivitaDispositivo(context_.profileKey(), context_.companyKey()));
-    });
+  procedure(context_, "InsertGM08NuoviModelliSincro", [&](Procedure& p) {
+    p.run(sql::TipoSincroStandard());
+    p.run(sql::AttivitaDispositivo(p.profile(), p.company()));
   });
 }
 
 std::string Synchronisation::GetPercorsoInstallazione() {
-  return trap(context_.services, "GetPercorsoInstallazione", [&](Steps& step) {
-    return step([&] { return environment_->GetPath(installationFolder, ""); });
+  return procedure(context_, "GetPercorsoInstallazione", [&](Procedure& p) {
+    return p.step([&] { return environment_->GetPath(installationFolder, ""); });
   });
 }
 
 bool Synchronisation::SchedulaAttJob() {
-  return trap(context_.services, "SchedulaAttJob", [&](Steps& step) {
-    const Ref<ado::Command> command = step([&] { return context_.newCommand(); });
-    step([&] { command->setActiveConnection(context_.connection); });
-    step([&] { command->setCommandText("SPFW_NEWATTJOB"); });
+  return procedure(context_, "SchedulaAttJob", [&](Procedure& p) {
+    const Ref<ado::Command> command = p.step([&] { return context_.newCommand(); });
+    p.step([&] { command->setActiveConnection(context_.connection); });
+    p.step([&] { command->setCommandText("SPFW_NEWATTJOB"); });
     const auto set = [&](const char* name, const Value& value) {
-      step([&] { command->setParameter(name, value); });
+      p.step([&] { command->setParameter(name, value); });
     };
     set("@vocemenu", jobMenuEntry);
     set("@DescrJob", context_.translate("Tarvo - Importa ordini"));
@@ -51,8 +46,8 @@ bool Synchronisation::SchedulaAttJob() {
     set("@Ditta", context_.company);
     // An existing job of the same kind is used again.
     set("@AlwaysNewAtt", std::int32_t{0});
-    step([&] { command->Execute(); });
-    step([&] { command->setActiveConnection(nullptr); });
+    p.step([&] { command->Execute(); });
+    p.step([&] { command->setActiveConnection(nullptr); });
     return true;
   });
 }

@@ -4,6 +4,7 @@
 #include "common/nulls.h"
 #include "forms/anagrafica/deposit_lookup.h"
 #include "forms/anagrafica/profile/parameters/parameter_choices.h"
+#include "forms/messages.h"
 #include "sql/deposits.h"
 #include "sql/profile.h"
 
@@ -11,23 +12,23 @@ namespace kebu::forms {
 
 namespace {
 
+/// A box that edits a text column as it stands; named TXT_ and the column.
 struct PlainBox {
-  const char* name;
   const char* column;
   const char* caption;
-  std::size_t length;
-  bool masked;
+  bool masked = false;
 };
 
 constexpr PlainBox plainBoxes[] = {
-    {"TXT_GM04_FTPADDRESS", "GM04_FTPADDRESS", "Indirizzo server", 255, false},
-    {"TXT_GM04_FTPUSER", "GM04_FTPUSER", "Utente", 255, false},
-    {"TXT_GM04_FTPPWD", "GM04_FTPPWD", "Password", 255, true},
-    {"TXT_GM04_PATHEXPORT", "GM04_PATHEXPORT", "Cartella esportazione", 255, false},
-    {"TXT_GM04_PATHIMPORT", "GM04_PATHIMPORT", "Cartella importazione", 255, false},
-    {"TXT_GM04_PATHBACKUP", "GM04_PATHBACKUP", "Cartella backup", 255, false},
-    {"TXT_GM04_PATHLOG", "GM04_PATHLOG", "Cartella log", 255, false},
+    {.column = "GM04_FTPADDRESS", .caption = "Indirizzo server"},
+    {.column = "GM04_FTPUSER", .caption = "Utente"},
+    {.column = "GM04_FTPPWD", .caption = "Password", .masked = true},
+    {.column = "GM04_PATHEXPORT", .caption = "Cartella esportazione"},
+    {.column = "GM04_PATHIMPORT", .caption = "Cartella importazione"},
+    {.column = "GM04_PATHBACKUP", .caption = "Cartella backup"},
+    {.column = "GM04_PATHLOG", .caption = "Cartella log"},
 };
+constexpr std::size_t longestPlainText = 255;
 
 /// What this connector does not offer: 0 on every save, whatever was set.
 constexpr const char* zeroedColumns[] = {
@@ -88,9 +89,10 @@ void ParameterPage::bindControls() {
   TXT_GM04_LASTSYNCCLI.bind(FME_PARAMETRI, "GM04_LASTSYNCCLI");
   TXT_GM04_LASTSYNCCLI.setEditable(false);
   for (const PlainBox& plain : plainBoxes) {
-    controls::EditBox& box = plainBoxes_.emplace_back(plain.name, plain.caption);
+    controls::EditBox& box =
+        plainBoxes_.emplace_back(std::string("TXT_") + plain.column, plain.caption);
     box.bind(FME_PARAMETRI, plain.column);
-    box.setMaxLength(plain.length);
+    box.setMaxLength(longestPlainText);
     box.setMasked(plain.masked);
   }
   TXT_GM04_CODDOCWEB_MG36.setDescription(LBL_DESCDOCWEB);
@@ -144,9 +146,9 @@ void ParameterPage::place(controls::GroupBox& page) {
 }
 
 void ParameterPage::CaricoCombo(std::span<const FixedChoiceCombo> others) {
-  trap(context_.services, "CaricoCombo", [&](Steps& step) {
+  procedure(context_, "CaricoCombo", [&](Procedure& p) {
     const auto fillCombo = [&](const FixedChoiceCombo& filled) {
-      step([&] { fill(filled, context_); });
+      p.step([&] { fill(filled, context_); });
     };
     fillCombo({CMB_GM04_INDTIPOGIACENZA, choices::stock});
     fillCombo({CMB_GM04_INDTIPODEPIMP, choices::importDeposit});
@@ -172,37 +174,34 @@ void ParameterPage::bindColumns() {
 }
 
 void ParameterPage::ShowChild() {
-  trap(context_.services, "ShowChild",
-       [&](Steps& step) { step([&] { open(sql::Parametri(context_.profileKey())); }); });
+  procedure(context_, "ShowChild",
+            [&](Procedure& p) { p.step([&] { open(sql::Parametri(context_.profileKey())); }); });
 }
 
 void ParameterPage::ClearChild() {
-  trap(context_.services, "ClearChild",
-       [&](Steps& step) { step([&] { open(sql::ParametriVuoti()); }); });
+  procedure(context_, "ClearChild",
+            [&](Procedure& p) { p.step([&] { open(sql::ParametriVuoti()); }); });
 }
 
 void ParameterPage::FME_PARAMETRI_BeforeUpdate(bool& cancel) {
-  trap(context_.services, "FME_PARAMETRI_BeforeUpdate", [&](Steps& step) {
-    const auto field = [&](const char* name) {
-      return step([&] { return FME_PARAMETRI.field(name); });
-    };
+  procedure(context_, "FME_PARAMETRI_BeforeUpdate", [&](Procedure& p) {
+    const auto field = [&](const char* name) { return p.value(FME_PARAMETRI, name); };
     const auto set = [&](const char* name, const Value& value) {
-      step([&] { FME_PARAMETRI.setField(name, value); });
+      p.set(FME_PARAMETRI, name, value);
     };
     const std::int16_t zero = 0;
     const Value kind = NVL(field("GM04_INDTIPODEPIMP"), zero);
     const Value document = field("GM04_CODDOCWEB_MG36");
 
     if (equalAsVariants(kind, Value(asGiven)) && isBlank(field("GM04_DEPDOCWEB_MG58"))) {
-      constexpr std::int32_t depositMissing = 12569;
-      step([&] { context_.services.showMessage(depositMissing, msgbox::exclamation); });
+      p.tell(messages::depositMissing, msgbox::exclamation);
       cancel = true;
       return;
     }
     if (equalAsVariants(kind, Value(fromDocument)) && !isBlank(document)) {
-      const std::string code = step([&] { return toText(document); });
+      const std::string code = toText(document);
       if (!VerificaDepositoDocumento(code)) {
-        step([&] { tellDefaultDepositMissing(trim(code)); });
+        p.step([&] { tellDefaultDepositMissing(trim(code)); });
         cancel = true;
         return;
       }
@@ -232,91 +231,84 @@ void ParameterPage::tellDefaultDepositMissing(const std::string& document) {
 }
 
 void ParameterPage::FME_PARAMETRI_ChangeStatus() {
-  trap(context_.services, "FME_PARAMETRI_ChangeStatus", [&](Steps& step) {
+  procedure(context_, "FME_PARAMETRI_ChangeStatus", [&](Procedure& p) {
     // Whether customers were ever synchronised changes nothing on the page, and is meant not to.
     static_cast<void>(
-        step([&] { return RTrimN(FME_PARAMETRI.field("GM04_LASTSYNCCLI")).empty(); }));
+        p.step([&] { return RTrimN(FME_PARAMETRI.field("GM04_LASTSYNCCLI")).empty(); }));
   });
 }
 
 void ParameterPage::FME_PARAMETRI_UpdateBatchAll() {
-  trap(context_.services, "FME_PARAMETRI_UpdateBatchAll", [&](Steps& step) {
+  procedure(context_, "FME_PARAMETRI_UpdateBatchAll", [&](Procedure& p) {
     if (!FME_PARAMETRI.hasRecord()) return;
     const Value profileId = context_.profileId();
-    step([&] { rows_->MoveFirst(); });
-    while (step([&] { return !rows_->EOF_(); })) {
-      step([&] {
+    p.step([&] { rows_->MoveFirst(); });
+    for (; p.more(rows_); p.next(rows_)) {
+      p.step([&] {
         if (equalAsVariants(rows_->value("GM04_IDDISPOSITIVO_GM03"), profileId)) return;
         rows_->setValue("GM04_IDDISPOSITIVO_GM03", profileId);
         rows_->Update();
       });
-      step([&] { rows_->MoveNext(); });
     }
-    step([&] { rows_->MoveFirst(); });
+    p.step([&] { rows_->MoveFirst(); });
   });
 }
 
-void ParameterPage::storeCustomerNotes(Steps& step) {
+void ParameterPage::storeCustomerNotes(Procedure& p) {
   if (!FME_PARAMETRI.hasRecord()) return;
   const std::string& text = TXT_GM04_NUMNOTECLIENTI.text();
-  const bool none = step([&] { return equalAsVariants(CDecN(text), std::int32_t{0}); });
-  step([&] {
+  const bool none = p.step([&] { return equalAsVariants(CDecN(text), std::int32_t{0}); });
+  p.step([&] {
     FME_PARAMETRI.setField("GM04_NUMNOTECLIENTI", none ? Value(Null{}) : Value(text));
     rows_->Update();
   });
-  step([&] { rows_->UpdateBatch(); });
-  step([&] { TXT_GM04_NUMNOTECLIENTI.refreshFromRecord(); });
+  p.step([&] { rows_->UpdateBatch(); });
+  p.step([&] { TXT_GM04_NUMNOTECLIENTI.refreshFromRecord(); });
 }
 
 bool ParameterPage::VerificaDepositoDocumento(const std::string& document) {
-  return trap(context_.services, "VerificaDepositoDocumento", [&](Steps& step) {
-    const Ref<ado::Recordset> rows = step([&] {
-      return context_.connection->Execute(sql::DepositoDocumento(context_.companyKey(), document));
-    });
-    return step([&] { return !rows->EOF_() && !isBlank(rows->value("MG3G_DEPDEFAULT_MG58")); });
+  return procedure(context_, "VerificaDepositoDocumento", [&](Procedure& p) {
+    const Ref<ado::Recordset> rows = p.read(sql::DepositoDocumento(p.company(), document));
+    return p.step([&] { return !rows->EOF_() && !isBlank(rows->value("MG3G_DEPDEFAULT_MG58")); });
   });
 }
 
 void ParameterPage::TXT_GM04_CODDOCWEB_MG36_StartDecode(const std::string& code,
                                                         std::string& description) {
-  trap(context_.services, "TXT_GM04_CODDOCWEB_MG36_StartDecode", [&](Steps& step) {
+  procedure(context_, "TXT_GM04_CODDOCWEB_MG36_StartDecode", [&](Procedure& p) {
     const std::string statement =
-        step([&] { return context_.decodes->DocumentType(context_.companyKey().text, code); });
-    description = step([&] { return context_.lookUpText(statement, "MG36_DESCR"); });
+        p.step([&] { return context_.decodes->DocumentType(context_.companyKey().text, code); });
+    description = p.lookUpText(statement, "MG36_DESCR");
   });
 }
 
 void ParameterPage::TXT_GM04_CODDOCWEB_MG36_StartLookup() {
-  trap(context_.services, "TXT_GM04_CODDOCWEB_MG36_StartLookup", [&](Steps& step) {
+  procedure(context_, "TXT_GM04_CODDOCWEB_MG36_StartLookup", [&](Procedure& p) {
     const auto list =
-        step([&] { return context_.lookups->DocumentTypes(context_.companyKey().text); });
-    const auto code = step([&] { return context_.choose(list); });
-    if (code) step([&] { TXT_GM04_CODDOCWEB_MG36.enter(*code); });
+        p.step([&] { return context_.lookups->DocumentTypes(context_.companyKey().text); });
+    const auto code = p.choose(list);
+    if (code) p.step([&] { TXT_GM04_CODDOCWEB_MG36.enter(*code); });
   });
 }
 
-void ParameterPage::decodeDeposit(const char* procedure, const std::string& code,
+void ParameterPage::decodeDeposit(const char* name, const std::string& code,
                                   std::string& description) {
-  trap(context_.services, procedure, [&](Steps& step) {
-    description = step([&] {
-      return context_.lookUpText(sql::DecodificaDeposito(context_.companyKey(), code),
-                                 "MG58_DESCRDEP");
-    });
+  procedure(context_, name, [&](Procedure& p) {
+    description = p.lookUpText(sql::DecodificaDeposito(p.company(), code), "MG58_DESCRDEP");
   });
 }
 
-void ParameterPage::lookUpDeposit(const char* procedure, controls::EditBox& box) {
-  trap(context_.services, procedure, [&](Steps& step) {
-    const auto code = step(
-        [&] { return context_.choose(depositLookup(sql::ElencoDepositi(context_.companyKey()))); });
-    if (code) step([&] { box.enter(*code); });
+void ParameterPage::lookUpDeposit(const char* name, controls::EditBox& box) {
+  procedure(context_, name, [&](Procedure& p) {
+    const auto code = p.choose(depositLookup(sql::ElencoDepositi(p.company())));
+    if (code) p.step([&] { box.enter(*code); });
   });
 }
 
 void ParameterPage::TXT_NUMLIST_StartDecode(const std::string& number, std::string& description) {
-  trap(context_.services, "TXT_NUMLIST_StartDecode", [&](Steps& step) {
+  procedure(context_, "TXT_NUMLIST_StartDecode", [&](Procedure& p) {
     const int kind = CBO_TIPOVALORIZZ.text() == purchaseList ? 1 : 0;
-    description = step([&] {
+    description = p.step([&] {
       return context_.lookUpText(
           sql::DescrizioneListino(context_.companyKey(), kind, toSqlNumber(CDecN(number))),
           "MG44_DESCLIST");
@@ -325,12 +317,12 @@ void ParameterPage::TXT_NUMLIST_StartDecode(const std::string& number, std::stri
 }
 
 void ParameterPage::CBO_TIPOVALORIZZ_ChangeRow() {
-  trap(context_.services, "CBO_TIPOVALORIZZ_ChangeRow", [&](Steps& step) {
+  procedure(context_, "CBO_TIPOVALORIZZ_ChangeRow", [&](Procedure&) {
     const std::string code = CBO_TIPOVALORIZZ.text();
     // No row carries 18; the test for it is meant.
     const bool takesList = code == purchaseList || code == "17" || code == "18";
-    step([&] { TXT_NUMLIST.setEditable(takesList); });
-    step([&] { TXT_NUMLIST.setRequired(takesList); });
+    TXT_NUMLIST.setEditable(takesList);
+    TXT_NUMLIST.setRequired(takesList);
   });
 }
 
@@ -342,10 +334,10 @@ void ParameterPage::CBO_TIPOVALORIZZ_AfterItem() {
 }
 
 void ParameterPage::CMB_GM04_INDTIPODEPIMP_ChangeRow() {
-  trap(context_.services, "CMB_GM04_INDTIPODEPIMP_ChangeRow", [&](Steps& step) {
+  procedure(context_, "CMB_GM04_INDTIPODEPIMP_ChangeRow", [&](Procedure&) {
     const bool given = CMB_GM04_INDTIPODEPIMP.text() != "0";
-    step([&] { TXT_GM04_DEPDOCWEB_MG58.setEnabled(given); });
-    step([&] { TXT_DEC_DEPDOCWEB_MG58.setEnabled(given); });
+    TXT_GM04_DEPDOCWEB_MG58.setEnabled(given);
+    TXT_DEC_DEPDOCWEB_MG58.setEnabled(given);
   });
 }
 

@@ -10,6 +10,7 @@
 #include "controls/simple_controls.h"
 #include "forms/anagrafica/fixed_choice.h"
 #include "forms/page_context.h"
+#include "forms/procedure.h"
 
 namespace kebu::forms {
 
@@ -55,7 +56,7 @@ class ParameterPage {
   void ClearChild();
   void FME_PARAMETRI_ChangeStatus();
   /// Stores the number of customer notes by itself, apart from the profile's save.
-  void storeCustomerNotes(Steps& step);
+  void storeCustomerNotes(Procedure& p);
 
  private:
   void bindControls();
@@ -66,8 +67,8 @@ class ParameterPage {
   void FME_PARAMETRI_UpdateBatchAll();
   void tellDefaultDepositMissing(const std::string& document);
   bool VerificaDepositoDocumento(const std::string& document);
-  void decodeDeposit(const char* procedure, const std::string& code, std::string& description);
-  void lookUpDeposit(const char* procedure, controls::EditBox& box);
+  void decodeDeposit(const char* name, const std::string& code, std::string& description);
+  void lookUpDeposit(const char* name, controls::EditBox& box);
   void TXT_GM04_CODDOCWEB_MG36_StartDecode(const std::string& code, std::string& description);
   void TXT_GM04_CODDOCWEB_MG36_StartLookup();
   void TXT_NUMLIST_StartDecode(const std::string& number, std::string& description);

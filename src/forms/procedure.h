@@ -1,0 +1,81 @@
+#pragma once
+
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <type_traits>
+#include <utility>
+
+#include "ado/recordset.h"
+#include "common/trap.h"
+#include "controls/query_grid.h"
+#include "controls/record_frame.h"
+#include "forms/page_context.h"
+#include "host/services.h"
+#include "sql/keys.h"
+
+namespace kebu::forms {
+
+/// A procedure at work. Each of its acts is a statement of its own: when one fails the user is
+/// asked, and Abort, Retry and Ignore mean what Steps says. An ignored act gives a default value:
+/// an empty text or value, no recordset, false.
+class Procedure {
+ public:
+  Procedure(PageContext& context, Steps& steps) : context_(context), steps_(steps) {}
+
+  /// Any other statement that may fail.
+  template <class Statement>
+  auto step(Statement&& statement) -> std::invoke_result_t<Statement&> {
+    return steps_(std::forward<Statement>(statement));
+  }
+
+  /// For whom statements are made.
+  sql::Company company();
+  sql::ProfileId profile();
+
+  /// Runs a statement that has no rows.
+  void run(const std::string& statement);
+  /// Runs a statement for its rows, which are read once from the first to the last.
+  Ref<ado::Recordset> read(const std::string& statement);
+  /// The same with rows that stay: to be edited one by one, or to be looked at only.
+  Ref<ado::Recordset> openEditable(const std::string& statement,
+                                   ado::CursorType cursor = ado::CursorType::Static);
+  Ref<ado::Recordset> openReadable(const std::string& statement);
+  /// The first row's value of `column` as text without trailing blanks; "" without a row.
+  std::string lookUpText(const std::string& statement, std::string_view column);
+
+  /// Whether the recordset stands on a row.
+  bool more(const Ref<ado::Recordset>& rows);
+  void next(const Ref<ado::Recordset>& rows);
+  /// A column of the current row.
+  Value value(const Ref<ado::Recordset>& rows, std::string_view column);
+  void set(const Ref<ado::Recordset>& rows, std::string_view column, const Value& value);
+  Value value(const controls::RecordFrame& frame, std::string_view column);
+  void set(controls::RecordFrame& frame, std::string_view column, const Value& value);
+  void show(controls::QueryGrid& grid, const Ref<ado::Recordset>& rows);
+
+  /// Lets the user choose from a list; the code chosen, or nothing.
+  std::optional<Value> choose(const host::LookupDefinition& list);
+  /// Shows a message of the host's store, by number.
+  void tell(std::int32_t message, std::int32_t style);
+  /// Translates and shows a text; the button pressed.
+  std::int32_t ask(const std::string& text, std::int32_t style);
+
+ private:
+  PageContext& context_;
+  Steps& steps_;
+};
+
+/// Runs the body of a procedure under its given name. What fails in it is told under that name
+/// instead of thrown. Gives the body's result, or a default when the procedure is left early.
+template <class Body>
+auto procedure(PageContext& context, std::string_view name, Body&& body)
+    -> std::invoke_result_t<Body&, Procedure&> {
+  return trap(context.services, name, [&](Steps& steps) {
+    Procedure p(context, steps);
+    return body(p);
+  });
+}
+
+}  // namespace kebu::forms
