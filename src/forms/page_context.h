@@ -14,6 +14,18 @@
 
 namespace kebu::forms {
 
+/// The host's service objects that the window creates at its first activation. All are given back
+/// together, by assigning an empty one.
+struct HostServices {
+  Ref<host::SqlDecodeService> decodes = {};
+  Ref<host::LookupService> lookups = {};
+  Ref<host::SavedFilterService> savedFilters = {};
+  Ref<host::EnvironmentService> environment = {};
+  Ref<host::LayoutModel> layoutModel = {};
+  Ref<host::ScriptModel> scriptModel = {};
+  Ref<host::ConnectionProvider> connectionProvider = {};
+};
+
 /// What the pages of the window share. The window fills it at its first activation.
 class PageContext {
  public:
@@ -26,9 +38,7 @@ class PageContext {
   Ref<ado::Connection> connection;
   /// The ERP company, from the host.
   Value company;
-  Ref<host::SqlDecodeService> decodes;
-  Ref<host::LookupService> lookups;
-  Ref<host::SavedFilterService> savedFilters;
+  HostServices hostServices;
   /// False until the window's first activation is done.
   bool loaded = false;
 

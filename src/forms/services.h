@@ -18,10 +18,12 @@ class Services : public controls::ControlHost {
  public:
   Services(Platform& platform, const controls::Form& form) : platform_(platform), form_(form) {}
 
-  void setHost(const Ref<host::Cinterface>& value) { host_ = value; }
-  const Ref<host::Cinterface>& host() const { return host_; }
-  void setLog(const Ref<host::LogService>& log) { log_ = log; }
-  void setConnection(const Ref<ado::Connection>& connection) { connection_ = connection; }
+  void setHost(const Ref<host::Cinterface>& value) { lent_.host = value; }
+  const Ref<host::Cinterface>& host() const { return lent_.host; }
+  void setLog(const Ref<host::LogService>& log) { lent_.log = log; }
+  void setConnection(const Ref<ado::Connection>& connection) { lent_.connection = connection; }
+  /// Gives all of these back.
+  void release() { lent_ = {}; }
 
   /// The host's translation; the text itself without the host's service.
   std::string TranslateString(const std::string& text);
@@ -49,9 +51,12 @@ class Services : public controls::ControlHost {
 
   Platform& platform_;
   const controls::Form& form_;
-  Ref<host::Cinterface> host_;
-  Ref<host::LogService> log_;
-  Ref<ado::Connection> connection_;
+  struct Lent {
+    Ref<ado::Connection> connection = {};
+    Ref<host::LogService> log = {};
+    Ref<host::Cinterface> host = {};
+  };
+  Lent lent_;
 };
 
 }  // namespace kebu::forms

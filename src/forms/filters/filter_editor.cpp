@@ -68,7 +68,7 @@ void FilterEditor::prepare(const char* keySuffix, Procedure& p) {
     const Ref<host::ClsGlobal> global = context_.services.host()->ClsGlobal();
     editor_.setStorageKey(global->ApplicationCode() + keySuffix);
     editor_.setSurroundings({toDecimal(context_.company), global->SessionId(), global->UserId(),
-                             global, context_.savedFilters, context_.connection});
+                             global, context_.hostServices.savedFilters, context_.connection});
   });
   p.step([&] {
     for (const auto& field : declarationsOf(subject_.fields)) editor_.addField(field);

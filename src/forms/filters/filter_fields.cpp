@@ -6,33 +6,33 @@ namespace kebu::forms {
 
 std::string decodeFromTable(const PageContext& context, const FilterField& field,
                             const CodeKeys& keys) {
-  return context.decodes->Code(field.table, context.companyKey().text, keys);
+  return context.hostServices.decodes->Code(field.table, context.companyKey().text, keys);
 }
 
 host::LookupDefinition listOfTable(const PageContext& context, const FilterField& field,
                                    const CodeKeys& upperKeys) {
-  return context.lookups->Codes(field.table, context.companyKey().text, upperKeys);
+  return context.hostServices.lookups->Codes(field.table, context.companyKey().text, upperKeys);
 }
 
 namespace {
 
 std::string decodeCustomer(const PageContext& context, const FilterField&, const CodeKeys& keys) {
-  return context.decodes->Customer(context.companyKey().text, keys.back());
+  return context.hostServices.decodes->Customer(context.companyKey().text, keys.back());
 }
 
 host::LookupDefinition listCustomers(const PageContext& context, const FilterField&,
                                      const CodeKeys&) {
-  return context.lookups->Customers(context.companyKey().text);
+  return context.hostServices.lookups->Customers(context.companyKey().text);
 }
 
 host::LookupDefinition listCustomerNames(const PageContext& context, const FilterField&,
                                          const CodeKeys&) {
-  return context.lookups->CustomerNames(context.companyKey().text);
+  return context.hostServices.lookups->CustomerNames(context.companyKey().text);
 }
 
 host::LookupDefinition listSuppliers(const PageContext& context, const FilterField&,
                                      const CodeKeys&) {
-  return context.lookups->Suppliers(context.companyKey().text);
+  return context.hostServices.lookups->Suppliers(context.companyKey().text);
 }
 
 std::string decodeState(const PageContext&, const FilterField&, const CodeKeys& keys) {

@@ -9,7 +9,10 @@ namespace kebu::forms {
 
 CategoriesPage::CategoriesPage(PageContext& context, controls::NavigatorBar& navigator,
                                ParameterPage& parameters)
-    : context_(context),
+    : GRP_CATART("GRP_CATART", "Categorie articoli"),
+      GRP_CATCLI("GRP_CATCLI", "Categorie clienti"),
+      GRP_PARCLI("GRP_PARCLI", "Parametri clienti"),
+      context_(context),
       navigator_(navigator),
       parameters_(parameters),
       customers_(customerCategories, context, catalogue_, [this] { navigator_.setModified(true); }),
@@ -18,10 +21,17 @@ CategoriesPage::CategoriesPage(PageContext& context, controls::NavigatorBar& nav
       [this](bool&, const std::string& button) { INAV_CATCLIART_ButtonClick(button); });
 }
 
-void CategoriesPage::place(controls::GroupBox& customers, controls::GroupBox& articles) {
-  customers_.place(customers);
-  articles_.place(articles);
-  articlePage_ = &articles;
+void CategoriesPage::place(PageGroups& groups) {
+  customers_.place(GRP_CATCLI);
+  articles_.place(GRP_CATART);
+  groups["GRPMAIN_CATCLIENTI"].addAll(GRP_CATCLI, GRP_PARCLI);
+  groups["GRPMAIN_CATART"].add(GRP_CATART);
+}
+
+void CategoriesPage::setEnabled(bool enabled) {
+  for (controls::GroupBox* group : {&GRP_CATART, &GRP_CATCLI, &GRP_PARCLI}) {
+    group->setEnabled(enabled);
+  }
 }
 
 void CategoriesPage::INAV_CATCLIART_ButtonClick(const std::string& button) {
@@ -135,7 +145,7 @@ void CategoriesPage::ConfermaModificheCategorie() {
     store(articles_, rows, p);
     p.step([&] { rows->setFilter(""); });
     p.step([&] { rows->UpdateBatch(); });
-    if (articlePage_->isShown()) parameters_.storeCustomerNotes(p);
+    if (GRP_CATART.isShown()) parameters_.storeCustomerNotes(p);
     // A batch that was skipped on the user's word is still to be stored.
     navigator_.setModified(rows->hasPendingBatch());
   });

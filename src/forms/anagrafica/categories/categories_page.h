@@ -4,6 +4,7 @@
 #include "controls/simple_controls.h"
 #include "forms/anagrafica/categories/category_levels.h"
 #include "forms/anagrafica/categories/classification_catalogue.h"
+#include "forms/anagrafica/page.h"
 #include "forms/anagrafica/profile/parameters/parameter_page.h"
 #include "forms/page_context.h"
 #include "forms/procedure.h"
@@ -12,20 +13,25 @@ namespace kebu::forms {
 
 /// Which classifications are published as the platform's categories: four
 /// levels for customers, three for articles. Confirmed by a bar of its own.
-class CategoriesPage {
+class CategoriesPage : public Page {
  public:
   CategoriesPage(PageContext& context, controls::NavigatorBar& navigator,
                  ParameterPage& parameters);
 
-  void place(controls::GroupBox& customers, controls::GroupBox& articles);
+  controls::GroupBox GRP_CATART;
+  controls::GroupBox GRP_CATCLI;
+  controls::GroupBox GRP_PARCLI;
+
+  void place(PageGroups& groups) override;
+
+  void release() override { catalogue_.close(); }
 
   /// Offers the catalogue's classifications in every combo.
   void CaricaComboClientiArticoli();
   /// Shows what is stored for the current profile, or proposes the usual levels.
   void LetturaDatiConfigurazioneCategorie();
-
-  /// Gives the catalogue back.
-  void close() { catalogue_.close(); }
+  /// The levels are not to be touched while the profile is being changed.
+  void setEnabled(bool enabled);
 
  private:
   void INAV_CATCLIART_ButtonClick(const std::string& button);
@@ -38,7 +44,6 @@ class CategoriesPage {
   PageContext& context_;
   controls::NavigatorBar& navigator_;
   ParameterPage& parameters_;
-  const controls::GroupBox* articlePage_ = nullptr;
   ClassificationCatalogue catalogue_;
   CategoryLevels customers_;
   CategoryLevels articles_;

@@ -178,7 +178,7 @@ void CategoryLevels::lookUpCode(Level& level) {
 }
 
 host::LookupDefinition CategoryLevels::configuratorVariants() const {
-  return context_.lookups->Configurator(context_.companyKey().text);
+  return context_.hostServices.lookups->Configurator(context_.companyKey().text);
 }
 
 }  // namespace kebu::forms

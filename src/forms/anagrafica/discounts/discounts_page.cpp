@@ -9,7 +9,6 @@ namespace kebu::forms {
 
 namespace {
 
-constexpr std::int32_t discountsView = 12;
 constexpr const char* lastUpdate = "Ultimo aggiornamento: ";
 
 /// "dd/mm/yyyy", whatever the locale.
@@ -46,7 +45,8 @@ void DiscountsPage::handleEvents() {
       [this](bool& cancel, const std::string& button) { INAV_PAR_ButtonClick(cancel, button); });
 }
 
-void DiscountsPage::place(controls::GroupBox& page) {
+void DiscountsPage::place(PageGroups& groups) {
+  controls::GroupBox& page = groups["GRPMAIN_SCONTI"];
   options.place(page);
   page.addAll(LBL_DATAULTAGG, CMD_AGGIORNA, onPrice.check, onPrice.grid, byGrid.check, byGrid.grid);
 }
@@ -56,8 +56,8 @@ void DiscountsPage::release() {
   byGrid.empty();
 }
 
-void DiscountsPage::viewShown(std::int32_t view) {
-  shown_ = view == discountsView;
+void DiscountsPage::viewShown(std::int32_t number) {
+  shown_ = number == view;
   navigator_.setFollowsFrame(!shown_);
   if (!shown_) return;
   navigator_.setButtonEnabled("Nuovo", false);

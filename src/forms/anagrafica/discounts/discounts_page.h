@@ -7,6 +7,7 @@
 #include "controls/simple_controls.h"
 #include "forms/anagrafica/discounts/discount_grid.h"
 #include "forms/anagrafica/discounts/discount_options.h"
+#include "forms/anagrafica/page.h"
 #include "forms/anagrafica/progress_display.h"
 #include "forms/page_context.h"
 #include "forms/procedure.h"
@@ -17,7 +18,7 @@ namespace kebu::forms {
 /// The discount rules of the company: candidates from the ERP's price lists for
 /// one list type at a time, in two modes, of which the ticked ones are stored.
 /// What the eight kinds differ in is in the table of sql/discount_kinds.
-class DiscountsPage {
+class DiscountsPage : public Page {
  public:
   DiscountsPage(PageContext& context, ProgressDisplay& progress, controls::NavigatorBar& navigator);
 
@@ -27,11 +28,13 @@ class DiscountsPage {
   controls::Button CMD_AGGIORNA;
   controls::Label LBL_DATAULTAGG;
 
-  void place(controls::GroupBox& page);
+  void place(PageGroups& groups) override;
+  void release() override;
+
+  /// The number by which the page is chosen.
+  static constexpr std::int32_t view = 12;
   /// The window shows a view: on this page the navigator bar saves and deletes rules.
-  void viewShown(std::int32_t view);
-  /// Lets go of the rows.
-  void release();
+  void viewShown(std::int32_t number);
 
  private:
   void handleEvents();

@@ -51,9 +51,9 @@ FilterPages::Filter FilterPages::articles() {
           .condition = [this] { return StringaLimitiArticoli(); }};
 }
 
-void FilterPages::place(controls::GroupBox& customers, controls::GroupBox& articles) {
-  customers.add(ENHQUERY_CLI);
-  articles.add(ENHQUERY_ART);
+void FilterPages::place(PageGroups& groups) {
+  groups["GRPMAIN_FILTROCLI"].add(ENHQUERY_CLI);
+  groups["GRPMAIN_FILTROART"].add(ENHQUERY_ART);
 }
 
 void FilterPages::ImpostaEnQuery() {

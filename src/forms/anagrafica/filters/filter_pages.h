@@ -5,6 +5,7 @@
 #include "controls/query_editor.h"
 #include "controls/record_frame.h"
 #include "controls/simple_controls.h"
+#include "forms/anagrafica/page.h"
 #include "forms/filters/filter_editor.h"
 #include "forms/page_context.h"
 #include "forms/procedure.h"
@@ -13,14 +14,16 @@ namespace kebu::forms {
 
 /// Which customers and which articles are published: two query editors, whose
 /// conditions are stored with the profile's parameters.
-class FilterPages {
+class FilterPages : public Page {
  public:
   explicit FilterPages(PageContext& context);
 
   controls::QueryEditor ENHQUERY_CLI;
   controls::QueryEditor ENHQUERY_ART;
 
-  void place(controls::GroupBox& customers, controls::GroupBox& articles);
+  void place(PageGroups& groups) override;
+  void release() override;
+
   /// Prepares both editors with their saved filters.
   void ImpostaEnQuery();
   /// The conditions as the synchronisation appends them; "" for no restriction.
@@ -32,7 +35,6 @@ class FilterPages {
   void storeConditions(controls::RecordFrame& parameters, bool& cancel, Procedure& p);
   /// Shows the saved filters again.
   void reload();
-  void release();
 
  private:
   struct Filter;

@@ -1,22 +1,17 @@
 #include "forms/anagrafica/frame/frmkb_anagrafica.h"
 
 #include <algorithm>
+#include <map>
 
 #include "common/convert.h"
 #include "common/nulls.h"
-#include "forms/anagrafica/frame/views.h"
+#include "forms/anagrafica/frame/pages.h"
 #include "forms/procedure.h"
 #include "sql/working_tables.h"
 
 namespace kebu::forms {
 
 using controls::FrameStatus;
-
-namespace {
-
-constexpr std::int32_t noView = -1;
-
-}  // namespace
 
 FRMKB_ANAGRAFICA::FRMKB_ANAGRAFICA(const Runtime& runtime)
     : Form("FRMKB_ANAGRAFICA", runtime.desktop),
@@ -30,7 +25,8 @@ FRMKB_ANAGRAFICA::FRMKB_ANAGRAFICA(const Runtime& runtime)
       MDIActiveX1("MDIActiveX1"),
       trace_(runtime.platform, "FRMKB_ANAGRAFICA"),
       context_(runtime, services_, FME_ANAGRAFICA),
-      progress_(context_, {SBAR_MAIN, pages_.GRPMAIN_LISTINI, INAV_PAR}),
+      groups_(makeGroups()),
+      progress_(context_, {SBAR_MAIN, groups_["GRPMAIN_LISTINI"], INAV_PAR}),
       synchronisation_(context_),
       parameters_(context_),
       categories_(context_, INAV_CATCLIART, parameters_),
@@ -40,10 +36,7 @@ FRMKB_ANAGRAFICA::FRMKB_ANAGRAFICA(const Runtime& runtime)
       filters_(context_),
       discounts_(context_, progress_, INAV_PAR),
       profile_(context_, INAV_PAR,
-               {parameters_, categories_, deposits_, priceLists_, filters_, synchronisation_}),
-      GRP_LISTINI("GRP_LISTINI", "Listini da pubblicare"),
-      GRP_AGGLISTINI("GRP_AGGLISTINI", "Aggiornamento prezzi"),
-      GRP_DEP("GRP_DEP", "Depositi da pubblicare") {
+               {parameters_, categories_, deposits_, priceLists_, filters_, synchronisation_}) {
   trace_.initialized();
   buildPages();
   INAV_PAR.bind(FME_ANAGRAFICA);
@@ -57,30 +50,26 @@ FRMKB_ANAGRAFICA::~FRMKB_ANAGRAFICA() {
   ignoringErrors([&] { trace_.terminated(); });
 }
 
+PageGroups FRMKB_ANAGRAFICA::makeGroups() {
+  PageGroups groups;
+  for (const PageEntry& page : pages) groups.add(page.group);
+  return groups;
+}
+
 void FRMKB_ANAGRAFICA::buildPages() {
   SBAR_MAIN.setSize({180, 600});
-  pages_.GRPMAIN_LISTINI.setSize({820, 520});
+  groups_["GRPMAIN_LISTINI"].setSize({820, 520});
   INAV_PAR.setSize({820, 40});
   progress_.PBAR.setSize({260, 24});
-  for (const View& view : views) SBAR_MAIN.addLink(view.number, std::string(view.link));
-
-  profile_.place(pages_.GRPMAIN_PAR, pages_.GRPMAIN_CATCLIENTI, pages_.GRPMAIN_CATART);
-  parameters_.place(pages_.GRPMAIN_PAR);
-  categories_.place(profile_.GRP_CATCLI, profile_.GRP_CATART);
-  discounts_.place(pages_.GRPMAIN_SCONTI);
-  GRP_LISTINI.add(priceLists_.QGRID_LISTINI);
-  GRP_AGGLISTINI.add(priceLists_.BTN_AGGLISTINI);
-  pages_.GRPMAIN_LISTINI.addAll(GRP_LISTINI, GRP_AGGLISTINI);
-  GRP_DEP.add(deposits_.QGRID_DEP);
-  pages_.GRPMAIN_GIACENZE.add(GRP_DEP);
-  pages_.GRPMAIN_RIEPART.add(preview_.QGRID_ART);
-  filters_.place(pages_.GRPMAIN_FILTROCLI, pages_.GRPMAIN_FILTROART);
-
-  addAll(SBAR_MAIN, TITLEBAR, INAV_PAR, INAV_CATCLIART, FME_ANAGRAFICA, parameters_.FME_PARAMETRI);
-  for (controls::GroupBox* page : pages_.all) {
-    page->setVisible(false);
-    add(*page);
+  std::map<std::int32_t, std::string_view> links;
+  for (const PageEntry& page : pages) {
+    if (page.view != noView) links.emplace(page.view, page.link);
   }
+  for (const auto& [view, link] : links) SBAR_MAIN.addLink(view, std::string(link));
+
+  for (Page* page : pages_) page->place(groups_);
+  addAll(SBAR_MAIN, TITLEBAR, INAV_PAR, INAV_CATCLIART, FME_ANAGRAFICA, parameters_.FME_PARAMETRI);
+  for (controls::GroupBox& group : groups_.all()) add(group);
   addAll(progress_.STATUSBAR, progress_.PBAR, VLT_RESIZEFORM1, MDIActiveX1);
 }
 
@@ -149,11 +138,9 @@ void FRMKB_ANAGRAFICA::applyRights(Procedure& p) {
 void FRMKB_ANAGRAFICA::setUp(Procedure& p) {
   openConnection(p);
   context_.company = p.step([&] { return host()->ClsGlobal()->CompanyCode(); });
-  depositsTable_ = services_.GetTempTableName();
-  priceListsTable_ = services_.GetTempTableName();
+  deposits_.setWorkingTable(services_.GetTempTableName());
+  priceLists_.setWorkingTable(services_.GetTempTableName());
   spareTable_ = services_.GetTempTableName();
-  deposits_.setWorkingTable(depositsTable_);
-  priceLists_.setWorkingTable(priceListsTable_);
   createHostServices(p);
   SBAR_MAIN.selectFirst();
   TITLEBAR.setCaption(SBAR_MAIN.links().front().text);
@@ -170,57 +157,54 @@ void FRMKB_ANAGRAFICA::setUp(Procedure& p) {
   synchronisation_.InsertGM02Records();
   synchronisation_.InsertGM08NuoviModelliSincro();
   filters_.ImpostaEnQuery();
-  CambiaVisualizzazione(views[0].number);
+  CambiaVisualizzazione(SBAR_MAIN.links().front().view);
   InizializzaScriptELayout();
   p.step([&] { VLT_RESIZEFORM1.layOut(); });
 }
 
 // The window works on a connection of its own, not on the host's.
 void FRMKB_ANAGRAFICA::openConnection(Procedure& p) {
-  connectionString_ = p.step([&] { return host()->ClsGlobal()->ConnectionString(); });
-  connectionProvider_ = p.step([&] { return host()->ClsGlobal()->CreateConnectionProvider(); });
-  context_.connection = p.step([&] { return connectionProvider_->NewConnection(); });
-  p.step([&] { context_.connection->setConnectionString(connectionString_); });
+  auto& provider = context_.hostServices.connectionProvider;
+  const std::string text = p.step([&] { return host()->ClsGlobal()->ConnectionString(); });
+  provider = p.step([&] { return host()->ClsGlobal()->CreateConnectionProvider(); });
+  context_.connection = p.step([&] { return provider->NewConnection(); });
+  p.step([&] { context_.connection->setConnectionString(text); });
   p.step([&] { context_.connection->Open(); });
   services_.setConnection(context_.connection);
   p.step([&] { host()->setConnection(context_.connection); });
 }
 
 void FRMKB_ANAGRAFICA::createHostServices(Procedure& p) {
-  const auto create = [&](auto& service, auto createOn) {
-    service = p.step([&] { return createOn(*host()->ClsGlobal()); });
-  };
-  create(sqlDecode_, [](host::ClsGlobal& global) { return global.CreateSqlDecode(); });
-  create(lookups_, [](host::ClsGlobal& global) { return global.CreateLookups(); });
-  create(savedFilters_, [](host::ClsGlobal& global) { return global.CreateSavedFilters(); });
-  create(environment_, [](host::ClsGlobal& global) { return global.CreateEnvironment(); });
-  create(layoutModel_, [](host::ClsGlobal& global) { return global.CreateLayoutModel(); });
-  create(scriptModel_, [](host::ClsGlobal& global) { return global.CreateScriptModel(); });
-  for (const Ref<host::Service>& service :
-       {Ref<host::Service>(sqlDecode_), Ref<host::Service>(lookups_),
-        Ref<host::Service>(savedFilters_), Ref<host::Service>(environment_)}) {
-    p.step([&] { service->Initialize(host()); });
-  }
-  context_.decodes = sqlDecode_;
-  context_.lookups = lookups_;
-  context_.savedFilters = savedFilters_;
-  synchronisation_.setEnvironment(environment_);
+  HostServices& made = context_.hostServices;
+  const auto global = [this] { return host()->ClsGlobal(); };
+  made.decodes = p.step([&] { return global()->CreateSqlDecode(); });
+  made.lookups = p.step([&] { return global()->CreateLookups(); });
+  made.savedFilters = p.step([&] { return global()->CreateSavedFilters(); });
+  made.environment = p.step([&] { return global()->CreateEnvironment(); });
+  made.layoutModel = p.step([&] { return global()->CreateLayoutModel(); });
+  made.scriptModel = p.step([&] { return global()->CreateScriptModel(); });
+  // The models are initialised when the window is ready for them.
+  p.step([&] { made.decodes->Initialize(host()); });
+  p.step([&] { made.lookups->Initialize(host()); });
+  p.step([&] { made.savedFilters->Initialize(host()); });
+  p.step([&] { made.environment->Initialize(host()); });
 }
 
 void FRMKB_ANAGRAFICA::InizializzaScriptELayout() {
   procedure(context_, "InizializzaScriptELayout", [&](Procedure& p) {
     // The navigator's events enter the window into the models; here the models
     // are made to work for it, and the user's script hears that it is open.
-    p.step([&] { layoutModel_->Initialize(host()); });
-    p.step([&] { scriptModel_->Initialize(host()); });
+    p.step([&] { context_.hostServices.layoutModel->Initialize(host()); });
+    p.step([&] { context_.hostServices.scriptModel->Initialize(host()); });
     bool cancel = false;
     ExecuteFormEvent("tsOpen", cancel);
   });
 }
 
 void FRMKB_ANAGRAFICA::ExecuteFormEvent(const std::string& event, bool& cancel) {
-  procedure(context_, "ExecuteFormEvent",
-            [&](Procedure& p) { p.step([&] { scriptModel_->RunEvent(event, cancel); }); });
+  procedure(context_, "ExecuteFormEvent", [&](Procedure& p) {
+    p.step([&] { context_.hostServices.scriptModel->RunEvent(event, cancel); });
+  });
 }
 
 void FRMKB_ANAGRAFICA::CambiaVisualizzazione(std::int32_t view) {
@@ -275,17 +259,17 @@ void FRMKB_ANAGRAFICA::show(std::string_view control) {
 
 void FRMKB_ANAGRAFICA::VisualizzaVista(std::int32_t number) {
   procedure(context_, "VisualizzaVista", [&](Procedure&) {
-    const auto* view = std::find_if(std::begin(views), std::end(views),
-                                    [&](const View& v) { return v.number == number; });
-    const bool isKnown = view != std::end(views);
-    const bool isPreview = isKnown && view->preview != PreviewKind::None;
+    const auto* page = std::find_if(std::begin(pages), std::end(pages),
+                                    [&](const PageEntry& entry) { return entry.view == number; });
+    const bool isKnown = page != std::end(pages);
+    const bool isPreview = isKnown && page->preview != PreviewKind::None;
     // The page of before stays until there is something to show, or for good.
-    if (isPreview && !preview_.load(view->preview)) return;
+    if (isPreview && !preview_.load(page->preview)) return;
     NascondiViste();
     if (!isPreview) preview_.release();
     if (isKnown) {
-      show(view->group);
-      show(view->navigatorBar);
+      show(page->group);
+      show(page->navigatorBar);
     }
     view_ = number;
     discounts_.viewShown(number);
@@ -294,9 +278,11 @@ void FRMKB_ANAGRAFICA::VisualizzaVista(std::int32_t number) {
 
 void FRMKB_ANAGRAFICA::NascondiViste() {
   procedure(context_, "NascondiViste", [&](Procedure&) {
-    for (const std::string_view name : hiddenWithEveryView) {
-      if (controls::Control* control = find(name)) control->setVisible(false);
+    for (const PageEntry& page : pages) {
+      if (!page.staysShown) groups_[page.group].setVisible(false);
     }
+    INAV_PAR.setVisible(false);
+    INAV_CATCLIART.setVisible(false);
   });
 }
 
@@ -312,8 +298,8 @@ void FRMKB_ANAGRAFICA::SBAR_MAIN_OnClickItemLink(const controls::SideBar::Link& 
 
 void FRMKB_ANAGRAFICA::VLT_RESIZEFORM1_Setup() {
   procedure(context_, "VLT_RESIZEFORM1_Setup", [&](Procedure&) {
-    for (const controls::GroupBox* page : pages_.all) {
-      VLT_RESIZEFORM1.registerControl(page->Name(), groupResizeRule);
+    for (const controls::GroupBox& group : groups_.all()) {
+      VLT_RESIZEFORM1.registerControl(group.Name(), groupResizeRule);
     }
     for (const ResizeRule& entry : controlResizeRules) {
       const std::string name(entry.control);
@@ -335,7 +321,7 @@ void FRMKB_ANAGRAFICA::Form_QueryUnload(bool& cancel) {
 void FRMKB_ANAGRAFICA::Form_Unload() {
   procedure(context_, "Form_Unload", [&](Procedure& p) {
     if (!context_.connection) return;
-    for (const std::string& table : {depositsTable_, priceListsTable_}) {
+    for (const std::string& table : {deposits_.workingTable(), priceLists_.workingTable()}) {
       if (table.empty()) continue;  // the user left the statement that was to name it
       p.run(sql::EliminaTabellaLavoro(table));
     }
@@ -345,32 +331,13 @@ void FRMKB_ANAGRAFICA::Form_Unload() {
 }
 
 void FRMKB_ANAGRAFICA::releaseHostObjects() {
-  context_.decodes.reset();
-  context_.lookups.reset();
-  context_.savedFilters.reset();
-  filters_.release();
-  synchronisation_.setEnvironment(nullptr);
-  categories_.close();
-  preview_.release();
-  sqlDecode_.reset();
-  lookups_.reset();
-  savedFilters_.reset();
-  environment_.reset();
-  priceLists_.QGRID_LISTINI.setDataSource(nullptr);
-  deposits_.QGRID_DEP.setDataSource(nullptr);
-  discounts_.release();
+  context_.hostServices = {};
   INAV_PAR.unbind();
   INAV_CATCLIART.unbind();
-  layoutModel_.reset();
-  scriptModel_.reset();
-  connectionProvider_.reset();
-  parameters_.FME_PARAMETRI.setDataSource(nullptr);
-  FME_ANAGRAFICA.setDataSource(nullptr);
-  services_.setConnection(nullptr);
+  for (Page* page : pages_) page->release();
   context_.connection.reset();
-  services_.setLog(nullptr);
+  services_.release();
   owner_.reset();
-  services_.setHost(nullptr);
 }
 
 }  // namespace kebu::forms

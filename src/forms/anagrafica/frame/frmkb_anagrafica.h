@@ -1,5 +1,6 @@
 #pragma once
 
+#include <array>
 #include <cstdint>
 #include <string>
 
@@ -11,7 +12,8 @@
 #include "forms/anagrafica/categories/categories_page.h"
 #include "forms/anagrafica/discounts/discounts_page.h"
 #include "forms/anagrafica/filters/filter_pages.h"
-#include "forms/anagrafica/frame/page_groups.h"
+#include "forms/anagrafica/page.h"
+#include "forms/anagrafica/page_groups.h"
 #include "forms/anagrafica/preview/preview_page.h"
 #include "forms/anagrafica/pricelists/deposits_page.h"
 #include "forms/anagrafica/pricelists/price_lists_page.h"
@@ -64,6 +66,8 @@ class FRMKB_ANAGRAFICA : public controls::Form {
   void Form_Unload() override;
 
  private:
+  /// The group boxes of all pages.
+  static PageGroups makeGroups();
   void buildPages();
   void MDIActiveX1_FormLoad();
   void placeWindow(Procedure& p);
@@ -88,7 +92,7 @@ class FRMKB_ANAGRAFICA : public controls::Form {
   InstanceTrace trace_;
   Ref<Object> owner_;
   PageContext context_;
-  PageGroups pages_;
+  PageGroups groups_;
   ProgressDisplay progress_;
   Synchronisation synchronisation_;
   ParameterPage parameters_;
@@ -99,23 +103,11 @@ class FRMKB_ANAGRAFICA : public controls::Form {
   FilterPages filters_;
   DiscountsPage discounts_;
   ProfilePage profile_;
-  controls::GroupBox GRP_LISTINI;
-  controls::GroupBox GRP_AGGLISTINI;
-  controls::GroupBox GRP_DEP;
+  /// In the order in which they put their controls into the group boxes.
+  const std::array<Page*, 8> pages_{&profile_,    &parameters_, &categories_, &discounts_,
+                                    &priceLists_, &deposits_,   &preview_,    &filters_};
 
-  std::string connectionString_;
-  Ref<host::ConnectionProvider> connectionProvider_;
-  // The host's service objects.
-  Ref<host::SqlDecodeService> sqlDecode_;
-  Ref<host::LookupService> lookups_;
-  Ref<host::SavedFilterService> savedFilters_;
-  Ref<host::EnvironmentService> environment_;
-  Ref<host::LayoutModel> layoutModel_;
-  Ref<host::ScriptModel> scriptModel_;
-
-  std::string depositsTable_;
-  std::string priceListsTable_;
-  std::string spareTable_;  ///< named with the others, not used yet
+  std::string spareTable_;  ///< a working table named with the others, not used yet
   std::int32_t view_ = 0;
   bool activated_ = false;
   bool closing_ = false;

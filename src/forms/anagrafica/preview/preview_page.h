@@ -3,6 +3,7 @@
 #include <string>
 
 #include "controls/query_grid.h"
+#include "forms/anagrafica/page.h"
 #include "forms/anagrafica/progress_display.h"
 #include "forms/page_context.h"
 #include "forms/procedure.h"
@@ -13,16 +14,17 @@ namespace kebu::forms {
 enum class PreviewKind { None = 0, Customers = 1, Articles = 2 };
 
 /// The customers or articles exactly as the platform will receive them.
-class PreviewPage {
+class PreviewPage : public Page {
  public:
   PreviewPage(PageContext& context, ProgressDisplay& progress);
 
   controls::QueryGrid QGRID_ART;
 
+  void place(PageGroups& groups) override { groups["GRPMAIN_RIEPART"].add(QGRID_ART); }
+  void release() override { QGRID_ART.setDataSource(nullptr); }
+
   /// Lets the user state a filter and loads what passes it; false when the user left.
   bool load(PreviewKind kind);
-  /// Gives the rows back.
-  void release() { QGRID_ART.setDataSource(nullptr); }
 
  private:
   std::string GetNomeTabella(PreviewKind kind);

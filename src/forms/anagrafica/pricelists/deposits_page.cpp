@@ -26,13 +26,20 @@ const Value off(std::int16_t{0});
 }  // namespace
 
 DepositsPage::DepositsPage(PageContext& context)
-    : QGRID_DEP("QGRID_DEP", context.services), context_(context) {
+    : GRP_DEP("GRP_DEP", "Depositi da pubblicare"),
+      QGRID_DEP("QGRID_DEP", context.services),
+      context_(context) {
   QGRID_DEP.SelectionBoxClick.on([this](const std::string& field, bool& cancel) {
     QGRID_DEP_SelectionBoxClick(field, cancel);
   });
   QGRID_DEP.SelectAllClickEXT.on([this](const std::string& field, bool selecting, bool& cancel) {
     QGRID_DEP_SelectAllClickEXT(field, selecting, cancel);
   });
+}
+
+void DepositsPage::place(PageGroups& groups) {
+  GRP_DEP.add(QGRID_DEP);
+  groups["GRPMAIN_GIACENZE"].add(GRP_DEP);
 }
 
 void DepositsPage::ImpostaQGRID_DEP() {

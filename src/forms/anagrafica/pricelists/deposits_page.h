@@ -3,19 +3,25 @@
 #include <string>
 
 #include "controls/query_grid.h"
+#include "forms/anagrafica/page.h"
 #include "forms/page_context.h"
 
 namespace kebu::forms {
 
 /// The deposits whose stock is published, one of them preferred for article
 /// costs. Edited in a working table, saved with the profile.
-class DepositsPage {
+class DepositsPage : public Page {
  public:
   explicit DepositsPage(PageContext& context);
 
+  controls::GroupBox GRP_DEP;
   controls::QueryGrid QGRID_DEP;
 
+  void place(PageGroups& groups) override;
+  void release() override { QGRID_DEP.setDataSource(nullptr); }
+
   void setWorkingTable(const std::string& name) { workingTable_ = name; }
+  const std::string& workingTable() const { return workingTable_; }
   void ImpostaQGRID_DEP();
   /// Fills the working table for the current profile and shows it.
   void ImpostaRstDepositi();

@@ -115,7 +115,9 @@ bool takesQuantity(std::int32_t type) {
 }  // namespace
 
 PriceListsPage::PriceListsPage(PageContext& context, ProgressDisplay& progress)
-    : QGRID_LISTINI("QGRID_LISTINI", context.services),
+    : GRP_LISTINI("GRP_LISTINI", "Listini da pubblicare"),
+      QGRID_LISTINI("QGRID_LISTINI", context.services),
+      GRP_AGGLISTINI("GRP_AGGLISTINI", "Aggiornamento prezzi"),
       BTN_AGGLISTINI("BTN_AGGLISTINI", "Aggiorna prezzi"),
       context_(context),
       progress_(progress) {
@@ -139,6 +141,12 @@ PriceListsPage::PriceListsPage(PageContext& context, ProgressDisplay& progress)
         QGRID_LISTINI_DataFormatEXT(row, field, text);
       });
   BTN_AGGLISTINI.ButtonClick.on([this] { BTN_AGGLISTINI_ButtonClick(); });
+}
+
+void PriceListsPage::place(PageGroups& groups) {
+  GRP_LISTINI.add(QGRID_LISTINI);
+  GRP_AGGLISTINI.add(BTN_AGGLISTINI);
+  groups["GRPMAIN_LISTINI"].addAll(GRP_LISTINI, GRP_AGGLISTINI);
 }
 
 void PriceListsPage::ImpostaQGRID_Listini() {
@@ -265,7 +273,8 @@ std::optional<host::LookupDefinition> PriceListsPage::lookupOf(std::string_view 
     return depositLookup(GetStringaSqlLookup(tsListinoDeposito));
   }
   if (field == "GM57_CLIFOR_CG44") {
-    return p.step([&] { return context_.lookups->Customers(context_.companyKey().text); });
+    return p.step(
+        [&] { return context_.hostServices.lookups->Customers(context_.companyKey().text); });
   }
   return std::nullopt;
 }
@@ -301,7 +310,7 @@ std::string PriceListsPage::describe(std::string_view field, std::int32_t type,
     statement = sql::DescrizioneDeposito(company, code);
     column = "MG58_DESCRDEP";
   } else {
-    statement = context_.decodes->Customer(company.text, code);
+    statement = context_.hostServices.decodes->Customer(company.text, code);
     column = "CG16_RAGSOANAG";
   }
   const auto known = descriptions_.find(statement);

@@ -7,6 +7,7 @@
 
 #include "controls/query_grid.h"
 #include "controls/simple_controls.h"
+#include "forms/anagrafica/page.h"
 #include "forms/anagrafica/progress_display.h"
 #include "forms/page_context.h"
 #include "forms/procedure.h"
@@ -15,14 +16,20 @@ namespace kebu::forms {
 
 /// The ten price slots of the profile: which ERP price list each published
 /// price comes from. Edited in a working table, saved with the profile.
-class PriceListsPage {
+class PriceListsPage : public Page {
  public:
   PriceListsPage(PageContext& context, ProgressDisplay& progress);
 
+  controls::GroupBox GRP_LISTINI;
   controls::QueryGrid QGRID_LISTINI;
+  controls::GroupBox GRP_AGGLISTINI;
   controls::Button BTN_AGGLISTINI;
 
+  void place(PageGroups& groups) override;
+  void release() override { QGRID_LISTINI.setDataSource(nullptr); }
+
   void setWorkingTable(const std::string& name) { workingTable_ = name; }
+  const std::string& workingTable() const { return workingTable_; }
   void ImpostaQGRID_Listini();
   /// Gives the current profile its slots, fills the working table and shows it.
   void ImpostaRstListini();

@@ -35,9 +35,6 @@ ProfilePage::ProfilePage(PageContext& context, controls::NavigatorBar& navigator
       TXT_GM03_CODICEDISPOSITIVO("TXT_GM03_CODICEDISPOSITIVO", "Codice"),
       TXT_GM03_DESCRIZIONE("TXT_GM03_DESCRIZIONE", "Descrizione"),
       TXT_GM03_NOTE("TXT_GM03_NOTE", "Note"),
-      GRP_CATART("GRP_CATART", "Categorie articoli"),
-      GRP_CATCLI("GRP_CATCLI", "Categorie clienti"),
-      GRP_PARCLI("GRP_PARCLI", "Parametri clienti"),
       context_(context),
       navigator_(navigator),
       dependents_(dependents) {
@@ -59,13 +56,10 @@ ProfilePage::ProfilePage(PageContext& context, controls::NavigatorBar& navigator
   frame.IsRecordChanged.on([this](bool& changed) { FME_ANAGRAFICA_IsRecordChanged(changed); });
 }
 
-void ProfilePage::place(controls::GroupBox& parameters, controls::GroupBox& customers,
-                        controls::GroupBox& articles) {
+void ProfilePage::place(PageGroups& groups) {
   GRP_PROFILO.addAll(TXT_GM03_IDDISPOSITIVO, TXT_GM03_CODICEDISPOSITIVO, TXT_GM03_DESCRIZIONE,
                      TXT_GM03_NOTE);
-  parameters.add(GRP_PROFILO);
-  customers.addAll(GRP_CATCLI, GRP_PARCLI);
-  articles.add(GRP_CATART);
+  groups["GRPMAIN_PAR"].add(GRP_PROFILO);
 }
 
 void ProfilePage::ImpostaVirtualFrame() {
@@ -137,9 +131,7 @@ void ProfilePage::reloadDependents() {
 
 void ProfilePage::FME_ANAGRAFICA_ChangeStatus(FrameStatus status, FrameStatus previous) {
   procedure(context_, "FME_ANAGRAFICA_ChangeStatus", [&](Procedure&) {
-    for (controls::GroupBox* group : {&GRP_CATART, &GRP_CATCLI, &GRP_PARCLI}) {
-      group->setEnabled(status == FrameStatus::Browsing);
-    }
+    dependents_.categories.setEnabled(status == FrameStatus::Browsing);
     if (status == FrameStatus::New) dependents_.parameters.ClearChild();
     if (status == FrameStatus::Browsing && previous != FrameStatus::Saving) {
       dependents_.parameters.ShowChild();

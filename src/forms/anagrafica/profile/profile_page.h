@@ -5,6 +5,7 @@
 #include "controls/simple_controls.h"
 #include "forms/anagrafica/categories/categories_page.h"
 #include "forms/anagrafica/filters/filter_pages.h"
+#include "forms/anagrafica/page.h"
 #include "forms/anagrafica/pricelists/deposits_page.h"
 #include "forms/anagrafica/pricelists/price_lists_page.h"
 #include "forms/anagrafica/profile/parameters/parameter_page.h"
@@ -25,7 +26,7 @@ struct ProfileDependents {
 
 /// The company's connection profile: the one row of GM03_DISPOSITIVI, and what
 /// happens around its saving, deleting and undoing.
-class ProfilePage {
+class ProfilePage : public Page {
  public:
   ProfilePage(PageContext& context, controls::NavigatorBar& navigator,
               const ProfileDependents& dependents);
@@ -36,13 +37,9 @@ class ProfilePage {
   controls::EditBox TXT_GM03_DESCRIZIONE;
   controls::EditBox TXT_GM03_NOTE;
 
-  // Not to be touched while the profile is being changed.
-  controls::GroupBox GRP_CATART;
-  controls::GroupBox GRP_CATCLI;
-  controls::GroupBox GRP_PARCLI;
+  void place(PageGroups& groups) override;
 
-  void place(controls::GroupBox& parameters, controls::GroupBox& customers,
-             controls::GroupBox& articles);
+  void release() override { context_.profile.setDataSource(nullptr); }
 
   /// Binds the frames to the company's profile and shows it.
   void ImpostaVirtualFrame();

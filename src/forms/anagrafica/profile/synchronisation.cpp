@@ -26,7 +26,8 @@ void Synchronisation::InsertGM08NuoviModelliSincro() {
 
 std::string Synchronisation::GetPercorsoInstallazione() {
   return procedure(context_, "GetPercorsoInstallazione", [&](Procedure& p) {
-    return p.step([&] { return environment_->GetPath(installationFolder, ""); });
+    return p.step(
+        [&] { return context_.hostServices.environment->GetPath(installationFolder, ""); });
   });
 }
 

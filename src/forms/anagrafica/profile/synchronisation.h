@@ -17,15 +17,10 @@ class Synchronisation {
   /// Whether the job is scheduled.
   bool SchedulaAttJob();
 
-  void setEnvironment(const Ref<host::EnvironmentService>& environment) {
-    environment_ = environment;
-  }
-
  private:
   std::string GetPercorsoInstallazione();
 
   PageContext& context_;
-  Ref<host::EnvironmentService> environment_;
 };
 
 }  // namespace kebu::forms

@@ -134,7 +134,7 @@ void ParameterPage::handleEvents() {
   CMB_GM04_INDTIPODEPIMP.ChangeRow.on([this] { CMB_GM04_INDTIPODEPIMP_ChangeRow(); });
 }
 
-void ParameterPage::place(controls::GroupBox& page) {
+void ParameterPage::place(PageGroups& groups) {
   GRP_IMPDOC.addAll(TXT_GM04_CODDOCWEB_MG36, LBL_DESCDOCWEB, CMB_GM04_INDTIPODEPIMP,
                     TXT_GM04_DEPDOCWEB_MG58, TXT_DEC_DEPDOCWEB_MG58);
   GRP_COSTOART.addAll(CBO_TIPOVALORIZZ, TXT_NUMLIST, LBL_DESCLIST);
@@ -142,7 +142,7 @@ void ParameterPage::place(controls::GroupBox& page) {
                            CHK_GM04_FLGGESTPREZZI, CHK_GM04_INDESTRIMG, TXT_GM04_NUMNOTECLIENTI,
                            TXT_GM04_LASTSYNCCLI);
   for (controls::EditBox& box : plainBoxes_) GRP_TRASFERIMENTO.add(box);
-  page.addAll(GRP_IMPDOC, GRP_COSTOART, GRP_PUBBLICAZIONE, GRP_TRASFERIMENTO);
+  groups["GRPMAIN_PAR"].addAll(GRP_IMPDOC, GRP_COSTOART, GRP_PUBBLICAZIONE, GRP_TRASFERIMENTO);
 }
 
 void ParameterPage::CaricoCombo(std::span<const FixedChoiceCombo> others) {
@@ -276,16 +276,17 @@ bool ParameterPage::VerificaDepositoDocumento(const std::string& document) {
 void ParameterPage::TXT_GM04_CODDOCWEB_MG36_StartDecode(const std::string& code,
                                                         std::string& description) {
   procedure(context_, "TXT_GM04_CODDOCWEB_MG36_StartDecode", [&](Procedure& p) {
-    const std::string statement =
-        p.step([&] { return context_.decodes->DocumentType(context_.companyKey().text, code); });
+    const std::string statement = p.step([&] {
+      return context_.hostServices.decodes->DocumentType(context_.companyKey().text, code);
+    });
     description = p.lookUpText(statement, "MG36_DESCR");
   });
 }
 
 void ParameterPage::TXT_GM04_CODDOCWEB_MG36_StartLookup() {
   procedure(context_, "TXT_GM04_CODDOCWEB_MG36_StartLookup", [&](Procedure& p) {
-    const auto list =
-        p.step([&] { return context_.lookups->DocumentTypes(context_.companyKey().text); });
+    const auto list = p.step(
+        [&] { return context_.hostServices.lookups->DocumentTypes(context_.companyKey().text); });
     const auto code = p.choose(list);
     if (code) p.step([&] { TXT_GM04_CODDOCWEB_MG36.enter(*code); });
   });

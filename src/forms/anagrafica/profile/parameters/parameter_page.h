@@ -9,6 +9,7 @@
 #include "controls/edit_box.h"
 #include "controls/simple_controls.h"
 #include "forms/anagrafica/fixed_choice.h"
+#include "forms/anagrafica/page.h"
 #include "forms/page_context.h"
 #include "forms/procedure.h"
 
@@ -16,7 +17,7 @@ namespace kebu::forms {
 
 /// The profile's parameters: a child frame with one row of GM04_PARAMETRITVRO,
 /// validated and completed before every save of the profile.
-class ParameterPage {
+class ParameterPage : public Page {
  public:
   explicit ParameterPage(PageContext& context);
 
@@ -45,7 +46,9 @@ class ParameterPage {
 
   controls::GroupBox GRP_TRASFERIMENTO;
 
-  void place(controls::GroupBox& page);
+  void place(PageGroups& groups) override;
+
+  void release() override { FME_PARAMETRI.setDataSource(nullptr); }
 
   /// Binds the frame to an empty record set, which gives it its columns.
   void bindColumns();

@@ -1,0 +1,97 @@
+#pragma once
+
+#include <cstdint>
+#include <string_view>
+
+#include "forms/anagrafica/discounts/discounts_page.h"
+#include "forms/anagrafica/preview/preview_page.h"
+
+namespace kebu::forms {
+
+/// Stands for no page at all.
+inline constexpr std::int32_t noView = -1;
+
+/// A page of the window: how it is chosen, and what is shown for it.
+struct PageEntry {
+  std::int32_t view = noView;          ///< the number by which it is chosen
+  std::string_view link = {};          ///< in the side bar, where links stand by view number
+  std::string_view group;              ///< the group box that holds the page
+  std::string_view navigatorBar = {};  ///< "" for none
+  PreviewKind preview = PreviewKind::None;
+  bool staysShown = false;  ///< not hidden when another page is shown
+};
+
+/// In the order in which the resize manager is told of the groups.
+inline constexpr PageEntry pages[] = {
+    {.view = 1, .link = "Parametri", .group = "GRPMAIN_PAR", .navigatorBar = "INAV_PAR"},
+    {.view = 2, .link = "Listini", .group = "GRPMAIN_LISTINI", .navigatorBar = "INAV_PAR"},
+    {.view = 3, .link = "Depositi", .group = "GRPMAIN_GIACENZE", .navigatorBar = "INAV_PAR"},
+    {.group = "GRPMAIN_ATTIVITA"},
+    {.view = 6,
+     .link = "Categorie clienti",
+     .group = "GRPMAIN_CATCLIENTI",
+     .navigatorBar = "INAV_CATCLIART"},
+    {.view = 7,
+     .link = "Categorie articoli",
+     .group = "GRPMAIN_CATART",
+     .navigatorBar = "INAV_CATCLIART"},
+    {.group = "GRPMAIN_CAMPI"},
+    {.view = 8,
+     .link = "Anteprima articoli",
+     .group = "GRPMAIN_RIEPART",
+     .preview = PreviewKind::Articles},
+    {.view = 9,
+     .link = "Anteprima clienti",
+     .group = "GRPMAIN_RIEPART",
+     .preview = PreviewKind::Customers},
+    {.view = 11,
+     .link = "Filtro articoli",
+     .group = "GRPMAIN_FILTROART",
+     .navigatorBar = "INAV_PAR"},
+    // Left out of what is hidden, and meant so.
+    {.view = DiscountsPage::view,
+     .link = "Sconti",
+     .group = "GRPMAIN_SCONTI",
+     .navigatorBar = "INAV_PAR",
+     .staysShown = true},
+    {.view = 10,
+     .link = "Filtro clienti",
+     .group = "GRPMAIN_FILTROCLI",
+     .navigatorBar = "INAV_PAR"},
+};
+
+/// The rule under which every page's group is registered with the resize manager.
+inline constexpr std::int32_t groupResizeRule = 15;
+
+/// How a control follows the window's size.
+struct ResizeRule {
+  std::string_view control;
+  std::int32_t rule;  ///< sides kept: 1 left, 2 top, 4 right, 8 bottom
+};
+
+/// Told to the resize manager after the groups, in this order; a control that
+/// the window does not have is passed over.
+inline constexpr ResizeRule controlResizeRules[] = {
+    {"ENHQUERY_ART", 15},
+    {"ENHQUERY_CLI", 15},
+    {"GRP_CATCLI", 7},
+    {"GRP_PARCLI", 7},
+    {"GRP_CATART", 7},
+    {"GRP_IMPDOC", 7},
+    {"GRP_COSTOART", 7},
+    {"GRP_DEP", 15},
+    {"GRP_LISTINI", 15},
+    {"GRP_AGGLISTINI", 13},
+    {"QGRID_ART", 15},
+    {"QGRID_DEP", 15},
+    {"QGRID_LISTINI", 15},
+    {"QGRID_SCONTOSUPREZZO", 7},
+    {"QGRID_SCONTOSUGRIGLIA", 15},
+    {"GRB_GENERALESCONTI", 7},
+    {"TITLEBAR", 7},
+    {"BTN_AGGLISTINI", 9},
+    {"CMD_AGGIORNA", 6},
+    {"LBL_DATAULTAGG", 7},
+};
+
+}  // namespace kebu::forms
