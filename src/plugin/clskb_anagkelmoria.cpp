@@ -28,7 +28,7 @@ CLSKB_ANAGKELMORIA::~CLSKB_ANAGKELMORIA() {
 
 void CLSKB_ANAGKELMORIA::Class_Initialize() {
   trace_.initialized();
-  activeDll_ = uncounted();
+  host_.activeDll = uncounted();
 }
 
 void CLSKB_ANAGKELMORIA::Class_Terminate() {
@@ -40,15 +40,8 @@ void CLSKB_ANAGKELMORIA::Class_Terminate() {
 
 void CLSKB_ANAGKELMORIA::DestroyClass() {
   reporting("nel metodo DestroyClass della classe principale", [&] {
-    statusBar_.reset();
-    activeFrame_.reset();
-    activeDll_.reset();
-    clsVoceMenu_.reset();
-    clsGlobal_.reset();
-    navigatorEvents_.clear();
-    activeNavigator_.reset();
-    connection_.reset();
-    // A window that the host's models still hold must not turn to what is gone.
+    host_ = {};
+    // The host's models may still hold the window, which must not use released objects.
     if (window_) window_->detach();
     window_.reset();
   });
@@ -73,48 +66,48 @@ Ref<host::Cinterface> CLSKB_ANAGKELMORIA::uncounted() {
 }
 
 void CLSKB_ANAGKELMORIA::setClsGlobal(const Ref<host::ClsGlobal>& value) {
-  clsGlobal_ = value;
+  host_.clsGlobal = value;
 }
 Ref<host::ClsGlobal> CLSKB_ANAGKELMORIA::ClsGlobal() {
-  return clsGlobal_;
+  return host_.clsGlobal;
 }
 
 void CLSKB_ANAGKELMORIA::setActiveFrame(const Ref<NamedObject>& value) {
-  activeFrame_ = value;
+  host_.activeFrame = value;
 }
 Ref<NamedObject> CLSKB_ANAGKELMORIA::ActiveFrame() {
-  if (activeFrame_) return activeFrame_;
+  if (host_.activeFrame) return host_.activeFrame;
   return window_ ? window_->profileFrame() : nullptr;
 }
 
 void CLSKB_ANAGKELMORIA::setActiveNavigator(const Ref<host::Navigator>& value) {
-  navigatorEvents_.clear();
-  activeNavigator_ = value;
+  host_.navigatorEvents.clear();
+  host_.activeNavigator = value;
   if (!value) return;
-  navigatorEvents_.push_back(
+  host_.navigatorEvents.push_back(
       value->BeforeExportToOffice.connect([this](const Value&) { BeforeExportToOffice(); }));
-  navigatorEvents_.push_back(value->InitializeLayoutObjectModel.connect(
+  host_.navigatorEvents.push_back(value->InitializeLayoutObjectModel.connect(
       [this](const Ref<host::LayoutModel>& model) { InitializeLayoutObjectModel(model); }));
-  navigatorEvents_.push_back(value->InitializeScriptObjectModel.connect(
+  host_.navigatorEvents.push_back(value->InitializeScriptObjectModel.connect(
       [this](const Ref<host::ScriptModel>& model) { InitializeScriptObjectModel(model); }));
 }
 Ref<host::Navigator> CLSKB_ANAGKELMORIA::ActiveNavigator() {
-  return activeNavigator_;
+  return host_.activeNavigator;
 }
 
 void CLSKB_ANAGKELMORIA::setActiveDll(const Ref<host::Cinterface>& value) {
-  activeDll_ = value.get() == this ? uncounted() : value;
+  host_.activeDll = value.get() == this ? uncounted() : value;
 }
 Ref<host::Cinterface> CLSKB_ANAGKELMORIA::ActiveDll() {
-  if (activeDll_.get() == this) return std::shared_ptr<host::Cinterface>(shared_from_this());
-  return activeDll_;
+  if (host_.activeDll.get() == this) return std::shared_ptr<host::Cinterface>(shared_from_this());
+  return host_.activeDll;
 }
 
 void CLSKB_ANAGKELMORIA::setStatusBar(const Ref<host::StatusBar>& value) {
-  statusBar_ = value;
+  host_.statusBar = value;
 }
 Ref<host::StatusBar> CLSKB_ANAGKELMORIA::StatusBar() {
-  return statusBar_;
+  return host_.statusBar;
 }
 
 void CLSKB_ANAGKELMORIA::setCanInsert(bool value) {
@@ -192,10 +185,10 @@ std::int32_t CLSKB_ANAGKELMORIA::hwndParent() {
   return hwndParent_;
 }
 void CLSKB_ANAGKELMORIA::setConnection(const Ref<ado::Connection>& value) {
-  connection_ = value;
+  host_.connection = value;
 }
 Ref<ado::Connection> CLSKB_ANAGKELMORIA::Connection() {
-  return connection_;
+  return host_.connection;
 }
 
 Ref<NamedObject> CLSKB_ANAGKELMORIA::Cwindow() {
@@ -216,10 +209,10 @@ Value CLSKB_ANAGKELMORIA::Left() {
 }
 
 void CLSKB_ANAGKELMORIA::setClsVoceMenu(const Ref<Object>& value) {
-  clsVoceMenu_ = value;
+  host_.clsVoceMenu = value;
 }
 Ref<Object> CLSKB_ANAGKELMORIA::ClsVoceMenu() {
-  return clsVoceMenu_;
+  return host_.clsVoceMenu;
 }
 void CLSKB_ANAGKELMORIA::setIsActive(bool value) {
   isActive_ = value;
@@ -242,7 +235,7 @@ Value CLSKB_ANAGKELMORIA::ShowForm() {
   ignoringErrors([&] {
     if (window_) window_->detach();
     window_ = makeRef<forms::FRMKB_ANAGRAFICA>(runtime_);
-    window_->setHost(activeDll_);
+    window_->setHost(host_.activeDll);
     window_->setOwner(uncounted());
     window_->setCaption(toText(caption_));
     window_->Show(windowModal_);
@@ -266,7 +259,7 @@ Value CLSKB_ANAGKELMORIA::TransferData(const Value& data) {
 }
 
 bool CLSKB_ANAGKELMORIA::isActive() {
-  return activeDll_ && activeDll_->IsActive();
+  return host_.activeDll && host_.activeDll->IsActive();
 }
 
 void CLSKB_ANAGKELMORIA::BeforeExportToOffice() {
@@ -287,7 +280,7 @@ void CLSKB_ANAGKELMORIA::InitializeScriptObjectModel(const Ref<host::ScriptModel
       keepWindow(
           model->Register(window_->Name(), asNamedObject(), windowKind, forms::windowDescription));
     });
-    const Ref<NamedObject> frame = activeDll_->ActiveFrame();
+    const Ref<NamedObject> frame = host_.activeDll->ActiveFrame();
     if (!frame) return;
     frame->setName("FME_ANAGRAFICA");
     model->Register(frame->Name(), frame, frameKind, frame->Name());

@@ -81,8 +81,8 @@ class CLSKB_ANAGKELMORIA : public host::Cinterface,
   void Class_Initialize();
   void Class_Terminate();
   void DestroyClass();
-  /// This instance for those that it owns or that hold it for itself: a counted
-  /// reference would keep it alive for ever.
+  /// A reference that does not keep this instance alive, for objects that it holds
+  /// itself: a counted one would be a cycle.
   Ref<host::Cinterface> uncounted();
 
   bool isActive();
@@ -112,14 +112,18 @@ class CLSKB_ANAGKELMORIA : public host::Cinterface,
   Value menuProg_;
   Value caption_;
   std::int32_t hwndParent_ = 0;
-  Ref<host::StatusBar> statusBar_;
-  Ref<host::NamedObject> activeFrame_;
-  Ref<host::Cinterface> activeDll_;
-  Ref<Object> clsVoceMenu_;
-  Ref<host::ClsGlobal> clsGlobal_;
-  Ref<ado::Connection> connection_;
-  Ref<host::Navigator> activeNavigator_;
-  std::vector<Subscription> navigatorEvents_;
+  /// The objects that the host handed over. Assigning an empty struct releases them all.
+  struct HostObjects {
+    Ref<host::StatusBar> statusBar = {};
+    Ref<host::NamedObject> activeFrame = {};
+    Ref<host::Cinterface> activeDll = {};
+    Ref<Object> clsVoceMenu = {};
+    Ref<host::ClsGlobal> clsGlobal = {};
+    std::vector<Subscription> navigatorEvents = {};  ///< before the navigator that raises them
+    Ref<host::Navigator> activeNavigator = {};
+    Ref<ado::Connection> connection = {};
+  };
+  HostObjects host_;
   Ref<forms::FRMKB_ANAGRAFICA> window_;
 };
 
