@@ -10,7 +10,7 @@
 
 namespace kebu {
 
-/// Whoever shows the user an error and asks what is to be done about it.
+/// Shows the user an error and asks how to go on.
 class ErrorReporter {
  public:
   virtual ~ErrorReporter() = default;
@@ -47,8 +47,8 @@ class Steps {
   }
 
  private:
-  /// On its way to the trap of the procedure that is left. Not a
-  /// std::exception, so that no statement takes it for an error.
+  /// Thrown to the trap of the procedure that is left. Not a std::exception, so
+  /// that no statement takes it for an error.
   struct Leave {
     const Steps* procedure;
   };
@@ -79,7 +79,7 @@ auto trap(ErrorReporter& reporter, std::string_view procedure, Body&& body,
   try {
     return body(step);
   } catch (const Steps::Leave& leave) {
-    if (leave.procedure != &step) throw;  // an enclosing procedure is left from inside this one
+    if (leave.procedure != &step) throw;  // it belongs to an enclosing procedure
   } catch (...) {
     step.report();
   }
@@ -99,7 +99,7 @@ auto trap(ErrorReporter& reporter, std::string_view procedure, Body&& body)
   }
 }
 
-/// Runs a statement whose failure is of no interest: it is skipped.
+/// Runs a statement and ignores its failure.
 template <class Statement>
 void ignoringErrors(Statement&& statement) noexcept {
   try {

@@ -14,8 +14,8 @@
 
 namespace kebu::forms {
 
-/// The host's service objects that the window creates at its first activation. All are given back
-/// together, by assigning an empty one.
+/// The host's service objects, which the window creates at its first activation. Assigning an empty
+/// struct releases them all.
 struct HostServices {
   Ref<host::SqlDecodeService> decodes = {};
   Ref<host::LookupService> lookups = {};
@@ -57,7 +57,7 @@ class PageContext {
                                    ado::CursorType cursor = ado::CursorType::Static) const;
   /// A client recordset on the window's connection whose rows are only looked at.
   Ref<ado::Recordset> openReadable(const std::string& statement) const;
-  /// As long as the answer lives, the window is painted while statements run that take long.
+  /// The window is painted during statements as long as the result exists.
   PaintedMeanwhile paintedMeanwhile() const { return {connection, runtime_.desktop}; }
   /// The day by the user's clock.
   Date today() const { return runtime_.platform.now().withoutTime(); }

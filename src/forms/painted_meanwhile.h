@@ -5,8 +5,8 @@
 
 namespace kebu::forms {
 
-/// As long as it lives, the screen is painted while a connection's statements run. For long ones:
-/// each costs a little more so.
+/// While it exists, the screen is painted during the statements of a connection. Only for long
+/// statements: painting makes each of them a little slower.
 class PaintedMeanwhile {
  public:
   PaintedMeanwhile(const Ref<ado::Connection>& connection, controls::Desktop& desktop)

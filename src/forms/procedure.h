@@ -17,9 +17,9 @@
 
 namespace kebu::forms {
 
-/// A procedure at work. Each of its acts is a statement of its own: when one fails the user is
-/// asked, and Abort, Retry and Ignore mean what Steps says. An ignored act gives a default value:
-/// an empty text or value, no recordset, false.
+/// A running procedure. Each member is one statement: when it fails the user is asked, and Abort,
+/// Retry and Ignore mean what Steps says. A statement that is ignored gives a default: an empty
+/// text or value, no recordset, false.
 class Procedure {
  public:
   Procedure(PageContext& context, Steps& steps) : context_(context), steps_(steps) {}
@@ -30,15 +30,15 @@ class Procedure {
     return steps_(std::forward<Statement>(statement));
   }
 
-  /// For whom statements are made.
+  /// The keys for statements.
   sql::Company company();
   sql::ProfileId profile();
 
   /// Runs a statement that has no rows.
   void run(const std::string& statement);
-  /// Runs a statement for its rows, which are read once from the first to the last.
+  /// Runs a statement and gives its rows, forward-only.
   Ref<ado::Recordset> read(const std::string& statement);
-  /// The same with rows that stay: to be edited one by one, or to be looked at only.
+  /// Opens a client recordset: one that can be edited row by row, or a read-only one.
   Ref<ado::Recordset> openEditable(const std::string& statement,
                                    ado::CursorType cursor = ado::CursorType::Static);
   Ref<ado::Recordset> openReadable(const std::string& statement);
@@ -67,8 +67,8 @@ class Procedure {
   Steps& steps_;
 };
 
-/// Runs the body of a procedure under its given name. What fails in it is told under that name
-/// instead of thrown. Gives the body's result, or a default when the procedure is left early.
+/// Runs the body of a procedure under its given name, under which errors in it are reported. Gives
+/// the body's result, or a default when the procedure is left early.
 template <class Body>
 auto procedure(PageContext& context, std::string_view name, Body&& body)
     -> std::invoke_result_t<Body&, Procedure&> {

@@ -8,8 +8,8 @@ namespace kebu::forms {
 
 // Looked up afresh each time: the host may offer the service late or withdraw it.
 Ref<host::MessageService> Services::messages() const {
-  if (!lent_.host) return nullptr;
-  const Ref<host::ClsGlobal> global = lent_.host->ClsGlobal();
+  if (!held_.host) return nullptr;
+  const Ref<host::ClsGlobal> global = held_.host->ClsGlobal();
   return global ? global->Messages() : nullptr;
 }
 
@@ -31,15 +31,15 @@ std::int32_t Services::VLTMsgBoxFromId(std::int32_t id, std::int32_t buttons, co
 }
 
 std::int16_t Services::VisualizzaErrore(const std::string& procedure, const RuntimeError& error) {
-  if (!lent_.log) {
+  if (!held_.log) {
     platform_.messageBox("Classe Log non settata", msgbox::okOnly, form_.caption());
     return static_cast<std::int16_t>(ErrorAnswer::Abort);
   }
-  lent_.log->SetError(error.number(), error.description(), error.source());
-  if (lent_.connection) lent_.log->SetConnectionErrors(lent_.connection->errors());
+  held_.log->SetError(error.number(), error.description(), error.source());
+  if (held_.connection) held_.log->SetConnectionErrors(held_.connection->errors());
   constexpr std::int32_t style =
       msgbox::abortRetryIgnore | msgbox::critical | msgbox::defaultButton2 | msgbox::systemModal;
-  return lent_.log->ShowError("KEBU_ANAGKELMORIA", form_.caption(), procedure, style);
+  return held_.log->ShowError("KEBU_ANAGKELMORIA", form_.caption(), procedure, style);
 }
 
 std::int32_t Services::showMessage(std::int32_t id, std::int32_t style) {
@@ -58,7 +58,7 @@ std::string Services::GetTempTableName(const char* procedure, const char* prefix
   return trap(*this, procedure, [&](Steps& step) {
     std::string name = std::string("##temp") + prefix;
     const Ref<ado::Recordset> rows =
-        step([&] { return lent_.connection->Execute(sql::NuovoIdentificativo()); });
+        step([&] { return held_.connection->Execute(sql::NuovoIdentificativo()); });
     step([&] {
       if (!rows->EOF_()) name += toText(rows->GetRows(1).front().front());
     });

@@ -12,18 +12,18 @@
 namespace kebu::forms {
 
 /// The services that every procedure of a window uses: translation, messages,
-/// the error reporter and working-table names. Works with whatever of the
-/// host's services is there.
+/// the error reporter and working-table names. Where the host does not offer a
+/// service, the system's own or a plain text takes its place.
 class Services : public controls::ControlHost {
  public:
   Services(Platform& platform, const controls::Form& form) : platform_(platform), form_(form) {}
 
-  void setHost(const Ref<host::Cinterface>& value) { lent_.host = value; }
-  const Ref<host::Cinterface>& host() const { return lent_.host; }
-  void setLog(const Ref<host::LogService>& log) { lent_.log = log; }
-  void setConnection(const Ref<ado::Connection>& connection) { lent_.connection = connection; }
-  /// Gives all of these back.
-  void release() { lent_ = {}; }
+  void setHost(const Ref<host::Cinterface>& value) { held_.host = value; }
+  const Ref<host::Cinterface>& host() const { return held_.host; }
+  void setLog(const Ref<host::LogService>& log) { held_.log = log; }
+  void setConnection(const Ref<ado::Connection>& connection) { held_.connection = connection; }
+  /// Releases all of these.
+  void release() { held_ = {}; }
 
   /// The host's translation; the text itself without the host's service.
   std::string TranslateString(const std::string& text);
@@ -41,8 +41,8 @@ class Services : public controls::ControlHost {
   std::int32_t showText(const std::string& text, std::int32_t style);
   /// Translates and shows `text` titled with the window's caption.
   std::int32_t message(const std::string& text, std::int32_t style) override;
-  /// A global temporary table's name that nobody else has: "##temp", `prefix` and
-  /// an identifier. `procedure` is the given name under which errors are told.
+  /// A unique name for a global temporary table: "##temp", `prefix` and an
+  /// identifier. `procedure` is the given name under which errors are reported.
   std::string GetTempTableName(const char* procedure = "GetTempTableName",
                                const char* prefix = "T");
 
@@ -51,12 +51,12 @@ class Services : public controls::ControlHost {
 
   Platform& platform_;
   const controls::Form& form_;
-  struct Lent {
+  struct HostObjects {
     Ref<ado::Connection> connection = {};
     Ref<host::LogService> log = {};
     Ref<host::Cinterface> host = {};
   };
-  Lent lent_;
+  HostObjects held_;
 };
 
 }  // namespace kebu::forms

@@ -14,7 +14,7 @@ class Page {
 
   /// Puts the page's controls into the group boxes of the window.
   virtual void place(PageGroups& groups) = 0;
-  /// Gives back what the page holds of the database and of the host.
+  /// Releases the rows and the host's objects that the page holds.
   virtual void release() {}
 };
 

@@ -11,14 +11,14 @@
 
 namespace kebu::forms {
 
-/// The sizes from which the progress bar finds its place, in pixels.
+/// The controls by whose sizes the progress bar is placed.
 struct ProgressSurroundings {
   const controls::Control& sideBar;
   const controls::Control& page;
   const controls::Control& navigatorBar;
 };
 
-/// Tells the user that something long is at work: the progress bar and the
+/// Tells the user that a long procedure is running: the progress bar and the
 /// status text.
 class ProgressDisplay {
  public:
@@ -33,8 +33,8 @@ class ProgressDisplay {
   /// Puts the translated `message` into the status bar, and shows or hides the bar.
   void ImpostaMessaggioStato(const std::string& message, bool show);
   /// Runs the body of a long procedure under its given name, with `message` in the
-  /// status bar while it is at work and "Pronto" when it is done. A procedure that
-  /// is left early leaves its text there, but not the moving bar.
+  /// status bar while it runs and "Pronto" when it is done. When it is left early
+  /// its text stays, and the moving bar is hidden.
   void during(std::string_view name, const char* message,
               const std::function<void(Procedure&)>& body);
   /// Shows from now on how much of `total` is done.

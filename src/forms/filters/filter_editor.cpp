@@ -128,7 +128,7 @@ std::string FilterEditor::decode(const FilterField& field, const Request& reques
 
 void FilterEditor::CurrentRecordChanged(const std::string& dataField) {
   procedure(context_, named("_CurrentRecordChanged"), [&](Procedure&) {
-    // What a code of a lower level means hangs on the levels above it.
+    // The meaning of a code depends on the codes of the levels above it.
     for (const FilterField& field : subject_.fields) {
       const auto& upper = field.upper;
       if (std::find(upper.begin(), upper.end(), dataField) != upper.end()) {

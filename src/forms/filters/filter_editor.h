@@ -23,14 +23,14 @@ const FilterSubject& customersSubject();
 const FilterSubject& articlesSubject();
 
 /// Prepares an editor of customers or articles and answers its events, in the
-/// main window and in the selection dialogs alike. Errors are told under the
+/// main window and in the selection dialogs. Errors are reported under the
 /// editor's name: "ENHQUERY_CLI_StartLookup".
 class FilterEditor {
  public:
   FilterEditor(PageContext& context, controls::QueryEditor& editor, const FilterSubject& subject);
 
-  /// Hands the editor what it works with and declares its fields. It keeps its
-  /// saved filters under the host application's code and `keySuffix`.
+  /// Hands the editor the host's objects and declares its fields. Its saved filters
+  /// are kept under the host application's code and `keySuffix`.
   void prepare(const char* keySuffix, Procedure& p);
   /// The condition that the editor's choices come to; "" for no restriction.
   std::string condition() const { return subject_.condition(editor_); }

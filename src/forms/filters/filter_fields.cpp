@@ -128,7 +128,7 @@ constexpr FilterField ofCustomers[] = {
      .table = "MG32",
      .description = "MG32_DESCRAGGRCF2",
      .decoder = "DecodificaRaggrDue"},
-    // Spelled unlike the two before it; saved filters go by this name.
+    // Spelled unlike the two before it, on purpose: saved filters use this name.
     {.caption = "Raggruppamento3",
      .dataField = "MG19_RAGGCRF3",
      .length = 3,
@@ -219,7 +219,7 @@ constexpr FilterField ofArticles[] = {
      .table = "MG63",
      .description = "MG63_DESCRCLASC",
      .decoder = "DecodificaClasseSconto"},
-    // The editors of this system do not declare these; what lists them stays all the same.
+    // Not declared by the editors of this system. Their look-ups are kept on purpose.
     {.caption = "Applicazione", .table = "MG57"},
     {.caption = "Fornitore", .table = "CG44", .list = listSuppliers},
     {.caption = "Provenienza prodotto", .table = "PD18_INDPROVENIENZA"},

@@ -15,8 +15,7 @@ namespace kebu::forms {
 
 struct FilterField;
 
-/// The codes of the levels above a field, topmost first; where a code is decoded, then the code
-/// itself.
+/// The codes of the levels above a field, topmost first. For decoding, the code itself is the last.
 using CodeKeys = std::vector<std::string>;
 
 /// The statement that decodes the last of the keys.
@@ -38,7 +37,7 @@ struct FilterField {
   std::string_view dataField = {};  ///< empty for a field that no editor declares
   std::size_t length = 0;           ///< of a typed value
   bool isNumeric = false;
-  // Options of the host's editor, which it knows by their places among the arguments.
+  // Options of the host's editor, which has no names for them but their places as arguments.
   bool option7 = true;
   bool option11 = false;
 
@@ -57,7 +56,7 @@ struct FilterField {
 std::span<const FilterField> customerFields();
 std::span<const FilterField> articleFields();
 
-/// The fields as an editor takes them; those that no editor declares are left out.
+/// The declarations for an editor, without the fields that no editor declares.
 std::vector<controls::QueryField> declarationsOf(std::span<const FilterField> fields);
 
 }  // namespace kebu::forms

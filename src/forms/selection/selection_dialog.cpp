@@ -23,7 +23,7 @@ constexpr SelectionDialog::Kind ofCustomers{
     .keySuffix = "_SELCLI",
 };
 
-constexpr std::int32_t withTheWindow = 15;  // resize rule: keeps to all four sides
+constexpr std::int32_t withTheWindow = 15;  // resize rule: follows all four sides
 
 }  // namespace
 

@@ -12,8 +12,8 @@
 
 namespace kebu::forms {
 
-/// What a selection dialog has of the window that calls it: what to work with,
-/// and where the filter goes.
+/// What a selection dialog gets from the window that calls it, and the filter that
+/// it gives back.
 struct SelectionCaller {
   PageContext& context;
   std::string filterText;
@@ -35,7 +35,7 @@ class SelectionDialog : public controls::Form {
 
   SelectionDialog(const Kind& kind, SelectionCaller& caller);
   ~SelectionDialog() override;
-  /// The caller is let go of, once the dialog is closed.
+  /// Forgets the caller, once the dialog is closed.
   void clearCaller() { caller_ = nullptr; }
 
  protected:
@@ -89,8 +89,8 @@ class FRMKB_SELMULTICLI : public SelectionDialog {
   bool activated_ = false;
 };
 
-/// The main window's side of it: each opens a dialog made anew and returns when
-/// it is closed, with the filter in the caller's members if the user gave one.
+/// Called by the main window: each opens a new dialog and returns when it is
+/// closed. If the user gave a filter, it is in the caller's members then.
 void VisualizzaFiltroArticoli(SelectionCaller& caller);
 void VisualizzaFiltroClienti(SelectionCaller& caller);
 

@@ -69,7 +69,7 @@ void CategoriesPage::addCatalogue(Procedure& p) {
       }
     } else if (entry.entity == articleCategories.entity) {
       for (auto& level : articles_.levels()) {
-        // Asked anew for every combo, and meant so.
+        // Asked again for every combo, on purpose.
         if (isOffered(toInt32(CDecN(entry.code)), p)) {
           level.classification.addRow(entry.code, entry.description);
         }
@@ -118,7 +118,7 @@ void CategoriesPage::LetturaDatiConfigurazioneCategorie() {
   });
 }
 
-// What most companies publish, to be confirmed.
+// Proposes what most companies publish; it is stored when the user confirms it.
 void CategoriesPage::showDefaults() {
   const auto& fixed = articleCategories.fixed;
   for (std::int32_t level : {1, 2}) {
@@ -139,14 +139,14 @@ void CategoriesPage::ConfermaModificheCategorie() {
       rows->Open(sql::Categorie(context_.profileKey()), context_.connection,
                  ado::CursorType::Static, ado::LockType::BatchOptimistic);
     });
-    // When the user goes on without it nothing can be stored.
+    // Opening it failed and the user went on: nothing can be stored.
     if (!p.step([&] { return rows->isOpen(); })) return;
     store(customers_, rows, p);
     store(articles_, rows, p);
     p.step([&] { rows->setFilter(""); });
     p.step([&] { rows->UpdateBatch(); });
     if (GRP_CATART.isShown()) parameters_.storeCustomerNotes(p);
-    // A batch that was skipped on the user's word is still to be stored.
+    // When the user ignored a failing batch, it is still to be stored.
     navigator_.setModified(rows->hasPendingBatch());
   });
 }

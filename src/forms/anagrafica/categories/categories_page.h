@@ -12,7 +12,7 @@
 namespace kebu::forms {
 
 /// Which classifications are published as the platform's categories: four
-/// levels for customers, three for articles. Confirmed by a bar of its own.
+/// levels for customers, three for articles. They have a navigator bar of their own.
 class CategoriesPage : public Page {
  public:
   CategoriesPage(PageContext& context, controls::NavigatorBar& navigator,
@@ -30,7 +30,7 @@ class CategoriesPage : public Page {
   void CaricaComboClientiArticoli();
   /// Shows what is stored for the current profile, or proposes the usual levels.
   void LetturaDatiConfigurazioneCategorie();
-  /// The levels are not to be touched while the profile is being changed.
+  /// The levels are disabled while the profile is being changed.
   void setEnabled(bool enabled);
 
  private:

@@ -24,7 +24,7 @@ void clearBoxes(CategoryLevels::Level& level) {
   level.description.setText("");
 }
 
-/// The number that a text is by the user's locale; nothing for another text.
+/// The text as a number by the user's locale; nothing when it is none.
 std::optional<Decimal> numberOf(const std::string& text) {
   std::optional<Decimal> number;
   ignoringErrors([&] { number = toDecimal(CDecN(text)); });
@@ -115,7 +115,7 @@ void CategoryLevels::AfterItem(Level& level) {
           level.description.setText(found->description);
         }
       } else {
-        // The catalogue's description is not proposed here, and is meant not to be.
+        // The catalogue's description is not proposed here, on purpose.
         level.description.setText("");
       }
     }

@@ -34,9 +34,9 @@ class CategoryLevels {
   std::deque<Level>& levels() { return levels_; }
   void place(controls::GroupBox& group);
 
-  /// Forgets what is shown of every level.
+  /// Empties every level.
   void clear();
-  /// Shows what is stored of a level, from 1; one that the page does not have is passed over.
+  /// Shows what is stored of a level, from 1. A level that the page does not have is skipped.
   void show(std::int32_t level, const std::string& classification, const std::string& code,
             const std::string& description);
 

@@ -9,7 +9,7 @@
 
 namespace kebu::forms {
 
-/// The ERP's classifications that are offered, kept open as long as the window.
+/// The ERP's classifications that are offered. Stays open as long as the window.
 class ClassificationCatalogue {
  public:
   struct Entry {

@@ -91,7 +91,7 @@ DiscountGrid::DiscountGrid(PageContext& context, ProgressDisplay& progress, sql:
       mode_(mode),
       context_(context),
       progress_(progress) {
-  // Until a list type is chosen there is nothing to switch on.
+  // Enabled when a list type is chosen.
   check.setEnabled(false);
   grid.setEnabled(false);
   check.Click.on([this] { CheckClick(); });
@@ -204,7 +204,7 @@ std::string DiscountGrid::GetNodeEdit(std::int32_t row, const std::string& field
 }
 
 void DiscountGrid::SelectAllClickEXT(bool selecting, bool& cancel) {
-  cancel = true;  // one statement does it, not the grid row by row
+  cancel = true;  // one statement ticks all, instead of the grid row by row
   progress_.during(eventName("_SelectAllClickEXT"), "Seleziona/deseleziona in corso...",
                    [&](Procedure& p) {
                      const auto painted = context_.paintedMeanwhile();

@@ -11,12 +11,12 @@
 
 namespace kebu::forms {
 
-/// What one mode of the discount rules calls its controls, procedures and columns.
+/// The names that one mode of the discount rules has for its controls, procedures and columns.
 struct DiscountModeNames;
 
 /// One mode of the discount rules: its rows in a grid, the check box that
-/// switches it on, and the working table behind the rows. The same for both
-/// modes but for names.
+/// switches it on, and the working table of the rows. The modes differ in names
+/// only.
 class DiscountGrid {
  public:
   DiscountGrid(PageContext& context, ProgressDisplay& progress, sql::DiscountMode mode);
@@ -30,10 +30,10 @@ class DiscountGrid {
 
   /// The working table's name; "" before the first load.
   const std::string& table() const { return table_; }
-  /// Gives the working table a name that nobody else has.
+  /// Gives the working table a new unique name.
   void renameTable();
 
-  /// Lays the grid's columns out for a kind of this mode: ImpostaQGRID_SCONTOSUPREZZO
+  /// Sets up the grid's columns for a kind of this mode: ImpostaQGRID_SCONTOSUPREZZO
   /// and ImpostaQGRID_SCONTOSUGRIGLIA.
   void Imposta(const sql::DiscountKind& kind);
   /// Shows no rows.

@@ -13,8 +13,8 @@
 
 namespace kebu::forms {
 
-/// What the discount page asks once for all rules: the list type that is shown, and the options
-/// that every stored rule carries.
+/// The controls of the discount page that hold for all rules: the list type that is shown, and the
+/// options that every stored rule carries.
 class DiscountOptions {
  public:
   DiscountOptions(PageContext& context, controls::NavigatorBar& navigator);
@@ -27,14 +27,14 @@ class DiscountOptions {
   controls::CheckBox CHK_MONOUSO;
 
   void place(controls::GroupBox& page);
-  /// The combos with their rows; they are filled together with those of the parameters.
+  /// The combos with their rows. They are filled together with those of the parameters.
   std::array<FixedChoiceCombo, 2> fixedChoices();
 
-  /// Puts the options back to what they are for new rules.
+  /// Sets the options to what new rules have.
   void reset();
   /// Shows the options that a stored rule carries.
   void show(const Ref<ado::Recordset>& rule, Procedure& p);
-  /// The options as rules carry them that are stored today.
+  /// The options as rules carry them when they are stored today.
   sql::RuleOptions values() const;
 
   /// The user changed an option.

@@ -70,7 +70,7 @@ void DiscountsPage::offer(bool confirming, bool deleting) {
   if (!shown_) return;
   navigator_.setButtonEnabled("Conferma", confirming);
   navigator_.setButtonEnabled("Elimina", deleting);
-  // Nothing is taken back here but by choosing the list type anew.
+  // Changes of rules are undone only by choosing the list type again.
   navigator_.setButtonEnabled("Annulla", false);
 }
 
@@ -135,7 +135,7 @@ void DiscountsPage::CMD_AGGIORNA_ButtonClick() {
 void DiscountsPage::INAV_PAR_ButtonClick(bool& cancel, const std::string& button) {
   if (!shown_) return;
   procedure(context_, "INAV_PAR_ButtonClick", [&](Procedure& p) {
-    cancel = true;  // the bar's own action is the profile's
+    cancel = true;  // the bar would act on the profile
     if (button == "Conferma") {
       registerBoth();
       pending_ = false;
@@ -188,7 +188,7 @@ void DiscountsPage::CaricaListini(DiscountGrid& mode) {
   });
 }
 
-// The options stand in every rule; the first row's are shown.
+// Every rule carries the same options, so those of the first row are shown.
 void DiscountsPage::showStored(DiscountGrid& mode, Procedure& p) {
   const bool isPrice = mode.mode() == sql::DiscountMode::OnPrice;
   const char* const flag = isPrice ? "GM61_FLGSCONTISUPRZ" : "GM61_FLGGRIGLIASCONTI";

@@ -17,7 +17,7 @@ namespace kebu::forms {
 
 /// The discount rules of the company: candidates from the ERP's price lists for
 /// one list type at a time, in two modes, of which the ticked ones are stored.
-/// What the eight kinds differ in is in the table of sql/discount_kinds.
+/// The table of sql/discount_kinds says what differs between the eight kinds.
 class DiscountsPage : public Page {
  public:
   DiscountsPage(PageContext& context, ProgressDisplay& progress, controls::NavigatorBar& navigator);

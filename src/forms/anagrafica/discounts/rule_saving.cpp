@@ -17,8 +17,8 @@ constexpr std::int32_t netPriceByQuantity = 2;
 
 using Row = sql::RuleStatements::Row;
 
-/// What the steps of a rule give: the discount, or for a rule of net prices the
-/// price, less the discount where the rule asks for it.
+/// Reads the steps of a rule. A step's value is the discount; for a rule of net
+/// prices it is the price, less the discount if the rule says so.
 class StepReader {
  public:
   StepReader(const sql::RuleStatements& statements, const Row& row)
@@ -65,12 +65,12 @@ void DiscountsPage::RegistraListini(DiscountGrid& mode) {
     const Ref<ado::Recordset>& shown = mode.rows();
     const std::int32_t count = p.step([&] { return shown ? shown->RecordCount() : 0; });
     if (count == 1) {
-      // The tick of an only row may not have reached the working table.
+      // When there is one row only, its tick may not have been stored in the working table yet.
       if (toInt32(CDecN(p.value(shown, "GM61_ATTIVA"))) == 1) {
         p.run(sql::SelezionaRiga(mode.table(), toSqlNumber(p.value(shown, "GM61_ID"))));
       }
     } else if (count > 1) {
-      p.step([&] { shown->MoveFirst(); });  // stores an edit that is still under way
+      p.step([&] { shown->MoveFirst(); });  // stores an edit that is not finished
       p.step([&] { mode.grid.refresh(); });
     }
     {

@@ -82,7 +82,7 @@ std::string FilterPages::StringaLimitiArticoli() {
 }
 
 void FilterPages::storeConditions(controls::RecordFrame& parameters, bool& cancel, Procedure& p) {
-  // A range the wrong way round would publish nothing, which nobody means.
+  // A range whose bounds are the wrong way round would publish nothing.
   cancel = p.step([&] { return !ENHQUERY_CLI.confirmRanges() || !ENHQUERY_ART.confirmRanges(); });
   if (cancel) return;
   store(customers(), parameters, p);
@@ -93,7 +93,7 @@ void FilterPages::store(const Filter& filter, controls::RecordFrame& parameters,
   p.step([&] { filter.editor.saveFilter(filter.savedName, true); });
   const std::string condition = filter.condition();
   p.step([&] {
-    // Trailing blanks alone are no difference.
+    // Trailing blanks do not count.
     if (RTrimN(parameters.field(filter.column)) == RTrimN(condition)) return;
     parameters.setField(filter.column, condition);
   });

@@ -52,7 +52,7 @@ FRMKB_ANAGRAFICA::~FRMKB_ANAGRAFICA() {
 
 PageGroups FRMKB_ANAGRAFICA::makeGroups() {
   PageGroups groups;
-  for (const PageEntry& page : pages) groups.add(page.group);
+  for (const PageEntry& page : pageTable) groups.add(page.group);
   return groups;
 }
 
@@ -62,7 +62,7 @@ void FRMKB_ANAGRAFICA::buildPages() {
   INAV_PAR.setSize({820, 40});
   progress_.PBAR.setSize({260, 24});
   std::map<std::int32_t, std::string_view> links;
-  for (const PageEntry& page : pages) {
+  for (const PageEntry& page : pageTable) {
     if (page.view != noView) links.emplace(page.view, page.link);
   }
   for (const auto& [view, link] : links) SBAR_MAIN.addLink(view, std::string(link));
@@ -183,7 +183,7 @@ void FRMKB_ANAGRAFICA::createHostServices(Procedure& p) {
   made.environment = p.step([&] { return global()->CreateEnvironment(); });
   made.layoutModel = p.step([&] { return global()->CreateLayoutModel(); });
   made.scriptModel = p.step([&] { return global()->CreateScriptModel(); });
-  // The models are initialised when the window is ready for them.
+  // The two models are initialised at the end of the set-up.
   p.step([&] { made.decodes->Initialize(host()); });
   p.step([&] { made.lookups->Initialize(host()); });
   p.step([&] { made.savedFilters->Initialize(host()); });
@@ -192,8 +192,8 @@ void FRMKB_ANAGRAFICA::createHostServices(Procedure& p) {
 
 void FRMKB_ANAGRAFICA::InizializzaScriptELayout() {
   procedure(context_, "InizializzaScriptELayout", [&](Procedure& p) {
-    // The navigator's events enter the window into the models; here the models
-    // are made to work for it, and the user's script hears that it is open.
+    // The window itself is registered in the models when the navigator's events
+    // ask for it. Here the models are initialised and the user's script is run.
     p.step([&] { context_.hostServices.layoutModel->Initialize(host()); });
     p.step([&] { context_.hostServices.scriptModel->Initialize(host()); });
     bool cancel = false;
@@ -225,7 +225,7 @@ bool FRMKB_ANAGRAFICA::RichiestaConfermaModifiche(controls::RecordFrame* frame, 
   return procedure(context_, "RichiestaConfermaModifiche", [&](Procedure& p) {
     if (!frame) return false;
     if (frame->status() == FrameStatus::New) {
-      // Only finds out whether the user wrote anything; the frame decides what is pending.
+      // Has no consequence, on purpose: the record frame decides what is pending.
       for (const controls::BoundControl* control : boundControls()) {
         const bool differs = p.step([&] {
           return RTrimN(control->value()) != RTrimN(control->frame()->field(control->DBField()));
@@ -259,11 +259,11 @@ void FRMKB_ANAGRAFICA::show(std::string_view control) {
 
 void FRMKB_ANAGRAFICA::VisualizzaVista(std::int32_t number) {
   procedure(context_, "VisualizzaVista", [&](Procedure&) {
-    const auto* page = std::find_if(std::begin(pages), std::end(pages),
+    const auto* page = std::find_if(std::begin(pageTable), std::end(pageTable),
                                     [&](const PageEntry& entry) { return entry.view == number; });
-    const bool isKnown = page != std::end(pages);
+    const bool isKnown = page != std::end(pageTable);
     const bool isPreview = isKnown && page->preview != PreviewKind::None;
-    // The page of before stays until there is something to show, or for good.
+    // The previous page stays until the preview has rows, or when the user cancels it.
     if (isPreview && !preview_.load(page->preview)) return;
     NascondiViste();
     if (!isPreview) preview_.release();
@@ -278,7 +278,7 @@ void FRMKB_ANAGRAFICA::VisualizzaVista(std::int32_t number) {
 
 void FRMKB_ANAGRAFICA::NascondiViste() {
   procedure(context_, "NascondiViste", [&](Procedure&) {
-    for (const PageEntry& page : pages) {
+    for (const PageEntry& page : pageTable) {
       if (!page.staysShown) groups_[page.group].setVisible(false);
     }
     INAV_PAR.setVisible(false);
@@ -290,7 +290,7 @@ void FRMKB_ANAGRAFICA::SBAR_MAIN_OnClickItemLink(const controls::SideBar::Link& 
   procedure(context_, "SBAR_MAIN_OnClickItemLink", [&](Procedure&) {
     TITLEBAR.setCaption(link.text);
     CambiaVisualizzazione(link.view);
-    // A refused change leaves the page, and so its link and title, as they were.
+    // When the change is refused, link and title go back to the page that is shown.
     SBAR_MAIN.select(view_);
     if (const auto* shown = SBAR_MAIN.selected()) TITLEBAR.setCaption(shown->text);
   });
@@ -322,11 +322,11 @@ void FRMKB_ANAGRAFICA::Form_Unload() {
   procedure(context_, "Form_Unload", [&](Procedure& p) {
     if (!context_.connection) return;
     for (const std::string& table : {deposits_.workingTable(), priceLists_.workingTable()}) {
-      if (table.empty()) continue;  // the user left the statement that was to name it
+      if (table.empty()) continue;  // naming it failed and the user went on
       p.run(sql::EliminaTabellaLavoro(table));
     }
   });
-  // Whatever became of the tables, the host must get its objects back.
+  // The host's objects are released even when a table could not be dropped.
   releaseHostObjects();
 }
 

@@ -29,8 +29,8 @@
 
 namespace kebu::forms {
 
-/// The configuration window: a thin frame that wires its pages together, opens
-/// the connection they work on, switches between them and closes.
+/// The configuration window: wires its pages together, opens the connection that
+/// they work on, switches between them and closes.
 class FRMKB_ANAGRAFICA : public controls::Form {
  public:
   explicit FRMKB_ANAGRAFICA(const Runtime& runtime);
@@ -41,10 +41,10 @@ class FRMKB_ANAGRAFICA : public controls::Form {
   const Ref<host::Cinterface>& host() const { return services_.host(); }
   void setOwner(const Ref<Object>& value) { owner_ = value; }
 
-  /// The plug-in ends: gives back all that the host lent.
+  /// The plug-in ends: releases all objects of the host.
   void detach() { releaseHostObjects(); }
 
-  /// The profile's record frame; the window lives as long as it is held.
+  /// The profile's record frame. Holding it keeps the window alive.
   Ref<host::NamedObject> profileFrame();
 
  private:
@@ -107,7 +107,7 @@ class FRMKB_ANAGRAFICA : public controls::Form {
   const std::array<Page*, 8> pages_{&profile_,    &parameters_, &categories_, &discounts_,
                                     &priceLists_, &deposits_,   &preview_,    &filters_};
 
-  std::string spareTable_;  ///< a working table named with the others, not used yet
+  std::string spareTable_;  ///< the name of a third working table, not used yet
   std::int32_t view_ = 0;
   bool activated_ = false;
   bool closing_ = false;

@@ -21,8 +21,8 @@ struct PageEntry {
   bool staysShown = false;  ///< not hidden when another page is shown
 };
 
-/// In the order in which the resize manager is told of the groups.
-inline constexpr PageEntry pages[] = {
+/// In the order in which the groups are registered with the resize manager.
+inline constexpr PageEntry pageTable[] = {
     {.view = 1, .link = "Parametri", .group = "GRPMAIN_PAR", .navigatorBar = "INAV_PAR"},
     {.view = 2, .link = "Listini", .group = "GRPMAIN_LISTINI", .navigatorBar = "INAV_PAR"},
     {.view = 3, .link = "Depositi", .group = "GRPMAIN_GIACENZE", .navigatorBar = "INAV_PAR"},
@@ -48,7 +48,7 @@ inline constexpr PageEntry pages[] = {
      .link = "Filtro articoli",
      .group = "GRPMAIN_FILTROART",
      .navigatorBar = "INAV_PAR"},
-    // Left out of what is hidden, and meant so.
+    // Not hidden with the others, on purpose.
     {.view = DiscountsPage::view,
      .link = "Sconti",
      .group = "GRPMAIN_SCONTI",
@@ -69,8 +69,8 @@ struct ResizeRule {
   std::int32_t rule;  ///< sides kept: 1 left, 2 top, 4 right, 8 bottom
 };
 
-/// Told to the resize manager after the groups, in this order; a control that
-/// the window does not have is passed over.
+/// Registered with the resize manager after the groups, in this order. A control
+/// that the window does not have is skipped.
 inline constexpr ResizeRule controlResizeRules[] = {
     {"ENHQUERY_ART", 15},
     {"ENHQUERY_CLI", 15},

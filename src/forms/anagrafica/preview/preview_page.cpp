@@ -44,7 +44,7 @@ std::string PreviewPage::GetNomeTabella(PreviewKind kind) {
 void PreviewPage::ImpostaGridArticoli(PreviewKind kind) {
   procedure(context_, "ImpostaGridArticoli", [&](Procedure& p) {
     const auto translate = [this](const std::string& text) { return context_.translate(text); };
-    // The rows of before do not belong under the columns of now.
+    // The previous rows do not have the new columns.
     release();
     p.step([&] {
       QGRID_ART.clearColumns();

@@ -23,7 +23,7 @@ class PreviewPage : public Page {
   void place(PageGroups& groups) override { groups["GRPMAIN_RIEPART"].add(QGRID_ART); }
   void release() override { QGRID_ART.setDataSource(nullptr); }
 
-  /// Lets the user state a filter and loads what passes it; false when the user left.
+  /// Asks the user for a filter and loads the rows that pass it; false when the user cancelled.
   bool load(PreviewKind kind);
 
  private:

@@ -104,7 +104,8 @@ void DepositsPage::QGRID_DEP_SelectionBoxClick(const std::string& field, bool& c
     const bool preferred = toBoolean(CDecN(p.value(QGRID_DEP.dataSource(), "FLG_PREF")));
 
     if (field == "FLG_PREF") {
-      // Only an active deposit can be preferred, and the mark moves by marking another one.
+      // Only an active deposit can be preferred. The mark is not cleared, only given to another
+      // one.
       cancel = !active || preferred;
       if (cancel) return;
       CambiaPredefinito();

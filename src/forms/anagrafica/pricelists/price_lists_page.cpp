@@ -42,7 +42,7 @@ constexpr controls::ValueListItem sources[] = {
     {tsPriorita, "Da Priorità prezzi e sconti"},
 };
 
-// A code column stands without a caption: its description's serves both.
+// A code column has no caption: that of its description stands for both.
 constexpr controls::GridColumn columns[] = {
     {.field = "GM57_CODPREZZO",
      .caption = "Tarvo",
@@ -82,8 +82,8 @@ constexpr controls::GridColumn columns[] = {
      .kind = ColumnKind::Check},
 };
 
-/// The columns that a slot of each type does not use. Types 2 and 3 also lose
-/// the category: macro-category and macro-area codes are not the same.
+/// The columns that are emptied when a slot gets a type. Types 2 and 3 empty the
+/// category too: macro-category and macro-area codes are not the same.
 struct UnusedColumns {
   std::int32_t type;
   std::vector<std::string> fields;

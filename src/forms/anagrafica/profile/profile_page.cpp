@@ -16,7 +16,7 @@ struct FixedValue {
   std::int16_t value;
 };
 
-/// Code 1 and application 14 name this platform's profile among the company's.
+/// A profile of this platform has code 1 and application 14.
 constexpr FixedValue fixedValues[] = {
     {.column = "GM03_CODICEDISPOSITIVO", .value = 1},
     {.column = "GM03_INDTIPO", .value = 0},
@@ -90,8 +90,7 @@ void ProfilePage::FME_ANAGRAFICA_AfterUpdate() {
     dependents_.deposits.ConfermaModificheDepositi();
     dependents_.priceLists.ConfermaModificheListini();
     dependents_.synchronisation.SchedulaAttJob();
-    // A profile that has just come into being has its price slots made now, and
-    // the usual categories proposed.
+    // A new profile gets its price slots now, and the usual categories are proposed.
     if (!equalAsVariants(loadedProfile_, context_.profileId())) {
       dependents_.categories.LetturaDatiConfigurazioneCategorie();
       reloadDependents();
@@ -100,7 +99,7 @@ void ProfilePage::FME_ANAGRAFICA_AfterUpdate() {
 }
 
 void ProfilePage::FME_ANAGRAFICA_BeforeDelete(bool& cancel) {
-  // When the user breaks the cascade off, the profile that it hangs on must not be lost.
+  // The profile is kept when the user aborted the deletion of what depends on it.
   cancel = !procedure(context_, "FME_ANAGRAFICA_BeforeDelete", [&](Procedure& p) {
     for (const std::string& statement : sql::EliminaDipendenze(p.profile())) p.run(statement);
     return true;
@@ -118,7 +117,7 @@ void ProfilePage::FME_ANAGRAFICA_AfterUndo() {
   procedure(context_, "FME_ANAGRAFICA_AfterUndo", [&](Procedure& p) {
     p.step([&] { navigator_.refreshButtons(); });
     reloadDependents();
-    // A filter that was changed and not saved is undone with the rest.
+    // Changes to the filters that were not saved are undone too.
     dependents_.filters.reload();
   });
 }

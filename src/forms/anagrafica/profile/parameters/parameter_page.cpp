@@ -12,7 +12,7 @@ namespace kebu::forms {
 
 namespace {
 
-/// A box that edits a text column as it stands; named TXT_ and the column.
+/// A box that edits a text column without any rule. Its name is TXT_ and the column.
 struct PlainBox {
   const char* column;
   const char* caption;
@@ -30,7 +30,7 @@ constexpr PlainBox plainBoxes[] = {
 };
 constexpr std::size_t longestPlainText = 255;
 
-/// What this connector does not offer: 0 on every save, whatever was set.
+/// Options that this connector does not offer: 0 on every save, whatever was set.
 constexpr const char* zeroedColumns[] = {
     "GM04_FLGGESTSCONTI",   "GM04_FLGGESTVARIANTI",   "GM04_FLGGESTCESSIONARI", "GM04_FLGGESTLOTTI",
     "GM04_INDSELCLIENTI",   "GM04_INDDATAREGINCASSO", "GM04_INDMODRECUPERO",    "GM04_INDDESTIN",
@@ -205,7 +205,7 @@ void ParameterPage::FME_PARAMETRI_BeforeUpdate(bool& cancel) {
         cancel = true;
         return;
       }
-      // The document's own default deposit applies.
+      // The default deposit of the document type is used instead.
       set("GM04_DEPDOCWEB_MG58", Null{});
     }
     for (const char* column : zeroedColumns) set(column, zero);
@@ -232,7 +232,7 @@ void ParameterPage::tellDefaultDepositMissing(const std::string& document) {
 
 void ParameterPage::FME_PARAMETRI_ChangeStatus() {
   procedure(context_, "FME_PARAMETRI_ChangeStatus", [&](Procedure& p) {
-    // Whether customers were ever synchronised changes nothing on the page, and is meant not to.
+    // Has no consequence, on purpose: the date of the last synchronisation changes nothing here.
     static_cast<void>(
         p.step([&] { return RTrimN(FME_PARAMETRI.field("GM04_LASTSYNCCLI")).empty(); }));
   });
@@ -320,7 +320,7 @@ void ParameterPage::TXT_NUMLIST_StartDecode(const std::string& number, std::stri
 void ParameterPage::CBO_TIPOVALORIZZ_ChangeRow() {
   procedure(context_, "CBO_TIPOVALORIZZ_ChangeRow", [&](Procedure&) {
     const std::string code = CBO_TIPOVALORIZZ.text();
-    // No row carries 18; the test for it is meant.
+    // No row has the code 18; it is tested on purpose.
     const bool takesList = code == purchaseList || code == "17" || code == "18";
     TXT_NUMLIST.setEditable(takesList);
     TXT_NUMLIST.setRequired(takesList);
@@ -328,7 +328,7 @@ void ParameterPage::CBO_TIPOVALORIZZ_ChangeRow() {
 }
 
 void ParameterPage::CBO_TIPOVALORIZZ_AfterItem() {
-  // Another valuation forgets the list number.
+  // The list number belongs to the valuation before.
   if (CBO_TIPOVALORIZZ.value() == valuationBefore_) return;
   ignoringErrors([&] { FME_PARAMETRI.setField("GM04_LISTCOSTOART_LI10", Null{}); });
   ignoringErrors([&] { TXT_NUMLIST.refreshFromRecord(); });
