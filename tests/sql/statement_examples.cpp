@@ -10,6 +10,7 @@
 #include "sql/preview.h"
 #include "sql/price_lists.h"
 #include "sql/profile.h"
+#include "sql/query_predicate.h"
 #include "sql/synchronisation.h"
 #include "sql/working_tables.h"
 
@@ -86,45 +87,83 @@ ExamplePage depositsPage() {
           }};
 }
 
+/// "Famiglia" = "FER" and the like, as a query editor states it.
+std::string equals(const QueryColumn& column, const std::string& value) {
+  return composePredicate(column, {QueryOperator::Equal, {value}});
+}
+
+constexpr QueryColumn family{.name = "MG66_FAM_MG53"};
+constexpr QueryColumn city{.name = "Citta"};
+
+std::string ofTools() {
+  return CongiuntoArticoli(family.name, equals(family, "FER"));
+}
+
+std::string inForli() {
+  return " AND (" + equals(city, "Forlì") + ")";
+}
+
 ExamplePage filtersPage() {
-  const auto condition = [](const char* field, const char* predicate) {
-    return CongiuntoArticoli(field, predicate);
+  const auto of = [](const QueryColumn& column, const std::string& value) {
+    return CongiuntoArticoli(column.name, equals(column, value));
   };
-  return {"filters",
+  return {
+      "filters",
+      {
+          {"CongiuntoArticoli: of the article", ofTools(), true},
+          {"CongiuntoArticoli: of its descriptions", of({"MG87_CODART_MG66"}, "ACC-0028"), true},
+          {"CongiuntoArticoli: of its applications", of({"MG72_CODAPPLIC_MG57"}, "LEG"), true},
+          {"CongiuntoArticoli: of its suppliers", of({"MG73_CLIFOR_CG44", true}, "4"), true},
+          {"CongiuntoArticoli: of its product", of({"PD18_INDPROVENIENZA", true}, "1"), true},
+          {"DecodificaStatoArticolo", DecodificaStatoArticolo("1")},
+          {"ElencoStatiArticolo", ElencoStatiArticolo()},
+          {"ContaArticoli", ContaArticoli(company, ofTools())},
+          {"ContaClienti", ContaClienti(company, inForli())},
+      }};
+}
+
+ExamplePage predicatesPage() {
+  constexpr QueryColumn text = city;
+  constexpr QueryColumn number{.name = "CG44_CLIFOR", .isNumeric = true};
+  using Op = QueryOperator;
+  const auto example = [](const char* name, const QueryColumn& column, Op op,
+                          std::vector<std::string> values) {
+    return StatementExample{std::string("composePredicate: ") + name,
+                            composePredicate(column, {op, std::move(values)}), true};
+  };
+  return {"query_predicate",
           {
-              {"CongiuntoArticoli: of the article",
-               condition("MG66_FAM_MG53", "(MG66_FAM_MG53 = 'FER')"), true},
-              {"CongiuntoArticoli: of its descriptions",
-               condition("MG87_CODART_MG66", "(MG87_CODART_MG66 LIKE 'ACC%')"), true},
-              {"CongiuntoArticoli: of its applications",
-               condition("MG72_CODAPPLIC_MG57", "(MG72_CODAPPLIC_MG57 = 'LEG')"), true},
-              {"CongiuntoArticoli: of its suppliers",
-               condition("MG73_CLIFOR_CG44", "(MG73_CLIFOR_CG44 = 4)"), true},
-              {"CongiuntoArticoli: of its product",
-               condition("PD18_INDPROVENIENZA", "(PD18_INDPROVENIENZA = 1)"), true},
-              {"DecodificaStatoArticolo", DecodificaStatoArticolo("1")},
-              {"ElencoStatiArticolo", ElencoStatiArticolo()},
-              {"ContaArticoli",
-               ContaArticoli(company, condition("MG66_FAM_MG53", "(MG66_FAM_MG53 = 'FER')"))},
-              {"ContaClienti", ContaClienti(company, " AND (Citta = 'Forlì') ")},
+              example("equal text", text, Op::Equal, {"L'Aquila"}),
+              example("equal number", number, Op::Equal, {"1007"}),
+              example("different text", text, Op::Different, {"Forlì"}),
+              example("different number", number, Op::Different, {"1007"}),
+              example("range of texts", text, Op::Range, {"F", "G"}),
+              example("range of numbers", number, Op::Range, {"1003", "1007"}),
+              example("range without an end", number, Op::Range, {"1250", ""}),
+              example("range without a beginning", number, Op::Range, {"", "1007"}),
+              example("text that starts", text, Op::Starts, {"For"}),
+              example("text that contains", text, Op::Contains, {"_a[%"}),
+              example("one of texts", text, Op::OneOf, {"Forlì", "L'Aquila"}),
+              example("one of numbers", number, Op::OneOf, {"1003", "1007"}),
+              example("empty text", text, Op::Empty, {}),
+              example("empty number", number, Op::Empty, {}),
+              example("text that is not empty", text, Op::NotEmpty, {}),
+              example("number that is not empty", number, Op::NotEmpty, {}),
           }};
 }
 
 ExamplePage previewPage() {
-  const std::string ofTools = CongiuntoArticoli("MG66_FAM_MG53", "(MG66_FAM_MG53 = 'FER')");
-  return {
-      "preview",
-      {
-          {"NomeTabella: customers", NomeTabella(1)},
-          {"NomeTabella: articles", NomeTabella(2)},
-          {"ClientiPubblicati",
-           ClientiPubblicati("VGM16_KBWSUSERS_KELMORIA", company, " AND (Citta = 'Forlì') ")},
-          {"ClientiPubblicati: all", ClientiPubblicati("VGM16_KBWSUSERS_KELMORIA", company, "")},
-          {"ArticoliPubblicati",
-           ArticoliPubblicati("VGM19_KBWSPRODUCTS_KELMORIA", company, ofTools)},
-          {"ArticoliPubblicati: all",
-           ArticoliPubblicati("VGM19_KBWSPRODUCTS_KELMORIA", company, "")},
-      }};
+  const std::string customers = "VGM16_KBWSUSERS_KELMORIA";
+  const std::string articles = "VGM19_KBWSPRODUCTS_KELMORIA";
+  return {"preview",
+          {
+              {"NomeTabella: customers", NomeTabella(1)},
+              {"NomeTabella: articles", NomeTabella(2)},
+              {"ClientiPubblicati", ClientiPubblicati(customers, company, inForli())},
+              {"ClientiPubblicati: all", ClientiPubblicati(customers, company, "")},
+              {"ArticoliPubblicati", ArticoliPubblicati(articles, company, ofTools())},
+              {"ArticoliPubblicati: all", ArticoliPubblicati(articles, company, "")},
+          }};
 }
 
 ExamplePage synchronisationPage() {
@@ -301,9 +340,9 @@ ExamplePage rulesPage() {
 }  // namespace
 
 std::vector<ExamplePage> examplePages() {
-  return {categoriesPage(),      depositsPage(),     candidatesPage(), rulesPage(),
-          filtersPage(),         previewPage(),      priceListsPage(), profilePage(),
-          synchronisationPage(), workingTablesPage()};
+  return {categoriesPage(), depositsPage(),        candidatesPage(),   rulesPage(),
+          filtersPage(),    previewPage(),         priceListsPage(),   profilePage(),
+          predicatesPage(), synchronisationPage(), workingTablesPage()};
 }
 
 }  // namespace kebu::sql

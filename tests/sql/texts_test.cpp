@@ -49,11 +49,10 @@ TEST(StatementTexts, AreThePinnedOnesToTheByte) {
   }
 }
 
-/// The functions of a header that make statements or parts of them: they bear the system's Italian
-/// names, which begin with a capital.
+/// The functions of a header that make statements or parts of them: all that return a text, but for
+/// the inline helpers that put pieces together.
 std::vector<std::string> functionsOf(const std::filesystem::path& header) {
-  static const std::regex declaration(
-      R"(\n *std::(?:string|array<std::string, \d+>) ([A-Z]\w*)\()");
+  static const std::regex declaration(R"(\n *std::(?:string|array<std::string, \d+>) (\w+)\()");
   const std::string content = readFile(header);
   std::vector<std::string> names;
   for (std::sregex_iterator match(content.begin(), content.end(), declaration), end; match != end;
