@@ -100,7 +100,7 @@ std::string ofTools() {
 }
 
 std::string inForli() {
-  return " AND (" + equals(city, "Forlì") + ")";
+  return composeConjunction({equals(city, "Forlì")});
 }
 
 ExamplePage filtersPage() {
@@ -149,6 +149,8 @@ ExamplePage predicatesPage() {
               example("empty number", number, Op::Empty, {}),
               example("text that is not empty", text, Op::NotEmpty, {}),
               example("number that is not empty", number, Op::NotEmpty, {}),
+              {"composeConjunction",
+               composeConjunction({equals(city, "Forlì"), "", equals({"Provincia"}, "FC")}), true},
           }};
 }
 

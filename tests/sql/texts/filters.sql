@@ -1,21 +1,21 @@
 -- CongiuntoArticoli: of the article (condition)
- AND ((MG66_FAM_MG53 = 'FER')) 
+ AND (MG66_FAM_MG53 = 'FER') 
 GO
 
 -- CongiuntoArticoli: of its descriptions (condition)
- AND ((MG87_CODART_MG66 LIKE 'ACC%')) 
+ AND (MG87_CODART_MG66 = 'ACC-0028') 
 GO
 
 -- CongiuntoArticoli: of its applications (condition)
- AND EXISTS (SELECT   MG72_CODAPPLIC_MG57           FROM     MG72_APPLICART                                   WHERE    MG72_DITTA_CG18     = MG66_DITTA_CG18            AND      MG72_CODART_MG66    = MG66_CODART        AND (MG72_CODAPPLIC_MG57 = 'LEG'))                           
+ AND EXISTS (SELECT   MG72_CODAPPLIC_MG57           FROM     MG72_APPLICART                                   WHERE    MG72_DITTA_CG18     = MG66_DITTA_CG18            AND      MG72_CODART_MG66    = MG66_CODART        AND MG72_CODAPPLIC_MG57 = 'LEG')                           
 GO
 
 -- CongiuntoArticoli: of its suppliers (condition)
- AND EXISTS (SELECT   MG73_CLIFOR_CG44                    FROM     MG73_ARTCLIFOR                                 WHERE    MG73_DITTA_CG18     = MG66_DITTA_CG18          AND      MG73_TIPOCF_CG44    = 1                        AND      MG73_CODART_MG66    = MG66_CODART      AND (MG73_CLIFOR_CG44 = 4))       
+ AND EXISTS (SELECT   MG73_CLIFOR_CG44                    FROM     MG73_ARTCLIFOR                                 WHERE    MG73_DITTA_CG18     = MG66_DITTA_CG18          AND      MG73_TIPOCF_CG44    = 1                        AND      MG73_CODART_MG66    = MG66_CODART      AND MG73_CLIFOR_CG44 = 4)       
 GO
 
 -- CongiuntoArticoli: of its product (condition)
- AND EXISTS (SELECT TOP 1 1          FROM     PD18_ARTPROD PD18_FILTRO          WHERE    PD18_FILTRO.PD18_DITTA_CG18  = MG66_DITTA_CG18            AND     PD18_FILTRO.PD18_CODART_MG66 = MG66_CODART                AND (PD18_FILTRO.PD18_INDPROVENIENZA = 1))       
+ AND EXISTS (SELECT TOP 1 1          FROM     PD18_ARTPROD PD18_FILTRO          WHERE    PD18_FILTRO.PD18_DITTA_CG18  = MG66_DITTA_CG18            AND     PD18_FILTRO.PD18_CODART_MG66 = MG66_CODART                AND PD18_FILTRO.PD18_INDPROVENIENZA = 1)       
 GO
 
 -- DecodificaStatoArticolo
@@ -31,11 +31,11 @@ GO
  FROM MG66_ANAGRART WITH (NOLOCK)
  LEFT JOIN MG87_ARTDESC WITH (NOLOCK)
      ON MG87_DITTA_CG18 = MG66_DITTA_CG18 AND MG87_CODART_MG66 = MG66_CODART
- WHERE MG66_DITTA_CG18 = 1 AND ((MG66_FAM_MG53 = 'FER')) 
+ WHERE MG66_DITTA_CG18 = 1 AND (MG66_FAM_MG53 = 'FER') 
 GO
 
 -- ContaClienti
  SELECT COUNT(*) AS QUANTI
  FROM VGM16_KBWSUSERS_KELMORIA
- WHERE CG44_DITTA_CG18 = 1 AND (Citta = 'Forlì') 
+ WHERE CG44_DITTA_CG18 = 1 AND (Citta = 'Forlì')
 GO

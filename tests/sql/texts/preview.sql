@@ -12,7 +12,7 @@ GO
 
  select *  
  from VGM16_KBWSUSERS_KELMORIA
- where CG44_DITTA_CG18 = 1 and Email is not NULL  AND (Citta = 'Forlì') 
+ where CG44_DITTA_CG18 = 1 and Email is not NULL  AND (Citta = 'Forlì')
 GO
 
 -- ClientiPubblicati: all
@@ -26,7 +26,7 @@ GO
 
  select v.*  
  from VGM19_KBWSPRODUCTS_KELMORIA v 
- where MG87_DITTA_CG18 = 1 AND ((MG66_FAM_MG53 = 'FER')) 
+ where MG87_DITTA_CG18 = 1 AND (MG66_FAM_MG53 = 'FER') 
 GO
 
 -- ArticoliPubblicati: all
