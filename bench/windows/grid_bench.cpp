@@ -31,7 +31,7 @@ constexpr controls::GridColumn columns[] = {
     {"CODE", "Codice", 1500, controls::ColumnKind::Text},
     {"DESCR", "Descrizione", 3600, controls::ColumnKind::Text},
     {"ACTIVE", "Attivo", 1200, controls::ColumnKind::Check},
-    {"KIND", "Tipologia", 2750, controls::ColumnKind::ValueList, kinds, std::size(kinds)},
+    {"KIND", "Tipologia", 2750, controls::ColumnKind::ValueList, kinds},
     {"QUANTITY", "Quantità", 1200, controls::ColumnKind::Number},
     {"CODE2", "Deposito", 1500, controls::ColumnKind::Lookup},
 };

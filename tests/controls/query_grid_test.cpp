@@ -8,7 +8,7 @@ namespace {
 constexpr ValueListItem sizes[] = {{1, "Piccolo"}, {2, "Grande"}};
 constexpr GridColumn columns[] = {
     {"ID", "Numero", 1000, ColumnKind::Text},
-    {"MISURA", "Misura", 1000, ColumnKind::ValueList, sizes, std::size(sizes)},
+    {"MISURA", "Misura", 1000, ColumnKind::ValueList, sizes},
     {"PREZZO", "Prezzo", 1000, ColumnKind::Number},
     {"SCELTO", "Scelto", 1000, ColumnKind::Check},
     {"MISURA_DEC", "Descrizione", 1000, ColumnKind::Description},
@@ -129,7 +129,7 @@ TEST_F(QueryGridTest, LookupEntersTheChosenCodeOnly) {
 TEST_F(QueryGridTest, CellsShowAndTakeTheListThatTheyBorrow) {
   static constexpr ValueListItem colours[] = {{1, "Rosso"}, {7, "Blu"}};
   fill(3);
-  grid.addColumn({"LISTA", "", 0, ColumnKind::ValueList, colours, std::size(colours)},
+  grid.addColumn({"LISTA", "", 0, ColumnKind::ValueList, colours},
                  [](const std::string& text) { return text; });
   grid.GetCellRenderColumn.on([&](std::int32_t row, const std::string& field, std::string& lender) {
     if (field == "MISURA" && row == 2) lender = "LISTA";

@@ -2,7 +2,6 @@
 
 #include <gtest/gtest.h>
 
-#include <iterator>
 #include <memory>
 #include <sstream>
 
@@ -68,7 +67,7 @@ TEST_F(ControlPrinterTest, AWindowPrintsWhatCanBeSeen) {
 constexpr controls::ValueListItem sizes[] = {{1, "Piccolo"}, {2, "Grande"}};
 constexpr controls::GridColumn columns[] = {
     {"ID", "Numero", 1000, controls::ColumnKind::Text},
-    {"MISURA", "Quantità", 1000, controls::ColumnKind::ValueList, sizes, std::size(sizes)},
+    {"MISURA", "Quantità", 1000, controls::ColumnKind::ValueList, sizes},
     {"SCELTO", "", 1000, controls::ColumnKind::Check},
 };
 
