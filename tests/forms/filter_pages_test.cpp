@@ -46,7 +46,7 @@ TEST(FilterPages, CreateTheirFiltersAsDefaultsAtTheFirstOpeningAndLoadThemAtLate
   PageContext context(workplace.runtime(), services, profile);
   context.company = std::int32_t{1};
   const auto store = std::make_shared<RecordingStore>();
-  context.savedFilters = store;
+  context.hostServices.savedFilters = store;
 
   FilterPages(context).ImpostaEnQuery();
   EXPECT_EQ(

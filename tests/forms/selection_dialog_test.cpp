@@ -25,9 +25,9 @@ class SelectionDialogTest : public testing::Test {
     context.connection = workplace.newConnection();
     context.connection->Open();
     context.company = global->CompanyCode();
-    context.decodes = global->CreateSqlDecode();
-    context.lookups = global->CreateLookups();
-    context.savedFilters = global->CreateSavedFilters();
+    context.hostServices.decodes = global->CreateSqlDecode();
+    context.hostServices.lookups = global->CreateLookups();
+    context.hostServices.savedFilters = global->CreateSavedFilters();
   }
   ~SelectionDialogTest() override { workplace.close(); }
 
@@ -102,8 +102,8 @@ TEST_F(SelectionDialogTest, CancellingLeavesTheCallerAsItWas) {
 }
 
 TEST_F(SelectionDialogTest, NothingStatedIsAFilterTooAndNothingIsRemembered) {
-  context.savedFilters->Save("KB_ART", "Filtro articoli Tarvo", "ENHQUERY 1\nMG66_FAM_MG53\t=\tVER",
-                             true);
+  context.hostServices.savedFilters->Save("KB_ART", "Filtro articoli Tarvo",
+                                          "ENHQUERY 1\nMG66_FAM_MG53\t=\tVER", true);
   for (auto* const show : {VisualizzaFiltroArticoli, VisualizzaFiltroClienti}) {
     caller.isFilterObtained = false;
     workplace.inModalWindow = [&](controls::Form&) { hands().clickButton("CMD_OK"); };
@@ -128,7 +128,7 @@ TEST_F(SelectionDialogTest, ARangeTheWrongWayRoundKeepsTheDialogOpen) {
 }
 
 TEST_F(SelectionDialogTest, AMissingServiceIsToldUnderTheProceduresName) {
-  context.lookups.reset();
+  context.hostServices.lookups.reset();
   workplace.inModalWindow = [&](controls::Form&) {
     hands().lookup("ENHQUERY_LIMITI(2).VALORE1");
     hands().clickButton("CMD_ANNULLA");

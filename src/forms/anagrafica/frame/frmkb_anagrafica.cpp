@@ -13,6 +13,13 @@ namespace kebu::forms {
 
 using controls::FrameStatus;
 
+namespace {
+
+/// In place of the page to show: none.
+constexpr std::int32_t noView = -1;
+
+}  // namespace
+
 FRMKB_ANAGRAFICA::FRMKB_ANAGRAFICA(const Runtime& runtime)
     : Form("FRMKB_ANAGRAFICA", runtime.desktop),
       services_(runtime.platform, *this),
@@ -63,7 +70,7 @@ void FRMKB_ANAGRAFICA::buildPages() {
   progress_.PBAR.setSize({260, 24});
   std::map<std::int32_t, std::string_view> links;
   for (const PageEntry& page : pageTable) {
-    if (page.view != noView) links.emplace(page.view, page.link);
+    if (page.view) links.emplace(*page.view, page.link);
   }
   for (const auto& [view, link] : links) SBAR_MAIN.addLink(view, std::string(link));
 

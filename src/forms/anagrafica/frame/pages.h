@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <optional>
 #include <string_view>
 
 #include "forms/anagrafica/discounts/discounts_page.h"
@@ -8,15 +9,12 @@
 
 namespace kebu::forms {
 
-/// Stands for no page at all.
-inline constexpr std::int32_t noView = -1;
-
 /// A page of the window: how it is chosen, and what is shown for it.
 struct PageEntry {
-  std::int32_t view = noView;          ///< the number by which it is chosen
-  std::string_view link = {};          ///< in the side bar, where links stand by view number
-  std::string_view group;              ///< the group box that holds the page
-  std::string_view navigatorBar = {};  ///< "" for none
+  std::optional<std::int32_t> view = {};  ///< the number by which it is chosen, if it can be
+  std::string_view link = {};             ///< in the side bar, where links stand by view number
+  std::string_view group;                 ///< the group box that holds the page
+  std::string_view navigatorBar = {};     ///< "" for none
   PreviewKind preview = PreviewKind::None;
   bool staysShown = false;  ///< not hidden when another page is shown
 };
