@@ -227,7 +227,8 @@ const std::array builtins{
             }},
     Builtin{"DB_NAME", 0, 0,
             [](const Args&) {
-              return Bound{"'KEBU'", {TypeKind::NVarChar, 0, 0, 128}, false};
+              const std::string name = textLiteral(Catalogue::databaseName);
+              return Bound{name, {TypeKind::NVarChar, 0, 0, 128}, false};
             }},
 };
 

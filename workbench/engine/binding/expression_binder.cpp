@@ -54,6 +54,7 @@ SqlError oneColumnOnly() {
 }  // namespace
 
 Bound ExpressionBinder::value(const ast::Expr& expr, const Scope& scope) {
+  const std::size_t ungrouped = scope.findings != nullptr ? scope.findings->ungrouped.size() : 0;
   Bound result = std::visit(
       Overloaded{[&](const ast::Literal& node) { return literal(node); },
                  [&](const ast::Variable& node) { return context_.variable(node.name, expr.at); },
@@ -76,6 +77,7 @@ Bound ExpressionBinder::value(const ast::Expr& expr, const Scope& scope) {
                  }},
       expr.node);
   BindingContext::checkSize(result.sql);
+  if (scope.findings != nullptr) scope.findings->group(result.sql, ungrouped);
   return result;
 }
 
@@ -94,7 +96,7 @@ std::string ExpressionBinder::condition(const ast::Expr& expr, const Scope& scop
             return "(" + value(*node.operand, scope).sql + " IS NULL)";
           },
           [&](const ast::Exists& node) {
-            return "EXISTS (" + QueryBinder(context_).query(*node.query, &scope).sql + ")";
+            return "EXISTS (" + QueryBinder(context_).inner(*node.query, &scope).sql + ")";
           },
           [&](const auto&) -> std::string {
             throw SqlError(4145,
@@ -115,9 +117,12 @@ std::string ExpressionBinder::logical(const ast::Logical& node, const Scope& sco
 }
 
 Bound ExpressionBinder::subquery(const ast::Subquery& node, const Scope& scope) {
-  const BoundQuery inner = QueryBinder(context_).query(*node.query, &scope);
+  const BoundQuery inner = QueryBinder(context_).inner(*node.query, &scope);
   if (inner.columns.size() != 1) throw oneColumnOnly();
-  return {"(" + inner.sql + ")", inner.columns[0].type, true};
+  // SQLite would take the first of several rows.
+  const std::string sql =
+      inner.singleRow ? inner.sql : "SELECT kb_single(c1) FROM (" + inner.sql + ")";
+  return {"(" + sql + ")", inner.columns[0].type, true};
 }
 
 Bound ExpressionBinder::literal(const ast::Literal& node) {
@@ -154,7 +159,7 @@ Bound ExpressionBinder::caseValue(const ast::Case& node, const Scope& scope) {
 std::string ExpressionBinder::in(const ast::In& node, const Scope& scope) {
   Bound operand = value(*node.operand, scope);
   if (node.query) {
-    BoundQuery inner = QueryBinder(context_).query(*node.query, &scope);
+    BoundQuery inner = QueryBinder(context_).inner(*node.query, &scope);
     if (inner.columns.size() != 1) throw oneColumnOnly();
     const SqlType common = unify(operand.type, inner.columns[0].type);
     if (!sameStorage(operand.type, common)) operand = cast(operand, common);
@@ -184,7 +189,7 @@ std::string ExpressionBinder::like(const ast::Like& node, const Scope& scope) {
 }
 
 Bound ExpressionBinder::call(const ast::Call& node, std::string_view at, const Scope& scope) {
-  if (isAggregate(node.name)) return aggregate(node, scope);
+  if (isAggregate(node.name) && node.schema.empty()) return aggregate(node, scope);
   if (node.over) return ranking(node, scope);
   if (node.name == "IIF") {
     if (node.args.size() != 3) throw SqlError(174, "The IIF function requires 3 arguments.");
@@ -193,7 +198,9 @@ Bound ExpressionBinder::call(const ast::Call& node, std::string_view at, const S
   std::vector<Bound> args;
   args.reserve(node.args.size());
   for (const auto& arg : node.args) args.push_back(value(*arg, scope));
-  if (const auto builtin = callBuiltin(node.name, args)) return *builtin;
+  if (node.schema.empty()) {
+    if (const auto builtin = callBuiltin(node.name, args)) return *builtin;
+  }
   return scalarFunction(node, at, args);
 }
 
@@ -207,9 +214,14 @@ Bound ExpressionBinder::ranking(const ast::Call& node, const Scope& scope) {
 
 Bound ExpressionBinder::scalarFunction(const ast::Call& node, std::string_view at,
                                        const std::vector<Bound>& args) {
-  const ModulePtr module = context_.catalogue().module({{node.name}, at});
-  if (!module || module->tree.kind != ast::ModuleKind::ScalarFunction) {
+  if (node.schema.empty()) {
     throw SqlError(195, "'" + std::string(at) + "' is not a recognized built-in function name.");
+  }
+  const ModulePtr module = context_.catalogue().module({{node.schema, node.name}, at});
+  if (!module || module->tree.kind != ast::ModuleKind::ScalarFunction) {
+    throw SqlError(4121, "Cannot find either column \"" + node.schema +
+                             "\" or the user-defined function or aggregate \"" + node.schema + "." +
+                             std::string(at) + "\", or the name is ambiguous.");
   }
   const auto& parameters = module->tree.parameters;
   if (args.size() > parameters.size())
@@ -228,13 +240,56 @@ Bound ExpressionBinder::scalarFunction(const ast::Call& node, std::string_view a
   return {sql + ")", module->tree.returns};
 }
 
+/// Whether an aggregate may stand here.
+void ExpressionBinder::checkAggregate(const Scope& scope) {
+  using Clause = SelectFindings::Clause;
+  SelectFindings* const findings = scope.findings;
+  if (findings == nullptr)
+    throw SqlError(157, "An aggregate may not appear where there is no SELECT for it.");
+  if (findings->inAggregate) {
+    throw SqlError(130,
+                   "Cannot perform an aggregate function on an expression containing an aggregate "
+                   "or a subquery.");
+  }
+  if (findings->clause == Clause::GroupBy) {
+    throw SqlError(144,
+                   "Cannot use an aggregate or a subquery in an expression used for the group by "
+                   "list of a GROUP BY clause.");
+  }
+  if (findings->clause == Clause::Where) {
+    throw SqlError(147,
+                   "An aggregate may not appear in the WHERE clause unless it is in a subquery "
+                   "contained in a HAVING clause or a select list, and the column being aggregated "
+                   "is an outer reference.");
+  }
+  if (findings->clause == Clause::From) {
+    throw SqlError(
+        1015,
+        "An aggregate cannot appear in an ON clause unless it is in a subquery contained "
+        "in a HAVING clause or select list, and the column being aggregated is an outer "
+        "reference.");
+  }
+  findings->aggregated = true;
+}
+
+/// The argument of an aggregate, whose columns need not be grouped.
+Bound ExpressionBinder::aggregated(const ast::Expr& expr, const Scope& scope) {
+  SelectFindings& findings = *scope.findings;
+  const std::size_t ungrouped = findings.ungrouped.size();
+  findings.inAggregate = true;
+  Bound result = value(expr, scope);
+  findings.inAggregate = false;
+  findings.ungrouped.resize(ungrouped);
+  return result;
+}
+
 Bound ExpressionBinder::aggregate(const ast::Call& node, const Scope& scope) {
-  if (!node.over && scope.findings != nullptr) scope.findings->aggregated = true;
   const std::string over = node.over ? window(*node.over, scope) : std::string();
+  if (!node.over) checkAggregate(scope);
   if (node.star) return {"count(*)" + over, SqlType::integer(), false};
   if (node.args.size() != 1)
     throw SqlError(174, "The " + node.name + " function requires 1 argument.");
-  const Bound arg = value(*node.args[0], scope);
+  const Bound arg = node.over ? value(*node.args[0], scope) : aggregated(*node.args[0], scope);
   const std::string distinct = node.distinct ? "DISTINCT " : "";
   if (node.name == "COUNT" || node.name == "COUNT_BIG") {
     const TypeKind kind = node.name == "COUNT" ? TypeKind::Int : TypeKind::BigInt;

@@ -25,6 +25,8 @@ class ExpressionBinder {
   Bound scalarFunction(const ast::Call& node, std::string_view at, const std::vector<Bound>& args);
   Bound ranking(const ast::Call& node, const Scope& scope);
   Bound aggregate(const ast::Call& node, const Scope& scope);
+  static void checkAggregate(const Scope& scope);
+  Bound aggregated(const ast::Expr& expr, const Scope& scope);
   Bound subquery(const ast::Subquery& node, const Scope& scope);
   std::string logical(const ast::Logical& node, const Scope& scope);
   std::string in(const ast::In& node, const Scope& scope);

@@ -16,6 +16,13 @@ std::string impliedName(const ast::Expr& expr) {
   return column != nullptr ? column->parts.back() : std::string();
 }
 
+/// The error for the first column that is not grouped.
+SqlError ungrouped(const SelectFindings& findings, std::int32_t number, const std::string& clause) {
+  return {number, "Column '" + findings.ungrouped.front() + "' is invalid in the " + clause +
+                      " because it is not contained in either an aggregate function or the GROUP "
+                      "BY clause."};
+}
+
 }  // namespace
 
 std::string columnName(std::size_t index) {
@@ -30,10 +37,23 @@ BoundQuery QueryBinder::query(const ast::Query& node, const Scope* outer, bool w
   BoundQuery result = rows != nullptr ? values(*rows, outer)
                                       : setOperation(std::get<ast::SetOperation>(node.body), outer);
   if (!node.orderBy.empty()) {
-    result.sql = "SELECT * FROM (" + result.sql + ")" + orderBy(node, result.columns, {});
+    result.sql =
+        "SELECT * FROM (" + result.sql + ")" + orderBy(node, result.columns, {}, false, {});
     result.plain = false;
   }
   return result;
+}
+
+BoundQuery QueryBinder::inner(const ast::Query& node, const Scope* outer) {
+  const auto* const select = std::get_if<ast::Select>(&node.body);
+  if (!node.orderBy.empty() && (select == nullptr || !select->top)) {
+    throw SqlError(
+        1033,
+        "The ORDER BY clause is invalid in views, inline functions, derived tables, "
+        "subqueries, and common table expressions, unless TOP, OFFSET or FOR XML is also "
+        "specified.");
+  }
+  return query(node, outer);
 }
 
 BoundQuery QueryBinder::select(const ast::Select& node, const ast::Query& whole, const Scope* outer,
@@ -44,23 +64,53 @@ BoundQuery QueryBinder::select(const ast::Select& node, const ast::Query& whole,
   scope.outer = outer;
   scope.findings = &findings;
   std::string tail;
+  using Clause = SelectFindings::Clause;
+  findings.clause = Clause::From;
   if (node.from) tail += " FROM " + SourceBinder(context_).source(*node.from, scope);
+  findings.clause = Clause::Where;
   if (node.where) tail += " WHERE " + expressions.condition(*node.where, scope);
+  findings.clause = Clause::GroupBy;
   std::string groups;
+  std::vector<std::string> grouped;
   for (const auto& group : node.groupBy) {
-    groups += (groups.empty() ? " GROUP BY " : ", ") + collated(expressions.value(*group, scope));
+    if (std::holds_alternative<ast::Literal>(group->node)) {
+      throw SqlError(164,
+                     "Each GROUP BY expression must contain at least one column that is not an "
+                     "outer reference.");
+    }
+    const Bound bound = expressions.value(*group, scope);
+    groups += (groups.empty() ? " GROUP BY " : ", ") + collated(bound);
+    grouped.push_back(withoutPlaces(bound.sql));
   }
   tail += groups;
+  findings.clause = Clause::Rows;
+  findings.groups = std::move(grouped);
+  findings.ungrouped.clear();
   if (node.having) tail += " HAVING " + expressions.condition(*node.having, scope);
+  if (!findings.ungrouped.empty()) throw ungrouped(findings, 8121, "HAVING clause");
 
   BoundQuery result;
   std::string list;
-  for (auto& [name, bound] : items(node, scope)) {
+  const std::vector<Scope::Column> bounds = items(node, scope);
+  for (const auto& [name, bound] : bounds) {
     list +=
         (list.empty() ? "" : ", ") + collated(bound) + " AS " + columnName(result.columns.size());
     result.columns.push_back({name, bound.type, bound.nullable, bound.baseColumn});
   }
-  const bool aggregated = findings.aggregated || !node.groupBy.empty() || node.having;
+  const auto isAggregated = [&] {
+    return findings.aggregated || !node.groupBy.empty() || node.having;
+  };
+  if (isAggregated() && !findings.ungrouped.empty()) throw ungrouped(findings, 8120, "select list");
+  std::string order;
+  if (!whole.orderBy.empty()) {
+    findings.ungrouped.clear();
+    order = orderBy(whole, result.columns, bounds, node.distinct, scope);
+    if (isAggregated() && !findings.ungrouped.empty()) {
+      throw ungrouped(findings, 8127, "ORDER BY clause");
+    }
+  }
+  const bool aggregated = isAggregated();
+  result.singleRow = findings.aggregated && node.groupBy.empty();
   if (withRow && !aggregated && !node.distinct && scope.members.size() == 1 &&
       scope.members[0].base) {
     result.base = scope.members[0].base;
@@ -68,7 +118,7 @@ BoundQuery QueryBinder::select(const ast::Select& node, const ast::Query& whole,
   }
   result.sql = std::string("SELECT ") + (node.distinct ? "DISTINCT " : "") + list + tail;
   result.plain = whole.orderBy.empty() && !node.top;
-  if (!whole.orderBy.empty()) result.sql += orderBy(whole, result.columns, scope);
+  result.sql += order;
   if (node.top) {
     const Bound top = expressions.value(*node.top, scope);
     result.sql += " LIMIT " + cast(top, SqlType::integer(TypeKind::BigInt)).sql;
@@ -89,7 +139,11 @@ std::vector<Scope::Column> QueryBinder::items(const ast::Select& node, const Sco
     for (const auto& member : scope.members) {
       if (!item.starOf.empty() && !equalsIgnoringCase(item.starOf, member.name())) continue;
       found = true;
-      result.insert(result.end(), member.columns.begin(), member.columns.end());
+      for (const auto& column : member.columns) {
+        if (scope.findings != nullptr && !scope.findings->isGroup(column.second.sql))
+          scope.findings->ungrouped.push_back(member.name() + "." + column.first);
+        result.push_back(column);
+      }
     }
     if (!found) {
       throw SqlError(107,
@@ -100,8 +154,10 @@ std::vector<Scope::Column> QueryBinder::items(const ast::Select& node, const Sco
   return result;
 }
 
+/// `items`: the bound select list; none for a union, whose order can only name its columns.
 std::string QueryBinder::orderBy(const ast::Query& node,
                                  const std::vector<BoundQuery::Column>& columns,
+                                 const std::vector<Scope::Column>& items, bool distinct,
                                  const Scope& scope) {
   std::string sql;
   for (const auto& item : node.orderBy) {
@@ -123,7 +179,23 @@ std::string QueryBinder::orderBy(const ast::Query& node,
         if (equalsIgnoringCase(columns[i].name, column->parts[0])) key = std::to_string(i + 1);
       }
     }
-    if (key.empty()) key = collated(ExpressionBinder(context_).value(*item.expr, scope));
+    if (key.empty()) {
+      if (items.empty()) {
+        throw SqlError(104,
+                       "ORDER BY items must appear in the select list if the statement contains a "
+                       "UNION, INTERSECT or EXCEPT operator.");
+      }
+      const Bound bound = ExpressionBinder(context_).value(*item.expr, scope);
+      const bool selected = std::any_of(items.begin(), items.end(), [&](const Scope::Column& one) {
+        return withoutPlaces(one.second.sql) == withoutPlaces(bound.sql);
+      });
+      if (distinct && !selected) {
+        throw SqlError(145,
+                       "ORDER BY items must appear in the select list if SELECT DISTINCT is "
+                       "specified.");
+      }
+      key = collated(bound);
+    }
     sql += (sql.empty() ? " ORDER BY " : ", ") + key + (item.descending ? " DESC" : "");
   }
   return sql;

@@ -19,8 +19,9 @@ struct BoundQuery {
   };
   std::vector<Column> columns;
   std::string sql;  ///< gives the columns as c1, c2, … and, if asked for and there is one, kb_row
-  bool plain = false;  ///< may stand in a UNION as it is
-  TablePtr base;       ///< the one table whose rows these are, with kb_row
+  bool plain = false;      ///< may stand in a UNION as it is
+  bool singleRow = false;  ///< it gives one row, whatever the tables hold
+  TablePtr base;           ///< the one table whose rows these are, with kb_row
 };
 
 /// Makes SELECT, VALUES and their unions into SQLite's language.
@@ -30,6 +31,8 @@ class QueryBinder {
 
   /// `withRow`: adds the row's id, when the rows are those of one table.
   BoundQuery query(const ast::Query& node, const Scope* outer, bool withRow = false);
+  /// A query within another one. SqlError 1033 when it has an order that nothing depends on.
+  BoundQuery inner(const ast::Query& node, const Scope* outer);
   /// The columns of a select list, each with its name; "" for none.
   std::vector<Scope::Column> items(const ast::Select& node, const Scope& scope);
 
@@ -39,7 +42,7 @@ class QueryBinder {
   BoundQuery values(const ast::Values& node, const Scope* outer);
   BoundQuery setOperation(const ast::SetOperation& node, const Scope* outer);
   std::string orderBy(const ast::Query& node, const std::vector<BoundQuery::Column>& columns,
-                      const Scope& scope);
+                      const std::vector<Scope::Column>& items, bool distinct, const Scope& scope);
 
   BindingContext& context_;
 };

@@ -1,5 +1,6 @@
 #include "workbench/engine/binding/scope.h"
 
+#include <algorithm>
 #include <optional>
 
 #include "common/convert.h"
@@ -7,10 +8,11 @@
 namespace kebu::engine {
 namespace {
 
-/// The column of one level; nothing when it has none of the name.
+/// The column of one level, which is noted as not grouped; nothing when it has none of the name.
 std::optional<Bound> findAt(const Scope& level, const std::string& qualifier,
                             const std::string& name) {
   std::optional<Bound> found;
+  std::string place;
   for (const auto& member : level.members) {
     if (!qualifier.empty() && !equalsIgnoringCase(qualifier, member.name())) continue;
     if (name == "$ROWID" && member.base) {
@@ -20,12 +22,36 @@ std::optional<Bound> findAt(const Scope& level, const std::string& qualifier,
       if (!equalsIgnoringCase(columnName, name)) continue;
       if (found) throw SqlError(209, "Ambiguous column name '" + name + "'.");
       found = bound;
+      place = member.name() + "." + columnName;
     }
   }
+  // The column may be a group itself, also where a subquery refers to it.
+  if (found && level.findings != nullptr && !level.findings->isGroup(found->sql))
+    level.findings->ungrouped.push_back(std::move(place));
   return found;
 }
 
 }  // namespace
+
+std::string withoutPlaces(const std::string& sql) {
+  std::string result;
+  bool inPlace = false;
+  for (const char c : sql) {
+    inPlace = inPlace && c >= '0' && c <= '9';
+    if (!inPlace) result += c;
+    inPlace = inPlace || c == '?';
+  }
+  return result;
+}
+
+void SelectFindings::group(const std::string& sql, std::size_t ungroupedBefore) {
+  if (ungrouped.size() > ungroupedBefore && isGroup(sql)) ungrouped.resize(ungroupedBefore);
+}
+
+bool SelectFindings::isGroup(const std::string& sql) const {
+  return !groups.empty() &&
+         std::find(groups.begin(), groups.end(), withoutPlaces(sql)) != groups.end();
+}
 
 SqlError unknownColumn(const std::string& name) {
   return {207, "Invalid column name '" + name + "'.", "42S22"};

@@ -12,10 +12,22 @@
 
 namespace kebu::engine {
 
-/// What was found in a SELECT besides its columns.
+/// What the expressions of one SELECT are checked with, and what was found in them.
 struct SelectFindings {
-  bool aggregated = false;  ///< it has an aggregate function, so that its rows are groups
+  enum class Clause { From, Where, GroupBy, Rows };
+
+  Clause clause = Clause::Rows;        ///< which is being bound; aggregates may stand in Rows
+  bool inAggregate = false;            ///< an argument of an aggregate is being bound
+  bool aggregated = false;             ///< there is an aggregate, so that the rows are groups
+  std::vector<std::string> groups;     ///< the expressions of GROUP BY
+  std::vector<std::string> ungrouped;  ///< columns found outside of aggregates and groups
+
+  bool isGroup(const std::string& sql) const;
+  /// Notes that an expression is what GROUP BY names: the columns found in it are grouped.
+  void group(const std::string& sql, std::size_t ungroupedBefore);
 };
+/// SQL in which the values that come with every run are not told apart.
+std::string withoutPlaces(const std::string& sql);
 
 /// What a name may refer to in one SELECT, UPDATE, … and, through `outer`, in those around it.
 struct Scope {
@@ -37,7 +49,8 @@ struct Scope {
   SelectFindings* findings = nullptr;  ///< of the SELECT that the scope belongs to
 };
 
-/// The column that a name refers to. SqlError 207, 209 or 4104 when there is not exactly one.
+/// The column that a name refers to; it is noted in the findings of its SELECT. SqlError 207, 209
+/// or 4104 when there is not exactly one.
 Bound resolveColumn(const Scope& scope, const ast::Column& column);
 
 SqlError unknownColumn(const std::string& name);

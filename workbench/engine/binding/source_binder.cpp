@@ -1,5 +1,6 @@
 #include "workbench/engine/binding/source_binder.h"
 
+#include <algorithm>
 #include <utility>
 
 #include "common/convert.h"
@@ -22,13 +23,27 @@ Scope::Member SourceBinder::member(const TablePtr& table, const std::string& ali
   return member;
 }
 
+void SourceBinder::add(Scope::Member member, Scope& scope) {
+  for (const auto& other : scope.members) {
+    if (!equalsIgnoringCase(other.name(), member.name())) continue;
+    if (other.alias.empty() && member.alias.empty()) {
+      throw SqlError(1013, "The objects \"" + other.name() + "\" and \"" + member.name() +
+                               "\" in the FROM clause have the same exposed names. Use correlation "
+                               "names to distinguish them.");
+    }
+    throw SqlError(1011, "The correlation name '" + member.name() +
+                             "' is specified multiple times in a FROM clause.");
+  }
+  scope.members.push_back(std::move(member));
+}
+
 std::string SourceBinder::source(const ast::Source& node, Scope& scope) {
   return std::visit(
       Overloaded{[&](const ast::TableRef& reference) { return table(reference, scope); },
                  [&](const ast::FunctionRef& call) { return function(call, scope); },
                  [&](const ast::Join& pair) { return join(pair, scope); },
                  [&](const ast::Derived& inner) {
-                   const BoundQuery query = QueryBinder(context_).query(*inner.query, scope.outer);
+                   const BoundQuery query = QueryBinder(context_).inner(*inner.query, scope.outer);
                    return derived(query, inner.alias, inner.columns, scope);
                  }},
       node.node);
@@ -40,7 +55,7 @@ std::string SourceBinder::table(const ast::TableRef& node, Scope& scope) {
   if (cte >= 0) {
     const ast::Cte& found = context_.cte(cte);
     const BindingContext::CteQuery names(context_, cte);
-    return derived(QueryBinder(context_).query(*found.query, nullptr), alias, found.columns, scope);
+    return derived(QueryBinder(context_).inner(*found.query, nullptr), alias, found.columns, scope);
   }
   if (const SystemView* view = context_.catalogue().systemView(node.name)) {
     Scope::Member member;
@@ -50,18 +65,18 @@ std::string SourceBinder::table(const ast::TableRef& node, Scope& scope) {
       member.columns.emplace_back(
           column.name, Bound{member.sqliteAlias + "." + column.name, column.type, column.nullable});
     }
-    scope.members.push_back(std::move(member));
+    add(std::move(member), scope);
     return "(" + view->query + ") AS " + scope.members.back().sqliteAlias;
   }
   if (const ModulePtr module = context_.catalogue().module(node.name)) {
     if (module->tree.kind != ast::ModuleKind::View) throw unknownObject(node.name);
     const Arguments none;
     const BindingContext::ModuleScope names(context_, *module, none);
-    return derived(QueryBinder(context_).query(*module->tree.query, nullptr), alias,
+    return derived(QueryBinder(context_).inner(*module->tree.query, nullptr), alias,
                    module->tree.columns, scope);
   }
   const TablePtr found = context_.table(node.name);
-  scope.members.push_back(member(found, node.alias));
+  add(member(found, node.alias), scope);
   return found->sqliteName() + " AS " + scope.members.back().sqliteAlias;
 }
 
@@ -72,7 +87,7 @@ std::string SourceBinder::function(const ast::FunctionRef& node, Scope& scope) {
       arguments(node, *module, scope.outer != nullptr ? *scope.outer : nothing);
   const BindingContext::ModuleScope names(context_, *module, values);
   const std::string& alias = node.alias.empty() ? node.name.last() : node.alias;
-  return derived(QueryBinder(context_).query(*module->tree.query, nullptr), alias, {}, scope);
+  return derived(QueryBinder(context_).inner(*module->tree.query, nullptr), alias, {}, scope);
 }
 
 std::string SourceBinder::derived(const BoundQuery& inner, const std::string& alias,
@@ -91,10 +106,17 @@ std::string SourceBinder::derived(const BoundQuery& inner, const std::string& al
       throw SqlError(8155, "No column name was specified for column " + std::to_string(i + 1) +
                                " of '" + alias + "'.");
     }
+    const bool isRepeated = std::any_of(
+        member.columns.begin(), member.columns.end(),
+        [&](const Scope::Column& other) { return equalsIgnoringCase(other.first, name); });
+    if (isRepeated) {
+      throw SqlError(8156,
+                     "The column '" + name + "' was specified multiple times for '" + alias + "'.");
+    }
     member.columns.emplace_back(name, Bound{member.sqliteAlias + ".c" + std::to_string(i + 1),
                                             column.type, column.nullable});
   }
-  scope.members.push_back(std::move(member));
+  add(std::move(member), scope);
   return "(" + inner.sql + ") AS " + scope.members.back().sqliteAlias;
 }
 
@@ -109,7 +131,12 @@ std::string SourceBinder::join(const ast::Join& node, Scope& scope) {
   const std::size_t middle = scope.members.size();
   if (node.kind == ast::JoinKind::CrossApply || node.kind == ast::JoinKind::OuterApply)
     return apply(node, left, scope);
-  std::string right = source(*node.right, scope);
+  // What is joined in parentheses does not see the tables on the left.
+  Scope own;
+  own.outer = scope.outer;
+  own.findings = scope.findings;
+  std::string right = source(*node.right, own);
+  for (auto& member : own.members) add(std::move(member), scope);
   if (std::holds_alternative<ast::Join>(node.right->node)) right = "(" + right + ")";
   if (node.kind == ast::JoinKind::Cross) return left + " CROSS JOIN " + right;
   const std::string on = ExpressionBinder(context_).condition(*node.on, scope);
@@ -211,7 +238,7 @@ std::string SourceBinder::applyBody(const ast::Query& body, const std::string& a
     bound.baseColumn.clear();
     member.columns.emplace_back(std::move(name), std::move(bound));
   }
-  scope.members.push_back(std::move(member));
+  add(std::move(member), scope);
   return left + (outerJoin ? " LEFT JOIN " : " JOIN ") + from + " ON " + on;
 }
 

@@ -21,6 +21,8 @@ class SourceBinder {
   Scope::Member member(const TablePtr& table, const std::string& alias);
 
  private:
+  /// SqlError 1011 or 1013 when the scope has a member of the same name.
+  static void add(Scope::Member member, Scope& scope);
   std::string table(const ast::TableRef& node, Scope& scope);
   std::string derived(const BoundQuery& inner, const std::string& alias,
                       const std::vector<std::string>& names, Scope& scope);

@@ -23,6 +23,20 @@ auto lookUp(const Map& map, const std::string& key) -> typename Map::mapped_type
   return found == map.end() ? nullptr : found->second;
 }
 
+/// Whether a name, as far as it names schema and database, is one of this database. Temporary
+/// tables may be named with tempdb or without.
+bool isHere(const ast::ObjectName& name) {
+  const auto& parts = name.parts;
+  const auto isPart = [&](std::size_t fromEnd, std::string_view expected) {
+    const std::string& part = parts[parts.size() - fromEnd];
+    return part.empty() || equalsIgnoringCase(part, expected);
+  };
+  if (parts.size() > 3) return false;
+  if (parts.size() > 1 && !isPart(2, "dbo")) return false;
+  if (parts.size() < 3 || isPart(3, Catalogue::databaseName)) return true;
+  return name.last().starts_with('#') && isPart(3, "tempdb");
+}
+
 std::string columnList(const std::vector<std::string>& columns) {
   std::string list;
   for (const auto& column : columns) list += (list.empty() ? "" : ", ") + quoted(column);
@@ -156,10 +170,12 @@ std::string Table::sqliteDefinition() const {
 }
 
 TablePtr Catalogue::table(const ast::ObjectName& name, int session) const {
+  if (!isHere(name)) return nullptr;
   return lookUp(tables_, keyOf(name.last(), session));
 }
 
 ModulePtr Catalogue::module(const ast::ObjectName& name) const {
+  if (!isHere(name)) return nullptr;
   return lookUp(modules_, keyOf(name.last(), 0));
 }
 

@@ -61,6 +61,9 @@ struct SystemView {
 /// The tables, views, procedures and functions of a database, by name.
 class Catalogue {
  public:
+  /// As DB_NAME() gives it.
+  static constexpr const char* databaseName = "KEBU";
+
   /// By the name in a statement of the session; null when there is none.
   TablePtr table(const ast::ObjectName& name, int session) const;
   ModulePtr module(const ast::ObjectName& name) const;

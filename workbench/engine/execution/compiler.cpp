@@ -1,6 +1,7 @@
 #include "workbench/engine/execution/compiler.h"
 
 #include <algorithm>
+#include <optional>
 #include <utility>
 
 #include "common/convert.h"
@@ -27,6 +28,17 @@ int requireColumn(const Table& table, const std::string& name) {
   return index;
 }
 
+template <class Iterator>
+void checkNamedOnce(const std::string& name, Iterator first, Iterator last) {
+  const bool known = std::any_of(
+      first, last, [&](const std::string& other) { return equalsIgnoringCase(other, name); });
+  if (!known) return;
+  throw SqlError(264, "The column name '" + name +
+                          "' is specified more than once in the SET clause or column list of an "
+                          "INSERT. A column cannot be assigned more than one value in the same "
+                          "clause.");
+}
+
 SqlError countError(bool fewer) {
   return fewer ? SqlError(109,
                           "There are more columns in the INSERT statement than values specified in "
@@ -34,6 +46,39 @@ SqlError countError(bool fewer) {
                : SqlError(110,
                           "There are fewer columns in the INSERT statement than values specified "
                           "in the VALUES clause.");
+}
+
+/// The rows of an INSERT's VALUES. Several rows are a union: every column has one type. A null
+/// stands for DEFAULT.
+std::vector<std::vector<std::optional<Bound>>> boundRows(BindingContext& context,
+                                                         const ast::Values& values,
+                                                         std::size_t width) {
+  constexpr std::size_t mostRows = 1000;
+  if (values.rows.size() > mostRows) {
+    throw SqlError(
+        10738,
+        "The number of row value expressions in the INSERT statement exceeds the maximum "
+        "allowed number of 1000 row values.");
+  }
+  const Scope nothing;
+  std::vector<SqlType> types(width);
+  std::vector<std::vector<std::optional<Bound>>> rows;
+  for (const auto& row : values.rows) {
+    if (row.size() != width) throw countError(row.size() < width);
+    auto& bound = rows.emplace_back(width);
+    for (std::size_t i = 0; i < width; ++i) {
+      if (!row[i]) continue;
+      bound[i] = ExpressionBinder(context).value(*row[i], nothing);
+      types[i] = unify(types[i], bound[i]->type);
+    }
+  }
+  if (rows.size() == 1) return rows;
+  for (auto& row : rows) {
+    for (std::size_t i = 0; i < width; ++i) {
+      if (row[i]) row[i] = cast(*row[i], types[i]);
+    }
+  }
+  return rows;
 }
 
 /// The source in FROM that is the target of the UPDATE or DELETE; null when there is none.
@@ -57,6 +102,8 @@ bool Compiled::busy() const {
 
 InsertTargets::InsertTargets(const Table& table, const std::vector<std::string>& names,
                              bool identityInsert) {
+  for (auto name = names.begin(); name != names.end(); ++name)
+    checkNamedOnce(*name, names.begin(), name);
   const auto count = static_cast<int>(table.columns.size());
   for (const auto& name : names) columns.push_back(requireColumn(table, name));
   if (names.empty()) {
@@ -91,7 +138,10 @@ std::string boundDefault(BindingContext& context, const Table& table, int index)
 std::string boundAssignments(BindingContext& context, const Table& table,
                              const std::vector<ast::Assignment>& set, const Scope& scope) {
   std::string sql;
+  std::vector<std::string> assigned;
   for (const auto& assignment : set) {
+    checkNamedOnce(assignment.column, assigned.begin(), assigned.end());
+    assigned.push_back(assignment.column);
     const int index = requireColumn(table, assignment.column);
     if (index == table.identity) throw identityError(table, true);
     const TableColumn& column = table.columns[static_cast<std::size_t>(index)];
@@ -163,15 +213,12 @@ Compiled Compiler::insert(const ast::Insert& node, bool identityInsert) {
 
   std::string rows;
   if (const auto* values = std::get_if<ast::Values>(&node.query->body)) {
-    const Scope nothing;
-    for (const auto& row : values->rows) {
-      if (row.size() != targets.columns.size())
-        throw countError(row.size() < targets.columns.size());
+    const auto bound = boundRows(context, *values, targets.columns.size());
+    for (const auto& row : bound) {
       rows += rows.empty() ? " VALUES (" : ", (";
       for (std::size_t i = 0; i < row.size(); ++i) {
         rows += i > 0 ? ", " : "";
-        rows += row[i] ? stored(ExpressionBinder(context).value(*row[i], nothing), column(i),
-                                table->name)
+        rows += row[i] ? stored(*row[i], column(i), table->name)
                        : boundDefault(context, *table, targets.columns[i]);
       }
       rows += defaults + ")";
@@ -231,7 +278,10 @@ Compiled Compiler::update(const ast::Update& node) {
   const Table& table = *target->base;
   std::string list = target->sqliteAlias + ".rowid AS kb_row";
   std::string set;
+  std::vector<std::string> assigned;
   for (std::size_t i = 0; i < node.set.size(); ++i) {
+    checkNamedOnce(node.set[i].column, assigned.begin(), assigned.end());
+    assigned.push_back(node.set[i].column);
     const std::string name = "v" + std::to_string(i + 1);
     const std::string assignment = boundAssignments(context, table, {node.set[i]}, scope);
     const std::string column =

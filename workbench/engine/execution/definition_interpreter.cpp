@@ -51,7 +51,7 @@ void DefinitionInterpreter::run(const ast::CreateModule& create) {
     // The objects of a view must exist when it is made, those of a procedure when it runs.
     const Variables none;
     BindingContext context(catalogue, session, none);
-    QueryBinder(context).query(*module->tree.query, nullptr);
+    QueryBinder(context).inner(*module->tree.query, nullptr);
   }
   database.createModule(module);
 }

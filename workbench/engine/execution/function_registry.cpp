@@ -87,6 +87,27 @@ void sumFinal(sqlite3_context* context) {
           [&] { setResult(context, storedAs(*sum, wideWhole)); });
 }
 
+// kb_single gives the value of the only row, NULL without one, and fails at a second row.
+void singleStep(sqlite3_context* context, int, sqlite3_value** values) {
+  auto** kept =
+      static_cast<sqlite3_value**>(sqlite3_aggregate_context(context, sizeof(sqlite3_value*)));
+  guarded(context, *static_cast<Database*>(sqlite3_user_data(context)), [&] {
+    if (*kept != nullptr) {
+      throw SqlError(512,
+                     "Subquery returned more than 1 value. This is not permitted when the subquery "
+                     "follows =, !=, <, <= , >, >= or when the subquery is used as an expression.");
+    }
+    *kept = sqlite3_value_dup(values[0]);
+  });
+}
+
+void singleFinal(sqlite3_context* context) {
+  auto** kept = static_cast<sqlite3_value**>(sqlite3_aggregate_context(context, 0));
+  if (kept == nullptr || *kept == nullptr) return sqlite3_result_null(context);
+  sqlite3_result_value(context, *kept);
+  sqlite3_value_free(*kept);
+}
+
 }  // namespace
 
 void registerFunctions(Database& database) {
@@ -101,6 +122,8 @@ void registerFunctions(Database& database) {
   sqlite3_create_collation_v2(database.handle(), "KB", SQLITE_UTF8, nullptr, compare, nullptr);
   sqlite3_create_function_v2(database.handle(), "kb_sum", 1, SQLITE_UTF8 | SQLITE_DETERMINISTIC,
                              &database, nullptr, sumStep, sumFinal, nullptr);
+  sqlite3_create_function_v2(database.handle(), "kb_single", 1, SQLITE_UTF8 | SQLITE_DETERMINISTIC,
+                             &database, nullptr, singleStep, singleFinal, nullptr);
 }
 
 }  // namespace kebu::engine

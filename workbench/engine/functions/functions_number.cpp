@@ -29,8 +29,13 @@ Cell rangeChecked(CellArguments args) {
   if (sqlite3_value_type(args[0]) == SQLITE_NULL) return {};
   Cell value = cellOf(args[0]);
   if (value.integer < integerAt(args, 1) || value.integer > integerAt(args, 2)) {
-    throw SqlError(8115, "Arithmetic overflow error converting expression to data type " +
-                             std::string(textAt(args, 3)) + ".");
+    const std::string type(textAt(args, 3));
+    if (type == "smallint" || type == "tinyint") {
+      throw SqlError(220, "Arithmetic overflow error for data type " + type +
+                              ", value = " + std::to_string(value.integer) + ".");
+    }
+    throw SqlError(8115,
+                   "Arithmetic overflow error converting expression to data type " + type + ".");
   }
   return value;
 }

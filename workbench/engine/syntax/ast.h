@@ -79,7 +79,8 @@ struct Over {
   std::vector<OrderItem> orderBy;
 };
 struct Call {
-  std::string name;  ///< upper case
+  std::string name;    ///< upper case
+  std::string schema;  ///< as written; "" for none, as built-in functions are called
   std::vector<ExprPtr> args;
   bool star = false;
   bool distinct = false;

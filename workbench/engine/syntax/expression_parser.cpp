@@ -355,15 +355,17 @@ ExprPtr ExpressionParser::nameOrCall() {
   // LEFT and RIGHT are words of joins as well.
   const bool call1 = reader_.isSymbol("(", 1) && reader_.peek().kind == TokenKind::Word;
   if (call1 && reader_.isAny({"LEFT", "RIGHT", "REPLACE", "CHAR"})) {
-    return call(toUpperAscii(reader_.take().text), at);
+    return call({}, toUpperAscii(reader_.take().text), at);
   }
   ast::ObjectName name = reader_.objectName();
   if (!reader_.isSymbol("(")) return make(name.at, ast::Column{std::move(name.parts)});
-  return call(toUpperAscii(name.last()), name.at);
+  std::string schema = name.parts.size() > 1 ? name.parts[name.parts.size() - 2] : std::string();
+  return call(std::move(schema), toUpperAscii(name.last()), name.at);
 }
 
-ExprPtr ExpressionParser::call(std::string name, std::string_view at) {
+ExprPtr ExpressionParser::call(std::string schema, std::string name, std::string_view at) {
   ast::Call result;
+  result.schema = std::move(schema);
   result.name = std::move(name);
   reader_.expectSymbol("(");
   if (reader_.acceptSymbol("*")) {

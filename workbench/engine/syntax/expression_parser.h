@@ -45,7 +45,7 @@ class ExpressionParser {
   ExprPtr castExpression();
   ExprPtr convertExpression();
   ExprPtr nameOrCall();
-  ExprPtr call(std::string name, std::string_view at);
+  ExprPtr call(std::string schema, std::string name, std::string_view at);
   ast::Over over();
 
   /// Counts nested CASEs. SqlError 125 for more than SQL Server allows.

@@ -19,6 +19,22 @@ SqlError overflow(const SqlType& to) {
           "Arithmetic overflow error converting expression to data type " + to.declaration() + "."};
 }
 
+/// The error for a text whose number is too large for the integer type.
+SqlError textOverflow(const std::string& text, const SqlType& to) {
+  switch (to.kind) {
+    case TypeKind::TinyInt:
+      return {244, "The conversion of the varchar value '" + text +
+                       "' overflowed an INT1 column. Use a larger integer column."};
+    case TypeKind::SmallInt:
+      return {244, "The conversion of the varchar value '" + text +
+                       "' overflowed an INT2 column. Use a larger integer column."};
+    case TypeKind::Int:
+      return {248, "The conversion of the varchar value '" + text + "' overflowed an int column."};
+    default:
+      return overflow(to);
+  }
+}
+
 SqlError notConvertible(const SqlType& to) {
   return {529, "Explicit conversion to data type " + to.declaration() + " is not allowed."};
 }
@@ -66,12 +82,16 @@ Value toInteger(const Value& value, const SqlType& to) {
   if (!number) throw notConvertible(to);
   if (to.kind == TypeKind::Bit) return !number->isZero();
   const auto whole = number->truncated(0).unscaledAt(0);
+  const bool fits = whole && *whole >= leastOf(to.kind) && *whole <= greatestOf(to.kind);
+  if (!fits && value.isText()) throw textOverflow(value.as<std::string>(), to);
   if (!whole) throw overflow(to);
   return wholeNumber(*whole, to);
 }
 
 Value toDecimal(const Value& value, const SqlType& to) {
-  const auto number = decimalOf(value);
+  // Unlike for integers, an empty text is no number.
+  const bool isEmptyText = value.isText() && trim(value.as<std::string>()).empty();
+  const auto number = isEmptyText ? std::nullopt : decimalOf(value);
   if (!number && value.isText())
     throw SqlError(8114, "Error converting data type varchar to numeric.");
   if (!number) throw notConvertible(to);

@@ -10,8 +10,8 @@
 namespace kebu::engine {
 
 /// A value as one of the type, by SQL Server's rules: texts are cut to the size,
-/// decimals rounded half away from zero, an empty text is 0. SqlError 245, 8114,
-/// 241 or 8169 for what cannot be converted, 8115 or 242 for what does not fit.
+/// decimals rounded half away from zero, an empty text as an integer is 0. SqlError 245, 8114,
+/// 241 or 8169 for what cannot be converted, 8115, 242, 244 or 248 for what does not fit.
 /// `style`: as CONVERT takes it, for dates and texts.
 Value castTo(const Value& value, const SqlType& to, int style = 0);
 
