@@ -1,6 +1,6 @@
-// For how long the window gives no answer while the database works for it, and how long that takes
-// altogether: 100,000 discount rules from the prices to the stored rows and back, and the preview
-// of 100,100 articles.
+// How long the window does not respond while the database works for it, and how long each action
+// takes: 100,000 discount rules are computed, selected, saved and loaded, and 100,100 articles
+// previewed.
 //
 //   kebu_busy_bench PATH\KEBU_ANAGKELMORIA.dll
 #include <functional>
@@ -24,19 +24,19 @@ namespace {
 constexpr const char* articlesPreview = "8";
 constexpr const char* discounts = "12";
 
-void tell(const char* what, HWND form, const std::function<void()>& deed) {
+void measure(const char* what, HWND form, const std::function<void()>& action) {
   const ULONGLONG start = GetTickCount64();
-  const ULONGLONG silence = tests::longestSilence(form, deed);
+  const ULONGLONG silence = tests::longestSilence(form, action);
   std::cout << "  " << what << ": " << GetTickCount64() - start << " ms, at most " << silence
-            << " ms without an answer" << std::endl;
+            << " ms without a response" << std::endl;
 }
 
-/// Leaves the filter's dialog, or takes what it offers, as soon as it is shown.
-template <bool Taking>
-void CALLBACK leaveDialog(HWND window, UINT, UINT_PTR timer, DWORD) {
+/// Closes the filter's dialog by OK or Annulla as soon as it is shown.
+template <bool Accept>
+void CALLBACK closeDialog(HWND window, UINT, UINT_PTR timer, DWORD) {
   KillTimer(window, timer);
   const workbench::WindowReader dialog(tests::shownForm());
-  const auto button = dialog.control(Taking ? "CMD_OK" : "CMD_ANNULLA");
+  const auto button = dialog.control(Accept ? "CMD_OK" : "CMD_ANNULLA");
   workbench::clickOn(button.window, button.bounds);
 }
 
@@ -47,7 +47,7 @@ void run(const std::string& path) {
   engine::Session session(host.database());
   workbench::fillWithPrices(session);
   workbench::fillWithArticles(session);
-  session.execute("DELETE FROM GM61_KBDISCOUNTRULES");  // so that candidates are looked for
+  session.execute("DELETE FROM GM61_KBDISCOUNTRULES");  // so that candidates are computed
   host->open();
   HWND form = tests::shownForm();
 
@@ -62,25 +62,25 @@ void run(const std::string& path) {
     workbench::clickOn(part.window, part.bounds);
     tests::pumpWaiting();
   };
-  tell("discount candidates", form, [&] { choose(1); });
+  measure("discount candidates", form, [&] { choose(1); });
   click(reader.control("CHK_SCONTOPREZZOART"));
-  tell("all of them selected", form, [&] {
+  measure("all of them selected", form, [&] {
     click(reader.find(windows::Inspected::TickAll, "QGRID_SCONTOSUPREZZO", {"GM61_ATTIVA", 0, 0})
               .value());
   });
-  tell("and stored as rules", form, [&] {
+  measure("and stored as rules", form, [&] {
     click(reader.find(windows::Inspected::Item, "INAV_PAR", {"Conferma", 0, 0}).value());
   });
   const auto rules = session.execute("SELECT COUNT(*) AS N FROM GM61_KBDISCOUNTRULES");
   std::cout << "    (" << toText(rules.front().rows.front().front()) << " rules)" << std::endl;
   choose(2);
-  tell("the stored rules", form, [&] { choose(1); });
+  measure("the stored rules", form, [&] { choose(1); });
   constexpr UINT delay = 1000;
   const auto openPreview = [&] { tests::openPage(form, articlesPreview); };
-  SetTimer(nullptr, 0, delay, leaveDialog<false>);
-  tell("dialog before the preview, left", form, openPreview);
-  SetTimer(nullptr, 0, delay, leaveDialog<true>);
-  tell("dialog and preview of the articles", form, openPreview);
+  SetTimer(nullptr, 0, delay, closeDialog<false>);
+  measure("dialog before the preview, left", form, openPreview);
+  SetTimer(nullptr, 0, delay, closeDialog<true>);
+  measure("dialog and preview of the articles", form, openPreview);
   host->close();
 }
 

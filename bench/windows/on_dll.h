@@ -9,8 +9,8 @@
 
 namespace kebu::bench {
 
-/// Runs a program that measures the DLL, whose path is its only word; gives its
-/// exit code.
+/// Runs a program that measures the DLL and takes its path as the only argument.
+/// Returns the exit code.
 inline int onDll(int argc, char** argv, const char* program,
                  const std::function<void(const std::string& path)>& measure) {
   const auto words = workbench::programWords(argc, argv);

@@ -1,15 +1,12 @@
-// The DLL's start, each step beside its floor: the same work without the plug-in.
+// The DLL's start, each step against the same work without the plug-in.
 //
 //   kebu_window_bench PATH\KEBU_ANAGKELMORIA.dll
-#include <algorithm>
-#include <chrono>
-#include <functional>
-#include <iomanip>
-#include <iostream>
 #include <string>
 #include <vector>
 
+#include "bench/paired_runner.h"
 #include "bench/windows/on_dll.h"
+#include "tests/support/statement_recorder.h"
 #include "tests/windows/dll_host.h"
 #include "windows/ado/ado_objects.h"
 #include "windows/support/text.h"
@@ -20,57 +17,23 @@ namespace kebu::bench {
 
 namespace {
 
-using Clock = std::chrono::steady_clock;
-using Microseconds = std::chrono::duration<double, std::micro>;
-
-/// The middle one of many, of a work whose timed part is told by `timed`.
-double median(int times, const std::function<Clock::duration()>& timed) {
-  std::vector<double> all;
-  for (int i = 0; i < times; ++i) all.push_back(Microseconds(timed()).count());
-  std::nth_element(all.begin(), all.begin() + times / 2, all.end());
-  return all[static_cast<std::size_t>(times / 2)];
-}
-
-template <class Work>
-Clock::duration timeOf(Work&& work) {
-  const auto start = Clock::now();
-  work();
-  return Clock::now() - start;
-}
-
-void tell(const char* what, double time, const char* floorName, double floor) {
-  std::cout << std::fixed << std::setprecision(1) << "  " << std::left << std::setw(36) << what
-            << std::right << std::setw(10) << time << " us, " << std::setprecision(2)
-            << time / floor << " times its floor (" << floorName << ", " << std::setprecision(1)
-            << floor << " us)" << std::endl;
-}
-
-class StatementRecorder : public workbench::StatementObserver {
- public:
-  std::vector<std::string> statements;
-  void before(const std::string&, bool) override {}
-  void after(const std::string& text, bool, std::int64_t, const RuntimeError*) override {
-    statements.push_back(text);
-  }
-};
-
-/// A window of the system's as one of the form's is.
+/// A window of the system with the class, style and bounds of one of the form's.
 struct BareWindow {
   std::wstring className;
   DWORD style;
   RECT bounds;
 };
 
-BOOL CALLBACK noteChild(HWND window, LPARAM context) {
+BOOL CALLBACK addBareWindow(HWND window, LPARAM context) {
   wchar_t name[64] = {};
   GetClassNameW(window, name, 64);
   RECT bounds{};
   GetWindowRect(window, &bounds);
-  // The plug-in's own classes are known to its own code alone.
+  // Window classes of the DLL are not registered for this program.
   WNDCLASSW known{};
-  const bool isSystems = GetClassInfoW(nullptr, name, &known);
+  const bool isSystemClass = GetClassInfoW(nullptr, name, &known);
   reinterpret_cast<std::vector<BareWindow>*>(context)->push_back(
-      {isSystems ? name : L"STATIC", static_cast<DWORD>(GetWindowLongW(window, GWL_STYLE)),
+      {isSystemClass ? name : L"STATIC", static_cast<DWORD>(GetWindowLongW(window, GWL_STYLE)),
        bounds});
   return TRUE;
 }
@@ -79,7 +42,7 @@ void paint(HWND window) {
   RedrawWindow(window, nullptr, nullptr, RDW_UPDATENOW | RDW_ALLCHILDREN);
 }
 
-/// The form's windows without the form: made, shown and painted.
+/// Creates, shows and paints the same windows without the plug-in.
 void openBare(const std::vector<BareWindow>& children) {
   HWND frame = CreateWindowExW(0, L"STATIC", L"", WS_OVERLAPPEDWINDOW | WS_CLIPCHILDREN, 0, 0, 1000,
                                700, nullptr, nullptr, nullptr, nullptr);
@@ -97,42 +60,48 @@ void openBare(const std::vector<BareWindow>& children) {
 void run(const std::string& path) {
   const workbench::Apartment apartment;
   const workbench::PluginLibrary library(windows::toWide(path));
-  StatementRecorder recorder;
+  tests::StatementRecorder recorder;
   tests::DllHost host(library, &recorder);
+  PairedRunner runner("");
 
-  constexpr int manyTimes = 2000;
   windows::AdoLibrary ado;
-  const double bareObject = median(manyTimes, [&] { return timeOf([&] { ado.newRecordset(); }); });
-  tell("creation of the class",
-       median(manyTimes, [&] { return timeOf([&] { library.create(); }); }), "an empty recordset's",
-       bareObject);
+  runner.compare({
+      .name = "creation of the class",
+      .floorName = "an empty recordset's",
+      .subject = [&] { return timeOf([&] { library.create(); }); },
+      .floor = [&] { return timeOf([&] { ado.newRecordset(); }); },
+      .pairs = 2000,
+  });
 
-  std::vector<BareWindow> children;
   const auto open = [&] {
     host->open();
     paint(tests::shownForm());
   };
   open();
-  EnumChildWindows(tests::shownForm(), noteChild, reinterpret_cast<LPARAM>(&children));
+  std::vector<BareWindow> children;
+  EnumChildWindows(tests::shownForm(), addBareWindow, reinterpret_cast<LPARAM>(&children));
   host->close();
-  const std::vector<std::string> statements = recorder.statements;
-
-  constexpr int times = 30;
-  const double opening = median(times, [&] {
-    const auto time = timeOf(open);
-    host->close();
-    tests::pumpWaiting();
-    return time;
-  });
+  recorder.setListening(false);
   engine::Session session(host.database());
-  const double bareStatements = median(times, [&] {
-    return timeOf([&] {
-      for (const std::string& statement : statements) session.execute(statement);
-    });
+  runner.compare({
+      .name = "opening to first paint",
+      .floorName = "its statements and as many bare windows",
+      .subject =
+          [&] {
+            const Nanoseconds time = timeOf(open);
+            host->close();
+            tests::pumpWaiting();
+            return time;
+          },
+      .floor =
+          [&] {
+            return timeOf([&] {
+              for (const std::string& statement : recorder.statements()) session.execute(statement);
+              openBare(children);
+            });
+          },
+      .pairs = 30,
   });
-  const double bareWindows = median(times, [&] { return timeOf([&] { openBare(children); }); });
-  tell("opening to first paint", opening, "its statements and bare windows",
-       bareStatements + bareWindows);
 }
 
 }  // namespace

@@ -3,17 +3,19 @@
 #include "sql/deposits.h"
 #include "sql/price_lists.h"
 #include "sql/profile.h"
-#include "tests/company/company_database.h"
+#include "tests/support/test_company.h"
 #include "workbench/company/company.h"
 
 namespace kebu::workbench {
 namespace {
 
+using tests::TestCompany;
+
 using Rows = std::vector<std::vector<std::string>>;
 
 class Demo : public ::testing::Test {
  protected:
-  CompanyDatabase database_{CompanyDatabase::Content::Demo};
+  TestCompany database_;
 
   std::string profileId() { return database_.rows(sql::Profilo({"1"})).at(0).at(0); }
 };
@@ -46,7 +48,7 @@ TEST_F(Demo, IsABusinessOfSomeSize) {
 }
 
 TEST_F(Demo, IsTheSameAtEveryLoad) {
-  CompanyDatabase other(CompanyDatabase::Content::Demo);
+  TestCompany other;
   for (const char* table :
        {"CG16_RAGSOANAG",    "CG44_CLIFOR",      "MG19_CLASSCLIFOR",   "MG2A_DESTINAZ",
         "MG66_ANAGRART",     "MG87_ARTDESC",     "MG70_GIACDEP",       "MG58_DEPOSITI",

@@ -1,15 +1,17 @@
 #include <gtest/gtest.h>
 
 #include "sql/synchronisation.h"
-#include "tests/company/company_database.h"
+#include "tests/support/test_company.h"
 
 namespace kebu::workbench {
 namespace {
 
+using tests::TestCompany;
+
 using Rows = std::vector<std::vector<std::string>>;
 
 TEST(Activities, AreCompletedOncePerCompanyAndApplication) {
-  CompanyDatabase database(CompanyDatabase::Content::Demo);
+  TestCompany database;
   const std::string flags =
       "SELECT GM02_IDATTIVITA_GM01, GM02_FLGDIFF FROM GM02_ATTIVITADITTA "
       "WHERE GM02_DITTA_CG18 = 1 ORDER BY GM02_IDATTIVITA_GM01";
@@ -36,7 +38,7 @@ TEST(Activities, AreCompletedOncePerCompanyAndApplication) {
 }
 
 TEST(Activities, OfTheProfileLackWhatANewerInstallationHas) {
-  CompanyDatabase database(CompanyDatabase::Content::Demo);
+  TestCompany database;
   const std::string profile = database.value(
       "SELECT GM03_IDDISPOSITIVO FROM GM03_DISPOSITIVI WHERE GM03_DITTA_CG18 = 1 "
       "AND GM03_IDAPPLICAZIONE = 14");
@@ -62,7 +64,7 @@ constexpr char kJobs[] =
     "FW01_NUMRICHIESTE FROM FW01_JOB ORDER BY FW01_IDJOB";
 
 TEST(Jobs, AreTakenAgainUnlessANewOneIsAlwaysWanted) {
-  CompanyDatabase database(CompanyDatabase::Content::Schema);
+  TestCompany database = TestCompany::withSchemaOnly();
   const auto ask = [&](int entry, const char* folder, const char* parameter, int company,
                        int anew) {
     database.execute("EXEC SPFW_NEWATTJOB @vocemenu = " + std::to_string(entry) +
@@ -107,7 +109,7 @@ constexpr PublishedPrice kPublishedPrices[] = {
 };
 
 TEST(PriceRefresh, TakesEachSlotFromTheListThatItNames) {
-  CompanyDatabase database(CompanyDatabase::Content::Demo);
+  TestCompany database;
   for (const PublishedPrice& expected : kPublishedPrices) {
     EXPECT_EQ(database.rows("SELECT KB02_PREZZO, KB02_PREZZOBARRATO FROM KB02_PREZZIART "
                             "WHERE KB02_DITTA_CG18 = 1 AND KB02_OPZIONE_MG5E = '' "
@@ -126,7 +128,7 @@ TEST(PriceRefresh, TakesEachSlotFromTheListThatItNames) {
 }
 
 TEST(PriceRefresh, FollowsTheSlotsAndSaysWhenItRan) {
-  CompanyDatabase database(CompanyDatabase::Content::Demo);
+  TestCompany database;
   const std::string first = "SELECT COUNT(*) FROM KB02_PREZZIART WHERE KB02_CODPREZZO = 1";
   EXPECT_GT(database.count(first), 1000);
   EXPECT_EQ(

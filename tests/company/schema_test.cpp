@@ -1,9 +1,11 @@
 #include <gtest/gtest.h>
 
-#include "tests/company/company_database.h"
+#include "tests/support/test_company.h"
 
 namespace kebu::workbench {
 namespace {
+
+using tests::TestCompany;
 
 struct NamedColumns {
   const char* table;
@@ -47,7 +49,7 @@ constexpr NamedColumns kNamedColumns[] = {
 };
 
 TEST(Schema, HoldsEveryColumnThatIsNamed) {
-  CompanyDatabase database(CompanyDatabase::Content::Schema);
+  TestCompany database = TestCompany::withSchemaOnly();
   for (const NamedColumns& named : kNamedColumns) {
     EXPECT_NO_THROW(database.execute(std::string("SELECT ") + named.columns + " FROM " +
                                      named.table + " WHERE 1 = 0"))
@@ -56,7 +58,7 @@ TEST(Schema, HoldsEveryColumnThatIsNamed) {
 }
 
 TEST(Schema, IsAnInstallationWithoutCompanies) {
-  CompanyDatabase database(CompanyDatabase::Content::Schema);
+  TestCompany database = TestCompany::withSchemaOnly();
   // There to be used by the first company.
   EXPECT_EQ(database.column("SELECT DISTINCT GM01_INDFUNZIONE FROM GM01_ATTIVITA "
                             "WHERE GM01_IDAPPLICAZIONE = 14 ORDER BY GM01_INDFUNZIONE"),
@@ -80,7 +82,7 @@ TEST(Schema, IsAnInstallationWithoutCompanies) {
 }
 
 TEST(Schema, TakesRowsThatSayNoMoreThanTheyMust) {
-  CompanyDatabase database(CompanyDatabase::Content::Schema);
+  TestCompany database = TestCompany::withSchemaOnly();
   database.execute("INSERT INTO GM03_DISPOSITIVI (GM03_DITTA_CG18) VALUES (7)");
   EXPECT_EQ(database.value("SELECT GM03_IDDISPOSITIVO FROM GM03_DISPOSITIVI"), "1");
   database.execute("INSERT INTO GM61_KBDISCOUNTRULES (GM61_DITTA_CG18) VALUES (7), (7)");

@@ -3,7 +3,7 @@
 #include <map>
 
 #include "sql/query_predicate.h"
-#include "tests/controls/control_fixture.h"
+#include "tests/support/control_fixture.h"
 
 namespace kebu::controls {
 namespace {

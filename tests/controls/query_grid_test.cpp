@@ -1,6 +1,6 @@
 #include "controls/query_grid.h"
 
-#include "tests/controls/control_fixture.h"
+#include "tests/support/control_fixture.h"
 
 namespace kebu::controls {
 namespace {

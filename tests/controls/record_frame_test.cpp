@@ -5,7 +5,7 @@
 #include "controls/edit_box.h"
 #include "controls/navigator_bar.h"
 #include "controls/simple_controls.h"
-#include "tests/controls/control_fixture.h"
+#include "tests/support/control_fixture.h"
 
 namespace kebu::controls {
 namespace {

@@ -3,7 +3,7 @@
 #include "controls/check_box.h"
 #include "controls/combo_box.h"
 #include "controls/navigator_bar.h"
-#include "tests/controls/control_fixture.h"
+#include "tests/support/control_fixture.h"
 
 namespace kebu::controls {
 namespace {

@@ -8,54 +8,23 @@
 
 #include "common/convert.h"
 #include "common/nulls.h"
-#include "plugin/clskb_anagkelmoria.h"
 #include "tests/discounts/expected_candidates.h"
-#include "workbench/ado/ado_objects.h"
-#include "workbench/cli/company_file.h"
-#include "workbench/engine/execution/session.h"
-#include "workbench/host/local_platform.h"
-#include "workbench/host/stand_in_host.h"
-#include "workbench/player/model_desktop.h"
-#include "workbench/player/model_hands.h"
-#include "workbench/player/player.h"
+#include "tests/support/statement_recorder.h"
+#include "workbench/company/company.h"
+#include "workbench/player/model_workplace.h"
 
 namespace kebu::workbench {
 namespace {
-
-/// A system whose clock stands still.
-class StandingClock : public LocalPlatform {
- public:
-  using LocalPlatform::LocalPlatform;
-  Date now() override { return *Date::make(2024, 2, 29, 23, 59, 58); }
-};
-
-/// Keeps the statements that are no edits.
-class Statements : public StatementObserver {
- public:
-  void before(const std::string& text, bool edit) override {
-    if (!edit) texts.push_back(text);
-  }
-  void after(const std::string&, bool, std::int64_t, const RuntimeError*) override {}
-
-  std::size_t count(const std::string& beginning) const {
-    return static_cast<std::size_t>(
-        std::count_if(texts.begin(), texts.end(), [&](const std::string& text) {
-          return text.compare(0, beginning.size(), beginning) == 0;
-        }));
-  }
-  std::vector<std::string> texts;
-};
 
 class DiscountPageTest : public testing::Test {
  protected:
   /// Plays the lines; the test fails with what the player complains of.
   void play(const std::string& lines) {
-    const bool played =
-        player_.play(Scenario::parse("lines", lines), {host_, hands_, session_, noFaults_});
+    const bool played = player_.play(Scenario::parse("lines", lines), workplace_.stage(noFaults_));
     EXPECT_TRUE(played) << complaints_.str();
   }
   std::vector<std::vector<std::string>> rows(const std::string& statement) {
-    const engine::ResultSet result = session_.execute(statement).front();
+    const engine::ResultSet result = workplace_.session().execute(statement).front();
     std::vector<std::vector<std::string>> texts;
     for (const auto& row : result.rows) {
       auto& line = texts.emplace_back();
@@ -64,15 +33,9 @@ class DiscountPageTest : public testing::Test {
     return texts;
   }
   std::string first(const std::string& statement) { return rows(statement).at(0).at(0); }
-  /// The name of the working table that was spoken of last.
+  /// The name of the working table with that prefix which was mentioned last.
   std::string table(const std::string& prefix) const {
-    constexpr std::size_t identifier = 32;
-    const auto& texts = statements_.texts;
-    const auto last = std::find_if(texts.rbegin(), texts.rend(), [&](const std::string& text) {
-      return text.find(prefix) != std::string::npos;
-    });
-    if (last == texts.rend()) throw std::logic_error("no table " + prefix);
-    return last->substr(last->find(prefix), prefix.size() + identifier);
+    return tests::lastWorkingTable(recorder_.statements(), prefix);
   }
   std::string gridNames() {
     return first("SELECT GM61_NOMEREGOLA FROM " + table("##tempGriglia") + " WHERE GM61_ID = 1");
@@ -83,26 +46,21 @@ class DiscountPageTest : public testing::Test {
          "\nclick CMD_AGGIORNA\n"
          "tick CHK_SCONTOPREZZOART on\ntick-all QGRID_SCONTOSUPREZZO GM61_ATTIVA on\n"
          "tick CHK_GRIGLIASCONTI on\ntick-all QGRID_SCONTOSUGRIGLIA GM61_ATTIVA on");
-    statements_.texts.clear();
+    recorder_.clear();
     play("press INAV_PAR Conferma\nexpect no message");
   }
 
-  std::shared_ptr<engine::Database> database_ = demoCompany();
   std::ostream nowhere_{nullptr};
   std::ostringstream complaints_;
   Player player_{nowhere_, complaints_};
-  Statements statements_;
+  tests::StatementRecorder recorder_{tests::StatementRecorder::Kinds::WithoutEdits};
   StatementFaults noFaults_;
-  StandingClock platform_{player_, nowhere_};
-  ModelDesktop desktop_{player_};
-  ModelHands hands_{desktop_};
-  AdoLibrary library_;
-  engine::Session session_{database_};
-  StandInHost host_{
-      [this] {
-        return plugin::CLSKB_ANAGKELMORIA::create({platform_, library_, desktop_});
-      },
-      {player_, embeddedCompany(database_, &statements_), 1, {}, [](const std::string&) {}}};
+  ModelWorkplace workplace_{{
+      .user = player_,
+      .database = demoCompany(),
+      .observer = &recorder_,
+      .clock = [] { return *Date::make(2024, 2, 29, 23, 59, 58); },
+  }};
 };
 
 /// The steps that a price list holds for a rule: of the row's key and dates, the
@@ -216,7 +174,7 @@ TEST_P(SavedRulesTest, AreExactlyTheTickedRowsOneInsertARow) {
       " AND GM61_DITTA_CG18 = 1";
   saveAll(GetParam());
   const auto candidates = [&](sql::DiscountMode mode) {
-    return sql::expectedCandidates(session_, mode, GetParam(), "1").size();
+    return sql::expectedCandidates(workplace_.session(), mode, GetParam(), "1").size();
   };
   const std::size_t onPrice = candidates(sql::DiscountMode::OnPrice);
   const std::size_t byGrid = candidates(sql::DiscountMode::Grid);
@@ -228,8 +186,8 @@ TEST_P(SavedRulesTest, AreExactlyTheTickedRowsOneInsertARow) {
                   " AND GM61_FLGSCONTISUPRZ = 0 AND "
                   "GM61_FLGGRIGLIASCONTI = 1"),
             std::to_string(byGrid));
-  EXPECT_EQ(statements_.count("INSERT INTO"), onPrice + byGrid);
-  EXPECT_EQ(statements_.count("DELETE"), 2U);
+  EXPECT_EQ(recorder_.countBeginningWith("INSERT INTO"), onPrice + byGrid);
+  EXPECT_EQ(recorder_.countBeginningWith("DELETE"), 2U);
   EXPECT_EQ(first("SELECT COUNT(*)" + ofType +
                   " AND GM61_ATTIVA = 1 AND GM61_DATAULTAGG = "
                   "'20240229'"),
@@ -264,12 +222,13 @@ TEST_F(DiscountPageTest, EveryLoadTakesAWorkingTableOfAnotherNameAndDropsTheOldO
   play("open\npage 12\nchoose CMB_LISTINISCONTO 1");
   const std::string price = table("##tempPrezzo");
   const std::string grid = table("##tempGriglia");
-  statements_.texts.clear();
+  recorder_.clear();
   // A recomputation keeps the name.
   play("click CMD_AGGIORNA");
   EXPECT_EQ(table("##tempPrezzo"), price);
   play("choose CMB_LISTINISCONTO 4\nexpect no message");
-  EXPECT_EQ(statements_.count("IF OBJECT_ID('TEMPDB.DBO." + price + "') IS NOT NULL DROP TABLE "),
+  EXPECT_EQ(recorder_.countBeginningWith("IF OBJECT_ID('TEMPDB.DBO." + price +
+                                         "') IS NOT NULL DROP TABLE "),
             2U);
   EXPECT_NE(table("##tempPrezzo"), price);
   EXPECT_NE(table("##tempGriglia"), grid);
@@ -291,12 +250,12 @@ TEST_F(DiscountPageTest, UntickedRowsLockWhatIsEditedAndTheListFollowsTheType) {
       "open\npage 12\nchoose CMB_LISTINISCONTO 4\nclick CMD_AGGIORNA\n"
       "tick CHK_SCONTOPREZZOART on");
   const auto edit = [&](const char* field, const char* value) {
-    hands_.edit("QGRID_SCONTOSUPREZZO", 1, field, value);
+    workplace_.hands().edit("QGRID_SCONTOSUPREZZO", 1, field, value);
   };
   for (const char* field : {"GM61_TIPOSCONTO", "GM61_CAMPOCORVANE", "GM61_POSIZIONE", "DUMMY"}) {
     EXPECT_THROW(edit(field, "1"), controls::GestureRefused) << field;
   }
-  hands_.tickCell("QGRID_SCONTOSUPREZZO", 1, "GM61_ATTIVA");
+  workplace_.hands().tickCell("QGRID_SCONTOSUPREZZO", 1, "GM61_ATTIVA");
   EXPECT_THROW(edit("GM61_CAMPOCORVANE", "1"), controls::GestureRefused);
   EXPECT_THROW(edit("GM61_NOMEREGOLA", "x"), controls::GestureRefused);
   edit("GM61_TIPOSCONTO", "1");
@@ -304,10 +263,11 @@ TEST_F(DiscountPageTest, UntickedRowsLockWhatIsEditedAndTheListFollowsTheType) {
   edit("GM61_POSIZIONE", "9");
   EXPECT_THROW(edit("DUMMY", "1"), controls::GestureRefused);
   // 219.10 less 33.33 %, in the locale's form.
-  EXPECT_EQ(hands_.cellText("QGRID_SCONTOSUPREZZO", 1, "GM61_PREZZONETTO"), "146,07397");
-  hands_.tickCell("QGRID_SCONTOSUPREZZO", 1, "GM61_ATTIVA");
+  EXPECT_EQ(workplace_.hands().cellText("QGRID_SCONTOSUPREZZO", 1, "GM61_PREZZONETTO"),
+            "146,07397");
+  workplace_.hands().tickCell("QGRID_SCONTOSUPREZZO", 1, "GM61_ATTIVA");
   EXPECT_THROW(edit("GM61_POSIZIONE", "8"), controls::GestureRefused);
-  EXPECT_EQ(hands_.cellText("QGRID_SCONTOSUPREZZO", 1, "GM61_POSIZIONE"), "9");
+  EXPECT_EQ(workplace_.hands().cellText("QGRID_SCONTOSUPREZZO", 1, "GM61_POSIZIONE"), "9");
 }
 
 }  // namespace

@@ -11,16 +11,19 @@
 #include <set>
 #include <sstream>
 
-#include "tests/faults/performance.h"
-#include "workbench/cli/company_file.h"
+#include "tests/faults/faulty_run.h"
+#include "workbench/company/company.h"
 
-namespace kebu::workbench {
+namespace kebu::tests {
 namespace {
+
+using workbench::answerName;
+using workbench::Scenario;
 
 namespace fs = std::filesystem;
 
 const engine::Database& demo() {
-  static const std::shared_ptr<engine::Database> company = demoCompany();
+  static const std::shared_ptr<engine::Database> company = workbench::demoCompany();
   return *company;
 }
 
@@ -68,8 +71,8 @@ struct ErrorText {
 };
 
 /// The failing statement was told of in one box, and as what it is.
-void expectOneBox(const Performance& performance) {
-  const Lines& errors = performance.errors();
+void expectOneBox(const FaultyRun& run) {
+  const Lines& errors = run.errors();
   ASSERT_FALSE(errors.empty()) << "the fault passed unnoticed";
   const ErrorText first(errors.front());
   EXPECT_NE(first.number, 0) << errors.front();
@@ -90,54 +93,53 @@ void expectSameUntil(std::size_t position, const Lines& usual, const Lines& foun
 }
 
 /// No error has left the plug-in; the player tells of one by its number.
-void expectNothingEscaped(const Performance& performance) {
-  EXPECT_EQ(performance.complaints().find(": error "), std::string::npos)
-      << performance.complaints();
+void expectNothingEscaped(const FaultyRun& run) {
+  EXPECT_EQ(run.complaints().find(": error "), std::string::npos) << run.complaints();
 }
 
 /// The user closes the window, opens it again and finds the page as usual.
-void expectWorkingWindow(Performance& performance) {
-  const std::size_t errors = performance.errors().size();
-  performance.dropAnswers();
-  if (performance.isOpen()) {
-    EXPECT_TRUE(performance.play(Scenario::parse("closing", "answer no\nclose")));
-    performance.dropAnswers();
+void expectWorkingWindow(FaultyRun& run) {
+  const std::size_t errors = run.errors().size();
+  run.dropAnswers();
+  if (run.isOpen()) {
+    EXPECT_TRUE(run.play(Scenario::parse("closing", "answer no\nclose")));
+    run.dropAnswers();
   }
-  ASSERT_FALSE(performance.isOpen()) << "the window cannot be closed";
-  EXPECT_TRUE(performance.play(Scenario::parse("afterwards",
-                                               "open\n"
-                                               "expect GRPMAIN_PAR visible = true\n"
-                                               "print GRPMAIN_PAR\n"
-                                               "page 2\nexpect GRPMAIN_LISTINI visible = true\n"
-                                               "page 3\nexpect QGRID_DEP rows = 8\n"
-                                               "close")))
-      << performance.complaints();
-  EXPECT_EQ(performance.errors().size(), errors) << performance.errors().back();
+  ASSERT_FALSE(run.isOpen()) << "the window cannot be closed";
+  EXPECT_TRUE(run.play(Scenario::parse("afterwards",
+                                       "open\n"
+                                       "expect GRPMAIN_PAR visible = true\n"
+                                       "print GRPMAIN_PAR\n"
+                                       "page 2\nexpect GRPMAIN_LISTINI visible = true\n"
+                                       "page 3\nexpect QGRID_DEP rows = 8\n"
+                                       "close")))
+      << run.complaints();
+  EXPECT_EQ(run.errors().size(), errors) << run.errors().back();
 }
 
 void FaultWalk::walk(std::size_t position, msgbox::Answer answer) {
   SCOPED_TRACE(answerName(answer) + " at statement " + std::to_string(position) + ": " +
                statements_[position - 1]);
-  Performance performance(demo(), company_, position, answer);
-  const bool played = performance.play(scenario_);
-  expectOneBox(performance);
-  expectSameUntil(position, statements_, performance.statements());
+  FaultyRun run(demo(), company_, position, answer);
+  const bool played = run.play(scenario_);
+  expectOneBox(run);
+  expectSameUntil(position, statements_, run.statements());
   if (answer == msgbox::retry) {
     Lines repeated = statements_;
     repeated.insert(repeated.begin() + static_cast<std::ptrdiff_t>(position),
                     statements_[position - 1]);
-    EXPECT_TRUE(played) << performance.complaints();
-    EXPECT_EQ(performance.errors().size(), 1);
-    EXPECT_EQ(performance.statements(), repeated);
-    EXPECT_EQ(performance.rows(), rows_);
+    EXPECT_TRUE(played) << run.complaints();
+    EXPECT_EQ(run.errors().size(), 1);
+    EXPECT_EQ(run.statements(), repeated);
+    EXPECT_EQ(run.rows(), rows_);
   }
-  expectWorkingWindow(performance);
-  expectNothingEscaped(performance);
+  expectWorkingWindow(run);
+  expectNothingEscaped(run);
 }
 
 TEST_P(FaultWalk, EveryStatementCanFail) {
   {
-    Performance usual(demo(), company_, 0, msgbox::abort);
+    FaultyRun usual(demo(), company_, 0, msgbox::abort);
     ASSERT_TRUE(usual.play(scenario_)) << usual.complaints();
     ASSERT_EQ(usual.errors(), Lines());
     statements_ = usual.statements();
@@ -167,4 +169,4 @@ INSTANTIATE_TEST_SUITE_P(All, FaultWalk, testing::ValuesIn(scenarios()),
                          [](const auto& path) { return path.param.stem().string(); });
 
 }  // namespace
-}  // namespace kebu::workbench
+}  // namespace kebu::tests

@@ -8,7 +8,7 @@
 
 #include "common/convert.h"
 #include "tests/forms/filter_oracle.h"
-#include "tests/forms/workplace.h"
+#include "tests/support/test_workplace.h"
 
 namespace kebu::workbench {
 namespace {
@@ -17,6 +17,7 @@ using controls::QueryEditor;
 using controls::QueryField;
 using controls::RangeEnd;
 using Op = QueryOperator;
+using tests::TestWorkplace;
 
 /// A field by which articles are filtered, and where its values stand.
 struct Source {
@@ -99,7 +100,7 @@ class FilterConditionTest : public testing::Test {
  protected:
   FilterConditionTest() {
     addOddRows();
-    allArticles = read(workplace.session(), "MG66_ANAGRART", "MG66_CODART", "MG66_UNMIS",
+    allArticles = read(workplace.company().session(), "MG66_ANAGRART", "MG66_CODART", "MG66_UNMIS",
                        {"MG66_DITTA_CG18"});
     workplace.open();
   }
@@ -107,7 +108,7 @@ class FilterConditionTest : public testing::Test {
 
   /// What real data have: NULL beside "", signs in codes, an article without descriptions.
   void addOddRows() {
-    workplace.session().execute(
+    workplace.company().session().execute(
         "UPDATE MG66_ANAGRART SET MG66_FAM_MG53 = NULL, MG66_INDSTATO_MG6W = NULL"
         " WHERE MG66_CODART LIKE '%-00_3'"
         " UPDATE MG66_ANAGRART SET MG66_FAM_MG53 = 'o''c' WHERE MG66_CODART LIKE '%-00_4'"
@@ -152,8 +153,8 @@ class FilterConditionTest : public testing::Test {
 
   std::string stored(const char* column) {
     workplace.hands().press("INAV_PAR", "Conferma");
-    return workplace.value(std::string("SELECT ") + column +
-                           " FROM GM04_PARAMETRITVRO WHERE GM04_DITTA_CG18 = 1");
+    return workplace.company().value(std::string("SELECT ") + column +
+                                     " FROM GM04_PARAMETRITVRO WHERE GM04_DITTA_CG18 = 1");
   }
 
   using Cells = std::multimap<std::string, Cell>;
@@ -174,7 +175,7 @@ class FilterConditionTest : public testing::Test {
     return {texts.begin(), texts.end()};
   }
 
-  Workplace workplace;
+  TestWorkplace workplace;
   Cells allArticles;
 };
 
@@ -202,7 +203,8 @@ TEST_F(FilterConditionTest, ArticlesAreThoseThatTheFilterSays) {
   int selecting = 0;
   for (const Source& source : sources) {
     const std::string name(source.field.dataField);
-    const Cells values = read(workplace.session(), source.table, source.article, name, source.ones);
+    const Cells values =
+        read(workplace.company().session(), source.table, source.article, name, source.ones);
     const auto [low, high] = twoValues(source);
     for (const QueryCondition& condition : conditionsOn(source.field, low, high)) {
       state("ENHQUERY_ART", rows[name], condition);
@@ -214,8 +216,9 @@ TEST_F(FilterConditionTest, ArticlesAreThoseThatTheFilterSays) {
           name.starts_with("MG87") ? " LEFT JOIN MG87_ARTDESC ON MG87_DITTA_CG18 = MG66_DITTA_CG18"
                                      " AND MG87_CODART_MG66 = MG66_CODART"
                                    : "";
-      const auto found = setOf(workplace.column("SELECT MG66_CODART FROM MG66_ANAGRART" + joined +
-                                                " WHERE MG66_DITTA_CG18 = 1" + filter));
+      const auto found =
+          setOf(workplace.company().column("SELECT MG66_CODART FROM MG66_ANAGRART" + joined +
+                                           " WHERE MG66_DITTA_CG18 = 1" + filter));
       const auto expected = expectedArticles(source, values, condition);
       EXPECT_EQ(found, expected);
       EXPECT_EQ(count, std::to_string(expected.size()));
@@ -224,7 +227,7 @@ TEST_F(FilterConditionTest, ArticlesAreThoseThatTheFilterSays) {
     workplace.hands().choose(QueryEditor::operatorName("ENHQUERY_ART", rows[name]), "clear");
   }
   EXPECT_GT(selecting, 80) << "most of the filters are to select some articles and not others";
-  EXPECT_EQ(workplace.messages, std::vector<std::string>());
+  EXPECT_EQ(workplace.user().boxes, std::vector<ShownMessage>());
 }
 
 TEST_F(FilterConditionTest, CustomersAreThoseThatTheFilterSays) {
@@ -243,8 +246,8 @@ TEST_F(FilterConditionTest, CustomersAreThoseThatTheFilterSays) {
   for (std::size_t row = 1; row <= editor.fieldCount(); ++row) {
     const QueryField& field = editor.row(row - 1).field;
     const std::string column(field.dataField);
-    const auto values = read(workplace.session(), "VGM16_KBWSUSERS_KELMORIA", "CG44_CLIFOR", column,
-                             {"CG44_DITTA_CG18"});
+    const auto values = read(workplace.company().session(), "VGM16_KBWSUSERS_KELMORIA",
+                             "CG44_CLIFOR", column, {"CG44_DITTA_CG18"});
     ASSERT_FALSE(values.empty());
     const auto sample = samples.find(column);
     const bool isSampled = sample != samples.end();
@@ -263,7 +266,7 @@ TEST_F(FilterConditionTest, CustomersAreThoseThatTheFilterSays) {
       for (const auto& [customer, cell] : values) {
         if (holds(cell, field.isNumeric, condition)) expected.insert(customer);
       }
-      const auto found = workplace.column(
+      const auto found = workplace.company().column(
           "SELECT CG44_CLIFOR FROM VGM16_KBWSUSERS_KELMORIA WHERE CG44_DITTA_CG18 = 1" + filter);
       EXPECT_EQ(std::multiset<std::string>(found.begin(), found.end()), expected);
       EXPECT_EQ(count, std::to_string(expected.size()));
@@ -272,11 +275,11 @@ TEST_F(FilterConditionTest, CustomersAreThoseThatTheFilterSays) {
     workplace.hands().choose(QueryEditor::operatorName("ENHQUERY_CLI", row), "clear");
   }
   EXPECT_GT(selecting, 80);
-  EXPECT_EQ(workplace.messages, std::vector<std::string>());
+  EXPECT_EQ(workplace.user().boxes, std::vector<ShownMessage>());
 }
 
 TEST_F(FilterConditionTest, ACustomerCodeOfSevenDigitsIsNotDecoded) {
-  workplace.session().execute(
+  workplace.company().session().execute(
       "INSERT INTO CG44_CLIFOR (CG44_DITTA_CG18, CG44_TIPOCF, CG44_CLIFOR, CG44_CODICE_CG16)"
       " SELECT 1, 0, 1001001, CG44_CODICE_CG16 FROM CG44_CLIFOR"
       " WHERE CG44_DITTA_CG18 = 1 AND CG44_TIPOCF = 0 AND CG44_CLIFOR = 1072");

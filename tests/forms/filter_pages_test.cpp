@@ -5,7 +5,7 @@
 #include <map>
 #include <vector>
 
-#include "tests/forms/workplace.h"
+#include "tests/support/test_workplace.h"
 
 namespace kebu::forms {
 namespace {
@@ -37,7 +37,7 @@ class Window : public controls::Form {
 };
 
 TEST(FilterPages, CreateTheirFiltersAsDefaultsAtTheFirstOpeningAndLoadThemAtLaterOnes) {
-  workbench::Workplace workplace;
+  tests::TestWorkplace workplace;
   workplace.open();
   Window window(workplace.runtime().desktop);
   Services services(workplace.runtime().platform, window);

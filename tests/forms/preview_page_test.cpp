@@ -6,12 +6,12 @@
 #include "common/error.h"
 #include "controls/query_grid.h"
 #include "controls/simple_controls.h"
-#include "tests/forms/workplace.h"
+#include "tests/support/test_workplace.h"
 
 namespace kebu::forms {
 namespace {
 
-using workbench::Workplace;
+using tests::TestWorkplace;
 
 constexpr std::int32_t articles = 8;
 constexpr std::int32_t customers = 9;
@@ -19,7 +19,9 @@ constexpr std::int32_t customers = 9;
 class PreviewPageTest : public testing::Test {
  protected:
   PreviewPageTest() {
-    workplace.inModalWindow = [this](controls::Form&) { workplace.hands().clickButton("CMD_OK"); };
+    workplace.user().inModalWindow = [this](controls::Form&) {
+      workplace.hands().clickButton("CMD_OK");
+    };
     workplace.open();
   }
   ~PreviewPageTest() override { workplace.close(); }
@@ -30,7 +32,7 @@ class PreviewPageTest : public testing::Test {
   }
   void show(std::int32_t view) { workplace.hands().openPage(view); }
 
-  Workplace workplace;
+  TestWorkplace workplace;
 };
 
 // A misspelt field would show as a column that is always empty.
@@ -78,10 +80,10 @@ TEST_F(PreviewPageTest, TellsThatItIsAtWork) {
   EXPECT_FALSE(bar.isRunning());
   EXPECT_EQ(status.panels()[1], "");
 
-  workplace.session().execute("DROP VIEW VGM19_KBWSPRODUCTS_KELMORIA");
+  workplace.company().session().execute("DROP VIEW VGM19_KBWSPRODUCTS_KELMORIA");
   show(articles);
   EXPECT_EQ(told, "Caricamento articoli in corso...");
-  EXPECT_EQ(workplace.messages.size(), 1U);
+  EXPECT_EQ(workplace.user().boxes.size(), 1U);
   EXPECT_FALSE(bar.isRunning());
   EXPECT_EQ(status.panels()[1], "");
   EXPECT_EQ(find<controls::QueryGrid>("QGRID_ART").rowCount(), 0);

@@ -2,12 +2,12 @@
 
 #include <gtest/gtest.h>
 
-#include "tests/forms/workplace.h"
+#include "tests/support/test_workplace.h"
 
 namespace kebu::forms {
 namespace {
 
-using workbench::Workplace;
+using tests::TestWorkplace;
 
 class CallingWindow : public controls::Form {
  public:
@@ -33,7 +33,7 @@ class SelectionDialogTest : public testing::Test {
 
   workbench::ModelHands& hands() { return workplace.hands(); }
 
-  Workplace workplace;
+  TestWorkplace workplace;
   CallingWindow window{workplace.runtime().desktop};
   Services services{workplace.runtime().platform, window};
   controls::RecordFrame frame{"FME", services};
@@ -60,7 +60,7 @@ TEST_F(SelectionDialogTest, OkHandsTheConditionOver) {
   for (const Case& each : cases) {
     SCOPED_TRACE(each.dialog);
     caller.isFilterObtained = false;
-    workplace.inModalWindow = [&](controls::Form& form) {
+    workplace.user().inModalWindow = [&](controls::Form& form) {
       EXPECT_EQ(form.Name(), each.dialog);
       EXPECT_TRUE(form.find(each.editor)->isShown());
       EXPECT_EQ(workplace.editor(each.editor).fieldCount(), each.fields);
@@ -78,18 +78,18 @@ TEST_F(SelectionDialogTest, OkHandsTheConditionOver) {
     EXPECT_TRUE(caller.isFilterObtained);
     EXPECT_EQ(caller.filterText, each.filter);
     const std::string name = each.dialog;
-    EXPECT_NE(workplace.trace.str().find("|INI|"), std::string::npos);
-    EXPECT_NE(workplace.trace.str().find("|TER|" + std::string("KEBU_ANAGRAFICA|") + name),
+    EXPECT_NE(workplace.trace().find("|INI|"), std::string::npos);
+    EXPECT_NE(workplace.trace().find("|TER|" + std::string("KEBU_ANAGRAFICA|") + name),
               std::string::npos)
         << "a dialog ends with its closing\n"
-        << workplace.trace.str();
+        << workplace.trace();
   }
-  EXPECT_TRUE(workplace.messages.empty());
+  EXPECT_TRUE(workplace.user().boxes.empty());
 }
 
 TEST_F(SelectionDialogTest, CancellingLeavesTheCallerAsItWas) {
   for (auto* const show : {VisualizzaFiltroArticoli, VisualizzaFiltroClienti}) {
-    workplace.inModalWindow = [&](controls::Form& form) {
+    workplace.user().inModalWindow = [&](controls::Form& form) {
       hands().type(form.find("ENHQUERY") ? "ENHQUERY(2).VALORE1" : "ENHQUERY_LIMITI(2).VALORE1",
                    "x");
       hands().clickButton("CMD_ANNULLA");
@@ -106,7 +106,7 @@ TEST_F(SelectionDialogTest, NothingStatedIsAFilterTooAndNothingIsRemembered) {
                                           "ENHQUERY 1\nMG66_FAM_MG53\t=\tVER", true);
   for (auto* const show : {VisualizzaFiltroArticoli, VisualizzaFiltroClienti}) {
     caller.isFilterObtained = false;
-    workplace.inModalWindow = [&](controls::Form&) { hands().clickButton("CMD_OK"); };
+    workplace.user().inModalWindow = [&](controls::Form&) { hands().clickButton("CMD_OK"); };
     show(caller);
     EXPECT_TRUE(caller.isFilterObtained);
     EXPECT_EQ(caller.filterText, "");
@@ -114,13 +114,13 @@ TEST_F(SelectionDialogTest, NothingStatedIsAFilterTooAndNothingIsRemembered) {
 }
 
 TEST_F(SelectionDialogTest, ARangeTheWrongWayRoundKeepsTheDialogOpen) {
-  workplace.inModalWindow = [&](controls::Form& form) {
+  workplace.user().inModalWindow = [&](controls::Form& form) {
     hands().choose("ENHQUERY(1).OPERATORE", "between");
     hands().type("ENHQUERY(1).VALORE1", "9");
     hands().type("ENHQUERY(1).VALORE2", "1");
     hands().clickButton("CMD_OK");
     EXPECT_TRUE(form.isLoaded());
-    EXPECT_EQ(workplace.messages.size(), 1U);
+    EXPECT_EQ(workplace.user().boxes.size(), 1U);
     hands().clickButton("CMD_ANNULLA");
   };
   VisualizzaFiltroClienti(caller);
@@ -129,13 +129,13 @@ TEST_F(SelectionDialogTest, ARangeTheWrongWayRoundKeepsTheDialogOpen) {
 
 TEST_F(SelectionDialogTest, AMissingServiceIsToldUnderTheProceduresName) {
   context.hostServices.lookups.reset();
-  workplace.inModalWindow = [&](controls::Form&) {
+  workplace.user().inModalWindow = [&](controls::Form&) {
     hands().lookup("ENHQUERY_LIMITI(2).VALORE1");
     hands().clickButton("CMD_ANNULLA");
   };
   VisualizzaFiltroArticoli(caller);
-  ASSERT_EQ(workplace.messages.size(), 1U);
-  EXPECT_NE(workplace.messages[0].find("ENHQUERY_LIMITI_StartLookup"), std::string::npos);
+  ASSERT_EQ(workplace.user().boxes.size(), 1U);
+  EXPECT_NE(workplace.user().boxes[0].text.find("ENHQUERY_LIMITI_StartLookup"), std::string::npos);
 }
 
 }  // namespace

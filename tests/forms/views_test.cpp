@@ -3,14 +3,14 @@
 #include <gtest/gtest.h>
 
 #include "controls/simple_controls.h"
-#include "tests/forms/workplace.h"
+#include "tests/support/test_workplace.h"
 
 namespace kebu::forms {
 namespace {
 
 // The host's own side bar has no such links; a script of the host's can click them.
 TEST(ViewSwitch, ANumberWithoutAPageHidesWhatIsShownAndShowsNothing) {
-  workbench::Workplace workplace;
+  tests::TestWorkplace workplace;
   workplace.open();
   controls::Form& window = *workplace.desktop().front();
   const auto isVisible = [&](std::string_view name) {
@@ -29,7 +29,7 @@ TEST(ViewSwitch, ANumberWithoutAPageHidesWhatIsShownAndShowsNothing) {
   workplace.hands().openPage(1);
   EXPECT_TRUE(isVisible("GRPMAIN_PAR") && isVisible("INAV_PAR"));
   EXPECT_FALSE(isVisible("GRPMAIN_CATART"));
-  EXPECT_TRUE(workplace.messages.empty());
+  EXPECT_TRUE(workplace.user().boxes.empty());
   workplace.close();
 }
 

@@ -6,32 +6,19 @@
 #include <vector>
 
 #include "common/convert.h"
+#include "tests/support/statement_recorder.h"
+#include "tests/support/test_user.h"
 #include "workbench/ado/ado_objects.h"
-#include "workbench/cli/company_file.h"
+#include "workbench/company/company.h"
 #include "workbench/engine/execution/session.h"
 #include "workbench/host/global_services.h"
 #include "workbench/host/object_models.h"
+#include "workbench/player/model_desktop.h"
 
 namespace kebu::plugin {
 namespace {
 
 using workbench::ShownMessage;
-
-/// Answers every box with its first button and keeps it.
-class BusyUser : public workbench::User {
- public:
-  std::int32_t answer(const ShownMessage& box) override {
-    boxes.push_back(box);
-    return msgbox::abort;
-  }
-  void chooseFrom(workbench::ShownList&) override {}
-  void workIn(controls::Form& form) override {
-    ++modalWindows;
-    form.Unload();
-  }
-  std::vector<ShownMessage> boxes;
-  int modalWindows = 0;
-};
 
 class RecordingPlatform : public Platform {
  public:
@@ -59,32 +46,6 @@ class RecordingPlatform : public Platform {
   Guid guid_;
 };
 
-class KeepingDesktop : public controls::Desktop {
- public:
-  explicit KeepingDesktop(workbench::User& user) : user_(user) {}
-  void show(controls::Form& form) override { shown = &form; }
-  void runModal(controls::Form& form) override { user_.workIn(form); }
-  void hide(controls::Form&) override { shown = nullptr; }
-  void runLookup(controls::LookupList&) override {}
-  void repaint() override {}
-  controls::Form* shown = nullptr;
-
- private:
-  workbench::User& user_;
-};
-
-/// Keeps the names of the working tables that statements speak of.
-class WorkingTables : public workbench::StatementObserver {
- public:
-  void before(const std::string& text, bool) override {
-    constexpr std::size_t length = 7 + 32;  // "##tempT" and the identifier's digits
-    const auto at = text.find("##tempT");
-    if (at != std::string::npos) workingTables.insert(text.substr(at, length));
-  }
-  void after(const std::string&, bool, std::int64_t, const RuntimeError*) override {}
-  std::set<std::string> workingTables;
-};
-
 class PluginTest : public testing::Test {
  protected:
   Ref<CLSKB_ANAGKELMORIA> create() {
@@ -99,12 +60,12 @@ class PluginTest : public testing::Test {
                                     [this](const std::string& line) { journal.push_back(line); }});
   }
 
-  BusyUser user;
+  tests::TestUser user;
   RecordingPlatform platform;
-  KeepingDesktop desktop{user};
+  workbench::ModelDesktop desktop{user};
   workbench::AdoLibrary library;
   std::shared_ptr<engine::Database> database = workbench::demoCompany();
-  WorkingTables statements;
+  tests::StatementRecorder statements;
   std::vector<std::string> journal;
 };
 
@@ -158,19 +119,19 @@ TEST_F(PluginTest, WindowLivesFromShowToClose) {
   plugin->setLeft(std::int32_t{0});
   plugin->setTop(std::int32_t{40});
   EXPECT_TRUE(plugin->ShowForm().isEmpty());
-  ASSERT_NE(desktop.shown, nullptr);
-  EXPECT_EQ(desktop.shown->caption(), "Collegamento");
-  EXPECT_EQ(desktop.shown->left(), 100);
-  EXPECT_EQ(desktop.shown->top(), 40);
+  ASSERT_NE(desktop.front(), nullptr);
+  EXPECT_EQ(desktop.front()->caption(), "Collegamento");
+  EXPECT_EQ(desktop.front()->left(), 100);
+  EXPECT_EQ(desktop.front()->top(), 40);
   EXPECT_FALSE(plugin->Cwindow());
   EXPECT_EQ(plugin->ActiveFrame()->Name(), "FME_ANAGRAFICA");
   // A connection of the window's own, which a second activation keeps.
   const Ref<ado::Connection> connection = plugin->Connection();
   ASSERT_TRUE(connection);
-  desktop.shown->activate();
+  desktop.front()->activate();
   EXPECT_EQ(plugin->Connection(), connection);
   EXPECT_EQ(plugin->CloseForm(), Value(true));
-  EXPECT_EQ(desktop.shown, nullptr);
+  EXPECT_EQ(desktop.front(), nullptr);
   EXPECT_TRUE(user.boxes.empty());
 }
 
@@ -178,9 +139,14 @@ TEST_F(PluginTest, ModalWindowReturnsWhenClosed) {
   const auto plugin = create();
   plugin->setClsGlobal(services());
   plugin->setWindowModal(true);
+  int modalWindows = 0;
+  user.inModalWindow = [&](controls::Form& form) {
+    ++modalWindows;
+    form.Unload();
+  };
   plugin->ShowForm();
-  EXPECT_EQ(user.modalWindows, 1);
-  EXPECT_EQ(desktop.shown, nullptr);
+  EXPECT_EQ(modalWindows, 1);
+  EXPECT_EQ(desktop.front(), nullptr);
 }
 
 TEST_F(PluginTest, WorkingTablesEndWithTheWindow) {
@@ -195,17 +161,23 @@ TEST_F(PluginTest, WorkingTablesEndWithTheWindow) {
                 .front()
                 .isNull();
   };
-  ASSERT_EQ(statements.workingTables.size(), 2U);
-  for (const std::string& table : statements.workingTables) EXPECT_TRUE(exists(table)) << table;
+  std::set<std::string> workingTables;
+  for (const std::string& statement : statements.statements()) {
+    if (statement.find("##tempT") != std::string::npos) {
+      workingTables.insert(tests::lastWorkingTable({statement}, "##tempT"));
+    }
+  }
+  ASSERT_EQ(workingTables.size(), 2U);
+  for (const std::string& table : workingTables) EXPECT_TRUE(exists(table)) << table;
   plugin->CloseForm();
-  for (const std::string& table : statements.workingTables) EXPECT_FALSE(exists(table)) << table;
+  for (const std::string& table : workingTables) EXPECT_FALSE(exists(table)) << table;
 }
 
 TEST_F(PluginTest, HostThatAnswersNothingGetsAWindowAndAClearText) {
   const auto plugin = create();
   plugin->setCaption("Vuoto");
   plugin->ShowForm();
-  ASSERT_NE(desktop.shown, nullptr);
+  ASSERT_NE(desktop.front(), nullptr);
   ASSERT_FALSE(platform.boxes.empty());
   EXPECT_EQ(platform.boxes.front(), (ShownMessage{"Vuoto", "Classe Log non settata", 0}));
   EXPECT_EQ(plugin->CloseForm(), Value(true));

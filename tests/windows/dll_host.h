@@ -7,7 +7,7 @@
 
 #include "windows/support/windows_api.h"
 #include "workbench/ado/ado_objects.h"
-#include "workbench/cli/company_file.h"
+#include "workbench/company/company.h"
 #include "workbench/host/stand_in_host.h"
 #include "workbench/windows/class_objects.h"
 #include "workbench/windows/plugin_library.h"

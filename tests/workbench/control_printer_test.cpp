@@ -6,7 +6,8 @@
 #include <sstream>
 
 #include "controls/query_grid.h"
-#include "tests/controls/control_fixture.h"
+#include "tests/support/control_fixture.h"
+#include "tests/support/test_user.h"
 #include "tests/workbench/sample_form.h"
 #include "workbench/player/control_reader.h"
 #include "workbench/player/model_desktop.h"
@@ -26,7 +27,7 @@ class ControlPrinterTest : public testing::Test {
     return out.str();
   }
 
-  AbsentUser user;
+  tests::TestUser user;
   ModelDesktop desktop{user};
   ModelHands hands{desktop};
   std::shared_ptr<SampleForm> form = std::make_shared<SampleForm>(desktop);

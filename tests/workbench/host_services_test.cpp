@@ -3,8 +3,8 @@
 #include <vector>
 
 #include "common/convert.h"
-#include "tests/workbench/sample_form.h"
-#include "workbench/cli/company_file.h"
+#include "tests/support/test_user.h"
+#include "workbench/company/company.h"
 #include "workbench/engine/execution/session.h"
 #include "workbench/host/error_log.h"
 #include "workbench/host/lookups.h"
@@ -16,18 +16,10 @@
 namespace kebu::workbench {
 namespace {
 
-/// Keeps what was put before it.
-class RecordingUser : public AbsentUser {
- public:
-  std::int32_t answer(const ShownMessage& box) override {
-    boxes.push_back(box);
-    return AbsentUser::answer(box);
-  }
-  std::vector<ShownMessage> boxes;
-};
+using tests::TestUser;
 
 TEST(Messages, NumberedOnesComeTranslatedFromTheStore) {
-  RecordingUser user;
+  TestUser user;
   Messages messages(user,
                     Translations::parse("Aggiornamento listini terminato.\tPrices refreshed."));
   EXPECT_EQ(messages.MsgBoxFromId(75210, 64, "Listini", {}), msgbox::ok);
@@ -43,7 +35,7 @@ TEST(Messages, NumberedOnesComeTranslatedFromTheStore) {
 }
 
 TEST(ErrorLog, ShowsAllThatIsKnownOfTheError) {
-  RecordingUser user;
+  TestUser user;
   ErrorLog log(user);
   log.SetError(-2147217865, "Invalid object name.", "OLE DB");
   log.SetConnectionErrors({{-2147217865, "Invalid object name 'X'.", "SQL Server", 208, "42S02"}});

@@ -5,6 +5,7 @@
 #include <functional>
 #include <memory>
 
+#include "tests/support/test_user.h"
 #include "tests/workbench/sample_form.h"
 #include "workbench/player/scenario.h"
 
@@ -23,7 +24,7 @@ class ModelHandsTest : public testing::Test {
     }
   }
 
-  AbsentUser user;
+  tests::TestUser user;
   ModelDesktop desktop{user};
   ModelHands hands{desktop};
   std::shared_ptr<SampleForm> form = std::make_shared<SampleForm>(desktop);

@@ -7,8 +7,7 @@
 
 #include "tests/workbench/sample_plugin.h"
 #include "workbench/ado/ado_objects.h"
-#include "workbench/player/model_desktop.h"
-#include "workbench/player/model_hands.h"
+#include "workbench/player/model_workplace.h"
 
 namespace kebu::workbench {
 namespace {
@@ -16,7 +15,7 @@ namespace {
 class PlayerTest : public testing::Test {
  protected:
   bool play(const std::string& text) {
-    return player.play(Scenario::parse("x.scenario", text), {host, hands, session, faults});
+    return player.play(Scenario::parse("x.scenario", text), workplace.stage(faults));
   }
   bool wrote(const std::string& text) const { return out.str().find(text) != std::string::npos; }
   std::int32_t ask(std::int32_t style, const std::string& text = "Salvare?") {
@@ -26,23 +25,24 @@ class PlayerTest : public testing::Test {
   std::ostringstream out;
   std::ostringstream err;
   Player player{out, err};
-  ModelDesktop desktop{player};
-  ModelHands hands{desktop};
-  std::shared_ptr<engine::Database> database = engine::Database::createInMemory();
-  engine::Session session{database};
   StatementFaults faults;
   /// What the window does when its button is clicked.
   std::function<void()> onClick;
   std::weak_ptr<SampleForm> form;
-  StandInHost host{[this] {
-                     auto plugin = makeRef<SamplePlugin>(desktop);
-                     form = plugin->form;
-                     plugin->form->button.ButtonClick.on([this] {
-                       if (onClick) onClick();
-                     });
-                     return plugin;
-                   },
-                   {player, embeddedCompany(database, nullptr), 1, {}, [](const std::string&) {}}};
+  ModelWorkplace workplace{{
+      .user = player,
+      .database = engine::Database::createInMemory(),
+      .createPlugin =
+          [this](const forms::Runtime& runtime) {
+            auto plugin = makeRef<SamplePlugin>(runtime.desktop);
+            form = plugin->form;
+            plugin->form->button.ButtonClick.on([this] {
+              if (onClick) onClick();
+            });
+            return plugin;
+          },
+  }};
+  controls::Desktop& desktop = workplace.runtime().desktop;
 };
 
 TEST_F(PlayerTest, OpensActsChecksAndCloses) {
@@ -87,7 +87,7 @@ TEST_F(PlayerTest, AWrongLineEndsTheScenario) {
     Player fresh(out, complaint);
     EXPECT_FALSE(fresh.play(
         Scenario::parse("x.scenario", std::string("# first\n") + line + "\ntick CHK_FLAG on"),
-        {host, hands, session, faults}));
+        workplace.stage(faults)));
     EXPECT_EQ(complaint.str(), "x.scenario:2: " + std::string(message) + "\n");
     EXPECT_FALSE(form.lock()->check.isTicked()) << "a line was played after " << line;
   }
@@ -138,7 +138,7 @@ TEST_F(PlayerTest, RetryingForEverFailsTheScenario) {
 }
 
 TEST_F(PlayerTest, ALookUpTakesTheRowThatTheStepNames) {
-  const Ref<ado::Connection> connection = newConnection(database, nullptr);
+  const Ref<ado::Connection> connection = newConnection(workplace.database(), nullptr);
   connection->Open();
   ASSERT_TRUE(play("open"));
   form.lock()->box.StartLookup.on([&](controls::EditBox& box) {

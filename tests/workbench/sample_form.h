@@ -6,7 +6,6 @@
 #include "controls/form.h"
 #include "controls/navigator_bar.h"
 #include "controls/simple_controls.h"
-#include "workbench/host/user.h"
 
 namespace kebu::workbench {
 
@@ -63,14 +62,6 @@ class SampleForm : public controls::Form {
   std::int32_t page = 0;
   std::string pressed;
   int clicks = 0;
-};
-
-/// A user who is not there.
-class AbsentUser : public User {
- public:
-  std::int32_t answer(const ShownMessage& box) override { return wayOut(box.style); }
-  void chooseFrom(ShownList& /*list*/) override {}
-  void workIn(controls::Form& /*form*/) override {}
 };
 
 }  // namespace kebu::workbench

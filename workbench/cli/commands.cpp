@@ -9,7 +9,8 @@
 #include "common/error.h"
 #include "workbench/cli/command_line.h"
 #include "workbench/cli/company_file.h"
-#include "workbench/cli/performance.h"
+#include "workbench/cli/play_scenario.h"
+#include "workbench/company/company.h"
 #include "workbench/engine/execution/script.h"
 #include "workbench/player/result_text.h"
 #include "workbench/player/step_table.h"
@@ -89,11 +90,12 @@ int playCommand(const std::vector<std::string>& words) {
   const Translations translations = readTranslations(line.option("--translations"));
   OutputFile trace(line.option("--trace"));
   OutputFile statements(line.option("--statements"));
-  const bool held = perform(scenario, {databaseOf(line), company, translations, statements.stream(),
-                                       trace.stream(), line.option("--pictures")});
+  const bool passed =
+      playScenario(scenario, {databaseOf(line), company, translations, statements.stream(),
+                              trace.stream(), line.option("--pictures")});
   trace.check();
   statements.check();
-  return held ? 0 : 1;
+  return passed ? 0 : 1;
 }
 
 int sqlCommand(const std::vector<std::string>& words) {

@@ -13,13 +13,7 @@ namespace {
 
 namespace fs = std::filesystem;
 
-void fill(const std::shared_ptr<engine::Database>& database) {
-  engine::Session session(database);
-  createSchema(session);
-  loadDemo(session);
-}
-
-/// Removes a file, and what the database keeps beside it, unless it is kept.
+/// Removes a file, and what the database keeps beside it, unless keep() is called.
 class UnfinishedFile {
  public:
   explicit UnfinishedFile(std::string path) : path_(std::move(path)) {}
@@ -41,12 +35,6 @@ class UnfinishedFile {
 
 }  // namespace
 
-std::shared_ptr<engine::Database> demoCompany() {
-  auto database = engine::Database::createInMemory();
-  fill(database);
-  return database;
-}
-
 std::shared_ptr<engine::Database> openCompany(const std::string& path) {
   if (!fs::exists(path)) throw CommandError("there is no database file " + path);
   if (!fs::is_regular_file(path)) throw CommandError(path + " is not a database file");
@@ -65,7 +53,9 @@ void createCompanyFile(const std::string& path) {
   }
   UnfinishedFile file(path);
   try {
-    fill(engine::Database::createFile(path));
+    engine::Session session(engine::Database::createFile(path));
+    createSchema(session);
+    loadDemo(session);
   } catch (const RuntimeError& error) {
     throw CommandError(path + " cannot be made: " + error.description());
   }

@@ -7,12 +7,9 @@
 
 namespace kebu::workbench {
 
-/// A fresh database in memory with the demo company.
-std::shared_ptr<engine::Database> demoCompany();
-/// An existing database file, or a fresh demo company without a path. CommandError
-/// when the file cannot be used.
+/// Opens an existing database file. CommandError when it cannot be used.
 std::shared_ptr<engine::Database> openCompany(const std::string& path);
-/// Makes a database file with the demo company; when that fails no file is left.
+/// Creates a database file with the demo company. On failure CommandError, and no file is left.
 void createCompanyFile(const std::string& path);
 
 }  // namespace kebu::workbench

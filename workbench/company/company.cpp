@@ -3,6 +3,7 @@
 #include <string>
 
 #include "workbench/company/scripts.h"
+#include "workbench/engine/execution/database.h"
 #include "workbench/engine/execution/script.h"
 #include "workbench/engine/execution/session.h"
 #include "workbench/engine/values/sql_error.h"
@@ -31,6 +32,14 @@ void createSchema(engine::Session& session) {
 
 void loadDemo(engine::Session& session) {
   run(session, demoScripts());
+}
+
+std::shared_ptr<engine::Database> demoCompany() {
+  auto database = engine::Database::createInMemory();
+  engine::Session session(database);
+  createSchema(session);
+  loadDemo(session);
+  return database;
 }
 
 }  // namespace kebu::workbench

@@ -16,7 +16,7 @@ std::optional<Guid> LocalPlatform::createGuid() {
 }
 
 void LocalPlatform::outputDebugString(const std::string& text) {
-  // At once: a trace is read above all when the program has broken down.
+  // Flushed at once, so that the trace is complete when the program crashes.
   trace_ << text << '\n' << std::flush;
 }
 
@@ -26,6 +26,7 @@ std::int32_t LocalPlatform::messageBox(const std::string& prompt, std::int32_t b
 }
 
 Date LocalPlatform::now() {
+  if (clock_) return clock_();
   const auto now = std::chrono::system_clock::now();
   const std::time_t seconds = std::chrono::system_clock::to_time_t(now);
   const std::tm local = *std::localtime(&seconds);  // NOLINT(concurrency-mt-unsafe): one thread

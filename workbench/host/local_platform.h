@@ -1,9 +1,11 @@
 #pragma once
 
+#include <functional>
 #include <optional>
 #include <ostream>
 #include <random>
 #include <string>
+#include <utility>
 
 #include "common/platform.h"
 #include "workbench/host/user.h"
@@ -11,10 +13,11 @@
 namespace kebu::workbench {
 
 /// The operating system as the workbench gives it: trace lines go to a stream,
-/// the system's message boxes to the user.
+/// the system's message boxes to the user. A clock may replace the system's.
 class LocalPlatform : public Platform {
  public:
-  LocalPlatform(User& user, std::ostream& trace) : user_(user), trace_(trace) {}
+  LocalPlatform(User& user, std::ostream& trace, std::function<Date()> clock = nullptr)
+      : user_(user), trace_(trace), clock_(std::move(clock)) {}
 
   std::optional<Guid> createGuid() override;
   void outputDebugString(const std::string& text) override;
@@ -25,6 +28,7 @@ class LocalPlatform : public Platform {
  private:
   User& user_;
   std::ostream& trace_;
+  std::function<Date()> clock_;
   std::random_device random_;
 };
 

@@ -8,6 +8,7 @@
 #include "workbench/cli/command_line.h"
 #include "workbench/cli/commands.h"
 #include "workbench/cli/company_file.h"
+#include "workbench/company/company.h"
 #include "workbench/host/stand_in_host.h"
 #include "workbench/windows/apartment.h"
 #include "workbench/windows/class_objects.h"

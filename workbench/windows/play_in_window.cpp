@@ -1,11 +1,10 @@
 // Plays a scenario in the real window.
-#include "workbench/cli/performance.h"
-
 #include <iostream>
 #include <thread>
 
 #include "workbench/ado/ado_objects.h"
 #include "workbench/ado/statement_log.h"
+#include "workbench/cli/play_scenario.h"
 #include "workbench/player/player.h"
 #include "workbench/windows/apartment.h"
 #include "workbench/windows/class_objects.h"
@@ -16,33 +15,33 @@
 
 namespace kebu::workbench {
 
-bool perform(const Scenario& scenario, const Performance& performance) {
-  // The plug-in is let go before anything that it may still turn to.
+bool playScenario(const Scenario& scenario, const PlayOptions& options) {
+  // The host is declared last, so that the plug-in is released before anything that it still uses.
   const Apartment apartment;
   Player player(std::cout, std::cerr);
   StatementFaults faults;
-  StatementLog log(performance.statements, faults);
-  const TraceListener trace(performance.trace);
-  const CompanyDatabase company = embeddedCompany(performance.database, &log);
+  StatementLog log(options.statements, faults);
+  const TraceListener trace(options.trace);
+  const CompanyDatabase company = embeddedCompany(options.database, &log);
   AdoLibrary objects;
   const ClassObjects classes(objects, company.forPlugin);
-  engine::Session session(performance.database);
+  engine::Session session(options.database);
   const PluginLibrary plugin(PluginLibrary::besideProgram());
   WindowThread thread;
-  WindowHands hands(thread, player, performance.pictures);
+  WindowHands hands(thread, player, options.pictures);
   const auto journal = [](const std::string& entry) { std::cout << "  " << entry << '\n'; };
   StandInHost host([&] { return newPlugin(plugin); },
-                   {player, company, performance.company, performance.translations, journal});
+                   {player, company, options.company, options.translations, journal});
 
-  bool held = false;
+  bool passed = false;
   const auto atHost = [&](std::function<void()> work) { hands.atHost(std::move(work)); };
   std::thread user([&] {
-    held = player.play(scenario, {host, hands, session, faults, atHost});
+    passed = player.play(scenario, {host, hands, session, faults, atHost});
     thread.leave();
   });
   thread.pump();
   user.join();
-  return held;
+  return passed;
 }
 
 }  // namespace kebu::workbench

@@ -1,11 +1,11 @@
-#include "tests/company/company_database.h"
+#include "tests/support/test_company.h"
 
 #include <stdexcept>
+#include <utility>
 
 #include "common/convert.h"
-#include "workbench/company/company.h"
 
-namespace kebu::workbench {
+namespace kebu::tests {
 
 namespace {
 
@@ -16,12 +16,17 @@ std::string textOf(const Value& value) {
 
 }  // namespace
 
-CompanyDatabase::CompanyDatabase(Content content) : session_(engine::Database::createInMemory()) {
-  createSchema(session_);
-  if (content == Content::Demo) loadDemo(session_);
+TestCompany::TestCompany(std::shared_ptr<engine::Database> database)
+    : database_(std::move(database)), session_(database_) {}
+
+TestCompany TestCompany::withSchemaOnly() {
+  auto database = engine::Database::createInMemory();
+  engine::Session session(database);
+  workbench::createSchema(session);
+  return TestCompany(database);
 }
 
-std::vector<std::vector<std::string>> CompanyDatabase::rows(const std::string& batch) {
+std::vector<std::vector<std::string>> TestCompany::rows(const std::string& batch) {
   const std::vector<engine::ResultSet> results = session_.execute(batch);
   if (results.empty()) throw std::logic_error("no result: " + batch);
   std::vector<std::vector<std::string>> rows;
@@ -32,13 +37,13 @@ std::vector<std::vector<std::string>> CompanyDatabase::rows(const std::string& b
   return rows;
 }
 
-std::vector<std::string> CompanyDatabase::column(const std::string& batch) {
+std::vector<std::string> TestCompany::column(const std::string& batch) {
   std::vector<std::string> column;
   for (const std::vector<std::string>& row : rows(batch)) column.push_back(row.at(0));
   return column;
 }
 
-std::string CompanyDatabase::value(const std::string& batch) {
+std::string TestCompany::value(const std::string& batch) {
   const std::vector<std::vector<std::string>> found = rows(batch);
   if (found.size() != 1) {
     throw std::logic_error(std::to_string(found.size()) + " rows instead of one: " + batch);
@@ -46,12 +51,12 @@ std::string CompanyDatabase::value(const std::string& batch) {
   return found.front().at(0);
 }
 
-int CompanyDatabase::count(const std::string& batch) {
+int TestCompany::count(const std::string& batch) {
   return std::stoi(value(batch));
 }
 
-void CompanyDatabase::execute(const std::string& batch) {
+void TestCompany::execute(const std::string& batch) {
   session_.execute(batch);
 }
 
-}  // namespace kebu::workbench
+}  // namespace kebu::tests

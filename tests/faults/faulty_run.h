@@ -2,30 +2,22 @@
 
 #include <cstddef>
 #include <cstdint>
-#include <memory>
 #include <ostream>
 #include <sstream>
 #include <string>
 #include <vector>
 
-#include "common/platform.h"
-#include "workbench/ado/ado_objects.h"
 #include "workbench/ado/statement_observer.h"
 #include "workbench/engine/execution/database.h"
-#include "workbench/engine/execution/session.h"
-#include "workbench/host/local_platform.h"
-#include "workbench/host/stand_in_host.h"
-#include "workbench/player/model_desktop.h"
-#include "workbench/player/model_hands.h"
-#include "workbench/player/player.h"
+#include "workbench/player/model_workplace.h"
 #include "workbench/player/scenario.h"
 
-namespace kebu::workbench {
+namespace kebu::tests {
 
 using Lines = std::vector<std::string>;
 
-/// Lets one statement of a run fail, once, and keeps the texts of all.
-class FaultyStatement : public StatementObserver {
+/// Makes one statement of a run fail, once, and keeps the texts of all.
+class FaultyStatement : public workbench::StatementObserver {
  public:
   static constexpr const char* description = "This statement was made to fail.";
 
@@ -42,13 +34,13 @@ class FaultyStatement : public StatementObserver {
   Lines log_;
 };
 
-/// A player who answers the first error box in a given way and leaves by all that follow.
-class FaultPlayer : public Player {
+/// A player who answers the first error box in a given way, and all that follow with Abort.
+class FaultPlayer : public workbench::Player {
  public:
   FaultPlayer(std::ostream& out, std::ostream& err, msgbox::Answer answer)
       : Player(out, err), answer_(answer) {}
 
-  std::int32_t answer(const ShownMessage& box) override;
+  std::int32_t answer(const workbench::ShownMessage& box) override;
   const Lines& errors() const { return errors_; }
 
  private:
@@ -57,39 +49,33 @@ class FaultPlayer : public Player {
 };
 
 /// A scenario played on a company of its own while one statement fails.
-class Performance {
+class FaultyRun {
  public:
   /// `position` as above; `answer` is what the user presses when it fails.
-  Performance(const engine::Database& company, std::int32_t number, std::size_t position,
-              msgbox::Answer answer);
+  FaultyRun(const engine::Database& company, std::int32_t number, std::size_t position,
+            msgbox::Answer answer);
 
   /// Whether all lines could be played and all expectations held.
-  bool play(const Scenario& scenario);
-  /// Forgets the answers that no box has asked for.
+  bool play(const workbench::Scenario& scenario);
+  /// Forgets the queued answers that no box has asked for.
   void dropAnswers() { player_.answers() = {}; }
 
-  bool isOpen() const { return host_.isOpen(); }
+  bool isOpen() { return workplace_.host().isOpen(); }
   const Lines& statements() const { return statement_.log(); }
   /// The texts of the error boxes.
   const Lines& errors() const { return player_.errors(); }
-  /// What the player complained of.
+  /// The player's messages about lines that could not be played and expectations not met.
   std::string complaints() const { return complaints_.str(); }
   /// The rows that the pages write, dates left out.
   Lines rows();
 
  private:
-  std::shared_ptr<engine::Database> database_;
   std::ostream nowhere_{nullptr};
   std::ostringstream complaints_;
   FaultPlayer player_;
   FaultyStatement statement_;
-  StatementFaults noFaults_;
-  LocalPlatform platform_;
-  ModelDesktop desktop_;
-  ModelHands hands_;
-  AdoLibrary library_;
-  engine::Session session_;
-  StandInHost host_;
+  workbench::StatementFaults noFaults_;
+  workbench::ModelWorkplace workplace_;
 };
 
-}  // namespace kebu::workbench
+}  // namespace kebu::tests

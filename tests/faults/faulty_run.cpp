@@ -1,0 +1,62 @@
+#include "tests/faults/faulty_run.h"
+
+#include "common/error.h"
+#include "tests/support/statement_recorder.h"
+#include "workbench/player/result_text.h"
+
+namespace kebu::tests {
+
+using workbench::queryText;
+
+namespace {
+
+constexpr const char* writtenTables[] = {
+    "GM03_DISPOSITIVI", "GM04_PARAMETRITVRO", "GM08_ATTIVITADISPO",   "GM13_TIPISINCRO",
+    "GM56_KBDEPOSITI",  "GM57_KBLISTINI",     "GM61_KBDISCOUNTRULES", "FW01_JOB",
+};
+
+std::string rowText(const std::vector<Value>& row) {
+  std::string text;
+  for (const Value& value : row) text += '|' + (value.holds<Date>() ? "date" : queryText(value));
+  return text;
+}
+
+}  // namespace
+
+void FaultyStatement::before(const std::string& text, bool edit) {
+  log_.push_back((edit ? "edit: " : "") + withoutWorkingTableDigits(text));
+  if (log_.size() != position_) return;
+  constexpr std::int32_t raisedOnPurpose = 50000;
+  throw engine::SqlError(raisedOnPurpose, description);
+}
+
+std::int32_t FaultPlayer::answer(const workbench::ShownMessage& box) {
+  if (!workbench::offers(box.style, msgbox::abort)) return Player::answer(box);
+  errors_.push_back(box.text);
+  return errors_.size() == 1 ? answer_ : msgbox::abort;
+}
+
+FaultyRun::FaultyRun(const engine::Database& company, std::int32_t number, std::size_t position,
+                     msgbox::Answer answer)
+    : player_(nowhere_, complaints_, answer),
+      statement_(position),
+      workplace_({.user = player_,
+                  .database = company.clone(),
+                  .observer = &statement_,
+                  .company = number}) {}
+
+bool FaultyRun::play(const workbench::Scenario& scenario) {
+  return player_.play(scenario, workplace_.stage(noFaults_));
+}
+
+Lines FaultyRun::rows() {
+  Lines lines;
+  for (const std::string table : writtenTables) {
+    for (const engine::ResultSet& result : workplace_.session().execute("SELECT * FROM " + table)) {
+      for (const auto& row : result.rows) lines.push_back(table + rowText(row));
+    }
+  }
+  return lines;
+}
+
+}  // namespace kebu::tests
