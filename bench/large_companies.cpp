@@ -6,9 +6,9 @@ namespace kebu::workbench {
 
 namespace {
 
-constexpr int copies = 76;  // of the demo company's 1,300 articles, beside themselves: 100,100
+constexpr int copies = 76;  // with the 1,300 originals: 100,100 articles
 
-/// Adds copies of the company's rows, each with a number at its article's code.
+/// Adds copies of the company's rows; a number is appended to the article's code.
 void multiply(engine::Session& session, const std::string& table, const std::string& prefix,
               const std::string& codeColumn) {
   std::string columns;

@@ -2,12 +2,12 @@
 
 #include "workbench/engine/execution/session.h"
 
-// The demo company made large, for what is measured.
+// Fills the demo company with large amounts of data.
 namespace kebu::workbench {
 
-/// 100,100 articles: each of the company's 1,300 many times over, beside itself.
+/// Copies the 1,300 articles of company 1 until there are 100,100.
 void fillWithArticles(engine::Session& session);
-/// Prices of 1,000 customers for 100 articles each, in place of the demo company's.
+/// Replaces the customers' prices by 100,000: 1,000 customers with 100 articles each.
 void fillWithPrices(engine::Session& session);
 
 }  // namespace kebu::workbench

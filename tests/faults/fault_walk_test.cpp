@@ -32,7 +32,7 @@ std::string contentOf(const fs::path& path) {
   return {std::istreambuf_iterator<char>(file), {}};
 }
 
-/// Of the line "#! --company N" with which a scenario may begin.
+/// The company from the line "#! --company N" with which a scenario may begin.
 std::int32_t companyOf(const std::string& text) {
   const std::string option = "#! --company ";
   return text.starts_with(option) ? std::stoi(text.substr(option.size())) : 1;
@@ -70,10 +70,10 @@ struct ErrorText {
   std::string description;
 };
 
-/// The failing statement was told of in one box, and as what it is.
+/// The failing statement was reported in one box, with its number, procedure and description.
 void expectOneBox(const FaultyRun& run) {
   const Lines& errors = run.errors();
-  ASSERT_FALSE(errors.empty()) << "the fault passed unnoticed";
+  ASSERT_FALSE(errors.empty()) << "the fault was not reported";
   const ErrorText first(errors.front());
   EXPECT_NE(first.number, 0) << errors.front();
   EXPECT_NE(first.procedure, "") << errors.front();
@@ -85,14 +85,14 @@ void expectOneBox(const FaultyRun& run) {
   EXPECT_EQ(first.description, FaultyStatement::description);
 }
 
-/// What came before the fault is as ever.
+/// The statements before the fault are the usual ones.
 void expectSameUntil(std::size_t position, const Lines& usual, const Lines& found) {
   ASSERT_GE(found.size(), position);
   const auto end = static_cast<std::ptrdiff_t>(position);
   EXPECT_EQ(Lines(found.begin(), found.begin() + end), Lines(usual.begin(), usual.begin() + end));
 }
 
-/// No error has left the plug-in; the player tells of one by its number.
+/// No error has left the plug-in; the player would report one by its number.
 void expectNothingEscaped(const FaultyRun& run) {
   EXPECT_EQ(run.complaints().find(": error "), std::string::npos) << run.complaints();
 }

@@ -14,7 +14,7 @@ namespace {
 
 class ModelHandsTest : public testing::Test {
  protected:
-  /// What the one who makes the gesture is told; "" when it could be made.
+  /// The message of the refused gesture; "" when it could be made.
   static std::string refusalOf(const std::function<void()>& gesture) {
     try {
       gesture();

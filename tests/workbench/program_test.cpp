@@ -45,7 +45,7 @@ class ProgramTest : public testing::Test {
   Outcome play(const std::string& scenario, const std::string& options = {}) const {
     return run("play " + write("x.scenario", scenario) + " " + options);
   }
-  /// Whether the program told what is wrong in one line, and failed.
+  /// Expects that the program fails with this one line on stderr.
   void expectComplaint(const std::string& arguments, const std::string& complaint) const {
     const Outcome result = run(arguments);
     EXPECT_EQ(result.exitCode, 1) << arguments;

@@ -9,7 +9,7 @@
 
 namespace kebu::workbench {
 
-/// A window's controls need someone to turn to; here nothing should.
+/// The host that the controls need. No error is expected here.
 class SilentControlHost : public controls::ControlHost {
  public:
   std::int16_t VisualizzaErrore(const std::string& /*procedure*/,

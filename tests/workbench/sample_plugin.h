@@ -9,8 +9,8 @@
 
 namespace kebu::workbench {
 
-/// A plug-in with a sample window, that keeps of its properties only those that
-/// the tests look at.
+/// A plug-in with a sample window. It keeps only those properties that the tests
+/// read.
 class SamplePlugin : public host::Cinterface {
  public:
   explicit SamplePlugin(controls::Desktop& desktop) : form(std::make_shared<SampleForm>(desktop)) {}

@@ -9,20 +9,22 @@
 
 namespace kebu::workbench {
 
-/// What is wrong with the command line, or keeps a command from being done.
+/// A wrong command line, or a reason why a command cannot run. One line for the user.
 class CommandError : public std::runtime_error {
  public:
   using std::runtime_error::runtime_error;
 };
 
-/// The words of a command: its options with their values, and the rest.
+/// The arguments of a command: options with their values, and operands.
 class CommandLine {
  public:
-  /// `options` are those that the command has; each takes a value.
+  /// `options` are the options that the command knows; each takes a value. CommandError for
+  /// others.
   CommandLine(const std::vector<std::string>& words, const std::vector<std::string>& options);
 
   std::optional<std::string> option(const std::string& name) const;
-  /// A positive number.
+  /// The option as a positive number, or `usual` without the option. CommandError for another
+  /// text.
   std::int32_t number(const std::string& name, std::int32_t usual) const;
   const std::vector<std::string>& operands() const { return operands_; }
 

@@ -21,12 +21,12 @@ namespace {
 
 std::string readFile(const std::string& path) {
   std::ifstream file(std::filesystem::path(path), std::ios::binary);
-  // A folder can be opened like a file, but not read.
+  // Opening a folder succeeds, reading it does not.
   if (!file || std::filesystem::is_directory(path)) throw CommandError(path + " cannot be read");
   return {std::istreambuf_iterator<char>(file), std::istreambuf_iterator<char>()};
 }
 
-/// A file that is written to, or one that takes nothing without a path.
+/// A file for output. Without a path, output is discarded.
 class OutputFile {
  public:
   explicit OutputFile(const std::optional<std::string>& path) : path_(path.value_or("")) {
@@ -38,7 +38,7 @@ class OutputFile {
     check();
   }
   std::ostream& stream() { return file_; }
-  /// CommandError when not all could be written.
+  /// CommandError when the file could not be written completely.
   void check() {
     if (!path_.empty() && !file_.flush()) throw CommandError(path_ + " cannot be written");
   }

@@ -5,8 +5,8 @@
 
 namespace kebu::workbench {
 
-/// The program's commands; each gives the program's exit code and raises
-/// CommandError for what cannot be done at all.
+/// The program's commands. Each returns the program's exit code; CommandError when it
+/// cannot run.
 int newCommand(const std::vector<std::string>& words);
 int playCommand(const std::vector<std::string>& words);
 int sqlCommand(const std::vector<std::string>& words);

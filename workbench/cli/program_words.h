@@ -5,8 +5,8 @@
 
 namespace kebu::workbench {
 
-/// The words that the program was called with, in UTF-8. On Windows what it
-/// prints is made to be UTF-8 and to have plain ends of lines, too.
+/// The program's arguments in UTF-8. On Windows this also sets the output to UTF-8
+/// and to line ends without carriage return.
 std::vector<std::string> programWords(int argc, char** argv);
 
 }  // namespace kebu::workbench

@@ -9,12 +9,12 @@ class Session;
 
 namespace kebu::workbench {
 
-/// The ERP's tables, views, functions and procedures with their catalogue rows: an
-/// installation without companies.
+/// Creates the ERP's tables, views, functions and procedures, with the rows that every
+/// installation has. There are no companies yet.
 void createSchema(engine::Session& session);
 
-/// Two companies over an existing schema: 1 with a profile and data of every kind,
-/// 2 with master data only. The same rows at every load.
+/// Loads two companies: 1 with a profile and data of every kind, 2 with master data
+/// only. The rows are the same at every load.
 void loadDemo(engine::Session& session);
 
 /// A new database in memory with schema and demo data.

@@ -5,13 +5,13 @@
 
 namespace kebu::workbench {
 
-/// A T-SQL script that the build has put into the program.
+/// A T-SQL script that is embedded in the program.
 struct Script {
   std::string_view name;
   std::string_view text;
 };
 
-/// In the order in which they must run. Generated from schema/ and demo/.
+/// The scripts of schema/ and demo/ in the order in which they must run.
 std::span<const Script> schemaScripts();
 std::span<const Script> demoScripts();
 

@@ -14,15 +14,15 @@ namespace kebu::workbench {
 
 using ConnectionFactory = std::function<Ref<ado::Connection>()>;
 
-/// How the company's database is reached. Connections are made closed.
+/// How the company's database is reached. New connections are closed.
 struct CompanyDatabase {
   std::string connectionString;
   ConnectionFactory forPlugin;
-  /// The ERP's own: what runs on it is not the plug-in's doing.
+  /// For the ERP itself: its statements are not observed.
   ConnectionFactory forHost;
 };
 
-/// The embedded company; `observer`, which may be null, sees what the plug-in runs.
+/// The embedded company. `observer` sees what the plug-in runs; it may be null.
 inline CompanyDatabase embeddedCompany(const std::shared_ptr<engine::Database>& database,
                                        StatementObserver* observer) {
   return {"Provider=SQLOLEDB;Data Source=workbench;Initial Catalog=ERP",
@@ -30,7 +30,7 @@ inline CompanyDatabase embeddedCompany(const std::shared_ptr<engine::Database>& 
           [database] { return newConnection(database, nullptr); }};
 }
 
-/// Hands out connections for the plug-in.
+/// The host's service that creates connections for the plug-in.
 class Connections : public host::ConnectionProvider {
  public:
   explicit Connections(ConnectionFactory factory) : factory_(std::move(factory)) {}

@@ -4,7 +4,7 @@
 
 namespace kebu::workbench {
 
-/// The paths of an installation that is not there.
+/// The paths of an ERP installation. Nothing exists at them.
 class Environment : public host::EnvironmentService {
  public:
   void Initialize(const Ref<host::Cinterface>& /*host*/) override {}

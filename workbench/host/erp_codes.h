@@ -6,7 +6,7 @@
 
 namespace kebu::workbench {
 
-/// How an ERP table of codes is laid out.
+/// The structure of an ERP table of codes.
 struct ErpCodes {
   std::string_view table;                  ///< its prefix
   std::string_view name;                   ///< the whole name
@@ -22,7 +22,7 @@ const ErpCodes& erpCodes(std::string_view table);
 /// " WHERE …" for the company and the first of the table's keys, as many as there are values.
 std::string whereKeys(const ErpCodes& codes, const std::string& company,
                       std::span<const std::string> values);
-/// The same, in which an empty value leaves its key open.
+/// The same, but an empty value does not restrict its key.
 std::string whereGivenKeys(const ErpCodes& codes, const std::string& company,
                            std::span<const std::string> values);
 

@@ -8,7 +8,7 @@
 
 namespace kebu::workbench {
 
-/// The host's log: shows an error with all that is known of it and asks what to do.
+/// The host's log: shows an error with its details in a box with Abort, Retry and Ignore.
 class ErrorLog : public host::LogService {
  public:
   explicit ErrorLog(User& user) : user_(user) {}

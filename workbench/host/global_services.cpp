@@ -36,7 +36,7 @@ Ref<host::MessageService> GlobalServices::Messages() {
   return messages_;
 }
 
-// The host shows whose record is in use; the workbench has nothing to show it on.
+// The ERP shows which record is in use; the workbench has no window for that.
 void GlobalServices::RefreshStatus(const Ref<host::NamedObject>& /*activeFrame*/) {}
 
 Ref<host::LogService> GlobalServices::CreateLog() {

@@ -14,13 +14,13 @@
 
 namespace kebu::workbench {
 
-/// What the stand-in host works with. The references outlive it.
+/// What the stand-in host needs. The references outlive it.
 struct HostSurroundings {
   User& user;
   CompanyDatabase database;
   std::int32_t company = 1;
   Translations translations;
-  /// Told in words of what the plug-in does with the host's object models.
+  /// Called with a text for each use that the plug-in makes of the host's object models.
   std::function<void(const std::string&)> journal;
 };
 
@@ -29,11 +29,11 @@ class GlobalServices : public host::ClsGlobal {
  public:
   explicit GlobalServices(const HostSurroundings& surroundings);
 
-  /// The names of the services that can be withheld.
+  /// The names of the services that withhold() knows.
   static const std::set<std::string, std::less<>>& serviceNames();
-  /// From now on the host does not offer the service.
+  /// From now on the host does not offer this service.
   void withhold(const std::string& service) { withheld_.insert(service); }
-  /// The user's script refuses the event the next time.
+  /// The next time, the user's script refuses this event.
   void refuseNext(const std::string& event) { refused_.insert(event); }
 
   std::string ConnectionString() override;

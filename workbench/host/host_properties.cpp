@@ -41,7 +41,7 @@ template <auto Get>
 std::string getValue(Cinterface& plugin) {
   return toDisplay((plugin.*Get)());
 }
-/// Of an object all that can be told is whether it is there.
+/// For an object, whether there is one.
 template <auto Get>
 std::string getObject(Cinterface& plugin) {
   return (plugin.*Get)() ? "set" : "none";

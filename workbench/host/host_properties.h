@@ -8,17 +8,17 @@
 
 namespace kebu::workbench {
 
-/// A property of the plug-in's contract, as texts.
+/// A property of the plug-in's contract, read and written as text.
 struct HostProperty {
   std::string_view name;
-  /// Nothing for a property that only objects can be put into.
+  /// Null for a property whose value is an object.
   void (*set)(host::Cinterface& plugin, const std::string& value);
   std::string (*get)(host::Cinterface& plugin);
 };
 
-/// In the contract's order.
+/// All properties in the order of the contract.
 std::span<const HostProperty> hostProperties();
-/// By name, case aside; null when there is none.
+/// Finds a property by name, ignoring case; null when there is none.
 const HostProperty* findHostProperty(std::string_view name);
 
 }  // namespace kebu::workbench

@@ -12,8 +12,8 @@
 
 namespace kebu::workbench {
 
-/// The operating system as the workbench gives it: trace lines go to a stream,
-/// the system's message boxes to the user. A clock may replace the system's.
+/// The workbench's operating system for the plug-in: trace lines go to a stream and
+/// message boxes to the user. A clock can replace the system's.
 class LocalPlatform : public Platform {
  public:
   LocalPlatform(User& user, std::ostream& trace, std::function<Date()> clock = nullptr)

@@ -32,7 +32,7 @@ host::LookupDefinition Lookups::Customers(const std::string& company) {
           {"Codice cliente", "Ragione sociale", "Localita'", "Provincia"}};
 }
 
-// A variant's code is its number behind an "A".
+// The code of a variant is the letter A followed by its number.
 host::LookupDefinition Lookups::Configurator(const std::string& company) {
   return {"Elenco varianti configuratore",
           "SELECT SUBSTRING(MG5F_CODICEVAR, 2, 9), MG5F_DESCR_VAR FROM MG5F_DIMECONF WITH (NOLOCK)"

@@ -7,10 +7,10 @@
 
 namespace kebu::workbench {
 
-/// Told of each object that is registered, in words.
+/// Called with a text for each registered object.
 using RegistrationListener = std::function<void(const std::string&)>;
 
-/// The host's layout model: the object registered is the one to use.
+/// The host's layout model. It never replaces a registered object by another.
 class LayoutModel : public host::LayoutModel {
  public:
   explicit LayoutModel(RegistrationListener listener);
@@ -22,7 +22,7 @@ class LayoutModel : public host::LayoutModel {
   RegistrationListener listener_;
 };
 
-/// Runs the user's script for an event; whether the script refuses it.
+/// Runs the user's script for an event and returns whether the script refuses it.
 using ScriptRunner = std::function<bool(const std::string& event)>;
 
 /// The host's script model.

@@ -8,7 +8,7 @@
 
 namespace kebu::workbench {
 
-/// Saved conditions; they last as long as the workbench runs.
+/// Saved conditions, kept in memory while the workbench runs.
 class SavedFilters : public host::SavedFilterService {
  public:
   void Initialize(const Ref<host::Cinterface>& /*host*/) override {}

@@ -7,7 +7,7 @@
 
 namespace kebu::workbench {
 
-/// A look-up list as the user has it before them.
+/// An open look-up list as the user sees it.
 class ShownList {
  public:
   virtual ~ShownList() = default;

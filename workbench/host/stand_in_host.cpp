@@ -8,7 +8,7 @@ namespace kebu::workbench {
 
 namespace {
 
-/// What the ERP gives a plug-in for a user who may do everything.
+/// The properties that the ERP sets for a user with all rights.
 constexpr std::pair<const char*, const char*> usualProperties[] = {
     {"CanInsert", "on"},
     {"CanDelete", "on"},
@@ -53,11 +53,11 @@ void StandInHost::fill(host::Cinterface& plugin) {
 void StandInHost::open() {
   navigator_ = makeRef<host::Navigator>();
   plugin_ = createPlugin_();
-  // A modal window may be closed, and the plug-in let go, before ShowForm returns.
+  // A modal window may be closed, and plugin_ released, before ShowForm returns.
   const Ref<host::Cinterface> shown = plugin_;
   fill(*shown);
   shown->ShowForm();
-  // The navigator has nothing to tell once a modal window was left.
+  // When ShowForm returns from a modal window, the window is closed already.
   if (!shown->WindowModal()) tellNavigator();
 }
 

@@ -12,11 +12,11 @@
 
 namespace kebu::workbench {
 
-/// Makes the plug-in, as the system's class factory would.
+/// Creates the plug-in, as the class factory does in the ERP.
 using PluginFactory = std::function<Ref<host::Cinterface>()>;
 
-/// Does with the plug-in what the ERP does: creates it, fills its properties,
-/// shows and closes its window, and lets it go.
+/// Treats the plug-in as the ERP does: creates it, sets its properties, shows and
+/// closes its window, and releases it.
 class StandInHost {
  public:
   StandInHost(PluginFactory createPlugin, const HostSurroundings& surroundings);
@@ -27,16 +27,16 @@ class StandInHost {
   GlobalServices& services() { return *global_; }
   const HostStatusBar& statusBar() const { return *statusBar_; }
 
-  /// For the plug-in that is there and for those to come.
+  /// Sets the property of the current plug-in and of those that open() creates later.
   void set(const HostProperty& property, const std::string& value);
   bool isOpen() const { return static_cast<bool>(plugin_); }
-  /// Nothing while no plug-in is there.
+  /// Null while no window is open.
   const Ref<host::Cinterface>& plugin() const { return plugin_; }
 
   void open();
-  /// The navigator asks for what belongs into the host's object models.
+  /// Raises the navigator's events that ask the plug-in to register its objects.
   void tellNavigator();
-  /// Whether the window is gone; if so the plug-in is, too.
+  /// Returns whether the window was closed. The plug-in is released then.
   bool close();
 
  private:

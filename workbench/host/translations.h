@@ -6,15 +6,15 @@
 
 namespace kebu::workbench {
 
-/// Texts in the user's language by their Italian original.
+/// Translations of the Italian texts.
 class Translations {
  public:
   Translations() = default;
-  /// Reads lines of the Italian text, a tab and the translation; empty lines are
-  /// skipped. std::runtime_error names the line that is neither.
+  /// Parses lines of Italian text, tab and translation; empty lines are skipped.
+  /// std::runtime_error names the first line of another form.
   static Translations parse(std::string_view text);
 
-  /// The text itself when it has no translation.
+  /// Returns the text itself when it has no translation.
   const std::string& translate(const std::string& text) const;
   std::size_t size() const { return texts_.size(); }
 

@@ -9,14 +9,14 @@ namespace kebu::workbench {
 
 class ShownList;
 
-/// The person before the screen: everything that waits for one goes through here.
+/// The person at the screen. Everything that waits for a person calls this.
 class User {
  public:
   virtual ~User() = default;
 
-  /// The button pressed.
+  /// Returns the button that is pressed.
   virtual std::int32_t answer(const ShownMessage& box) = 0;
-  /// Takes a row of the list, or leaves it.
+  /// Chooses a row of the list, or none.
   virtual void chooseFrom(ShownList& list) = 0;
   /// Works in a modal window until it is closed.
   virtual void workIn(controls::Form& form) = 0;

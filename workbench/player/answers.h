@@ -9,8 +9,9 @@
 
 namespace kebu::workbench {
 
-/// Decides how message boxes are answered: as was queued, else by their default
-/// buttons. Someone who presses Retry for ever is stopped.
+/// Decides how message boxes are answered: by the queued answers, then by the
+/// default buttons. A scenario that answers the same box with Retry again and again
+/// is stopped.
 class Answers {
  public:
   struct Decision {

@@ -45,7 +45,7 @@ void printHost(Player& player) {
   }
 }
 
-/// A state of a control that is neither its value nor its content.
+/// A property of a control that can be checked beside its value.
 struct Aspect {
   std::string_view name;
   bool isFlag;
@@ -71,14 +71,14 @@ constexpr Aspect aspects[] = {
     {"caption", false, [](const ControlView& v) { return v.caption; }},
     {"rows", false,
      [](const ControlView& v) {
-       // A combo's or bar's entries are its rows.
+       // For a combo or a bar the number of its entries.
        return std::to_string(v.items.empty() ? gridOf(v).rowCount
                                              : static_cast<std::int32_t>(v.items.size()));
      }},
     {"row", false, [](const ControlView& v) { return std::to_string(gridOf(v).currentRow); }},
 };
 
-/// Check boxes and cells may be stated as people say it.
+/// Check boxes and cells may be given as on and off.
 bool sameValue(const std::string& expected, const std::string& found) {
   return expected == found || (expected == "on" && found == "1") ||
          (expected == "off" && found == "0");
@@ -111,7 +111,7 @@ void expectContent(Player& player, const std::string& control, const std::string
   Hands& hands = player.stage().hands;
   const std::string found = hands.value(control);
   const ControlView view = hands.look(control, {});
-  // What is masked on the screen is not told by a failing check either.
+  // A password must not appear in the output of a failing check.
   const std::string told = isMarked(view, "masked") ? *view.value : found;
   player.check(sameValue(expected, found), control, expected, told);
 }

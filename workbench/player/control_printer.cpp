@@ -34,13 +34,13 @@ void addItems(TextTable& table, const ControlView& view, const std::string& inde
 void addChildren(TextTable& table, const ControlView& view, const std::string& indent) {
   for (const ControlView& child : view.children) {
     addControl(table, child, indent);
-    // A combo's other choices are of interest only when it is looked at by itself.
+    // A combo's entries are printed only when the combo itself is.
     if (!child.value) addItems(table, child, indent + "  - ");
     addChildren(table, child, indent + "  ");
   }
 }
 
-/// The mark before a row: what its state column says.
+/// The mark printed before a row, from its state column.
 std::string markOf(const std::string& state) {
   if (state == "1") return "+";
   if (state == "2") return "!";

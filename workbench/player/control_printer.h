@@ -8,7 +8,7 @@
 namespace kebu::workbench {
 
 void printControl(std::ostream& out, const ControlView& view);
-/// The list's beginning; what follows is told by its number of rows.
+/// Prints the first rows of the list and how many follow.
 void printLookup(std::ostream& out, ShownList& list);
 
 }  // namespace kebu::workbench

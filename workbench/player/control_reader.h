@@ -9,11 +9,11 @@
 
 namespace kebu::workbench {
 
-/// What a person sees of a control, from its model; `rows` matters for a grid.
+/// What a person sees of a control, read from its model. `rows` is used for a grid.
 ControlView viewOf(controls::Control& control, const RowRange& rows);
-/// What a control holds as a text; StepError for one that holds nothing.
+/// The value of a control as text. StepError for a control that has none.
 std::string valueOf(const controls::Control& control);
-/// The text of a cell of a column, or of a field that no column shows.
+/// The text of a cell: of a column, or of a field of the recordset that no column shows.
 std::string cellTextOf(controls::QueryGrid& grid, std::int32_t row, const std::string& field);
 
 }  // namespace kebu::workbench

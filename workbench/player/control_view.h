@@ -9,12 +9,12 @@ namespace kebu::workbench {
 
 struct GridCellView {
   std::string text;
-  bool locked = false;  ///< of a column that is edited elsewhere
+  bool locked = false;  ///< cannot be changed although the column is editable
 };
 
 struct GridRowView {
   std::int32_t number = 0;
-  std::string state;  ///< "" when none is kept
+  std::string state;  ///< "" when the grid has no state column
   std::vector<GridCellView> cells;
 };
 
@@ -25,7 +25,7 @@ struct GridColumnView {
 
 struct GridView {
   std::vector<GridColumnView> columns;
-  std::vector<GridRowView> rows;  ///< those asked for
+  std::vector<GridRowView> rows;  ///< the requested ones
   std::int32_t rowCount = 0;
   std::int32_t currentRow = 0;
 };
@@ -40,7 +40,7 @@ struct ItemView {
 struct ControlView {
   std::string name;
   std::string caption;
-  std::optional<std::string> value;  ///< for the eye: a combo's code with its caption
+  std::optional<std::string> value;  ///< as displayed: a combo's code with its caption
   bool enabled = true;
   bool visible = true;
   std::vector<std::string> marks;  ///< "read-only", "required", "look-up"

@@ -57,7 +57,7 @@ std::optional<std::int32_t> rowAfter(const Words& arguments, std::size_t count) 
   return toNumber(arguments[count]);
 }
 
-/// The place of a query editor's field, from 1.
+/// The number of a query editor's field, from 1.
 std::size_t fieldOf(Hands& hands, const std::string& editor, const std::string& caption) {
   const std::vector<ItemView> fields = hands.look(editor, {}).items;
   const auto at = std::find_if(fields.begin(), fields.end(),

@@ -8,15 +8,15 @@
 
 namespace kebu::workbench {
 
-/// Which rows of a grid to look at, counted from 1.
+/// A range of grid rows, counted from 1. By default empty.
 struct RowRange {
   std::int32_t first = 1;
   std::int32_t last = 0;
 };
 
-/// Acts on the window that the user has before them, and looks at it. Controls
-/// go by their names. StepError or controls::GestureRefused when something is
-/// not there or cannot be done.
+/// Makes a user's gestures in the window in front, and reads what it shows. Controls
+/// are identified by name. StepError when a control does not exist or is of the wrong
+/// kind, controls::GestureRefused when a person could not make the gesture.
 class Hands {
  public:
   virtual ~Hands() = default;
@@ -35,12 +35,12 @@ class Hands {
   virtual void lookup(const std::string& box) = 0;
   virtual void lookupCell(const std::string& grid, std::int32_t row, const std::string& field) = 0;
   virtual void activateWindow() = 0;
-  /// Keeps what the screen shows of the window, if there is a screen, under a name.
+  /// Saves a picture of the window under that name. Does nothing without a screen.
   virtual void takePicture(const std::string& name) = 0;
 
-  /// `rows` matters for a grid.
+  /// `rows` is used for a grid.
   virtual ControlView look(const std::string& control, const RowRange& rows) = 0;
-  /// What the control holds: an edit box's text, a combo's code, a check's 1 or 0.
+  /// The control's value: an edit box's text, a combo's code, a check box's 1 or 0.
   virtual std::string value(const std::string& control) = 0;
   virtual std::string cellText(const std::string& grid, std::int32_t row,
                                const std::string& field) = 0;

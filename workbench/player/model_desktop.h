@@ -9,7 +9,7 @@
 
 namespace kebu::workbench {
 
-/// A list on a screen that nobody sees.
+/// A look-up list without a screen.
 class ModelList : public ShownList {
  public:
   explicit ModelList(controls::LookupList& list) : list_(list) {}
@@ -25,8 +25,8 @@ class ModelList : public ShownList {
   controls::LookupList& list_;
 };
 
-/// A screen that nobody sees: knows which windows are on it, and hands what is
-/// modal to the user.
+/// A desktop without a screen. Keeps the order of the shown windows; modal windows
+/// and look-up lists are passed to the user.
 class ModelDesktop : public controls::Desktop {
  public:
   explicit ModelDesktop(User& user) : user_(user) {}
@@ -37,13 +37,13 @@ class ModelDesktop : public controls::Desktop {
   void runLookup(controls::LookupList& list) override;
   void repaint() override {}
 
-  /// The window in front; nothing when there is none.
+  /// The window in front; null when none is shown.
   controls::Form* front() const { return forms_.empty() ? nullptr : forms_.back(); }
   bool shows(const controls::Form& form) const;
 
  private:
   User& user_;
-  std::vector<controls::Form*> forms_;  // the one in front last
+  std::vector<controls::Form*> forms_;  // the front window is the last
 };
 
 }  // namespace kebu::workbench

@@ -6,7 +6,7 @@
 
 namespace kebu::workbench {
 
-/// Makes the gestures on the models of the window in front.
+/// Hands that act on the control models of the window in front.
 class ModelHands : public Hands {
  public:
   explicit ModelHands(ModelDesktop& desktop) : desktop_(desktop) {}
@@ -36,7 +36,7 @@ class ModelHands : public Hands {
  private:
   controls::Form& window() const;
   controls::Control& control(const std::string& name) const;
-  /// The control of that name and kind; `kind` in words for the one who is told that it is not.
+  /// The control of that name and kind. `kind` names the kind in the error, such as "a button".
   template <class Kind>
   Kind& find(const std::string& name, const char* kind) const;
 

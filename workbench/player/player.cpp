@@ -68,7 +68,7 @@ bool Player::report() {
 }
 
 void Player::complain(const std::string& message) {
-  out_.flush();  // both streams may end in the same file
+  out_.flush();  // both streams may go to the same file
   err_ << scenario_->name() << ':' << line_ << ": " << message << '\n';
 }
 
@@ -80,7 +80,7 @@ void Player::stop(const std::string& message) {
 std::int32_t Player::answer(const ShownMessage& box) {
   messages_.add(box);
   printBox(out_, box);
-  // Nothing is left to play: the user only wants to get out.
+  // After the end of the scenario every box is answered with the button that changes least.
   Answers::Decision decision{wayOut(box.style), false, ""};
   if (!stopped_) decision = answers_.decide(box);
   printAnswer(out_, box, decision);
@@ -96,7 +96,7 @@ void Player::chooseFrom(ShownList& list) {
   try {
     list.choose(*lookup_->row);
   } catch (const controls::GestureRefused& refusal) {
-    // Not to be taken for an error of the plug-in, through which it would pass.
+    // Caught here: otherwise it would pass through the plug-in and be taken for its error.
     stop(refusal.what());
   }
 }

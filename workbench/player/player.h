@@ -18,28 +18,28 @@
 
 namespace kebu::workbench {
 
-/// What a scenario is played on.
+/// What a scenario acts on.
 struct Stage {
   StandInHost& host;
   Hands& hands;
   /// For statements that are not the plug-in's.
   engine::Session& session;
   StatementFaults& faults;
-  /// Does something where the host lives, which may be another thread. Returns
-  /// when it is done, or waits for the user.
+  /// Runs something on the host's thread, which may be another one. Returns when it
+  /// is done or waits for the user.
   std::function<void(std::function<void()>)> atHost = [](const std::function<void()>& work) {
     work();
   };
 };
 
-/// Plays a scenario line by line, and is the user to whom boxes, lists and
-/// modal windows turn meanwhile: in a modal window it goes on with the lines
-/// that follow.
+/// Plays a scenario line by line. It is also the user that message boxes, lists and
+/// modal windows turn to: while a modal window is open, it plays the following lines
+/// in it.
 class Player : public User {
  public:
   Player(std::ostream& out, std::ostream& err) : out_(out), err_(err) {}
 
-  /// Whether every line could be played and every expectation held.
+  /// Returns whether every line could be played and every expectation held.
   bool play(const Scenario& scenario, const Stage& stage);
 
   std::int32_t answer(const ShownMessage& box) override;
@@ -54,9 +54,10 @@ class Player : public User {
   std::ostream& out() { return out_; }
   Answers& answers() { return answers_; }
   ShownMessages& messages() { return messages_; }
-  /// Makes the gesture that opens a look-up and takes `row` from the list.
+  /// Makes the gesture that opens a look-up, and chooses `row` in the list; without a row the
+  /// list is only printed. StepError when a row is given and no list opens.
   void playLookup(const std::function<void()>& gesture, std::optional<std::int32_t> row);
-  /// Counts an expectation, and tells of one that does not hold.
+  /// Counts an expectation and reports one that does not hold.
   void check(bool holds, const std::string& what, const std::string& expected,
              const std::string& found);
 

@@ -10,7 +10,7 @@ std::string queryText(const Value& value) {
   if (value.isNull() || value.isEmpty()) return "NULL";
   if (value.holds<bool>()) return value.as<bool>() ? "1" : "0";
   if (value.holds<Date>()) return value.as<Date>().toIso();
-  // As a query tool shows it: with the digits that the column keeps.
+  // With all decimal places of the column, as a query tool does.
   if (value.holds<Decimal>()) return value.as<Decimal>().toString();
   return value.isNumber() ? toSqlNumber(value) : toText(value);
 }

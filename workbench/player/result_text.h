@@ -8,9 +8,9 @@
 
 namespace kebu::workbench {
 
-/// A value as a query tool shows it, whatever the locale; null as NULL.
+/// A value as a query tool shows it, independent of the locale; null as NULL.
 std::string queryText(const Value& value);
-/// The names of the columns and the rows, cells separated by tabs.
+/// Writes the column names and the rows, cells separated by tabs.
 void writeResult(std::ostream& out, const engine::ResultSet& result,
                  const std::string& indent = {});
 /// The first row of the first result that has columns, cells separated by '|';

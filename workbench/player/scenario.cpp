@@ -8,7 +8,7 @@ namespace kebu::workbench {
 
 namespace {
 
-/// Takes a line apart, one character after the other.
+/// Splits a line into words.
 class WordSplitter {
  public:
   explicit WordSplitter(std::string_view line) : line_(line) {}

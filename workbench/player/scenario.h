@@ -7,7 +7,7 @@
 
 namespace kebu::workbench {
 
-/// A step that cannot be taken, told in one line.
+/// A step that cannot be played. The text is one line.
 class StepError : public std::runtime_error {
  public:
   using std::runtime_error::runtime_error;
@@ -20,14 +20,14 @@ struct ScenarioLine {
 };
 
 /// Splits a line into words as a shell does: single quotes keep everything,
-/// within double quotes a backslash frees '"' and '\', elsewhere any character;
+/// within double quotes a backslash escapes '"' and '\', elsewhere any character;
 /// '#' at a word's beginning starts a comment. StepError for an open quote.
 std::vector<std::string> splitWords(std::string_view line);
 
-/// A scenario's lines that hold a step.
+/// The lines of a scenario that contain a step.
 class Scenario {
  public:
-  /// StepError names the line that cannot be split.
+  /// StepError names a line that cannot be split.
   static Scenario parse(const std::string& name, std::string_view text);
 
   const std::string& name() const { return name_; }

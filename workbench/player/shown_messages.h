@@ -7,11 +7,11 @@
 
 namespace kebu::workbench {
 
-/// The message boxes that no check has asked for yet, oldest first.
+/// The message boxes that no check has matched yet, oldest first.
 class ShownMessages {
  public:
   void add(const ShownMessage& box) { boxes_.push_back(box); }
-  /// Whether one contains `text`; it and those before it count as asked for.
+  /// Returns whether a box contains `text`, and removes it and the boxes before it.
   bool take(const std::string& text) {
     for (std::size_t i = 0; i < boxes_.size(); ++i) {
       if (boxes_[i].text.find(text) == std::string::npos) continue;

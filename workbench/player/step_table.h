@@ -10,10 +10,10 @@ namespace kebu::workbench {
 class Player;
 using Words = std::vector<std::string>;
 
-/// A kind of line: what stands in it, and what it does.
+/// A kind of step: its name, its arguments and its function.
 struct Step {
   std::string_view name;
-  std::size_t least;  ///< arguments
+  std::size_t least;  ///< least number of arguments
   std::size_t most;
   std::string_view arguments;
   std::string_view help;
@@ -21,7 +21,7 @@ struct Step {
 };
 
 std::span<const Step> stepTable();
-/// Takes the step that the words state; StepError when they state none.
+/// Runs the step that the words describe. StepError for an unknown step or wrong arguments.
 void runStep(Player& player, const Words& words);
 
 }  // namespace kebu::workbench

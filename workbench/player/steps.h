@@ -6,7 +6,7 @@
 #include "workbench/player/player.h"
 #include "workbench/player/step_table.h"
 
-// The steps by what they are about. Arguments are without the step's name.
+// The functions of the steps, one source file a group. `arguments` leaves out the step's name.
 namespace kebu::workbench::steps {
 
 // host_steps.cpp
@@ -39,7 +39,7 @@ void picture(Player& player, const Words& arguments);
 void print(Player& player, const Words& arguments);
 void expect(Player& player, const Words& arguments);
 
-/// What arguments have in common; StepError for what they are not.
+// Conversions of arguments; StepError for another text.
 bool isNumber(const std::string& text);
 std::int32_t toNumber(const std::string& text);
 bool toFlag(const std::string& text);

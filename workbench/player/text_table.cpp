@@ -6,7 +6,7 @@ namespace kebu::workbench {
 
 namespace {
 
-/// Characters, not bytes: those that continue a UTF-8 sequence take no room.
+/// The number of characters: continuation bytes of UTF-8 are not counted.
 std::size_t width(const std::string& text) {
   return static_cast<std::size_t>(std::count_if(text.begin(), text.end(), [](char c) {
     return (static_cast<unsigned char>(c) & 0xC0U) != 0x80U;

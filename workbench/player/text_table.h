@@ -7,7 +7,7 @@
 
 namespace kebu::workbench {
 
-/// Lines of cells whose columns stand beneath each other.
+/// A table printed as text with aligned columns.
 class TextTable {
  public:
   void add(std::vector<std::string> line) { lines_.push_back(std::move(line)); }
