@@ -1,5 +1,5 @@
-# Has the headers that nearly every source includes read once for all. The native debug build does
-# without, so that a source that forgets to include one of them is still found.
+# Precompiles the headers that nearly every source includes. The native debug build does not, so that a
+# missing include is found there.
 
 target_precompile_headers(kebu_common PRIVATE
   <algorithm> <cstdint> <functional> <map> <memory> <optional> <string> <string_view> <utility>

@@ -1,5 +1,5 @@
-# Common to the project's commands: sourced, not run. Goes to the project's root, and from then on
-# ends the command with one line when something fails.
+# Shared by the project's commands: sourced, not run. Changes to the project's root. From then on a
+# failing line ends the command with a message.
 
 set -Eeuo pipefail
 shopt -s inherit_errexit
@@ -19,7 +19,7 @@ fail() {
 
 trap 'fail "line $LINENO failed: $BASH_COMMAND"' ERR
 
-# Installs those of the packages that are missing.
+# Installs the packages that are missing.
 need_packages() {
   local package state missing=()
   for package in "$@"; do
@@ -37,7 +37,7 @@ need_packages() {
   } >build/packages.log 2>&1 || { tail -n 20 build/packages.log >&2; fail "apt-get failed, see build/packages.log"; }
 }
 
-# A node that came from elsewhere than Debian will do, if it is not too old.
+# A Node.js that was not installed by apt is accepted, if it is new enough.
 need_node() {
   local packages=()
   command -v node >/dev/null || packages+=(nodejs ca-certificates)
@@ -47,7 +47,7 @@ need_node() {
     fail "node $(node --version) is too old, 18 or newer is needed"
 }
 
-# build PRESET [TARGET...]: quiet unless it fails.
+# build PRESET [TARGET...]: prints the compiler's output only when the build fails.
 build() {
   local preset=$1
   shift

@@ -1,5 +1,5 @@
-# Rows for a person to read: sourced. Input is what `workbench sql` prints, fields between tabs and a
-# first line with their names. Not column(1): a bare system has none, and it counts bytes.
+# Prints the output of `workbench sql` as aligned tables: sourced. The input has tabs between fields and
+# the names in its first line. column(1) is not always installed, and counts bytes.
 
 # Reads the input into the array `cells`, row by row, and sets `columns` and `rows`.
 read_cells() {
@@ -7,7 +7,7 @@ read_cells() {
   cells=() columns=0 rows=0
   while IFS= read -r line; do
     line=${line%$'\r'}
-    # Not read -a: tabs are blanks to it, and an empty field between two of them would be lost.
+    # read -a would lose empty fields, since it takes several tabs for one separator.
     fields=()
     while [[ $line == *$'\t'* ]]; do
       fields+=("${line%%$'\t'*}")
@@ -25,10 +25,10 @@ no_rows() {
   printf '  (no rows)\n'
 }
 
-# print_padded TEXT WIDTH: counts characters, which printf does not.
+# print_padded TEXT WIDTH: pads to a number of characters; printf counts bytes.
 print_padded() { printf '%s%*s' "$1" $(($2 - ${#1})) ''; }
 
-# One line a row, columns aligned. A beginning that all names share, GM57_, is left to the title.
+# One line for each row. A prefix that all names share, such as GM57_, is left out.
 show_table() {
   local cells columns rows row column width widths=() line prefix shared=1
   read_cells
@@ -57,7 +57,7 @@ show_table() {
   done
 }
 
-# One line a field: for tables that are wider than a screen.
+# One line for each field, for tables that are wider than a screen.
 show_fields() {
   local cells columns rows row column name width=0
   read_cells

@@ -1,9 +1,9 @@
 #!/usr/bin/env bash
-# clang-tidy over every source of the project that a build knows. One that was clean is not looked at
-# again until it, a header of the project that it includes, its compilation or .clang-tidy changes.
+# Runs clang-tidy on every source that a build compiles. A source without findings is not checked again
+# until it, a header of the project that it includes, or .clang-tidy changes.
 #
-#   tools/tidy.sh BUILD_FOLDER [all]    without "all" the tests are left out: they would take as long
-#                                       again as everything else
+#   tools/tidy.sh BUILD_FOLDER [all]    without "all" the tests are left out: they take as long as
+#                                       everything else
 
 source "$(dirname "${BASH_SOURCE[0]}")/setup.sh"
 
@@ -15,12 +15,12 @@ mkdir -p "$stamps"
 root=$PWD
 common_key=$({ clang-tidy --version; cat .clang-tidy; } | sha256sum)
 
-# What each source was made of, from the project itself: lines "source<tab>file".
+# The project's files that each source includes, as lines "source<tab>file".
 made_of() {
   ninja -C "$build" -t deps | awk -v root="$root/" '
     /^[^ ].*#deps/ { source = ""; next }
     /^ / {
-      sub(/^ +(\.\.\/)*/, "")  # a compiler cache makes them relative
+      sub(/^ +(\.\.\/)*/, "")  # with a compiler cache the paths are relative
       if (substr($0, 1, length(root)) == root) $0 = substr($0, length(root) + 1)
       if ($0 ~ /^\// || $0 ~ /^build\// || $0 !~ /\.(cpp|h)$/) next
       if (source == "") source = $0
@@ -36,9 +36,9 @@ while IFS=$'\t' read -r source file; do
   [[ $scope == all || $source != tests/* ]] || continue
   if [[ -f $source ]]; then content_of[$source]+="$file ${hash_of[$file]:-}"$'\n'; fi
 done < <(made_of)
-[[ ${#content_of[@]} -gt 0 ]] || fail "$build does not know what its sources include"
+[[ ${#content_of[@]} -gt 0 ]] || fail "$build has no record of includes; build it first"
 
-# A source's stamp is named after it, and holds the key of what was clean.
+# The stamp of a source holds the hash of the content that had no findings.
 todo=()
 for source in "${!content_of[@]}"; do
   key=$(sha256sum <<<"$common_key${content_of[$source]}")
@@ -62,5 +62,5 @@ if [[ ${#todo[@]} -gt 0 ]]; then
   printf '%s\0' "${todo[@]}" |
     xargs -0 -n 3 -P "$(nproc)" bash -c 'tidy_one "$0" "$@"' "$build" || failed=1
 fi
-printf 'clang-tidy: %d sources, %d looked at\n' "${#content_of[@]}" $((${#todo[@]} / 3))
+printf 'clang-tidy: %d sources, %d checked\n' "${#content_of[@]}" $((${#todo[@]} / 3))
 exit "$failed"

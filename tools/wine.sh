@@ -1,14 +1,14 @@
-# Windows programs under Wine: sourced, after setup.sh. What is started here ends with the shell.
+# Runs Windows programs under Wine: sourced, after setup.sh. What it starts ends with the shell.
 
 windows_workbench=build/windows-x64/workbench/workbench.exe
 
 export WINEPREFIX=$PWD/build/wine WINEARCH=win64 WINEDEBUG=${WINEDEBUG:--all}
 
-# Wine's remark that a 32-bit Wine is missing tells nothing new.
+# Removes Wine's messages about the missing 32-bit version.
 in_wine() { wine "$@" 2> >(sed -e '/wine32/d' -e '/multiarch/d' -e '/^wine: configuration/d' -e '/^$/d' >&2); }
 
-# A screen for windows that nobody is to see, with a window manager. It must be there before Wine's
-# server, which keeps the screen that it was started with.
+# Starts a virtual screen with a window manager. It must exist before Wine's server, which keeps the
+# screen that it was started with.
 start_virtual_screen() {
   local number pids=()
   mkdir -p build

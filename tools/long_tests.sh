@@ -1,0 +1,47 @@
+# The parts of `./test long`: checks that take too long for every run. Sourced by ./test.
+#
+# To add a part, add a line to the table and a function long_NAME that fails when the check does.
+
+long_parts=(
+  "openings|the real window opened and closed 200 times, nothing left behind (Wine)"
+  "tidy|clang-tidy over every source, the tests included"
+  "bench|the benchmarks; fails when one is above its aim"
+)
+
+long_openings() (
+  need_windows_packages
+  build windows-x64
+  source tools/wine.sh
+  start_virtual_screen
+  in_wine build/windows-x64/tests/windows/window_check.exe \
+    'build\windows-x64\workbench\KEBU_ANAGKELMORIA.dll' 200
+)
+
+long_tidy() {
+  need_native_packages
+  build debug
+  tools/tidy.sh build/debug all
+}
+
+long_bench() { bench/run; }
+
+# long_tests [NAME]: lists the parts, or runs one of them.
+long_tests() {
+  local part start=$SECONDS
+  if [[ $# -eq 0 ]]; then
+    for part in "${long_parts[@]}"; do printf '  %-10s %s\n' "${part%%|*}" "${part#*|}"; done
+    return
+  fi
+  [[ $# -eq 1 ]] || fail "use: ./test long [NAME]"
+  for part in "${long_parts[@]}"; do
+    [[ ${part%%|*} == "$1" ]] || continue
+    say "${part#*|}"
+    if "long_$1"; then
+      say "passed  $1 ($((SECONDS - start)) s)"
+      return
+    fi
+    say "FAILED  $1 ($((SECONDS - start)) s)"
+    exit 1
+  done
+  fail "no long part is called $1 (./test long lists them)"
+}
