@@ -1,6 +1,6 @@
 #include "workbench/player/scenario.h"
 
-#include <optional>
+#include <utility>
 
 #include "common/convert.h"
 
@@ -18,7 +18,7 @@ class WordSplitter {
       const char c = line_[at_++];
       if (c == ' ' || c == '\t') {
         finishWord();
-      } else if (c == '#' && !word_) {
+      } else if (c == '#' && !inWord_) {
         break;
       } else if (c == '\'') {
         takeSingleQuoted();
@@ -34,39 +34,40 @@ class WordSplitter {
 
  private:
   void put(char c) {
-    if (!word_) word_.emplace();
-    *word_ += c;
+    inWord_ = true;
+    word_ += c;
   }
   void finishWord() {
-    if (word_) words_.push_back(std::move(*word_));
-    word_.reset();
+    if (inWord_) words_.push_back(std::exchange(word_, {}));
+    inWord_ = false;
   }
   char escaped() {
     if (at_ == line_.size()) throw StepError("nothing follows the backslash");
     return line_[at_++];
   }
   void takeSingleQuoted() {
-    if (!word_) word_.emplace();
+    inWord_ = true;
     const std::size_t end = line_.find('\'', at_);
     if (end == std::string_view::npos) throw StepError("a single quote is not closed");
-    *word_ += line_.substr(at_, end - at_);
+    word_ += line_.substr(at_, end - at_);
     at_ = end + 1;
   }
   void takeDoubleQuoted() {
-    if (!word_) word_.emplace();
+    inWord_ = true;
     while (at_ < line_.size()) {
       char c = line_[at_++];
       if (c == '"') return;
       const char next = at_ < line_.size() ? line_[at_] : '\0';
       if (c == '\\' && (next == '"' || next == '\\')) c = line_[at_++];
-      *word_ += c;
+      word_ += c;
     }
     throw StepError("a double quote is not closed");
   }
 
   std::string_view line_;
   std::size_t at_ = 0;
-  std::optional<std::string> word_;
+  std::string word_;
+  bool inWord_ = false;  // a quoted word may be empty
   std::vector<std::string> words_;
 };
 
