@@ -14,7 +14,7 @@
 
 namespace kebu::controls {
 
-/// A window that keeps what it is told and answers as it was told to.
+/// A window that keeps errors and messages, and gives preset answers.
 class RecordingHost : public ControlHost {
  public:
   std::int16_t VisualizzaErrore(const std::string& procedure, const RuntimeError& error) override {
@@ -32,7 +32,7 @@ class RecordingHost : public ControlHost {
   std::int32_t answer = msgbox::ok;
 };
 
-/// Fails the edits that it is told to.
+/// Makes edits fail whose statement contains a text.
 class EditFaults : public workbench::StatementObserver {
  public:
   void before(const std::string& text, bool edit) override {

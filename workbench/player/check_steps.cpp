@@ -112,8 +112,8 @@ void expectContent(Player& player, const std::string& control, const std::string
   const std::string found = hands.value(control);
   const ControlView view = hands.look(control, {});
   // A password must not appear in the output of a failing check.
-  const std::string told = isMarked(view, "masked") ? *view.value : found;
-  player.check(sameValue(expected, found), control, expected, told);
+  const std::string shown = isMarked(view, "masked") ? *view.value : found;
+  player.check(sameValue(expected, found), control, expected, shown);
 }
 
 void expectValue(Player& player, const Words& subject, const std::string& expected) {
