@@ -128,8 +128,19 @@ TEST_F(ProgramTest, SqlPrintsRowsAsAQueryToolDoes) {
 
   const Outcome failed = run("sql -e \"select 1 as A select * from NOSUCHTABLE\"");
   EXPECT_EQ(failed.exitCode, 1);
-  EXPECT_NE(failed.err.find("NOSUCHTABLE"), std::string::npos) << failed.err;
-  EXPECT_EQ(std::count(failed.err.begin(), failed.err.end(), '\n'), 1);
+  EXPECT_EQ(failed.out, "A\n1\n");
+  EXPECT_EQ(failed.err, "Msg 208, Level 16, State 1, Line 1\nInvalid object name 'NOSUCHTABLE'.\n");
+
+  // An error of one row ends its statement, another batch is run all the same.
+  const Outcome goesOn =
+      run("sql " + write("b.sql",
+                         "create procedure P as\nselect 1/0\nGO\nexec P\nselect 2 as B\n"
+                         "GO\nselect 'a'\n+ GO\nGO\nselect 3 as C"));
+  EXPECT_EQ(goesOn.exitCode, 1);
+  EXPECT_EQ(goesOn.out, "B\n2\nC\n3\n");
+  EXPECT_EQ(goesOn.err,
+            "Msg 8134, Level 16, State 1, Procedure P, Line 2\nDivide by zero error encountered.\n"
+            "Msg 207, Level 16, State 1, Line 1\nInvalid column name 'GO'.\n");
 }
 
 TEST_F(ProgramTest, AScenarioThatCannotGoOnNamesItsLine) {

@@ -14,6 +14,20 @@ std::int64_t rowsOf(const engine::Session& session, const std::vector<engine::Re
   return onlyRead ? results.front().rowsAffected : session.rowsAffected();
 }
 
+/// The results before the first error. An error behind a result is told by ADO only when
+/// somebody asks for the next result, which the plug-in does not do; one before is thrown.
+std::vector<engine::ResultSet> untilFirstError(std::vector<engine::BatchEvent> events) {
+  std::vector<engine::ResultSet> results;
+  for (auto& event : events) {
+    if (const auto* const error = std::get_if<engine::SqlError>(&event)) {
+      if (results.empty()) throw engine::SqlError(*error);
+      break;
+    }
+    results.push_back(std::move(std::get<engine::ResultSet>(event)));
+  }
+  return results;
+}
+
 }  // namespace
 
 void AdoConnection::Open() {
@@ -66,7 +80,7 @@ std::vector<engine::ResultSet> AdoConnection::run(const std::string& text) {
   engine::Session& current = session();
   std::vector<engine::ResultSet> results;
   observed(text, false, [&] {
-    results = current.execute(text);
+    results = untilFirstError(current.run(text));
     return rowsOf(current, results);
   });
   return results;

@@ -106,13 +106,18 @@ int sqlCommand(const std::vector<std::string>& words) {
   }
   const std::string script = text ? *text : readFile(line.operands().front());
   engine::Session session(databaseOf(line));
-  try {
-    engine::runScript(session, script,
-                      [](const engine::ResultSet& result) { writeResult(std::cout, result); });
-  } catch (const RuntimeError& error) {
-    throw CommandError(error.description());
-  }
-  return 0;
+  bool failed = false;
+  engine::forEachBatch(script, [&](const std::string& batch, int /*line*/) {
+    for (const engine::BatchEvent& event : session.run(batch)) {
+      if (const auto* const error = std::get_if<engine::SqlError>(&event)) {
+        std::cerr << errorText(*error);
+        failed = true;
+      } else {
+        writeResult(std::cout, std::get<engine::ResultSet>(event));
+      }
+    }
+  });
+  return failed ? 1 : 0;
 }
 
 int helpCommand(const std::vector<std::string>& /*words*/) {

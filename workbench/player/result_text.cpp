@@ -29,6 +29,14 @@ void writeResult(std::ostream& out, const engine::ResultSet& result, const std::
   }
 }
 
+std::string errorText(const engine::SqlError& error) {
+  std::string text = "Msg " + std::to_string(error.nativeError()) + ", Level " +
+                     std::to_string(error.severity()) + ", State 1";
+  if (!error.procedure().empty()) text += ", Procedure " + error.procedure();
+  return text + ", Line " + std::to_string(std::max(error.line(), 1)) + "\n" + error.description() +
+         "\n";
+}
+
 std::string firstRowText(const std::vector<engine::ResultSet>& results) {
   const auto result = std::find_if(results.begin(), results.end(),
                                    [](const auto& r) { return !r.columns.empty(); });

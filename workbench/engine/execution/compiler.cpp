@@ -159,13 +159,18 @@ Compiled Compiler::start() const {
   return compiled;
 }
 
+void Compiler::add(Compiled& compiled, const std::string& sql,
+                   const BindingContext& context) const {
+  if (purpose_ == Purpose::Run) compiled.steps.emplace_back(database_, sql, context.slots());
+}
+
 Compiled Compiler::query(const ast::Query& node) {
   Compiled compiled = start();
   BindingContext context = this->context();
   BoundQuery bound = QueryBinder(context).query(node, nullptr, true);
   compiled.columns = std::move(bound.columns);
   compiled.base = bound.base;
-  compiled.steps.emplace_back(database_, bound.sql, context.slots());
+  add(compiled, bound.sql, context);
   return compiled;
 }
 
@@ -175,7 +180,7 @@ Compiled Compiler::value(const ast::Expr& node, const SqlType* type) {
   Bound bound = ExpressionBinder(context).value(node, {});
   if (type != nullptr) bound = cast(bound, *type);
   compiled.columns.push_back({"", bound.type, true, ""});
-  compiled.steps.emplace_back(database_, "SELECT " + bound.sql, context.slots());
+  add(compiled, "SELECT " + bound.sql, context);
   return compiled;
 }
 
@@ -184,7 +189,7 @@ Compiled Compiler::condition(const ast::Expr& node) {
   BindingContext context = this->context();
   const std::string sql = "SELECT ifnull(" + ExpressionBinder(context).condition(node, {}) + ", 0)";
   compiled.columns.push_back({"", SqlType::integer(), false, ""});
-  compiled.steps.emplace_back(database_, sql, context.slots());
+  add(compiled, sql, context);
   return compiled;
 }
 
@@ -199,8 +204,7 @@ Compiled Compiler::insert(const ast::Insert& node, bool identityInsert) {
     std::string values;
     for (const int column : targets.columns)
       values += (values.empty() ? "" : ", ") + boundDefault(context, *table, column);
-    compiled.steps.emplace_back(database_, into + " (" + targets.list + ") VALUES (" + values + ")",
-                                context.slots());
+    add(compiled, into + " (" + targets.list + ") VALUES (" + values + ")", context);
     return compiled;
   }
   const InsertTargets targets(*table, node.columns, identityInsert);
@@ -244,7 +248,7 @@ Compiled Compiler::insert(const ast::Insert& node, bool identityInsert) {
     }
     rows = asItIs ? " " + bound.sql : list + defaults + " FROM (" + bound.sql + ")";
   }
-  compiled.steps.emplace_back(database_, into + " (" + targets.list + ")" + rows, context.slots());
+  add(compiled, into + " (" + targets.list + ")" + rows, context);
   return compiled;
 }
 
@@ -258,10 +262,10 @@ Compiled Compiler::update(const ast::Update& node) {
     const std::string set = boundAssignments(context, *table, node.set, scope);
     const std::string where =
         node.where ? " WHERE " + ExpressionBinder(context).condition(*node.where, scope) : "";
-    compiled.steps.emplace_back(database_,
-                                "UPDATE " + table->sqliteName() + " AS " +
-                                    scope.members[0].sqliteAlias + " SET " + set + where,
-                                context.slots());
+    add(compiled,
+        "UPDATE " + table->sqliteName() + " AS " + scope.members[0].sqliteAlias + " SET " + set +
+            where,
+        context);
     return compiled;
   }
   // A query of the whole FROM clause gives the rows' ids and their new values.
@@ -291,11 +295,10 @@ Compiled Compiler::update(const ast::Update& node) {
   }
   const std::string where =
       node.where ? " WHERE " + ExpressionBinder(context).condition(*node.where, scope) : "";
-  compiled.steps.emplace_back(database_,
-                              "UPDATE " + table.sqliteName() + " AS kb_old SET " + set +
-                                  " FROM (SELECT " + list + " FROM " + from + where +
-                                  ") AS kb_new WHERE kb_old.rowid = kb_new.kb_row",
-                              context.slots());
+  add(compiled,
+      "UPDATE " + table.sqliteName() + " AS kb_old SET " + set + " FROM (SELECT " + list +
+          " FROM " + from + where + ") AS kb_new WHERE kb_old.rowid = kb_new.kb_row",
+      context);
   return compiled;
 }
 
@@ -308,10 +311,9 @@ Compiled Compiler::remove(const ast::Delete& node) {
     scope.members.push_back(SourceBinder(context).member(table, {}));
     const std::string where =
         node.where ? " WHERE " + ExpressionBinder(context).condition(*node.where, scope) : "";
-    compiled.steps.emplace_back(
-        database_,
+    add(compiled,
         "DELETE FROM " + table->sqliteName() + " AS " + scope.members[0].sqliteAlias + where,
-        context.slots());
+        context);
     return compiled;
   }
   const std::string from = SourceBinder(context).source(*node.from, scope);
@@ -320,11 +322,10 @@ Compiled Compiler::remove(const ast::Delete& node) {
   if (target == nullptr) throw unknownObject(node.table);
   const std::string where =
       node.where ? " WHERE " + ExpressionBinder(context).condition(*node.where, scope) : "";
-  compiled.steps.emplace_back(database_,
-                              "DELETE FROM " + target->base->sqliteName() +
-                                  " WHERE rowid IN (SELECT " + target->sqliteAlias +
-                                  ".rowid FROM " + from + where + ")",
-                              context.slots());
+  add(compiled,
+      "DELETE FROM " + target->base->sqliteName() + " WHERE rowid IN (SELECT " +
+          target->sqliteAlias + ".rowid FROM " + from + where + ")",
+      context);
   return compiled;
 }
 

@@ -41,14 +41,20 @@ struct Compiled {
 /// Compiles single statements for a session.
 class Compiler {
  public:
-  Compiler(Database& database, int session, const Variables& variables)
-      : database_(database), session_(session), variables_(variables) {}
+  /// Check: only names and types are looked at, nothing is prepared.
+  enum class Purpose { Run, Check };
+
+  Compiler(Database& database, int session, const Variables& variables, Purpose purpose)
+      : database_(database), session_(session), variables_(variables), purpose_(purpose) {}
 
   Database& database() const { return database_; }
   /// What one statement is bound with.
   BindingContext context() const { return {database_.catalogue(), session_, variables_}; }
+  Purpose purpose() const { return purpose_; }
   /// A statement without steps, of the catalogue's current version.
   Compiled start() const;
+  /// Prepares one more step.
+  void add(Compiled& compiled, const std::string& sql, const BindingContext& context) const;
 
   Compiled query(const ast::Query& node);
   /// A query of one column: the value of an expression, converted when a type is given.
@@ -66,6 +72,7 @@ class Compiler {
   Database& database_;
   int session_;
   const Variables& variables_;
+  Purpose purpose_;
 };
 
 /// The assignments of an UPDATE as SQLite takes them: "a = x, …".

@@ -15,6 +15,12 @@ void putInBraces(Value& guid) {
   if (!guid.isNull()) guid = "{" + guid.as<std::string>() + "}";
 }
 
+/// Whether the row itself was refused, after its identity had been made.
+bool isOfConstraint(const SqlError& error) {
+  const std::int32_t number = error.nativeError();
+  return number == 515 || number == 2601 || number == 2627;
+}
+
 }  // namespace
 
 void DataInterpreter::run(const ast::QueryPtr& query) {
@@ -33,8 +39,19 @@ void DataInterpreter::run(const ast::Insert& insert) {
   const bool identity = session.state().identityInsert == toUpperAscii(insert.table.last());
   const auto ready =
       execution_.compiled(&insert, [&](Compiler c) { return c.insert(insert, identity); });
-  change(ready);
-  if (ready->base->identity >= 0) session.state().lastIdentity = session.lastRowId();
+  try {
+    change(ready);
+  } catch (const SqlError& error) {
+    if (ready->base->identity >= 0 && isOfConstraint(error)) {
+      execution_.database().skipIdentity(*ready->base);
+    }
+    throw;
+  }
+  session.state().lastIdentity.reset();
+  if (ready->base->identity >= 0) {
+    session.state().lastIdentity = session.lastRowId();
+    session.state().scopeIdentity = session.state().lastIdentity;
+  }
 }
 
 void DataInterpreter::run(const ast::Update& update) {
@@ -96,10 +113,10 @@ void DataInterpreter::select(const ast::Query& node) {
   }
   result.rowsAffected = static_cast<std::int64_t>(result.rows.size());
   execution_.session().state().rowCount = result.rowsAffected;
-  if (execution_.results() == nullptr)
+  if (execution_.events() == nullptr)
     throw SqlError(444,
                    "Select statements included within a function cannot return data to a client.");
-  execution_.results()->push_back(std::move(result));
+  execution_.events()->push_back(std::move(result));
 }
 
 void DataInterpreter::assign(const ast::Query& node, const ast::Select& select) {

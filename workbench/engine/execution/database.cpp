@@ -239,6 +239,15 @@ std::optional<std::int64_t> Database::currentIdentity(const Table& table) {
   return std::max(last, table.seed);
 }
 
+void Database::skipIdentity(const Table& table) {
+  const std::string name = textLiteral(table.physical);
+  const std::string sequence = table.schema() + ".sqlite_sequence";
+  run("UPDATE " + sequence + " SET seq = seq + 1 WHERE name = " + name);
+  if (sqlite3_changes(handle()) == 0) {  // it is the table's first
+    run("INSERT INTO " + sequence + " VALUES (" + name + ", " + std::to_string(table.seed) + ")");
+  }
+}
+
 SqlError Database::lastError() {
   if (raised_) {
     SqlError error = std::move(*raised_);

@@ -43,6 +43,8 @@ class Database {
 
   /// What IDENT_CURRENT gives; nothing for a table without identity.
   std::optional<std::int64_t> currentIdentity(const Table& table);
+  /// Uses up the next identity, as a row does that is refused.
+  void skipIdentity(const Table& table);
 
   int newSessionId() { return ++sessions_; }
   std::string newScratchName() { return "kb_scratch_" + std::to_string(++scratches_); }

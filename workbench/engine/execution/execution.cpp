@@ -8,8 +8,17 @@ Database& Execution::database() const {
   return session_.database();
 }
 
-Compiler Execution::compiler() const {
-  return {database(), session_.id(), frame_.variables};
+Compiler Execution::compiler(Compiler::Purpose purpose) const {
+  return {database(), session_.id(), frame_.variables, purpose};
+}
+
+std::string Execution::name() const {
+  return program_.module ? program_.module->tree.name.last() : std::string();
+}
+
+int Execution::lineOf(const ast::Statement& statement) const {
+  const std::string& text = program_.module ? program_.module->text : *program_.batch.text;
+  return engine::lineOf(text, statement.at);
 }
 
 Variable& Execution::variable(const std::string& name) const {

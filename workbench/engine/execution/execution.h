@@ -17,14 +17,18 @@ class Session;
 /// and where its results go.
 class Execution {
  public:
-  /// `results`: null in a function, which may not give any.
-  Execution(Session& session, Program& program, Frame& frame, std::vector<ResultSet>* results)
-      : session_(session), program_(program), frame_(frame), results_(results) {}
+  /// `events`: null in a function, which may not give results, and ends at its first error.
+  Execution(Session& session, Program& program, Frame& frame, std::vector<BatchEvent>* events)
+      : session_(session), program_(program), frame_(frame), events_(events) {}
 
   Session& session() const { return session_; }
   Database& database() const;
   Frame& frame() const { return frame_; }
-  std::vector<ResultSet>* results() const { return results_; }
+  std::vector<BatchEvent>* events() const { return events_; }
+  /// The name of the procedure or function; "" in a batch.
+  std::string name() const;
+  /// The line of a statement in the batch or module, from 1.
+  int lineOf(const ast::Statement& statement) const;
 
   /// SqlError 137 when it is not declared.
   Variable& variable(const std::string& name) const;
@@ -32,7 +36,7 @@ class Execution {
   Value value(const ast::Expr& expr, const SqlType* type);
   bool condition(const ast::Expr& expr);
 
-  Compiler compiler() const;
+  Compiler compiler(Compiler::Purpose purpose = Compiler::Purpose::Run) const;
   /// What `make` compiles of a node of the tree; kept as long as the catalogue stays the same.
   template <class Make>
   std::shared_ptr<Compiled> compiled(const void* node, Make&& make) {
@@ -47,7 +51,7 @@ class Execution {
   Session& session_;
   Program& program_;
   Frame& frame_;
-  std::vector<ResultSet>* results_;
+  std::vector<BatchEvent>* events_;
 };
 
 }  // namespace kebu::engine

@@ -1,16 +1,38 @@
 #include "workbench/engine/execution/interpreter.h"
 
+#include <algorithm>
+#include <array>
 #include <utility>
 
 #include "common/convert.h"
 #include "common/overloaded.h"
+#include "workbench/engine/execution/batch_checker.h"
 #include "workbench/engine/execution/session.h"
 
 namespace kebu::engine {
+namespace {
+
+/// The errors after which a batch goes on with its next statement. Others end the batch, such
+/// as those of conversions and of missing objects.
+bool endsItsStatementOnly(const SqlError& error) {
+  static constexpr std::array<std::int32_t, 20> numbers{201,  220,  512,  515,  517,  537,  544,
+                                                        547,  1222, 1505, 2601, 2627, 2628, 2714,
+                                                        2812, 3701, 8115, 8134, 8672, 50000};
+  return std::find(numbers.begin(), numbers.end(), error.nativeError()) != numbers.end();
+}
+
+}  // namespace
 
 void Interpreter::run(const std::vector<ast::StatementPtr>& statements) {
   // A declaration counts from the start, wherever it stands.
   for (const auto& node : statements) declareIn(*node);
+  block(statements);
+}
+
+void Interpreter::runChecked(const std::vector<ast::StatementPtr>& statements) {
+  for (const auto& node : statements) declareIn(*node);
+  // A statement alone is checked as it runs.
+  if (statements.size() > 1) BatchChecker(execution_).check(statements);
   block(statements);
 }
 
@@ -45,13 +67,41 @@ Interpreter::Flow Interpreter::block(const std::vector<ast::StatementPtr>& state
 }
 
 Interpreter::Flow Interpreter::statement(const ast::Statement& node) {
+  try {
+    return dispatch(node);
+  } catch (SqlError& error) {
+    return fail(node, error);
+  } catch (const RuntimeError&) {
+    // A decimal became too large outside of SQLite, as in SET @x = ….
+    SqlError error(8115, "Arithmetic overflow error converting expression to data type numeric.");
+    return fail(node, error);
+  }
+}
+
+/// An error ends its statement or the whole batch.
+Interpreter::Flow Interpreter::fail(const ast::Statement& node, SqlError& error) {
+  error.setPlace(execution_.lineOf(node), execution_.name());
+  SessionState& state = execution_.session().state();
+  state.lastError = error.nativeError();
+  state.rowCount = 0;
+  const bool goesOn =
+      execution_.events() != nullptr && !state.xactAbort && endsItsStatementOnly(error);
+  if (!goesOn) throw SqlError(error);
+  execution_.events()->push_back(error);
+  return Flow::Next;
+}
+
+Interpreter::Flow Interpreter::dispatch(const ast::Statement& node) {
+  SessionState& state = execution_.session().state();
   return std::visit(
       [&](const auto& kind) {
         if constexpr (requires { data_.run(kind); }) {
           data_.run(kind);
+          state.lastError = 0;
           return Flow::Next;
         } else if constexpr (requires { definitions_.run(kind); }) {
           definitions_.run(kind);
+          state.lastError = 0;
           return Flow::Next;
         } else {
           return run(kind);
@@ -102,6 +152,11 @@ Interpreter::Flow Interpreter::run(const ast::Return& node) {
   return Flow::Return;
 }
 
+Interpreter::Flow Interpreter::run(const ast::SetXactAbort& node) {
+  execution_.session().state().xactAbort = node.on;
+  return Flow::Next;
+}
+
 Interpreter::Flow Interpreter::run(const ast::Raise& node) {
   const SqlType text = SqlType::text(2048);
   throw SqlError(50000, toDisplay(execution_.value(*node.message, &text)));
@@ -138,7 +193,7 @@ Interpreter::Flow Interpreter::run(const ast::Exec& node) {
     if (argument.value) target.value = execution_.value(*argument.value, &target.type);
   }
   Session& session = execution_.session();
-  Execution called(session, session.programOf(module), frame, execution_.results());
+  Execution called(session, session.programOf(module), frame, execution_.events());
   for (const auto& parameter : parameters) {
     Variable& target = frame.variables.at(toUpperAscii(parameter.name));
     if (!target.value.isEmpty()) continue;
@@ -149,7 +204,7 @@ Interpreter::Flow Interpreter::run(const ast::Exec& node) {
     }
     target.value = called.value(*parameter.defaultValue, &parameter.type);
   }
-  const CallLevel level(session.state());
+  const CallLevel level(session);
   Interpreter(called).run({module->tree.body});
   return Flow::Next;
 }

@@ -16,7 +16,10 @@ class Interpreter {
   explicit Interpreter(Execution& execution)
       : execution_(execution), data_(execution), definitions_(execution) {}
 
+  /// What fails ends its statement, with an event, or the batch, as an SqlError with its place.
   void run(const std::vector<ast::StatementPtr>& statements);
+  /// The same after a check of all names, as a batch is run.
+  void runChecked(const std::vector<ast::StatementPtr>& statements);
   /// What RETURN gave.
   const Value& returned() const { return returned_; }
 
@@ -26,10 +29,13 @@ class Interpreter {
   void declareIn(const ast::Statement& node);
   Flow block(const std::vector<ast::StatementPtr>& statements);
   Flow statement(const ast::Statement& node);
+  Flow dispatch(const ast::Statement& node);
+  Flow fail(const ast::Statement& node, SqlError& error);
 
   Flow run(const ast::Declare& node);
   Flow run(const ast::SetVariable& node);
   Flow run(const ast::SetIdentityInsert& node);
+  Flow run(const ast::SetXactAbort& node);
   Flow run(const ast::Block& node);
   Flow run(const ast::If& node);
   Flow run(const ast::While& node);

@@ -39,8 +39,11 @@ class MergeCompiler {
   Compiled run() {
     Compiled compiled = compiler_.start();
     const std::string fill = join();
-    compiled.scratch = std::make_unique<ScratchTable>(compiler_.database(), sourceColumns_.size());
-    scratch_ = compiled.scratch->name();
+    if (compiler_.purpose() == Compiler::Purpose::Run) {
+      compiled.scratch =
+          std::make_unique<ScratchTable>(compiler_.database(), sourceColumns_.size());
+      scratch_ = compiled.scratch->name();
+    }
     add(compiled, "INSERT INTO " + scratch_ + " " + fill);
 
     // NOT MATCHED BY SOURCE comes first: it must not see the rows that another branch inserts.
@@ -55,9 +58,7 @@ class MergeCompiler {
   }
 
  private:
-  void add(Compiled& compiled, const std::string& sql) {
-    compiled.steps.emplace_back(compiler_.database(), sql, context_.slots());
-  }
+  void add(Compiled& compiled, const std::string& sql) { compiler_.add(compiled, sql, context_); }
 
   /// The query that fills the scratch table.
   std::string join() {

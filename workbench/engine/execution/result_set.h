@@ -2,9 +2,11 @@
 
 #include <cstdint>
 #include <string>
+#include <variant>
 #include <vector>
 
 #include "common/value.h"
+#include "workbench/engine/values/sql_error.h"
 #include "workbench/engine/values/types.h"
 
 namespace kebu::engine {
@@ -24,5 +26,8 @@ struct ResultSet {
   std::string table;                 ///< whose rows these are; "" when not those of one table
   std::vector<std::int64_t> rowIds;  ///< the rows' ids in that table
 };
+
+/// What a batch tells its caller, in the order in which it happens.
+using BatchEvent = std::variant<ResultSet, SqlError>;
 
 }  // namespace kebu::engine

@@ -20,46 +20,43 @@ bool isBlank(std::string_view batch) {
   return batch.find_first_not_of(blanks) == std::string_view::npos;
 }
 
-void runBatch(Session& session, const std::string& batch, std::size_t line,
-              const std::function<void(const ResultSet&)>& onResult) {
-  if (isBlank(batch)) return;
-  try {
-    for (const auto& result : session.execute(batch)) {
-      if (onResult) onResult(result);
-    }
-  } catch (const SqlError& error) {
-    throw SqlError(error.nativeError(),
-                   "Batch at line " + std::to_string(line) + ": " + error.description(),
-                   error.sqlState());
-  }
-}
-
 }  // namespace
 
-void runScript(Session& session, std::string_view script,
-               const std::function<void(const ResultSet&)>& onResult) {
+void forEachBatch(std::string_view script,
+                  const std::function<void(const std::string& batch, int line)>& run) {
   std::string batch;
-  std::size_t line = 0;
-  std::size_t batchLine = 1;
+  int line = 0;
+  int batchLine = 1;
+  const auto endBatch = [&] {
+    if (!isBlank(batch)) run(batch, batchLine);
+    batch.clear();
+  };
   while (!script.empty()) {
     const std::size_t end = std::min(script.find('\n'), script.size() - 1) + 1;
     const std::string_view current = script.substr(0, end);
     script.remove_prefix(end);
     ++line;
+    // A batch begins at its first line that is not blank: errors name that line.
     if (separates(current)) {
-      runBatch(session, batch, batchLine, onResult);
-      batch.clear();
-      batchLine = line + 1;
-    } else {
-      // A batch begins at its first line that is not blank: errors name that line.
-      if (isBlank(batch) && isBlank(current)) {
-        batchLine = line + 1;
-      } else {
-        batch += current;
-      }
+      endBatch();
+    } else if (!isBlank(current) || !batch.empty()) {
+      if (batch.empty()) batchLine = line;
+      batch += current;
     }
   }
-  runBatch(session, batch, batchLine, onResult);
+  endBatch();
+}
+
+void runScript(Session& session, std::string_view script) {
+  forEachBatch(script, [&](const std::string& batch, int line) {
+    try {
+      session.execute(batch);
+    } catch (const SqlError& error) {
+      throw SqlError(error.nativeError(),
+                     "Batch at line " + std::to_string(line) + ": " + error.description(),
+                     error.sqlState());
+    }
+  });
 }
 
 }  // namespace kebu::engine

@@ -77,6 +77,23 @@ std::string formOf(const std::vector<Token>& tokens, const std::vector<ast::Lite
   return form;
 }
 
+void dropQuietly(Database& database, const Table& table) {
+  try {
+    database.dropTable(table);
+  } catch (const SqlError&) {  // NOLINT(bugprone-empty-catch): destructors cannot report it
+  }
+}
+
+/// The results alone. Throws the first error.
+std::vector<ResultSet> resultsOf(std::vector<BatchEvent> events) {
+  std::vector<ResultSet> results;
+  for (auto& event : events) {
+    if (auto* const error = std::get_if<SqlError>(&event)) throw SqlError(*error);
+    results.push_back(std::move(std::get<ResultSet>(event)));
+  }
+  return results;
+}
+
 std::shared_ptr<Program> parsed(const std::string& batch,
                                 const std::vector<ast::Literal>& literals) {
   LiteralTypes types;
@@ -91,9 +108,27 @@ std::shared_ptr<Program> parsed(const std::string& batch,
 
 }  // namespace
 
-CallLevel::CallLevel(SessionState& state) : state_(state) {
-  if (state.depth == nestingLimit) throw nestedTooDeeply();
-  ++state.depth;
+CallLevel::CallLevel(Session& session)
+    : session_(session),
+      outerTables_(session.database().catalogue().temporariesOf(session.id())),
+      outerIdentity_(session.state().scopeIdentity),
+      outerXactAbort_(session.state().xactAbort) {
+  if (session.state().depth == nestingLimit) throw nestedTooDeeply();
+  ++session.state().depth;
+  session.state().scopeIdentity.reset();
+}
+
+CallLevel::~CallLevel() {
+  SessionState& state = session_.state();
+  --state.depth;
+  state.scopeIdentity = outerIdentity_;
+  state.xactAbort = outerXactAbort_;
+  for (const auto& table : session_.database().catalogue().temporariesOf(session_.id())) {
+    const bool isLocal = !table->name.starts_with("##");
+    const bool isOuter =
+        std::find(outerTables_.begin(), outerTables_.end(), table) != outerTables_.end();
+    if (isLocal && !isOuter) dropQuietly(session_.database(), *table);
+  }
 }
 
 Session::Session(std::shared_ptr<Database> database)
@@ -103,34 +138,44 @@ Session::~Session() {
   programs_.clear();
   modules_.clear();
   for (const auto& table : database_->catalogue().temporariesOf(id_)) {
-    try {
-      database_->dropTable(*table);
-    } catch (const SqlError&) {  // NOLINT(bugprone-empty-catch): a destructor cannot report it
-    }
+    dropQuietly(*database_, *table);
   }
 }
 
-std::vector<ResultSet> Session::execute(const std::string& batch) {
+std::vector<BatchEvent> Session::run(const std::string& batch) {
   std::vector<ast::Literal> literals;
-  const auto program = programForLiterals(batch, literals);
+  std::shared_ptr<Program> program;
+  try {
+    program = programForLiterals(batch, literals);
+  } catch (const SqlError& error) {
+    return {error};
+  }
   return run(*program, literals);
+}
+
+std::vector<ResultSet> Session::execute(const std::string& batch) {
+  return resultsOf(run(batch));
 }
 
 std::vector<ResultSet> Session::execute(const std::string& batch,
                                         const std::vector<ast::Literal>& parameters) {
   const auto program = programForParameters(batch, parameters);
-  return run(*program, parameters);
+  return resultsOf(run(*program, parameters));
 }
 
-std::vector<ResultSet> Session::run(Program& program, const std::vector<ast::Literal>& literals) {
+std::vector<BatchEvent> Session::run(Program& program, const std::vector<ast::Literal>& literals) {
   Frame frame;
   frame.literals = &literals;
   const Activation activation(*database_, *this);
   state_.rowsAffected = -1;
-  std::vector<ResultSet> results;
-  Execution execution(*this, program, frame, &results);
-  Interpreter(execution).run(program.batch.statements);
-  return results;
+  std::vector<BatchEvent> events;
+  Execution execution(*this, program, frame, &events);
+  try {
+    Interpreter(execution).runChecked(program.batch.statements);
+  } catch (const SqlError& error) {
+    events.emplace_back(error);
+  }
+  return events;
 }
 
 /// Batches often differ in their literals only: they share the program of their form.
@@ -215,12 +260,13 @@ Value Session::globalVariable(const std::string& name) const {
   if (name == "@@IDENTITY") {
     return state_.lastIdentity ? Value(Decimal(*state_.lastIdentity)) : Value(Null{});
   }
+  if (name == "@@ERROR") return state_.lastError;
   return std::int32_t{0};
 }
 
 Cell Session::callFunction(const std::string& name, CellArguments args) {
   const ModulePtr module = database_->catalogue().module({{name}, {}});
-  const CallLevel level(state_);
+  const CallLevel level(*this);
   Frame frame;
   for (std::size_t i = 0; i < module->tree.parameters.size(); ++i) {
     const auto& parameter = module->tree.parameters[i];

@@ -20,23 +20,32 @@ namespace kebu::engine {
 
 /// What the statements of a session tell those behind them.
 struct SessionState {
-  std::int64_t rowsAffected = -1;  ///< by the batch so far; -1 when it has only read
-  std::int64_t rowCount = 0;       ///< @@ROWCOUNT
-  std::optional<std::int64_t> lastIdentity;
+  std::int64_t rowsAffected = -1;             ///< by the batch so far; -1 when it has only read
+  std::int64_t rowCount = 0;                  ///< @@ROWCOUNT
+  std::int32_t lastError = 0;                 ///< @@ERROR
+  bool xactAbort = false;                     ///< SET XACT_ABORT ON: every error ends the batch
+  std::optional<std::int64_t> lastIdentity;   ///< @@IDENTITY
+  std::optional<std::int64_t> scopeIdentity;  ///< SCOPE_IDENTITY() of the batch or procedure
   std::string identityInsert;  ///< the table, in upper case, whose IDENTITY_INSERT is ON
   std::size_t depth = 0;       ///< of procedures and functions that call each other
 };
 
-/// One more procedure or function within another, until its end. SqlError 217 for too many.
+class Session;
+
+/// A call of a procedure or function, until its end: SCOPE_IDENTITY and XACT_ABORT are its own,
+/// and so are the local temporary tables that it makes. SqlError 217 for too many levels.
 class CallLevel {
  public:
-  explicit CallLevel(SessionState& state);
+  explicit CallLevel(Session& session);
   CallLevel(const CallLevel&) = delete;
   CallLevel& operator=(const CallLevel&) = delete;
-  ~CallLevel() { --state_.depth; }
+  ~CallLevel();
 
  private:
-  SessionState& state_;
+  Session& session_;
+  std::vector<TablePtr> outerTables_;
+  std::optional<std::int64_t> outerIdentity_;
+  bool outerXactAbort_;
 };
 
 /// The state of one connection: its temporary tables, which end with it, its last identity,
@@ -48,8 +57,10 @@ class Session {
   Session& operator=(const Session&) = delete;
   ~Session();
 
-  /// Runs a batch; the results of its queries in order. Throws SqlError at the
-  /// first statement that fails; what was done before stays done.
+  /// Runs a batch: the results of its queries and its errors, in order. Some errors end their
+  /// statement only, others the batch; what was done before stays done.
+  std::vector<BatchEvent> run(const std::string& batch);
+  /// The same for callers that want no errors: throws the first SqlError at the batch's end.
   std::vector<ResultSet> execute(const std::string& batch);
   /// The same with a value for every "?" of the batch, in their order. std::logic_error when
   /// their numbers differ, or when the batch also has literals.
@@ -78,7 +89,7 @@ class Session {
                                               std::vector<ast::Literal>& literals);
   std::shared_ptr<Program> programForParameters(const std::string& batch,
                                                 const std::vector<ast::Literal>& parameters);
-  std::vector<ResultSet> run(Program& program, const std::vector<ast::Literal>& literals);
+  std::vector<BatchEvent> run(Program& program, const std::vector<ast::Literal>& literals);
   std::shared_ptr<Program> keptProgram(const std::string& key);
   std::shared_ptr<Program> keepProgram(const std::string& key,
                                        const std::shared_ptr<Program>& program);

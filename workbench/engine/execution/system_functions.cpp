@@ -49,7 +49,7 @@ Cell identCurrent(Database& database, CellArguments args) {
 }
 
 Cell scopeIdentity(Database& database, CellArguments) {
-  const auto identity = database.current()->state().lastIdentity;
+  const auto identity = database.current()->state().scopeIdentity;
   return identity ? storedAs(Decimal(*identity), identityType) : Cell();
 }
 

@@ -199,6 +199,9 @@ struct SetIdentityInsert {
   ObjectName table;
   bool on;
 };
+struct SetXactAbort {
+  bool on;
+};
 struct Insert {
   ObjectName table;
   std::vector<std::string> columns;
@@ -300,9 +303,9 @@ struct Nothing {};  ///< without effect here: PRINT, SET NOCOUNT, …
 
 struct Statement {
   std::string_view at;
-  std::variant<Declare, SetVariable, SetIdentityInsert, QueryPtr, Insert, Update, Delete, Merge,
-               CreateTable, CreateIndex, CreateModule, Drop, Truncate, Exec, Block, If, While,
-               Return, Break, Continue, Raise, Nothing>
+  std::variant<Declare, SetVariable, SetIdentityInsert, SetXactAbort, QueryPtr, Insert, Update,
+               Delete, Merge, CreateTable, CreateIndex, CreateModule, Drop, Truncate, Exec, Block,
+               If, While, Return, Break, Continue, Raise, Nothing>
       node;
 };
 

@@ -180,15 +180,22 @@ std::vector<Token> tokenize(std::string_view batch) {
   return Lexer(batch).run();
 }
 
+int lineOf(std::string_view text, std::string_view at) {
+  const std::string_view before = text.substr(0, static_cast<std::size_t>(at.data() - text.data()));
+  return static_cast<int>(std::count(before.begin(), before.end(), '\n')) + 1;
+}
+
 SqlError errorAt(std::string_view batch, std::string_view at, std::int32_t number,
                  const std::string& what) {
   const auto offset = static_cast<std::size_t>(at.data() - batch.data());
   const std::string_view before = batch.substr(0, offset);
-  const auto line = std::count(before.begin(), before.end(), '\n') + 1;
+  const int line = lineOf(batch, at);
   const std::size_t lineStart = before.rfind('\n') + 1;  // npos + 1 is 0
   const std::string near = at.empty() ? "the end" : "'" + std::string(at) + "'";
-  return {number, what + " near " + near + " (line " + std::to_string(line) + ", column " +
-                      std::to_string(offset - lineStart + 1) + ")."};
+  SqlError error(number, what + " near " + near + " (line " + std::to_string(line) + ", column " +
+                             std::to_string(offset - lineStart + 1) + ").");
+  error.setPlace(line, {});
+  return error;
 }
 
 }  // namespace kebu::engine

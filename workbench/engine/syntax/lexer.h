@@ -41,6 +41,8 @@ std::string textOf(const Token& token);
 /// skipped. SqlError 105 for an unclosed text or name, 102 for a stray character.
 std::vector<Token> tokenize(std::string_view batch);
 
+/// The line of a place in a text, from 1.
+int lineOf(std::string_view text, std::string_view at);
 /// An error at a place of the batch: the text names line, column and token.
 SqlError errorAt(std::string_view batch, std::string_view at, std::int32_t number,
                  const std::string& what);

@@ -149,9 +149,13 @@ ast::StatementPtr StatementParser::set() {
     if (!on && !reader_.accept("OFF")) reader_.fail();
     return make(at, ast::SetIdentityInsert{std::move(table), on});
   }
-  static constexpr std::array<std::string_view, 7> switches{
-      "NOCOUNT",      "XACT_ABORT",    "ANSI_NULLS", "QUOTED_IDENTIFIER",
-      "ANSI_PADDING", "ANSI_WARNINGS", "ARITHABORT"};
+  if (reader_.accept("XACT_ABORT")) {
+    const bool on = reader_.accept("ON");
+    if (!on) reader_.expect("OFF");
+    return make(at, ast::SetXactAbort{on});
+  }
+  static constexpr std::array<std::string_view, 6> switches{
+      "NOCOUNT", "ANSI_NULLS", "QUOTED_IDENTIFIER", "ANSI_PADDING", "ANSI_WARNINGS", "ARITHABORT"};
   if (!reader_.isAny(switches)) reader_.fail("A setting that is not known");
   reader_.take();
   if (!reader_.accept("ON") && !reader_.accept("OFF")) reader_.fail();

@@ -22,10 +22,20 @@ class SqlError : public RuntimeError {
 
   std::int32_t nativeError() const { return nativeError_; }
   const std::string& sqlState() const { return sqlState_; }
+  /// SQL Server's severity: 15 for a batch that is wrong by itself, mostly 16 otherwise.
+  int severity() const;
+  /// The statement's line in its batch or procedure, from 1; 0 when it is not known.
+  int line() const { return line_; }
+  /// The procedure or function; "" for the batch itself.
+  const std::string& procedure() const { return procedure_; }
+  /// Sets line and procedure, unless they are set.
+  void setPlace(int line, const std::string& procedure);
 
  private:
   std::int32_t nativeError_;
   std::string sqlState_;
+  int line_ = 0;
+  std::string procedure_;
 };
 
 }  // namespace kebu::engine
