@@ -36,7 +36,7 @@ std::vector<std::string> matchesOf(const std::string& text, const char* pattern)
 }
 
 /// A file, a folder, or the name of a header and source without their extensions.
-bool exists(const fs::path& path) {
+bool isThere(const fs::path& path) {
   for (const char* extension : {"", ".h", ".cpp"}) {
     if (fs::exists(path.string() + extension)) return true;
   }
@@ -49,11 +49,11 @@ TEST(Documents, NameOnlyWhatExists) {
     const std::string text{std::istreambuf_iterator<char>(file), {}};
     ASSERT_NE(text, "") << document;
     for (const std::string& link : matchesOf(text, R"(\]\(([\w./-]+)(?:#[^)]*)?\))")) {
-      EXPECT_TRUE(exists(document.parent_path() / link)) << document << ": " << link;
+      EXPECT_TRUE(isThere(document.parent_path() / link)) << document << ": " << link;
     }
     constexpr const char* ownPath = R"(`((?:src|workbench|tests|bench|tools|docs)/[\w./-]*)`)";
     for (const std::string& path : matchesOf(text, ownPath)) {
-      EXPECT_TRUE(exists(project / path)) << document << ": " << path;
+      EXPECT_TRUE(isThere(project / path)) << document << ": " << path;
     }
   }
 }
