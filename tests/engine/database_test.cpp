@@ -4,6 +4,7 @@
 
 #include <filesystem>
 #include <fstream>
+#include <future>
 
 #include "tests/engine/result_text.h"
 #include "workbench/engine/execution/script.h"
@@ -65,6 +66,45 @@ TEST_F(DatabaseFile, RefusesWhatIsNoDatabaseOfOurs) {
   std::ofstream(path("empty.db")) << "";
   EXPECT_NE(openError(path("empty.db")).find("not a database of the workbench"), std::string::npos);
   EXPECT_NE(openError(path("")).find("no such"), std::string::npos);
+}
+
+/// Runs SQL of SQLite on a file, beside the engine.
+void change(const std::string& path, const char* sql) {
+  sqlite3* raw = nullptr;
+  ASSERT_EQ(sqlite3_open(path.c_str(), &raw), SQLITE_OK);
+  const Handle handle(raw);
+  ASSERT_EQ(sqlite3_exec(raw, sql, nullptr, nullptr, nullptr), SQLITE_OK) << sqlite3_errmsg(raw);
+}
+
+TEST_F(DatabaseFile, TellsThatItsCatalogueIsDamaged) {
+  Database::createFile(path("a.db"));
+  change(path("a.db"), "DROP TABLE kb_catalog");
+  EXPECT_NE(openError(path("a.db")).find("no such table"), std::string::npos);
+  change(path("a.db"),
+         "CREATE TABLE kb_catalog (id, kind, name, text); INSERT INTO kb_catalog VALUES (1, 'U', "
+         "'T', NULL)");
+  EXPECT_NE(openError(path("a.db")).find("damaged"), std::string::npos);
+  change(path("a.db"), "UPDATE kb_catalog SET text = 'CREATE TABL'");
+  EXPECT_NE(openError(path("a.db")).find("TABL"), std::string::npos);
+}
+
+TEST_F(DatabaseFile, IsSharedByProgramsThatWaitForEachOther) {
+  Session(Database::createFile(path("a.db"))).execute("CREATE TABLE T (A int)");
+  constexpr int rows = 40;
+  const auto work = [&] {
+    Session session(Database::openFile(path("a.db")));
+    for (int i = 0; i < rows; ++i) {
+      session.execute("INSERT INTO T SELECT COUNT(*) FROM T");
+      session.execute(
+          "MERGE INTO T USING (SELECT 1 AS X) S ON T.A = -1 WHEN NOT MATCHED THEN INSERT (A) "
+          "VALUES (S.X);");
+    }
+  };
+  auto other = std::async(std::launch::async, work);
+  EXPECT_NO_THROW(work());
+  EXPECT_NO_THROW(other.get());
+  Session session(Database::openFile(path("a.db")));
+  EXPECT_EQ(shown(session.execute("SELECT COUNT(*) FROM T")), "160\n");
 }
 
 TEST(Sessions, ShareGlobalTemporaryTablesUntilTheMakerEnds) {

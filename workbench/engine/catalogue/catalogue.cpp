@@ -37,12 +37,6 @@ bool isHere(const ast::ObjectName& name) {
   return name.last().starts_with('#') && isPart(3, "tempdb");
 }
 
-std::string columnList(const std::vector<std::string>& columns) {
-  std::string list;
-  for (const auto& column : columns) list += (list.empty() ? "" : ", ") + quoted(column);
-  return list;
-}
-
 std::string storageClass(const SqlType& type) {
   if (type.isText() || type.kind == TypeKind::Guid) return "TEXT COLLATE KB";
   return type.isWide() ? "BLOB" : "INTEGER";
@@ -161,12 +155,59 @@ std::string Table::sqliteDefinition() const {
       text += storageClass(column.type) + (column.nullable ? "" : " NOT NULL");
     }
   }
-  for (const auto& key : keys) {
-    const bool identityAlone =
-        key.columns.size() == 1 && identity >= 0 && indexOf(key.columns[0]) == identity;
-    if (!identityAlone) text += ", UNIQUE (" + columnList(key.columns) + ")";
-  }
   return text + ")";
+}
+
+std::vector<std::string> Table::sqliteKeys() const {
+  std::vector<std::string> statements;
+  for (std::size_t i = 0; i < keys.size(); ++i) {
+    std::vector<IndexColumn> indexed;
+    for (const auto& column : keys[i].columns) indexed.push_back({indexOf(column)});
+    if (indexed.size() == 1 && indexed[0].column == identity) continue;
+    for (auto& statement : sqliteIndex(keyIndexPrefix + std::to_string(i + 1), true, indexed))
+      statements.push_back(std::move(statement));
+  }
+  return statements;
+}
+
+std::vector<std::string> Table::sqliteIndex(const std::string& index, bool unique,
+                                            const std::vector<IndexColumn>& indexed) const {
+  std::string plain;
+  std::string nullsEqual;
+  bool anyNullable = false;
+  for (const auto& [place, descending] : indexed) {
+    const TableColumn& column = columns[static_cast<std::size_t>(place)];
+    const std::string name_ = quoted(column.name);
+    const std::string item = name_ + (descending ? " DESC" : "");
+    const std::string separator = plain.empty() ? "" : ", ";
+    plain += separator + item;
+    if (column.nullable) {
+      const bool isText = column.type.isText() || column.type.kind == TypeKind::Guid;
+      nullsEqual += separator + "(" + name_ + " IS NULL), ifnull(" + name_ +
+                    (isText ? ", '') COLLATE KB" : ", 0)");
+      anyNullable = true;
+    } else {
+      nullsEqual += separator + item;
+    }
+  }
+  // Indexes of different tables may have the same name, which SQLite does not allow.
+  const std::string full = physical + "." + index;
+  const auto create = [&](const char* kind, const std::string& fullName, const std::string& list) {
+    return std::string(kind) + schema() + "." + quoted(fullName) + " ON " + quoted(physical) +
+           " (" + list + ")";
+  };
+  if (!unique) return {create("CREATE INDEX ", full, plain)};
+  if (!anyNullable) return {create("CREATE UNIQUE INDEX ", full, plain)};
+  // The second one is for finding rows: SQLite does not use expressions for that.
+  return {create("CREATE UNIQUE INDEX ", full, nullsEqual),
+          create("CREATE INDEX ", full + ".find", plain)};
+}
+
+bool Table::hasKey(const std::vector<std::string>& names) const {
+  return std::any_of(keys.begin(), keys.end(), [&](const ast::KeyDef& key) {
+    return std::equal(key.columns.begin(), key.columns.end(), names.begin(), names.end(),
+                      [](const auto& a, const auto& b) { return equalsIgnoringCase(a, b); });
+  });
 }
 
 TablePtr Catalogue::table(const ast::ObjectName& name, int session) const {
@@ -229,6 +270,13 @@ void Catalogue::remove(const Module& module) {
   ids_.erase(key);
   modules_.erase(key);
   touch();
+}
+
+TablePtr Catalogue::byPhysicalName(std::string_view name) const {
+  const auto found = std::find_if(tables_.begin(), tables_.end(), [&](const auto& entry) {
+    return equalsIgnoringCase(entry.second->physical, name);
+  });
+  return found == tables_.end() ? nullptr : found->second;
 }
 
 std::vector<TablePtr> Catalogue::temporariesOf(int session) const {

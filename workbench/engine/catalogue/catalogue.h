@@ -19,8 +19,16 @@ struct TableColumn {
   std::string defaultText;
 };
 
+struct IndexColumn {
+  int column;  ///< its index in the table
+  bool descending = false;
+};
+
 /// A table and where SQLite keeps it.
 struct Table {
+  /// How the names of the indexes of keys begin, behind the table's name.
+  static constexpr const char* keyIndexPrefix = "kb_key";
+
   std::string name;
   std::vector<TableColumn> columns;
   std::vector<ast::KeyDef> keys;
@@ -40,8 +48,15 @@ struct Table {
   std::string sqliteName() const;
   /// Its CREATE TABLE in T-SQL.
   std::string definition() const;
-  /// Its CREATE TABLE for SQLite.
+  /// Its CREATE TABLE for SQLite, without the keys.
   std::string sqliteDefinition() const;
+  /// What follows it: a unique index for every key that is not the identity alone.
+  std::vector<std::string> sqliteKeys() const;
+  /// CREATE INDEX for SQLite, in one or two statements. In a unique index two NULLs are equal.
+  std::vector<std::string> sqliteIndex(const std::string& index, bool unique,
+                                       const std::vector<IndexColumn>& indexed) const;
+  /// Whether a UNIQUE or PRIMARY KEY consists of these columns.
+  bool hasKey(const std::vector<std::string>& columns) const;
 };
 using TablePtr = std::shared_ptr<const Table>;
 
@@ -77,6 +92,8 @@ class Catalogue {
   void remove(const Table& table);
   void remove(const Module& module);
   std::vector<TablePtr> temporariesOf(int session) const;
+  /// The table that SQLite knows by this name, or null.
+  TablePtr byPhysicalName(std::string_view name) const;
 
   /// Grows with every change. What was compiled for an older version must be compiled again.
   std::int64_t version() const { return version_; }

@@ -258,6 +258,7 @@ Compiled Compiler::update(const ast::Update& node) {
   Scope scope;
   if (!node.from) {
     const TablePtr table = context.table(node.table);
+    compiled.base = table;
     scope.members.push_back(SourceBinder(context).member(table, {}));
     const std::string set = boundAssignments(context, *table, node.set, scope);
     const std::string where =
@@ -279,6 +280,7 @@ Compiled Compiler::update(const ast::Update& node) {
     scope.members.push_back(std::move(member));
     target = &scope.members.back();
   }
+  compiled.base = target->base;
   const Table& table = *target->base;
   std::string list = target->sqliteAlias + ".rowid AS kb_row";
   std::string set;

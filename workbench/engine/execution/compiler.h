@@ -30,7 +30,7 @@ class ScratchTable {
 struct Compiled {
   std::int64_t version = 0;
   std::vector<BoundQuery::Column> columns;  ///< of a query
-  TablePtr base;                            ///< the table that a query reads, or an INSERT fills
+  TablePtr base;                            ///< the table that is read or changed
   std::unique_ptr<ScratchTable> scratch;    ///< used by the steps
   std::vector<PreparedStatement> steps;
   std::size_t counted = 0;  ///< how many steps, from the second on, change the table

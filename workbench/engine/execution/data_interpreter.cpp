@@ -15,10 +15,13 @@ void putInBraces(Value& guid) {
   if (!guid.isNull()) guid = "{" + guid.as<std::string>() + "}";
 }
 
+bool isOfKey(const SqlError& error) {
+  return error.nativeError() == 2601 || error.nativeError() == 2627;
+}
+
 /// Whether the row itself was refused, after its identity had been made.
 bool isOfConstraint(const SqlError& error) {
-  const std::int32_t number = error.nativeError();
-  return number == 515 || number == 2601 || number == 2627;
+  return error.nativeError() == 515 || isOfKey(error);
 }
 
 }  // namespace
@@ -55,7 +58,19 @@ void DataInterpreter::run(const ast::Insert& insert) {
 }
 
 void DataInterpreter::run(const ast::Update& update) {
-  change(execution_.compiled(&update, [&](Compiler c) { return c.update(update); }));
+  const auto ready = execution_.compiled(&update, [&](Compiler c) { return c.update(update); });
+  try {
+    change(ready);
+  } catch (const SqlError& error) {
+    if (!isOfKey(error)) throw;
+    // SQLite checks keys at every row, SQL Server at the statement's end: K = K + 1 is right.
+    try {
+      execution_.database().withKeysAtTheEnd(*ready->base, [&] { change(ready); });
+    } catch (const SqlError& atTheEnd) {
+      if (isOfKey(atTheEnd)) throw SqlError(error);
+      throw;
+    }
+  }
 }
 
 void DataInterpreter::run(const ast::Delete& remove) {

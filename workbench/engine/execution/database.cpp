@@ -32,17 +32,30 @@ std::int64_t wholeNumber(const Prepared& statement) {
   return found ? sqlite3_column_int64(statement.get(), 0) : -1;
 }
 
-/// "T.A, T.B" behind SQLite's "… constraint failed: ".
+/// What SQLite names behind "… constraint failed: ": "T.A, T.B", or "index 'T.IX'".
 struct Place {
   std::string table;
-  std::string column;
+  std::vector<std::string> columns;
+  std::string index;  ///< without the table's name
 };
 Place placeIn(std::string_view message) {
   message.remove_prefix(std::min(message.rfind(": ") + 2, message.size()));
-  message = message.substr(0, message.find(','));
-  const std::size_t point = message.rfind('.');
-  if (point == std::string_view::npos) return {std::string(message), {}};
-  return {std::string(message.substr(0, point)), std::string(message.substr(point + 1))};
+  Place place;
+  const bool isIndex = message.starts_with("index '") && message.ends_with("'");
+  if (isIndex) message = message.substr(7, message.size() - 8);
+  while (!message.empty()) {
+    const std::string_view item = message.substr(0, message.find(", "));
+    message.remove_prefix(std::min(item.size() + 2, message.size()));
+    const std::size_t point = item.rfind('.');
+    place.table = item.substr(0, point);
+    if (point == std::string_view::npos) continue;
+    if (isIndex) {
+      place.index = item.substr(point + 1);
+    } else {
+      place.columns.emplace_back(item.substr(point + 1));
+    }
+  }
+  return place;
 }
 
 /// What SQLite may say of a statement that is right as far as the engine can tell.
@@ -104,6 +117,9 @@ Handle Database::open(const std::string& path, int flags) {
   Handle handle(raw);
   if (code != SQLITE_OK) throw fileError(path, "cannot be opened");
   sqlite3_extended_result_codes(raw, 1);
+  // Another program may be writing at the moment.
+  constexpr int patience = 10'000;  // milliseconds
+  sqlite3_busy_timeout(raw, patience);
   return handle;
 }
 
@@ -122,10 +138,17 @@ std::shared_ptr<Database> Database::openFile(const std::string& path) {
     throw fileError(path, "there is no such database file");
   Handle handle = open(path, SQLITE_OPEN_READWRITE);
   const std::int64_t id = wholeNumber(prepared(handle.get(), "PRAGMA application_id"));
-  if (id < 0) throw fileError(path, "is not a database");
+  if (id < 0) {
+    const bool isOther = sqlite3_errcode(handle.get()) == SQLITE_NOTADB;
+    throw fileError(path, isOther ? "is not a database" : sqlite3_errmsg(handle.get()));
+  }
   if (id != applicationId) throw fileError(path, "is not a database of the workbench");
   std::shared_ptr<Database> database(new Database(std::move(handle)));
-  database->load();
+  try {
+    database->load();
+  } catch (const RuntimeError& error) {
+    throw fileError(path, error.description());
+  }
   return database;
 }
 
@@ -163,14 +186,16 @@ void Database::setUp() {
 }
 
 void Database::load() {
-  sqlite3_stmt* raw = nullptr;
-  sqlite3_prepare_v2(handle(), "SELECT kind, text FROM main.kb_catalog ORDER BY id", -1, &raw,
-                     nullptr);
-  const Prepared statement(raw);
+  const Prepared statement =
+      prepared(handle(), "SELECT kind, text FROM main.kb_catalog ORDER BY id");
+  if (!statement) throw lastError();
   const auto text = [&](int column) {
-    return std::string(reinterpret_cast<const char*>(sqlite3_column_text(raw, column)));
+    const auto* const bytes = sqlite3_column_text(statement.get(), column);
+    if (bytes == nullptr) throw SqlError(824, "an entry of its catalogue is damaged");
+    return std::string(reinterpret_cast<const char*>(bytes));
   };
-  while (sqlite3_step(raw) == SQLITE_ROW) {
+  int code = SQLITE_ROW;
+  while ((code = sqlite3_step(statement.get())) == SQLITE_ROW) {
     if (text(0) == "U") {
       catalogue_.add(Table::from(parseTable(text(1))));
     } else {
@@ -180,6 +205,7 @@ void Database::load() {
       catalogue_.add(std::move(module));
     }
   }
+  if (code != SQLITE_DONE) throw lastError();
 }
 
 void Database::run(const std::string& sql) {
@@ -190,6 +216,7 @@ void Database::run(const std::string& sql) {
 void Database::createTable(std::shared_ptr<Table> table) {
   Transaction transaction(*this);
   run(table->sqliteDefinition());
+  for (const auto& key : table->sqliteKeys()) run(key);
   if (table->identity >= 0 && table->seed != 1) {
     run("INSERT INTO " + table->schema() + ".sqlite_sequence VALUES (" +
         textLiteral(table->physical) + ", " + std::to_string(table->seed - 1) + ")");
@@ -248,6 +275,61 @@ void Database::skipIdentity(const Table& table) {
   }
 }
 
+std::vector<Database::UniqueIndex> Database::uniqueIndexes(const Table& table) const {
+  const Prepared statement =
+      prepared(handle(), "SELECT name, sql FROM " + table.schema() +
+                             ".sqlite_master WHERE type = 'index' AND tbl_name = " +
+                             textLiteral(table.physical) + " AND sql LIKE 'CREATE UNIQUE %'");
+  std::vector<UniqueIndex> indexes;
+  while (statement && sqlite3_step(statement.get()) == SQLITE_ROW) {
+    const auto text = [&](int column) {
+      return std::string(
+          reinterpret_cast<const char*>(sqlite3_column_text(statement.get(), column)));
+    };
+    indexes.push_back({text(0), text(1)});
+  }
+  return indexes;
+}
+
+void Database::withKeysAtTheEnd(const Table& table, const std::function<void()>& change) {
+  Transaction transaction(*this);
+  const auto indexes = uniqueIndexes(table);
+  for (const auto& index : indexes) run("DROP INDEX " + table.schema() + "." + quoted(index.name));
+  change();
+  for (const auto& index : indexes) {
+    constexpr std::string_view start = "CREATE UNIQUE INDEX ";
+    run(std::string(start) + table.schema() + "." + index.sql.substr(start.size()));
+  }
+  transaction.commit();
+}
+
+/// A violated key is a constraint or a unique index, which SQLite does not tell apart.
+SqlError Database::duplicateKey(const std::string& physical,
+                                const std::vector<std::string>& columns, const std::string& index) {
+  const TablePtr table = catalogue_.byPhysicalName(physical);
+  const std::string name = table ? table->name : physical;
+  std::string violated = index;
+  if (table && !columns.empty() && !table->hasKey(columns)) {
+    for (const auto& candidate : uniqueIndexes(*table)) {
+      const bool hasAll = std::all_of(columns.begin(), columns.end(), [&](const auto& column) {
+        return candidate.sql.find(quoted(column)) != std::string::npos;
+      });
+      if (hasAll) violated = candidate.name.substr(physical.size() + 1);
+    }
+  }
+  if (violated.empty() || violated.starts_with(Table::keyIndexPrefix)) {
+    return {2627,
+            "Violation of UNIQUE or PRIMARY KEY constraint. Cannot insert duplicate key in object "
+            "'dbo." +
+                name + "'.",
+            "23000"};
+  }
+  return {2601,
+          "Cannot insert duplicate key row in object 'dbo." + name + "' with unique index '" +
+              violated + "'.",
+          "23000"};
+}
+
 SqlError Database::lastError() {
   if (raised_) {
     SqlError error = std::move(*raised_);
@@ -264,14 +346,11 @@ SqlError Database::lastError() {
         return {8672,
                 "The MERGE statement attempted to UPDATE or DELETE the same row more than once."};
       }
-      return {2627,
-              "Violation of UNIQUE or PRIMARY KEY constraint. Cannot insert duplicate key in "
-              "object 'dbo." +
-                  place.table + "'.",
-              "23000"};
+      return duplicateKey(place.table, place.columns, place.index);
     case SQLITE_CONSTRAINT_NOTNULL:
       return {515,
-              "Cannot insert the value NULL into column '" + place.column + "', table '" +
+              "Cannot insert the value NULL into column '" +
+                  (place.columns.empty() ? std::string() : place.columns.front()) + "', table '" +
                   place.table + "'; column does not allow nulls.",
               "23000"};
     default:
@@ -280,17 +359,21 @@ SqlError Database::lastError() {
   return translated(message);
 }
 
-Transaction::Transaction(Database& database) : database_(database) {
-  database_.run("SAVEPOINT kb");
+// The outermost one asks for the right to write at once: two programs that both read first and
+// then want to write would wait for each other.
+Transaction::Transaction(Database& database)
+    : database_(database), isOuter_(sqlite3_get_autocommit(database.handle()) != 0) {
+  database_.run(isOuter_ ? "BEGIN IMMEDIATE" : "SAVEPOINT kb");
 }
 
 Transaction::~Transaction() {
-  if (open_)
-    sqlite3_exec(database_.handle(), "ROLLBACK TO kb; RELEASE kb", nullptr, nullptr, nullptr);
+  if (!open_) return;
+  sqlite3_exec(database_.handle(), isOuter_ ? "ROLLBACK" : "ROLLBACK TO kb; RELEASE kb", nullptr,
+               nullptr, nullptr);
 }
 
 void Transaction::commit() {
-  database_.run("RELEASE kb");
+  database_.run(isOuter_ ? "COMMIT" : "RELEASE kb");
   open_ = false;
 }
 

@@ -1,10 +1,12 @@
 #pragma once
 
 #include <cstdint>
+#include <functional>
 #include <map>
 #include <memory>
 #include <optional>
 #include <string>
+#include <vector>
 
 #include "workbench/engine/catalogue/catalogue.h"
 #include "workbench/engine/sqlite.h"
@@ -48,6 +50,9 @@ class Database {
 
   int newSessionId() { return ++sessions_; }
   std::string newScratchName() { return "kb_scratch_" + std::to_string(++scratches_); }
+  /// Runs a change of the table's rows, and checks its unique indexes at the end only.
+  void withKeysAtTheEnd(const Table& table, const std::function<void()>& change);
+
   /// The session whose statement runs: what functions such as OBJECT_ID refer to.
   Session* current() const { return current_; }
   Session* setCurrent(Session* session) { return std::exchange(current_, session); }
@@ -62,6 +67,13 @@ class Database {
   static Handle open(const std::string& path, int flags);
   void setUp();
   void load();
+  struct UniqueIndex {
+    std::string name;
+    std::string sql;
+  };
+  std::vector<UniqueIndex> uniqueIndexes(const Table& table) const;
+  SqlError duplicateKey(const std::string& physical, const std::vector<std::string>& columns,
+                        const std::string& index);
 
   Handle handle_;
   std::map<std::string, Prepared>
@@ -84,6 +96,7 @@ class Transaction {
 
  private:
   Database& database_;
+  bool isOuter_;
   bool open_ = true;
 };
 

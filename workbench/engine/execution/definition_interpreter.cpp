@@ -5,7 +5,6 @@
 #include <utility>
 
 #include "workbench/engine/execution/session.h"
-#include "workbench/engine/sqlite.h"
 #include "workbench/engine/syntax/parser.h"
 
 namespace kebu::engine {
@@ -60,19 +59,26 @@ void DefinitionInterpreter::run(const ast::CreateIndex& create) {
   Database& database = execution_.database();
   const TablePtr table = database.catalogue().table(create.table, execution_.session().id());
   if (!table) throw unknownObject(create.table);
-  std::string columns;
+  std::vector<IndexColumn> indexed;
   for (const auto& item : create.columns) {
     const auto* column = std::get_if<ast::Column>(&item.expr->node);
     const int index = column == nullptr ? -1 : table->indexOf(column->parts.back());
     if (index < 0) throw SqlError(1911, "Column name does not exist in the target table or view.");
-    columns += (columns.empty() ? "" : ", ") +
-               quoted(table->columns[static_cast<std::size_t>(index)].name) +
-               (item.descending ? " DESC" : "");
+    indexed.push_back({index, item.descending});
   }
-  // Indexes of different tables may have the same name, which SQLite does not allow.
-  database.run(std::string(create.unique ? "CREATE UNIQUE INDEX " : "CREATE INDEX ") +
-               table->schema() + "." + quoted(table->physical + "." + create.name) + " ON " +
-               quoted(table->physical) + " (" + columns + ")");
+  Transaction transaction(database);
+  try {
+    for (const auto& statement : table->sqliteIndex(create.name, create.unique, indexed))
+      database.run(statement);
+  } catch (const SqlError& error) {
+    if (error.nativeError() != 2601 && error.nativeError() != 2627) throw;
+    throw SqlError(1505,
+                   "The CREATE UNIQUE INDEX statement terminated because a duplicate key was found "
+                   "for the object name 'dbo." +
+                       table->name + "' and the index name '" + create.name + "'.",
+                   "23000");
+  }
+  transaction.commit();
 }
 
 void DefinitionInterpreter::run(const ast::Drop& drop) {

@@ -354,7 +354,7 @@ ExprPtr ExpressionParser::nameOrCall() {
   const auto at = reader_.peek().text;
   // LEFT and RIGHT are words of joins as well.
   const bool call1 = reader_.isSymbol("(", 1) && reader_.peek().kind == TokenKind::Word;
-  if (call1 && reader_.isAny({"LEFT", "RIGHT", "REPLACE", "CHAR"})) {
+  if (call1 && reader_.isAny({"LEFT", "RIGHT", "COALESCE", "NULLIF"})) {
     return call({}, toUpperAscii(reader_.take().text), at);
   }
   ast::ObjectName name = reader_.objectName();

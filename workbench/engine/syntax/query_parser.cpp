@@ -156,11 +156,7 @@ std::string QueryParser::alias() {
     return textOf(reader_.take());
   }
   // The next statement may follow without a separator: its first word is no alias.
-  static constexpr std::array<std::string_view, 7> joins{"LEFT",  "RIGHT", "INNER", "FULL",
-                                                         "CROSS", "OUTER", "JOIN"};
-  if (!reader_.atName() || reader_.isAny(joins)) return {};
-  if (reader_.peek().kind == TokenKind::Word && isWord(reader_.peek(1), "TRAN")) return {};
-  return reader_.name();
+  return reader_.atName() ? reader_.name() : std::string();
 }
 
 void QueryParser::tableHints() {

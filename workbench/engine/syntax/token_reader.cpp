@@ -5,22 +5,17 @@
 #include <charconv>
 
 #include "common/convert.h"
+#include "workbench/engine/syntax/keywords.h"
 
 namespace kebu::engine {
 namespace {
 
-// Words that end an expression or begin a clause, and so are never plain names or aliases.
-constexpr std::array reserved{
-    "ADD",       "ALL",     "ALTER",  "AND",     "APPLY",      "AS",       "ASC",     "BEGIN",
-    "BETWEEN",   "BREAK",   "BY",     "CASE",    "CONSTRAINT", "CONTINUE", "CREATE",  "CROSS",
-    "DECLARE",   "DEFAULT", "DELETE", "DESC",    "DISTINCT",   "DROP",     "ELSE",    "END",
-    "ESCAPE",    "EXCEPT",  "EXEC",   "EXECUTE", "EXISTS",     "FOR",      "FROM",    "FULL",
-    "GO",        "GOTO",    "GROUP",  "HAVING",  "IF",         "IN",       "INNER",   "INSERT",
-    "INTERSECT", "INTO",    "IS",     "JOIN",    "LIKE",       "MERGE",    "NOT",     "NULL",
-    "ON",        "OPTION",  "OR",     "ORDER",   "OUTER",      "OVER",     "PRIMARY", "PRINT",
-    "RAISERROR", "RETURN",  "SELECT", "SET",     "TABLE",      "THEN",     "TOP",     "TRUNCATE",
-    "UNION",     "UNIQUE",  "UPDATE", "USING",   "VALUES",     "WHEN",     "WHERE",   "WHILE",
-    "WITH"};
+// Not reserved, but they begin a clause where an alias could stand.
+constexpr std::array<std::string_view, 3> clauses{"APPLY", "GO", "USING"};
+
+bool isKeyword(const Token& token) {
+  return token.kind == TokenKind::Word && isReserved(token.text);
+}
 
 struct TypeName {
   std::string_view name;
@@ -108,8 +103,8 @@ void TokenReader::expectSymbol(std::string_view symbol) {
 bool TokenReader::atName() const {
   const Token& token = peek();
   if (token.kind == TokenKind::Name) return true;
-  return token.kind == TokenKind::Word &&
-         find(reserved, token.text, [](const char* word) { return word; }) == reserved.end();
+  return token.kind == TokenKind::Word && !isKeyword(token) &&
+         find(clauses, token.text, [](auto word) { return word; }) == clauses.end();
 }
 
 std::string TokenReader::name() {
@@ -226,6 +221,10 @@ SqlError TokenReader::tooDeep() const {
   return errorAt(batch_, peek().text, 191,
                  "Some part of your SQL statement is nested too deeply. Rewrite the query or break "
                  "it up into smaller queries: it is too deep");
+}
+
+void TokenReader::fail() const {
+  throw errorAt(batch_, peek().text, isKeyword(peek()) ? 156 : 102, "Incorrect syntax");
 }
 
 void TokenReader::fail(const std::string& what) const {

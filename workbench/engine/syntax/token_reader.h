@@ -76,7 +76,9 @@ class TokenReader {
   /// SqlError 191 when so many links in a chain, such as a + b + …, are too many.
   void checkChain(int links) const;
 
-  [[noreturn]] void fail(const std::string& what = "Incorrect syntax") const;
+  /// SqlError 102 at the current token, 156 when that is a keyword.
+  [[noreturn]] void fail() const;
+  [[noreturn]] void fail(const std::string& what) const;
   std::string_view batch() const { return batch_; }
   /// Whether a literal was read as part of the form.
   bool readStructuralLiteral() const { return structural_; }
