@@ -143,6 +143,9 @@ std::optional<Include> parseInclude(std::string_view line) {
   return Include{line.substr(0, line.find(quoted ? '"' : '>')), quoted};
 }
 
+/// The header that includes windows.h for all others.
+constexpr std::string_view windowsApi = "src/windows/support/windows_api.h";
+
 bool isWindowsHeader(std::string_view header) {
   static constexpr std::array names{
       "windows.h", "windowsx.h", "winuser.h",    "winbase.h", "windef.h",  "winnt.h",
@@ -169,14 +172,18 @@ std::string join(std::initializer_list<std::string_view> pieces) {
   return text;
 }
 
-/// Why the room may not have the include; nothing when it may.
-std::optional<std::string> objection(const Place& place, const Include& include) {
+/// Why a file may not have the include; nothing when it may.
+std::optional<std::string> objection(std::string_view path, const Place& place,
+                                     const Include& include) {
   const std::string_view header = include.header;
   if (const auto other = findHeader(header)) {
     if (mayKnow(place, *other)) return std::nullopt;
     return join({place.room->folder, " may not know ", other->room->folder, " (", header, ")"});
   }
   const Foreign foreign = place.room->foreign;
+  if (header == "windows.h" && path != windowsApi && foreign != Foreign::None) {
+    return join({"not through ", windowsApi, ": ", header});
+  }
   if (isWindowsHeader(header)) {
     if (foreign == Foreign::Windows || foreign == Foreign::Any) return std::nullopt;
     return join({"a Windows header outside of windows: ", header});
@@ -213,7 +220,8 @@ std::vector<Violation> violations(std::string_view path, std::string_view text) 
   for (int number = 1; !text.empty(); ++number) {
     const std::size_t end = std::min(text.find('\n'), text.size());
     if (const auto include = parseInclude(text.substr(0, end))) {
-      if (auto reason = objection(*place, *include)) found.push_back({number, std::move(*reason)});
+      if (auto reason = objection(path, *place, *include))
+        found.push_back({number, std::move(*reason)});
     }
     text.remove_prefix(std::min(end + 1, text.size()));
   }

@@ -1,4 +1,4 @@
-// The manners of the real ADO that the workbench's objects do not have.
+// The behaviour of the real ADO that the workbench's objects do not show.
 #include <gtest/gtest.h>
 
 #include <memory>
@@ -19,13 +19,12 @@ using windows::ComPtr;
 using windows::Member;
 using windows::Variant;
 
-/// A result of a batch as the provider tells it: rows, a bare count, or the
-/// error of its statement.
+/// A result of a batch: rows, a count of rows without rows, or the error of its statement.
 enum class Result { Rows, Count, Error };
 
-/// A recordset with the real one's manners: closed results in a chain, negative
-/// positions, an edit mode that wants a record, fields of a new row without a
-/// value, and sizes and digits of the provider's.
+/// A recordset that behaves as the real one: closed results in a chain, negative positions, an edit
+/// mode that fails without a record, empty fields of a new row, and the provider's values for
+/// "no size" and "no digits".
 struct Recordset {
   std::vector<Result> chain;
   std::vector<std::string> calls;

@@ -204,7 +204,7 @@ void editing(AdoSide& side, Transcript& transcript) {
   session.record("cancel", [&] { session.rows->CancelUpdate(); });
   session.recordValue("A");
   session.set("NONE", true);
-  // Moving on sends what was typed.
+  // Moving to another row stores the edit.
   session.set("A", "mosso");
   session.record("next", [&] { session.rows->MoveNext(); });
   session.recordStoredRows();
@@ -251,7 +251,7 @@ void addingAndDeleting(AdoSide& side, Transcript& transcript) {
   session.record("mode at the end", [&] { return session.rows->editMode(); });
   session.record("update at the end", [&] { session.rows->Update(); });
   session.recordStoredRows();
-  // Somebody else has taken the row away.
+  // Another connection has deleted the row.
   session.record("first", [&] { session.rows->MoveFirst(); });
   session.record("elsewhere", [&] { session.connection->Execute("DELETE FROM T WHERE K = 1"); });
   session.set("A", "tardi");
@@ -279,7 +279,7 @@ void batches(AdoSide& side, Transcript& transcript) {
   session.record("clone", [&] { return clone->GetRows(-1); });
   session.record("clone pending", [&] { return clone->hasPendingBatch(); });
   session.recordStoredRows();
-  // A filter hides rows, but not from the batch.
+  // A filter hides rows from reading, not from the batch.
   session.record("filter", [&] { session.rows->setFilter("K = 3"); });
   session.record("send", [&] { session.rows->UpdateBatch(); });
   session.recordEditState();
@@ -295,7 +295,7 @@ void batches(AdoSide& side, Transcript& transcript) {
   session.record("all", [&] { return session.rows->GetRows(-1); });
   session.record("send", [&] { session.rows->UpdateBatch(); });
   session.recordStoredRows();
-  // One row of the batch cannot be written: it stays for another try.
+  // One row of the batch cannot be written; it stays pending.
   session.record("first", [&] { session.rows->MoveFirst(); });
   session.set("F", Null{});
   session.record("update", [&] { session.rows->Update(); });

@@ -9,10 +9,10 @@
 
 namespace kebu::tests {
 
-/// One way to ADO's objects: the engine's own, or the same through COM.
+/// Where a scenario gets ADO's objects from: the engine, or the same through COM.
 struct AdoSide {
   ado::Library& objects;
-  /// A new one to a database that begins with the table T, still closed.
+  /// A new closed connection to a database that adoSetUp() has filled.
   std::function<Ref<ado::Connection>()> connect;
 };
 
@@ -23,7 +23,7 @@ struct AdoScenario {
   std::vector<std::string> landmarks;  ///< texts that must be in the transcript
 };
 
-/// The statements that make the database of a side.
+/// The statements that fill the database of a side.
 const std::vector<std::string>& adoSetUp();
 const std::vector<AdoScenario>& adoScenarios();
 

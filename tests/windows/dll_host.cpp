@@ -44,9 +44,9 @@ void openPage(HWND form, const std::string& view) {
   pumpWaiting();
 }
 
-ULONGLONG longestSilence(HWND window, const std::function<void()>& deed) {
+ULONGLONG longestSilence(HWND window, const std::function<void()>& action) {
   std::atomic<bool> over = false;
-  auto onlooker = std::async(std::launch::async, [&] {
+  auto otherThread = std::async(std::launch::async, [&] {
     ULONGLONG longest = 0;
     while (!over) {
       const ULONGLONG asked = GetTickCount64();
@@ -56,16 +56,16 @@ ULONGLONG longestSilence(HWND window, const std::function<void()>& deed) {
     }
     return longest;
   });
-  deed();
+  action();
   over = true;
-  // Its last question may still wait for the answer.
-  while (onlooker.wait_for(std::chrono::milliseconds(1)) != std::future_status::ready) {
+  // The other thread's last message may still wait for this one.
+  while (otherThread.wait_for(std::chrono::milliseconds(1)) != std::future_status::ready) {
     pumpWaiting();
   }
-  return onlooker.get();
+  return otherThread.get();
 }
 
-std::int32_t QuietUser::answer(const workbench::ShownMessage& box) {
+std::int32_t DefaultUser::answer(const workbench::ShownMessage& box) {
   std::cout << "    box: " << box.text << std::endl;
   return workbench::defaultButton(box.style);
 }

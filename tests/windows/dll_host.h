@@ -16,25 +16,25 @@ namespace kebu::tests {
 
 /// The plug-in's window; null while none is shown.
 HWND shownForm();
-/// Lets the windows do what waits for them.
+/// Dispatches the messages that are waiting.
 void pumpWaiting();
 
-/// A click on the link of a page.
+/// Clicks the side bar's link to a page.
 void openPage(HWND form, const std::string& view);
-/// The longest time in milliseconds for which a window gives no answer to another
-/// thread while this one does something.
-ULONGLONG longestSilence(HWND window, const std::function<void()>& deed);
+/// The longest time in milliseconds for which a window does not answer another thread while this
+/// thread runs `action`.
+ULONGLONG longestSilence(HWND window, const std::function<void()>& action);
 
-/// Takes the usual button of every box, and prints the box.
-class QuietUser : public workbench::User {
+/// Presses the default button of every message box, and prints the box.
+class DefaultUser : public workbench::User {
  public:
   std::int32_t answer(const workbench::ShownMessage& box) override;
   void chooseFrom(workbench::ShownList& /*list*/) override {}
   void workIn(controls::Form& /*form*/) override {}
 };
 
-/// The stand-in host on a demo company of its own, with a DLL for plug-in; the
-/// observer, which may be null, sees the plug-in's statements.
+/// The stand-in host on a demo company of its own, with the DLL as its plug-in. The observer, which
+/// may be null, sees the plug-in's statements.
 class DllHost {
  public:
   explicit DllHost(const workbench::PluginLibrary& library,
@@ -44,11 +44,11 @@ class DllHost {
   void set(const char* property, const std::string& value);
   const std::shared_ptr<engine::Database>& database() const { return database_; }
 
-  /// What the plug-in did with the host's object models.
+  /// What the plug-in called of the host's object models.
   std::vector<std::string> journal;
 
  private:
-  QuietUser user_;
+  DefaultUser user_;
   std::shared_ptr<engine::Database> database_ = workbench::demoCompany();
   workbench::CompanyDatabase company_;
   workbench::AdoLibrary objects_;

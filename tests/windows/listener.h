@@ -8,8 +8,7 @@
 
 namespace kebu::tests {
 
-/// An object of the host's: hears events, and can be handed over where only its
-/// identity counts.
+/// An object of a host: receives events, and serves where only an object's identity counts.
 class Listener final : public windows::ComObject<IDispatch> {
  public:
   struct Heard {
@@ -17,7 +16,7 @@ class Listener final : public windows::ComObject<IDispatch> {
     windows::Variant argument;
   };
   std::vector<Heard> heard;
-  /// Called after an event was noted.
+  /// Called after an event was recorded.
   std::function<void()> then;
 
   STDMETHODIMP GetTypeInfoCount(UINT* count) override {

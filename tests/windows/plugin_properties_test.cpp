@@ -21,7 +21,7 @@ using windows::ComPtr;
 using windows::Dispatch;
 using windows::Variant;
 
-/// An argument of the vtable, whatever kind the member takes.
+/// An argument for a member of the vtable, converted to whatever type it takes.
 struct Given {
   const VARIANT& value;
   operator VARIANT_BOOL() const { return value.boolVal; }
@@ -30,7 +30,7 @@ struct Given {
   operator VARIANT() const { return value; }
 };
 
-/// Where a member of the vtable puts its answer.
+/// A place for the result of a member of the vtable, whatever its type.
 struct Received {
   VARIANT& value;
   operator VARIANT_BOOL*() const { return as(VT_BOOL, &value.boolVal); }

@@ -5,12 +5,11 @@
 
 namespace kebu::tests {
 
-/// Every value of the registry's classes, "key|name" to its text; a key by
-/// itself as "key|".
+/// Every value under HKEY_CLASSES_ROOT, from "key|name" to its text; a key itself is "key|".
 using RegistryContents = std::map<std::wstring, std::wstring>;
 
 RegistryContents registeredClasses();
-/// The entries of `after` that `before` has not or has otherwise.
+/// The entries of `after` that are missing in `before` or differ there.
 RegistryContents added(const RegistryContents& before, const RegistryContents& after);
 
 }  // namespace kebu::tests

@@ -10,8 +10,8 @@ namespace {
 
 constexpr ULONG_PTR lastNumber = 0xFFFF;
 
-/// How many of the system's objects there are by asking for each number, where
-/// the system does not tell (Wine, which finds an object by its number alone).
+/// Counts objects by trying every number, where the system has no count: Wine finds an object by
+/// the low bits of its handle alone.
 template <class Exists>
 int countByNumber(Exists&& exists) {
   int found = 0;

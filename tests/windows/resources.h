@@ -5,7 +5,7 @@
 
 namespace kebu::tests {
 
-/// What this process holds of the system.
+/// The system's objects that this process holds.
 struct Resources {
   int gdiObjects = 0;
   int userObjects = 0;  ///< at the least windows, menus and icons

@@ -27,7 +27,7 @@ namespace {
 
 using workbench::WindowReader;
 
-/// The library, loaded anew for each test: nothing that one leaves behind can meet the next.
+/// Loads the library anew for each test, so that what one leaves behind does not reach the next.
 class WindowTest : public testing::Test {
  protected:
   void TearDown() override {
@@ -91,7 +91,7 @@ TEST_F(WindowTest, OpensModeless) {
   DestroyWindow(parent);
 }
 
-/// What happens on the timer while a modal window is shown.
+/// Runs on a timer while a modal window is shown.
 std::function<void()> meanwhile;
 
 void CALLBACK onTimer(HWND window, UINT, UINT_PTR timer, DWORD) {
@@ -126,7 +126,7 @@ LONG widthOf(const windows::Inspection& part) {
   return part.bounds.right - part.bounds.left;
 }
 
-/// The window comes to a screen of another resolution.
+/// Moves the window to a screen of another resolution, as Windows reports it.
 void changeResolution(int dpi) {
   RECT suggested{0, 0, MulDiv(1180, dpi, USER_DEFAULT_SCREEN_DPI),
                  MulDiv(760, dpi, USER_DEFAULT_SCREEN_DPI)};
@@ -174,7 +174,7 @@ TEST_F(WindowTest, ColumnsAreAsWideAsTheUserMakesThem) {
   host->close();
 }
 
-/// A database that takes long over the working table of the rules on price.
+/// Makes the statements on the working table of the rules on price slow.
 class SlowRules : public workbench::StatementObserver {
  public:
   static constexpr DWORD delay = 1000;

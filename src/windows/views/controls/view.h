@@ -11,7 +11,9 @@
 #include "windows/views/drawing/theme.h"
 #include "windows/views/layout/page_layout.h"
 #include "windows/views/window/inspection.h"
+#include "windows/views/window/inspection_answer.h"
 #include "windows/views/window/keyboard.h"
+#include "windows/views/window/window_place.h"
 
 namespace kebu::windows {
 
@@ -94,26 +96,5 @@ View* viewOf(HWND window);
 
 /// Passes a notification that came to a parent on to the view of the control that sent it.
 std::optional<LRESULT> reflect(UINT message, WPARAM wParam, LPARAM lParam);
-
-void moveWindow(HWND window, const layout::Rect& place);
-/// Moves it there and shows it; what has no place is hidden.
-void putWindow(HWND window, const layout::Rect& place);
-
-// For describe and describePart.
-template <std::size_t size>
-void write(wchar_t (&target)[size], const std::wstring& text) {
-  const std::size_t length = text.copy(target, size - 1);
-  target[length] = L'\0';
-}
-/// Which of `count` items is asked about, by its key or without one by its
-/// index, which is filled in; nothing when there is none such.
-std::optional<std::size_t> itemAsked(
-    Inspection& inspection, std::size_t count,
-    const std::function<bool(std::size_t index, const std::string& key)>& hasKey);
-void writeName(Inspection& inspection, const std::string& name);
-void writeText(Inspection& inspection, const std::string& text);
-void addMark(Inspection& inspection, const char* mark);
-/// The answer is about `window`, which is asked where and how it is.
-void describeWindow(Inspection& inspection, HWND window);
 
 }  // namespace kebu::windows

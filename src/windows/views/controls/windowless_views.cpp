@@ -1,6 +1,6 @@
 #include "windows/views/controls/windowless_views.h"
 
-#include "windows/views/drawing/painting.h"
+#include "windows/views/window/window_place.h"
 
 namespace kebu::windows {
 

@@ -3,13 +3,8 @@
 #include <string>
 
 #include "windows/support/handles.h"
-#include "windows/views/layout/metrics.h"
 
 namespace kebu::windows {
-
-inline RECT toRECT(const layout::Rect& r) {
-  return {r.left, r.top, r.right(), r.bottom()};
-}
 
 /// The screen's device context, for measuring.
 class ScreenDc {

@@ -132,8 +132,8 @@ void FormWindow::listenTo(controls::GroupBox& group) {
 void FormWindow::rebuildIfGrown() {
   if (form_.controls().size() == controlsSeen_) return;
   if (!hasSideBar_) {
-    // The tab key goes by the order in which windows were made. On a page of the side bar, a window
-    // of its own, what comes later stands last anyway; a dialog's few controls are made again.
+    // The tab order is the order in which windows were made. On a page of the side bar, a window of
+    // its own, later controls come last anyway; a dialog's few controls are made again.
     groupSubscriptions_.clear();
     mnemonics_.clear();
     views_.clear();
@@ -231,7 +231,7 @@ void FormWindow::arrangePages(const layout::Rect& place) {
     const auto* resizing = controls::as<controls::ResizeManager>(*control);
     if (resizing) rules = &resizing->registrations();
   }
-  // Several pages may be visible to the models; the one shown last lies over the others.
+  // Several pages may be visible as models; only the one that was shown last is drawn.
   const bool isGone = shownPage_ && !shownPage_->isVisible();
   if (isGone) shownPage_ = nullptr;
   for (const auto& [page, window] : pages_) {
@@ -313,7 +313,7 @@ void FormWindow::moveToItsPlace() {
   HWND owner = GetWindow(handle(), GW_OWNER);
   GetWindowRect(handle(), &own);
   if (place.x == 0 && place.y == 0 && owner && GetWindowRect(owner, &around)) {
-    // One that was given no place opens in the middle of its owner.
+    // A form without a place opens in the middle of its owner.
     place.x = std::max((around.left + around.right - (own.right - own.left)) / 2, 0L);
     place.y = std::max((around.top + around.bottom - (own.bottom - own.top)) / 2, 0L);
   }
@@ -335,7 +335,7 @@ void FormWindow::show() {
 void FormWindow::paintNow() {
   if (layoutWanted_) layOut();
   for (View* view : inOrder_) {
-    // It moves even where nothing pumps its timer.
+    // The bar moves even while no message loop delivers its timer.
     if (controls::as<controls::ProgressBar>(view->control()) && view->control().isVisible()) {
       view->refresh();
     }
@@ -344,8 +344,8 @@ void FormWindow::paintNow() {
 }
 
 void FormWindow::activated(HWND before) {
-  // Only coming from another of the program's windows counts: not from another
-  // program, and not from a message box or a list over this window.
+  // Only a change from another window of this program counts, not from another program, and not
+  // from a message box or a list over this window.
   if (!before || showing_ || activating_) return;
   wchar_t name[16] = {};
   GetClassNameW(before, name, 16);
@@ -509,7 +509,7 @@ LRESULT FormWindow::answer(UINT message, WPARAM wParam, LPARAM lParam) {
       }
       return 0;
     case WM_CLOSE: {
-      // The form may be let go of while it closes.
+      // Closing may release the form.
       const std::shared_ptr<controls::Form> held = form_.weak_from_this().lock();
       if (commit()) static_cast<controls::Form&>(form_).Unload();
       return 0;

@@ -41,12 +41,12 @@ class FormWindow : public Window, public ViewSite, public KeyTarget {
   void rebuildIfGrown();
   std::unique_ptr<PageWindow> newPage();
   /// Makes a page's window and views, unless it has them. It is done when the page is first
-  /// wanted, since a window costs more than all that stands behind it.
+  /// shown, since its windows cost more than its models.
   void fillPage(const controls::GroupBox& page);
   /// The page of the side bar that a control belongs to; nothing when it is none.
   const controls::GroupBox* pageOf(const controls::Control& control) const;
   void listenTo(controls::GroupBox& group);
-  /// What the window of a control that is on no page stands in.
+  /// The parent of the window of a control that is on no page.
   HWND parentFor(controls::Control& control);
   View* find(const controls::Control& control) const;
   void formChanged();
@@ -67,7 +67,7 @@ class FormWindow : public Window, public ViewSite, public KeyTarget {
   HINSTANCE module_;
   controls::Form& form_;
   std::unique_ptr<Theme> theme_;
-  /// The side bar's pages; without a window those that nobody has wanted yet.
+  /// The side bar's pages; those without a window have not been shown yet.
   std::map<const controls::GroupBox*, std::unique_ptr<PageWindow>> pages_;
   std::unique_ptr<PageWindow> loosePage_;
   const controls::GroupBox* shownPage_ = nullptr;

@@ -3,9 +3,10 @@
 #include <algorithm>
 
 #include "windows/support/text.h"
-#include "windows/views/controls/view.h"
 #include "windows/views/drawing/push_button.h"
 #include "windows/views/window/guard.h"
+#include "windows/views/window/inspection_answer.h"
+#include "windows/views/window/window_place.h"
 #include "windows/views/window/window_text.h"
 
 namespace kebu::windows {
@@ -128,7 +129,7 @@ std::function<void()> LookupWindow::actionFor(const Key& key) {
       if (HWND next = GetNextDlgTabItem(handle(), GetFocus(), back)) SetFocus(next);
     };
   }
-  // The list is walked without leaving the box in which one types.
+  // These keys move in the list while the focus stays in the search box.
   const bool walks =
       key.code == VK_UP || key.code == VK_DOWN || key.code == VK_PRIOR || key.code == VK_NEXT;
   if (walks && focus == search_) {

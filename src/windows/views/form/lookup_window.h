@@ -12,8 +12,8 @@
 
 namespace kebu::windows {
 
-/// The list of a look-up: what is typed finds a row, Enter or a double click
-/// takes it, Esc leaves the list.
+/// The list of a look-up: typing finds a row, Enter or a double click chooses it, Esc closes the
+/// list.
 class LookupWindow : public Window, public GridSource, public KeyTarget {
  public:
   LookupWindow(HINSTANCE module, controls::LookupList& list, HWND owner);

@@ -18,7 +18,7 @@ class PageWindow : public Window {
 
   PageWindow(HINSTANCE module, HWND parent, const Theme& theme, PlaceView placeView);
 
-  /// What stands in it, in the order of the models.
+  /// The controls in it, in the order of the models.
   std::vector<controls::Control*> controls;
 
   /// Lays the page out in `place` of its parent.

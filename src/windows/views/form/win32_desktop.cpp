@@ -65,7 +65,8 @@ void Win32Desktop::show(controls::Form& form) {
 void Win32Desktop::hide(controls::Form& form) {
   auto node = shown_.extract(&form);
   if (node.empty()) return;
-  // Before it goes, so that the window below comes to the front and not another program's.
+  // Before the window is destroyed, so that the window below comes to the front and not another
+  // program's.
   enable(node.mapped()->disabled);
 }
 
@@ -116,8 +117,8 @@ void Win32Desktop::pump(const std::function<bool()>& done) {
 
 void Win32Desktop::repaint() {
   for (const auto& [form, shown] : shown_) shown->window->paintNow();
-  // The thread's other windows too, the host's among them. To ask for messages is also how a
-  // program shows that it is alive; a window that never has enough of painting ends nothing.
+  // The thread's other windows, too, the host's among them. Asking for messages also shows Windows
+  // that the program responds. The number is limited, since a window may paint without end.
   MSG message{};
   for (int i = 0; i < 64 && PeekMessageW(&message, nullptr, WM_PAINT, WM_PAINT, PM_REMOVE); ++i) {
     DispatchMessageW(&message);

@@ -7,6 +7,7 @@
 #include "windows/support/text.h"
 #include "windows/views/grid/column_ruler.h"
 #include "windows/views/window/guard.h"
+#include "windows/views/window/window_place.h"
 
 namespace kebu::windows {
 

@@ -18,7 +18,7 @@ struct Rect {
   bool operator==(const Rect&) const = default;
 };
 
-/// What the layout knows of the screen: its resolution and the font.
+/// The resolution of the screen and the size of the font.
 struct Metrics {
   int dpi = 96;
   int lineHeight = 15;
