@@ -317,6 +317,9 @@ Bound ExpressionBinder::aggregate(const ast::Call& node, const Scope& scope) {
 }
 
 std::string ExpressionBinder::window(const ast::Over& over, const Scope& scope) {
+  if (scope.findings == nullptr || scope.findings->clause != SelectFindings::Clause::Rows) {
+    throw SqlError(4108, "Windowed functions can only appear in the SELECT or ORDER BY clauses.");
+  }
   std::string sql;
   for (const auto& item : over.partitionBy) {
     sql += (sql.empty() ? "PARTITION BY " : ", ") + collated(value(*item, scope));

@@ -13,6 +13,8 @@
 namespace kebu::engine {
 namespace {
 
+// Grows when texts sort in another way than before: the indexes of older files are out of order.
+constexpr int collationVersion = 1;
 constexpr int applicationId = 0x4B454255;  // tells our files from other SQLite files
 
 RuntimeError fileError(const std::string& path, const std::string& what) {
@@ -181,6 +183,7 @@ std::shared_ptr<Database> Database::clone() const {
 
 void Database::setUp() {
   run("PRAGMA application_id = " + std::to_string(applicationId));
+  run("PRAGMA user_version = " + std::to_string(collationVersion));
   run("CREATE TABLE main.kb_catalog (id INTEGER PRIMARY KEY AUTOINCREMENT, kind TEXT NOT NULL, "
       "name TEXT COLLATE KB NOT NULL UNIQUE, text TEXT NOT NULL)");
 }
@@ -206,6 +209,9 @@ void Database::load() {
     }
   }
   if (code != SQLITE_DONE) throw lastError();
+  if (wholeNumber(prepared(handle(), "PRAGMA user_version")) == collationVersion) return;
+  run("REINDEX KB");
+  run("PRAGMA user_version = " + std::to_string(collationVersion));
 }
 
 void Database::run(const std::string& sql) {

@@ -79,12 +79,26 @@ void sumStep(sqlite3_context* context, int, sqlite3_value** values) {
           [&] { **total = **total + valueOf(cellOf(values[0]), wideWhole).as<Decimal>(); });
 }
 
-void sumFinal(sqlite3_context* context) {
+/// The sum so far. A window without rows that are not null has none, or 0 once it had some.
+void sumValue(sqlite3_context* context) {
   auto** total = static_cast<Decimal**>(sqlite3_aggregate_context(context, 0));
   if (total == nullptr || *total == nullptr) return sqlite3_result_null(context);
-  const std::unique_ptr<Decimal> sum(*total);
   guarded(context, *static_cast<Database*>(sqlite3_user_data(context)),
-          [&] { setResult(context, storedAs(*sum, wideWhole)); });
+          [&] { setResult(context, storedAs(**total, wideWhole)); });
+}
+
+/// Takes a row out that has left the window.
+void sumInverse(sqlite3_context* context, int, sqlite3_value** values) {
+  auto** total = static_cast<Decimal**>(sqlite3_aggregate_context(context, 0));
+  if (sqlite3_value_type(values[0]) == SQLITE_NULL || total == nullptr || *total == nullptr) return;
+  guarded(context, *static_cast<Database*>(sqlite3_user_data(context)),
+          [&] { **total = **total - valueOf(cellOf(values[0]), wideWhole).as<Decimal>(); });
+}
+
+void sumFinal(sqlite3_context* context) {
+  sumValue(context);
+  auto** total = static_cast<Decimal**>(sqlite3_aggregate_context(context, 0));
+  if (total != nullptr) delete *total;
 }
 
 // kb_single gives the value of the only row, NULL without one, and fails at a second row.
@@ -120,8 +134,8 @@ void registerFunctions(Database& database) {
                         {static_cast<const char*>(b), static_cast<std::size_t>(sizeB)});
   };
   sqlite3_create_collation_v2(database.handle(), "KB", SQLITE_UTF8, nullptr, compare, nullptr);
-  sqlite3_create_function_v2(database.handle(), "kb_sum", 1, SQLITE_UTF8 | SQLITE_DETERMINISTIC,
-                             &database, nullptr, sumStep, sumFinal, nullptr);
+  sqlite3_create_window_function(database.handle(), "kb_sum", 1, SQLITE_UTF8 | SQLITE_DETERMINISTIC,
+                                 &database, sumStep, sumFinal, sumValue, sumInverse, nullptr);
   sqlite3_create_function_v2(database.handle(), "kb_single", 1, SQLITE_UTF8 | SQLITE_DETERMINISTIC,
                              &database, nullptr, singleStep, singleFinal, nullptr);
 }

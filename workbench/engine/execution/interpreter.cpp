@@ -15,6 +15,7 @@ namespace {
 /// The errors after which a batch goes on with its next statement. Others end the batch, such
 /// as those of conversions and of missing objects.
 bool endsItsStatementOnly(const SqlError& error) {
+  if (error.endsBatch()) return false;
   static constexpr std::array<std::int32_t, 20> numbers{201,  220,  512,  515,  517,  537,  544,
                                                         547,  1222, 1505, 2601, 2627, 2628, 2714,
                                                         2812, 3701, 8115, 8134, 8672, 50000};
@@ -159,7 +160,9 @@ Interpreter::Flow Interpreter::run(const ast::SetXactAbort& node) {
 
 Interpreter::Flow Interpreter::run(const ast::Raise& node) {
   const SqlType text = SqlType::text(2048);
-  throw SqlError(50000, toDisplay(execution_.value(*node.message, &text)));
+  SqlError error(50000, toDisplay(execution_.value(*node.message, &text)));
+  if (node.endsBatch) error.endBatch();
+  throw SqlError(error);
 }
 
 void Interpreter::assign(const std::string& name, const ast::Expr& expr) {
@@ -204,7 +207,8 @@ Interpreter::Flow Interpreter::run(const ast::Exec& node) {
     }
     target.value = called.value(*parameter.defaultValue, &parameter.type);
   }
-  const CallLevel level(session);
+  const CallLevel level(session.state());
+  const ProcedureScope scope(session);
   Interpreter(called).run({module->tree.body});
   return Flow::Next;
 }

@@ -108,19 +108,21 @@ std::shared_ptr<Program> parsed(const std::string& batch,
 
 }  // namespace
 
-CallLevel::CallLevel(Session& session)
+CallLevel::CallLevel(SessionState& state) : state_(state) {
+  if (state.depth == nestingLimit) throw nestedTooDeeply();
+  ++state.depth;
+}
+
+ProcedureScope::ProcedureScope(Session& session)
     : session_(session),
       outerTables_(session.database().catalogue().temporariesOf(session.id())),
       outerIdentity_(session.state().scopeIdentity),
       outerXactAbort_(session.state().xactAbort) {
-  if (session.state().depth == nestingLimit) throw nestedTooDeeply();
-  ++session.state().depth;
   session.state().scopeIdentity.reset();
 }
 
-CallLevel::~CallLevel() {
+ProcedureScope::~ProcedureScope() {
   SessionState& state = session_.state();
-  --state.depth;
   state.scopeIdentity = outerIdentity_;
   state.xactAbort = outerXactAbort_;
   for (const auto& table : session_.database().catalogue().temporariesOf(session_.id())) {
@@ -266,7 +268,7 @@ Value Session::globalVariable(const std::string& name) const {
 
 Cell Session::callFunction(const std::string& name, CellArguments args) {
   const ModulePtr module = database_->catalogue().module({{name}, {}});
-  const CallLevel level(*this);
+  const CallLevel level(state_);
   Frame frame;
   for (std::size_t i = 0; i < module->tree.parameters.size(); ++i) {
     const auto& parameter = module->tree.parameters[i];

@@ -32,14 +32,26 @@ struct SessionState {
 
 class Session;
 
-/// A call of a procedure or function, until its end: SCOPE_IDENTITY and XACT_ABORT are its own,
-/// and so are the local temporary tables that it makes. SqlError 217 for too many levels.
+/// A call of a procedure or function, until its end. SqlError 217 for too many levels.
 class CallLevel {
  public:
-  explicit CallLevel(Session& session);
+  explicit CallLevel(SessionState& state);
   CallLevel(const CallLevel&) = delete;
   CallLevel& operator=(const CallLevel&) = delete;
-  ~CallLevel();
+  ~CallLevel() { --state_.depth; }
+
+ private:
+  SessionState& state_;
+};
+
+/// A call of a procedure, until its end: SCOPE_IDENTITY and XACT_ABORT are its own, and so are
+/// the local temporary tables that it makes.
+class ProcedureScope {
+ public:
+  explicit ProcedureScope(Session& session);
+  ProcedureScope(const ProcedureScope&) = delete;
+  ProcedureScope& operator=(const ProcedureScope&) = delete;
+  ~ProcedureScope();
 
  private:
   Session& session_;

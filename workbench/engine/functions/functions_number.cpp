@@ -109,6 +109,8 @@ Cell str(CellArguments args) {
   if (anyNull(args)) return {};
   const Decimal number = decimalAt(args, 0, SqlType::decimal(38, 8));
   const std::string text = number.roundedAway(static_cast<int>(integerAt(args, 2))).toString();
+  constexpr std::int64_t longest = 8000;
+  if (integerAt(args, 1) < 1 || integerAt(args, 1) > longest) return {};
   const auto length = static_cast<std::size_t>(integerAt(args, 1));
   return Cell::text(text.size() > length ? std::string(length, '*')
                                          : std::string(length - text.size(), ' ') + text);

@@ -298,6 +298,7 @@ struct Break {};
 struct Continue {};
 struct Raise {
   ExprPtr message;
+  bool endsBatch = false;  ///< THROW
 };
 struct Nothing {};  ///< without effect here: PRINT, SET NOCOUNT, …
 

@@ -286,6 +286,7 @@ ast::StatementPtr StatementParser::raise() {
   const auto at = reader_.peek().text;
   ast::Raise result;
   if (reader_.accept("THROW")) {
+    result.endsBatch = true;
     if (!isLiteral(reader_.peek())) reader_.fail("THROW without arguments is not known");
     queries_.expressions().expression();
     reader_.expectSymbol(",");

@@ -24,6 +24,9 @@ class SqlError : public RuntimeError {
   const std::string& sqlState() const { return sqlState_; }
   /// SQL Server's severity: 15 for a batch that is wrong by itself, mostly 16 otherwise.
   int severity() const;
+  /// Whether it ends its batch although others of its number do not, as THROW does.
+  bool endsBatch() const { return endsBatch_; }
+  void endBatch() { endsBatch_ = true; }
   /// The statement's line in its batch or procedure, from 1; 0 when it is not known.
   int line() const { return line_; }
   /// The procedure or function; "" for the batch itself.
@@ -34,6 +37,7 @@ class SqlError : public RuntimeError {
  private:
   std::int32_t nativeError_;
   std::string sqlState_;
+  bool endsBatch_ = false;
   int line_ = 0;
   std::string procedure_;
 };
