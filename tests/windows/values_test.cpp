@@ -66,6 +66,8 @@ TEST(Values, ComeFromVariantsOfEveryKind) {
       {"VT_DATE just before midnight", with(VT_DATE, &VARIANT::date, 45356.999999999),
        "date 2024-03-06 00:00:00.000"},
       {"VT_DATE that is none", with(VT_DATE, &VARIANT::date, 3e6), ""},
+      {"VT_DATE that rounds beyond the last day", with(VT_DATE, &VARIANT::date, 2958465.9999999999),
+       ""},
       {"VT_BSTR without a text", with(VT_BSTR, &VARIANT::bstrVal, BSTR(nullptr)), "text \"\""},
       {"an argument left out", Variant::missing(), "empty"},
       {"VT_ERROR", with(VT_ERROR, &VARIANT::scode, SCODE(E_FAIL)), ""},
