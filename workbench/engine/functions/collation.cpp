@@ -10,9 +10,16 @@
 namespace kebu::engine {
 namespace {
 
-constexpr std::uint32_t digits = 0x1000;
-constexpr std::uint32_t letters = 0x2000;
-constexpr std::uint32_t others = 0x10000;
+// The weights of symbols are their code points.
+constexpr std::uint32_t digits = 0x10000;
+constexpr std::uint32_t letters = 0x20000;
+constexpr std::uint32_t others = 0x200000;
+
+bool isSymbol(char32_t c) {
+  const bool isPunctuation = c >= 0x2000 && c < 0x3000;  // dashes, quotes, currencies, arrows, …
+  const bool isModifier = c >= 0x2B0 && c < 0x300;
+  return c < 0xC0 || c == U'×' || c == U'÷' || isPunctuation || isModifier;
+}
 
 /// The letters of code page 1252 with an accent, in lower case, behind their plain letter.
 constexpr std::array<std::pair<char, std::u32string_view>, 12> accented{{
@@ -41,8 +48,8 @@ SortWeight weightOfLower(char32_t c) {
     if (place == std::u32string_view::npos) continue;
     return {letters + static_cast<std::uint32_t>(plain), static_cast<std::uint32_t>(place + 1)};
   }
-  // Symbols of the code page sort with the other symbols, letters of other alphabets behind.
-  return {c < 0xC0 || c == U'×' || c == U'÷' ? c : others + c, 0};
+  // The letters of other alphabets come last.
+  return {isSymbol(c) ? c : others + c, 0};
 }
 
 /// Weights are needed again and again, and most characters are among the first.
