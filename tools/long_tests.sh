@@ -13,7 +13,7 @@ long_openings() (
   build windows-x64
   source tools/wine.sh
   start_virtual_screen
-  in_wine build/windows-x64/tests/windows/window_tests.exe \
+  in_wine build/windows-x64/tests/windows/window_tests.exe --gtest_brief \
     'build\windows-x64\workbench\KEBU_ANAGKELMORIA.dll' 200
 )
 
