@@ -73,7 +73,7 @@ bool survives(VARTYPE type) {
   }
 }
 
-struct Filler {
+struct ValueToVariant {
   Variant operator()(std::monostate) const { return {}; }
   Variant operator()(Null) const { return Variant::null(); }
   Variant operator()(bool value) const { return value; }
@@ -187,7 +187,7 @@ Value keptValue(const VARIANT& variant) {
 }
 
 Variant toVariant(const Value& value) {
-  return std::visit(Filler(), value.storage());
+  return std::visit(ValueToVariant(), value.storage());
 }
 
 }  // namespace kebu::windows
