@@ -203,7 +203,10 @@ TEST_F(WindowTest, AnswersWhileTheDatabaseIsSlow) {
       pumpWaiting();
     });
     EXPECT_GE(slow.times, 2) << during;
-    EXPECT_LT(silence, SlowRules::delay / 3) << "milliseconds without an answer while " << during;
+    // A window that waited for a statement would be silent for the whole delay. On a busy machine
+    // every window is silent for some tenths of a second.
+    EXPECT_LT(silence, SlowRules::delay * 3 / 4)
+        << "milliseconds without an answer while " << during;
   };
   expectAnswers("rules are read",
                 [&] { workbench::takeFromList(reader.control("CMB_LISTINISCONTO").window, 1); });
