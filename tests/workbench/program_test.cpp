@@ -140,7 +140,7 @@ TEST_F(ProgramTest, SqlPrintsRowsAsAQueryToolDoes) {
   EXPECT_EQ(goesOn.out, "B\n2\nC\n3\n");
   EXPECT_EQ(goesOn.err,
             "Msg 8134, Level 16, State 1, Procedure P, Line 2\nDivide by zero error encountered.\n"
-            "Msg 207, Level 16, State 1, Line 1\nInvalid column name 'GO'.\n");
+            "Msg 102, Level 15, State 1, Line 2\nIncorrect syntax near 'GO' (line 2, column 3).\n");
 }
 
 TEST_F(ProgramTest, AScenarioThatCannotGoOnNamesItsLine) {
