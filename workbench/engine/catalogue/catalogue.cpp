@@ -162,7 +162,7 @@ std::vector<std::string> Table::sqliteKeys() const {
   std::vector<std::string> statements;
   for (std::size_t i = 0; i < keys.size(); ++i) {
     std::vector<IndexColumn> indexed;
-    for (const auto& column : keys[i].columns) indexed.push_back({indexOf(column)});
+    for (const auto& column : keys[i].columns) indexed.push_back({indexOf(column), false});
     if (indexed.size() == 1 && indexed[0].column == identity) continue;
     for (auto& statement : sqliteIndex(keyIndexPrefix + std::to_string(i + 1), true, indexed))
       statements.push_back(std::move(statement));

@@ -20,7 +20,7 @@ struct TableColumn {
 };
 
 struct IndexColumn {
-  int column;  ///< its index in the table
+  int column = -1;  ///< its index in the table
   bool descending = false;
 };
 
@@ -55,8 +55,8 @@ struct Table {
   /// CREATE INDEX for SQLite, in one or two statements. In a unique index two NULLs are equal.
   std::vector<std::string> sqliteIndex(const std::string& index, bool unique,
                                        const std::vector<IndexColumn>& indexed) const;
-  /// Whether a UNIQUE or PRIMARY KEY consists of these columns.
-  bool hasKey(const std::vector<std::string>& columns) const;
+  /// Whether a UNIQUE or PRIMARY KEY consists of the columns of these names.
+  bool hasKey(const std::vector<std::string>& names) const;
 };
 using TablePtr = std::shared_ptr<const Table>;
 
