@@ -9,10 +9,37 @@
 
 namespace kebu::sql {
 
+enum class SavedContent : std::uint8_t {
+  Absent,  ///< nothing: the kind does not write the column
+  Null,
+  Zero,
+  One,
+  Number,     ///< the row's, unquoted
+  Text,       ///< the row's, between quotes
+  Day,        ///< the row's, between quotes
+  Amount,     ///< the row's, nothing being 0
+  Published,  ///< what the rule's type and field say
+  Steps,      ///< in the twenty columns of the steps
+  // The same in all rows of a save.
+  StruckThroughPrices,
+  NoOtherDiscounts,
+  SingleUse,
+  Application,
+  Today,
+  // One of the above, by the kind's SavedColumns.
+  Customer,
+  Families,
+  Descriptions,
+  Position,
+};
+
 namespace {
+
+using Content = SavedContent;
 
 constexpr std::size_t stepsOfARule = 10;
 constexpr std::string_view nextColumn = ",\r\n";
+constexpr auto nowhere = static_cast<std::size_t>(-1);
 const Value nothing;
 
 struct ModeFlags {
@@ -33,9 +60,9 @@ std::string quoted(std::string_view text) {
   return join({"'", text, "'"});
 }
 
-/// A number that 0 stands for when there is none.
+/// A number, 0 when there is none.
 std::string amount(const Value& value) {
-  return toSqlNumber(CDecN(value));
+  return toSqlNumber(value.isNumber() ? value : CDecN(value));
 }
 
 /// A number as it stands, without quotes.
@@ -74,31 +101,6 @@ std::string stepValues(const std::vector<RuleStep>& steps) {
   }
   return values;
 }
-
-/// What is written into a column of a stored rule.
-enum class Content {
-  Absent,  ///< nothing: the kind does not write the column
-  Null,
-  Zero,
-  One,
-  Number,     ///< the row's, unquoted
-  Text,       ///< the row's, between quotes
-  Day,        ///< the row's, between quotes
-  Amount,     ///< the row's, nothing being 0
-  Published,  ///< what the rule's type and field say
-  Steps,      ///< in the twenty columns of the steps
-  // The same in all rows of a save.
-  StruckThroughPrices,
-  NoOtherDiscounts,
-  SingleUse,
-  Application,
-  Today,
-  // One of the above, by the kind's SavedColumns.
-  Customer,
-  Families,
-  Descriptions,
-  Position,
-};
 
 struct SavedColumn {
   std::string_view name;
@@ -164,6 +166,30 @@ Content contentOf(const SavedColumn& column, const DiscountKind& kind) {
   }
 }
 
+/// The text of what is the same in all rows of a save; "" for the rest.
+std::string fixedText(Content content, const RuleOptions& options) {
+  switch (content) {
+    case Content::Null:
+      return "NULL";
+    case Content::Zero:
+      return "0";
+    case Content::One:
+      return "1";
+    case Content::StruckThroughPrices:
+      return amount(options.struckThroughPrices);
+    case Content::NoOtherDiscounts:
+      return amount(options.noOtherDiscounts);
+    case Content::SingleUse:
+      return amount(options.singleUse);
+    case Content::Application:
+      return amount(options.application);
+    case Content::Today:
+      return quoted(options.today);
+    default:
+      return "";
+  }
+}
+
 }  // namespace
 
 std::string EliminaTabellaSconti(const std::string& table) {
@@ -216,14 +242,28 @@ std::string RegoleSelezionate(const std::string& table, const DiscountKind& kind
 }
 
 RuleStatements::RuleStatements(Company company, const DiscountKind& kind,
-                               const std::vector<std::string>& columns, RuleOptions options)
-    : kind_(kind), company_(std::move(company)), options_(std::move(options)) {
+                               const std::vector<std::string>& columns, const RuleOptions& options)
+    : kind_(kind), company_(std::move(company)) {
   for (std::size_t i = 0; i < columns.size(); ++i) columns_.emplace(columns[i], i);
+  std::string names;
+  for (const SavedColumn& column : savedColumns) {
+    const Content content = contentOf(column, kind_);
+    if (content == Content::Absent) continue;
+    if (!names.empty()) names += nextColumn;
+    names += content == Content::Steps ? stepColumns() : std::string(column.name);
+    values_.push_back({content, indexOf(column.name), fixedText(content, options)});
+  }
+  insert_ = lines({"INSERT INTO  ", " GM61_KBDISCOUNTRULES ", " (", names, " )", " VALUES ", " ("});
+}
+
+std::size_t RuleStatements::indexOf(std::string_view column) const {
+  const auto found = columns_.find(column);
+  return found == columns_.end() ? nowhere : found->second;
 }
 
 const Value& RuleStatements::value(const Row& row, std::string_view column) const {
-  const auto found = columns_.find(column);
-  return found == columns_.end() ? nothing : row.at(found->second);
+  const std::size_t index = indexOf(column);
+  return index == nowhere ? nothing : row.at(index);
 }
 
 const DiscountSource& RuleStatements::source(const Row& row) const {
@@ -257,54 +297,37 @@ std::string RuleStatements::LeggiScaglioni(const Row& row) const {
   return script.text();
 }
 
+std::string RuleStatements::written(const WrittenValue& value, const Row& row,
+                                    const std::vector<RuleStep>& steps) const {
+  const Value& own = value.index == nowhere ? nothing : row.at(value.index);
+  switch (value.content) {
+    case Content::Number:
+      return number(own);
+    case Content::Text:
+      return text(own);
+    case Content::Day:
+      return day(own);
+    case Content::Amount:
+      return amount(own);
+    case Content::Published:
+      return amount(publishedValue(row));
+    case Content::Steps:
+      return stepValues(steps);
+    default:
+      return value.fixed;
+  }
+}
+
 std::string RuleStatements::InserisciRegola(const Row& row,
                                             const std::vector<RuleStep>& steps) const {
-  const auto written = [&](Content content, const Value& own) -> std::string {
-    switch (content) {
-      case Content::Zero:
-        return "0";
-      case Content::One:
-        return "1";
-      case Content::Number:
-        return number(own);
-      case Content::Text:
-        return text(own);
-      case Content::Day:
-        return day(own);
-      case Content::Amount:
-        return amount(own);
-      case Content::Published:
-        return amount(publishedValue(row));
-      case Content::Steps:
-        return stepValues(steps);
-      case Content::StruckThroughPrices:
-        return amount(options_.struckThroughPrices);
-      case Content::NoOtherDiscounts:
-        return amount(options_.noOtherDiscounts);
-      case Content::SingleUse:
-        return amount(options_.singleUse);
-      case Content::Application:
-        return amount(options_.application);
-      case Content::Today:
-        return quoted(options_.today);
-      default:
-        return "NULL";
-    }
-  };
-  std::string names;
-  std::string values;
-  for (const SavedColumn& column : savedColumns) {
-    const Content content = contentOf(column, kind_);
-    if (content == Content::Absent) continue;
-    if (!names.empty()) {
-      names += nextColumn;
-      values += nextColumn;
-    }
-    names += content == Content::Steps ? stepColumns() : std::string(column.name);
-    values += written(content, value(row, column.name));
+  std::string statement = insert_;
+  bool isFirst = true;
+  for (const WrittenValue& value : values_) {
+    if (!isFirst) statement += nextColumn;
+    statement += written(value, row, steps);
+    isFirst = false;
   }
-  return lines({"INSERT INTO  ", " GM61_KBDISCOUNTRULES ", " (", names, " )", " VALUES ",
-                join({" (", values, " )"})});
+  return statement + " )";
 }
 
 }  // namespace kebu::sql

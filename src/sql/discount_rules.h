@@ -49,6 +49,9 @@ struct RuleOptions {
   std::string today;          ///< GM61_DATAULTAGG, as "yyyymmdd"
 };
 
+/// What is written into a column of a stored rule.
+enum class SavedContent : std::uint8_t;
+
 /// The statements by which rows of a kind's working table become stored rules.
 class RuleStatements {
  public:
@@ -56,7 +59,7 @@ class RuleStatements {
 
   /// `columns` are the working table's, in the order of the rows' values.
   RuleStatements(Company company, const DiscountKind& kind, const std::vector<std::string>& columns,
-                 RuleOptions options);
+                 const RuleOptions& options);
 
   /// The row's value; nothing where the working table lacks the column.
   const Value& value(const Row& row, std::string_view column) const;
@@ -70,12 +73,23 @@ class RuleStatements {
   std::string InserisciRegola(const Row& row, const std::vector<RuleStep>& steps) const;
 
  private:
+  /// A value of the INSERT.
+  struct WrittenValue {
+    SavedContent content;
+    std::size_t index;  ///< of the row's value that it comes from
+    std::string fixed;  ///< the text, when it is the same in all rows; else ""
+  };
+
+  std::size_t indexOf(std::string_view column) const;
   const Value& publishedValue(const Row& row) const;
+  std::string written(const WrittenValue& value, const Row& row,
+                      const std::vector<RuleStep>& steps) const;
 
   const DiscountKind& kind_;
   Company company_;
-  RuleOptions options_;
   std::map<std::string, std::size_t, std::less<>> columns_;
+  std::string insert_;                ///< the INSERT up to its first value
+  std::vector<WrittenValue> values_;  ///< the INSERT's, in its order
 };
 
 }  // namespace kebu::sql
