@@ -297,34 +297,32 @@ std::string RuleStatements::LeggiScaglioni(const Row& row) const {
   return script.text();
 }
 
-std::string RuleStatements::written(const WrittenValue& value, const Row& row,
-                                    const std::vector<RuleStep>& steps) const {
-  const Value& own = value.index == nowhere ? nothing : row.at(value.index);
-  switch (value.content) {
-    case Content::Number:
-      return number(own);
-    case Content::Text:
-      return text(own);
-    case Content::Day:
-      return day(own);
-    case Content::Amount:
-      return amount(own);
-    case Content::Published:
-      return amount(publishedValue(row));
-    case Content::Steps:
-      return stepValues(steps);
-    default:
-      return value.fixed;
-  }
-}
-
 std::string RuleStatements::InserisciRegola(const Row& row,
                                             const std::vector<RuleStep>& steps) const {
+  const auto written = [&](const WrittenValue& value) {
+    const Value& own = value.index == nowhere ? nothing : row.at(value.index);
+    switch (value.content) {
+      case Content::Number:
+        return number(own);
+      case Content::Text:
+        return text(own);
+      case Content::Day:
+        return day(own);
+      case Content::Amount:
+        return amount(own);
+      case Content::Published:
+        return amount(publishedValue(row));
+      case Content::Steps:
+        return stepValues(steps);
+      default:
+        return value.fixed;
+    }
+  };
   std::string statement = insert_;
   bool isFirst = true;
   for (const WrittenValue& value : values_) {
     if (!isFirst) statement += nextColumn;
-    statement += written(value, row, steps);
+    statement += written(value);
     isFirst = false;
   }
   return statement + " )";

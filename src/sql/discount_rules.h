@@ -82,8 +82,6 @@ class RuleStatements {
 
   std::size_t indexOf(std::string_view column) const;
   const Value& publishedValue(const Row& row) const;
-  std::string written(const WrittenValue& value, const Row& row,
-                      const std::vector<RuleStep>& steps) const;
 
   const DiscountKind& kind_;
   Company company_;
