@@ -1,4 +1,5 @@
-// Every file in sql/ is a test, as tests/support/sql_test_file.h describes it, on a database of its own.
+// Every file in sql/ is a test, as tests/support/sql_test_file.h describes it, on a database of its
+// own.
 
 #include <gtest/gtest.h>
 

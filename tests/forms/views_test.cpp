@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include <stdexcept>
+
 #include "controls/simple_controls.h"
 #include "tests/support/test_workplace.h"
 
@@ -30,6 +32,29 @@ TEST(ViewSwitch, ANumberWithoutAPageHidesWhatIsShownAndShowsNothing) {
   EXPECT_TRUE(isVisible("GRPMAIN_PAR") && isVisible("INAV_PAR"));
   EXPECT_FALSE(isVisible("GRPMAIN_CATART"));
   EXPECT_TRUE(workplace.user().boxes.empty());
+  workplace.close();
+}
+
+// A script of the host can click the side bar while the question is shown.
+TEST(ViewSwitch, WhileTheClosingQuestionIsShownThePageStays) {
+  tests::TestWorkplace workplace;
+  workplace.open();
+  controls::Form& window = *workplace.desktop().front();
+  workplace.hands().type("TXT_GM03_DESCRIZIONE", "Da salvare");
+  std::size_t questions = 0;
+  workplace.user().answerTo = [&](const workbench::ShownMessage&) -> std::int32_t {
+    if (++questions > 1) return msgbox::cancel;
+    workplace.hands().openPage(7);
+    EXPECT_TRUE(window.find("GRPMAIN_PAR")->isVisible());
+    EXPECT_FALSE(window.find("GRPMAIN_CATART")->isVisible());
+    return msgbox::cancel;
+  };
+  EXPECT_THROW(workplace.close(), std::logic_error);
+  EXPECT_EQ(questions, 1U);
+  // The window stays open, and pages change again.
+  workplace.user().answerTo = [](const workbench::ShownMessage&) { return msgbox::no; };
+  workplace.hands().openPage(7);
+  EXPECT_TRUE(window.find("GRPMAIN_CATART")->isVisible());
   workplace.close();
 }
 
