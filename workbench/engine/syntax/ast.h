@@ -259,13 +259,13 @@ struct CreateIndex {
 enum class ModuleKind { View, Procedure, TableFunction, ScalarFunction };
 enum class ObjectKind { Table, View, Procedure, Function, Index };
 struct CreateModule {
-  ModuleKind kind;
+  ModuleKind kind = ModuleKind::View;
   ObjectName name;
   std::string_view text;
   bool alter = false;
 };
 struct Drop {
-  ObjectKind kind;
+  ObjectKind kind = ObjectKind::Table;
   std::vector<ObjectName> names;
   bool ifExists = false;
 };

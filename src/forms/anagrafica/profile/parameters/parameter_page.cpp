@@ -14,8 +14,8 @@ namespace {
 
 /// A box that edits a text column without any rule. Its name is TXT_ and the column.
 struct PlainBox {
-  const char* column;
-  const char* caption;
+  const char* column = nullptr;
+  const char* caption = nullptr;
   bool masked = false;
 };
 
