@@ -30,8 +30,6 @@ constexpr std::int32_t withTheWindow = 15;  // resize rule: follows all four sid
 SelectionDialog::SelectionDialog(const Kind& kind, SelectionCaller& caller)
     : Form(kind.name, caller.context.runtime().desktop),
       editor_(kind.editor, caller.context.services, sql::queryComposer),
-      CMD_OK("CMD_OK", "OK"),
-      CMD_ANNULLA("CMD_ANNULLA", "Annulla"),
       kind_(kind),
       trace_(caller.context.runtime().platform, kind.name),
       caller_(&caller),

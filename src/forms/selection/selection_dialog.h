@@ -47,8 +47,8 @@ class SelectionDialog : public controls::Form {
   PageContext& context() const { return context_; }
 
   controls::QueryEditor editor_;
-  controls::Button CMD_OK;
-  controls::Button CMD_ANNULLA;
+  controls::Button CMD_OK{"CMD_OK", "OK"};
+  controls::Button CMD_ANNULLA{"CMD_ANNULLA", "Annulla"};
 
  private:
   void CMD_OK_ButtonClick();

@@ -9,10 +9,7 @@ namespace kebu::forms {
 
 CategoriesPage::CategoriesPage(PageContext& context, controls::NavigatorBar& navigator,
                                ParameterPage& parameters)
-    : GRP_CATART("GRP_CATART", "Categorie articoli"),
-      GRP_CATCLI("GRP_CATCLI", "Categorie clienti"),
-      GRP_PARCLI("GRP_PARCLI", "Parametri clienti"),
-      context_(context),
+    : context_(context),
       navigator_(navigator),
       parameters_(parameters),
       customers_(customerCategories, context, catalogue_, [this] { navigator_.setModified(true); }),

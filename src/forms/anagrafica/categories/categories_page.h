@@ -18,9 +18,9 @@ class CategoriesPage : public Page {
   CategoriesPage(PageContext& context, controls::NavigatorBar& navigator,
                  ParameterPage& parameters);
 
-  controls::GroupBox GRP_CATART;
-  controls::GroupBox GRP_CATCLI;
-  controls::GroupBox GRP_PARCLI;
+  controls::GroupBox GRP_CATART{"GRP_CATART", "Categorie articoli"};
+  controls::GroupBox GRP_CATCLI{"GRP_CATCLI", "Categorie clienti"};
+  controls::GroupBox GRP_PARCLI{"GRP_PARCLI", "Parametri clienti"};
 
   void place(PageGroups& groups) override;
 

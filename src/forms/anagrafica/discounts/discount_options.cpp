@@ -31,14 +31,7 @@ constexpr FixedChoice ruleApplication{ruleApplicationRows, 1, false};
 }  // namespace
 
 DiscountOptions::DiscountOptions(PageContext& context, controls::NavigatorBar& navigator)
-    : GRB_GENERALESCONTI("GRB_GENERALESCONTI", "Generale"),
-      CMB_LISTINISCONTO("CMB_LISTINISCONTO", "Tipologia sconto"),
-      CMB_REGAPPLICAZIONE("CMB_REGAPPLICAZIONE", "Regola di applicazione"),
-      CHK_VISPREZZIBARRATI("CHK_VISPREZZIBARRATI", "Visualizza prezzi barrati"),
-      CHK_NONTRATTAREALTRISCONTI("CHK_NONTRATTAREALTRISCONTI", "Non trattare altri sconti"),
-      CHK_MONOUSO("CHK_MONOUSO", "Monouso"),
-      context_(context),
-      navigator_(navigator) {
+    : context_(context), navigator_(navigator) {
   for (controls::CheckBox* box :
        {&CHK_VISPREZZIBARRATI, &CHK_NONTRATTAREALTRISCONTI, &CHK_MONOUSO}) {
     box->AfterChange.on([this, box] { optionChanged(box->Name() + "_AfterChange"); });

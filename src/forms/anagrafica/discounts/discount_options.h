@@ -19,12 +19,13 @@ class DiscountOptions {
  public:
   DiscountOptions(PageContext& context, controls::NavigatorBar& navigator);
 
-  controls::GroupBox GRB_GENERALESCONTI;
-  controls::ComboBox CMB_LISTINISCONTO;
-  controls::ComboBox CMB_REGAPPLICAZIONE;
-  controls::CheckBox CHK_VISPREZZIBARRATI;
-  controls::CheckBox CHK_NONTRATTAREALTRISCONTI;
-  controls::CheckBox CHK_MONOUSO;
+  controls::GroupBox GRB_GENERALESCONTI{"GRB_GENERALESCONTI", "Generale"};
+  controls::ComboBox CMB_LISTINISCONTO{"CMB_LISTINISCONTO", "Tipologia sconto"};
+  controls::ComboBox CMB_REGAPPLICAZIONE{"CMB_REGAPPLICAZIONE", "Regola di applicazione"};
+  controls::CheckBox CHK_VISPREZZIBARRATI{"CHK_VISPREZZIBARRATI", "Visualizza prezzi barrati"};
+  controls::CheckBox CHK_NONTRATTAREALTRISCONTI{"CHK_NONTRATTAREALTRISCONTI",
+                                                "Non trattare altri sconti"};
+  controls::CheckBox CHK_MONOUSO{"CHK_MONOUSO", "Monouso"};
 
   void place(controls::GroupBox& page);
   /// The combos with their rows. They are filled together with those of the parameters.

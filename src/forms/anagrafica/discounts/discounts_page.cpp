@@ -24,8 +24,6 @@ DiscountsPage::DiscountsPage(PageContext& context, ProgressDisplay& progress,
     : options(context, navigator),
       onPrice(context, progress, sql::DiscountMode::OnPrice),
       byGrid(context, progress, sql::DiscountMode::Grid),
-      CMD_AGGIORNA("CMD_AGGIORNA", "Aggiorna"),
-      LBL_DATAULTAGG("LBL_DATAULTAGG"),
       context_(context),
       progress_(progress),
       navigator_(navigator) {

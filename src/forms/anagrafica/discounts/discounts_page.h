@@ -25,8 +25,8 @@ class DiscountsPage : public Page {
   DiscountOptions options;
   DiscountGrid onPrice;
   DiscountGrid byGrid;
-  controls::Button CMD_AGGIORNA;
-  controls::Label LBL_DATAULTAGG;
+  controls::Button CMD_AGGIORNA{"CMD_AGGIORNA", "Aggiorna"};
+  controls::Label LBL_DATAULTAGG{"LBL_DATAULTAGG"};
 
   void place(PageGroups& groups) override;
   void release() override;

@@ -54,10 +54,10 @@ class FRMKB_ANAGRAFICA : public controls::Form {
   controls::RecordFrame FME_ANAGRAFICA;
   controls::NavigatorBar INAV_PAR;
   controls::NavigatorBar INAV_CATCLIART;
-  controls::SideBar SBAR_MAIN;
-  controls::TitleBar TITLEBAR;
-  controls::ResizeManager VLT_RESIZEFORM1;
-  controls::MdiContainer MDIActiveX1;
+  controls::SideBar SBAR_MAIN{"SBAR_MAIN"};
+  controls::TitleBar TITLEBAR{"TITLEBAR"};
+  controls::ResizeManager VLT_RESIZEFORM1{"VLT_RESIZEFORM1"};
+  controls::MdiContainer MDIActiveX1{"MDIActiveX1"};
 
  protected:
   void Form_Load() override;

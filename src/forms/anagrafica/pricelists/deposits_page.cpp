@@ -26,9 +26,7 @@ const Value off(std::int16_t{0});
 }  // namespace
 
 DepositsPage::DepositsPage(PageContext& context)
-    : GRP_DEP("GRP_DEP", "Depositi da pubblicare"),
-      QGRID_DEP("QGRID_DEP", context.services),
-      context_(context) {
+    : QGRID_DEP("QGRID_DEP", context.services), context_(context) {
   QGRID_DEP.SelectionBoxClick.on([this](const std::string& field, bool& cancel) {
     QGRID_DEP_SelectionBoxClick(field, cancel);
   });

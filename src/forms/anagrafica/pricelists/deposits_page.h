@@ -14,7 +14,7 @@ class DepositsPage : public Page {
  public:
   explicit DepositsPage(PageContext& context);
 
-  controls::GroupBox GRP_DEP;
+  controls::GroupBox GRP_DEP{"GRP_DEP", "Depositi da pubblicare"};
   controls::QueryGrid QGRID_DEP;
 
   void place(PageGroups& groups) override;

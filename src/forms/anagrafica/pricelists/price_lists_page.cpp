@@ -115,12 +115,7 @@ bool takesQuantity(std::int32_t type) {
 }  // namespace
 
 PriceListsPage::PriceListsPage(PageContext& context, ProgressDisplay& progress)
-    : GRP_LISTINI("GRP_LISTINI", "Listini da pubblicare"),
-      QGRID_LISTINI("QGRID_LISTINI", context.services),
-      GRP_AGGLISTINI("GRP_AGGLISTINI", "Aggiornamento prezzi"),
-      BTN_AGGLISTINI("BTN_AGGLISTINI", "Aggiorna prezzi"),
-      context_(context),
-      progress_(progress) {
+    : QGRID_LISTINI("QGRID_LISTINI", context.services), context_(context), progress_(progress) {
   QGRID_LISTINI.cellLocked = [this](std::int32_t row, const std::string& field) {
     return field == "GM57_QUANTITA" &&
            !takesQuantity(toInt32(CDecN(QGRID_LISTINI.cell(row, "GM57_INDTIPO"))));

@@ -20,10 +20,10 @@ class PriceListsPage : public Page {
  public:
   PriceListsPage(PageContext& context, ProgressDisplay& progress);
 
-  controls::GroupBox GRP_LISTINI;
+  controls::GroupBox GRP_LISTINI{"GRP_LISTINI", "Listini da pubblicare"};
   controls::QueryGrid QGRID_LISTINI;
-  controls::GroupBox GRP_AGGLISTINI;
-  controls::Button BTN_AGGLISTINI;
+  controls::GroupBox GRP_AGGLISTINI{"GRP_AGGLISTINI", "Aggiornamento prezzi"};
+  controls::Button BTN_AGGLISTINI{"BTN_AGGLISTINI", "Aggiorna prezzi"};
 
   void place(PageGroups& groups) override;
   void release() override { QGRID_LISTINI.setDataSource(nullptr); }

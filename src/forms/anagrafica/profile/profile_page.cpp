@@ -30,14 +30,7 @@ constexpr FixedValue fixedValues[] = {
 
 ProfilePage::ProfilePage(PageContext& context, controls::NavigatorBar& navigator,
                          const ProfileDependents& dependents)
-    : GRP_PROFILO("GRP_PROFILO", "Profilo di collegamento"),
-      TXT_GM03_IDDISPOSITIVO("TXT_GM03_IDDISPOSITIVO", "Identificativo"),
-      TXT_GM03_CODICEDISPOSITIVO("TXT_GM03_CODICEDISPOSITIVO", "Codice"),
-      TXT_GM03_DESCRIZIONE("TXT_GM03_DESCRIZIONE", "Descrizione"),
-      TXT_GM03_NOTE("TXT_GM03_NOTE", "Note"),
-      context_(context),
-      navigator_(navigator),
-      dependents_(dependents) {
+    : context_(context), navigator_(navigator), dependents_(dependents) {
   controls::RecordFrame& frame = context_.profile;
   TXT_GM03_IDDISPOSITIVO.bind(frame, "GM03_IDDISPOSITIVO");
   TXT_GM03_IDDISPOSITIVO.setEditable(false);

@@ -31,11 +31,11 @@ class ProfilePage : public Page {
   ProfilePage(PageContext& context, controls::NavigatorBar& navigator,
               const ProfileDependents& dependents);
 
-  controls::GroupBox GRP_PROFILO;
-  controls::EditBox TXT_GM03_IDDISPOSITIVO;
-  controls::EditBox TXT_GM03_CODICEDISPOSITIVO;
-  controls::EditBox TXT_GM03_DESCRIZIONE;
-  controls::EditBox TXT_GM03_NOTE;
+  controls::GroupBox GRP_PROFILO{"GRP_PROFILO", "Profilo di collegamento"};
+  controls::EditBox TXT_GM03_IDDISPOSITIVO{"TXT_GM03_IDDISPOSITIVO", "Identificativo"};
+  controls::EditBox TXT_GM03_CODICEDISPOSITIVO{"TXT_GM03_CODICEDISPOSITIVO", "Codice"};
+  controls::EditBox TXT_GM03_DESCRIZIONE{"TXT_GM03_DESCRIZIONE", "Descrizione"};
+  controls::EditBox TXT_GM03_NOTE{"TXT_GM03_NOTE", "Note"};
 
   void place(PageGroups& groups) override;
 

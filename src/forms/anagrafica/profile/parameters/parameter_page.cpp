@@ -48,27 +48,7 @@ bool isBlank(const Value& value) {
 }  // namespace
 
 ParameterPage::ParameterPage(PageContext& context)
-    : FME_PARAMETRI("FME_PARAMETRI", context.services),
-      GRP_IMPDOC("GRP_IMPDOC", "Importazione documenti"),
-      TXT_GM04_CODDOCWEB_MG36("TXT_GM04_CODDOCWEB_MG36", "Documento ordini web"),
-      LBL_DESCDOCWEB("LBL_DESCDOCWEB"),
-      CMB_GM04_INDTIPODEPIMP("CMB_GM04_INDTIPODEPIMP", "Deposito documenti"),
-      TXT_GM04_DEPDOCWEB_MG58("TXT_GM04_DEPDOCWEB_MG58", "Deposito"),
-      TXT_DEC_DEPDOCWEB_MG58("TXT_DEC_DEPDOCWEB_MG58"),
-      GRP_COSTOART("GRP_COSTOART", "Costo articolo"),
-      CBO_TIPOVALORIZZ("CBO_TIPOVALORIZZ", "Valorizzazione"),
-      TXT_NUMLIST("TXT_NUMLIST", "Listino"),
-      LBL_DESCLIST("LBL_DESCLIST"),
-      GRP_PUBBLICAZIONE("GRP_PUBBLICAZIONE", "Pubblicazione"),
-      CMB_GM04_INDTIPOGIACENZA("CMB_GM04_INDTIPOGIACENZA", "Tipo giacenza"),
-      TXT_GM04_DEPGIACENZE_MG58("TXT_GM04_DEPGIACENZE_MG58", "Deposito giacenze"),
-      LBL_DESCDEPGIACENZE("LBL_DESCDEPGIACENZE"),
-      CHK_GM04_FLGGESTPREZZI("CHK_GM04_FLGGESTPREZZI", "Gestione prezzi"),
-      CHK_GM04_INDESTRIMG("CHK_GM04_INDESTRIMG", "Estrazione immagini"),
-      TXT_GM04_NUMNOTECLIENTI("TXT_GM04_NUMNOTECLIENTI", "Numero note clienti"),
-      TXT_GM04_LASTSYNCCLI("TXT_GM04_LASTSYNCCLI", "Ultima sincronizzazione clienti"),
-      GRP_TRASFERIMENTO("GRP_TRASFERIMENTO", "Trasferimento"),
-      context_(context) {
+    : FME_PARAMETRI("FME_PARAMETRI", context.services), context_(context) {
   context_.profile.addChild(FME_PARAMETRI);
   bindControls();
   handleEvents();

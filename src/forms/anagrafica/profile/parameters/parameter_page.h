@@ -23,28 +23,28 @@ class ParameterPage : public Page {
 
   controls::RecordFrame FME_PARAMETRI;
 
-  controls::GroupBox GRP_IMPDOC;
-  controls::EditBox TXT_GM04_CODDOCWEB_MG36;
-  controls::Label LBL_DESCDOCWEB;
-  controls::ComboBox CMB_GM04_INDTIPODEPIMP;
-  controls::EditBox TXT_GM04_DEPDOCWEB_MG58;
-  controls::Label TXT_DEC_DEPDOCWEB_MG58;
+  controls::GroupBox GRP_IMPDOC{"GRP_IMPDOC", "Importazione documenti"};
+  controls::EditBox TXT_GM04_CODDOCWEB_MG36{"TXT_GM04_CODDOCWEB_MG36", "Documento ordini web"};
+  controls::Label LBL_DESCDOCWEB{"LBL_DESCDOCWEB"};
+  controls::ComboBox CMB_GM04_INDTIPODEPIMP{"CMB_GM04_INDTIPODEPIMP", "Deposito documenti"};
+  controls::EditBox TXT_GM04_DEPDOCWEB_MG58{"TXT_GM04_DEPDOCWEB_MG58", "Deposito"};
+  controls::Label TXT_DEC_DEPDOCWEB_MG58{"TXT_DEC_DEPDOCWEB_MG58"};
 
-  controls::GroupBox GRP_COSTOART;
-  controls::ComboBox CBO_TIPOVALORIZZ;
-  controls::EditBox TXT_NUMLIST;
-  controls::Label LBL_DESCLIST;
+  controls::GroupBox GRP_COSTOART{"GRP_COSTOART", "Costo articolo"};
+  controls::ComboBox CBO_TIPOVALORIZZ{"CBO_TIPOVALORIZZ", "Valorizzazione"};
+  controls::EditBox TXT_NUMLIST{"TXT_NUMLIST", "Listino"};
+  controls::Label LBL_DESCLIST{"LBL_DESCLIST"};
 
-  controls::GroupBox GRP_PUBBLICAZIONE;
-  controls::ComboBox CMB_GM04_INDTIPOGIACENZA;
-  controls::EditBox TXT_GM04_DEPGIACENZE_MG58;
-  controls::Label LBL_DESCDEPGIACENZE;
-  controls::CheckBox CHK_GM04_FLGGESTPREZZI;
-  controls::CheckBox CHK_GM04_INDESTRIMG;
-  controls::EditBox TXT_GM04_NUMNOTECLIENTI;
-  controls::EditBox TXT_GM04_LASTSYNCCLI;
+  controls::GroupBox GRP_PUBBLICAZIONE{"GRP_PUBBLICAZIONE", "Pubblicazione"};
+  controls::ComboBox CMB_GM04_INDTIPOGIACENZA{"CMB_GM04_INDTIPOGIACENZA", "Tipo giacenza"};
+  controls::EditBox TXT_GM04_DEPGIACENZE_MG58{"TXT_GM04_DEPGIACENZE_MG58", "Deposito giacenze"};
+  controls::Label LBL_DESCDEPGIACENZE{"LBL_DESCDEPGIACENZE"};
+  controls::CheckBox CHK_GM04_FLGGESTPREZZI{"CHK_GM04_FLGGESTPREZZI", "Gestione prezzi"};
+  controls::CheckBox CHK_GM04_INDESTRIMG{"CHK_GM04_INDESTRIMG", "Estrazione immagini"};
+  controls::EditBox TXT_GM04_NUMNOTECLIENTI{"TXT_GM04_NUMNOTECLIENTI", "Numero note clienti"};
+  controls::EditBox TXT_GM04_LASTSYNCCLI{"TXT_GM04_LASTSYNCCLI", "Ultima sincronizzazione clienti"};
 
-  controls::GroupBox GRP_TRASFERIMENTO;
+  controls::GroupBox GRP_TRASFERIMENTO{"GRP_TRASFERIMENTO", "Trasferimento"};
 
   void place(PageGroups& groups) override;
 
