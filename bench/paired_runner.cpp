@@ -1,6 +1,7 @@
 #include "bench/paired_runner.h"
 
 #include <algorithm>
+#include <cmath>
 #include <cstddef>
 #include <iomanip>
 #include <iostream>
@@ -13,7 +14,8 @@ namespace {
 
 /// The value below which `share` of the values lie.
 double quantile(std::vector<double> values, double share) {
-  const auto at = static_cast<std::size_t>(share * static_cast<double>(values.size() - 1) + 0.5);
+  const auto at =
+      static_cast<std::size_t>(std::lround(share * static_cast<double>(values.size() - 1)));
   std::nth_element(values.begin(), values.begin() + static_cast<std::ptrdiff_t>(at), values.end());
   return values[at];
 }

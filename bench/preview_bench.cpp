@@ -13,7 +13,7 @@ constexpr std::int32_t articlesPreview = 8;
 constexpr std::int32_t articlesFilter = 11;
 
 std::shared_ptr<engine::Database> manyArticles() {
-  const std::shared_ptr<engine::Database> database = workbench::demoCompany();
+  std::shared_ptr<engine::Database> database = workbench::demoCompany();
   engine::Session session(database);
   workbench::fillWithArticles(session);
   return database;
