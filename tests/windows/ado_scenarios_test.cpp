@@ -44,12 +44,12 @@ class ComObjects {
  public:
   /// With `meanwhile` each statement executes asynchronously.
   Ref<ado::Connection> connect(const std::function<void()>& meanwhile) {
-    const Ref<ado::Connection> connection = library.newConnection();
+    const Ref<ado::Connection> connection = objects.newConnection();
     connection->whileExecuting(meanwhile);
     return connection;
   }
 
-  windows::AdoLibrary library;
+  windows::AdoLibrary objects;
 
  private:
   workbench::AdoLibrary objects_;
@@ -60,7 +60,7 @@ class ComObjects {
 
 Transcript runThroughCom(const AdoScenario& scenario, const std::function<void()>& meanwhile) {
   ComObjects com;
-  AdoSide side{com.library, [&] { return com.connect(meanwhile); }};
+  AdoSide side{com.objects, [&] { return com.connect(meanwhile); }};
   Transcript transcript;
   scenario.run(side, transcript);
   return transcript;
@@ -92,7 +92,7 @@ constexpr const char* slowCount =
 
 TEST(WhileExecuting, RunsWhileTheConnectionWorks) {
   ComObjects com;
-  const Ref<ado::Connection> connection = com.library.newConnection();
+  const Ref<ado::Connection> connection = com.objects.newConnection();
   connection->Open();
   int calls = 0;
   std::int32_t refusal = 0;
@@ -111,7 +111,7 @@ TEST(WhileExecuting, RunsWhileTheConnectionWorks) {
   EXPECT_EQ(refusal, stillExecuting) << "the statement has the connection for itself";
 
   calls = 0;
-  const Ref<ado::Recordset> rows = com.library.newRecordset();
+  const Ref<ado::Recordset> rows = com.objects.newRecordset();
   rows->setCursorLocation(ado::CursorLocation::Client);
   rows->Open(slowCount, connection, ado::CursorType::Static, ado::LockType::ReadOnly);
   EXPECT_EQ(count(rows), "int32 12");
