@@ -26,14 +26,22 @@ class RuntimeError : public std::exception {
   }
   const char* what() const noexcept override { return description_.c_str(); }
 
-  static RuntimeError invalidCall();     ///< 5: an argument that the callee cannot take
-  static RuntimeError overflow();        ///< 6: a number too large for its type
-  static RuntimeError outOfMemory();     ///< 7
-  static RuntimeError divisionByZero();  ///< 11
-  static RuntimeError typeMismatch();    ///< 13: a text where a number or date belongs
-  static RuntimeError internalError(const std::string& detail = {});  ///< 51
-  static RuntimeError objectNotSet();  ///< 91: an absent object was used
-  static RuntimeError invalidNull();   ///< 94: a database null where a value belongs
+  static RuntimeError invalidCall() { return {5, "Invalid procedure call or argument"}; }
+  /// A number too large for its type.
+  static RuntimeError overflow() { return {6, "Overflow"}; }
+  static RuntimeError outOfMemory() { return {7, "Out of memory"}; }
+  static RuntimeError divisionByZero() { return {11, "Division by zero"}; }
+  /// A text where a number or date belongs.
+  static RuntimeError typeMismatch() { return {13, "Type mismatch"}; }
+  static RuntimeError internalError(const std::string& detail = {}) {
+    return {51, detail.empty() ? "Internal error" : "Internal error: " + detail};
+  }
+  /// An absent object was used.
+  static RuntimeError objectNotSet() {
+    return {91, "Object variable or With block variable not set"};
+  }
+  /// A database null where a value belongs.
+  static RuntimeError invalidNull() { return {94, "Invalid use of Null"}; }
 
   /// The exception being handled, whatever its type; only inside a catch.
   static RuntimeError current();

@@ -1,7 +1,5 @@
 #include "plugin/clskb_anagkelmoria.h"
 
-#include "common/convert.h"
-
 namespace kebu::plugin {
 
 using host::NamedObject;
@@ -65,16 +63,6 @@ Ref<host::Cinterface> CLSKB_ANAGKELMORIA::uncounted() {
   return std::shared_ptr<host::Cinterface>(std::shared_ptr<void>(), this);
 }
 
-void CLSKB_ANAGKELMORIA::setClsGlobal(const Ref<host::ClsGlobal>& value) {
-  host_.clsGlobal = value;
-}
-Ref<host::ClsGlobal> CLSKB_ANAGKELMORIA::ClsGlobal() {
-  return host_.clsGlobal;
-}
-
-void CLSKB_ANAGKELMORIA::setActiveFrame(const Ref<NamedObject>& value) {
-  host_.activeFrame = value;
-}
 Ref<NamedObject> CLSKB_ANAGKELMORIA::ActiveFrame() {
   if (host_.activeFrame) return host_.activeFrame;
   return window_ ? window_->profileFrame() : nullptr;
@@ -91,9 +79,6 @@ void CLSKB_ANAGKELMORIA::setActiveNavigator(const Ref<host::Navigator>& value) {
   host_.navigatorEvents.push_back(value->InitializeScriptObjectModel.connect(
       [this](const Ref<host::ScriptModel>& model) { InitializeScriptObjectModel(model); }));
 }
-Ref<host::Navigator> CLSKB_ANAGKELMORIA::ActiveNavigator() {
-  return host_.activeNavigator;
-}
 
 void CLSKB_ANAGKELMORIA::setActiveDll(const Ref<host::Cinterface>& value) {
   host_.activeDll = value.get() == this ? uncounted() : value;
@@ -101,134 +86,6 @@ void CLSKB_ANAGKELMORIA::setActiveDll(const Ref<host::Cinterface>& value) {
 Ref<host::Cinterface> CLSKB_ANAGKELMORIA::ActiveDll() {
   if (host_.activeDll.get() == this) return std::shared_ptr<host::Cinterface>(shared_from_this());
   return host_.activeDll;
-}
-
-void CLSKB_ANAGKELMORIA::setStatusBar(const Ref<host::StatusBar>& value) {
-  host_.statusBar = value;
-}
-Ref<host::StatusBar> CLSKB_ANAGKELMORIA::StatusBar() {
-  return host_.statusBar;
-}
-
-void CLSKB_ANAGKELMORIA::setCanInsert(bool value) {
-  canInsert_ = value;
-}
-bool CLSKB_ANAGKELMORIA::CanInsert() {
-  return canInsert_;
-}
-void CLSKB_ANAGKELMORIA::setCanDelete(bool value) {
-  canDelete_ = value;
-}
-bool CLSKB_ANAGKELMORIA::CanDelete() {
-  return canDelete_;
-}
-void CLSKB_ANAGKELMORIA::setCanUpdate(bool value) {
-  canUpdate_ = value;
-}
-bool CLSKB_ANAGKELMORIA::CanUpdate() {
-  return canUpdate_;
-}
-void CLSKB_ANAGKELMORIA::setCanQbe(bool value) {
-  canQbe_ = value;
-}
-bool CLSKB_ANAGKELMORIA::CanQbe() {
-  return canQbe_;
-}
-
-void CLSKB_ANAGKELMORIA::setWindowState(std::int32_t value) {
-  ignoringErrors([&] { windowState_ = toInt16(value); });
-}
-std::int32_t CLSKB_ANAGKELMORIA::WindowState() {
-  return windowState_;
-}
-void CLSKB_ANAGKELMORIA::setWindowModal(bool value) {
-  windowModal_ = value;
-}
-bool CLSKB_ANAGKELMORIA::WindowModal() {
-  return windowModal_;
-}
-void CLSKB_ANAGKELMORIA::setProgramMode(std::int32_t value) {
-  ignoringErrors([&] { programMode_ = toInt16(value); });
-}
-std::int32_t CLSKB_ANAGKELMORIA::ProgramMode() {
-  return programMode_;
-}
-
-void CLSKB_ANAGKELMORIA::setMenuModulo(const Value& value) {
-  menuModulo_ = value;
-}
-Value CLSKB_ANAGKELMORIA::MenuModulo() {
-  return menuModulo_;
-}
-void CLSKB_ANAGKELMORIA::setMenuPadre(const Value& value) {
-  menuPadre_ = value;
-}
-Value CLSKB_ANAGKELMORIA::MenuPadre() {
-  return menuPadre_;
-}
-void CLSKB_ANAGKELMORIA::setMenuProg(const Value& value) {
-  menuProg_ = value;
-}
-Value CLSKB_ANAGKELMORIA::MenuProg() {
-  return menuProg_;
-}
-void CLSKB_ANAGKELMORIA::setCaption(const Value& value) {
-  caption_ = value;
-}
-Value CLSKB_ANAGKELMORIA::Caption() {
-  return caption_;
-}
-void CLSKB_ANAGKELMORIA::setHwndParent(std::int32_t value) {
-  hwndParent_ = value;
-}
-std::int32_t CLSKB_ANAGKELMORIA::hwndParent() {
-  return hwndParent_;
-}
-void CLSKB_ANAGKELMORIA::setConnection(const Ref<ado::Connection>& value) {
-  host_.connection = value;
-}
-Ref<ado::Connection> CLSKB_ANAGKELMORIA::Connection() {
-  return host_.connection;
-}
-
-Ref<NamedObject> CLSKB_ANAGKELMORIA::Cwindow() {
-  return nullptr;
-}
-
-void CLSKB_ANAGKELMORIA::setTop(const Value& value) {
-  ignoringErrors([&] { top_ = toInt32(value); });
-}
-Value CLSKB_ANAGKELMORIA::Top() {
-  return top_;
-}
-void CLSKB_ANAGKELMORIA::setLeft(const Value& value) {
-  ignoringErrors([&] { left_ = toInt32(value); });
-}
-Value CLSKB_ANAGKELMORIA::Left() {
-  return left_;
-}
-
-void CLSKB_ANAGKELMORIA::setClsVoceMenu(const Ref<Object>& value) {
-  host_.clsVoceMenu = value;
-}
-Ref<Object> CLSKB_ANAGKELMORIA::ClsVoceMenu() {
-  return host_.clsVoceMenu;
-}
-void CLSKB_ANAGKELMORIA::setIsActive(bool value) {
-  isActive_ = value;
-}
-bool CLSKB_ANAGKELMORIA::IsActive() {
-  return isActive_;
-}
-void CLSKB_ANAGKELMORIA::setIsCalled(bool value) {
-  isCalled_ = value;
-}
-bool CLSKB_ANAGKELMORIA::IsCalled() {
-  return isCalled_;
-}
-void CLSKB_ANAGKELMORIA::setFiltro(const Value&) {}
-Value CLSKB_ANAGKELMORIA::Filtro() {
-  return {};
 }
 
 Value CLSKB_ANAGKELMORIA::ShowForm() {
@@ -258,14 +115,6 @@ Value CLSKB_ANAGKELMORIA::TransferData(const Value& data) {
   return {};
 }
 
-bool CLSKB_ANAGKELMORIA::isActive() {
-  return host_.activeDll && host_.activeDll->IsActive();
-}
-
-void CLSKB_ANAGKELMORIA::BeforeExportToOffice() {
-  // Nothing of the window is exported.
-}
-
 void CLSKB_ANAGKELMORIA::InitializeLayoutObjectModel(const Ref<host::LayoutModel>& model) {
   ignoringErrors([&] {
     if (!isActive()) return;
@@ -285,10 +134,6 @@ void CLSKB_ANAGKELMORIA::InitializeScriptObjectModel(const Ref<host::ScriptModel
     frame->setName("FME_ANAGRAFICA");
     model->Register(frame->Name(), frame, frameKind, frame->Name());
   });
-}
-
-Ref<NamedObject> CLSKB_ANAGKELMORIA::asNamedObject() {
-  return Ref<NamedObject>(window_);
 }
 
 void CLSKB_ANAGKELMORIA::keepWindow(const Ref<NamedObject>& object) {

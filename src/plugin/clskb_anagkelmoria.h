@@ -4,6 +4,7 @@
 #include <memory>
 #include <vector>
 
+#include "common/convert.h"
 #include "common/instance_trace.h"
 #include "forms/anagrafica/frame/frmkb_anagrafica.h"
 #include "forms/runtime.h"
@@ -20,55 +21,63 @@ class CLSKB_ANAGKELMORIA : public host::Cinterface,
   static Ref<CLSKB_ANAGKELMORIA> create(const forms::Runtime& runtime);
   ~CLSKB_ANAGKELMORIA() override;
 
-  void setClsGlobal(const Ref<host::ClsGlobal>& value) override;
-  Ref<host::ClsGlobal> ClsGlobal() override;
-  void setActiveFrame(const Ref<host::NamedObject>& value) override;
+  void setClsGlobal(const Ref<host::ClsGlobal>& value) override { host_.clsGlobal = value; }
+  Ref<host::ClsGlobal> ClsGlobal() override { return host_.clsGlobal; }
+  void setActiveFrame(const Ref<host::NamedObject>& value) override { host_.activeFrame = value; }
   Ref<host::NamedObject> ActiveFrame() override;
   void setActiveNavigator(const Ref<host::Navigator>& value) override;
-  Ref<host::Navigator> ActiveNavigator() override;
+  Ref<host::Navigator> ActiveNavigator() override { return host_.activeNavigator; }
   void setActiveDll(const Ref<host::Cinterface>& value) override;
   Ref<host::Cinterface> ActiveDll() override;
-  void setStatusBar(const Ref<host::StatusBar>& value) override;
-  Ref<host::StatusBar> StatusBar() override;
-  void setCanInsert(bool value) override;
-  bool CanInsert() override;
-  void setCanDelete(bool value) override;
-  bool CanDelete() override;
-  void setCanUpdate(bool value) override;
-  bool CanUpdate() override;
-  void setCanQbe(bool value) override;
-  bool CanQbe() override;
-  void setWindowState(std::int32_t value) override;
-  std::int32_t WindowState() override;
-  void setWindowModal(bool value) override;
-  bool WindowModal() override;
-  void setProgramMode(std::int32_t value) override;
-  std::int32_t ProgramMode() override;
-  void setMenuModulo(const Value& value) override;
-  Value MenuModulo() override;
-  void setMenuPadre(const Value& value) override;
-  Value MenuPadre() override;
-  void setMenuProg(const Value& value) override;
-  Value MenuProg() override;
-  void setCaption(const Value& value) override;
-  Value Caption() override;
-  void setHwndParent(std::int32_t value) override;
-  std::int32_t hwndParent() override;
-  void setConnection(const Ref<ado::Connection>& value) override;
-  Ref<ado::Connection> Connection() override;
-  Ref<host::NamedObject> Cwindow() override;
-  void setTop(const Value& value) override;
-  Value Top() override;
-  void setLeft(const Value& value) override;
-  Value Left() override;
-  void setClsVoceMenu(const Ref<Object>& value) override;
-  Ref<Object> ClsVoceMenu() override;
-  void setIsActive(bool value) override;
-  bool IsActive() override;
-  void setIsCalled(bool value) override;
-  bool IsCalled() override;
-  void setFiltro(const Value& value) override;
-  Value Filtro() override;
+  void setStatusBar(const Ref<host::StatusBar>& value) override { host_.statusBar = value; }
+  Ref<host::StatusBar> StatusBar() override { return host_.statusBar; }
+  void setCanInsert(bool value) override { canInsert_ = value; }
+  bool CanInsert() override { return canInsert_; }
+  void setCanDelete(bool value) override { canDelete_ = value; }
+  bool CanDelete() override { return canDelete_; }
+  void setCanUpdate(bool value) override { canUpdate_ = value; }
+  bool CanUpdate() override { return canUpdate_; }
+  void setCanQbe(bool value) override { canQbe_ = value; }
+  bool CanQbe() override { return canQbe_; }
+  void setWindowState(std::int32_t value) override {
+    ignoringErrors([&] { windowState_ = toInt16(value); });
+  }
+  std::int32_t WindowState() override { return windowState_; }
+  void setWindowModal(bool value) override { windowModal_ = value; }
+  bool WindowModal() override { return windowModal_; }
+  void setProgramMode(std::int32_t value) override {
+    ignoringErrors([&] { programMode_ = toInt16(value); });
+  }
+  std::int32_t ProgramMode() override { return programMode_; }
+  void setMenuModulo(const Value& value) override { menuModulo_ = value; }
+  Value MenuModulo() override { return menuModulo_; }
+  void setMenuPadre(const Value& value) override { menuPadre_ = value; }
+  Value MenuPadre() override { return menuPadre_; }
+  void setMenuProg(const Value& value) override { menuProg_ = value; }
+  Value MenuProg() override { return menuProg_; }
+  void setCaption(const Value& value) override { caption_ = value; }
+  Value Caption() override { return caption_; }
+  void setHwndParent(std::int32_t value) override { hwndParent_ = value; }
+  std::int32_t hwndParent() override { return hwndParent_; }
+  void setConnection(const Ref<ado::Connection>& value) override { host_.connection = value; }
+  Ref<ado::Connection> Connection() override { return host_.connection; }
+  Ref<host::NamedObject> Cwindow() override { return nullptr; }
+  void setTop(const Value& value) override {
+    ignoringErrors([&] { top_ = toInt32(value); });
+  }
+  Value Top() override { return top_; }
+  void setLeft(const Value& value) override {
+    ignoringErrors([&] { left_ = toInt32(value); });
+  }
+  Value Left() override { return left_; }
+  void setClsVoceMenu(const Ref<Object>& value) override { host_.clsVoceMenu = value; }
+  Ref<Object> ClsVoceMenu() override { return host_.clsVoceMenu; }
+  void setIsActive(bool value) override { isActive_ = value; }
+  bool IsActive() override { return isActive_; }
+  void setIsCalled(bool value) override { isCalled_ = value; }
+  bool IsCalled() override { return isCalled_; }
+  void setFiltro(const Value& /*value*/) override {}
+  Value Filtro() override { return {}; }
 
   Value ShowForm() override;
   Value CloseForm() override;
@@ -85,11 +94,12 @@ class CLSKB_ANAGKELMORIA : public host::Cinterface,
   /// itself: a counted one would be a cycle.
   Ref<host::Cinterface> uncounted();
 
-  bool isActive();
-  void BeforeExportToOffice();
+  bool isActive() { return host_.activeDll && host_.activeDll->IsActive(); }
+  /// Nothing of the window is exported.
+  void BeforeExportToOffice() {}
   void InitializeLayoutObjectModel(const Ref<host::LayoutModel>& model);
   void InitializeScriptObjectModel(const Ref<host::ScriptModel>& model);
-  Ref<host::NamedObject> asNamedObject();
+  Ref<host::NamedObject> asNamedObject() { return Ref<host::NamedObject>(window_); }
   void keepWindow(const Ref<host::NamedObject>& object);
   template <class Action>
   void reporting(const char* place, Action&& action);

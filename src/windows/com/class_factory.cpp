@@ -12,8 +12,7 @@ STDMETHODIMP ClassFactory::CreateInstance(IUnknown* outer, REFIID wanted, void**
   HRESULT result = S_OK;
   const HRESULT made = hresultOf([&] {
     setRuntimeLocale(localeOf(GetThreadLocale()));
-    const auto instance = ComPtr<PluginObject>::adopt(new PluginObject);
-    result = instance->QueryInterface(wanted, object);
+    result = newPluginObject()->QueryInterface(wanted, object);
   });
   return FAILED(made) ? made : result;
 }

@@ -1,11 +1,16 @@
 #include "windows/com/plugin_object.h"
 
 #include "common/trap.h"
+#include "plugin/clskb_anagkelmoria.h"
 #include "windows/ado/ado_objects.h"
 #include "windows/com/active_dll.h"
 #include "windows/com/enumerator.h"
+#include "windows/com/event_source.h"
 #include "windows/com/plugin_runtime.h"
 #include "windows/host/host_objects.h"
+#include "windows/support/com_object.h"
+#include "windows/support/identity.h"
+#include "windows/support/values.h"
 
 namespace kebu::windows {
 
@@ -35,214 +40,193 @@ bool isSet(VARIANT_BOOL value) {
   return value != VARIANT_FALSE;
 }
 
+/// The plug-in's class as a COM object. Members of the contract return no error, except E_POINTER
+/// for a result without a place.
+class PluginObject final
+    : public DualObject<::Cinterface, IProvideClassInfo, IConnectionPointContainer> {
+ public:
+  PluginObject()
+      : class_(plugin::CLSKB_ANAGKELMORIA::create(PluginRuntime::use())),
+        entry_(class_.shared(), this),
+        dataTransfer_(__uuidof(::DCLSKB_ANAGKELMORIAEvents), *this),
+        dataTransferred_(class_->DataTransfer.connect([this](const Value& data) {
+          dataTransfer_.raise(dataTransferEvent, toVariant(data));
+        })) {}
+
+  STDMETHODIMP putref_ClsGlobal(IDispatch* value) override {
+    return set(&Members::setClsGlobal, [&] { return wrapClsGlobal(value); });
+  }
+  STDMETHODIMP get_ClsGlobal(IDispatch** value) override { return get(&Members::ClsGlobal, value); }
+  STDMETHODIMP putref_ActiveFrame(IDispatch* value) override {
+    return set(&Members::setActiveFrame, [&] { return wrapNamedObject(value); });
+  }
+  STDMETHODIMP get_ActiveFrame(IDispatch** value) override {
+    return get(&Members::ActiveFrame, value);
+  }
+  STDMETHODIMP putref_ActiveNavigator(IDispatch* value) override {
+    return set(&Members::setActiveNavigator, [&] { return wrapNavigator(value); });
+  }
+  STDMETHODIMP get_ActiveNavigator(IDispatch** value) override {
+    return get(&Members::ActiveNavigator, value);
+  }
+  STDMETHODIMP putref_ActiveDll(IDispatch* value) override {
+    return set(&Members::setActiveDll, [&] { return wrapActiveDll(value); });
+  }
+  STDMETHODIMP get_ActiveDll(IDispatch** value) override { return get(&Members::ActiveDll, value); }
+  STDMETHODIMP putref_StatusBar(IDispatch* value) override {
+    return set(&Members::setStatusBar, [&] { return wrapStatusBar(value); });
+  }
+  STDMETHODIMP get_StatusBar(IDispatch** value) override { return get(&Members::StatusBar, value); }
+  STDMETHODIMP put_CanInsert(VARIANT_BOOL value) override {
+    return set(&Members::setCanInsert, [&] { return isSet(value); });
+  }
+  STDMETHODIMP get_CanInsert(VARIANT_BOOL* value) override {
+    return get(&Members::CanInsert, value);
+  }
+  STDMETHODIMP put_CanDelete(VARIANT_BOOL value) override {
+    return set(&Members::setCanDelete, [&] { return isSet(value); });
+  }
+  STDMETHODIMP get_CanDelete(VARIANT_BOOL* value) override {
+    return get(&Members::CanDelete, value);
+  }
+  STDMETHODIMP put_CanUpdate(VARIANT_BOOL value) override {
+    return set(&Members::setCanUpdate, [&] { return isSet(value); });
+  }
+  STDMETHODIMP get_CanUpdate(VARIANT_BOOL* value) override {
+    return get(&Members::CanUpdate, value);
+  }
+  STDMETHODIMP put_CanQbe(VARIANT_BOOL value) override {
+    return set(&Members::setCanQbe, [&] { return isSet(value); });
+  }
+  STDMETHODIMP get_CanQbe(VARIANT_BOOL* value) override { return get(&Members::CanQbe, value); }
+  STDMETHODIMP put_WindowState(LONG value) override {
+    return set(&Members::setWindowState, [&] { return value; });
+  }
+  STDMETHODIMP get_WindowState(LONG* value) override { return get(&Members::WindowState, value); }
+  STDMETHODIMP put_WindowModal(VARIANT_BOOL value) override {
+    return set(&Members::setWindowModal, [&] { return isSet(value); });
+  }
+  STDMETHODIMP get_WindowModal(VARIANT_BOOL* value) override {
+    return get(&Members::WindowModal, value);
+  }
+  STDMETHODIMP put_ProgramMode(LONG value) override {
+    return set(&Members::setProgramMode, [&] { return value; });
+  }
+  STDMETHODIMP get_ProgramMode(LONG* value) override { return get(&Members::ProgramMode, value); }
+  STDMETHODIMP put_MenuModulo(VARIANT value) override {
+    return set(&Members::setMenuModulo, [&] { return keptValue(value); });
+  }
+  STDMETHODIMP get_MenuModulo(VARIANT* value) override { return get(&Members::MenuModulo, value); }
+  STDMETHODIMP put_MenuPadre(VARIANT value) override {
+    return set(&Members::setMenuPadre, [&] { return keptValue(value); });
+  }
+  STDMETHODIMP get_MenuPadre(VARIANT* value) override { return get(&Members::MenuPadre, value); }
+  STDMETHODIMP put_MenuProg(VARIANT value) override {
+    return set(&Members::setMenuProg, [&] { return keptValue(value); });
+  }
+  STDMETHODIMP get_MenuProg(VARIANT* value) override { return get(&Members::MenuProg, value); }
+  STDMETHODIMP put_Caption(VARIANT value) override {
+    return set(&Members::setCaption, [&] { return toValue(value); });
+  }
+  STDMETHODIMP get_Caption(VARIANT* value) override { return get(&Members::Caption, value); }
+  STDMETHODIMP put_hwndParent(LONG value) override {
+    return set(&Members::setHwndParent, [&] { return value; });
+  }
+  STDMETHODIMP get_hwndParent(LONG* value) override { return get(&Members::hwndParent, value); }
+  STDMETHODIMP putref_Connection(IDispatch* value) override {
+    return set(&Members::setConnection, [&] { return wrapConnection(value); });
+  }
+  STDMETHODIMP get_Connection(IDispatch** value) override {
+    return get(&Members::Connection, value);
+  }
+  STDMETHODIMP get_Cwindow(IDispatch** value) override { return get(&Members::Cwindow, value); }
+  STDMETHODIMP put_Top(VARIANT value) override {
+    return set(&Members::setTop, [&] { return toValue(value); });
+  }
+  STDMETHODIMP get_Top(VARIANT* value) override { return get(&Members::Top, value); }
+  STDMETHODIMP put_Left(VARIANT value) override {
+    return set(&Members::setLeft, [&] { return toValue(value); });
+  }
+  STDMETHODIMP get_Left(VARIANT* value) override { return get(&Members::Left, value); }
+  STDMETHODIMP putref_ClsVoceMenu(IDispatch* value) override {
+    return set(&Members::setClsVoceMenu, [&] { return wrapObject(value); });
+  }
+  STDMETHODIMP get_ClsVoceMenu(IDispatch** value) override {
+    return get(&Members::ClsVoceMenu, value);
+  }
+  STDMETHODIMP put_IsActive(VARIANT_BOOL value) override {
+    return set(&Members::setIsActive, [&] { return isSet(value); });
+  }
+  STDMETHODIMP get_IsActive(VARIANT_BOOL* value) override { return get(&Members::IsActive, value); }
+  STDMETHODIMP put_IsCalled(VARIANT_BOOL value) override {
+    return set(&Members::setIsCalled, [&] { return isSet(value); });
+  }
+  STDMETHODIMP get_IsCalled(VARIANT_BOOL* value) override { return get(&Members::IsCalled, value); }
+  STDMETHODIMP put_Filtro(VARIANT value) override {
+    return set(&Members::setFiltro, [&] { return toValue(value); });
+  }
+  STDMETHODIMP get_Filtro(VARIANT* value) override { return get(&Members::Filtro, value); }
+
+  STDMETHODIMP ShowForm(VARIANT* result) override { return get(&Members::ShowForm, result); }
+  STDMETHODIMP CloseForm(VARIANT* result) override { return get(&Members::CloseForm, result); }
+  STDMETHODIMP TransferData(VARIANT Data, VARIANT* result) override {
+    if (!result) return E_POINTER;
+    VariantInit(result);
+    return carryOut([&] { give(class_->TransferData(keptValue(Data)), *result); });
+  }
+
+  STDMETHODIMP GetClassInfo(ITypeInfo** info) override {
+    if (!info) return E_POINTER;
+    *info = nullptr;
+    return hresultOf([&] { *info = typeInfoOf(__uuidof(::CLSKB_ANAGKELMORIA)).detach(); });
+  }
+
+  STDMETHODIMP EnumConnectionPoints(IEnumConnectionPoints** points) override {
+    if (!points) return E_POINTER;
+    *points = nullptr;
+    return hresultOf(
+        [&] { *points = new ConnectionPoints({ComPtr<IConnectionPoint>(&dataTransfer_)}); });
+  }
+
+  STDMETHODIMP FindConnectionPoint(REFIID events, IConnectionPoint** point) override {
+    if (!point) return E_POINTER;
+    *point = nullptr;
+    if (events != __uuidof(::DCLSKB_ANAGKELMORIAEvents)) return CONNECT_E_NOCONNECTION;
+    return copyTo<IConnectionPoint>(&dataTransfer_, point);
+  }
+
+ private:
+  /// Calls the class and ignores errors; the object lives until the call returns.
+  template <class Work>
+  HRESULT carryOut(Work&& work) {
+    const ComPtr<IUnknown> alive(identity());
+    ignoringErrors(work);
+    return S_OK;
+  }
+
+  /// `argument` makes the argument, so that an error in making it is ignored, too.
+  template <class Member, class Argument>
+  HRESULT set(Member member, Argument&& argument) {
+    return carryOut([&] { ((*class_).*member)(argument()); });
+  }
+
+  template <class Member, class Target>
+  HRESULT get(Member member, Target* target) {
+    if (!target) return E_POINTER;
+    *target = Target{};
+    return carryOut([&] { give(((*class_).*member)(), *target); });
+  }
+
+  Ref<plugin::CLSKB_ANAGKELMORIA> class_;
+  FaceEntry entry_;
+  EventSource dataTransfer_;
+  Subscription dataTransferred_;
+};
+
 }  // namespace
 
-PluginObject::PluginObject()
-    : class_(plugin::CLSKB_ANAGKELMORIA::create(PluginRuntime::use())),
-      entry_(class_.shared(), this),
-      dataTransfer_(__uuidof(::DCLSKB_ANAGKELMORIAEvents), *this),
-      dataTransferred_(class_->DataTransfer.connect([this](const Value& data) {
-        dataTransfer_.raise(dataTransferEvent, toVariant(data));
-      })) {}
-
-template <class Work>
-HRESULT PluginObject::carryOut(Work&& work) {
-  const ComPtr<IUnknown> alive(identity());
-  ignoringErrors(work);
-  return S_OK;
-}
-
-/// `argument` makes the argument, so that an error in making it is ignored, too.
-template <class Member, class Argument>
-HRESULT PluginObject::set(Member member, Argument&& argument) {
-  return carryOut([&] { ((*class_).*member)(argument()); });
-}
-
-template <class Member, class Target>
-HRESULT PluginObject::get(Member member, Target* target) {
-  if (!target) return E_POINTER;
-  *target = Target{};
-  return carryOut([&] { give(((*class_).*member)(), *target); });
-}
-
-STDMETHODIMP PluginObject::putref_ClsGlobal(IDispatch* value) {
-  return set(&Members::setClsGlobal, [&] { return wrapClsGlobal(value); });
-}
-STDMETHODIMP PluginObject::get_ClsGlobal(IDispatch** value) {
-  return get(&Members::ClsGlobal, value);
-}
-STDMETHODIMP PluginObject::putref_ActiveFrame(IDispatch* value) {
-  return set(&Members::setActiveFrame, [&] { return wrapNamedObject(value); });
-}
-STDMETHODIMP PluginObject::get_ActiveFrame(IDispatch** value) {
-  return get(&Members::ActiveFrame, value);
-}
-STDMETHODIMP PluginObject::putref_ActiveNavigator(IDispatch* value) {
-  return set(&Members::setActiveNavigator, [&] { return wrapNavigator(value); });
-}
-STDMETHODIMP PluginObject::get_ActiveNavigator(IDispatch** value) {
-  return get(&Members::ActiveNavigator, value);
-}
-STDMETHODIMP PluginObject::putref_ActiveDll(IDispatch* value) {
-  return set(&Members::setActiveDll, [&] { return wrapActiveDll(value); });
-}
-STDMETHODIMP PluginObject::get_ActiveDll(IDispatch** value) {
-  return get(&Members::ActiveDll, value);
-}
-STDMETHODIMP PluginObject::putref_StatusBar(IDispatch* value) {
-  return set(&Members::setStatusBar, [&] { return wrapStatusBar(value); });
-}
-STDMETHODIMP PluginObject::get_StatusBar(IDispatch** value) {
-  return get(&Members::StatusBar, value);
-}
-STDMETHODIMP PluginObject::put_CanInsert(VARIANT_BOOL value) {
-  return set(&Members::setCanInsert, [&] { return isSet(value); });
-}
-STDMETHODIMP PluginObject::get_CanInsert(VARIANT_BOOL* value) {
-  return get(&Members::CanInsert, value);
-}
-STDMETHODIMP PluginObject::put_CanDelete(VARIANT_BOOL value) {
-  return set(&Members::setCanDelete, [&] { return isSet(value); });
-}
-STDMETHODIMP PluginObject::get_CanDelete(VARIANT_BOOL* value) {
-  return get(&Members::CanDelete, value);
-}
-STDMETHODIMP PluginObject::put_CanUpdate(VARIANT_BOOL value) {
-  return set(&Members::setCanUpdate, [&] { return isSet(value); });
-}
-STDMETHODIMP PluginObject::get_CanUpdate(VARIANT_BOOL* value) {
-  return get(&Members::CanUpdate, value);
-}
-STDMETHODIMP PluginObject::put_CanQbe(VARIANT_BOOL value) {
-  return set(&Members::setCanQbe, [&] { return isSet(value); });
-}
-STDMETHODIMP PluginObject::get_CanQbe(VARIANT_BOOL* value) {
-  return get(&Members::CanQbe, value);
-}
-STDMETHODIMP PluginObject::put_WindowState(LONG value) {
-  return set(&Members::setWindowState, [&] { return value; });
-}
-STDMETHODIMP PluginObject::get_WindowState(LONG* value) {
-  return get(&Members::WindowState, value);
-}
-STDMETHODIMP PluginObject::put_WindowModal(VARIANT_BOOL value) {
-  return set(&Members::setWindowModal, [&] { return isSet(value); });
-}
-STDMETHODIMP PluginObject::get_WindowModal(VARIANT_BOOL* value) {
-  return get(&Members::WindowModal, value);
-}
-STDMETHODIMP PluginObject::put_ProgramMode(LONG value) {
-  return set(&Members::setProgramMode, [&] { return value; });
-}
-STDMETHODIMP PluginObject::get_ProgramMode(LONG* value) {
-  return get(&Members::ProgramMode, value);
-}
-STDMETHODIMP PluginObject::put_MenuModulo(VARIANT value) {
-  return set(&Members::setMenuModulo, [&] { return keptValue(value); });
-}
-STDMETHODIMP PluginObject::get_MenuModulo(VARIANT* value) {
-  return get(&Members::MenuModulo, value);
-}
-STDMETHODIMP PluginObject::put_MenuPadre(VARIANT value) {
-  return set(&Members::setMenuPadre, [&] { return keptValue(value); });
-}
-STDMETHODIMP PluginObject::get_MenuPadre(VARIANT* value) {
-  return get(&Members::MenuPadre, value);
-}
-STDMETHODIMP PluginObject::put_MenuProg(VARIANT value) {
-  return set(&Members::setMenuProg, [&] { return keptValue(value); });
-}
-STDMETHODIMP PluginObject::get_MenuProg(VARIANT* value) {
-  return get(&Members::MenuProg, value);
-}
-STDMETHODIMP PluginObject::put_Caption(VARIANT value) {
-  return set(&Members::setCaption, [&] { return toValue(value); });
-}
-STDMETHODIMP PluginObject::get_Caption(VARIANT* value) {
-  return get(&Members::Caption, value);
-}
-STDMETHODIMP PluginObject::put_hwndParent(LONG value) {
-  return set(&Members::setHwndParent, [&] { return value; });
-}
-STDMETHODIMP PluginObject::get_hwndParent(LONG* value) {
-  return get(&Members::hwndParent, value);
-}
-STDMETHODIMP PluginObject::putref_Connection(IDispatch* value) {
-  return set(&Members::setConnection, [&] { return wrapConnection(value); });
-}
-STDMETHODIMP PluginObject::get_Connection(IDispatch** value) {
-  return get(&Members::Connection, value);
-}
-STDMETHODIMP PluginObject::get_Cwindow(IDispatch** value) {
-  return get(&Members::Cwindow, value);
-}
-STDMETHODIMP PluginObject::put_Top(VARIANT value) {
-  return set(&Members::setTop, [&] { return toValue(value); });
-}
-STDMETHODIMP PluginObject::get_Top(VARIANT* value) {
-  return get(&Members::Top, value);
-}
-STDMETHODIMP PluginObject::put_Left(VARIANT value) {
-  return set(&Members::setLeft, [&] { return toValue(value); });
-}
-STDMETHODIMP PluginObject::get_Left(VARIANT* value) {
-  return get(&Members::Left, value);
-}
-STDMETHODIMP PluginObject::putref_ClsVoceMenu(IDispatch* value) {
-  return set(&Members::setClsVoceMenu, [&] { return wrapObject(value); });
-}
-STDMETHODIMP PluginObject::get_ClsVoceMenu(IDispatch** value) {
-  return get(&Members::ClsVoceMenu, value);
-}
-STDMETHODIMP PluginObject::put_IsActive(VARIANT_BOOL value) {
-  return set(&Members::setIsActive, [&] { return isSet(value); });
-}
-STDMETHODIMP PluginObject::get_IsActive(VARIANT_BOOL* value) {
-  return get(&Members::IsActive, value);
-}
-STDMETHODIMP PluginObject::put_IsCalled(VARIANT_BOOL value) {
-  return set(&Members::setIsCalled, [&] { return isSet(value); });
-}
-STDMETHODIMP PluginObject::get_IsCalled(VARIANT_BOOL* value) {
-  return get(&Members::IsCalled, value);
-}
-STDMETHODIMP PluginObject::put_Filtro(VARIANT value) {
-  return set(&Members::setFiltro, [&] { return toValue(value); });
-}
-STDMETHODIMP PluginObject::get_Filtro(VARIANT* value) {
-  return get(&Members::Filtro, value);
-}
-
-STDMETHODIMP PluginObject::ShowForm(VARIANT* result) {
-  return get(&Members::ShowForm, result);
-}
-STDMETHODIMP PluginObject::CloseForm(VARIANT* result) {
-  return get(&Members::CloseForm, result);
-}
-STDMETHODIMP PluginObject::TransferData(VARIANT Data, VARIANT* result) {
-  if (!result) return E_POINTER;
-  VariantInit(result);
-  return carryOut([&] { give(class_->TransferData(keptValue(Data)), *result); });
-}
-
-STDMETHODIMP PluginObject::GetClassInfo(ITypeInfo** info) {
-  if (!info) return E_POINTER;
-  *info = nullptr;
-  return hresultOf([&] { *info = typeInfoOf(__uuidof(::CLSKB_ANAGKELMORIA)).detach(); });
-}
-
-STDMETHODIMP PluginObject::EnumConnectionPoints(IEnumConnectionPoints** points) {
-  if (!points) return E_POINTER;
-  *points = nullptr;
-  return hresultOf(
-      [&] { *points = new ConnectionPoints({ComPtr<IConnectionPoint>(&dataTransfer_)}); });
-}
-
-STDMETHODIMP PluginObject::FindConnectionPoint(REFIID events, IConnectionPoint** point) {
-  if (!point) return E_POINTER;
-  *point = nullptr;
-  if (events != __uuidof(::DCLSKB_ANAGKELMORIAEvents)) return CONNECT_E_NOCONNECTION;
-  return copyTo<IConnectionPoint>(&dataTransfer_, point);
+ComPtr<::Cinterface> newPluginObject() {
+  return ComPtr<::Cinterface>::adopt(new PluginObject);
 }
 
 }  // namespace kebu::windows

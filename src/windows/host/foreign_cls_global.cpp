@@ -1,77 +1,70 @@
-#include "windows/host/foreign_cls_global.h"
-
 #include "windows/host/foreign_services.h"
+#include "windows/host/host_objects.h"
 
 namespace kebu::windows {
 
-template <class Adapter>
-Ref<typename Adapter::Role> ForeignClsGlobal::service(std::wstring_view member) const {
-  return wrap<Adapter>(object_.get(member).object());
-}
+namespace {
 
-template <class Adapter>
-Ref<typename Adapter::Role> ForeignClsGlobal::serviceIfOffered(std::wstring_view member) const {
-  return object_.has(member) ? service<Adapter>(member) : nullptr;
-}
+/// The host's global services object. A member that answers nothing makes the
+/// service absent; one that is missing is an error, but for the two services
+/// that the plug-in can do without.
+class ForeignClsGlobal : public host::ClsGlobal, public Foreign {
+ public:
+  using Role = host::ClsGlobal;
+  using Foreign::Foreign;
 
-std::string ForeignClsGlobal::ConnectionString() {
-  return object_.text(L"ConnectionString");
-}
+  std::string ConnectionString() override { return object_.text(L"ConnectionString"); }
+  Value CompanyCode() override { return object_.value(L"CompanyCode"); }
+  std::string ApplicationCode() override { return object_.text(L"ApplicationCode"); }
+  Value SessionId() override { return object_.value(L"SessionId"); }
+  Value UserId() override { return object_.value(L"UserId"); }
+  Ref<host::MessageService> Messages() override {
+    return serviceIfOffered<ForeignMessageService>(L"Messages");
+  }
+  void RefreshStatus(const Ref<host::NamedObject>& activeFrame) override {
+    object_.call(L"RefreshStatus", {unwrap(activeFrame)});
+  }
 
-Value ForeignClsGlobal::CompanyCode() {
-  return object_.value(L"CompanyCode");
-}
+  Ref<host::LogService> CreateLog() override {
+    return serviceIfOffered<ForeignLogService>(L"CreateLog");
+  }
+  Ref<host::ConnectionProvider> CreateConnectionProvider() override {
+    return service<ForeignConnectionProvider>(L"CreateConnectionProvider");
+  }
+  Ref<host::EnvironmentService> CreateEnvironment() override {
+    return service<ForeignEnvironmentService>(L"CreateEnvironment");
+  }
+  Ref<host::SqlDecodeService> CreateSqlDecode() override {
+    return service<ForeignSqlDecodeService>(L"CreateSqlDecode");
+  }
+  Ref<host::LookupService> CreateLookups() override {
+    return service<ForeignLookupService>(L"CreateLookups");
+  }
+  Ref<host::SavedFilterService> CreateSavedFilters() override {
+    return service<ForeignSavedFilterService>(L"CreateSavedFilters");
+  }
+  Ref<host::LayoutModel> CreateLayoutModel() override {
+    return service<ForeignLayoutModel>(L"CreateLayoutModel");
+  }
+  Ref<host::ScriptModel> CreateScriptModel() override {
+    return service<ForeignScriptModel>(L"CreateScriptModel");
+  }
 
-std::string ForeignClsGlobal::ApplicationCode() {
-  return object_.text(L"ApplicationCode");
-}
+ private:
+  template <class Adapter>
+  Ref<typename Adapter::Role> service(std::wstring_view member) const {
+    return wrap<Adapter>(object_.get(member).object());
+  }
+  template <class Adapter>
+  Ref<typename Adapter::Role> serviceIfOffered(std::wstring_view member) const {
+    return object_.has(member) ? service<Adapter>(member) : nullptr;
+  }
+};
 
-Value ForeignClsGlobal::SessionId() {
-  return object_.value(L"SessionId");
-}
+}  // namespace
 
-Value ForeignClsGlobal::UserId() {
-  return object_.value(L"UserId");
-}
-
-Ref<host::MessageService> ForeignClsGlobal::Messages() {
-  return serviceIfOffered<ForeignMessageService>(L"Messages");
-}
-
-void ForeignClsGlobal::RefreshStatus(const Ref<host::NamedObject>& activeFrame) {
-  object_.call(L"RefreshStatus", {unwrap(activeFrame)});
-}
-
-Ref<host::LogService> ForeignClsGlobal::CreateLog() {
-  return serviceIfOffered<ForeignLogService>(L"CreateLog");
-}
-
-Ref<host::ConnectionProvider> ForeignClsGlobal::CreateConnectionProvider() {
-  return service<ForeignConnectionProvider>(L"CreateConnectionProvider");
-}
-
-Ref<host::EnvironmentService> ForeignClsGlobal::CreateEnvironment() {
-  return service<ForeignEnvironmentService>(L"CreateEnvironment");
-}
-
-Ref<host::SqlDecodeService> ForeignClsGlobal::CreateSqlDecode() {
-  return service<ForeignSqlDecodeService>(L"CreateSqlDecode");
-}
-
-Ref<host::LookupService> ForeignClsGlobal::CreateLookups() {
-  return service<ForeignLookupService>(L"CreateLookups");
-}
-
-Ref<host::SavedFilterService> ForeignClsGlobal::CreateSavedFilters() {
-  return service<ForeignSavedFilterService>(L"CreateSavedFilters");
-}
-
-Ref<host::LayoutModel> ForeignClsGlobal::CreateLayoutModel() {
-  return service<ForeignLayoutModel>(L"CreateLayoutModel");
-}
-
-Ref<host::ScriptModel> ForeignClsGlobal::CreateScriptModel() {
-  return service<ForeignScriptModel>(L"CreateScriptModel");
+Ref<host::ClsGlobal> wrapClsGlobal(IDispatch* object) {
+  return wrap<ForeignClsGlobal>(ComPtr<IDispatch>(object));
 }
 
 }  // namespace kebu::windows

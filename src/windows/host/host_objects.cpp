@@ -1,6 +1,5 @@
 #include "windows/host/host_objects.h"
 
-#include "windows/host/foreign_cls_global.h"
 #include "windows/host/foreign_navigator.h"
 
 namespace kebu::windows {
@@ -27,10 +26,6 @@ class ForeignNamedObject : public host::NamedObject, public Foreign {
 };
 
 }  // namespace
-
-Ref<host::ClsGlobal> wrapClsGlobal(IDispatch* object) {
-  return wrap<ForeignClsGlobal>(ComPtr<IDispatch>(object));
-}
 
 Ref<host::Navigator> wrapNavigator(IDispatch* object) {
   return wrap<ForeignNavigator>(ComPtr<IDispatch>(object));
