@@ -48,9 +48,8 @@ struct Field {
 
 /// The position of a field by its name, case aside; fields.size() when there is none.
 inline std::size_t indexOf(const std::vector<Field>& fields, std::string_view name) {
-  const auto at = std::find_if(fields.begin(), fields.end(), [&](const Field& field) {
-    return equalsIgnoringCase(field.name, name);
-  });
+  const auto at = std::ranges::find_if(
+      fields, [&](const std::string& own) { return equalsIgnoringCase(own, name); }, &Field::name);
   return static_cast<std::size_t>(at - fields.begin());
 }
 

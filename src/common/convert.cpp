@@ -129,7 +129,7 @@ std::string toSqlNumber(const Value& value) {
 
 std::size_t characterCount(std::string_view utf8) {
   const auto begins = [](char c) { return (static_cast<unsigned char>(c) & 0xC0U) != 0x80U; };
-  return static_cast<std::size_t>(std::count_if(utf8.begin(), utf8.end(), begins));
+  return static_cast<std::size_t>(std::ranges::count_if(utf8, begins));
 }
 
 std::string trim(std::string_view text) {

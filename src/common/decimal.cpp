@@ -64,6 +64,13 @@ Digits digitsOf(const Decimal& value) {
   return {UInt192(value.mantissa()), value.scale()};
 }
 
+Digits digitsAt(const Decimal& value, int scale) {
+  requireScale(scale);
+  Digits digits = digitsOf(value);
+  digits.setScale(scale);
+  return digits;
+}
+
 /// The whole numbers of both at their greater scale: at most 96 + 94 bits.
 struct Aligned {
   UInt192 a;
@@ -166,24 +173,17 @@ std::string Decimal::toShortestString(char point) const {
 }
 
 Decimal Decimal::rounded(int scale) const {
-  requireScale(scale);
-  Digits digits = digitsOf(*this);
-  digits.setScale(scale);
-  return digits.toDecimal(negative_);
+  return digitsAt(*this, scale).toDecimal(negative_);
 }
 
 Decimal Decimal::roundedAway(int scale) const {
-  requireScale(scale);
-  Digits digits = digitsOf(*this);
-  digits.setScale(scale);
+  Digits digits = digitsAt(*this, scale);
   digits.roundHalfAway();
   return digits.toDecimal(negative_);
 }
 
 Decimal Decimal::truncated(int scale) const {
-  requireScale(scale);
-  Digits digits = digitsOf(*this);
-  digits.setScale(scale);
+  Digits digits = digitsAt(*this, scale);
   digits.round(false);
   return digits.toDecimal(negative_);
 }
@@ -196,15 +196,9 @@ std::int64_t Decimal::toInt64() const {
 }
 
 std::optional<std::int64_t> Decimal::unscaledAt(int scale) const {
-  requireScale(scale);
-  Digits digits = digitsOf(*this);
-  digits.setScale(scale);
+  const Digits digits = digitsAt(*this, scale);
   if (digits.scale != scale || digits.next != 0 || digits.more) return std::nullopt;
   return narrowed<std::int64_t>(digits.whole, negative_);
-}
-
-Decimal Decimal::operator-() const {
-  return {mantissa_, scale_, !negative_};
 }
 
 Decimal operator+(const Decimal& a, const Decimal& b) {

@@ -51,7 +51,7 @@ class Decimal {
   /// The value times 10^`scale` as a whole number, when it is one and fits.
   std::optional<std::int64_t> unscaledAt(int scale) const;
 
-  Decimal operator-() const;
+  Decimal operator-() const { return {mantissa_, scale_, !negative_}; }
   friend Decimal operator+(const Decimal& a, const Decimal& b);
   friend Decimal operator-(const Decimal& a, const Decimal& b);
   friend Decimal operator*(const Decimal& a, const Decimal& b);

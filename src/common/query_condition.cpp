@@ -44,7 +44,7 @@ bool isWholeNumber(std::string_view text) {
   constexpr std::size_t mostDigits = 18;
   if (text.starts_with('-')) text.remove_prefix(1);
   return !text.empty() && text.size() <= mostDigits &&
-         std::all_of(text.begin(), text.end(), [](char c) { return c >= '0' && c <= '9'; });
+         std::ranges::all_of(text, [](char c) { return c >= '0' && c <= '9'; });
 }
 
 std::string normalizedWholeNumber(std::string_view text) {

@@ -5,12 +5,9 @@
 namespace kebu::controls {
 
 /// A flag, stored as 1 or 0.
-class CheckBox : public BoundControl {
+class CheckBox : public OfKind<ControlKind::CheckBox, BoundControl> {
  public:
-  using BoundControl::BoundControl;
-
-  static bool includes(ControlKind kind) { return kind == ControlKind::CheckBox; }
-  ControlKind kind() const override { return ControlKind::CheckBox; }
+  using OfKind::OfKind;
 
   bool isTicked() const { return ticked_; }
   /// Sets it from the program: raises Click when it differs, but not AfterChange.

@@ -6,10 +6,6 @@
 
 namespace kebu::controls {
 
-void ComboBox::clear() {
-  setRows({});
-}
-
 void ComboBox::setRows(std::vector<Row> rows) {
   rows_ = std::move(rows);
   hasAddedRow_ = false;
@@ -20,14 +16,6 @@ void ComboBox::setRows(std::vector<Row> rows) {
 void ComboBox::addRow(Value code, std::string caption) {
   rows_.push_back({std::move(code), std::move(caption)});
   changed.raise();
-}
-
-const ComboBox::Row* ComboBox::selected() const {
-  return selected_ ? &rows_[*selected_] : nullptr;
-}
-
-std::string ComboBox::text() const {
-  return selected_ ? toText(rows_[*selected_].code) : "";
 }
 
 void ComboBox::select(const Value& code) {
@@ -46,14 +34,6 @@ void ComboBox::setText(const std::string& code) {
   rows_.push_back({code, code});
   hasAddedRow_ = true;
   select(code);
-}
-
-Value ComboBox::value() const {
-  return selected_ ? rows_[*selected_].code : Value(Null{});
-}
-
-void ComboBox::show(const Value& stored) {
-  select(stored);
 }
 
 void ComboBox::choose(const std::string& code) {

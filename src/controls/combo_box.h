@@ -10,19 +10,16 @@ namespace kebu::controls {
 
 /// A fixed choice: rows of a code and a caption. Bound, it edits a column with
 /// the chosen code.
-class ComboBox : public BoundControl {
+class ComboBox : public OfKind<ControlKind::ComboBox, BoundControl> {
  public:
   struct Row {
     Value code;
     std::string caption;
   };
 
-  using BoundControl::BoundControl;
+  using OfKind::OfKind;
 
-  static bool includes(ControlKind kind) { return kind == ControlKind::ComboBox; }
-  ControlKind kind() const override { return ControlKind::ComboBox; }
-
-  void clear();
+  void clear() { setRows({}); }
   /// These rows and no others; nothing is chosen.
   void setRows(std::vector<Row> rows);
   void addRow(Value code, std::string caption);
@@ -32,16 +29,16 @@ class ComboBox : public BoundControl {
   void setShowsCodes(bool shows) { showsCodes_ = shows; }
 
   /// The chosen row; null when none is. Valid until the rows change.
-  const Row* selected() const;
+  const Row* selected() const { return selected_ ? &rows_[*selected_] : nullptr; }
   /// The chosen code as text; "" when none is.
-  std::string text() const;
+  std::string text() const { return selected_ ? toText(rows_[*selected_].code) : ""; }
   /// Chooses the row of that code; one without a row leaves the combo unselected.
   void select(const Value& code);
   /// Shows a stored code. A code without a row gets one, which is removed when
   /// another is chosen: a stored value that is not offered any more is not lost.
   void setText(const std::string& code);
-  Value value() const override;
-  void show(const Value& stored) override;
+  Value value() const override { return selected_ ? rows_[*selected_].code : Value(Null{}); }
+  void show(const Value& stored) override { select(stored); }
 
   /// The gesture; GestureRefused when no row has that code.
   void choose(const std::string& code);

@@ -45,11 +45,15 @@ class Control : public host::NamedObject {
   bool isNamed(std::string_view name) const { return equalsIgnoringCase(name_, name); }
 
   const std::string& caption() const { return caption_; }
-  void setCaption(const std::string& caption);
+  void setCaption(const std::string& caption) { setShown(caption_, caption); }
   bool isEnabled() const { return enabled_; }
-  void setEnabled(bool enabled);
+  void setEnabled(bool enabled) {
+    if (enabled_ != enabled) setShown(enabled_, enabled);
+  }
   bool isVisible() const { return visible_; }
-  void setVisible(bool visible);
+  void setVisible(bool visible) {
+    if (visible_ != visible) setShown(visible_, visible);
+  }
 
   const Size& size() const { return size_; }
   void setSize(const Size& size) { size_ = size; }
@@ -59,11 +63,11 @@ class Control : public host::NamedObject {
   Control* container() const { return container_; }
   void setContainer(Control& container) { container_ = &container; }
   /// Whether a person can use it: isShown() and looksEnabled().
-  bool isReachable() const;
+  bool isReachable() const { return isShown() && looksEnabled(); }
   /// Whether it and all its containers are visible.
-  bool isShown() const;
+  bool isShown() const { return visible_ && (!container_ || container_->isShown()); }
   /// Whether it and all its containers are enabled, visible or not.
-  bool looksEnabled() const;
+  bool looksEnabled() const { return enabled_ && (!container_ || container_->looksEnabled()); }
 
   /// The control of that name, case aside: this one or one inside it; null when there is none.
   virtual Control* find(std::string_view name) { return isNamed(name) ? this : nullptr; }
@@ -75,6 +79,12 @@ class Control : public host::NamedObject {
   Event<> changed;
 
  protected:
+  /// Sets a part of what is shown, and has views draw again.
+  template <class Part>
+  void setShown(Part& part, const Part& value) {
+    part = value;
+    changed.raise();
+  }
   /// Every gesture begins with it: raises GestureRefused when no person could act here.
   void requireReachable() const;
 
@@ -85,6 +95,16 @@ class Control : public host::NamedObject {
   bool visible_ = true;
   Size size_;
   Control* container_ = nullptr;
+};
+
+/// The base of a class of controls that is a kind of its own.
+template <ControlKind own, class Base = Control>
+class OfKind : public Base {
+ public:
+  using Base::Base;
+
+  static bool includes(ControlKind kind) { return kind == own; }
+  ControlKind kind() const override { return own; }
 };
 
 }  // namespace kebu::controls

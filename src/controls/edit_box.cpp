@@ -10,22 +10,8 @@ void EditBox::setText(const std::string& text) {
   changed.raise();
 }
 
-Value EditBox::value() const {
-  return text_.empty() ? Value(Null{}) : Value(text_);
-}
-
-void EditBox::show(const Value& stored) {
-  setText(trimRight(toDisplay(stored)));
-}
-
-void EditBox::setEditable(bool editable) {
-  editable_ = editable;
-  changed.raise();
-}
-
-void EditBox::setRequired(bool required) {
-  required_ = required;
-  changed.raise();
+void EditBox::decode() {
+  if (text_ != decoded_) decodeAgain();
 }
 
 void EditBox::requireEditable() const {
@@ -42,16 +28,6 @@ void EditBox::type(const std::string& text) {
   GotFocus.raise();
   if (text != text_) enter(text);
   LostFocus.raise();
-}
-
-void EditBox::setMaxLength(std::size_t length) {
-  maxLength_ = length;
-  changed.raise();
-}
-
-void EditBox::setHint(const std::string& hint) {
-  hint_ = hint;
-  changed.raise();
 }
 
 void EditBox::enter(const Value& code) {
@@ -75,10 +51,6 @@ void EditBox::lookup() {
   requireEditable();
   if (!hasLookup()) throw GestureRefused(Name() + " has no look-up");
   StartLookup.raise(*this);
-}
-
-void EditBox::decode() {
-  if (text_ != decoded_) decodeAgain();
 }
 
 void EditBox::decodeAgain() {

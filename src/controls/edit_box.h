@@ -9,33 +9,30 @@ namespace kebu::controls {
 
 /// A box of text, bound to a column or on its own, with an optional decoded
 /// description beside it and an optional look-up.
-class EditBox : public BoundControl {
+class EditBox : public OfKind<ControlKind::EditBox, BoundControl> {
  public:
-  using BoundControl::BoundControl;
-
-  static bool includes(ControlKind kind) { return kind == ControlKind::EditBox; }
-  ControlKind kind() const override { return ControlKind::EditBox; }
+  using OfKind::OfKind;
 
   const std::string& text() const { return text_; }
   /// Sets the text from the program: raises no event but StartDecode.
   void setText(const std::string& text);
-  Value value() const override;
+  Value value() const override { return text_.empty() ? Value(Null{}) : Value(text_); }
   bool isMissing() const override { return required_ && text_.empty(); }
-  void show(const Value& stored) override;
+  void show(const Value& stored) override { setText(trimRight(toDisplay(stored))); }
 
   /// A box that is not editable shows its text and lets it be copied.
   bool isEditable() const { return editable_; }
-  void setEditable(bool editable);
+  void setEditable(bool editable) { setShown(editable_, editable); }
   bool isRequired() const { return required_; }
-  void setRequired(bool required);
+  void setRequired(bool required) { setShown(required_, required); }
   bool isMasked() const { return masked_; }
   void setMasked(bool masked) { masked_ = masked; }
   /// In characters; 0 without limit.
   std::size_t maxLength() const { return maxLength_; }
-  void setMaxLength(std::size_t length);
+  void setMaxLength(std::size_t length) { setShown(maxLength_, length); }
   /// Shown in the box while it is empty.
   const std::string& hint() const { return hint_; }
-  void setHint(const std::string& hint);
+  void setHint(const std::string& hint) { setShown(hint_, hint); }
   /// The height of the box in lines of text.
   int lines() const { return lines_; }
   void setLines(int lines) { lines_ = lines; }

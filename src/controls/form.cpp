@@ -15,7 +15,7 @@ void appendTree(Control& control, std::vector<Control*>& all) {
 
 }  // namespace
 
-Form::Form(std::string name, Desktop& desktop) : Control(std::move(name)), desktop_(desktop) {
+Form::Form(std::string name, Desktop& desktop) : OfKind(std::move(name)), desktop_(desktop) {
   setVisible(false);
 }
 

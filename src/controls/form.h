@@ -14,13 +14,10 @@
 namespace kebu::controls {
 
 /// A window: its controls, its place in pixels, and its life from load to unload.
-class Form : public Control, public std::enable_shared_from_this<Form> {
+class Form : public OfKind<ControlKind::Form>, public std::enable_shared_from_this<Form> {
  public:
   Form(std::string name, Desktop& desktop);
   ~Form() override;
-
-  static bool includes(ControlKind kind) { return kind == ControlKind::Form; }
-  ControlKind kind() const override { return ControlKind::Form; }
 
   std::int32_t left() const { return left_; }
   std::int32_t top() const { return top_; }

@@ -7,12 +7,9 @@
 namespace kebu::controls {
 
 /// Ties a window to the host's window that owns it.
-class MdiContainer : public Control {
+class MdiContainer : public OfKind<ControlKind::MdiContainer> {
  public:
-  using Control::Control;
-
-  static bool includes(ControlKind kind) { return kind == ControlKind::MdiContainer; }
-  ControlKind kind() const override { return ControlKind::MdiContainer; }
+  using OfKind::OfKind;
 
   /// Takes the handle of the host's window that owns this window; 0 for none.
   void attach(std::int32_t parentWindow) {

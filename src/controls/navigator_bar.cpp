@@ -26,7 +26,7 @@ bool isOffered(const std::string& key, RecordFrame& frame, const Rights& rights)
 
 NavigatorBar::NavigatorBar(std::string name, ControlHost& host,
                            const std::vector<std::string>& keys)
-    : Control(std::move(name)), host_(host) {
+    : OfKind(std::move(name)), host_(host) {
   for (const std::string& key : keys) buttons_.push_back({key, key, false});
 }
 
@@ -34,10 +34,6 @@ void NavigatorBar::bind(RecordFrame& frame) {
   frame_ = &frame;
   frame.stateChanged.on([this] { refreshButtons(); });
   refreshButtons();
-}
-
-void NavigatorBar::unbind() {
-  frame_ = nullptr;
 }
 
 void NavigatorBar::setModified(bool modified) {
@@ -50,8 +46,7 @@ void NavigatorBar::setRights(const Rights& rights) {
 }
 
 bool NavigatorBar::isButtonEnabled(const std::string& key) const {
-  return std::any_of(buttons_.begin(), buttons_.end(),
-                     [&](const Button& b) { return b.key == key && b.enabled; });
+  return std::ranges::any_of(buttons_, [&](const auto& b) { return b.key == key && b.enabled; });
 }
 
 void NavigatorBar::setButtonEnabled(const std::string& key, bool enabled) {
@@ -99,9 +94,10 @@ void NavigatorBar::press(const std::string& name) {
 }
 
 NavigatorBar::Button* NavigatorBar::buttonOf(const std::string& name) {
-  const auto at = std::find_if(buttons_.begin(), buttons_.end(),
-                               [&](const Button& b) { return b.key == name || b.caption == name; });
-  return at == buttons_.end() ? nullptr : &*at;
+  for (Button& button : buttons_) {
+    if (button.key == name || button.caption == name) return &button;
+  }
+  return nullptr;
 }
 
 void NavigatorBar::act(const std::string& key) {

@@ -17,7 +17,7 @@ struct Rights {
 /// The bar of record buttons. Bound to a frame it calls the frame's actions and
 /// enables those that the frame's state and the user's rights allow. Unbound it
 /// enables "Conferma" and "Annulla" while its page says that it is modified.
-class NavigatorBar : public Control {
+class NavigatorBar : public OfKind<ControlKind::NavigatorBar> {
  public:
   struct Button {
     std::string key;  ///< the Italian caption, by which handlers know it
@@ -28,11 +28,8 @@ class NavigatorBar : public Control {
 
   NavigatorBar(std::string name, ControlHost& host, const std::vector<std::string>& keys);
 
-  static bool includes(ControlKind kind) { return kind == ControlKind::NavigatorBar; }
-  ControlKind kind() const override { return ControlKind::NavigatorBar; }
-
   void bind(RecordFrame& frame);
-  void unbind();
+  void unbind() { frame_ = nullptr; }
   void setRights(const Rights& rights);
   /// Whether the page of an unbound bar has changes that are not stored.
   void setModified(bool modified);

@@ -75,7 +75,7 @@ QueryOperator QueryEditor::Row::chosen() const {
 }
 
 QueryEditor::QueryEditor(std::string name, ControlHost& host, const QueryComposer& composer)
-    : GroupBox(std::move(name)),
+    : OfKind(std::move(name)),
       host_(host),
       composer_(composer),
       text_(composedTextName(Name()), "Condizione"),
@@ -156,9 +156,10 @@ void QueryEditor::removeLastField() {
 // ---- conditions
 
 QueryEditor::Row* QueryEditor::rowOf(std::string_view dataField) const {
-  const auto at = std::find_if(rows_.begin(), rows_.end(),
-                               [&](const auto& row) { return row->field.dataField == dataField; });
-  return at == rows_.end() ? nullptr : at->get();
+  for (const auto& row : rows_) {
+    if (row->field.dataField == dataField) return row.get();
+  }
+  return nullptr;
 }
 
 std::string QueryEditor::predicateOf(const Row& row, const QueryCondition& condition) const {

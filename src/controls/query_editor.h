@@ -51,7 +51,7 @@ struct QueryRequest {
 ///
 /// Its parts are ordinary controls, named after the editor and the row counted
 /// from 1: "ENHQUERY_CLI(2).VALORE1".
-class QueryEditor : public GroupBox {
+class QueryEditor : public OfKind<ControlKind::QueryEditor, GroupBox> {
  public:
   /// What the window hands the editor. This editor uses the store alone.
   struct Surroundings {
@@ -70,9 +70,6 @@ class QueryEditor : public GroupBox {
   };
 
   QueryEditor(std::string name, ControlHost& host, const QueryComposer& composer);
-
-  static bool includes(ControlKind kind) { return kind == ControlKind::QueryEditor; }
-  ControlKind kind() const override { return ControlKind::QueryEditor; }
 
   void setSurroundings(Surroundings surroundings) { surroundings_ = std::move(surroundings); }
   /// Releases the objects that the editor was handed.

@@ -8,7 +8,17 @@
 
 namespace kebu::controls {
 
-QueryGrid::QueryGrid(std::string name, ControlHost& host) : Control(std::move(name)), host_(host) {}
+namespace {
+
+/// The entry with that code, or the end of the list.
+auto itemOf(const QueryGrid::Items& items, const Value& code) {
+  return std::ranges::find_if(
+      items, [&](const auto& item) { return equalAsVariants(Value(item.first), code); });
+}
+
+}  // namespace
+
+QueryGrid::QueryGrid(std::string name, ControlHost& host) : OfKind(std::move(name)), host_(host) {}
 
 void QueryGrid::clearColumns() {
   columns_.clear();
@@ -62,7 +72,7 @@ void QueryGrid::refresh() {
 void QueryGrid::formatDescriptions() {
   descriptions_.clear();
   const auto isDescription = [](const Column& c) { return c.kind == ColumnKind::Description; };
-  if (std::none_of(columns_.begin(), columns_.end(), isDescription)) return;
+  if (std::ranges::none_of(columns_, isDescription)) return;
   for (std::int32_t row = 1; row <= rowCount(); ++row) {
     std::vector<std::string> texts(columns_.size());
     for (std::size_t i = 0; i < columns_.size(); ++i) {
@@ -103,9 +113,7 @@ std::string QueryGrid::cellText(std::int32_t row, std::size_t index) {
   if (column.kind == ColumnKind::Check) return toBoolean(CDecN(value)) ? "1" : "0";
   if (value.isEmpty()) return "";  // a column without a field
   const Items& items = itemsOf(row, column);
-  const auto item = std::find_if(items.begin(), items.end(), [&](const auto& i) {
-    return equalAsVariants(Value(i.first), value);
-  });
+  const auto item = itemOf(items, value);
   return item != items.end() ? item->second : trimRight(toDisplay(value));
 }
 
@@ -128,8 +136,7 @@ Value QueryGrid::rowState(std::int32_t row) {
 }
 
 const QueryGrid::Column* QueryGrid::findColumn(std::string_view field) const {
-  const auto column = std::find_if(columns_.begin(), columns_.end(),
-                                   [&](const Column& c) { return c.field == field; });
+  const auto column = std::ranges::find(columns_, field, &Column::field);
   return column == columns_.end() ? nullptr : &*column;
 }
 
@@ -179,8 +186,7 @@ void QueryGrid::edit(std::int32_t row, const std::string& field, const Value& va
   if (fixed) throw GestureRefused(field + " of " + Name() + " is not edited by typing");
   if (column.kind == ColumnKind::ValueList && !value.isNull()) {
     const Items& items = itemsOf(row, column);
-    if (std::none_of(items.begin(), items.end(),
-                     [&](const auto& i) { return equalAsVariants(Value(i.first), value); })) {
+    if (itemOf(items, value) == items.end()) {
       throw GestureRefused(field + " of " + Name() + " has no entry \"" + toDisplay(value) + "\"");
     }
   }

@@ -50,7 +50,7 @@ struct GridColumn {
 
 /// Rows of a recordset in columns. Rows are read in blocks, when one of their cells
 /// is asked for; every edit is written to the recordset at once. Rows count from 1.
-class QueryGrid : public Control {
+class QueryGrid : public OfKind<ControlKind::QueryGrid> {
  public:
   using Items = std::vector<std::pair<std::int32_t, std::string>>;
   struct Column {
@@ -62,9 +62,6 @@ class QueryGrid : public Control {
   };
 
   QueryGrid(std::string name, ControlHost& host);
-
-  static bool includes(ControlKind kind) { return kind == ControlKind::QueryGrid; }
-  ControlKind kind() const override { return ControlKind::QueryGrid; }
 
   void clearColumns();
   /// Captions and value lists pass through `translator`.

@@ -34,8 +34,7 @@ const OperatorTraits& traitsOf(QueryOperator op) {
 }
 
 std::optional<QueryOperator> operatorByCode(std::string_view code) {
-  const auto* const at = std::find_if(operators.begin(), operators.end(),
-                                      [&](const OperatorTraits& t) { return t.code == code; });
+  const auto* const at = std::ranges::find(operators, code, &OperatorTraits::code);
   return at == operators.end() ? std::nullopt : std::optional(at->op);
 }
 

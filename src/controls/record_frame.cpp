@@ -50,7 +50,7 @@ std::string nameOf(FrameStatus status) {
 }
 
 RecordFrame::RecordFrame(std::string name, ControlHost& host)
-    : Control(std::move(name)), host_(host) {}
+    : OfKind(std::move(name)), host_(host) {}
 
 void RecordFrame::addChild(RecordFrame& child) {
   child.parent_ = this;
@@ -61,14 +61,6 @@ void RecordFrame::setDataSource(const Ref<ado::Recordset>& rows) {
   rows_ = rows;
   refreshControls();
   stateChanged.raise();
-}
-
-bool RecordFrame::hasRecord() const {
-  return rows_ && rows_->isOpen() && !rows_->BOF() && !rows_->EOF_();
-}
-
-Value RecordFrame::field(std::string_view name) const {
-  return hasRecord() ? rows_->value(name) : Value();
 }
 
 void RecordFrame::setField(std::string_view name, const Value& value) {
@@ -121,10 +113,6 @@ void RecordFrame::refreshControls() {
   for (RecordFrame* child : children_) child->refreshControls();
 }
 
-void RecordFrame::ensureRow() {
-  if (!hasRecord()) rows_->AddNew();
-}
-
 bool RecordFrame::New() {
   return trap(host_, Name(), [&](Steps& step) {
     step([&] { rows_->AddNew(); });
@@ -158,8 +146,7 @@ bool RecordFrame::isComplete() const {
     host_.message("Indicare un valore per \"" + control->caption() + "\".", msgbox::exclamation);
     return false;
   }
-  return std::all_of(children_.begin(), children_.end(),
-                     [](const RecordFrame* child) { return child->isComplete(); });
+  return std::ranges::all_of(children_, &RecordFrame::isComplete);
 }
 
 bool RecordFrame::approveUpdate() {

@@ -63,12 +63,9 @@ std::string nameOf(FrameStatus status);
 ///
 /// A child frame holds the one row that belongs to its parent's record, in a batch
 /// recordset. It is changed, saved and undone with its parent.
-class RecordFrame : public Control {
+class RecordFrame : public OfKind<ControlKind::RecordFrame> {
  public:
   RecordFrame(std::string name, ControlHost& host);
-
-  static bool includes(ControlKind kind) { return kind == ControlKind::RecordFrame; }
-  ControlKind kind() const override { return ControlKind::RecordFrame; }
 
   void addChild(RecordFrame& child);
   /// The record's rows; shows the current one in the bound controls.
@@ -79,9 +76,9 @@ class RecordFrame : public Control {
   void showRecord() { setStatus(FrameStatus::Browsing); }
 
   FrameStatus status() const { return status_; }
-  bool hasRecord() const;
+  bool hasRecord() const { return rows_ && rows_->isOpen() && !rows_->BOF() && !rows_->EOF_(); }
   /// The current record's column; empty when there is no record.
-  Value field(std::string_view name) const;
+  Value field(std::string_view name) const { return hasRecord() ? rows_->value(name) : Value(); }
   /// Writes it without a trap; a child without a row gets one first.
   void setField(std::string_view name, const Value& value);
   /// Whether the record, or anything saved with it, has unsaved changes.
@@ -123,7 +120,9 @@ class RecordFrame : public Control {
   void setStatus(FrameStatus status);
   void refreshControls();
   /// A child without a row gets one before it is edited or saved.
-  void ensureRow();
+  void ensureRow() {
+    if (!hasRecord()) rows_->AddNew();
+  }
   /// Tells the user of the first required value that is missing.
   bool isComplete() const;
   /// Asks the before events of the children and of this frame; false when one refuses.

@@ -7,10 +7,6 @@ void RowCache::attach(const Ref<ado::Recordset>& rows) {
   reader_ = rows && rows->isOpen() ? rows->Clone() : Ref<ado::Recordset>();
 }
 
-std::int32_t RowCache::rowCount() const {
-  return reader_ ? reader_->RecordCount() : 0;
-}
-
 const RowValues& RowCache::row(std::int32_t position) {
   const auto isHeld = [&] {
     return position >= first_ && position < first_ + static_cast<std::int32_t>(block_.size());

@@ -16,7 +16,7 @@ class RowCache {
   /// Forgets the block that was read.
   void invalidate() { block_.clear(); }
 
-  std::int32_t rowCount() const;
+  std::int32_t rowCount() const { return reader_ ? reader_->RecordCount() : 0; }
   /// The values of row `position`, from 1, in the order of the fields. Valid until
   /// the next call; RuntimeError 3021 when there is no such row.
   const RowValues& row(std::int32_t position);

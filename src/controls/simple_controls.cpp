@@ -23,26 +23,6 @@ void Button::click() {
   ButtonClick.raise();
 }
 
-ProgressBar::ProgressBar(std::string name) : Control(std::move(name)) {
-  setVisible(false);
-}
-
-void ProgressBar::setAnimated(bool animated) {
-  animated_ = animated;
-  changed.raise();
-}
-
-void ProgressBar::setText(const std::string& text) {
-  text_ = text;
-  changed.raise();
-}
-
-void ProgressBar::moveTo(std::int32_t left, std::int32_t top) {
-  left_ = left;
-  top_ = top;
-  changed.raise();
-}
-
 void ProgressBar::start() {
   running_ = true;
   maximum_ = 0;
@@ -76,30 +56,9 @@ void ProgressBar::stop() {
   changed.raise();
 }
 
-StatusBar::StatusBar(std::string name, std::size_t panels)
-    : Control(std::move(name)), panels_(panels) {}
-
-void StatusBar::setPanelText(std::size_t panel, const std::string& text) {
-  panels_.at(panel - 1) = text;
-  changed.raise();
-}
-
-void StatusBar::setAnimated(bool animated) {
-  animated_ = animated;
-  changed.raise();
-}
-
 void SideBar::addLink(std::int32_t view, const std::string& text) {
   links_.push_back({view, text});
   changed.raise();
-}
-
-const SideBar::Link* SideBar::selected() const {
-  return selected_ < links_.size() ? &links_[selected_] : nullptr;
-}
-
-void SideBar::selectFirst() {
-  if (!links_.empty()) select(links_.front().view);
 }
 
 void SideBar::select(std::int32_t view) {
@@ -121,13 +80,8 @@ void SideBar::click(std::int32_t view) {
 }
 
 const SideBar::Link* SideBar::linkTo(std::int32_t view) const {
-  const auto at =
-      std::find_if(links_.begin(), links_.end(), [&](const Link& l) { return l.view == view; });
+  const auto at = std::ranges::find(links_, view, &Link::view);
   return at == links_.end() ? nullptr : &*at;
-}
-
-void ResizeManager::registerControl(const std::string& control, std::int32_t rule) {
-  registrations_.push_back({control, rule});
 }
 
 void ResizeManager::layOut() {

@@ -9,12 +9,9 @@
 
 namespace kebu::controls {
 
-class Label : public Control {
+class Label : public OfKind<ControlKind::Label> {
  public:
-  using Control::Control;
-
-  static bool includes(ControlKind kind) { return kind == ControlKind::Label; }
-  ControlKind kind() const override { return ControlKind::Label; }
+  using OfKind::OfKind;
 
   /// Whether views draw the text as a warning.
   bool isWarning() const { return warning_; }
@@ -24,12 +21,9 @@ class Label : public Control {
   bool warning_ = false;
 };
 
-class TitleBar : public Control {
+class TitleBar : public OfKind<ControlKind::TitleBar> {
  public:
-  using Control::Control;
-
-  static bool includes(ControlKind kind) { return kind == ControlKind::TitleBar; }
-  ControlKind kind() const override { return ControlKind::TitleBar; }
+  using OfKind::OfKind;
 };
 
 class GroupBox : public Control {
@@ -57,12 +51,9 @@ class GroupBox : public Control {
   std::vector<Control*> children_;
 };
 
-class Button : public Control {
+class Button : public OfKind<ControlKind::Button> {
  public:
-  using Control::Control;
-
-  static bool includes(ControlKind kind) { return kind == ControlKind::Button; }
-  ControlKind kind() const override { return ControlKind::Button; }
+  using OfKind::OfKind;
 
   void click();
   Event<> ButtonClick;
@@ -70,20 +61,20 @@ class Button : public Control {
 
 /// Shows that long work is running: a moving bar with a text, or the part that is
 /// done when that can be counted.
-class ProgressBar : public Control {
+class ProgressBar : public OfKind<ControlKind::ProgressBar> {
  public:
-  explicit ProgressBar(std::string name);
-
-  static bool includes(ControlKind kind) { return kind == ControlKind::ProgressBar; }
-  ControlKind kind() const override { return ControlKind::ProgressBar; }
+  explicit ProgressBar(std::string name) : OfKind(std::move(name)) { setVisible(false); }
 
   bool isAnimated() const { return animated_; }
-  void setAnimated(bool animated);
+  void setAnimated(bool animated) { setShown(animated_, animated); }
   const std::string& text() const { return text_; }
-  void setText(const std::string& text);
+  void setText(const std::string& text) { setShown(text_, text); }
   /// Whether the text stays when the bar stops.
   void setKeepsText(bool keeps) { keepsText_ = keeps; }
-  void moveTo(std::int32_t left, std::int32_t top);
+  void moveTo(std::int32_t left, std::int32_t top) {
+    left_ = left;
+    setShown(top_, top);
+  }
   std::int32_t left() const { return left_; }
   std::int32_t top() const { return top_; }
   void bringToFront() { changed.raise(); }
@@ -111,17 +102,16 @@ class ProgressBar : public Control {
 };
 
 /// The window's bar of text panels, counted from 1.
-class StatusBar : public Control {
+class StatusBar : public OfKind<ControlKind::StatusBar> {
  public:
-  StatusBar(std::string name, std::size_t panels);
-
-  static bool includes(ControlKind kind) { return kind == ControlKind::StatusBar; }
-  ControlKind kind() const override { return ControlKind::StatusBar; }
+  StatusBar(std::string name, std::size_t panels) : OfKind(std::move(name)), panels_(panels) {}
 
   const std::vector<std::string>& panels() const { return panels_; }
-  void setPanelText(std::size_t panel, const std::string& text);
+  void setPanelText(std::size_t panel, const std::string& text) {
+    setShown(panels_.at(panel - 1), text);
+  }
   bool isAnimated() const { return animated_; }
-  void setAnimated(bool animated);
+  void setAnimated(bool animated) { setShown(animated_, animated); }
 
  private:
   std::vector<std::string> panels_;
@@ -129,23 +119,22 @@ class StatusBar : public Control {
 };
 
 /// Links to the pages, each with the number of its view.
-class SideBar : public Control {
+class SideBar : public OfKind<ControlKind::SideBar> {
  public:
   struct Link {
     std::int32_t view = 0;
     std::string text;
   };
 
-  using Control::Control;
-
-  static bool includes(ControlKind kind) { return kind == ControlKind::SideBar; }
-  ControlKind kind() const override { return ControlKind::SideBar; }
+  using OfKind::OfKind;
 
   void addLink(std::int32_t view, const std::string& text);
   const std::vector<Link>& links() const { return links_; }
   /// The link shown as chosen; null when none is.
-  const Link* selected() const;
-  void selectFirst();
+  const Link* selected() const { return selected_ < links_.size() ? &links_[selected_] : nullptr; }
+  void selectFirst() {
+    if (!links_.empty()) select(links_.front().view);
+  }
   /// Shows the link of `view` as chosen, without an event.
   void select(std::int32_t view);
   void translate(const Translator& translator) override;
@@ -162,7 +151,7 @@ class SideBar : public Control {
 };
 
 /// Knows which controls follow the window's size, in the order of registration.
-class ResizeManager : public Control {
+class ResizeManager : public OfKind<ControlKind::ResizeManager> {
  public:
   /// `rule` adds up the sides that the control keeps its distance to: left 1,
   /// top 2, right 4, bottom 8.
@@ -171,12 +160,11 @@ class ResizeManager : public Control {
     std::int32_t rule = 0;
   };
 
-  using Control::Control;
+  using OfKind::OfKind;
 
-  static bool includes(ControlKind kind) { return kind == ControlKind::ResizeManager; }
-  ControlKind kind() const override { return ControlKind::ResizeManager; }
-
-  void registerControl(const std::string& control, std::int32_t rule);
+  void registerControl(const std::string& control, std::int32_t rule) {
+    registrations_.push_back({control, rule});
+  }
   const std::vector<Registration>& registrations() const { return registrations_; }
   /// Raises Setup when nothing is registered yet; views lay the window out.
   void layOut();
