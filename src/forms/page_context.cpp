@@ -1,22 +1,8 @@
 #include "forms/page_context.h"
 
-#include "common/convert.h"
-#include "common/nulls.h"
 #include "controls/lookup_list.h"
 
 namespace kebu::forms {
-
-sql::Company PageContext::companyKey() const {
-  return {toSqlNumber(company)};
-}
-
-Value PageContext::profileId() const {
-  return CDecN(profile.field("GM03_IDDISPOSITIVO"));
-}
-
-sql::ProfileId PageContext::profileKey() const {
-  return {toSqlNumber(profileId())};
-}
 
 Ref<ado::Recordset> PageContext::openEditable(const std::string& statement,
                                               ado::CursorType cursor) const {

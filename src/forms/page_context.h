@@ -5,6 +5,8 @@
 #include <string_view>
 
 #include "ado/library.h"
+#include "common/convert.h"
+#include "common/nulls.h"
 #include "controls/record_frame.h"
 #include "forms/painted_meanwhile.h"
 #include "forms/runtime.h"
@@ -43,10 +45,10 @@ class PageContext {
   bool loaded = false;
 
   /// The company as statements take it.
-  sql::Company companyKey() const;
+  sql::Company companyKey() const { return {toSqlNumber(company)}; }
   /// The current profile as statements take it; "0" without a profile.
-  sql::ProfileId profileKey() const;
-  Value profileId() const;
+  sql::ProfileId profileKey() const { return {toSqlNumber(profileId())}; }
+  Value profileId() const { return CDecN(profile.field("GM03_IDDISPOSITIVO")); }
 
   const Runtime& runtime() const { return runtime_; }
   controls::Desktop& desktop() const { return runtime_.desktop; }

@@ -31,36 +31,70 @@ class Procedure {
   }
 
   /// The keys for statements.
-  sql::Company company();
-  sql::ProfileId profile();
+  sql::Company company() {
+    return step([&] { return context_.companyKey(); });
+  }
+  sql::ProfileId profile() {
+    return step([&] { return context_.profileKey(); });
+  }
 
   /// Runs a statement that has no rows.
-  void run(const std::string& statement);
+  void run(const std::string& statement) {
+    step([&] { context_.connection->Execute(statement); });
+  }
   /// Runs a statement and gives its rows, forward-only.
-  Ref<ado::Recordset> read(const std::string& statement);
+  Ref<ado::Recordset> read(const std::string& statement) {
+    return step([&] { return context_.connection->Execute(statement); });
+  }
   /// Opens a client recordset: one that can be edited row by row, or a read-only one.
   Ref<ado::Recordset> openEditable(const std::string& statement,
-                                   ado::CursorType cursor = ado::CursorType::Static);
-  Ref<ado::Recordset> openReadable(const std::string& statement);
+                                   ado::CursorType cursor = ado::CursorType::Static) {
+    return step([&] { return context_.openEditable(statement, cursor); });
+  }
+  Ref<ado::Recordset> openReadable(const std::string& statement) {
+    return step([&] { return context_.openReadable(statement); });
+  }
   /// The first row's value of `column` as text without trailing blanks; "" without a row.
-  std::string lookUpText(const std::string& statement, std::string_view column);
+  std::string lookUpText(const std::string& statement, std::string_view column) {
+    return step([&] { return context_.lookUpText(statement, column); });
+  }
 
   /// Whether the recordset stands on a row.
-  bool more(const Ref<ado::Recordset>& rows);
-  void next(const Ref<ado::Recordset>& rows);
+  bool more(const Ref<ado::Recordset>& rows) {
+    return step([&] { return !rows->EOF_(); });
+  }
+  void next(const Ref<ado::Recordset>& rows) {
+    step([&] { rows->MoveNext(); });
+  }
   /// A column of the current row.
-  Value value(const Ref<ado::Recordset>& rows, std::string_view column);
-  void set(const Ref<ado::Recordset>& rows, std::string_view column, const Value& value);
-  Value value(const controls::RecordFrame& frame, std::string_view column);
-  void set(controls::RecordFrame& frame, std::string_view column, const Value& value);
-  void show(controls::QueryGrid& grid, const Ref<ado::Recordset>& rows);
+  Value value(const Ref<ado::Recordset>& rows, std::string_view column) {
+    return step([&] { return rows->value(column); });
+  }
+  void set(const Ref<ado::Recordset>& rows, std::string_view column, const Value& value) {
+    step([&] { rows->setValue(column, value); });
+  }
+  Value value(const controls::RecordFrame& frame, std::string_view column) {
+    return step([&] { return frame.field(column); });
+  }
+  void set(controls::RecordFrame& frame, std::string_view column, const Value& value) {
+    step([&] { frame.setField(column, value); });
+  }
+  void show(controls::QueryGrid& grid, const Ref<ado::Recordset>& rows) {
+    step([&] { grid.setDataSource(rows); });
+  }
 
   /// Lets the user choose from a list; the code chosen, or nothing.
-  std::optional<Value> choose(const host::LookupDefinition& list);
+  std::optional<Value> choose(const host::LookupDefinition& list) {
+    return step([&] { return context_.choose(list); });
+  }
   /// Shows a message of the host's store, by number.
-  void tell(std::int32_t message, std::int32_t style);
+  void tell(std::int32_t message, std::int32_t style) {
+    step([&] { context_.services.showMessage(message, style); });
+  }
   /// Translates and shows a text; the button pressed.
-  std::int32_t ask(const std::string& text, std::int32_t style);
+  std::int32_t ask(const std::string& text, std::int32_t style) {
+    return step([&] { return context_.services.message(text, style); });
+  }
 
  private:
   PageContext& context_;

@@ -31,7 +31,7 @@ class Candidates {
  private:
   bool onPrice() const { return kind_.mode == DiscountMode::OnPrice; }
   bool isGrouped() const { return !source_.groupBy.front().empty(); }
-  std::string own(std::string_view column) const { return join({source_.prefix, column}); }
+  std::string own(std::string_view column) const { return join({source_.prefix(), column}); }
   /// A column of the source, or its aggregate where rows are grouped.
   std::string one(std::string_view aggregate, const std::string& expression) const {
     return isGrouped() ? join({aggregate, "(", expression, ")"}) : expression;
@@ -147,7 +147,8 @@ void Candidates::validity(bool last) {
 
 void Candidates::ruleName() {
   const std::string number = join({"ROW_NUMBER() OVER(ORDER BY ", own("_DITTA_CG18"), " ASC)"});
-  std::string name = join({"'", source_.nameLabel, " - ' + CAST("});
+  const std::string_view label = source_.nameLabel.empty() ? source_.label : source_.nameLabel;
+  std::string name = join({"'", label, " - ' + CAST("});
   if (source_.namedFromIdentity) name += "IDENT_CURRENT('GM61_KBDISCOUNTRULES') ";
   if (!onPrice()) name += join({"   + ", std::to_string(priceRows_), "\r\n"});
   name += join({source_.namedFromIdentity ? "+ " : "", number, " as varchar)"});

@@ -20,8 +20,6 @@ constexpr Description path1{.form = Form::FamilyPath, .alias = "GM61_DESC1"};
 
 constexpr DiscountSource customerArticle[] = {{
     .label = "Lis. Cli./Art.",
-    .nameLabel = "Lis. Cli./Art.",
-    .prefix = "LI16",
     .table = "LI16_LISTARTCF",
     .customer = "LI16_CLIFOR_CG44",
     .desc1 = article1,
@@ -36,8 +34,6 @@ constexpr DiscountSource customerArticle[] = {{
 
 constexpr DiscountSource articleList{
     .label = "Lis. Anag. art.",
-    .nameLabel = "Lis. Anag. art.",
-    .prefix = "LI10",
     .table = "LI10_LISTARTIC",
     .desc1 = article1,
     .desc2 = {.form = Form::Expression,
@@ -53,8 +49,6 @@ constexpr DiscountSource articleList{
 
 constexpr DiscountSource depositList{
     .label = "Lis. art./dep.",
-    .nameLabel = "Lis. art./dep.",
-    .prefix = "LI10",
     .table = "LI10_LISTARTIC",
     .desc1 = article1,
     .desc2 = {.form = Form::Expression,
@@ -72,7 +66,6 @@ constexpr DiscountSource depositList{
 constexpr DiscountSource areaList{
     .label = "Lis. art./mca./area/zona",
     .nameLabel = "Lis. art./mca./area/zona.",  // the point is meant; the label has none
-    .prefix = "LI12",
     .table = "LI12_LISTARTZONE",
     .desc1 = article1,
     .desc2 = {.form = Form::Expression,
@@ -106,8 +99,6 @@ constexpr DiscountSource areaList{
 
 constexpr DiscountSource categoryList{
     .label = "Lis. art./mct./cat./scat.",
-    .nameLabel = "Lis. art./mct./cat./scat.",
-    .prefix = "LI13",
     .table = "LI13_LISTARTCAT",
     .desc1 = article1,
     .desc2 =
@@ -142,8 +133,6 @@ constexpr DiscountSource categoryList{
 
 constexpr DiscountSource familyList{
     .label = "Lis. cod. parlante",
-    .nameLabel = "Lis. cod. parlante",
-    .prefix = "LI33",
     .table = "LI33_LISTCODP",
     // The short aliases are meant: a union takes its names from the first branch.
     .desc1 = {.form = Form::FamilyPath, .alias = "DESC1"},
@@ -167,8 +156,6 @@ constexpr DiscountSource articleTariffs[] = {articleList, depositList, areaList,
 
 constexpr DiscountSource customerFamily[] = {{
     .label = "Lis. Cliente / cod. parl.",
-    .nameLabel = "Lis. Cliente / cod. parl.",
-    .prefix = "LI18",
     .table = "LI18_LISTCFCODP",
     .customer = "LI18_CLIFOR_CG44",
     .desc1 = {.form = Form::Expression, .alias = "GM61_DESC1", .expression = {"LI18_CLIFOR_CG44"}},
@@ -188,8 +175,6 @@ constexpr DiscountSource articlesAndFamilies[] = {rowByRow(articleList), rowByRo
 
 constexpr DiscountSource customerArticleSteps[] = {{
     .label = "Lis. Cli./Art./Scagl. qtà",
-    .nameLabel = "Lis. Cli./Art./Scagl. qtà",
-    .prefix = "LI15",
     .table = "LI15_LISTARTCFQTA",
     .customer = "LI15_LISTARTCFQTA.LI15_CLIFOR_CG44",
     .desc1 = articleAsStored1,
@@ -211,8 +196,6 @@ constexpr DiscountSource customerArticleSteps[] = {{
 
 constexpr DiscountSource articleStepsByList{
     .label = "Lis. art./scagl. qtà",
-    .nameLabel = "Lis. art./scagl. qtà",
-    .prefix = "LI14",
     .table = "LI14_LISTARTQTA",
     .desc1 = articleAsStored1,
     .desc2 = {.form = Form::Expression, .alias = "GM61_DESC2", .expression = {"LI14_NUMLISTUTIL"}},
@@ -233,29 +216,18 @@ constexpr DiscountSource articleStepsByList{
                          .form = StepKey::Form::NumberIfKnown}}}},
 };
 
-constexpr DiscountSource articleSteps{
-    .label = "Lis. art./scagl. qtà",
-    .nameLabel = "Lis. art./scagl. qtà",
-    .prefix = "LI14",
-    .table = "LI14_LISTARTQTA",
-    .desc1 = articleAsStored1,
-    .desc2 = noDesc2,
-    .article = "LI14_CODART_MG66",
-    .option = "LI14_OPZIONE_MG5E",
-    .families = noFamilies,
-    .filter = {"AND LI14_FLGUSODECOR = 0", "AND LI14_FLGVENDACQ = 0",
-               "AND LI14_CODICE_CG08 = 'EURO'", validToday},
-    .groupBy = {"LI14_DITTA_CG18", "LI14_CODART_MG66", "LI14_OPZIONE_MG5E"},
-    .steps = {.filter = {"AND LI14_FLGUSODECOR = 0 ", "AND LI14_FLGVENDACQ = 0 ",
-                         "AND LI14_CODICE_CG08 = 'EURO' "},
-              .keys = {{{.column = "LI14_CODART_MG66", .field = "GM61_CODART_MG66"},
-                        {.column = "LI14_OPZIONE_MG5E", .field = "GM61_OPZIONE_MG5E"}}}},
-};
+/// The list number is the last of the columns and of the keys.
+constexpr DiscountSource withoutListNumber(DiscountSource source) {
+  source.desc2 = noDesc2;
+  source.groupBy[3] = {};
+  source.steps.keys[2] = {};
+  return source;
+}
+
+constexpr DiscountSource articleSteps = withoutListNumber(articleStepsByList);
 
 constexpr DiscountSource familySteps{
     .label = "Lis. cod. parlante/scagl. qtà",
-    .nameLabel = "Lis. cod. parlante/scagl. qtà",
-    .prefix = "LI34",
     .table = "LI34_LISTCODPQTA",
     .desc1 = path1,
     .desc2 = noDesc2,
@@ -278,8 +250,6 @@ constexpr DiscountSource tariffSteps[] = {articleStepsByList, familySteps};
 
 constexpr DiscountSource customerFamilySteps[] = {{
     .label = "Lis. cli./art./scagl. qtà",
-    .nameLabel = "Lis. cli./art./scagl. qtà",
-    .prefix = "LI15",
     .table = "LI15_LISTARTCFQTA",
     .customer = "CAST(LI15_CLIFOR_CG44 AS VARCHAR(8))",
     .desc1 = {.form = Form::Expression,
@@ -319,7 +289,6 @@ constexpr SavedColumns byTariff{
 constexpr SavedColumns byPosition{
     .customer = Customer::Absent, .families = true, .descriptions = true, .position = true};
 
-constexpr std::string_view unordered;
 constexpr std::string_view byLabel = " ORDER BY GM61_DESCLISTCORVANE ASC";
 /// The blank at the end is meant.
 constexpr std::string_view byLabelAndBlank = " ORDER BY GM61_DESCLISTCORVANE ASC ";
@@ -327,72 +296,53 @@ constexpr std::string_view byLabelAndBlank = " ORDER BY GM61_DESCLISTCORVANE ASC
 constexpr DiscountKind kinds[] = {
     {.mode = DiscountMode::OnPrice,
      .listType = 1,
-     .carica = "CaricaListini_1_A",
-     .aggiorna = "AggiornaListini_1_A",
-     .registra = "RegistraListini_1_A",
+     .names = {"CaricaListini_1_A", "AggiornaListini_1_A", "RegistraListini_1_A"},
      .form = StatementForm::Single,
      .sources = customerArticle,
-     .rowsOrder = unordered,
      .saved = byCustomer},
     {.mode = DiscountMode::OnPrice,
      .listType = 2,
-     .carica = "CaricaListini_2_A",
-     .aggiorna = "AggiornaListini_2_A",
-     .registra = "RegistraListini_2_A",
+     .names = {"CaricaListini_2_A", "AggiornaListini_2_A", "RegistraListini_2_A"},
      .form = StatementForm::Union,
      .sources = articleTariffs,
      .rowsOrder = byLabelAndBlank,
      .saved = byTariff},
     {.mode = DiscountMode::OnPrice,
      .listType = 3,
-     .carica = "CaricaListini_3_A",
-     .aggiorna = "AggiornaListini_3_A",
-     .registra = "RegistraListini_3_A",
+     .names = {"CaricaListini_3_A", "AggiornaListini_3_A", "RegistraListini_3_A"},
      .form = StatementForm::Single,
      .sources = customerFamily,
-     .rowsOrder = unordered,
      .saved = byCustomer},
     {.mode = DiscountMode::OnPrice,
      .listType = 4,
-     .carica = "CaricaListini_4_A",
-     .aggiorna = "AggiornaListini_4_A",
-     .registra = "RegistraListini_4_A",
+     .names = {"CaricaListini_4_A", "AggiornaListini_4_A", "RegistraListini_4_A"},
      .form = StatementForm::Union,
      .sources = articlesAndFamilies,
      .rowsOrder = byLabel,
      .saved = byPosition},
     {.mode = DiscountMode::Grid,
      .listType = 1,
-     .carica = "CaricaListini_1_B",
-     .aggiorna = "AggiornaListini_1_B",
-     .registra = "RegistraListini_1_B",
+     .names = {"CaricaListini_1_B", "AggiornaListini_1_B", "RegistraListini_1_B"},
      .form = StatementForm::Single,
      .sources = customerArticleSteps,
-     .rowsOrder = unordered,
      .saved = byCustomer},
     {.mode = DiscountMode::Grid,
      .listType = 2,
-     .carica = "CaricaListini_2_B",
-     .aggiorna = "AggiornaListini_2_B",
-     .registra = "RegistraListini_2_B",
+     .names = {"CaricaListini_2_B", "AggiornaListini_2_B", "RegistraListini_2_B"},
      .form = StatementForm::Union,
      .sources = tariffSteps,
      .rowsOrder = byLabel,
      .saved = byTariff},
     {.mode = DiscountMode::Grid,
      .listType = 3,
-     .carica = "CaricaListini_3_B",
-     .aggiorna = "AggiornaListini_3_B",
-     .registra = "RegistraListini_3_B",
+     .names = {"CaricaListini_3_B", "AggiornaListini_3_B", "RegistraListini_3_B"},
      .form = StatementForm::Wrapped,
      .sources = customerFamilySteps,
      .rowsOrder = byLabel,
      .saved = byCustomer},
     {.mode = DiscountMode::Grid,
      .listType = 4,
-     .carica = "CaricaListini_4_B",
-     .aggiorna = "AggiornaListini_4_B",
-     .registra = "RegistraListini_4_B",
+     .names = {"CaricaListini_4_B", "AggiornaListini_4_B", "RegistraListini_4_B"},
      .form = StatementForm::Union,
      .sources = articleAndFamilySteps,
      .rowsOrder = byLabel,
@@ -406,16 +356,14 @@ std::span<const DiscountKind> discountKinds() {
 }
 
 const DiscountKind& discountKind(DiscountMode mode, std::int32_t listType) {
-  const auto* const found = std::find_if(
-      std::begin(kinds), std::end(kinds),
-      [&](const DiscountKind& kind) { return kind.mode == mode && kind.listType == listType; });
-  if (found == std::end(kinds)) throw std::out_of_range("no such kind of discount rules");
-  return *found;
+  for (const DiscountKind& kind : kinds) {
+    if (kind.mode == mode && kind.listType == listType) return kind;
+  }
+  throw std::out_of_range("no such kind of discount rules");
 }
 
 const DiscountSource& sourceOf(const DiscountKind& kind, std::string_view label) {
-  const auto found = std::find_if(kind.sources.begin(), kind.sources.end(),
-                                  [&](const DiscountSource& s) { return s.label == label; });
+  const auto found = std::ranges::find(kind.sources, label, &DiscountSource::label);
   return found == kind.sources.end() ? kind.sources.front() : *found;
 }
 

@@ -50,11 +50,10 @@ struct StepRead {
 };
 
 /// One of the ERP's price lists as candidates come from it. Columns that all
-/// lists have (company, validity, price, first discount) go by the prefix.
+/// lists have (company, validity, price, first discount) go by the prefix().
 struct DiscountSource {
-  std::string_view label;      ///< GM61_DESCLISTCORVANE
-  std::string_view nameLabel;  ///< the label as rule names begin
-  std::string_view prefix;
+  std::string_view label;           ///< GM61_DESCLISTCORVANE
+  std::string_view nameLabel = {};  ///< how rule names begin, where that is not the label
   std::string_view table;
   std::string_view customer = {};  ///< expressions; "" where the kind has no such column
   Description desc1 = {};
@@ -70,6 +69,9 @@ struct DiscountSource {
   /// Whether rule names count on from the identity of GM61_KBDISCOUNTRULES.
   bool namedFromIdentity = true;
   std::string_view numberedBy = {};  ///< what numbers the rows, where it is qualified
+
+  /// With which the names of the table and its columns begin.
+  constexpr std::string_view prefix() const { return table.substr(0, 4); }
 };
 
 enum class StatementForm {
@@ -90,15 +92,19 @@ struct SavedColumns {
 
 /// One of the eight kinds of discount rules: a mode and a list type.
 struct DiscountKind {
+  /// The given names of the procedures that load, compute and save the kind's rules, for errors.
+  struct ProcedureNames {
+    const char* carica;
+    const char* aggiorna;
+    const char* registra;
+  };
+
   DiscountMode mode;
   std::int32_t listType;  ///< GM61_INDTIPOLISTINO
-  /// The given names of the procedures that load, compute and save the kind's rules, for errors.
-  const char* carica;
-  const char* aggiorna;
-  const char* registra;
+  ProcedureNames names;
   StatementForm form;  ///< of the statement that computes candidates from the sources
   std::span<const DiscountSource> sources;
-  std::string_view rowsOrder;  ///< how the candidates are read: the end of the SELECT
+  std::string_view rowsOrder = {};  ///< how the candidates are read: the end of the SELECT
   SavedColumns saved;
 };
 

@@ -278,7 +278,7 @@ const Value& RuleStatements::publishedValue(const Row& row) const {
 
 std::string RuleStatements::LeggiScaglioni(const Row& row) const {
   const DiscountSource& list = source(row);
-  const auto own = [&](std::string_view column) { return join({list.prefix, column}); };
+  const auto own = [&](std::string_view column) { return join({list.prefix(), column}); };
   Script script;
   script.line("SELECT ").line(" * ").line(" FROM ");
   script.line(join({list.table, " WITH(NOLOCK)"})).line(" WHERE ");

@@ -77,8 +77,7 @@ void FilterEditor::prepare(const char* keySuffix, Procedure& p) {
 }
 
 const FilterField* FilterEditor::codesOf(const std::string& caption) const {
-  const auto at = std::find_if(subject_.fields.begin(), subject_.fields.end(),
-                               [&](const FilterField& field) { return field.caption == caption; });
+  const auto at = std::ranges::find(subject_.fields, caption, &FilterField::caption);
   return at != subject_.fields.end() && at->hasCodes() ? &*at : nullptr;
 }
 
@@ -110,19 +109,19 @@ void FilterEditor::CloseLookup(const Request& request, Value& chosen) {
 void FilterEditor::StartDecode(const Request& request, std::string& description) {
   procedure(context_, named("_StartDecode"), [&](Procedure&) {
     const FilterField* const field = codesOf(request.caption);
-    if (field && field->decoder) description = decode(*field, request);
+    if (field && field->codes.decoder) description = decode(*field, request);
   });
 }
 
 std::string FilterEditor::decode(const FilterField& field, const Request& request) {
-  return procedure(context_, field.decoder, [&](Procedure& p) {
+  return procedure(context_, field.codes.decoder, [&](Procedure& p) {
     const std::string code = toDisplay(NVL(request.value, ""));
     const bool isTooLong = field.longestCode > 0 && characterCount(code) > field.longestCode;
     if (code.empty() || isTooLong) return std::string();
     CodeKeys keys = upperKeys(field, request.end);
     keys.push_back(code);
     const std::string statement = p.step([&] { return field.decode(context_, field, keys); });
-    return p.lookUpText(statement, field.description);
+    return p.lookUpText(statement, field.codes.description);
   });
 }
 
@@ -131,7 +130,7 @@ void FilterEditor::CurrentRecordChanged(const std::string& dataField) {
     // The meaning of a code depends on the codes of the levels above it.
     for (const FilterField& field : subject_.fields) {
       const auto& upper = field.upper;
-      if (std::find(upper.begin(), upper.end(), dataField) != upper.end()) {
+      if (std::ranges::find(upper, dataField) != upper.end()) {
         editor_.decodeAgain(field.dataField);
       }
     }

@@ -30,6 +30,13 @@ std::string decodeFromTable(const PageContext& context, const FilterField& field
 host::LookupDefinition listOfTable(const PageContext& context, const FilterField& field,
                                    const CodeKeys& upperKeys);
 
+/// Where the codes of a field are.
+struct CodeTable {
+  const char* table = nullptr;    ///< by the ERP's prefix; null for a field of plain texts
+  const char* description = "";   ///< the column that a code is decoded to
+  const char* decoder = nullptr;  ///< the decoding procedure; null for codes only looked up
+};
+
 /// A field by which customers or articles are filtered. One row says how it is declared to the
 /// editors, and how its codes are decoded and listed.
 struct FilterField {
@@ -41,15 +48,13 @@ struct FilterField {
   bool option7 = true;
   bool option11 = false;
 
-  const char* table = nullptr;    ///< of its codes, by the ERP's prefix; null for plain texts
-  const char* description = "";   ///< the column that a code is decoded to
-  const char* decoder = nullptr;  ///< the decoding procedure; null for codes only looked up
+  CodeTable codes = {};
   std::array<std::string_view, 3> upper = {};  ///< data fields of the levels above, topmost first
   std::size_t longestCode = 0;                 ///< a longer one is not decoded; 0 for any
   DecodeStatement decode = decodeFromTable;
   CodeList list = listOfTable;
 
-  bool hasCodes() const { return table != nullptr; }
+  bool hasCodes() const { return codes.table != nullptr; }
 };
 
 /// In the order in which they are declared.

@@ -72,8 +72,7 @@ const DiscountModeNames& namesOf(sql::DiscountMode mode) {
 
 const DiscountListType& listTypeOf(const sql::DiscountKind& kind) {
   const auto* const found =
-      std::find_if(std::begin(discountListTypes), std::end(discountListTypes),
-                   [&](const DiscountListType& type) { return type.number == kind.listType; });
+      std::ranges::find(discountListTypes, kind.listType, &DiscountListType::number);
   if (found == std::end(discountListTypes)) throw std::out_of_range("no such list type");
   return *found;
 }

@@ -170,7 +170,7 @@ void DiscountsPage::dropTable(const DiscountGrid& mode, Procedure& p) {
 void DiscountsPage::CaricaListini(DiscountGrid& mode) {
   const sql::DiscountKind& kind = kindOf(mode);
   mode.Imposta(kind);
-  progress_.during(kind.carica, "Caricamento listini in corso...", [&](Procedure& p) {
+  progress_.during(kind.names.carica, "Caricamento listini in corso...", [&](Procedure& p) {
     const auto painted = context_.paintedMeanwhile();
     dropTable(mode, p);
     mode.renameTable();
@@ -197,7 +197,7 @@ void DiscountsPage::showStored(DiscountGrid& mode, Procedure& p) {
 
 void DiscountsPage::AggiornaListini(DiscountGrid& mode) {
   const sql::DiscountKind& kind = kindOf(mode);
-  progress_.during(kind.aggiorna, "Aggiornamento listini in corso...", [&](Procedure& p) {
+  progress_.during(kind.names.aggiorna, "Aggiornamento listini in corso...", [&](Procedure& p) {
     const auto painted = context_.paintedMeanwhile();
     dropTable(mode, p);
     p.run(sql::CreaCandidati(mode.table(), p.company(), kind, priceRows_));

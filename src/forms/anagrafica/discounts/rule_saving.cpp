@@ -22,7 +22,7 @@ using Row = sql::RuleStatements::Row;
 class StepReader {
  public:
   StepReader(const sql::RuleStatements& statements, const Row& row)
-      : prefix_(statements.source(row).prefix) {
+      : prefix_(statements.source(row).prefix()) {
     const auto number = [&](const char* column) {
       return toInt32(CDecN(statements.value(row, column)));
     };
@@ -61,7 +61,7 @@ class StepReader {
 void DiscountsPage::RegistraListini(DiscountGrid& mode) {
   if (!mode.isOn()) return;
   const sql::DiscountKind& kind = kindOf(mode);
-  progress_.during(kind.registra, "Registrazione listini in corso...", [&](Procedure& p) {
+  progress_.during(kind.names.registra, "Registrazione listini in corso...", [&](Procedure& p) {
     const Ref<ado::Recordset>& shown = mode.rows();
     const std::int32_t count = p.step([&] { return shown ? shown->RecordCount() : 0; });
     if (count == 1) {

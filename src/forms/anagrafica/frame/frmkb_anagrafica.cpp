@@ -76,10 +76,6 @@ void FRMKB_ANAGRAFICA::buildPages() {
   addAll(progress_.STATUSBAR, progress_.PBAR, VLT_RESIZEFORM1, MDIActiveX1);
 }
 
-void FRMKB_ANAGRAFICA::setHost(const Ref<host::Cinterface>& value) {
-  services_.setHost(value);
-}
-
 Ref<host::NamedObject> FRMKB_ANAGRAFICA::profileFrame() {
   return std::shared_ptr<host::NamedObject>(shared_from_this(), &FME_ANAGRAFICA);
 }
@@ -262,8 +258,7 @@ void FRMKB_ANAGRAFICA::show(std::string_view control) {
 
 void FRMKB_ANAGRAFICA::VisualizzaVista(std::int32_t number) {
   procedure(context_, "VisualizzaVista", [&](Procedure&) {
-    const auto* page = std::find_if(std::begin(pageTable), std::end(pageTable),
-                                    [&](const PageEntry& entry) { return entry.view == number; });
+    const auto* page = std::ranges::find(pageTable, number, &PageEntry::view);
     const bool isKnown = page != std::end(pageTable);
     const bool isPreview = isKnown && page->preview != PreviewKind::None;
     // The previous page stays until the preview has rows, or when the user cancels it.
@@ -272,7 +267,7 @@ void FRMKB_ANAGRAFICA::VisualizzaVista(std::int32_t number) {
     if (!isPreview) preview_.release();
     if (isKnown) {
       show(page->group);
-      show(page->navigatorBar);
+      show(page->bar);
     }
     view_ = number;
     discounts_.viewShown(number);

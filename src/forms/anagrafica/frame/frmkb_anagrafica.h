@@ -37,7 +37,7 @@ class FRMKB_ANAGRAFICA : public controls::Form {
   ~FRMKB_ANAGRAFICA() override;
 
   /// The plug-in as the host addresses it, and the plug-in that made the window.
-  void setHost(const Ref<host::Cinterface>& value);
+  void setHost(const Ref<host::Cinterface>& value) { services_.setHost(value); }
   const Ref<host::Cinterface>& host() const { return services_.host(); }
   void setOwner(const Ref<Object>& value) { owner_ = value; }
 

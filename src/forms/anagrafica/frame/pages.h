@@ -14,25 +14,22 @@ struct PageEntry {
   std::optional<std::int32_t> view = {};  ///< the number by which it is chosen, if it can be
   std::string_view link = {};             ///< in the side bar, where links stand by view number
   std::string_view group;                 ///< the group box that holds the page
-  std::string_view navigatorBar = {};     ///< "" for none
+  std::string_view bar = {};              ///< the navigator bar; "" for none
   PreviewKind preview = PreviewKind::None;
   bool staysShown = false;  ///< not hidden when another page is shown
 };
 
 /// In the order in which the groups are registered with the resize manager.
 inline constexpr PageEntry pageTable[] = {
-    {.view = 1, .link = "Parametri", .group = "GRPMAIN_PAR", .navigatorBar = "INAV_PAR"},
-    {.view = 2, .link = "Listini", .group = "GRPMAIN_LISTINI", .navigatorBar = "INAV_PAR"},
-    {.view = 3, .link = "Depositi", .group = "GRPMAIN_GIACENZE", .navigatorBar = "INAV_PAR"},
+    {.view = 1, .link = "Parametri", .group = "GRPMAIN_PAR", .bar = "INAV_PAR"},
+    {.view = 2, .link = "Listini", .group = "GRPMAIN_LISTINI", .bar = "INAV_PAR"},
+    {.view = 3, .link = "Depositi", .group = "GRPMAIN_GIACENZE", .bar = "INAV_PAR"},
     {.group = "GRPMAIN_ATTIVITA"},
     {.view = 6,
      .link = "Categorie clienti",
      .group = "GRPMAIN_CATCLIENTI",
-     .navigatorBar = "INAV_CATCLIART"},
-    {.view = 7,
-     .link = "Categorie articoli",
-     .group = "GRPMAIN_CATART",
-     .navigatorBar = "INAV_CATCLIART"},
+     .bar = "INAV_CATCLIART"},
+    {.view = 7, .link = "Categorie articoli", .group = "GRPMAIN_CATART", .bar = "INAV_CATCLIART"},
     {.group = "GRPMAIN_CAMPI"},
     {.view = 8,
      .link = "Anteprima articoli",
@@ -42,20 +39,14 @@ inline constexpr PageEntry pageTable[] = {
      .link = "Anteprima clienti",
      .group = "GRPMAIN_RIEPART",
      .preview = PreviewKind::Customers},
-    {.view = 11,
-     .link = "Filtro articoli",
-     .group = "GRPMAIN_FILTROART",
-     .navigatorBar = "INAV_PAR"},
+    {.view = 11, .link = "Filtro articoli", .group = "GRPMAIN_FILTROART", .bar = "INAV_PAR"},
     // Not hidden with the others, on purpose.
     {.view = DiscountsPage::view,
      .link = "Sconti",
      .group = "GRPMAIN_SCONTI",
-     .navigatorBar = "INAV_PAR",
+     .bar = "INAV_PAR",
      .staysShown = true},
-    {.view = 10,
-     .link = "Filtro clienti",
-     .group = "GRPMAIN_FILTROCLI",
-     .navigatorBar = "INAV_PAR"},
+    {.view = 10, .link = "Filtro clienti", .group = "GRPMAIN_FILTROCLI", .bar = "INAV_PAR"},
 };
 
 /// The rule under which every page's group is registered with the resize manager.

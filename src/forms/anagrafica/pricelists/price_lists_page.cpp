@@ -213,9 +213,7 @@ void PriceListsPage::QGRID_LISTINI_OnEdited(const std::string& field) {
 
 void PriceListsPage::FormattaRecordListini(std::int32_t type) {
   procedure(context_, "FormattaRecordListini", [&](Procedure& p) {
-    const auto* unused =
-        std::find_if(std::begin(unusedColumns), std::end(unusedColumns),
-                     [&](const UnusedColumns& entry) { return entry.type == type; });
+    const auto* const unused = std::ranges::find(unusedColumns, type, &UnusedColumns::type);
     if (unused == std::end(unusedColumns)) return;
     std::vector<std::pair<std::string, Value>> cells;
     for (const std::string& field : unused->fields) cells.emplace_back(field, Null{});

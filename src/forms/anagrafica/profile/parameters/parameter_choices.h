@@ -5,16 +5,11 @@
 namespace kebu::forms::choices {
 
 inline constexpr FixedChoice::Row stockRows[] = {
-    {0, "Effettiva"},
-    {1, "Attuale"},
-    {2, "Disponibile"},
-};
+    {0, "Effettiva"}, {1, "Attuale"}, {2, "Disponibile"}};
 inline constexpr FixedChoice stock{stockRows, 0, true};
 
-inline constexpr FixedChoice::Row importDepositRows[] = {
-    {0, "Come da personalizzazione documento"},
-    {1, "Come da specifica"},
-};
+inline constexpr FixedChoice::Row importDepositRows[] = {{0, "Come da personalizzazione documento"},
+                                                         {1, "Come da specifica"}};
 inline constexpr FixedChoice importDeposit{importDepositRows, 0, true};
 
 // The ERP's own valuation codes, with their gaps.
