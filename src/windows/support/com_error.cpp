@@ -52,8 +52,7 @@ std::string systemText(HRESULT result) {
 }
 
 RuntimeError make(HRESULT result, std::string description, std::string source) {
-  const auto* const known = std::find_if(std::begin(knownErrors), std::end(knownErrors),
-                                         [&](const auto& k) { return k.result == result; });
+  const auto* const known = std::ranges::find(knownErrors, result, &KnownError::result);
   const bool isKnown = known != std::end(knownErrors);
   std::int32_t number = isKnown ? known->number : static_cast<std::int32_t>(result);
   if (HRESULT_FACILITY(result) == FACILITY_CONTROL) number = HRESULT_CODE(result);

@@ -31,10 +31,9 @@ auto converted(std::wstring_view name, const Variant& answer, Convert&& convert)
 
 HRESULT Dispatch::find(std::wstring_view name, DISPID& identifier) const {
   if (!object_) throw RuntimeError::objectNotSet();
-  const auto known = std::find_if(identifiers_.begin(), identifiers_.end(),
-                                  [&](const auto& entry) { return entry.first == name; });
-  if (known != identifiers_.end()) {
-    identifier = known->second;
+  for (const auto& [known, its] : identifiers_) {
+    if (known != name) continue;
+    identifier = its;
     return S_OK;
   }
   std::wstring copy(name);

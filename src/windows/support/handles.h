@@ -7,42 +7,27 @@
 
 namespace kebu::windows {
 
-/// Owns a handle, which `Close` closes at the end; null for none.
-template <class Handle, class Close>
-using Owned = std::unique_ptr<std::remove_pointer_t<Handle>, Close>;
-
-struct CloseWindow {
-  void operator()(HWND window) const { DestroyWindow(window); }
+template <auto close>
+struct CloseWith {
+  template <class Handle>
+  void operator()(Handle handle) const {
+    close(handle);
+  }
 };
-struct CloseKey {
-  void operator()(HKEY key) const { RegCloseKey(key); }
-};
-struct CloseModule {
-  void operator()(HMODULE module) const { FreeLibrary(module); }
-};
-struct CloseHook {
-  void operator()(HHOOK hook) const { UnhookWindowsHookEx(hook); }
-};
-struct CloseMemoryDc {
-  void operator()(HDC dc) const { DeleteDC(dc); }
-};
-struct CloseGdiObject {
-  void operator()(HGDIOBJ object) const { DeleteObject(object); }
-};
-struct CloseKernelObject {
-  void operator()(HANDLE object) const { CloseHandle(object); }
-};
+/// Owns a handle, which the function `close` closes at the end; null for none.
+template <class Handle, auto close>
+using Owned = std::unique_ptr<std::remove_pointer_t<Handle>, CloseWith<close>>;
 
 /// A window that is destroyed with its owner, not only with its parent.
-using OwnedWindow = Owned<HWND, CloseWindow>;
-using OwnedKey = Owned<HKEY, CloseKey>;
-using OwnedModule = Owned<HMODULE, CloseModule>;
-using OwnedHook = Owned<HHOOK, CloseHook>;
+using OwnedWindow = Owned<HWND, DestroyWindow>;
+using OwnedKey = Owned<HKEY, RegCloseKey>;
+using OwnedModule = Owned<HMODULE, FreeLibrary>;
+using OwnedHook = Owned<HHOOK, UnhookWindowsHookEx>;
 /// A device context of CreateCompatibleDC.
-using OwnedMemoryDc = Owned<HDC, CloseMemoryDc>;
-using OwnedBitmap = Owned<HBITMAP, CloseGdiObject>;
-using OwnedBrush = Owned<HBRUSH, CloseGdiObject>;
-using OwnedFont = Owned<HFONT, CloseGdiObject>;
-using OwnedEvent = Owned<HANDLE, CloseKernelObject>;
+using OwnedMemoryDc = Owned<HDC, DeleteDC>;
+using OwnedBitmap = Owned<HBITMAP, DeleteObject>;
+using OwnedBrush = Owned<HBRUSH, DeleteObject>;
+using OwnedFont = Owned<HFONT, DeleteObject>;
+using OwnedEvent = Owned<HANDLE, CloseHandle>;
 
 }  // namespace kebu::windows

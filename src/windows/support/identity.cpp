@@ -29,7 +29,7 @@ const void* wholeOf(const Object& object) {
 
 template <class Condition>
 const Face* find(Condition&& holds) {
-  const auto found = std::find_if(faces().begin(), faces().end(), holds);
+  const auto found = std::ranges::find_if(faces(), holds);
   return found == faces().end() ? nullptr : &*found;
 }
 

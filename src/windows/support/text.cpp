@@ -22,8 +22,8 @@ std::string toCodePage(std::wstring_view text, UINT codePage) {
 /// ASCII is converted without a call of the system; most texts are ASCII.
 template <class Char>
 bool isAscii(std::basic_string_view<Char> text) {
-  return std::all_of(text.begin(), text.end(),
-                     [](Char c) { return static_cast<std::make_unsigned_t<Char>>(c) < 0x80; });
+  return std::ranges::all_of(
+      text, [](Char c) { return static_cast<std::make_unsigned_t<Char>>(c) < 0x80; });
 }
 
 }  // namespace

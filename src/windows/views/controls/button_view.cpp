@@ -1,10 +1,7 @@
 #include "windows/views/controls/button_view.h"
 
-#include "windows/support/text.h"
 #include "windows/views/drawing/push_button.h"
-#include "windows/views/layout/mnemonics.h"
 #include "windows/views/window/guard.h"
-#include "windows/views/window/window_text.h"
 
 namespace kebu::windows {
 
@@ -14,7 +11,7 @@ ButtonView::ButtonView(ViewSite& site, controls::Button& model, HWND parent)
       window_(createStock(L"BUTTON", WS_TABSTOP | BS_OWNERDRAW, 0, parent)) {}
 
 void ButtonView::refresh() {
-  setWindowText(handle(), toWide(layout::withMnemonic(model_.caption(), mnemonic_)));
+  setWindowText(handle(), markedCaption());
   EnableWindow(handle(), looksEnabled());
 }
 
@@ -34,11 +31,6 @@ void ButtonView::drawItem(const DRAWITEMSTRUCT& item) {
 std::function<void()> ButtonView::actionFor(const Key& key) {
   if (key.isPlain(VK_RETURN)) return [this] { click(); };
   return {};
-}
-
-void ButtonView::setMnemonic(std::size_t at) {
-  mnemonic_ = at;
-  refresh();
 }
 
 void ButtonView::reachByMnemonic() {

@@ -14,7 +14,6 @@ class ButtonView : public View {
   void command(HWND from, UINT code) override;
   void drawItem(const DRAWITEMSTRUCT& item) override;
   std::function<void()> actionFor(const Key& key) override;
-  void setMnemonic(std::size_t at) override;
   bool hasMnemonic() const override { return true; }
   void reachByMnemonic() override;
 
@@ -23,7 +22,6 @@ class ButtonView : public View {
 
   controls::Button& model_;
   OwnedWindow window_;
-  std::size_t mnemonic_ = std::string::npos;
 };
 
 }  // namespace kebu::windows

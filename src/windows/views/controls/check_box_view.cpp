@@ -2,10 +2,7 @@
 
 #include <algorithm>
 
-#include "windows/support/text.h"
-#include "windows/views/layout/mnemonics.h"
 #include "windows/views/window/guard.h"
-#include "windows/views/window/window_text.h"
 
 namespace kebu::windows {
 
@@ -23,13 +20,9 @@ void CheckBoxView::place(const layout::Placement& placement) {
 }
 
 void CheckBoxView::refresh() {
-  setWindowText(handle(), toWide(layout::withMnemonic(model_.caption(), mnemonic_)));
+  setWindowText(handle(), markedCaption());
   SendMessageW(handle(), BM_SETCHECK, model_.isTicked() ? BST_CHECKED : BST_UNCHECKED, 0);
   EnableWindow(handle(), looksEnabled());
-}
-
-void CheckBoxView::applyTheme() {
-  SendMessageW(handle(), WM_SETFONT, reinterpret_cast<WPARAM>(theme().font()), TRUE);
 }
 
 void CheckBoxView::command(HWND /*from*/, UINT code) {
@@ -39,14 +32,7 @@ void CheckBoxView::command(HWND /*from*/, UINT code) {
 }
 
 HBRUSH CheckBoxView::colours(HDC dc, HWND /*window*/) {
-  SetTextColor(dc, looksEnabled() ? theme().colours().text : theme().colours().faint);
-  SetBkColor(dc, behind());
-  return behindBrush();
-}
-
-void CheckBoxView::setMnemonic(std::size_t at) {
-  mnemonic_ = at;
-  refresh();
+  return setInk(dc, looksEnabled() ? theme().colours().text : theme().colours().faint);
 }
 
 void CheckBoxView::reachByMnemonic() {

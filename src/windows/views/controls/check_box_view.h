@@ -12,10 +12,8 @@ class CheckBoxView : public View {
   HWND handle() const override { return window_.get(); }
   void place(const layout::Placement& placement) override;
   void refresh() override;
-  void applyTheme() override;
   void command(HWND from, UINT code) override;
   HBRUSH colours(HDC dc, HWND window) override;
-  void setMnemonic(std::size_t at) override;
   bool hasMnemonic() const override { return true; }
   void reachByMnemonic() override;
 
@@ -25,7 +23,6 @@ class CheckBoxView : public View {
  private:
   controls::CheckBox& model_;
   OwnedWindow window_;
-  std::size_t mnemonic_ = std::string::npos;
 };
 
 }  // namespace kebu::windows

@@ -1,8 +1,6 @@
 #include "windows/views/controls/field_view.h"
 
 #include "windows/support/text.h"
-#include "windows/views/layout/mnemonics.h"
-#include "windows/views/window/window_text.h"
 
 namespace kebu::windows {
 
@@ -25,34 +23,23 @@ void FieldView::place(const layout::Placement& placement) {
 void FieldView::refresh() {
   makeCaption(GetParent(handle()));
   if (caption_) {
-    const std::string text = layout::withMnemonic(control().caption(), mnemonic_);
-    setWindowText(caption_.get(), toWide(isMarked() ? text + " *" : text));
+    setWindowText(caption_.get(), markedCaption() + (isMarked() ? L" *" : L""));
   }
   EnableWindow(handle(), looksEnabled());
 }
 
 void FieldView::applyTheme() {
-  for (HWND window : {caption_.get(), handle()}) {
-    if (!window) continue;
-    SendMessageW(window, WM_SETFONT, reinterpret_cast<WPARAM>(theme().font()), TRUE);
-  }
+  setFont(caption_.get(), theme().font());
+  View::applyTheme();
 }
 
 HBRUSH FieldView::colours(HDC dc, HWND window) {
   if (window != caption_.get()) return nullptr;
-  SetTextColor(dc,
-               looksEnabled() || headsColumn_ ? theme().colours().muted : theme().colours().faint);
-  SetBkColor(dc, behind());
-  return behindBrush();
+  const bool isMuted = looksEnabled() || headsColumn_;
+  return setInk(dc, isMuted ? theme().colours().muted : theme().colours().faint);
 }
 
 void FieldView::describe(Inspection& inspection) {
   write(inspection.caption, toWide(control().caption()));
 }
-
-void FieldView::setMnemonic(std::size_t at) {
-  mnemonic_ = at;
-  refresh();
-}
-
 }  // namespace kebu::windows

@@ -16,13 +16,13 @@ class FieldView : public View {
   void refresh() override;
   void applyTheme() override;
   HBRUSH colours(HDC dc, HWND window) override;
-  void setMnemonic(std::size_t at) override;
   bool hasMnemonic() const override { return !control().caption().empty(); }
 
  protected:
-  /// The control itself; made after the caption, which then names it to readers.
+  /// The control itself. It is created after the caption: screen readers take the control before
+  /// it for its label.
   void setControl(OwnedWindow control) { control_ = std::move(control); }
-  /// Whether the caption carries the mark of what must be given.
+  /// Whether the caption has the mark of a required field.
   virtual bool isMarked() const { return false; }
   void describe(Inspection& inspection) override;
 
@@ -30,9 +30,8 @@ class FieldView : public View {
   void makeCaption(HWND parent);
 
   OwnedWindow caption_;       ///< null while it has none
-  bool headsColumn_ = false;  ///< the caption stands above, for the fields below too
+  bool headsColumn_ = false;  ///< the caption stands above the field, as the head of a column
   OwnedWindow control_;
-  std::size_t mnemonic_ = std::string::npos;
 };
 
 }  // namespace kebu::windows

@@ -1,8 +1,5 @@
 #include "windows/views/controls/label_view.h"
 
-#include "windows/support/text.h"
-#include "windows/views/window/window_text.h"
-
 namespace kebu::windows {
 
 namespace {
@@ -25,23 +22,15 @@ LabelView::LabelView(ViewSite& site, controls::TitleBar& model, HWND parent)
   applyTheme();
 }
 
-void LabelView::refresh() {
-  setWindowText(handle(), toWide(control().caption()));
-}
-
 void LabelView::applyTheme() {
-  HFONT font = theme().font();
-  if (role_ == Role::Warning) font = theme().strong();
-  if (role_ == Role::Title) font = theme().title();
-  SendMessageW(handle(), WM_SETFONT, reinterpret_cast<WPARAM>(font), TRUE);
+  const HFONT special = role_ == Role::Warning ? theme().strong() : theme().title();
+  setFont(handle(), role_ == Role::Text ? theme().font() : special);
 }
 
 HBRUSH LabelView::colours(HDC dc, HWND /*window*/) {
   const Palette& colours = theme().colours();
   const COLORREF ink = role_ == Role::Text ? colours.muted : colours.text;
-  SetTextColor(dc, looksEnabled() ? ink : colours.faint);
-  SetBkColor(dc, behind());
-  return behindBrush();
+  return setInk(dc, looksEnabled() ? ink : colours.faint);
 }
 
 }  // namespace kebu::windows

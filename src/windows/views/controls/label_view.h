@@ -1,6 +1,7 @@
 #pragma once
 
 #include "controls/simple_controls.h"
+#include "windows/support/text.h"
 #include "windows/views/controls/view.h"
 
 namespace kebu::windows {
@@ -12,7 +13,7 @@ class LabelView : public View {
   LabelView(ViewSite& site, controls::TitleBar& model, HWND parent);
 
   HWND handle() const override { return window_.get(); }
-  void refresh() override;
+  void refresh() override { setWindowText(handle(), toWide(control().caption())); }
   void applyTheme() override;
   HBRUSH colours(HDC dc, HWND window) override;
 

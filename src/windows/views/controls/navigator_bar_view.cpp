@@ -27,8 +27,7 @@ constexpr ActionKey actionKeys[] = {
 };
 
 const ActionKey* actionKeyOf(const std::string& button) {
-  const auto* at = std::find_if(std::begin(actionKeys), std::end(actionKeys),
-                                [&](const ActionKey& entry) { return entry.button == button; });
+  const auto* const at = std::ranges::find(actionKeys, button, &ActionKey::button);
   return at == std::end(actionKeys) ? nullptr : at;
 }
 
@@ -44,8 +43,6 @@ NavigatorBarView::NavigatorBarView(ViewSite& site, controls::NavigatorBar& model
     buttons_.push_back(createStock(L"BUTTON", WS_VISIBLE | WS_TABSTOP | BS_OWNERDRAW, 0, handle()));
   }
 }
-
-NavigatorBarView::~NavigatorBarView() = default;
 
 void NavigatorBarView::place(const layout::Placement& placement) {
   View::place(placement);
@@ -74,9 +71,7 @@ void NavigatorBarView::refresh() {
 }
 
 void NavigatorBarView::applyTheme() {
-  for (const OwnedWindow& button : buttons_) {
-    SendMessageW(button.get(), WM_SETFONT, reinterpret_cast<WPARAM>(theme().font()), TRUE);
-  }
+  for (const OwnedWindow& button : buttons_) setFont(button.get(), theme().font());
 }
 
 LRESULT NavigatorBarView::answer(UINT message, WPARAM wParam, LPARAM lParam) {
@@ -149,7 +144,7 @@ bool NavigatorBarView::describePart(Inspection& inspection) {
   });
   if (!at) return false;
   describeWindow(inspection, buttons_[*at].get());
-  inspection.enabled = all[*at].enabled;  // the bar's own state is told of the bar
+  inspection.enabled = all[*at].enabled;  // whether or not the bar is enabled
   writeName(inspection, all[*at].key);
   writeText(inspection, all[*at].caption);
   return true;

@@ -13,7 +13,6 @@ namespace kebu::windows {
 class NavigatorBarView : public View, private Window {
  public:
   NavigatorBarView(ViewSite& site, controls::NavigatorBar& model, HWND parent);
-  ~NavigatorBarView() override;
 
   HWND handle() const override { return Window::handle(); }
   void place(const layout::Placement& placement) override;

@@ -21,10 +21,8 @@ ProgressBarView::ProgressBarView(ViewSite& site, controls::ProgressBar& model, H
   adopt(Window::handle());
 }
 
-ProgressBarView::~ProgressBarView() = default;
-
 void ProgressBarView::place(const layout::Placement& placement) {
-  // In the middle of the place that the page has.
+  // In the upper part of the page, centred.
   const layout::Rect& page = placement.bounds;
   const int width = std::min(theme().px(360), page.width);
   const int height = theme().metrics().lineHeight + theme().px(48);

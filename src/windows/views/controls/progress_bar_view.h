@@ -10,7 +10,6 @@ namespace kebu::windows {
 class ProgressBarView : public View, private Window {
  public:
   ProgressBarView(ViewSite& site, controls::ProgressBar& model, HWND parent);
-  ~ProgressBarView() override;
 
   HWND handle() const override { return Window::handle(); }
   void place(const layout::Placement& placement) override;

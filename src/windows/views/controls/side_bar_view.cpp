@@ -21,7 +21,7 @@ SideBarView::SideBarView(ViewSite& site, controls::SideBar& model, HWND parent)
 }
 
 void SideBarView::applyTheme() {
-  SendMessageW(handle(), WM_SETFONT, reinterpret_cast<WPARAM>(theme().font()), TRUE);
+  View::applyTheme();
   SendMessageW(handle(), LB_SETITEMHEIGHT, 0, theme().metrics().lineHeight + theme().px(19));
 }
 
@@ -51,10 +51,10 @@ void SideBarView::command(HWND /*from*/, UINT code) {
 
 int SideBarView::indexAt(LPARAM point) const {
   const LRESULT found = SendMessageW(handle(), LB_ITEMFROMPOINT, 0, point);
-  return HIWORD(found) ? -1 : LOWORD(found);  // the high word tells that it is beside the items
+  return HIWORD(found) ? -1 : LOWORD(found);  // the high word is set for a point beside the items
 }
 
-// A click on the chosen link opens its page anew, which the list itself tells nobody.
+// A click on the chosen link opens its page again. The list box sends no notification for it.
 LRESULT CALLBACK SideBarView::listProcedure(HWND window, UINT message, WPARAM wParam,
                                             LPARAM lParam) {
   auto& self = static_cast<SideBarView&>(*viewOf(window));

@@ -31,10 +31,6 @@ void StatusBarView::refresh() {
   }
 }
 
-void StatusBarView::applyTheme() {
-  SendMessageW(handle(), WM_SETFONT, reinterpret_cast<WPARAM>(theme().font()), TRUE);
-}
-
 void StatusBarView::describe(Inspection& inspection) {
   View::describe(inspection);
   inspection.count = static_cast<std::int32_t>(model_.panels().size());

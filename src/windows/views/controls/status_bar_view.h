@@ -12,7 +12,6 @@ class StatusBarView : public View {
   HWND handle() const override { return window_.get(); }
   void place(const layout::Placement& placement) override;
   void refresh() override;
-  void applyTheme() override;
 
  protected:
   void describe(Inspection& inspection) override;

@@ -3,6 +3,7 @@
 #include "common/convert.h"
 #include "common/error.h"
 #include "windows/support/text.h"
+#include "windows/views/layout/mnemonics.h"
 #include "windows/views/window/guard.h"
 
 namespace kebu::windows {
@@ -33,26 +34,13 @@ void View::place(const layout::Placement& placement) {
   if (handle()) putWindow(handle(), placement.bounds);
 }
 
-void View::command(HWND /*from*/, UINT /*code*/) {}
-
-void View::drawItem(const DRAWITEMSTRUCT& /*item*/) {}
-
-HBRUSH View::colours(HDC /*dc*/, HWND /*window*/) {
-  return nullptr;
+void View::setMnemonic(std::size_t at) {
+  mnemonic_ = at;
+  refresh();
 }
 
-std::function<void()> View::actionFor(const Key& /*key*/) {
-  return {};
-}
-
-void View::setMnemonic(std::size_t /*at*/) {}
-
-void View::reachByMnemonic() {
-  if (handle()) SetFocus(handle());
-}
-
-bool View::looksEnabled() const {
-  return control_.looksEnabled();
+std::wstring View::markedCaption() const {
+  return toWide(layout::withMnemonic(control_.caption(), mnemonic_));
 }
 
 COLORREF View::behind() const {
@@ -60,7 +48,9 @@ COLORREF View::behind() const {
   return site_.isOnCard(control_) ? colours.card : colours.window;
 }
 
-HBRUSH View::behindBrush() const {
+HBRUSH View::setInk(HDC dc, COLORREF ink) const {
+  SetTextColor(dc, ink);
+  SetBkColor(dc, behind());
   return site_.isOnCard(control_) ? theme().cardBrush() : theme().windowBrush();
 }
 
@@ -69,7 +59,7 @@ OwnedWindow View::createStock(const wchar_t* className, DWORD style, DWORD exten
   OwnedWindow window(CreateWindowExW(extendedStyle, className, L"", style | WS_CHILD, 0, 0, 0, 0,
                                      parent, nullptr, site_.module(), nullptr));
   if (!window) throw RuntimeError(7, "The control could not be created.");
-  SendMessageW(window.get(), WM_SETFONT, reinterpret_cast<WPARAM>(theme().font()), FALSE);
+  setFont(window.get(), theme().font(), false);
   adopt(window.get());
   return window;
 }
@@ -87,14 +77,6 @@ bool View::inspect(Inspection& inspection) {
   inspection.visible = control_.isShown();
   describe(inspection);
   return true;
-}
-
-void View::describe(Inspection& inspection) {
-  writeText(inspection, control_.caption());
-}
-
-bool View::describePart(Inspection& /*inspection*/) {
-  return false;
 }
 
 View* viewOf(HWND window) {

@@ -14,6 +14,7 @@
 #include "windows/views/window/inspection_answer.h"
 #include "windows/views/window/keyboard.h"
 #include "windows/views/window/window_place.h"
+#include "windows/views/window/window_text.h"
 
 namespace kebu::windows {
 
@@ -46,22 +47,24 @@ class View {
   virtual void place(const layout::Placement& placement);
   /// Shows what the model holds now.
   virtual void refresh() {}
-  /// The resolution or the colours changed.
-  virtual void applyTheme() {}
+  /// The resolution or the colours changed; the control's window has the usual font.
+  virtual void applyTheme() { setFont(handle(), theme().font()); }
 
   /// A notification of a stock control that belongs to this view.
-  virtual void command(HWND from, UINT code);
-  virtual void drawItem(const DRAWITEMSTRUCT& item);
+  virtual void command(HWND /*from*/, UINT /*code*/) {}
+  virtual void drawItem(const DRAWITEMSTRUCT& /*item*/) {}
   /// The brush behind it, with the colours set; null for the usual ones.
-  virtual HBRUSH colours(HDC dc, HWND window);
-  virtual std::function<void()> actionFor(const Key& key);
+  virtual HBRUSH colours(HDC /*dc*/, HWND /*window*/) { return nullptr; }
+  virtual std::function<void()> actionFor(const Key& /*key*/) { return {}; }
   /// Passes what the user typed to the model; false when it was refused.
   virtual bool commit() { return true; }
   /// The letter by which it is reached, as an index of a byte of its caption.
-  virtual void setMnemonic(std::size_t at);
+  void setMnemonic(std::size_t at);
   /// Whether its caption takes part in the choice of letters.
   virtual bool hasMnemonic() const { return false; }
-  virtual void reachByMnemonic();
+  virtual void reachByMnemonic() {
+    if (handle()) SetFocus(handle());
+  }
 
   /// Answers about the control or a part of it; false when there is no such part.
   bool inspect(Inspection& inspection);
@@ -69,16 +72,19 @@ class View {
  protected:
   ViewSite& site() const { return site_; }
   const Theme& theme() const { return site_.theme(); }
-  bool looksEnabled() const;
+  bool looksEnabled() const { return control_.looksEnabled(); }
   /// What is behind the control.
   COLORREF behind() const;
-  HBRUSH behindBrush() const;
   /// Creates a control of a system class that belongs to this view.
   OwnedWindow createStock(const wchar_t* className, DWORD style, DWORD extendedStyle, HWND parent);
   /// Makes notifications of the window reach this view.
   void adopt(HWND window);
-  virtual void describe(Inspection& inspection);
-  virtual bool describePart(Inspection& inspection);
+  virtual void describe(Inspection& inspection) { writeText(inspection, control_.caption()); }
+  virtual bool describePart(Inspection& /*inspection*/) { return false; }
+  /// The caption as a control takes it, with its letter marked.
+  std::wstring markedCaption() const;
+  /// Sets the colours of a text on what is behind the control; the brush for that.
+  HBRUSH setInk(HDC dc, COLORREF ink) const;
 
  private:
   void modelChanged();
@@ -86,6 +92,7 @@ class View {
   ViewSite& site_;
   controls::Control& control_;
   const char* kind_;
+  std::size_t mnemonic_ = std::string::npos;
   bool wasVisible_ = false;
   std::string lastCaption_;
   Subscription changes_;

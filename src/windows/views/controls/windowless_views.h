@@ -23,7 +23,7 @@ class GroupBoxView : public View {
   layout::Rect bounds_;
 };
 
-/// A query editor: a group whose fields an onlooker may ask for.
+/// A query editor: a group whose fields can be inspected.
 class QueryEditorView : public GroupBoxView {
  public:
   QueryEditorView(ViewSite& site, controls::QueryEditor& model, HWND page);
@@ -36,7 +36,7 @@ class QueryEditorView : public GroupBoxView {
   controls::QueryEditor& model_;
 };
 
-/// A record frame has no looks, but a state that an onlooker may ask for.
+/// A record frame is not drawn, but its state can be inspected.
 class RecordFrameView : public View {
  public:
   RecordFrameView(ViewSite& site, controls::RecordFrame& model, HWND parent);
@@ -48,7 +48,7 @@ class RecordFrameView : public View {
   controls::RecordFrame& model_;
 };
 
-/// A control that is only there.
+/// A control that is not drawn and has no state of its own.
 class HiddenView : public View {
  public:
   HiddenView(ViewSite& site, controls::Control& model, const char* kind)

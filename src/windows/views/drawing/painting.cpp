@@ -19,10 +19,6 @@ int heightOf(const RECT& area) {
   return static_cast<int>(area.bottom - area.top);
 }
 
-struct CloseTheme {
-  void operator()(HTHEME theme) const { CloseThemeData(theme); }
-};
-
 }  // namespace
 
 int TextRuler::widthOf(const std::string& utf8) const {
@@ -77,7 +73,7 @@ void text(HDC dc, const std::wstring& text, RECT area, COLORREF colour, HFONT fo
 void checkBox(HDC dc, HWND window, const RECT& area, CheckState state, bool enabled, int size) {
   RECT box{0, 0, size, size};
   OffsetRect(&box, (area.left + area.right - size) / 2, (area.top + area.bottom - size) / 2);
-  if (const Owned<HTHEME, CloseTheme> theme{OpenThemeData(window, L"BUTTON")}) {
+  if (const Owned<HTHEME, CloseThemeData> theme{OpenThemeData(window, L"BUTTON")}) {
     const int off = enabled ? CBS_UNCHECKEDNORMAL : CBS_UNCHECKEDDISABLED;
     const int on = enabled ? CBS_CHECKEDNORMAL : CBS_CHECKEDDISABLED;
     DrawThemeBackground(theme.get(), dc, BP_CHECKBOX, state == CheckState::On ? on : off, &box,

@@ -36,20 +36,10 @@ Palette Palette::current() {
     const COLORREF window = GetSysColor(COLOR_WINDOW);
     const COLORREF text = GetSysColor(COLOR_WINDOWTEXT);
     const COLORREF chosen = GetSysColor(COLOR_HIGHLIGHT);
-    return {window,
-            window,
-            text,
-            text,
-            text,
-            text,
-            GetSysColor(COLOR_GRAYTEXT),
-            chosen,
-            GetSysColor(COLOR_HIGHLIGHTTEXT),
-            window,
-            window,
-            window,
-            text,
-            text};
+    const COLORREF onChosen = GetSysColor(COLOR_HIGHLIGHTTEXT);
+    const COLORREF faint = GetSysColor(COLOR_GRAYTEXT);
+    return {window, window,   text,   text,   text,   text, faint,
+            chosen, onChosen, window, window, window, text, text};
   }
   return {
       RGB(243, 245, 248), RGB(255, 255, 255), RGB(216, 221, 228), RGB(233, 236, 240),

@@ -76,7 +76,7 @@ FormWindow::FormWindow(HINSTANCE module, controls::Form& form, HWND owner)
          toWide(form.caption()));
   theme_ = std::make_unique<Theme>(static_cast<int>(GetDpiForWindow(handle())));
   build();
-  // What has no side bar to other pages is a dialog.
+  // A form without a side bar is a dialog.
   const layout::Rect& size = hasSideBar_ ? usualSize : dialogSize;
   SetWindowPos(handle(), nullptr, 0, 0, theme_->px(size.width), theme_->px(size.height),
                SWP_NOMOVE | SWP_NOZORDER | SWP_NOACTIVATE);
@@ -100,9 +100,8 @@ void FormWindow::build() {
   const CommonControls::Scope scope;
   const auto& controls = form_.controls();
   controlsSeen_ = controls.size();
-  hasSideBar_ = std::any_of(controls.begin(), controls.end(), [](const controls::Control* control) {
-    return control->kind() == controls::ControlKind::SideBar;
-  });
+  const auto sideBar = controls::ControlKind::SideBar;
+  hasSideBar_ = std::ranges::find(controls, sideBar, &controls::Control::kind) != controls.end();
   inOrder_.clear();
   for (controls::Control* control : controls) {
     if (View* const made = find(*control)) {

@@ -76,7 +76,7 @@ class FormWindow : public Window, public ViewSite, public KeyTarget {
   std::vector<View*> inOrder_;
   std::map<char, std::function<void()>> mnemonics_;
   std::vector<Subscription> subscriptions_;
-  std::vector<Subscription> groupSubscriptions_;  ///< to what is laid out together
+  std::vector<Subscription> groupSubscriptions_;  ///< to the groups and the resize manager
   std::unique_ptr<KeyboardHook> keys_;
   HWND lastFocus_ = nullptr;
   std::size_t controlsSeen_ = 0;  ///< how many controls the form had at the last build

@@ -14,7 +14,7 @@ namespace kebu::windows {
 namespace {
 
 constexpr int usualHeight = 460;   // in 96ths of an inch
-constexpr int measuredRows = 200;  // of which the columns' widths are found
+constexpr int measuredRows = 200;  // at most, for the widths of the columns
 
 }  // namespace
 
@@ -59,7 +59,7 @@ void LookupWindow::build() {
   const auto make = [&](const wchar_t* kind, const wchar_t* text, DWORD style, DWORD extended) {
     HWND window = CreateWindowExW(extended, kind, text, WS_CHILD | WS_VISIBLE | style, 0, 0, 0, 0,
                                   handle(), nullptr, module_, nullptr);
-    SendMessageW(window, WM_SETFONT, reinterpret_cast<WPARAM>(theme_.font()), FALSE);
+    setFont(window, theme_.font(), false);
     return window;
   };
   hint_ = make(L"STATIC", L"Cerca", SS_CENTERIMAGE, 0);
@@ -147,25 +147,23 @@ bool LookupWindow::inspect(Inspection& inspection) {
   const auto column = static_cast<std::size_t>(
       inspection.key[0] ? std::wcstol(inspection.key, nullptr, 10) : inspection.index);
   const bool hasRow = inspection.row >= 1 && inspection.row <= list_.rowCount();
+  const bool isControl = inspection.part == Inspected::Control;
+  describeWindow(inspection, isControl ? handle() : grid_->handle());
   switch (inspection.part) {
     case Inspected::Control:
-      describeWindow(inspection, handle());
       writeText(inspection, list_.title());
       return true;
     case Inspected::Row:
       if (!hasRow) return false;
-      describeWindow(inspection, grid_->handle());
       inspection.bounds = grid_->rowBounds(inspection.row);
       return true;
     case Inspected::Column:
       if (column >= columns_.size()) return false;
-      describeWindow(inspection, grid_->handle());
       inspection.bounds = grid_->headBounds(column);
       writeText(inspection, columns_[column].caption);
       return true;
     case Inspected::Cell:
       if (!hasRow || column >= columns_.size()) return false;
-      describeWindow(inspection, grid_->handle());
       inspection.bounds = grid_->cellBounds(inspection.row, column);
       writeText(inspection, list_.cellText(inspection.row, column));
       return true;

@@ -34,14 +34,7 @@ void PageWindow::layOut() {
   if (scrolls) height_ = layout.naturalHeight(controls, width);
   height_ = std::max(height_, seen);
   offset_ = std::clamp(offset_, 0, height_ - seen);
-  SCROLLINFO info{sizeof info,
-                  SIF_RANGE | SIF_PAGE | SIF_POS,
-                  0,
-                  height_ - 1,
-                  static_cast<UINT>(seen),
-                  offset_,
-                  0};
-  if (scrolls) SetScrollInfo(handle(), SB_VERT, &info, TRUE);
+  if (scrolls) setScrollBar(SB_VERT, {0, height_ - 1, seen, offset_});
   ShowScrollBar(handle(), SB_VERT, scrolls);
 
   layout::Placements placements = layout.place(controls, {0, -offset_, width, height_});

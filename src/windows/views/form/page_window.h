@@ -10,8 +10,8 @@
 
 namespace kebu::windows {
 
-/// Holds the controls of a page, draws its groups as cards, and scrolls where
-/// the window is too low.
+/// The window of a page: draws its groups as cards, and scrolls when it is not high enough for its
+/// controls.
 class PageWindow : public Window {
  public:
   using PlaceView = std::function<void(controls::Control&, const layout::Placement&)>;

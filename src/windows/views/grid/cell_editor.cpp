@@ -28,7 +28,7 @@ bool CellEditor::create(const Place& place, Cell cell, const wchar_t* className,
       CreateWindowExW(0, className, L"", WS_CHILD | style, area.left, area.top, width,
                       area.bottom - area.top + listHeight, place.grid, nullptr, module_, nullptr);
   if (!control_) return false;
-  SendMessageW(control_, WM_SETFONT, reinterpret_cast<WPARAM>(theme_->font()), FALSE);
+  setFont(control_, theme_->font(), false);
   return true;
 }
 

@@ -30,10 +30,10 @@ class CellEditor {
     std::int32_t row = 0;
     std::size_t column = 0;
     bool isFromList = false;
-    std::optional<std::size_t> item;  ///< the entry chosen from the list; none when it has no such
+    std::optional<std::size_t> item;  ///< the chosen entry of the list, if there is one
     std::wstring text;
   };
-  /// What a notification of the control asks the grid to do.
+  /// What the grid has to do after a notification of the control.
   enum class Request { Nothing, Discard, Keep, KeepAndFocusGrid };
 
   /// The grid answers this message of its own with destroy().
@@ -64,10 +64,10 @@ class CellEditor {
 
   HINSTANCE module_;
   const Theme* theme_;
-  HWND control_ = nullptr;  ///< ends by destroyMessage, or with the grid
+  HWND control_ = nullptr;  ///< destroyed by destroyMessage, or together with the grid
   Cell cell_;
   bool isList_ = false;
-  bool entryTaken_ = false;  ///< the user chose an entry of the list, be it the one shown before
+  bool entryTaken_ = false;  ///< the user chose an entry of the list, perhaps the same as before
 };
 
 }  // namespace kebu::windows

@@ -7,7 +7,6 @@
 #include "windows/support/text.h"
 #include "windows/views/grid/column_ruler.h"
 #include "windows/views/window/guard.h"
-#include "windows/views/window/window_place.h"
 
 namespace kebu::windows {
 
@@ -31,8 +30,6 @@ GridControl::GridControl(HINSTANCE module, HWND parent, const Theme& theme, Grid
          parent, {});
 }
 
-GridControl::~GridControl() = default;
-
 // ---- geometry
 
 layout::GridGeometry& GridControl::geometry() {
@@ -44,22 +41,6 @@ layout::GridGeometry& GridControl::geometry() {
   const RECT area = clientArea();
   geometry_.setSize(static_cast<int>(area.right), static_cast<int>(area.bottom));
   return geometry_;
-}
-
-RECT GridControl::rowBounds(std::int32_t row) {
-  return toRECT(geometry().rowBounds(row));
-}
-
-RECT GridControl::cellBounds(std::int32_t row, std::size_t column) {
-  return toRECT(geometry().cellBounds(row, column));
-}
-
-RECT GridControl::headBounds(std::size_t column) {
-  return toRECT(geometry().headBounds(column));
-}
-
-RECT GridControl::tickAllBounds(std::size_t column) {
-  return toRECT(geometry().tickAllBounds(column));
 }
 
 bool GridControl::isTickAllOn(std::size_t column) const {
@@ -74,7 +55,8 @@ void GridControl::measureColumns() {
     measuredRows_ = columns.rowCount();
   }
   const ColumnRuler ruler(*theme_, source_);
-  // Columns only grow while the same rows are shown: they do not jump as one scrolls.
+  // While the same rows are shown columns only get wider, so that they do not jump during
+  // scrolling.
   for (std::size_t i = 0; i < source_.columns().size(); ++i) {
     columns.setRequiredWidth(
         i, std::max({columns.requiredWidth(i), ruler.headWidth(i),
@@ -85,21 +67,11 @@ void GridControl::measureColumns() {
 // ---- scrolling
 
 void GridControl::updateScrollBars() {
-  const auto tell = [this](int bar, const layout::ScrollRange& range) {
-    SCROLLINFO info{sizeof info,
-                    SIF_RANGE | SIF_PAGE | SIF_POS,
-                    range.first,
-                    range.last,
-                    static_cast<UINT>(range.page),
-                    range.position,
-                    0};
-    SetScrollInfo(handle(), bar, &info, TRUE);
-  };
   geometry().clampPosition();
-  tell(SB_VERT, geometry_.verticalRange());
-  // The vertical bar that comes or goes changes the client area.
+  setScrollBar(SB_VERT, geometry_.verticalRange());
+  // The client area changes when the vertical bar appears or disappears.
   geometry().clampPosition();
-  tell(SB_HORZ, geometry_.horizontalRange());
+  setScrollBar(SB_HORZ, geometry_.horizontalRange());
 }
 
 void GridControl::scrollTo(std::int32_t topRow) {

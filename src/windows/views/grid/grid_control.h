@@ -13,6 +13,7 @@
 #include "windows/views/window/inspection.h"
 #include "windows/views/window/keyboard.h"
 #include "windows/views/window/window.h"
+#include "windows/views/window/window_place.h"
 
 namespace kebu::windows {
 
@@ -22,7 +23,6 @@ namespace kebu::windows {
 class GridControl : public Window {
  public:
   GridControl(HINSTANCE module, HWND parent, const Theme& theme, GridSource& source);
-  ~GridControl() override;
 
   /// Columns, rows or cells may be other ones.
   void sourceChanged();
@@ -36,10 +36,12 @@ class GridControl : public Window {
   bool commit();
 
   // Where parts are; empty when out of sight.
-  RECT rowBounds(std::int32_t row);
-  RECT cellBounds(std::int32_t row, std::size_t column);
-  RECT headBounds(std::size_t column);
-  RECT tickAllBounds(std::size_t column);
+  RECT rowBounds(std::int32_t row) { return toRECT(geometry().rowBounds(row)); }
+  RECT cellBounds(std::int32_t row, std::size_t column) {
+    return toRECT(geometry().cellBounds(row, column));
+  }
+  RECT headBounds(std::size_t column) { return toRECT(geometry().headBounds(column)); }
+  RECT tickAllBounds(std::size_t column) { return toRECT(geometry().tickAllBounds(column)); }
   bool isTickAllOn(std::size_t column) const;
 
  protected:
@@ -82,9 +84,9 @@ class GridControl : public Window {
   CellEditor editor_;
   std::int32_t measuredRows_ = 0;  ///< how many rows there were when the columns were measured
   std::map<std::size_t, bool> allTicked_;  ///< the boxes in the heads
-  std::size_t column_ = 0;                 ///< the current one
+  std::size_t column_ = 0;                 ///< the current column
   int resizing_ = -1;                      ///< the column whose width the user changes, or -1
-  int wheel_ = 0;                          ///< what is left of the wheel's turns, in its units
+  int wheel_ = 0;                          ///< the wheel's turn that has not scrolled a row yet
 };
 
 }  // namespace kebu::windows

@@ -2,7 +2,6 @@
 
 #include "windows/support/text.h"
 #include "windows/views/grid/grid_control.h"
-#include "windows/views/window/window_place.h"
 
 namespace kebu::windows {
 

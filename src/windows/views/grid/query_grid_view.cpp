@@ -21,8 +21,6 @@ QueryGridView::QueryGridView(ViewSite& site, controls::QueryGrid& model, HWND pa
   adopt(grid_.handle());
 }
 
-QueryGridView::~QueryGridView() = default;
-
 void QueryGridView::readColumns() {
   columns_.clear();
   for (const controls::QueryGrid::Column& column : model_.columns()) {
@@ -84,10 +82,6 @@ void QueryGridView::tick(std::int32_t row, std::size_t column) {
   model_.tickCell(row, fieldOf(column));
 }
 
-void QueryGridView::tickAll(std::size_t column, bool on) {
-  model_.tickAll(fieldOf(column), on);
-}
-
 void QueryGridView::lookup(std::int32_t row, std::size_t column) {
   model_.lookup(row, fieldOf(column));
 }
@@ -95,9 +89,8 @@ void QueryGridView::lookup(std::int32_t row, std::size_t column) {
 std::size_t QueryGridView::columnOf(const Inspection& inspection) const {
   if (inspection.key[0] == L'\0') return static_cast<std::size_t>(inspection.index);
   const std::string key = toUtf8(inspection.key);
-  const auto at = std::find_if(columns_.begin(), columns_.end(), [&](const Column& column) {
-    return equalsIgnoringCase(column.field, key);
-  });
+  const auto at = std::ranges::find_if(
+      columns_, [&](const Column& column) { return equalsIgnoringCase(column.field, key); });
   return static_cast<std::size_t>(at - columns_.begin());
 }
 

@@ -10,7 +10,6 @@ namespace kebu::windows {
 class QueryGridView : public View, private GridSource {
  public:
   QueryGridView(ViewSite& site, controls::QueryGrid& model, HWND parent);
-  ~QueryGridView() override;
 
   HWND handle() const override { return grid_.handle(); }
   void refresh() override;
@@ -37,7 +36,7 @@ class QueryGridView : public View, private GridSource {
   void choose(std::int32_t row, std::size_t column, std::size_t item) override;
   void empty(std::int32_t row, std::size_t column) override;
   void tick(std::int32_t row, std::size_t column) override;
-  void tickAll(std::size_t column, bool on) override;
+  void tickAll(std::size_t column, bool on) override { model_.tickAll(fieldOf(column), on); }
   void lookup(std::int32_t row, std::size_t column) override;
 
   void readColumns();

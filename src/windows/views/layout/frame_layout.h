@@ -5,10 +5,10 @@
 
 namespace kebu::windows::layout {
 
-/// The window around its pages: side bar, title, navigator bars, status bar.
+/// The places of the side bar, title, navigator bars and status bar of a window.
 struct FrameLayout {
   Placements bars;
-  Rect page;  ///< what is left for the page
+  Rect page;  ///< the room that they leave
 };
 
 FrameLayout placeFrame(const controls::Form& form, const Metrics& metrics, const Rect& area);

@@ -1,6 +1,5 @@
 #include "windows/views/layout/grid_geometry.h"
 
-#include <algorithm>
 #include <cstdlib>
 #include <utility>
 
@@ -48,28 +47,8 @@ int GridGeometry::columnLeft(std::size_t column) const {
   return left;
 }
 
-int GridGeometry::totalWidth() const {
-  return columnLeft(contents_.columns.size()) + offset_;
-}
-
-void GridGeometry::forgetRequiredWidths() {
-  for (Width& width : widths_) width.required = 0;
-}
-
 void GridGeometry::moveEdge(std::size_t column, int x) {
   widths_[column].user = std::max(metrics_.units(x - columnLeft(column)), minimumColumn);
-}
-
-std::int32_t GridGeometry::visibleRows() const {
-  return std::max((height_ - headHeight()) / rowHeight(), 1);
-}
-
-std::int32_t GridGeometry::bottomRow() const {
-  return std::min(contents_.rowCount, topRow_ + visibleRows());
-}
-
-std::int32_t GridGeometry::lastTopRow() const {
-  return std::max(contents_.rowCount - visibleRows() + 1, 1);
 }
 
 Rect GridGeometry::rowBounds(std::int32_t row) const {
@@ -126,16 +105,8 @@ ScrollRange GridGeometry::horizontalRange() const {
   return {0, std::max(totalWidth() - 1, 0), width_, offset_};
 }
 
-void GridGeometry::scrollToRow(std::int32_t topRow) {
-  topRow_ = std::clamp(topRow, 1, lastTopRow());
-}
-
 void GridGeometry::scrollToOffset(int offset) {
   offset_ = std::clamp(offset, 0, std::max(totalWidth() - width_, 0));
-}
-
-bool GridGeometry::isInView(std::int32_t row) const {
-  return row >= topRow_ && row < topRow_ + visibleRows();
 }
 
 void GridGeometry::showRow(std::int32_t row) {

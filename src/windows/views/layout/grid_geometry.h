@@ -1,5 +1,6 @@
 #pragma once
 
+#include <algorithm>
 #include <cstddef>
 #include <cstdint>
 #include <vector>
@@ -30,14 +31,6 @@ struct GridHit {
   bool onEdge = false;    ///< on the right edge of the column's head, where its width is changed
 };
 
-/// What a scroll bar is told: the range includes both ends.
-struct ScrollRange {
-  int first = 0;
-  int last = 0;
-  int page = 0;
-  int position = 0;
-};
-
 /// Where the parts of a grid are, in pixels of its client area: a row of heads, below it rows of
 /// the same height, of which as many are counted as fit in full. Rows count from 1, columns from 0.
 /// Scrolls down by whole rows and sideways by pixels.
@@ -46,7 +39,7 @@ class GridGeometry {
   /// The metrics must outlive this and may change.
   explicit GridGeometry(const Metrics& metrics) : metrics_(metrics) {}
 
-  /// Another number of columns forgets the widths that the user gave them.
+  /// When the number of columns changes, the widths that the user gave are forgotten.
   void setContents(GridContents contents);
   /// The size of the client area.
   void setSize(int width, int height);
@@ -62,21 +55,23 @@ class GridGeometry {
   std::size_t shownFrom(std::size_t column, int step) const;
   int columnWidth(std::size_t column) const;
   int columnLeft(std::size_t column) const;
-  int totalWidth() const;
-  /// The width in pixels that a column must have as long as the user gives it no other.
+  int totalWidth() const { return columnLeft(contents_.columns.size()) + offset_; }
+  /// The least width of a column in pixels, unless the user gave it another one.
   void setRequiredWidth(std::size_t column, int width) { widths_[column].required = width; }
   int requiredWidth(std::size_t column) const { return widths_[column].required; }
-  void forgetRequiredWidths();
+  void forgetRequiredWidths() {
+    for (Width& width : widths_) width.required = 0;
+  }
   /// The user moves the column's right edge to `x`.
   void moveEdge(std::size_t column, int x);
 
   // Rows.
   std::int32_t rowCount() const { return contents_.rowCount; }
   /// How many rows fit in full, at least 1.
-  std::int32_t visibleRows() const;
+  std::int32_t visibleRows() const { return std::max((height_ - headHeight()) / rowHeight(), 1); }
   std::int32_t topRow() const { return topRow_; }
   /// The last row of which anything may be in sight.
-  std::int32_t bottomRow() const;
+  std::int32_t bottomRow() const { return std::min(contents_.rowCount, topRow_ + visibleRows()); }
 
   // Where parts are; empty when out of sight.
   Rect rowBounds(std::int32_t row) const;
@@ -86,13 +81,13 @@ class GridGeometry {
   Rect tickAllBounds(std::size_t column) const;
   GridHit hitTest(int x, int y) const;
 
-  // Scrolling; what would lead beyond the ends leads to them.
+  // Scrolling. A position beyond an end is set to that end.
   ScrollRange verticalRange() const;
   ScrollRange horizontalRange() const;
-  void scrollToRow(std::int32_t topRow);
+  void scrollToRow(std::int32_t topRow) { topRow_ = std::clamp(topRow, 1, lastTopRow()); }
   void scrollToOffset(int offset);
   /// Whether the row is among those that fit in full.
-  bool isInView(std::int32_t row) const;
+  bool isInView(std::int32_t row) const { return row >= topRow_ && row < topRow_ + visibleRows(); }
   /// Scrolls as far as it takes to have the row in full view.
   void showRow(std::int32_t row);
   /// The same for a column; of one that is too wide the left edge is shown.
@@ -102,11 +97,11 @@ class GridGeometry {
 
  private:
   struct Width {
-    int user = 0;      ///< that the user gave it, in 96ths of an inch; else 0
+    int user = 0;      ///< given by the user, in 96ths of an inch; else 0
     int required = 0;  ///< in pixels
   };
 
-  std::int32_t lastTopRow() const;
+  std::int32_t lastTopRow() const { return std::max(contents_.rowCount - visibleRows() + 1, 1); }
 
   const Metrics& metrics_;
   GridContents contents_;

@@ -14,8 +14,18 @@ struct Rect {
 
   int right() const { return left + width; }
   int bottom() const { return top + height; }
+  /// The part to the right of `x`, of width 0 when `x` is beyond the right edge.
+  Rect from(int x) const { return {x, top, right() > x ? right() - x : 0, height}; }
   bool isEmpty() const { return width <= 0 || height <= 0; }
   bool operator==(const Rect&) const = default;
+};
+
+/// What a scroll bar is told: the range includes both ends.
+struct ScrollRange {
+  int first = 0;
+  int last = 0;
+  int page = 0;
+  int position = 0;
 };
 
 /// The resolution of the screen and the size of the font.
@@ -26,14 +36,14 @@ struct Metrics {
 
   /// Pixels of `units`, each of which is 1/96 inch.
   int px(int units) const { return (units * dpi + 48) / 96; }
-  /// The other way round: 96ths of an inch in so many pixels.
+  /// The reverse: 96ths of an inch of `pixels`.
   int units(int pixels) const { return (pixels * 96 + dpi / 2) / dpi; }
   int fieldHeight() const { return lineHeight + px(8); }
 };
 
 // Measures that all pages share, in 96ths of an inch.
-inline constexpr int padding = 14;     ///< between a card's edge and what is in it
-inline constexpr int partGap = 6;      ///< between the parts of a line
+inline constexpr int padding = 14;     ///< between a card's edge and its controls
+inline constexpr int partGap = 6;      ///< between controls on a line
 inline constexpr int lookupPart = 26;  ///< a look-up button with the gap before it
 inline constexpr int widestField = 440;
 

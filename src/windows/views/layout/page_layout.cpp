@@ -19,21 +19,22 @@ namespace {
 constexpr int rowGap = 7;
 constexpr int groupGap = 12;
 constexpr int codeWidth = 90;
-constexpr int longestShort = 30;  // characters of a box that is not stretched
-constexpr int twoColumnsFrom = 720;
+constexpr int twoColumnsFrom = 720;  // the page width from which groups stand in two columns
 constexpr int leastGrid = 176;
 constexpr int tableCombo = 250;
-constexpr int checkMark = 22;  // the box of a check box and what is between it and its text
-constexpr int dropArrow = 36;  // what a combo needs beside its text
+constexpr int checkMark = 22;  // a check box without its text
+constexpr int dropArrow = 36;  // a combo without its text
 constexpr int checkGap = 22;
 
-/// How a page takes a kind of control.
+constexpr int longestShort = 30;  // an edit box of at most this many characters is as wide as they
+
+/// The ways in which a kind of control is laid out.
 enum class Shape {
-  Field,     ///< a box with its caption before it
-  Check,     ///< one of a line of check boxes, or the heading of what follows
-  LineItem,  ///< one of a line of buttons with a text
-  Group,     ///< a card around others
-  Whole      ///< takes the whole width, and room in height
+  Field,     ///< a box with its caption to the left
+  Check,     ///< a check box: side by side with others, or above a grid as its heading
+  LineItem,  ///< a button or label: side by side with others
+  Group,     ///< a card with controls in it
+  Whole      ///< takes the whole width, and the height that is left
 };
 
 Shape shapeOf(const Control& control) {
@@ -67,28 +68,14 @@ Shape shapeOf(const Control& control) {
   return Shape::Whole;
 }
 
-bool isCheck(const Control& control) {
-  return shapeOf(control) == Shape::Check;
+template <Shape shape>
+bool is(const Control& control) {
+  return shapeOf(control) == shape;
 }
 
-bool isField(const Control& control) {
-  return shapeOf(control) == Shape::Field;
-}
-
-bool isLineItem(const Control& control) {
-  return shapeOf(control) == Shape::LineItem;
-}
-
-bool isWhole(const Control& control) {
-  return shapeOf(control) == Shape::Whole;
-}
-
-bool isLabel(const Control& control) {
-  return control.kind() == controls::ControlKind::Label;
-}
-
-bool isEditor(const Control& control) {
-  return control.kind() == controls::ControlKind::QueryEditor;
+template <class Kind>
+bool isA(const Control& control) {
+  return controls::as<Kind>(control) != nullptr;
 }
 
 const Control* descriptionOf(const Control& control) {
@@ -103,20 +90,26 @@ std::string elementOf(const Control& control) {
   return open == std::string::npos || name.back() != ')' ? "" : name.substr(open);
 }
 
-/// How many fields from `first` on are the elements of different arrays with the same index.
+/// How many fields from `first` on are elements of control arrays with the same index. They are one
+/// line of a table.
 std::size_t lineLength(const std::vector<Control*>& controls, std::size_t first) {
   const std::string element = elementOf(*controls[first]);
   if (element.empty()) return 1;
   std::size_t end = first;
-  while (end < controls.size() && isField(*controls[end]) && elementOf(*controls[end]) == element) {
+  while (end < controls.size() && is<Shape::Field>(*controls[end]) &&
+         elementOf(*controls[end]) == element) {
     ++end;
   }
   return std::max<std::size_t>(end - first, 1);
 }
 
 bool holdsAnythingShown(const GroupBox& group) {
-  return std::any_of(group.children().begin(), group.children().end(),
-                     [](const Control* child) { return child->isVisible(); });
+  return std::ranges::any_of(group.children(), &Control::isVisible);
+}
+
+/// Keeps to the lower edge only, and so moves down with it.
+bool isDocked(std::int32_t rule) {
+  return (rule & bottomSide) && !(rule & topSide);
 }
 
 }  // namespace
@@ -131,19 +124,17 @@ std::int32_t PageLayout::ruleOf(const Control& control) const {
   constexpr std::int32_t stretched = leftSide | topSide | rightSide;
   if (const auto* group = controls::as<GroupBox>(control)) {
     const bool inner =
-        isEditor(control) || std::any_of(group->children().begin(), group->children().end(),
-                                         [&](const Control* child) { return grows(*child); });
+        isA<controls::QueryEditor>(control) ||
+        std::ranges::any_of(group->children(), [&](Control* child) { return grows(*child); });
     return inner ? stretched | bottomSide : stretched;
   }
-  // What is none of the known small controls wants room: a grid, an editor.
-  const bool isSmall = isField(control) || isLineItem(control) || isCheck(control);
-  return isSmall ? leftSide | topSide : stretched | bottomSide;
+  return is<Shape::Whole>(control) ? stretched | bottomSide : leftSide | topSide;
 }
 
 bool PageLayout::grows(const Control& control) const {
   constexpr std::int32_t both = topSide | bottomSide;
-  return control.isVisible() && (ruleOf(control) & both) == both && !isField(control) &&
-         !isLineItem(control);
+  return control.isVisible() && (ruleOf(control) & both) == both && !is<Shape::Field>(control) &&
+         !is<Shape::LineItem>(control);
 }
 
 int PageLayout::captionColumn(const Controls& controls) const {
@@ -157,7 +148,7 @@ int PageLayout::captionColumn(const Controls& controls) const {
     if (isHeaded) continue;
     if (const auto* group = controls::as<GroupBox>(*control)) {
       widest = std::max(widest, captionColumn(group->children()));
-    } else if (isField(*control) && !control->caption().empty()) {
+    } else if (is<Shape::Field>(*control) && !control->caption().empty()) {
       widest = std::max(widest, metrics_.textWidth(control->caption() + " *"));
     }
   }
@@ -204,55 +195,44 @@ int PageLayout::putField(const Control& field, const Rect& bounds) {
 }
 
 PageLayout::Block PageLayout::fieldBlock(Control& field) {
-  Block block;
-  block.height = metrics_.fieldHeight();
-  block.gap = metrics_.px(rowGap);
-  block.place = [this, &field](const Rect& area) {
-    const int left = area.left + fieldColumn();
-    const int room = std::max(area.right() - left, 0);
+  const auto place = [this, &field](const Rect& area) {
+    const Rect right = area.from(area.left + fieldColumn());
     if (captionColumn_) {
       placements_[&field].caption = {area.left, area.top, captionColumn_, area.height};
     }
-    const int width =
-        isCheck(field) ? room : std::min(fieldWidth(field), room - lookupWidth(field));
-    const int end = putField(field, {left, area.top, width, area.height});
+    const int width = is<Shape::Check>(field)
+                          ? right.width
+                          : std::min(fieldWidth(field), right.width - lookupWidth(field));
+    const int end = putField(field, {right.left, area.top, width, area.height});
     if (const Control* description = descriptionOf(field)) {
-      const int from = end + metrics_.px(partGap);
-      placements_[description].bounds = {from, area.top, std::max(area.right() - from, 0),
-                                         area.height};
+      placements_[description].bounds = area.from(end + metrics_.px(partGap));
     }
   };
-  return block;
+  return {.height = metrics_.fieldHeight(), .gap = metrics_.px(rowGap), .place = place};
 }
 
 PageLayout::Block PageLayout::checksBlock(const Controls& checks) {
-  Block block;
-  block.height = metrics_.fieldHeight();
-  block.gap = metrics_.px(rowGap);
-  block.place = [this, checks](const Rect& area) {
+  const auto place = [this, checks](const Rect& area) {
     int left = area.left + fieldColumn();
     for (const Control* check : checks) {
       placements_[check].bounds = {left, area.top, checkWidth(*check), area.height};
       left += checkWidth(*check) + metrics_.px(checkGap);
     }
   };
-  return block;
+  return {.height = metrics_.fieldHeight(), .gap = metrics_.px(rowGap), .place = place};
 }
 
 PageLayout::Block PageLayout::lineBlock(const Controls& line) {
-  Block block;
-  block.height = metrics_.fieldHeight() + metrics_.px(2);
-  block.gap = metrics_.px(rowGap);
-  block.docked = std::all_of(line.begin(), line.end(), [this](const Control* control) {
-    const std::int32_t rule = ruleOf(*control);
-    return (rule & bottomSide) && !(rule & topSide);
-  });
-  block.place = [this, line](const Rect& area) {
+  const auto place = [this, line](const Rect& area) {
     int left = area.left;
     int right = area.right();
     const int gap = metrics_.px(partGap);
+    const Control* label = nullptr;
     for (const Control* control : line) {
-      if (isLabel(*control)) continue;
+      if (isA<controls::Label>(*control)) {
+        label = control;
+        continue;
+      }
       const int width = buttonWidth(*control);
       const std::int32_t rule = ruleOf(*control);
       if ((rule & rightSide) && !(rule & leftSide)) {
@@ -264,22 +244,22 @@ PageLayout::Block PageLayout::lineBlock(const Controls& line) {
         left += width + gap;
       }
     }
-    for (const Control* control : line) {
-      if (isLabel(*control)) {
-        placements_[control].bounds = {left, area.top, std::max(right - left, 0), area.height};
-      }
-    }
+    // The label gets what the buttons leave.
+    if (label) placements_[label].bounds = {left, area.top, std::max(right - left, 0), area.height};
   };
-  return block;
+  const bool docked = std::ranges::all_of(
+      line, [this](const Control* control) { return isDocked(ruleOf(*control)); });
+  return {.height = metrics_.fieldHeight() + metrics_.px(2),
+          .gap = metrics_.px(rowGap),
+          .docked = docked,
+          .place = place};
 }
 
-// The first field's caption stands before the line, the others' head their columns.
+// The first field's caption stands to the left of its line. Those of the other fields stand above
+// the first line of the table, as the heads of its columns.
 PageLayout::Block PageLayout::tableLineBlock(const Controls& line, bool headed) {
   const int heading = headed ? metrics_.lineHeight + metrics_.px(4) : 0;
-  Block block;
-  block.height = heading + metrics_.fieldHeight();
-  block.gap = metrics_.px(rowGap);
-  block.place = [this, line, heading](const Rect& area) {
+  const auto place = [this, line, heading](const Rect& area) {
     const int gap = metrics_.px(partGap);
     const int top = area.top + heading;
     const int height = area.height - heading;
@@ -303,16 +283,14 @@ PageLayout::Block PageLayout::tableLineBlock(const Controls& line, bool headed) 
       left = end + gap;
     }
   };
-  return block;
+  return {.height = heading + metrics_.fieldHeight(), .gap = metrics_.px(rowGap), .place = place};
 }
 
 PageLayout::Block PageLayout::wholeBlock(Control& control) {
-  Block block;
-  block.height = metrics_.px(leastGrid);
-  block.gap = metrics_.px(groupGap);
-  block.grows = grows(control);
-  block.place = [this, &control](const Rect& area) { placements_[&control].bounds = area; };
-  return block;
+  return {.height = metrics_.px(leastGrid),
+          .gap = metrics_.px(groupGap),
+          .grows = grows(control),
+          .place = [this, &control](const Rect& area) { placements_[&control].bounds = area; }};
 }
 
 PageLayout::Block PageLayout::headingBlock(Control& check, Control& control) {
@@ -334,18 +312,16 @@ PageLayout::Block PageLayout::groupBlock(GroupBox& group, int width) {
   const int title =
       group.caption().empty() ? inset : metrics_.lineHeight + metrics_.px(padding) + inset;
   const Blocks inner = blocksOf(group.children(), width - 2 * inset);
-  const std::int32_t rule = ruleOf(group);
-  Block block;
-  block.height = title + heightOf(inner) + inset;
-  block.gap = metrics_.px(groupGap);
-  block.grows = grows(group);
-  block.docked = (rule & bottomSide) && !(rule & topSide);
-  block.place = [this, &group, inner, title, inset](const Rect& area) {
+  const auto place = [this, &group, inner, title, inset](const Rect& area) {
     placements_[&group].bounds = area;
     placeBlocks(inner, {area.left + inset, area.top + title, area.width - 2 * inset,
                         area.height - title - inset});
   };
-  return block;
+  return {.height = title + heightOf(inner) + inset,
+          .gap = metrics_.px(groupGap),
+          .grows = grows(group),
+          .docked = isDocked(ruleOf(group)),
+          .place = place};
 }
 
 PageLayout::Block PageLayout::columnsBlock(const std::vector<GroupBox*>& groups, int width) {
@@ -353,7 +329,7 @@ PageLayout::Block PageLayout::columnsBlock(const std::vector<GroupBox*>& groups,
   const int columnWidth = (width - gap) / 2;
   Blocks all;
   for (GroupBox* group : groups) all.push_back(groupBlock(*group, columnWidth));
-  // The break that leaves both columns as low as can be, in the given order.
+  // The groups keep their order: the first column ends where the higher of both is lowest.
   std::size_t best = 1;
   int lowest = -1;
   for (std::size_t at = 1; at < all.size(); ++at) {
@@ -366,15 +342,12 @@ PageLayout::Block PageLayout::columnsBlock(const std::vector<GroupBox*>& groups,
     }
   }
   const auto split = all.begin() + static_cast<std::ptrdiff_t>(best);
-  Block block;
-  block.height = lowest;
-  block.gap = gap;
-  block.place = [first = Blocks(all.begin(), split), second = Blocks(split, all.end()), gap,
-                 columnWidth](const Rect& area) {
+  const auto place = [first = Blocks(all.begin(), split), second = Blocks(split, all.end()), gap,
+                      columnWidth](const Rect& area) {
     placeBlocks(first, {area.left, area.top, columnWidth, area.height});
     placeBlocks(second, {area.left + columnWidth + gap, area.top, columnWidth, area.height});
   };
-  return block;
+  return {.height = lowest, .gap = gap, .place = place};
 }
 
 PageLayout::Blocks PageLayout::blocksOf(const Controls& controls, int width) {
@@ -383,8 +356,7 @@ PageLayout::Blocks PageLayout::blocksOf(const Controls& controls, int width) {
   Controls shown;
   for (Control* control : controls) {
     const auto* group = controls::as<GroupBox>(*control);
-    const bool isDescription =
-        std::find(descriptions.begin(), descriptions.end(), control) != descriptions.end();
+    const bool isDescription = std::ranges::find(descriptions, control) != descriptions.end();
     if (control->isVisible() && !isDescription && (!group || holdsAnythingShown(*group))) {
       shown.push_back(control);
     }
@@ -408,12 +380,11 @@ PageLayout::Blocks PageLayout::blocksOf(const Controls& controls, int width) {
     } else if (auto* group = controls::as<GroupBox>(control)) {
       std::vector<GroupBox*> run{group};
       const auto sideBySide = [&](const GroupBox& box) {
-        const std::int32_t rule = ruleOf(box);
-        return !grows(box) && !((rule & bottomSide) && !(rule & topSide));
+        return !grows(box) && !isDocked(ruleOf(box));
       };
       while (sideBySide(*group) && i < shown.size()) {
         auto* next = controls::as<GroupBox>(*shown[i]);
-        if (!next || isEditor(*next) || !sideBySide(*next)) break;
+        if (!next || isA<controls::QueryEditor>(*next) || !sideBySide(*next)) break;
         run.push_back(next);
         ++i;
       }
@@ -422,27 +393,29 @@ PageLayout::Blocks PageLayout::blocksOf(const Controls& controls, int width) {
       } else {
         for (GroupBox* each : run) blocks.push_back(groupBlock(*each, width));
       }
-    } else if (isLineItem(control)) {
+    } else if (is<Shape::LineItem>(control)) {
       Controls line{&control};
+      const auto isLabel = isA<controls::Label>;
       bool hasLabel = isLabel(control);
-      while (i < shown.size() && isLineItem(*shown[i]) && !(hasLabel && isLabel(*shown[i]))) {
+      while (i < shown.size() && is<Shape::LineItem>(*shown[i]) &&
+             !(hasLabel && isLabel(*shown[i]))) {
         hasLabel = hasLabel || isLabel(*shown[i]);
         line.push_back(shown[i++]);
       }
       blocks.push_back(lineBlock(line));
-    } else if (isCheck(control) && i < shown.size() && isWhole(*shown[i])) {
+    } else if (is<Shape::Check>(control) && i < shown.size() && is<Shape::Whole>(*shown[i])) {
       blocks.push_back(headingBlock(control, *shown[i++]));
-    } else if (isCheck(control)) {
+    } else if (is<Shape::Check>(control)) {
       Controls checks{&control};
       int right = fieldColumn() + checkWidth(control);
-      while (i < shown.size() && isCheck(*shown[i]) &&
-             !(i + 1 < shown.size() && isWhole(*shown[i + 1]))) {
+      while (i < shown.size() && is<Shape::Check>(*shown[i]) &&
+             !(i + 1 < shown.size() && is<Shape::Whole>(*shown[i + 1]))) {
         right += metrics_.px(checkGap) + checkWidth(*shown[i]);
         if (right > width) break;
         checks.push_back(shown[i++]);
       }
       blocks.push_back(checks.size() > 1 ? checksBlock(checks) : fieldBlock(control));
-    } else if (isField(control)) {
+    } else if (is<Shape::Field>(control)) {
       blocks.push_back(fieldBlock(control));
     } else {
       blocks.push_back(wholeBlock(control));
@@ -459,14 +432,13 @@ int PageLayout::heightOf(const Blocks& blocks) {
 
 void PageLayout::placeBlocks(const Blocks& blocks, const Rect& area) {
   int left = std::max(area.height - heightOf(blocks), 0);
-  auto growing = static_cast<int>(
-      std::count_if(blocks.begin(), blocks.end(), [](const Block& block) { return block.grows; }));
+  auto growing = std::ranges::count(blocks, true, &Block::grows);
   int top = area.top;
   for (const Block& block : blocks) {
     if (&block != blocks.data()) top += block.gap;
     int height = block.height;
     if (block.grows) {
-      const int share = left / growing--;
+      const int share = left / static_cast<int>(growing--);
       height += share;
       left -= share;
     } else if (block.docked && growing == 0) {
@@ -479,9 +451,8 @@ void PageLayout::placeBlocks(const Blocks& blocks, const Rect& area) {
 
 void PageLayout::prepare(const Controls& controls, int width) {
   placements_.clear();
-  const bool hasGroups = std::any_of(controls.begin(), controls.end(), [](const Control* control) {
-    return controls::as<GroupBox>(*control) != nullptr;
-  });
+  const bool hasGroups =
+      std::ranges::any_of(controls, [](const Control* control) { return isA<GroupBox>(*control); });
   const int column = hasGroups && width >= metrics_.px(twoColumnsFrom) ? width / 2 : width;
   captionColumn_ = std::min(captionColumn(controls), column * 45 / 100);
 }

@@ -2,8 +2,8 @@
 
 #include "windows/views/layout/page_layout.h"
 
-// A query editor: a line for each field, its operator, and a slot for each of
-// its values with look-up button and description; below them what comes of it.
+// The layout of a query editor: a line for each field, with its operator and one or two values.
+// Below the lines stand the warning, the composed text, and "Conta" with its answer.
 namespace kebu::windows::layout {
 
 using controls::QueryEditor;
@@ -16,7 +16,7 @@ constexpr int blockGap = 12;
 constexpr int operatorWidth = 118;
 constexpr int codeWidth = 120;
 constexpr int edges = 16;
-constexpr int mostLines = 6;  // of the composed text, however much room there is
+constexpr int mostLines = 6;  // of the composed text, even where there is room for more
 
 }  // namespace
 
@@ -27,11 +27,7 @@ PageLayout::Block PageLayout::editorBlock(QueryEditor& editor) {
   const int warning = editor.warning().isVisible() ? row : 0;
   const int below = warning + metrics_.px(blockGap) + text + metrics_.px(rowGap) +
                     metrics_.fieldHeight() + metrics_.px(2);
-  Block block;
-  block.height = 2 * inset + static_cast<int>(editor.fieldCount()) * row + below;
-  block.gap = metrics_.px(blockGap);
-  block.grows = grows(editor);
-  block.place = [this, &editor, row, inset, below, warning](const Rect& area) {
+  const auto place = [this, &editor, row, inset, below, warning](const Rect& area) {
     placements_[&editor].bounds = area;
     const Rect inner{area.left + inset, area.top + inset, area.width - 2 * inset,
                      area.height - 2 * inset};
@@ -45,7 +41,10 @@ PageLayout::Block PageLayout::editorBlock(QueryEditor& editor) {
     placeBelow(editor, {inner.left, top, inner.width, std::max(inner.bottom() - top, below)},
                warning);
   };
-  return block;
+  return {.height = 2 * inset + static_cast<int>(editor.fieldCount()) * row + below,
+          .gap = metrics_.px(blockGap),
+          .grows = grows(editor),
+          .place = place};
 }
 
 void PageLayout::placeRow(const QueryEditor::Row& row, const Rect& area) {
@@ -68,7 +67,7 @@ void PageLayout::placeRow(const QueryEditor::Row& row, const Rect& area) {
   }
 }
 
-/// A value, its look-up button and its description share `area`.
+// A value, its look-up button and its description share the area.
 void PageLayout::placeValue(const controls::EditBox& box, const controls::Label& description,
                             std::size_t length, bool isList, const Rect& area) {
   const int room = std::max(area.width - lookupWidth(box), 0);
@@ -77,9 +76,7 @@ void PageLayout::placeValue(const controls::EditBox& box, const controls::Label&
   const int width = isList ? room : std::min(wanted, room);
   const int end = putField(box, {area.left, area.top, width, area.height});
   if (!box.description() || isList) return;
-  const int from = end + metrics_.px(partGap);
-  placements_[&description].bounds = {from, area.top, std::max(area.right() - from, 0),
-                                      area.height};
+  placements_[&description].bounds = area.from(end + metrics_.px(partGap));
 }
 
 void PageLayout::placeBelow(const QueryEditor& editor, const Rect& area, int warning) {

@@ -13,7 +13,7 @@ CommonControls::CommonControls(HINSTANCE module) {
   wanted.dwFlags = ACTCTX_FLAG_HMODULE_VALID | ACTCTX_FLAG_RESOURCE_NAME_VALID;
   wanted.hModule = module;
   wanted.lpResourceName = MAKEINTRESOURCEW(2);
-  // Without it the controls work all the same, in the looks that the host has.
+  // Without it the controls work, too, and look like the host's.
   HANDLE const context = CreateActCtxW(&wanted);
   if (context != INVALID_HANDLE_VALUE) context_.reset(context);
   const Scope scope(*this);

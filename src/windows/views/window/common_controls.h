@@ -14,8 +14,8 @@ class CommonControls {
   CommonControls(const CommonControls&) = delete;
   CommonControls& operator=(const CommonControls&) = delete;
 
-  /// While it lives, controls are created in our version, and windows with the resolution of their
-  /// monitor.
+  /// While it lives, controls are created in our version, and windows are told the resolution of
+  /// their monitor.
   class Scope {
    public:
     /// With the common controls in use, for controls that are made later than their window.
@@ -35,11 +35,7 @@ class CommonControls {
  private:
   static const CommonControls* current_;
 
-  struct ReleaseContext {
-    void operator()(HANDLE context) const { ReleaseActCtx(context); }
-  };
-
-  Owned<HANDLE, ReleaseContext> context_;  ///< null where the manifest cannot be used
+  Owned<HANDLE, ReleaseActCtx> context_;  ///< null where the manifest cannot be used
   OwnedModule library_;
 };
 

@@ -21,9 +21,9 @@ enum class Inspected : std::uint32_t {
             ///< offers: the column, and `row` from 1; its code is the name
 };
 
-/// What a test or a screen reader may ask a window of the plug-in: where a control is, and what its
-/// appearance alone does not show. It is sent to a form or look-up window with
-/// SendMessage(inspectMessage(), 0, address); the result is 1 when the part exists, else 0.
+/// A question of a test or a screen reader to a window of the plug-in, and the answer: where a
+/// control is, and what its appearance alone does not show. It is sent to a form or look-up window
+/// with SendMessage(inspectMessage(), 0, address); the result is 1 when the part exists, else 0.
 struct Inspection {
   std::uint32_t size = sizeof(Inspection);
   Inspected part = Inspected::Control;
@@ -33,7 +33,7 @@ struct Inspection {
   std::int32_t index = 0;    ///< from 0
 
   // The answer.
-  HWND window = nullptr;  ///< of the control; null for one that has no looks
+  HWND window = nullptr;  ///< of the control; null for one that is not drawn
   RECT bounds = {};       ///< of the part, in `window`'s client area; empty when out of sight
   BOOL enabled = FALSE;
   BOOL visible = FALSE;
@@ -46,7 +46,7 @@ struct Inspection {
   wchar_t name[128] = {};   ///< of the control; of a part its key: field, button key, view, code;
                             ///< of a row the field of its state
   wchar_t text[2048] = {};  ///< as people read it
-  wchar_t caption[128] = {};  ///< that stands beside a field
+  wchar_t caption[128] = {};  ///< of a field
   wchar_t marks[128] = {};    ///< blank-separated: "read-only required masked look-up locked
                               ///< chosen running animated no-record", a row's state
 };

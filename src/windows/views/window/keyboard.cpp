@@ -48,7 +48,7 @@ void redirect(MSG& message) {
   const bool isKey = message.message == WM_KEYDOWN || message.message == WM_SYSKEYDOWN;
   if (message.message == WM_MOUSEWHEEL && isCombo(message.hwnd) && !isDroppedCombo(message.hwnd) &&
       targets->byWindow.count(GetAncestor(message.hwnd, GA_ROOT))) {
-    // Scrolling a page must not change a choice that the pointer happens to stand on.
+    // Scrolling a page must not change a choice under the mouse pointer.
     message.hwnd = GetParent(message.hwnd);
     return;
   }

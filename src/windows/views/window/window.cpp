@@ -26,10 +26,6 @@ RECT Window::clientArea() const {
   return area;
 }
 
-void Window::invalidate() const {
-  InvalidateRect(handle_, nullptr, FALSE);
-}
-
 void Window::create(HINSTANCE module, const WindowTraits& traits, HWND parent, const RECT& bounds,
                     const std::wstring& title) {
   WNDCLASSEXW known{};
@@ -50,10 +46,6 @@ void Window::create(HINSTANCE module, const WindowTraits& traits, HWND parent, c
                   bounds.top, bounds.right - bounds.left, bounds.bottom - bounds.top, parent,
                   nullptr, module, this);
   if (!handle_) throw RuntimeError(7, "The window could not be created.");
-}
-
-void Window::destroy() {
-  if (handle_) DestroyWindow(handle_);
 }
 
 std::optional<int> Window::scrolled(int bar, WPARAM wParam, int line) const {
@@ -78,6 +70,18 @@ std::optional<int> Window::scrolled(int bar, WPARAM wParam, int line) const {
     default:
       return std::nullopt;
   }
+}
+
+void Window::setScrollBar(int bar, const layout::ScrollRange& range) const {
+  const UINT page = static_cast<UINT>(range.page);
+  const SCROLLINFO info{sizeof info,
+                        SIF_RANGE | SIF_PAGE | SIF_POS,
+                        range.first,
+                        range.last,
+                        page,
+                        range.position,
+                        0};
+  SetScrollInfo(handle_, bar, &info, TRUE);
 }
 
 LRESULT Window::answer(UINT message, WPARAM wParam, LPARAM lParam) {

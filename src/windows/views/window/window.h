@@ -4,6 +4,7 @@
 #include <string>
 
 #include "windows/support/windows_api.h"
+#include "windows/views/layout/metrics.h"
 
 namespace kebu::windows {
 
@@ -26,15 +27,18 @@ class Window {
 
   HWND handle() const { return handle_; }
   RECT clientArea() const;
-  void invalidate() const;
+  void invalidate() const { InvalidateRect(handle_, nullptr, FALSE); }
 
  protected:
   void create(HINSTANCE module, const WindowTraits& traits, HWND parent, const RECT& bounds,
               const std::wstring& title = {});
-  void destroy();
+  void destroy() {
+    if (handle_) DestroyWindow(handle_);
+  }
   /// The position that a scroll bar's message asks for, a line being `line` units; nothing for a
   /// message that does not move the bar.
   std::optional<int> scrolled(int bar, WPARAM wParam, int line) const;
+  void setScrollBar(int bar, const layout::ScrollRange& range) const;
   /// Handles a message; overriders call the base for messages that they do not handle.
   virtual LRESULT answer(UINT message, WPARAM wParam, LPARAM lParam);
 

@@ -9,7 +9,7 @@ void moveWindow(HWND window, const layout::Rect& place) {
   const bool same = now.left == place.left && now.top == place.top && now.right == place.right() &&
                     now.bottom == place.bottom();
   if (same) return;
-  // Drawn anew: controls that change places pass over each other's pixels.
+  // The old pixels are not copied: another control that is moved may have been drawn over them.
   SetWindowPos(window, nullptr, place.left, place.top, place.width, place.height,
                SWP_NOZORDER | SWP_NOACTIVATE | SWP_NOCOPYBITS);
 }
