@@ -2,6 +2,7 @@
 
 #include "ado/recordset.h"
 #include "common/convert.h"
+#include "common/swallowed_errors.h"
 #include "sql/working_tables.h"
 
 namespace kebu::forms {
@@ -13,20 +14,37 @@ Ref<host::MessageService> Services::messages() const {
   return global ? global->Messages() : nullptr;
 }
 
+template <class Question>
+auto Services::askHost(const char* place, Question&& question) const
+    -> std::optional<std::invoke_result_t<Question&, host::MessageService&>> {
+  std::optional<std::invoke_result_t<Question&, host::MessageService&>> answer;
+  ignoringErrors(platform_, place, [&] {
+    if (const auto service = messages()) answer = question(*service);
+  });
+  return answer;
+}
+
 std::string Services::TranslateString(const std::string& text) {
-  const Ref<host::MessageService> service = messages();
-  return service ? service->Translate(text) : text;
+  return askHost("TranslateString",
+                 [&](host::MessageService& host) { return host.Translate(text); })
+      .value_or(text);
 }
 
 std::int32_t Services::VLTMsgBox(const Value& prompt, std::int32_t buttons, const Value& title,
                                  const Value& context) {
-  if (const auto service = messages()) return service->MsgBox(prompt, buttons, title, context);
+  const auto answer = askHost("VLTMsgBox", [&](host::MessageService& host) {
+    return host.MsgBox(prompt, buttons, title, context);
+  });
+  if (answer) return *answer;
   return platform_.messageBox(toDisplay(prompt), buttons, toDisplay(title));
 }
 
 std::int32_t Services::VLTMsgBoxFromId(std::int32_t id, std::int32_t buttons, const Value& title,
                                        const Value& context) {
-  if (const auto service = messages()) return service->MsgBoxFromId(id, buttons, title, context);
+  const auto answer = askHost("VLTMsgBoxFromId", [&](host::MessageService& host) {
+    return host.MsgBoxFromId(id, buttons, title, context);
+  });
+  if (answer) return *answer;
   return platform_.messageBox(std::to_string(id), buttons, toDisplay(title));
 }
 

@@ -1,7 +1,9 @@
 #pragma once
 
 #include <cstdint>
+#include <optional>
 #include <string>
+#include <type_traits>
 
 #include "ado/connection.h"
 #include "common/platform.h"
@@ -25,9 +27,9 @@ class Services : public controls::ControlHost {
   /// Releases all of these.
   void release() { held_ = {}; }
 
-  /// The host's translation; the text itself without the host's service.
+  /// The host's translation; the text itself where the host's service is absent or fails.
   std::string TranslateString(const std::string& text);
-  /// The host's message box, or the system's without it; the button pressed.
+  /// The host's message box, or the system's where it is absent or fails; the button pressed.
   std::int32_t VLTMsgBox(const Value& prompt, std::int32_t buttons, const Value& title,
                          const Value& context = {});
   /// The same for a message of the host's store, by number.
@@ -48,6 +50,10 @@ class Services : public controls::ControlHost {
 
  private:
   Ref<host::MessageService> messages() const;
+  /// What the host's message service answers; nothing where it is absent or fails.
+  template <class Question>
+  auto askHost(const char* place, Question&& question) const
+      -> std::optional<std::invoke_result_t<Question&, host::MessageService&>>;
 
   Platform& platform_;
   const controls::Form& form_;

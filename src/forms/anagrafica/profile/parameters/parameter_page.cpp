@@ -174,15 +174,15 @@ void ParameterPage::FME_PARAMETRI_BeforeUpdate(bool& cancel) {
     const Value document = field("GM04_CODDOCWEB_MG36");
 
     if (equalAsVariants(kind, Value(asGiven)) && isBlank(field("GM04_DEPDOCWEB_MG58"))) {
+      cancel = true;  // also when the message cannot be shown
       p.tell(messages::depositMissing, msgbox::exclamation);
-      cancel = true;
       return;
     }
     if (equalAsVariants(kind, Value(fromDocument)) && !isBlank(document)) {
       const std::string code = toText(document);
       if (!VerificaDepositoDocumento(code)) {
-        p.step([&] { tellDefaultDepositMissing(trim(code)); });
         cancel = true;
+        p.step([&] { tellDefaultDepositMissing(trim(code)); });
         return;
       }
       // The default deposit of the document type is used instead.
