@@ -22,11 +22,17 @@ struct Error {
 };
 using Errors = std::vector<Error>;
 
-/// A session with the database.
-class Connection {
+/// What keeps the provider's error collection.
+class ErrorSource {
  public:
-  virtual ~Connection() = default;
+  virtual ~ErrorSource() = default;
+  /// What the provider said of the last failing call.
+  virtual Errors errors() const = 0;
+};
 
+/// A session with the database.
+class Connection : public ErrorSource {
+ public:
   virtual void setConnectionString(const std::string& text) = 0;
   virtual std::string connectionString() const = 0;
   virtual void Open() = 0;
@@ -44,8 +50,6 @@ class Connection {
   /// painted. It must not use the connection or that recordset. An empty function,
   /// as at first: nothing is called.
   virtual void whileExecuting(std::function<void()> meanwhile) = 0;
-  /// What the provider said of the last failing call.
-  virtual Errors errors() const = 0;
 };
 
 }  // namespace kebu::ado

@@ -49,15 +49,27 @@ std::int32_t Services::VLTMsgBoxFromId(std::int32_t id, std::int32_t buttons, co
 }
 
 std::int16_t Services::VisualizzaErrore(const std::string& procedure, const RuntimeError& error) {
+  return VisualizzaErrore(procedure, error, applicationTitle);
+}
+
+std::int16_t Services::VisualizzaErrore(const std::string& procedure, const RuntimeError& error,
+                                        const std::string& title) {
   if (!held_.log) {
     platform_.messageBox("Classe Log non settata", msgbox::okOnly, form_.caption());
     return static_cast<std::int16_t>(ErrorAnswer::Abort);
   }
   held_.log->SetError(error.number(), error.description(), error.source());
-  if (held_.connection) held_.log->SetConnectionErrors(held_.connection->errors());
+  if (held_.connection) held_.log->SetConnectionErrors(*held_.connection);
   constexpr std::int32_t style =
       msgbox::abortRetryIgnore | msgbox::critical | msgbox::defaultButton2 | msgbox::systemModal;
-  return held_.log->ShowError("KEBU_ANAGKELMORIA", form_.caption(), procedure, style);
+  return held_.log->ShowError(title, form_.caption(), procedure, style);
+}
+
+std::int16_t Services::VisualizzaErrore(const std::string& procedure) {
+  auto answer = static_cast<std::int16_t>(ErrorAnswer::Abort);
+  ignoringErrors(platform_, "VisualizzaErrore",
+                 [&] { answer = VisualizzaErrore(procedure, RuntimeError(0, "", "")); });
+  return answer;
 }
 
 std::int32_t Services::showMessage(std::int32_t id, std::int32_t style) {
@@ -70,6 +82,13 @@ std::int32_t Services::showText(const std::string& text, std::int32_t style) {
 
 std::int32_t Services::message(const std::string& text, std::int32_t style) {
   return showText(TranslateString(text), style);
+}
+
+void Services::showInHostStatusBar(std::int32_t panel, const std::string& text) {
+  ignoringErrors(platform_, "StatusBar", [&] {
+    const Ref<host::StatusBar> bar = held_.host ? held_.host->StatusBar() : nullptr;
+    if (bar) bar->Panels(panel)->setText(text);
+  });
 }
 
 std::string Services::GetTempTableName(const char* procedure, const char* prefix) {

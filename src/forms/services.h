@@ -13,6 +13,9 @@
 
 namespace kebu::forms {
 
+/// The title of error boxes.
+inline constexpr const char* applicationTitle = "KEBU_ANAGKELMORIA";
+
 /// The services that every procedure of a window uses: translation, messages,
 /// the error reporter and working-table names. Where the host does not offer a
 /// service, the system's own or a plain text takes its place.
@@ -37,12 +40,19 @@ class Services : public controls::ControlHost {
                                const Value& context = {});
   /// Lets the host's log show the error; 3 (Abort) without a log.
   std::int16_t VisualizzaErrore(const std::string& procedure, const RuntimeError& error) override;
+  /// The same with a title in place of the application's.
+  std::int16_t VisualizzaErrore(const std::string& procedure, const RuntimeError& error,
+                                const std::string& title);
+  /// The same for a procedure of the host's, whose error is not known here. Raises no error.
+  std::int16_t VisualizzaErrore(const std::string& procedure);
   /// A message of the host's store, titled with the window's caption.
   std::int32_t showMessage(std::int32_t id, std::int32_t style);
   /// A text that is translated already, titled with the window's caption.
   std::int32_t showText(const std::string& text, std::int32_t style);
   /// Translates and shows `text` titled with the window's caption.
   std::int32_t message(const std::string& text, std::int32_t style) override;
+  /// Puts the text into a panel of the host's status bar, counted from 1, where it has one.
+  void showInHostStatusBar(std::int32_t panel, const std::string& text);
   /// A unique name for a global temporary table: "##temp", `prefix` and an
   /// identifier. `procedure` is the given name under which errors are reported.
   std::string GetTempTableName(const char* procedure = "GetTempTableName",

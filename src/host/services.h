@@ -35,7 +35,8 @@ class LogService {
   virtual ~LogService() = default;
   virtual void SetError(std::int32_t number, const std::string& description,
                         const std::string& source) = 0;
-  virtual void SetConnectionErrors(const ado::Errors& errors) = 0;
+  /// Hands over the error collection of the connection.
+  virtual void SetConnectionErrors(const ado::ErrorSource& connection) = 0;
   /// Shows the error set before; the button pressed.
   virtual std::int16_t ShowError(const std::string& application, const std::string& caption,
                                  const std::string& procedure, std::int32_t style) = 0;
@@ -125,12 +126,19 @@ class ScriptModel : public ObjectModel {
   virtual void RunEvent(const std::string& event, bool& cancel) = 0;
 };
 
+/// A field of the host's status bar.
+class StatusBarPanel {
+ public:
+  virtual ~StatusBarPanel() = default;
+  virtual void setText(const std::string& text) = 0;
+};
+
 /// The host's status bar.
 class StatusBar {
  public:
   virtual ~StatusBar() = default;
-  /// `panel` counts from 1.
-  virtual void SetPanelText(std::int32_t panel, const std::string& text) = 0;
+  /// The item of the collection `Panels`; `item` counts from 1.
+  virtual Ref<StatusBarPanel> Panels(std::int32_t item) = 0;
 };
 
 }  // namespace kebu::host

@@ -6,7 +6,10 @@
 #include <vector>
 
 #include "tests/windows/transcript.h"
+#include "windows/ado/ado_objects.h"
+#include "windows/ado/error_collection.h"
 #include "windows/host/navigator_events.h"
+#include "windows/support/automation.h"
 #include "workbench/engine/execution/database.h"
 #include "workbench/host/global_services.h"
 #include "workbench/host/host_status_bar.h"
@@ -16,6 +19,8 @@
 namespace kebu::tests {
 
 namespace {
+
+using windows::ComPtr;
 
 /// Answers every box with "no" and records it.
 class RefusingUser : public workbench::User {
@@ -53,6 +58,16 @@ ado::Errors someErrors() {
           {5, "secondo", "Altro", 0, ""}};
 }
 
+/// A connection that is none of ADO's, after a failing call.
+class Failed : public ado::ErrorSource {
+ public:
+  explicit Failed(ado::Errors errors) : errors_(std::move(errors)) {}
+  ado::Errors errors() const override { return errors_; }
+
+ private:
+  ado::Errors errors_;
+};
+
 void useServices(const Ref<host::ClsGlobal>& global, Transcript& transcript) {
   transcript.record("string", [&] { return global->ConnectionString(); });
   transcript.record("company", [&] { return global->CompanyCode(); });
@@ -66,9 +81,9 @@ void useServices(const Ref<host::ClsGlobal>& global, Transcript& transcript) {
 
   const Ref<host::LogService> log = global->CreateLog();
   transcript.record("error", [&] { log->SetError(-2147217900, "perché", "Provider"); });
-  transcript.record("errors", [&] { log->SetConnectionErrors(someErrors()); });
+  transcript.record("errors", [&] { log->SetConnectionErrors(Failed(someErrors())); });
   transcript.record("show", [&] { return log->ShowError("APP", "Titolo", "Form_Load", 4370); });
-  transcript.record("no errors", [&] { log->SetConnectionErrors({}); });
+  transcript.record("no errors", [&] { log->SetConnectionErrors(Failed({})); });
   transcript.record("show", [&] { return log->ShowError("APP", "Titolo", "Form_Load", 4370); });
 
   const Ref<ado::Connection> connection = global->CreateConnectionProvider()->NewConnection();
@@ -162,9 +177,71 @@ TEST(HostServices, MayBeAbsent) {
 
 TEST(HostStatusBar, ReceivesTexts) {
   const auto bar = makeRef<workbench::HostStatusBar>();
-  windows::wrapStatusBar(workbench::automate(Ref<host::StatusBar>(bar)).get())
-      ->SetPanelText(2, "Città");
-  EXPECT_EQ(bar->panels(), (std::map<std::int32_t, std::string>{{2, "Città"}}));
+  const auto throughCom =
+      windows::wrapStatusBar(workbench::automate(Ref<host::StatusBar>(bar)).get());
+  throughCom->Panels(2)->setText("Città");
+  EXPECT_EQ(bar->panels()[0]->text(), "");
+  EXPECT_EQ(bar->panels()[1]->text(), "Città");
+  EXPECT_THROW(throughCom->Panels(3), RuntimeError);
+}
+
+constexpr windows::Member<ComPtr<IDispatch>> connectionMembers[] = {
+    {L"Errors",
+     [](ComPtr<IDispatch>& errors, const windows::Arguments&) { return windows::Variant(errors); }},
+};
+constexpr windows::Member<ComPtr<IDispatch>> logMembers[] = {
+    {L"SetConnectionErrors",
+     [](ComPtr<IDispatch>& given, const windows::Arguments& arguments) {
+       given = arguments.object(0);
+       return windows::nothing();
+     }},
+};
+constexpr windows::Member<ComPtr<IDispatch>> globalMembers[] = {
+    {L"CreateLog",
+     [](ComPtr<IDispatch>& log, const windows::Arguments&) { return windows::Variant(log); }},
+};
+
+/// An object whose members use one other object.
+template <std::size_t Size>
+ComPtr<IDispatch> holding(const std::shared_ptr<ComPtr<IDispatch>>& other,
+                          const windows::Member<ComPtr<IDispatch>> (&members)[Size]) {
+  return windows::automated<ComPtr<IDispatch>>(other, members);
+}
+
+TEST(HostLog, IsGivenTheConnectionsOwnErrors) {
+  const auto errors = windows::newErrorCollection(someErrors());
+  const auto connection = windows::wrapConnection(
+      holding(std::make_shared<ComPtr<IDispatch>>(errors), connectionMembers).get());
+  const auto given = std::make_shared<ComPtr<IDispatch>>();
+  const auto global = windows::wrapClsGlobal(
+      holding(std::make_shared<ComPtr<IDispatch>>(holding(given, logMembers)), globalMembers)
+          .get());
+  global->CreateLog()->SetConnectionErrors(*connection);
+  EXPECT_EQ(given->get(), errors.get());
+}
+
+TEST(ErrorCollection, CanBeEnumerated) {
+  const auto collection = windows::newErrorCollection(someErrors());
+  VARIANT answer;
+  VariantInit(&answer);
+  DISPPARAMS none{};
+  ASSERT_EQ(collection->Invoke(DISPID_NEWENUM, IID_NULL, 0, DISPATCH_METHOD | DISPATCH_PROPERTYGET,
+                               &none, &answer, nullptr, nullptr),
+            S_OK);
+  ASSERT_EQ(answer.vt, VT_UNKNOWN);
+  const auto entries = ComPtr<IUnknown>::adopt(answer.punkVal).as<IEnumVARIANT>();
+  ASSERT_TRUE(entries);
+  std::vector<std::string> found;
+  for (windows::Variant entry; entries->Next(1, entry.put(), nullptr) == S_OK;) {
+    found.push_back(windows::Dispatch(windows::objectIn(entry.get())).text(L"Description"));
+  }
+  EXPECT_EQ(found, (std::vector<std::string>{"Nome di oggetto non valido: «È»", "secondo"}));
+
+  std::wstring copy = L"_newenum";
+  LPOLESTR name = copy.data();
+  DISPID id = 0;
+  EXPECT_EQ(collection->GetIDsOfNames(IID_NULL, &name, 1, 0, &id), S_OK);
+  EXPECT_EQ(id, DISPID_NEWENUM);
 }
 
 TEST(Identity, AHostsObjectComesOutAsItself) {

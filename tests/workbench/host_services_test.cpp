@@ -34,11 +34,22 @@ TEST(Messages, NumberedOnesComeTranslatedFromTheStore) {
   EXPECT_EQ(user.boxes, expected);
 }
 
+/// A connection whose last call failed.
+class FailingConnection : public ado::ErrorSource {
+ public:
+  explicit FailingConnection(ado::Errors errors) : errors_(std::move(errors)) {}
+  ado::Errors errors() const override { return errors_; }
+
+ private:
+  ado::Errors errors_;
+};
+
 TEST(ErrorLog, ShowsAllThatIsKnownOfTheError) {
   TestUser user;
   ErrorLog log(user);
   log.SetError(-2147217865, "Invalid object name.", "OLE DB");
-  log.SetConnectionErrors({{-2147217865, "Invalid object name 'X'.", "SQL Server", 208, "42S02"}});
+  log.SetConnectionErrors(
+      FailingConnection({{-2147217865, "Invalid object name 'X'.", "SQL Server", 208, "42S02"}}));
   EXPECT_EQ(log.ShowError("KEBU", "Parametri", "ShowChild", 4370), msgbox::abort);
   // The connection's errors belong to the error that they came with.
   log.SetError(13, "Type mismatch", "KEBU");

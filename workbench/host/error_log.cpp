@@ -10,8 +10,8 @@ void ErrorLog::SetError(std::int32_t number, const std::string& description,
   connectionErrors_.clear();
 }
 
-void ErrorLog::SetConnectionErrors(const ado::Errors& errors) {
-  connectionErrors_ = errors;
+void ErrorLog::SetConnectionErrors(const ado::ErrorSource& connection) {
+  connectionErrors_ = connection.errors();
 }
 
 std::int16_t ErrorLog::ShowError(const std::string& application, const std::string& caption,

@@ -15,7 +15,7 @@ class ErrorLog : public host::LogService {
 
   void SetError(std::int32_t number, const std::string& description,
                 const std::string& source) override;
-  void SetConnectionErrors(const ado::Errors& errors) override;
+  void SetConnectionErrors(const ado::ErrorSource& connection) override;
   std::int16_t ShowError(const std::string& application, const std::string& caption,
                          const std::string& procedure, std::int32_t style) override;
 

@@ -40,8 +40,11 @@ void printHost(Player& player) {
   for (const HostProperty& property : hostProperties()) {
     player.out() << "  " << property.name << " = " << hostValue(player, property) << '\n';
   }
-  for (const auto& [panel, text] : player.stage().host.statusBar().panels()) {
-    player.out() << "  status bar panel " << panel << " = \"" << text << "\"\n";
+  int number = 0;
+  for (const auto& panel : player.stage().host.statusBar().panels()) {
+    ++number;
+    if (panel->text().empty()) continue;
+    player.out() << "  status bar panel " << number << " = \"" << panel->text() << "\"\n";
   }
 }
 

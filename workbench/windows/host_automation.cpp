@@ -5,6 +5,7 @@
 #include "windows/host/host_objects.h"
 #include "windows/support/automation.h"
 #include "windows/support/safe_array.h"
+#include "workbench/host/host_status_bar.h"
 #include "workbench/windows/ado_automation.h"
 #include "workbench/windows/navigator_object.h"
 
@@ -37,6 +38,16 @@ constexpr Member<host::MessageService> messageMembers[] = {
      }},
 };
 
+/// What a collection held when it was handed over.
+class ReadErrors : public ado::ErrorSource {
+ public:
+  explicit ReadErrors(IDispatch* collection) : errors_(readErrors(collection)) {}
+  ado::Errors errors() const override { return errors_; }
+
+ private:
+  ado::Errors errors_;
+};
+
 constexpr Member<host::LogService> logMembers[] = {
     {L"SetError",
      [](host::LogService& s, Argument a) {
@@ -45,7 +56,7 @@ constexpr Member<host::LogService> logMembers[] = {
      }},
     {L"SetConnectionErrors",
      [](host::LogService& s, Argument a) {
-       s.SetConnectionErrors(readErrors(a.object(0).get()));
+       s.SetConnectionErrors(ReadErrors(a.object(0).get()));
        return nothing();
      }},
     {L"ShowError",
@@ -141,11 +152,26 @@ constexpr Member<host::ScriptModel> scriptMembers[] = {
      }},
 };
 
+constexpr Member<host::StatusBarPanel> panelMembers[] = {
+    {L"Text", nullptr, [](host::StatusBarPanel& p, Argument a) { p.setText(a.text(0)); }},
+};
+
+/// The collection of the panels, as the bar that holds them.
+constexpr Member<HostStatusBar> panelsMembers[] = {
+    {L"Item",
+     [](HostStatusBar& s, Argument a) {
+       return Variant(automated(s.Panels(a.number(0)).shared(), panelMembers));
+     }},
+    {L"Count", [](HostStatusBar& s,
+                  Argument) { return Variant(static_cast<std::int32_t>(s.panels().size())); }},
+};
+
 constexpr Member<host::StatusBar> statusBarMembers[] = {
-    {L"SetPanelText",
+    // Takes no argument, as a property does whose collection is an object of its own.
+    {L"Panels",
      [](host::StatusBar& s, Argument a) {
-       s.SetPanelText(a.number(0), a.text(1));
-       return nothing();
+       if (a.count() > 0) throw errorOf(DISP_E_BADPARAMCOUNT);
+       return Variant(automated(dynamic_cast<HostStatusBar&>(s).shared_from_this(), panelsMembers));
      }},
 };
 

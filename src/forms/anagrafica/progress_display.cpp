@@ -49,12 +49,7 @@ void ProgressDisplay::ImpostaMessaggioStato(const std::string& message, bool sho
   procedure(context_, "ImpostaMessaggioStato", [&](Procedure& p) {
     const std::string text = p.step([&] { return context_.translate(message); });
     STATUSBAR.setPanelText(messagePanel, text);
-    p.step([&] {
-      // The host's own bar shows the same, where it has one.
-      const auto& host = context_.services.host();
-      const Ref<host::StatusBar> bar = host ? host->StatusBar() : nullptr;
-      if (bar) bar->SetPanelText(messagePanel, text);
-    });
+    context_.services.showInHostStatusBar(messagePanel, text);
     STATUSBAR.setAnimated(show);
     MostraAvanzamento(show);
   });

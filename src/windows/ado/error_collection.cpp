@@ -1,9 +1,12 @@
 #include "windows/ado/error_collection.h"
 
 #include <memory>
+#include <vector>
 
 #include "windows/support/automation.h"
 #include "windows/support/dispatch.h"
+#include "windows/support/enumerator.h"
+#include "windows/support/identity.h"
 
 namespace kebu::windows {
 
@@ -23,13 +26,22 @@ constexpr Member<ado::Error> errorMembers[] = {
     {L"SQLState", [](ado::Error& e, const Arguments&) { return Variant(e.sqlState); }},
 };
 
+Variant entryOf(const ado::Error& error) {
+  return Variant(automated<ado::Error>(std::make_shared<ado::Error>(error), errorMembers));
+}
+
 constexpr Member<ado::Errors> collectionMembers[] = {
     {L"Item",
      [](ado::Errors& errors, const Arguments& arguments) {
        const auto index = static_cast<std::size_t>(arguments.number(0));
        if (index >= errors.size()) throw noSuchItem();
-       return Variant(
-           automated<ado::Error>(std::make_shared<ado::Error>(errors[index]), errorMembers));
+       return entryOf(errors[index]);
+     }},
+    {newEnumMember,
+     [](ado::Errors& errors, const Arguments&) {
+       std::vector<Variant> entries;
+       for (const ado::Error& error : errors) entries.push_back(entryOf(error));
+       return Variant(ComPtr<IUnknown>::adopt(new Variants(std::move(entries))));
      }},
     {L"Count", [](ado::Errors& errors,
                   const Arguments&) { return Variant(static_cast<std::int32_t>(errors.size())); }},
@@ -48,6 +60,13 @@ ado::Errors readErrors(IDispatch* collection) {
                       entry.number(L"NativeError"), entry.text(L"SQLState")});
   }
   return errors;
+}
+
+ComPtr<IDispatch> errorCollectionOf(const ado::ErrorSource& connection) {
+  if (const auto* adoConnection = dynamic_cast<const Foreign*>(&connection)) {
+    return Dispatch(adoConnection->comObject()).get(L"Errors").object();
+  }
+  return newErrorCollection(connection.errors());
 }
 
 ComPtr<IDispatch> newErrorCollection(const ado::Errors& errors) {

@@ -1,6 +1,6 @@
 #include "windows/com/event_source.h"
 
-#include "windows/com/enumerator.h"
+#include "windows/support/enumerator.h"
 
 namespace kebu::windows {
 

@@ -4,11 +4,11 @@
 #include "plugin/clskb_anagkelmoria.h"
 #include "windows/ado/ado_objects.h"
 #include "windows/com/active_dll.h"
-#include "windows/com/enumerator.h"
 #include "windows/com/event_source.h"
 #include "windows/com/plugin_runtime.h"
 #include "windows/host/host_objects.h"
 #include "windows/support/com_object.h"
+#include "windows/support/enumerator.h"
 #include "windows/support/identity.h"
 #include "windows/support/values.h"
 

@@ -51,8 +51,8 @@ void ForeignLogService::SetError(std::int32_t number, const std::string& descrip
   object_.call(L"SetError", {number, description, source});
 }
 
-void ForeignLogService::SetConnectionErrors(const ado::Errors& errors) {
-  object_.call(L"SetConnectionErrors", {newErrorCollection(errors)});
+void ForeignLogService::SetConnectionErrors(const ado::ErrorSource& connection) {
+  object_.call(L"SetConnectionErrors", {errorCollectionOf(connection)});
 }
 
 std::int16_t ForeignLogService::ShowError(const std::string& application,

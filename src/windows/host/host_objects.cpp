@@ -6,13 +6,21 @@ namespace kebu::windows {
 
 namespace {
 
+class ForeignStatusBarPanel : public host::StatusBarPanel, public Foreign {
+ public:
+  using Role = host::StatusBarPanel;
+  using Foreign::Foreign;
+
+  void setText(const std::string& text) override { object_.put(L"Text", text); }
+};
+
 class ForeignStatusBar : public host::StatusBar, public Foreign {
  public:
   using Role = host::StatusBar;
   using Foreign::Foreign;
 
-  void SetPanelText(std::int32_t panel, const std::string& text) override {
-    object_.call(L"SetPanelText", {panel, text});
+  Ref<host::StatusBarPanel> Panels(std::int32_t item) override {
+    return wrap<ForeignStatusBarPanel>(object_.get(L"Panels").get(L"Item", {item}).object());
   }
 };
 

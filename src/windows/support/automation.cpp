@@ -92,19 +92,29 @@ STDMETHODIMP AutomationObject::GetIDsOfNames(REFIID /*reserved*/, LPOLESTR* name
   if (!names || !ids) return E_POINTER;
   for (UINT i = 0; i < count; ++i) ids[i] = DISPID_UNKNOWN;
   if (count == 0) return S_OK;
-  for (std::size_t i = 0; i < memberCount(); ++i) {
-    if (lstrcmpiW(names[0], memberName(i)) != 0) continue;
-    ids[0] = static_cast<DISPID>(i) + 1;
-    return count == 1 ? S_OK : DISP_E_UNKNOWNNAME;  // arguments have no names
-  }
-  return DISP_E_UNKNOWNNAME;
+  const std::size_t member = indexOf(names[0]);
+  if (member == memberCount()) return DISP_E_UNKNOWNNAME;
+  const bool isNewEnum = lstrcmpiW(names[0], newEnumMember) == 0;
+  ids[0] = isNewEnum ? DISPID_NEWENUM : static_cast<DISPID>(member) + 1;
+  return count == 1 ? S_OK : DISP_E_UNKNOWNNAME;  // arguments have no names
+}
+
+std::size_t AutomationObject::indexOf(const wchar_t* name) const {
+  std::size_t member = 0;
+  while (member < memberCount() && lstrcmpiW(name, memberName(member)) != 0) ++member;
+  return member;
+}
+
+std::size_t AutomationObject::indexOf(DISPID id) const {
+  if (id == DISPID_VALUE) return 0;
+  return id == DISPID_NEWENUM ? indexOf(newEnumMember) : static_cast<std::size_t>(id - 1);
 }
 
 STDMETHODIMP AutomationObject::Invoke(DISPID id, REFIID /*reserved*/, LCID /*locale*/, WORD flags,
                                       DISPPARAMS* parameters, VARIANT* result, EXCEPINFO* exception,
                                       UINT* /*wrongArgument*/) {
   if (!parameters) return E_POINTER;
-  const auto index = static_cast<std::size_t>(id == DISPID_VALUE ? 0 : id - 1);
+  const std::size_t index = indexOf(id);
   if (index >= memberCount()) return DISP_E_MEMBERNOTFOUND;
   const bool put = (flags & (DISPATCH_PROPERTYPUT | DISPATCH_PROPERTYPUTREF)) != 0;
   const ComPtr<IDispatch> keptAlive(this);

@@ -38,6 +38,9 @@ class Arguments {
   const DISPPARAMS& parameters_;
 };
 
+/// The member that "For Each" asks for its enumerator. Its identifier is DISPID_NEWENUM.
+inline constexpr const wchar_t* newEnumMember = L"_NewEnum";
+
 /// A member of an object. Reading a property and calling a method are the same; setting a property
 /// passes the value as the last argument.
 template <class Subject>
@@ -70,6 +73,9 @@ class AutomationObject : public ComObject<IDispatch> {
   void* find(REFIID wanted) override;
 
  private:
+  // memberCount() or more when there is no such member.
+  std::size_t indexOf(const wchar_t* name) const;
+  std::size_t indexOf(DISPID id) const;
   virtual std::size_t memberCount() const = 0;
   virtual const wchar_t* memberName(std::size_t index) const = 0;
   /// False when the member cannot be used so.

@@ -41,6 +41,11 @@ class Variant {
     value_.vt = VT_DISPATCH;
     value_.pdispVal = object.detach();
   }
+  /// An object that is not known by IDispatch.
+  Variant(ComPtr<IUnknown> object) : Variant() {
+    value_.vt = VT_UNKNOWN;
+    value_.punkVal = object.detach();
+  }
   /// A copy; of a reference, a copy of what it refers to.
   static Variant copyOf(const VARIANT& value) {
     Variant copy;

@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "windows/support/com_object.h"
+#include "windows/support/variant.h"
 #include "windows/support/windows_api.h"
 
 namespace kebu::windows {
@@ -20,6 +21,9 @@ inline void handOut(ComPtr<IConnectionPoint> item, IConnectionPoint*& target) {
 }
 inline void handOut(Connection item, CONNECTDATA& target) {
   target = {item.listener.detach(), item.cookie};
+}
+inline void handOut(Variant item, VARIANT& target) {
+  target = item.detach();
 }
 
 /// A COM enumerator over a list; `Handed` is the type in which it returns an item.
@@ -59,5 +63,6 @@ class Enumerator final : public ComObject<Interface> {
 using ConnectionPoints =
     Enumerator<IEnumConnectionPoints, ComPtr<IConnectionPoint>, IConnectionPoint*>;
 using Connections = Enumerator<IEnumConnections, Connection, CONNECTDATA>;
+using Variants = Enumerator<IEnumVARIANT, Variant, VARIANT>;
 
 }  // namespace kebu::windows
