@@ -101,12 +101,36 @@ class Procedure {
   Steps& steps_;
 };
 
+/// The given name of a procedure, and the title of the boxes that report its errors.
+struct ProcedureName {
+  template <class Text>
+  ProcedureName(const Text& given, const char* title = applicationTitle)
+      : name(given), errorTitle(title) {}
+
+  std::string_view name;
+  const char* errorTitle;
+};
+
+/// Reports errors under a title.
+class TitledReporter : public ErrorReporter {
+ public:
+  TitledReporter(Services& services, const char* title) : services_(services), title_(title) {}
+  std::int16_t VisualizzaErrore(const std::string& procedure, const RuntimeError& error) override {
+    return services_.VisualizzaErrore(procedure, error, title_);
+  }
+
+ private:
+  Services& services_;
+  const char* title_;
+};
+
 /// Runs the body of a procedure under its given name, under which errors in it are reported. Gives
 /// the body's result, or a default when the procedure is left early.
 template <class Body>
-auto procedure(PageContext& context, std::string_view name, Body&& body)
+auto procedure(PageContext& context, const ProcedureName& called, Body&& body)
     -> std::invoke_result_t<Body&, Procedure&> {
-  return trap(context.services, name, [&](Steps& steps) {
+  TitledReporter reporter(context.services, called.errorTitle);
+  return trap(reporter, called.name, [&](Steps& steps) {
     Procedure p(context, steps);
     return body(p);
   });

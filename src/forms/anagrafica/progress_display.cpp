@@ -55,9 +55,9 @@ void ProgressDisplay::ImpostaMessaggioStato(const std::string& message, bool sho
   });
 }
 
-void ProgressDisplay::during(std::string_view name, const char* message,
+void ProgressDisplay::during(const ProcedureName& called, const char* message,
                              const std::function<void(Procedure&)>& body) {
-  const bool done = procedure(context_, name, [&](Procedure& p) {
+  const bool done = procedure(context_, called, [&](Procedure& p) {
     ImpostaMessaggioStato(message, true);
     body(p);
     ImpostaMessaggioStato("Pronto", false);

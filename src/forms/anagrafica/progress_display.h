@@ -35,7 +35,7 @@ class ProgressDisplay {
   /// Runs the body of a long procedure under its given name, with `message` in the
   /// status bar while it runs and "Pronto" when it is done. When it is left early
   /// its text stays, and the moving bar is hidden.
-  void during(std::string_view name, const char* message,
+  void during(const ProcedureName& called, const char* message,
               const std::function<void(Procedure&)>& body);
   /// Shows from now on how much of `total` is done.
   void expect(std::int32_t total);

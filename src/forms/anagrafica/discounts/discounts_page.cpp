@@ -170,7 +170,8 @@ void DiscountsPage::dropTable(const DiscountGrid& mode, Procedure& p) {
 void DiscountsPage::CaricaListini(DiscountGrid& mode) {
   const sql::DiscountKind& kind = kindOf(mode);
   mode.Imposta(kind);
-  progress_.during(kind.names.carica, "Caricamento listini in corso...", [&](Procedure& p) {
+  const ProcedureName called(kind.names.carica, errorTitle);
+  progress_.during(called, "Caricamento listini in corso...", [&](Procedure& p) {
     const auto painted = context_.paintedMeanwhile();
     dropTable(mode, p);
     mode.renameTable();
@@ -197,7 +198,8 @@ void DiscountsPage::showStored(DiscountGrid& mode, Procedure& p) {
 
 void DiscountsPage::AggiornaListini(DiscountGrid& mode) {
   const sql::DiscountKind& kind = kindOf(mode);
-  progress_.during(kind.names.aggiorna, "Aggiornamento listini in corso...", [&](Procedure& p) {
+  const ProcedureName called(kind.names.aggiorna, errorTitle);
+  progress_.during(called, "Aggiornamento listini in corso...", [&](Procedure& p) {
     const auto painted = context_.paintedMeanwhile();
     dropTable(mode, p);
     p.run(sql::CreaCandidati(mode.table(), p.company(), kind, priceRows_));
@@ -211,7 +213,7 @@ void DiscountsPage::AggiornaListini(DiscountGrid& mode) {
 }
 
 void DiscountsPage::EliminaListini() {
-  procedure(context_, "EliminaListini", [&](Procedure& p) {
+  procedure(context_, {"EliminaListini", errorTitle}, [&](Procedure& p) {
     for (const DiscountGrid* mode : {&onPrice, &byGrid}) {
       if (mode->isOn() || !mode->rows()) continue;
       const std::string listType = toSqlNumber(CDecN(options.CMB_LISTINISCONTO.value()));

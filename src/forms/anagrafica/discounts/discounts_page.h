@@ -37,6 +37,10 @@ class DiscountsPage : public Page {
   void viewShown(std::int32_t number);
 
  private:
+  /// Stands in for the application's title where loading, recomputing, storing or deleting rules
+  /// fails.
+  static constexpr const char* errorTitle = "Errore";
+
   void handleEvents();
   void CMB_LISTINISCONTO_ChangeRow();
   void CMD_AGGIORNA_ButtonClick();

@@ -61,7 +61,8 @@ class StepReader {
 void DiscountsPage::RegistraListini(DiscountGrid& mode) {
   if (!mode.isOn()) return;
   const sql::DiscountKind& kind = kindOf(mode);
-  progress_.during(kind.names.registra, "Registrazione listini in corso...", [&](Procedure& p) {
+  const ProcedureName called(kind.names.registra, errorTitle);
+  progress_.during(called, "Registrazione listini in corso...", [&](Procedure& p) {
     const Ref<ado::Recordset>& shown = mode.rows();
     const std::int32_t count = p.step([&] { return shown ? shown->RecordCount() : 0; });
     if (count == 1) {
