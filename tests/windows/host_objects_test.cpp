@@ -8,7 +8,6 @@
 #include "tests/windows/transcript.h"
 #include "windows/ado/ado_objects.h"
 #include "windows/ado/error_collection.h"
-#include "windows/host/navigator_events.h"
 #include "windows/support/automation.h"
 #include "workbench/engine/execution/database.h"
 #include "workbench/host/global_services.h"
@@ -269,55 +268,6 @@ TEST(Identity, AnObjectOfOursHasOneFaceAndComesBackFromIt) {
   outside.put(L"Name", "nuovo");
   EXPECT_EQ(window->Name(), "nuovo");
   EXPECT_EQ(outside.text(L"name"), "nuovo");
-}
-
-TEST(NavigatorEvents, ArriveAsLongAsTheNavigatorIsHeld) {
-  const auto navigator = makeRef<host::Navigator>();
-  const auto object = workbench::automate(navigator, windows::navigatorEventsId);
-  Transcript transcript;
-  std::vector<std::string> entries;
-  const auto note = [&](const std::string& entry) { entries.push_back(entry); };
-  const Ref<host::NamedObject> window = makeRef<Window>();
-
-  Ref<host::Navigator> heard = windows::wrapNavigator(object.get());
-  const Subscription export_ = heard->BeforeExportToOffice.connect(
-      [&](const Value& arguments) { transcript.note("export " + describe(arguments)); });
-  const Subscription layout =
-      heard->InitializeLayoutObjectModel.connect([&](const Ref<host::LayoutModel>& model) {
-        const bool isSame = model->Register("FRM", window, 1, "a") == window;
-        transcript.note(isSame ? "own object back" : "another object back");
-      });
-  const Subscription script =
-      heard->InitializeScriptObjectModel.connect([&](const Ref<host::ScriptModel>& model) {
-        bool cancel = false;
-        model->RunEvent("tsOpen", cancel);
-        transcript.note(cancel ? "refused" : "allowed");
-      });
-  const auto raiseAll = [&] {
-    navigator->BeforeExportToOffice.raise(Value("perché"));
-    navigator->InitializeLayoutObjectModel.raise(makeRef<workbench::LayoutModel>(note));
-    navigator->InitializeScriptObjectModel.raise(
-        makeRef<workbench::ScriptModel>(note, [](const std::string&) { return true; }));
-  };
-  raiseAll();
-  EXPECT_EQ(transcript.lines(),
-            (std::vector<std::string>{"export text \"perché\"", "own object back", "refused"}));
-  EXPECT_EQ(entries, (std::vector<std::string>{"layout: FRM, kind 1, \"a\""}));
-  EXPECT_EQ(windows::unwrap(heard).get(), object.get());
-
-  const std::size_t before = transcript.lines().size();
-  heard.reset();
-  raiseAll();
-  EXPECT_EQ(transcript.lines().size(), before) << "it was let go";
-
-  heard = windows::wrapNavigator(object.get());
-  const Subscription last = heard->BeforeExportToOffice.connect([&](const Value&) {
-    transcript.note("let go");
-    heard.reset();
-  });
-  raiseAll();
-  raiseAll();
-  EXPECT_EQ(transcript.lines().size(), before + 1) << "a handler may let its navigator go";
 }
 
 }  // namespace

@@ -73,9 +73,6 @@ TEST(UnusualHosts, MembersAreMissing) {
               [&] { bare->ConnectionString(); });
   expectError(438, "Object doesn't support this property or method: CreateLookups",
               [&] { bare->CreateLookups(); });
-  // A navigator without events is none.
-  expectError(459, "Object or class does not support the set of events",
-              [&] { windows::wrapNavigator(windows::unwrap(bare).get()); });
 }
 
 TEST(UnusualHosts, AnswersAreOfAnotherKind) {

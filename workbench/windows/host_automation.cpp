@@ -224,7 +224,9 @@ ComPtr<IDispatch> automate(const Ref<host::LayoutModel>& model) {
 
 ComPtr<IDispatch> automate(const Ref<host::Navigator>& navigator, REFIID events) {
   if (!navigator) return nullptr;
-  return ComPtr<IDispatch>::adopt(new NavigatorObject(navigator.shared(), events));
+  NavigatorEventInterface own = ownNavigatorEvents();
+  own.id = events;
+  return ComPtr<IDispatch>::adopt(new NavigatorObject(navigator.shared(), std::move(own)));
 }
 
 }  // namespace kebu::workbench

@@ -10,8 +10,12 @@ using windows::ComPtr;
 using windows::NavigatorEvent;
 using windows::Variant;
 
-NavigatorObject::NavigatorObject(std::shared_ptr<host::Navigator> navigator, REFIID events)
-    : Automated(std::move(navigator), {}), events_(events) {
+NavigatorObject::NavigatorObject(std::shared_ptr<host::Navigator> navigator,
+                                 windows::NavigatorEventInterface events,
+                                 ComPtr<ITypeInfo> classType)
+    : Automated(std::move(navigator), {}),
+      events_(std::move(events)),
+      classType_(std::move(classType)) {
   subscriptions_.push_back(subject()->BeforeExportToOffice.connect([this](const Value& arguments) {
     raise(NavigatorEvent::BeforeExportToOffice, windows::toVariant(arguments));
   }));
@@ -31,14 +35,18 @@ void NavigatorObject::raise(NavigatorEvent event, const Variant& argument) const
   for (const auto& [cookie, sink] : sinks) {
     VARIANT lent = argument.get();
     DISPPARAMS parameters{&lent, nullptr, 1, 0};
-    sink->Invoke(static_cast<DISPID>(event), IID_NULL, LOCALE_USER_DEFAULT, DISPATCH_METHOD,
-                 &parameters, nullptr, nullptr, nullptr);
+    for (const auto& [id, raised] : events_.events) {
+      if (raised != event) continue;
+      sink->Invoke(id, IID_NULL, LOCALE_USER_DEFAULT, DISPATCH_METHOD, &parameters, nullptr,
+                   nullptr, nullptr);
+    }
   }
 }
 
 void* NavigatorObject::find(REFIID wanted) {
   if (wanted == IID_IConnectionPointContainer) return static_cast<IConnectionPointContainer*>(this);
   if (wanted == IID_IConnectionPoint) return static_cast<IConnectionPoint*>(this);
+  if (wanted == IID_IProvideClassInfo && classType_) return static_cast<IProvideClassInfo*>(this);
   return Automated::find(wanted);
 }
 
@@ -50,7 +58,7 @@ STDMETHODIMP NavigatorObject::EnumConnectionPoints(IEnumConnectionPoints** point
 STDMETHODIMP NavigatorObject::FindConnectionPoint(REFIID events, IConnectionPoint** point) {
   if (!point) return E_POINTER;
   *point = nullptr;
-  if (events != events_) return CONNECT_E_NOCONNECTION;
+  if (events != events_.id) return CONNECT_E_NOCONNECTION;
   *point = this;
   AddRef();
   return S_OK;
@@ -58,7 +66,7 @@ STDMETHODIMP NavigatorObject::FindConnectionPoint(REFIID events, IConnectionPoin
 
 STDMETHODIMP NavigatorObject::GetConnectionInterface(IID* events) {
   if (!events) return E_POINTER;
-  *events = events_;
+  *events = events_.id;
   return S_OK;
 }
 
@@ -74,7 +82,7 @@ STDMETHODIMP NavigatorObject::Advise(IUnknown* sink, DWORD* cookie) {
   *cookie = 0;
   ComPtr<IDispatch> events;
   // The sink may know the events' interface by its own name only.
-  if (FAILED(sink->QueryInterface(events_, events.putVoid())) &&
+  if (FAILED(sink->QueryInterface(events_.id, events.putVoid())) &&
       FAILED(sink->QueryInterface(IID_IDispatch, events.putVoid()))) {
     return CONNECT_E_CANNOTCONNECT;
   }
@@ -85,6 +93,10 @@ STDMETHODIMP NavigatorObject::Advise(IUnknown* sink, DWORD* cookie) {
 
 STDMETHODIMP NavigatorObject::Unadvise(DWORD cookie) {
   return sinks_.erase(cookie) > 0 ? S_OK : CONNECT_E_NOCONNECTION;
+}
+
+STDMETHODIMP NavigatorObject::GetClassInfo(ITypeInfo** info) {
+  return windows::copyTo(classType_.get(), info);
 }
 
 STDMETHODIMP NavigatorObject::EnumConnections(IEnumConnections** connections) {

@@ -13,12 +13,15 @@
 namespace kebu::workbench {
 
 /// The host's navigator as a COM object: it has no members, only a connection point that passes on
-/// the navigator's events.
+/// the navigator's events. With a class type it also describes itself by that.
 class NavigatorObject : public windows::Automated<host::Navigator>,
                         public IConnectionPointContainer,
-                        public IConnectionPoint {
+                        public IConnectionPoint,
+                        public IProvideClassInfo {
  public:
-  NavigatorObject(std::shared_ptr<host::Navigator> navigator, REFIID events);
+  NavigatorObject(std::shared_ptr<host::Navigator> navigator,
+                  windows::NavigatorEventInterface events,
+                  windows::ComPtr<ITypeInfo> classType = {});
 
   STDMETHODIMP QueryInterface(REFIID wanted, void** object) override {
     return Automated::QueryInterface(wanted, object);
@@ -35,11 +38,14 @@ class NavigatorObject : public windows::Automated<host::Navigator>,
   STDMETHODIMP Unadvise(DWORD cookie) override;
   STDMETHODIMP EnumConnections(IEnumConnections** connections) override;
 
+  STDMETHODIMP GetClassInfo(ITypeInfo** info) override;
+
  private:
   void* find(REFIID wanted) override;
   void raise(windows::NavigatorEvent event, const windows::Variant& argument) const;
 
-  IID events_;
+  windows::NavigatorEventInterface events_;
+  windows::ComPtr<ITypeInfo> classType_;
   std::map<DWORD, windows::ComPtr<IDispatch>> sinks_;
   DWORD lastCookie_ = 0;
   std::vector<Subscription> subscriptions_;

@@ -1,5 +1,8 @@
 #include "windows/host/foreign_navigator.h"
 
+#include <algorithm>
+#include <utility>
+
 #include "windows/host/foreign_services.h"
 #include "windows/host/navigator_events.h"
 #include "windows/support/com_object.h"
@@ -11,7 +14,8 @@ namespace kebu::windows {
 /// Receives the navigator's events. The navigator may hold it longer than the connection lasts.
 class ForeignNavigator::Sink final : public ComObject<IDispatch> {
  public:
-  explicit Sink(host::Navigator& navigator) : navigator_(&navigator) {}
+  Sink(host::Navigator& navigator, NavigatorEventInterface events)
+      : navigator_(&navigator), events_(std::move(events)) {}
 
   void leave() { navigator_ = nullptr; }
 
@@ -33,10 +37,18 @@ class ForeignNavigator::Sink final : public ComObject<IDispatch> {
                       DISPPARAMS* parameters, VARIANT* /*answer*/, EXCEPINFO* raised,
                       UINT* /*badArgument*/) override {
     if (!parameters) return E_POINTER;
-    if (parameters->cArgs != 1) return DISP_E_BADPARAMCOUNT;
+    const auto known = std::find_if(events_.events.begin(), events_.events.end(),
+                                    [&](const auto& entry) { return entry.first == event; });
+    // The navigator may have events that the plug-in does not hear.
+    if (known == events_.events.end()) return DISP_E_MEMBERNOTFOUND;
+    if (!navigator_) return S_OK;
     const ComPtr<Sink> alive(this);
     try {
-      return raise(event, parameters->rgvarg[0]) ? S_OK : DISP_E_MEMBERNOTFOUND;
+      // The host may pass more arguments than the plug-in uses. The first is the last in the list.
+      const VARIANT none{};
+      raise(known->second,
+            parameters->cArgs > 0 ? parameters->rgvarg[parameters->cArgs - 1] : none);
+      return S_OK;
     } catch (...) {
       if (raised) fill(*raised, RuntimeError::current());
       return DISP_E_EXCEPTION;
@@ -45,46 +57,47 @@ class ForeignNavigator::Sink final : public ComObject<IDispatch> {
 
  protected:
   void* find(REFIID wanted) override {
-    return wanted == navigatorEventsId ? static_cast<IDispatch*>(this)
-                                       : ComObject<IDispatch>::find(wanted);
+    const bool isEvents = wanted == events_.id && !events_.isDual;
+    return isEvents ? static_cast<IDispatch*>(this) : ComObject<IDispatch>::find(wanted);
   }
 
  private:
-  /// False for an event that the interface does not have.
-  bool raise(DISPID event, const VARIANT& argument) {
-    const bool heard = navigator_ != nullptr;
-    switch (static_cast<NavigatorEvent>(event)) {
+  void raise(NavigatorEvent event, const VARIANT& argument) {
+    switch (event) {
       case NavigatorEvent::BeforeExportToOffice:
-        if (heard) navigator_->BeforeExportToOffice.raise(keptValue(argument));
-        return true;
+        navigator_->BeforeExportToOffice.raise(keptValue(argument));
+        break;
       case NavigatorEvent::InitializeLayoutObjectModel:
-        if (heard) {
-          navigator_->InitializeLayoutObjectModel.raise(
-              wrap<ForeignLayoutModel>(objectIn(argument)));
-        }
-        return true;
+        navigator_->InitializeLayoutObjectModel.raise(wrap<ForeignLayoutModel>(objectIn(argument)));
+        break;
       case NavigatorEvent::InitializeScriptObjectModel:
-        if (heard) {
-          navigator_->InitializeScriptObjectModel.raise(
-              wrap<ForeignScriptModel>(objectIn(argument)));
-        }
-        return true;
+        navigator_->InitializeScriptObjectModel.raise(wrap<ForeignScriptModel>(objectIn(argument)));
+        break;
     }
-    return false;
   }
 
   host::Navigator* navigator_;
+  NavigatorEventInterface events_;
 };
 
 ForeignNavigator::ForeignNavigator(ComPtr<IDispatch> object) : Foreign(std::move(object)) {
   const auto container = comObject().as<IConnectionPointContainer>();
-  if (!container) throw errorOf(CONNECT_E_NOCONNECTION);
-  check(container->FindConnectionPoint(navigatorEventsId, point_.put()));
-  sink_ = ComPtr<Sink>::adopt(new Sink(*this));
-  check(point_->Advise(sink_.get(), &cookie_));
+  if (!container) return;
+  for (NavigatorEventInterface& events : eventInterfacesOf(comObject())) {
+    ComPtr<IConnectionPoint> point;
+    if (events.events.empty() || FAILED(container->FindConnectionPoint(events.id, point.put()))) {
+      continue;
+    }
+    auto sink = ComPtr<Sink>::adopt(new Sink(*this, std::move(events)));
+    if (FAILED(point->Advise(sink.get(), &cookie_))) continue;
+    point_ = std::move(point);
+    sink_ = std::move(sink);
+    return;
+  }
 }
 
 ForeignNavigator::~ForeignNavigator() {
+  if (!sink_) return;
   sink_->leave();
   point_->Unadvise(cookie_);
 }

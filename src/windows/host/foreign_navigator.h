@@ -5,12 +5,12 @@
 
 namespace kebu::windows {
 
-/// The host's navigator; its events are heard until this ends.
+/// The host's navigator; its events are heard until this ends. A navigator without events that this
+/// knows is kept as well.
 class ForeignNavigator : public host::Navigator, public Foreign {
  public:
   using Role = host::Navigator;
 
-  /// RuntimeError 459 when the object has no connection point for the events.
   explicit ForeignNavigator(ComPtr<IDispatch> object);
   ~ForeignNavigator() override;
 

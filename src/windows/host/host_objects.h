@@ -15,8 +15,8 @@
 namespace kebu::windows {
 
 Ref<host::ClsGlobal> wrapClsGlobal(IDispatch* object);
-/// Receives the navigator's events for as long as the reference lives.
-/// RuntimeError 459 when the object has no connection point for them.
+/// Receives the navigator's events for as long as the reference lives. An object that raises none
+/// of them is kept all the same.
 Ref<host::Navigator> wrapNavigator(IDispatch* object);
 Ref<host::StatusBar> wrapStatusBar(IDispatch* object);
 Ref<host::NamedObject> wrapNamedObject(IDispatch* object);
