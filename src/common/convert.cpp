@@ -56,6 +56,13 @@ char toUpperAscii(char c) {
   return c >= 'a' && c <= 'z' ? static_cast<char>(c - 'a' + 'A') : c;
 }
 
+/// What a kept value stands for; RuntimeError 13 for any other object.
+Value nearestTo(const std::shared_ptr<Object>& object) {
+  const auto* const kept = dynamic_cast<const KeptValue*>(object.get());
+  if (!kept) throw RuntimeError::typeMismatch();
+  return kept->nearest();
+}
+
 }  // namespace
 
 std::string toText(const Value& value) {
@@ -68,7 +75,7 @@ std::string toText(const Value& value) {
       [](const Decimal& v) { return runtimeLocale().format(v); },
       [](const Date& v) { return runtimeLocale().format(v); },
       [](const std::string& v) { return v; },
-      [](const std::shared_ptr<Object>&) -> std::string { throw RuntimeError::typeMismatch(); });
+      [](const std::shared_ptr<Object>& v) { return toText(nearestTo(v)); });
 }
 
 std::string toDisplay(const Value& value) {
@@ -83,7 +90,7 @@ Decimal toDecimal(const Value& value) {
       [](std::int32_t v) { return Decimal(v); }, [](const Decimal& v) { return v; },
       [](const Date& v) { return serialOf(v); },
       [](const std::string& v) { return parsedDecimal(v); },
-      [](const std::shared_ptr<Object>&) -> Decimal { throw RuntimeError::typeMismatch(); });
+      [](const std::shared_ptr<Object>& v) { return toDecimal(nearestTo(v)); });
 }
 
 std::int16_t toInt16(const Value& value) {

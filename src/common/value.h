@@ -17,6 +17,15 @@ class Object {
   virtual ~Object() = default;
 };
 
+class Value;
+
+/// A value of a kind that `Value` does not have, kept as it came.
+class KeptValue : public Object {
+ public:
+  /// The value of the nearest kind that `Value` has; RuntimeError 13 when there is none.
+  virtual Value nearest() const = 0;
+};
+
 struct Null {
   friend bool operator==(Null, Null) { return true; }
 };

@@ -80,6 +80,20 @@ Variant number(double value) {
   return result;
 }
 
+Variant amount(double value) {
+  Variant result;
+  result.raw().vt = VT_CY;
+  result.raw().cyVal.int64 = static_cast<LONGLONG>(value * 10000);
+  return result;
+}
+
+Variant byte(BYTE value) {
+  Variant result;
+  result.raw().vt = VT_UI1;
+  result.raw().bVal = value;
+  return result;
+}
+
 Variant bytes() {
   Variant result;
   result.raw().vt = VT_ARRAY | VT_UI1;
@@ -96,14 +110,16 @@ std::vector<Property> properties() {
   const std::vector<Variant> objects = {object, nothing};
   const auto navigator =
       workbench::automate(makeRef<host::Navigator>(), windows::navigatorEventsId);
-  const std::vector<Variant> navigators = {Variant(ComPtr<IDispatch>(navigator.get())), nothing};
+  // The second one raises no events.
+  const std::vector<Variant> navigators = {Variant(ComPtr<IDispatch>(navigator.get())), object,
+                                           nothing};
   const std::vector<Variant> flags = {true, false};
   const std::vector<Variant> narrow = {std::int32_t{2}, std::int32_t{-32768}};
   const std::vector<Variant> handle = {std::int32_t{0x12345678}, std::int32_t{-2}};
   const std::vector<Variant> places = {std::int32_t{240}, std::int32_t{-70000}};
-  const std::vector<Variant> anything = {"perché",         std::int16_t{7}, Variant::null(), object,
-                                         date(45356.5625), number(0.1),     bytes(),         {}};
-  const std::vector<Variant> texts = {"Parametri à", "", std::int16_t{7}, {}};
+  const std::vector<Variant> anything = {
+      "perché",    std::int16_t{7}, Variant::null(), object,  date(45356.5625),
+      number(0.1), amount(12.5),    byte(3),         bytes(), {}};
   const Variant zero = std::int32_t{0};
   return {
       {MEMBER(putref_, ClsGlobal), objects, nothing},
@@ -121,7 +137,7 @@ std::vector<Property> properties() {
       {MEMBER(put_, MenuModulo), anything, {}},
       {MEMBER(put_, MenuPadre), anything, {}},
       {MEMBER(put_, MenuProg), anything, {}},
-      {MEMBER(put_, Caption), texts, {}},
+      {MEMBER(put_, Caption), anything, {}},
       {MEMBER(put_, hwndParent), handle, zero},
       {MEMBER(putref_, Connection), objects, nothing},
       {L"Cwindow", nullptr, get<&::Cinterface::get_Cwindow>, {}, nothing},

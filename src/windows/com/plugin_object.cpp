@@ -126,7 +126,7 @@ class PluginObject final
   }
   STDMETHODIMP get_MenuProg(VARIANT* value) override { return get(&Members::MenuProg, value); }
   STDMETHODIMP put_Caption(VARIANT value) override {
-    return set(&Members::setCaption, [&] { return toValue(value); });
+    return set(&Members::setCaption, [&] { return keptValue(value); });
   }
   STDMETHODIMP get_Caption(VARIANT* value) override { return get(&Members::Caption, value); }
   STDMETHODIMP put_hwndParent(LONG value) override {

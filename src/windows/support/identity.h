@@ -6,6 +6,7 @@
 #include "common/ref.h"
 #include "common/value.h"
 #include "windows/support/dispatch.h"
+#include "windows/support/values.h"
 #include "windows/support/variant.h"
 #include "windows/support/windows_api.h"
 
@@ -35,11 +36,12 @@ class ForeignObject : public Object, public Foreign {
   using Foreign::Foreign;
 };
 
-/// A variant of a type that `Value` does not have, only passed on.
-class ForeignVariant : public Object {
+/// A variant of a type that `Value` does not have, kept as it came.
+class ForeignVariant : public KeptValue {
  public:
   explicit ForeignVariant(Variant variant) : variant_(std::move(variant)) {}
   const Variant& variant() const { return variant_; }
+  Value nearest() const override { return toValue(variant_.get()); }
 
  private:
   Variant variant_;

@@ -242,7 +242,29 @@ bool FRMKB_ANAGRAFICA::RichiestaConfermaModifiche(controls::RecordFrame* frame, 
   });
 }
 
-void FRMKB_ANAGRAFICA::ChangeStatus(controls::RecordFrame& frame) {
+std::int16_t FRMKB_ANAGRAFICA::VisualizzaErrore(const std::string& procedure) {
+  return services_.VisualizzaErrore(procedure);
+}
+
+std::string FRMKB_ANAGRAFICA::TranslateString(const std::string& text) {
+  return services_.TranslateString(text);
+}
+
+std::int32_t FRMKB_ANAGRAFICA::VLTMsgBox(const Value& prompt, std::int32_t buttons,
+                                         const Value& title, const Value& context) {
+  return services_.VLTMsgBox(prompt, buttons, title, context);
+}
+
+std::int32_t FRMKB_ANAGRAFICA::VLTMsgBoxFromId(std::int32_t id, std::int32_t buttons,
+                                               const Value& title, const Value& context) {
+  return services_.VLTMsgBoxFromId(id, buttons, title, context);
+}
+
+void FRMKB_ANAGRAFICA::ChangeStatus(const Ref<host::NamedObject>& frame) {
+  if (const auto* own = dynamic_cast<const controls::RecordFrame*>(frame.get())) ChangeStatus(*own);
+}
+
+void FRMKB_ANAGRAFICA::ChangeStatus(const controls::RecordFrame& frame) {
   procedure(context_, "ChangeStatus", [&](Procedure&) {
     if (&frame == &FME_ANAGRAFICA) {
       profile_.FME_ANAGRAFICA_ChangeStatus(FrameStatus::Browsing, FrameStatus::SetByProcedure);

@@ -26,12 +26,13 @@
 #include "forms/runtime.h"
 #include "forms/services.h"
 #include "host/cinterface.h"
+#include "host/window_members.h"
 
 namespace kebu::forms {
 
 /// The configuration window: wires its pages together, opens the connection that
 /// they work on, switches between them and closes.
-class FRMKB_ANAGRAFICA : public controls::Form {
+class FRMKB_ANAGRAFICA : public controls::Form, public host::WindowMembers {
  public:
   explicit FRMKB_ANAGRAFICA(const Runtime& runtime);
   ~FRMKB_ANAGRAFICA() override;
@@ -46,6 +47,14 @@ class FRMKB_ANAGRAFICA : public controls::Form {
 
   /// The profile's record frame. Holding it keeps the window alive.
   Ref<host::NamedObject> profileFrame();
+
+  std::int16_t VisualizzaErrore(const std::string& procedure) override;
+  void ChangeStatus(const Ref<host::NamedObject>& frame) override;
+  std::string TranslateString(const std::string& text) override;
+  std::int32_t VLTMsgBox(const Value& prompt, std::int32_t buttons, const Value& title,
+                         const Value& context) override;
+  std::int32_t VLTMsgBoxFromId(std::int32_t id, std::int32_t buttons, const Value& title,
+                               const Value& context) override;
 
  private:
   Services services_;  // before what reports through it
@@ -81,7 +90,7 @@ class FRMKB_ANAGRAFICA : public controls::Form {
   void CambiaVisualizzazione(std::int32_t view);
   bool RichiestaConfermaModifiche(controls::RecordFrame* frame, std::int32_t view,
                                   bool restoreStatus, bool cancellable);
-  void ChangeStatus(controls::RecordFrame& frame);
+  void ChangeStatus(const controls::RecordFrame& frame);
   void VisualizzaVista(std::int32_t number);
   void NascondiViste();
   void SBAR_MAIN_OnClickItemLink(const controls::SideBar::Link& link);
