@@ -33,7 +33,8 @@ void QueryGrid::addColumn(const GridColumn& definition, const Translator& transl
                 translated(definition.caption),
                 definition.width,
                 definition.kind,
-                {}};
+                {},
+                std::string(definition.lookup)};
   for (const ValueListItem& item : definition.items) {
     column.items.emplace_back(item.code, translated(item.caption));
   }

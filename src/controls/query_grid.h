@@ -46,6 +46,7 @@ struct GridColumn {
   std::int32_t width = 0;  ///< twips; 0 for a hidden column, whose value list others borrow
   ColumnKind kind = ColumnKind::Text;
   std::span<const ValueListItem> items = {};  ///< of a value list
+  std::string_view lookup = {};               ///< the name of a code's look-up
 };
 
 /// Rows of a recordset in columns. Rows are read in blocks, when one of their cells
@@ -59,6 +60,7 @@ class QueryGrid : public OfKind<ControlKind::QueryGrid> {
     std::int32_t width = 0;
     ColumnKind kind = ColumnKind::Text;
     Items items;
+    std::string lookup;
   };
 
   QueryGrid(std::string name, ControlHost& host);

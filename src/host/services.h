@@ -80,8 +80,8 @@ struct LookupDefinition {
   std::string title;
   std::string statement;
   std::vector<std::string> captions;
-  /// The key under which the host stores a user's layout of the list; "" for the host's
-  /// own lists.
+  /// The list's name, under which the host stores a user's layout of it; "" for a list of the
+  /// host's own that nobody named.
   std::string key{};
 };
 

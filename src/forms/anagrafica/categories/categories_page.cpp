@@ -50,7 +50,10 @@ void CategoriesPage::CaricaComboClientiArticoli() {
     for (CategoryLevels* levels : {&customers_, &articles_}) {
       for (auto& level : levels->levels()) {
         for (const FixedClassification& fixed : levels->kind().fixed) {
-          level.classification.addRow(fixed.code, std::string(fixed.caption));
+          // Only the caption: the description that is proposed and stored stays Italian.
+          p.step([&] {
+            level.classification.addRow(fixed.code, context_.translate(std::string(fixed.caption)));
+          });
         }
         level.classification.select(none);
       }

@@ -55,23 +55,35 @@ constexpr controls::GridColumn columns[] = {
      .width = 2750,
      .kind = ColumnKind::ValueList,
      .items = sources},
-    {.field = "GM57_NUMLIST_LI10", .width = 500, .kind = ColumnKind::Lookup},
+    {.field = "GM57_NUMLIST_LI10",
+     .width = 500,
+     .kind = ColumnKind::Lookup,
+     .lookup = "GM57_NUMLIST_LI10_LKP"},
     {.field = "GM57_NUMLIST_LI10_DEC",
      .caption = "Listino anagrafico",
      .width = 1750,
      .kind = ColumnKind::Description},
-    {.field = "GM57_CATEGORIA", .width = 500, .kind = ColumnKind::Lookup},
+    {.field = "GM57_CATEGORIA",
+     .width = 500,
+     .kind = ColumnKind::Lookup,
+     .lookup = "GM57_CATEGORIA_LKP"},
     {.field = "GM57_CATEGORIA_DEC",
      .caption = "Categoria",
      .width = 1750,
      .kind = ColumnKind::Description},
-    {.field = "GM57_DEPGIACENZE_MG58", .width = 500, .kind = ColumnKind::Lookup},
+    {.field = "GM57_DEPGIACENZE_MG58",
+     .width = 500,
+     .kind = ColumnKind::Lookup,
+     .lookup = "GM57_DEPGIACENZE_MG58_LKP"},
     {.field = "GM57_DEPGIACENZE_MG58_DEC",
      .caption = "Deposito",
      .width = 1750,
      .kind = ColumnKind::Description},
     {.field = "GM57_QUANTITA", .caption = "Quantità", .width = 1000, .kind = ColumnKind::Number},
-    {.field = "GM57_CLIFOR_CG44", .width = 500, .kind = ColumnKind::Lookup},
+    {.field = "GM57_CLIFOR_CG44",
+     .width = 500,
+     .kind = ColumnKind::Lookup,
+     .lookup = "GM57_CLIFOR_CG44_LKP"},
     {.field = "GM57_CLIFOR_CG44_DEC",
      .caption = "Cliente",
      .width = 1750,
@@ -236,8 +248,12 @@ std::string PriceListsPage::GetStringaSqlLookup(std::int32_t type) {
 
 void PriceListsPage::QGRID_LISTINI_StartLookup(const std::string& field, Value& code) {
   procedure(context_, "QGRID_LISTINI_StartLookup", [&](Procedure& p) {
-    const auto list = lookupOf(field, p);
+    auto list = lookupOf(field, p);
     if (!list) return;
+    const auto* const column =
+        std::find_if(std::begin(columns), std::end(columns),
+                     [&](const controls::GridColumn& entry) { return entry.field == field; });
+    if (column != std::end(columns)) list->key = column->lookup;
     if (const auto chosen = p.choose(*list)) code = *chosen;
   });
 }

@@ -108,6 +108,9 @@ void ParameterPage::handleEvents() {
     TXT_NUMLIST_StartDecode(number, description);
   });
 
+  TXT_GM04_NUMNOTECLIENTI.GotFocus.on([this] { TXT_GM04_NUMNOTECLIENTI_GotFocus(); });
+  TXT_GM04_NUMNOTECLIENTI.AfterItem.on([this] { TXT_GM04_NUMNOTECLIENTI_AfterItem(); });
+
   CBO_TIPOVALORIZZ.ChangeRow.on([this] { CBO_TIPOVALORIZZ_ChangeRow(); });
   CBO_TIPOVALORIZZ.GotFocus.on([this] { valuationBefore_ = CBO_TIPOVALORIZZ.value(); });
   CBO_TIPOVALORIZZ.AfterItem.on([this] { CBO_TIPOVALORIZZ_AfterItem(); });
@@ -294,6 +297,18 @@ void ParameterPage::TXT_NUMLIST_StartDecode(const std::string& number, std::stri
           sql::DescrizioneListino(context_.companyKey(), kind, toSqlNumber(CDecN(number))),
           "MG44_DESCLIST");
     });
+  });
+}
+
+void ParameterPage::TXT_GM04_NUMNOTECLIENTI_GotFocus() {
+  procedure(context_, "TXT_GM04_NUMNOTECLIENTI_GotFocus",
+            [&](Procedure&) { customerNotesBefore_ = TXT_GM04_NUMNOTECLIENTI.text(); });
+}
+
+void ParameterPage::TXT_GM04_NUMNOTECLIENTI_AfterItem() {
+  procedure(context_, "TXT_GM04_NUMNOTECLIENTI_AfterItem", [&](Procedure& p) {
+    if (TXT_GM04_NUMNOTECLIENTI.text() == customerNotesBefore_) return;
+    p.step([&] { context_.profile.markModified(); });
   });
 }
 

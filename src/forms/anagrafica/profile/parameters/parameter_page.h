@@ -78,6 +78,8 @@ class ParameterPage : public Page {
   void CBO_TIPOVALORIZZ_ChangeRow();
   void CBO_TIPOVALORIZZ_AfterItem();
   void CMB_GM04_INDTIPODEPIMP_ChangeRow();
+  void TXT_GM04_NUMNOTECLIENTI_GotFocus();
+  void TXT_GM04_NUMNOTECLIENTI_AfterItem();
 
   PageContext& context_;
   Ref<ado::Recordset> rows_;
@@ -85,6 +87,7 @@ class ParameterPage : public Page {
   std::deque<controls::EditBox> plainBoxes_;
   /// The valuation when its combo received the focus.
   Value valuationBefore_;
+  std::string customerNotesBefore_;  ///< the number of notes when its box got the focus
 };
 
 }  // namespace kebu::forms
