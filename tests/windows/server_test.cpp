@@ -287,6 +287,41 @@ TEST(Trace, EachInstanceReportsItsBeginningAndEnd) {
   EXPECT_NE(identifier(0), identifier(1));
 }
 
+/// A listener of the host's that fails.
+class FailingListener final : public windows::ComObject<IDispatch> {
+ public:
+  STDMETHODIMP GetTypeInfoCount(UINT*) override { return E_NOTIMPL; }
+  STDMETHODIMP GetTypeInfo(UINT, LCID, ITypeInfo**) override { return E_NOTIMPL; }
+  STDMETHODIMP GetIDsOfNames(REFIID, LPOLESTR*, UINT, LCID, DISPID*) override { return E_NOTIMPL; }
+  STDMETHODIMP Invoke(DISPID, REFIID, LCID, WORD, DISPPARAMS*, VARIANT*, EXCEPINFO* raised,
+                      UINT*) override {
+    windows::fill(*raised, RuntimeError(75, "Accesso negato", "Host"));
+    return DISP_E_EXCEPTION;
+  }
+};
+
+TEST(Trace, ReportsWhatIsIgnored) {
+  const ComPtr<::Cinterface> plugin = createInstance();
+  const ComPtr<IConnectionPoint> point = eventsOf(plugin);
+  DWORD cookie = 0;
+  check(point->Advise(ComPtr<IDispatch>::adopt(new FailingListener).get(), &cookie));
+  std::ostringstream trace;
+  {
+    const workbench::TraceListener tracing(trace);
+    Variant array;
+    array.raw().vt = VT_ARRAY | VT_I4;
+    array.raw().parray = SafeArrayCreateVector(VT_I4, 0, 1);
+    EXPECT_EQ(plugin->put_Left(array.get()), S_OK);
+    EXPECT_EQ(plugin->put_WindowState(70000), S_OK);
+    Variant result;
+    EXPECT_EQ(plugin->TransferData(Variant("x").get(), result.put()), S_OK);
+  }
+  EXPECT_EQ(trace.str(),
+            "KVRE:|put_Left|13|KEBU_ANAGKELMORIA|Type mismatch\n"
+            "KVRE:|WindowState|6|KEBU_ANAGKELMORIA|Overflow\n"
+            "KVRE:|DataTransfer|75|Host|Accesso negato\n");
+}
+
 TEST(ActiveDll, AnInstanceThatHoldsItselfEndsWithItsLastReference) {
   std::ostringstream trace;
   const workbench::TraceListener tracing(trace);

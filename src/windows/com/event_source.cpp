@@ -1,17 +1,24 @@
 #include "windows/com/event_source.h"
 
+#include "common/swallowed_errors.h"
+#include "windows/com/system_platform.h"
+#include "windows/support/com_error.h"
 #include "windows/support/enumerator.h"
 
 namespace kebu::windows {
 
-void EventSource::raise(DISPID event, const Variant& argument) const {
+void EventSource::raise(const char* name, DISPID event, const Variant& argument) const {
   const auto listeners = listeners_;  // a listener may leave during the call
   for (const auto& [cookie, listener] : listeners) {
     VARIANT lent = argument.get();
     DISPPARAMS parameters = {&lent, nullptr, 1, 0};
     Variant answer;
-    listener->Invoke(event, IID_NULL, LOCALE_USER_DEFAULT, DISPATCH_METHOD, &parameters,
-                     answer.put(), nullptr, nullptr);
+    EXCEPINFO raised = {};
+    const HRESULT result = listener->Invoke(event, IID_NULL, LOCALE_USER_DEFAULT, DISPATCH_METHOD,
+                                            &parameters, answer.put(), &raised, nullptr);
+    if (SUCCEEDED(result)) continue;
+    SystemPlatform platform;
+    traceIgnored(platform, name, result == DISP_E_EXCEPTION ? errorIn(raised) : errorOf(result));
   }
 }
 

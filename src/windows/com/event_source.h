@@ -16,8 +16,8 @@ class EventSource final : public IConnectionPoint {
   EventSource(const EventSource&) = delete;
   EventSource& operator=(const EventSource&) = delete;
 
-  /// Calls every listener; return values are ignored.
-  void raise(DISPID event, const Variant& argument) const;
+  /// Calls every listener. Failures are ignored, but for a trace line under the event's name.
+  void raise(const char* name, DISPID event, const Variant& argument) const;
 
   STDMETHODIMP QueryInterface(REFIID wanted, void** object) override;
   STDMETHODIMP_(ULONG) AddRef() override { return owner_.AddRef(); }

@@ -1,11 +1,12 @@
 #include "windows/com/plugin_object.h"
 
-#include "common/trap.h"
+#include "common/swallowed_errors.h"
 #include "plugin/clskb_anagkelmoria.h"
 #include "windows/ado/ado_objects.h"
 #include "windows/com/active_dll.h"
 #include "windows/com/event_source.h"
 #include "windows/com/plugin_runtime.h"
+#include "windows/com/system_platform.h"
 #include "windows/host/host_objects.h"
 #include "windows/support/com_object.h"
 #include "windows/support/enumerator.h"
@@ -50,7 +51,7 @@ class PluginObject final
         entry_(class_.shared(), this),
         dataTransfer_(__uuidof(::DCLSKB_ANAGKELMORIAEvents), *this),
         dataTransferred_(class_->DataTransfer.connect([this](const Value& data) {
-          dataTransfer_.raise(dataTransferEvent, toVariant(data));
+          dataTransfer_.raise("DataTransfer", dataTransferEvent, toVariant(data));
         })) {}
 
   STDMETHODIMP putref_ClsGlobal(IDispatch* value) override {
@@ -196,25 +197,29 @@ class PluginObject final
   }
 
  private:
-  /// Calls the class and ignores errors; the object lives until the call returns.
+  // `caller` is the name of the calling member.
+
+  /// Calls the class. Errors are ignored, but for a trace line under the caller's name; the object
+  /// lives until the call returns.
   template <class Work>
-  HRESULT carryOut(Work&& work) {
+  HRESULT carryOut(Work&& work, const char* caller = __builtin_FUNCTION()) {
     const ComPtr<IUnknown> alive(identity());
-    ignoringErrors(work);
+    SystemPlatform platform;
+    ignoringErrors(platform, caller, work);
     return S_OK;
   }
 
   /// `argument` makes the argument, so that an error in making it is ignored, too.
   template <class Member, class Argument>
-  HRESULT set(Member member, Argument&& argument) {
-    return carryOut([&] { ((*class_).*member)(argument()); });
+  HRESULT set(Member member, Argument&& argument, const char* caller = __builtin_FUNCTION()) {
+    return carryOut([&] { ((*class_).*member)(argument()); }, caller);
   }
 
   template <class Member, class Target>
-  HRESULT get(Member member, Target* target) {
+  HRESULT get(Member member, Target* target, const char* caller = __builtin_FUNCTION()) {
     if (!target) return E_POINTER;
     *target = Target{};
-    return carryOut([&] { give(((*class_).*member)(), *target); });
+    return carryOut([&] { give(((*class_).*member)(), *target); }, caller);
   }
 
   Ref<plugin::CLSKB_ANAGKELMORIA> class_;
