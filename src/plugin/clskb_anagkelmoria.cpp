@@ -38,10 +38,13 @@ void CLSKB_ANAGKELMORIA::Class_Terminate() {
 
 void CLSKB_ANAGKELMORIA::DestroyClass() {
   reporting("nel metodo DestroyClass della classe principale", [&] {
+    // The host closed the window that it knows of. The others may have changes to ask about.
+    for (const auto& window : earlierWindows_) ignoring("DestroyClass", [&] { window->Unload(); });
     host_ = {};
-    // The host's models may still hold the window, which must not use released objects.
-    if (window_) window_->detach();
-    window_.reset();
+    // The host's models may still hold the windows, which must not use released objects.
+    keepEarlierWindow();
+    for (const auto& window : earlierWindows_) window->detach();
+    earlierWindows_.clear();
   });
 }
 
@@ -51,7 +54,7 @@ void CLSKB_ANAGKELMORIA::reporting(const char* place, Action&& action) {
     action();
   } catch (...) {
     const RuntimeError error = RuntimeError::current();
-    ignoringErrors([&] {
+    ignoring("messageBox", [&] {
       runtime_.platform.messageBox("Errore VB n." + std::to_string(error.number()) + " - " +
                                        error.description() + " " + place,
                                    msgbox::okOnly, toDisplay(caption_));
@@ -89,20 +92,28 @@ Ref<host::Cinterface> CLSKB_ANAGKELMORIA::ActiveDll() {
 }
 
 Value CLSKB_ANAGKELMORIA::ShowForm() {
-  ignoringErrors([&] {
-    if (window_) window_->detach();
-    window_ = makeRef<forms::FRMKB_ANAGRAFICA>(runtime_);
-    window_->setHost(host_.activeDll);
-    window_->setOwner(uncounted());
-    window_->setCaption(toText(caption_));
-    window_->Show(windowModal_);
+  ignoring("ShowForm", [&] {
+    keepEarlierWindow();
+    // A reference of its own: a modal window may call back and have another one shown.
+    const auto window = makeRef<forms::FRMKB_ANAGRAFICA>(runtime_);
+    window_ = window;
+    window->setHost(host_.activeDll);
+    window->setOwner(uncounted());
+    ignoring("Caption", [&] { window->setCaption(toText(caption_)); });
+    window->Show(windowModal_);
   });
   return {};
 }
 
+void CLSKB_ANAGKELMORIA::keepEarlierWindow() {
+  if (window_) earlierWindows_.push_back(window_);
+  window_.reset();
+  std::erase_if(earlierWindows_, [](const auto& window) { return !window->isLoaded(); });
+}
+
 Value CLSKB_ANAGKELMORIA::CloseForm() {
   bool closed = false;
-  ignoringErrors([&] {
+  ignoring("CloseForm", [&] {
     window_->Unload();
     // A window that refused still holds the host's interface.
     closed = !window_->host();
@@ -111,27 +122,28 @@ Value CLSKB_ANAGKELMORIA::CloseForm() {
 }
 
 Value CLSKB_ANAGKELMORIA::TransferData(const Value& data) {
-  ignoringErrors([&] { DataTransfer.raise(data); });
+  ignoring("TransferData", [&] { DataTransfer.raise(data); });
   return {};
 }
 
 void CLSKB_ANAGKELMORIA::InitializeLayoutObjectModel(const Ref<host::LayoutModel>& model) {
-  ignoringErrors([&] {
+  ignoring("InitializeLayoutObjectModel", [&] {
     if (!isActive()) return;
     keepWindow(model->Register(forms::windowDescription, asNamedObject(), windowKind, ""));
   });
 }
 
 void CLSKB_ANAGKELMORIA::InitializeScriptObjectModel(const Ref<host::ScriptModel>& model) {
-  ignoringErrors([&] {
+  constexpr const char* name = "InitializeScriptObjectModel";
+  ignoring(name, [&] {
     if (!isActive()) return;
-    ignoringErrors([&] {
+    ignoring(name, [&] {
       keepWindow(
           model->Register(window_->Name(), asNamedObject(), windowKind, forms::windowDescription));
     });
     const Ref<NamedObject> frame = host_.activeDll->ActiveFrame();
     if (!frame) return;
-    frame->setName("FME_ANAGRAFICA");
+    ignoring(name, [&] { frame->setName("FME_ANAGRAFICA"); });
     model->Register(frame->Name(), frame, frameKind, frame->Name());
   });
 }

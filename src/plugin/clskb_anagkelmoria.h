@@ -6,6 +6,7 @@
 
 #include "common/convert.h"
 #include "common/instance_trace.h"
+#include "common/swallowed_errors.h"
 #include "forms/anagrafica/frame/frmkb_anagrafica.h"
 #include "forms/runtime.h"
 #include "host/cinterface.h"
@@ -40,13 +41,13 @@ class CLSKB_ANAGKELMORIA : public host::Cinterface,
   void setCanQbe(bool value) override { canQbe_ = value; }
   bool CanQbe() override { return canQbe_; }
   void setWindowState(std::int32_t value) override {
-    ignoringErrors([&] { windowState_ = toInt16(value); });
+    ignoring("WindowState", [&] { windowState_ = toInt16(value); });
   }
   std::int32_t WindowState() override { return windowState_; }
   void setWindowModal(bool value) override { windowModal_ = value; }
   bool WindowModal() override { return windowModal_; }
   void setProgramMode(std::int32_t value) override {
-    ignoringErrors([&] { programMode_ = toInt16(value); });
+    ignoring("ProgramMode", [&] { programMode_ = toInt16(value); });
   }
   std::int32_t ProgramMode() override { return programMode_; }
   void setMenuModulo(const Value& value) override { menuModulo_ = value; }
@@ -63,11 +64,11 @@ class CLSKB_ANAGKELMORIA : public host::Cinterface,
   Ref<ado::Connection> Connection() override { return host_.connection; }
   Ref<host::NamedObject> Cwindow() override { return nullptr; }
   void setTop(const Value& value) override {
-    ignoringErrors([&] { top_ = toInt32(value); });
+    ignoring("Top", [&] { top_ = toInt32(value); });
   }
   Value Top() override { return top_; }
   void setLeft(const Value& value) override {
-    ignoringErrors([&] { left_ = toInt32(value); });
+    ignoring("Left", [&] { left_ = toInt32(value); });
   }
   Value Left() override { return left_; }
   void setClsVoceMenu(const Ref<Object>& value) override { host_.clsVoceMenu = value; }
@@ -101,6 +102,13 @@ class CLSKB_ANAGKELMORIA : public host::Cinterface,
   void InitializeScriptObjectModel(const Ref<host::ScriptModel>& model);
   Ref<host::NamedObject> asNamedObject() { return Ref<host::NamedObject>(window_); }
   void keepWindow(const Ref<host::NamedObject>& object);
+  /// Sets the shown window aside. It stays open, and asks its own question when it is closed.
+  void keepEarlierWindow();
+  /// Skips a failing statement of the member, but for a trace line.
+  template <class Action>
+  void ignoring(const char* member, Action&& action) {
+    ignoringErrors(runtime_.platform, member, action);
+  }
   template <class Action>
   void reporting(const char* place, Action&& action);
 
@@ -135,6 +143,8 @@ class CLSKB_ANAGKELMORIA : public host::Cinterface,
   };
   HostObjects host_;
   Ref<forms::FRMKB_ANAGRAFICA> window_;
+  /// The windows that earlier calls of ShowForm made, until they are closed.
+  std::vector<Ref<forms::FRMKB_ANAGRAFICA>> earlierWindows_;
 };
 
 }  // namespace kebu::plugin

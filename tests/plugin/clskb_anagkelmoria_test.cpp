@@ -6,68 +6,13 @@
 #include <vector>
 
 #include "common/convert.h"
-#include "tests/support/statement_recorder.h"
-#include "tests/support/test_user.h"
-#include "workbench/ado/ado_objects.h"
-#include "workbench/company/company.h"
+#include "controls/edit_box.h"
+#include "tests/plugin/plugin_fixture.h"
 #include "workbench/engine/execution/session.h"
-#include "workbench/host/global_services.h"
 #include "workbench/host/object_models.h"
-#include "workbench/player/model_desktop.h"
 
 namespace kebu::plugin {
 namespace {
-
-using workbench::ShownMessage;
-
-class RecordingPlatform : public Platform {
- public:
-  std::optional<Guid> createGuid() override {
-    ++guid_.data1;
-    return guidsWork ? std::optional(guid_) : std::nullopt;
-  }
-  void outputDebugString(const std::string& text) override {
-    if (!traceWorks) throw RuntimeError::invalidCall();
-    trace.push_back(text);
-  }
-  std::int32_t messageBox(const std::string& prompt, std::int32_t style,
-                          const std::string& title) override {
-    boxes.push_back({title, prompt, style});
-    return msgbox::ok;
-  }
-  Date now() override { return {}; }
-
-  bool guidsWork = true;
-  bool traceWorks = true;
-  std::vector<std::string> trace;
-  std::vector<ShownMessage> boxes;
-
- private:
-  Guid guid_;
-};
-
-class PluginTest : public testing::Test {
- protected:
-  Ref<CLSKB_ANAGKELMORIA> create() {
-    return CLSKB_ANAGKELMORIA::create({platform, library, desktop});
-  }
-  Ref<host::ClsGlobal> services() {
-    return makeRef<workbench::GlobalServices>(
-        workbench::HostSurroundings{user,
-                                    workbench::embeddedCompany(database, &statements),
-                                    1,
-                                    {},
-                                    [this](const std::string& line) { journal.push_back(line); }});
-  }
-
-  tests::TestUser user;
-  RecordingPlatform platform;
-  workbench::ModelDesktop desktop{user};
-  workbench::AdoLibrary library;
-  std::shared_ptr<engine::Database> database = workbench::demoCompany();
-  tests::StatementRecorder statements;
-  std::vector<std::string> journal;
-};
 
 TEST_F(PluginTest, EachInstanceTracesOneIdentifierOfItsOwn) {
   create();
@@ -98,6 +43,7 @@ TEST_F(PluginTest, PropertiesKeepWhatFitsAndSkipWhatDoesNot) {
   EXPECT_EQ(plugin->WindowState(), 2);
   plugin->setProgramMode(-32768);
   plugin->setProgramMode(-32769);
+  EXPECT_EQ(platform.trace.back(), "KVRE:|ProgramMode|6|KEBU_ANAGKELMORIA|Overflow");
   EXPECT_EQ(plugin->ProgramMode(), -32768);
   plugin->setTop("12");
   plugin->setTop("in alto");
@@ -147,6 +93,51 @@ TEST_F(PluginTest, ModalWindowReturnsWhenClosed) {
   plugin->ShowForm();
   EXPECT_EQ(modalWindows, 1);
   EXPECT_EQ(desktop.front(), nullptr);
+}
+
+TEST_F(PluginTest, EarlierWindowStaysOpenWithItsChanges) {
+  auto plugin = create();
+  plugin->setClsGlobal(services());
+  plugin->ShowForm();
+  controls::Form& earlier = *desktop.front();
+  in<controls::EditBox>(earlier, "TXT_GM04_FTPUSER").type("anna");
+  plugin->ShowForm();
+  controls::Form& later = *desktop.front();
+  ASSERT_NE(&earlier, &later);
+  EXPECT_TRUE(desktop.shows(earlier));
+  EXPECT_TRUE(user.boxes.empty());
+
+  // Only the one that was shown last is closed by the host.
+  EXPECT_EQ(plugin->CloseForm(), Value(true));
+  EXPECT_FALSE(desktop.shows(later));
+  EXPECT_TRUE(user.boxes.empty());
+  plugin->ShowForm();
+
+  user.answerTo = [](const ShownMessage&) { return msgbox::cancel; };
+  EXPECT_FALSE(earlier.Unload());
+  user.answerTo = [](const ShownMessage&) { return msgbox::yes; };
+  // It is asked at the latest when the host releases the plug-in.
+  plugin.reset();
+  EXPECT_EQ(desktop.front(), nullptr);
+  ASSERT_EQ(user.boxes.size(), 2U);
+  EXPECT_EQ(user.boxes[1].text, "Salvare le modifiche apportate?");
+  EXPECT_EQ(toText(engine::Session(database)
+                       .execute("SELECT GM04_FTPUSER FROM GM04_PARAMETRITVRO WHERE "
+                                "GM04_DITTA_CG18 = 1")
+                       .front()
+                       .rows.front()
+                       .front()),
+            "anna");
+}
+
+TEST_F(PluginTest, WindowIsShownWithoutACaptionThatIsNoText) {
+  const auto plugin = create();
+  plugin->setClsGlobal(services());
+  plugin->setCaption(Null{});
+  plugin->ShowForm();
+  ASSERT_NE(desktop.front(), nullptr);
+  EXPECT_EQ(desktop.front()->caption(), "");
+  EXPECT_EQ(platform.trace.back(), "KVRE:|Caption|94|KEBU_ANAGKELMORIA|Invalid use of Null");
 }
 
 TEST_F(PluginTest, WorkingTablesEndWithTheWindow) {
@@ -209,6 +200,27 @@ TEST_F(PluginTest, NavigatorIsHeardOnlyWhileActiveAndHeld) {
   plugin->setActiveNavigator(nullptr);
   navigator->InitializeLayoutObjectModel.raise(layout);
   EXPECT_EQ(journal.size(), 3U);
+}
+
+/// A frame of the host's that keeps its name.
+class NamedForGood : public host::NamedObject {
+ public:
+  std::string Name() const override { return "FME_OSPITE"; }
+  void setName(const std::string&) override { throw RuntimeError(383, "Property is read-only"); }
+};
+
+TEST_F(PluginTest, FrameThatCannotBeRenamedIsRegisteredAllTheSame) {
+  const auto navigator = makeRef<host::Navigator>();
+  const auto plugin = create();
+  plugin->setIsActive(true);
+  plugin->setActiveNavigator(navigator);
+  plugin->setActiveFrame(makeRef<NamedForGood>());
+  plugin->ShowForm();
+  navigator->InitializeScriptObjectModel.raise(
+      makeRef<workbench::ScriptModel>([this](const std::string& line) { journal.push_back(line); },
+                                      [](const std::string&) { return false; }));
+  ASSERT_EQ(journal.size(), 2U);
+  EXPECT_EQ(journal[1], "script: FME_OSPITE, kind 3, \"FME_OSPITE\"");
 }
 
 TEST_F(PluginTest, TransferDataPassesThrough) {

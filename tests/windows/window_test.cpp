@@ -11,6 +11,7 @@
 #include <stdexcept>
 #include <vector>
 
+#include "common/convert.h"
 #include "common/error.h"
 #include "tests/windows/arguments.h"
 #include "tests/windows/dll_host.h"
@@ -89,6 +90,22 @@ TEST_F(WindowTest, OpensModeless) {
   EXPECT_TRUE(host->close());
   EXPECT_EQ(shownForm(), nullptr);
   DestroyWindow(parent);
+}
+
+TEST_F(WindowTest, AnEarlierOneStaysOpen) {
+  DllHost host(*library);
+  host->open();
+  HWND earlier = shownForm();
+  const Ref<host::Cinterface> plugin = host->plugin();
+  plugin->ShowForm();
+  EXPECT_TRUE(IsWindowVisible(earlier));
+  EXPECT_NE(shownForm(), earlier) << "the later one is in front";
+  EXPECT_TRUE(toBoolean(plugin->CloseForm()));
+  ASSERT_EQ(shownForm(), earlier);
+  openPage(earlier, "2");
+  EXPECT_TRUE(WindowReader(earlier).control("GRPMAIN_LISTINI").visible);
+  SendMessageW(earlier, WM_CLOSE, 0, 0);
+  EXPECT_EQ(shownForm(), nullptr);
 }
 
 /// Runs on a timer while a modal window is shown.

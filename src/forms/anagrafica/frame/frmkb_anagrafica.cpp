@@ -333,7 +333,10 @@ void FRMKB_ANAGRAFICA::Form_QueryUnload(bool& cancel) {
     refreshHostStatus(p);
     closing_ = true;
     cancel = !RichiestaConfermaModifiche(&FME_ANAGRAFICA, noView, false, true);
-    ExecuteFormEvent("tsClose", cancel);
+    // The script can refuse the closing, but not allow what the user refused.
+    bool refused = cancel;
+    ExecuteFormEvent("tsClose", refused);
+    cancel = cancel || refused;
   });
   if (cancel) closing_ = false;
 }

@@ -1,0 +1,214 @@
+#include "forms/anagrafica/frame/frmkb_anagrafica.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <vector>
+
+#include "tests/plugin/plugin_fixture.h"
+#include "workbench/engine/execution/session.h"
+#include "workbench/host/host_status_bar.h"
+#include "workbench/host/object_models.h"
+
+namespace kebu::plugin {
+namespace {
+
+RuntimeError failure() {
+  return {462, "The remote server machine does not exist or is unavailable", "Host"};
+}
+
+class FailingMessages : public host::MessageService {
+ public:
+  std::string Translate(const std::string&) override { throw failure(); }
+  std::int32_t MsgBox(const Value&, std::int32_t, const Value&, const Value&) override {
+    throw failure();
+  }
+  std::int32_t MsgBoxFromId(std::int32_t, std::int32_t, const Value&, const Value&) override {
+    throw failure();
+  }
+};
+
+class FailingStatusBar : public host::StatusBar {
+ public:
+  Ref<host::StatusBarPanel> Panels(std::int32_t) override { throw failure(); }
+};
+
+/// A script that wants every event to go on.
+class AllowingScript : public workbench::ScriptModel {
+ public:
+  AllowingScript()
+      : ScriptModel([](const std::string&) {}, [](const std::string&) { return false; }) {}
+  void RunEvent(const std::string&, bool& cancel) override { cancel = false; }
+};
+
+/// The host's global services, of which a test replaces some.
+class ReplacedServices : public workbench::GlobalServices {
+ public:
+  using GlobalServices::GlobalServices;
+
+  Ref<host::MessageService> Messages() override {
+    return messages ? messages : GlobalServices::Messages();
+  }
+  Ref<host::ScriptModel> CreateScriptModel() override {
+    return script ? script : GlobalServices::CreateScriptModel();
+  }
+
+  Ref<host::MessageService> messages;
+  Ref<host::ScriptModel> script;
+};
+
+class WindowTest : public PluginTest {
+ protected:
+  void show() {
+    plugin = create();
+    plugin->setClsGlobal(global);
+    plugin->setCaption("Collegamento");
+    for (const auto& allow : {&CLSKB_ANAGKELMORIA::setCanInsert, &CLSKB_ANAGKELMORIA::setCanDelete,
+                              &CLSKB_ANAGKELMORIA::setCanUpdate}) {
+      ((*plugin).*allow)(true);
+    }
+    plugin->ShowForm();
+  }
+  void openPage(std::int32_t view) { control<controls::SideBar>("SBAR_MAIN").click(view); }
+  void press(const char* button) { control<controls::NavigatorBar>("INAV_PAR").press(button); }
+  std::string value(const std::string& statement) {
+    return toText(engine::Session(database).execute(statement).front().rows.front().front());
+  }
+  std::size_t tracedAs(const std::string& place) const {
+    return static_cast<std::size_t>(
+        std::count_if(platform.trace.begin(), platform.trace.end(), [&](const std::string& line) {
+          return line.starts_with("KVRE:|" + place + "|462|Host|");
+        }));
+  }
+
+  static constexpr std::int32_t articleCategories = 7;
+  static constexpr std::int32_t discountRules = 12;
+
+  Ref<ReplacedServices> global = makeRef<ReplacedServices>(surroundings());
+  Ref<CLSKB_ANAGKELMORIA> plugin;
+};
+
+TEST_F(WindowTest, FailingMessageServiceGivesWayToTheSystemsBox) {
+  global->messages = makeRef<FailingMessages>();
+  show();
+  EXPECT_TRUE(user.boxes.empty()) << user.boxes.front().text;
+  EXPECT_EQ(control<controls::NavigatorBar>("INAV_PAR").buttons()[1].caption, "Conferma");
+  EXPECT_GT(tracedAs("TranslateString"), 0U);
+
+  press("Elimina");
+  ASSERT_EQ(platform.boxes.size(), 1U);
+  EXPECT_EQ(platform.boxes.back(),
+            (ShownMessage{"Collegamento", "Eliminare il record corrente?", 292}));
+  EXPECT_EQ(value("SELECT COUNT(*) FROM GM03_DISPOSITIVI WHERE GM03_IDDISPOSITIVO = 2"), "1");
+
+  // A save that is refused with a message stays refused.
+  const std::string before = value("SELECT GM04_INDTIPODEPIMP FROM GM04_PARAMETRITVRO");
+  control<controls::ComboBox>("CMB_GM04_INDTIPODEPIMP").choose("1");
+  control<controls::EditBox>("TXT_GM04_DEPDOCWEB_MG58").type("");
+  press("Conferma");
+  ASSERT_EQ(platform.boxes.size(), 2U);
+  EXPECT_EQ(platform.boxes.back(), (ShownMessage{"Collegamento", "12569", 48}));
+  EXPECT_EQ(value("SELECT GM04_INDTIPODEPIMP FROM GM04_PARAMETRITVRO"), before);
+  EXPECT_TRUE(user.boxes.empty()) << user.boxes.front().text;
+}
+
+TEST_F(WindowTest, HostsProceduresReportTheirErrorsThroughIt) {
+  show();
+  auto& members = dynamic_cast<host::WindowMembers&>(*desktop.front());
+  user.answerTo = [](const ShownMessage&) { return msgbox::ignore; };
+  EXPECT_EQ(members.VisualizzaErrore("Procedura_Cliente"), 5);
+  ASSERT_EQ(user.boxes.size(), 1U);
+  EXPECT_EQ(user.boxes[0].title, "KEBU_ANAGKELMORIA - Collegamento");
+  EXPECT_EQ(user.boxes[0].text.substr(0, 34), "Errore n. 0 in Procedura_Cliente\r\n");
+  // A host may keep the window longer than it is open.
+  const auto window =
+      std::dynamic_pointer_cast<controls::Form>(desktop.front()->shared_from_this());
+  EXPECT_EQ(plugin->CloseForm(), Value(true));
+  EXPECT_EQ(members.VisualizzaErrore("Procedura_Cliente"), 3);
+  EXPECT_EQ(platform.boxes.back().text, "Classe Log non settata");
+  EXPECT_EQ(members.VLTMsgBox("Salvare?", msgbox::yesNo, "Titolo", {}), msgbox::ok);
+  EXPECT_EQ(platform.boxes.back(), (ShownMessage{"Titolo", "Salvare?", 4}));
+}
+
+TEST_F(WindowTest, ScriptCannotAllowAClosingThatTheUserRefused) {
+  global->script = makeRef<AllowingScript>();
+  show();
+  control<controls::EditBox>("TXT_GM04_FTPUSER").type("anna");
+  user.answerTo = [](const ShownMessage&) { return msgbox::cancel; };
+  EXPECT_EQ(plugin->CloseForm(), Value(false));
+  EXPECT_NE(desktop.front(), nullptr);
+}
+
+TEST_F(WindowTest, HostStatusBarShowsWhatTheWindowsOwnShows) {
+  const auto bar = makeRef<workbench::HostStatusBar>();
+  show();
+  plugin->setStatusBar(bar);
+  openPage(discountRules);
+  control<controls::ComboBox>("CMB_LISTINISCONTO").choose("1");
+  EXPECT_EQ(bar->panels()[1]->text(), "Pronto");
+  EXPECT_EQ(control<controls::StatusBar>("STATUSBAR").panels()[1], "Pronto");
+
+  plugin->setStatusBar(makeRef<FailingStatusBar>());
+  control<controls::ComboBox>("CMB_LISTINISCONTO").choose("2");
+  EXPECT_TRUE(user.boxes.empty()) << user.boxes.front().text;
+  EXPECT_GT(tracedAs("StatusBar"), 0U);
+}
+
+TEST_F(WindowTest, ProceduresOfTheDiscountRulesTitleTheirErrors) {
+  show();
+  openPage(discountRules);
+  control<controls::ComboBox>("CMB_LISTINISCONTO").choose("1");
+  control<controls::CheckBox>("CHK_SCONTOPREZZOART").tick(true);
+  control<controls::CheckBox>("CHK_GRIGLIASCONTI").tick(true);
+  engine::Session(database).execute(
+      "DROP TABLE GM61_KBDISCOUNTRULES DROP TABLE LI16_LISTARTCF DROP TABLE LI15_LISTARTCFQTA");
+
+  const auto titles = [&](auto&& action) {
+    user.boxes.clear();
+    action();
+    std::vector<std::string> shown;
+    for (const ShownMessage& box : user.boxes) {
+      shown.push_back(box.title + ": " + box.text.substr(0, box.text.find('\r')));
+    }
+    return shown;
+  };
+  using Titles = std::vector<std::string>;
+  const std::string number = "Errore - Collegamento: Errore n. -2147217900 in ";
+  EXPECT_EQ(titles([&] { press("Conferma"); }),
+            (Titles{number + "RegistraListini_1_A", number + "RegistraListini_1_B"}));
+  EXPECT_EQ(titles([&] { control<controls::Button>("CMD_AGGIORNA").click(); }),
+            (Titles{number + "AggiornaListini_1_A", number + "AggiornaListini_1_B"}));
+  control<controls::CheckBox>("CHK_SCONTOPREZZOART").tick(true);
+  // What the page's controls do by themselves keeps the application's title.
+  EXPECT_EQ(titles([&] {
+              control<controls::QueryGrid>("QGRID_SCONTOSUPREZZO").tickAll("GM61_ATTIVA", true);
+            }),
+            (Titles{"KEBU_ANAGKELMORIA - Collegamento: Errore n. -2147217900 in "
+                    "QGRID_SCONTOSUPREZZO_SelectAllClickEXT"}));
+}
+
+TEST_F(WindowTest, OnlyTheCaptionsOfComposedClassificationsAreTranslated) {
+  translations = workbench::Translations::parse("Famiglia\\Sottofamiglia\tFamily\\Subfamily\n");
+  global = makeRef<ReplacedServices>(surroundings());
+  show();
+  openPage(articleCategories);
+  auto& level = control<controls::ComboBox>("CBO_ART_AZ(2)");
+  const auto& rows = level.rows();
+  EXPECT_TRUE(std::any_of(rows.begin(), rows.end(),
+                          [](const auto& row) { return row.caption == "Family\\Subfamily"; }));
+  level.choose("253");
+  EXPECT_EQ(control<controls::EditBox>("TXT_DESC_ART_AZ(2)").text(), "Famiglia\\Sottofamiglia");
+}
+
+TEST_F(WindowTest, PriceSlotsNameTheirLookups) {
+  show();
+  std::vector<std::string> names;
+  for (const auto& column : control<controls::QueryGrid>("QGRID_LISTINI").columns()) {
+    if (column.kind == controls::ColumnKind::Lookup) names.push_back(column.lookup);
+  }
+  EXPECT_EQ(names, (std::vector<std::string>{"GM57_NUMLIST_LI10_LKP", "GM57_CATEGORIA_LKP",
+                                             "GM57_DEPGIACENZE_MG58_LKP", "GM57_CLIFOR_CG44_LKP"}));
+}
+
+}  // namespace
+}  // namespace kebu::plugin
