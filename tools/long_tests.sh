@@ -4,6 +4,7 @@
 
 long_parts=(
   "openings|the real window opened and closed 200 times, nothing left behind (Wine)"
+  "x86|the 32-bit DLL in a 32-bit Debian: COM checks, 40 openings, all scenarios (as root)"
   "tidy|clang-tidy over every source, the tests included"
   "bench|the benchmarks; fails when one is above its aim"
 )
@@ -15,6 +16,19 @@ long_openings() (
   start_virtual_screen
   in_wine build/windows-x64/tests/windows/window_tests.exe --gtest_brief \
     'build\windows-x64\workbench\KEBU_ANAGKELMORIA.dll' 200
+)
+
+long_x86() (
+  need_native_packages
+  need_windows_packages
+  source tools/debian32.sh
+  make_debian32
+  build debug workbench
+  rm -f "$native_statements"/*.jsonl
+  ctest --preset debug --parallel "$(nproc)" -R '^scenario\.' >build/scenarios.log 2>&1 ||
+    { tail -n 20 build/scenarios.log; return 1; }
+  build windows-x86
+  in_debian32 tools/check_x86
 )
 
 long_tidy() {

@@ -1,8 +1,14 @@
-# Runs Windows programs under Wine: sourced, after setup.sh. What it starts ends with the shell.
+# Runs Windows programs under Wine: sourced, after setup.sh. They are those of the preset
+# windows_preset, of windows-x64 when it is not set. What is started ends with the shell.
 
-windows_workbench=build/windows-x64/workbench/workbench.exe
+: "${windows_preset:=windows-x64}"
+windows_workbench=build/$windows_preset/workbench/workbench.exe
 
-export WINEPREFIX=$PWD/build/wine WINEARCH=win64 WINEDEBUG=${WINEDEBUG:--all}
+export WINEDEBUG=${WINEDEBUG:--all}
+case $windows_preset in
+  windows-x86) export WINEPREFIX=$PWD/build/wine32 WINEARCH=win32 ;;
+  *) export WINEPREFIX=$PWD/build/wine WINEARCH=win64 ;;
+esac
 
 # Removes Wine's messages about the missing 32-bit version.
 in_wine() { wine "$@" 2> >(sed -e '/wine32/d' -e '/multiarch/d' -e '/^wine: configuration/d' -e '/^$/d' >&2); }
