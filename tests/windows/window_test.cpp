@@ -194,7 +194,7 @@ TEST_F(WindowTest, ColumnsAreAsWideAsTheUserMakesThem) {
 /// Makes the statements on the working table of the rules on price slow.
 class SlowRules : public workbench::StatementObserver {
  public:
-  static constexpr DWORD delay = 1000;
+  static constexpr DWORD delay = 2000;
 
   void before(const std::string& text, bool /*edit*/) override {
     if (text.find("##tempPrezzo") == std::string::npos) return;
