@@ -14,7 +14,7 @@ make_debian32() {
   mirror=$(apt-get indextargets --format '$(REPO_URI)' 'Created-By: Packages' "Codename: $codename" |
     head -n 1)
   [[ -n $mirror ]] || fail "apt has no source for Debian $codename, of which a 32-bit one could be made"
-  say "Making a 32-bit Debian in $debian32, once: 1.5 GB, some minutes"
+  say "Making a 32-bit Debian in $debian32, once: 1.2 GB, some minutes"
   rm -rf "$debian32"
   mkdir -p "$debian32"
   # What debootstrap mounts ends with the namespace.
