@@ -4,7 +4,7 @@
 
 #include <string>
 
-#include "workbench/engine/functions/characters.h"
+#include "workbench/engine/values/characters.h"
 
 namespace kebu::engine {
 namespace {

@@ -91,12 +91,17 @@ Bound decimalArithmetic(ArithmeticOperator op, const Bound& a, const Bound& b,
   return {decimalCall(op, a, b, type), type};
 }
 
+/// Whether a text goes through the code page.
+bool losesCharacters(const SqlType& from, const SqlType& to) {
+  return from.isUnicode() && to.isText() && !to.isUnicode();
+}
+
 }  // namespace
 
 bool sameStorage(const SqlType& a, const SqlType& b) {
   if (a.kind == TypeKind::Null || b.kind == TypeKind::Null) return true;
   if (a.isText())
-    return b.isText() &&
+    return b.isText() && !losesCharacters(a, b) &&
            (a.kind == b.kind || (b.kind != TypeKind::Char && b.kind != TypeKind::NChar));
   if (a.isInteger()) return b.isInteger() && a.kind <= b.kind;
   if (a.kind == TypeKind::Decimal) {
@@ -117,7 +122,8 @@ Bound cast(const Bound& value, const SqlType& to, int style) {
   Bound result{value.sql, to, value.nullable};
   if (from.kind == TypeKind::Null) return result;
   const bool cut = from.isText() && to.size >= 0 && (from.size < 0 || from.size > to.size);
-  if (from.isText() && to.isText() && to.kind != TypeKind::Char && to.kind != TypeKind::NChar) {
+  if (from.isText() && to.isText() && to.kind != TypeKind::Char && to.kind != TypeKind::NChar &&
+      !losesCharacters(from, to)) {
     if (cut) result.sql = "substr(" + value.sql + ", 1, " + std::to_string(to.size) + ")";
     return result;
   }

@@ -5,7 +5,7 @@
 #include <compare>
 #include <utility>
 
-#include "workbench/engine/functions/characters.h"
+#include "workbench/engine/values/characters.h"
 
 namespace kebu::engine {
 namespace {

@@ -4,10 +4,10 @@
 #include <array>
 
 #include "common/convert.h"
-#include "workbench/engine/functions/characters.h"
 #include "workbench/engine/functions/functions.h"
 #include "workbench/engine/functions/like_pattern.h"
 #include "workbench/engine/values/cast.h"
+#include "workbench/engine/values/characters.h"
 #include "workbench/engine/values/sql_error.h"
 
 namespace kebu::engine {

@@ -6,8 +6,8 @@
 #include <string>
 #include <vector>
 
-#include "workbench/engine/functions/characters.h"
 #include "workbench/engine/functions/collation.h"
+#include "workbench/engine/values/characters.h"
 
 namespace kebu::engine {
 namespace {

@@ -7,6 +7,7 @@
 
 #include "common/convert.h"
 #include "common/overloaded.h"
+#include "workbench/engine/values/code_page.h"
 
 namespace kebu::engine {
 namespace {
@@ -76,10 +77,12 @@ ExpressionParser::CaseLevel::CaseLevel(ExpressionParser& parser) : parser_(parse
 ast::Literal literalOf(const Token& token) {
   ast::Literal literal;
   if (token.kind == TokenKind::Text) {
-    std::string text = textOf(token);
+    // Without N in front a text is one of the database's code page.
+    const bool isUnicode = token.text.front() != '\'';
+    std::string text = isUnicode ? textOf(token) : inCodePage(textOf(token));
     const auto size = static_cast<int>(charactersOf(text));
     literal.type = SqlType::text(std::max(size, 1));
-    if (token.text.front() != '\'') literal.type.kind = TypeKind::NVarChar;
+    if (isUnicode) literal.type.kind = TypeKind::NVarChar;
     literal.value = std::move(text);
     return literal;
   }
@@ -269,10 +272,7 @@ ExprPtr ExpressionParser::literal() {
   const Token token = reader_.take();
   if (literals_ == nullptr) return make(token.text, literalOf(token));
   // The tree holds the type and the place; the value comes with every run.
-  return make(token.text, ast::Literal{literals_->at(static_cast<std::size_t>(slot)),
-                                       {},
-                                       slot,
-                                       token.kind == TokenKind::Parameter});
+  return make(token.text, ast::Literal{literals_->at(static_cast<std::size_t>(slot)), {}, slot});
 }
 
 ExprPtr ExpressionParser::primary() {
@@ -281,9 +281,6 @@ ExprPtr ExpressionParser::primary() {
     case TokenKind::Integer:
     case TokenKind::Decimal:
     case TokenKind::Text:
-      return literal();
-    case TokenKind::Parameter:
-      if (literals_ == nullptr) reader_.fail();
       return literal();
     case TokenKind::Variable:
       return make(token.text, ast::Variable{reader_.variable()});

@@ -9,6 +9,7 @@
 
 #include "common/convert.h"
 #include "workbench/engine/values/cell.h"
+#include "workbench/engine/values/code_page.h"
 #include "workbench/engine/values/sql_error.h"
 
 namespace kebu::engine {
@@ -159,6 +160,7 @@ std::string plainText(const Value& value, const SqlType& to, int style) {
 
 Value toTextOfType(const Value& value, const SqlType& to, int style) {
   std::string text = value.isText() ? value.as<std::string>() : plainText(value, to, style);
+  if (!to.isUnicode()) text = inCodePage(std::move(text));
   if (to.size < 0) return text;
   const auto size = static_cast<std::size_t>(to.size);
   const std::size_t length = characterCount(text);

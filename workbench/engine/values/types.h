@@ -38,6 +38,8 @@ struct SqlType {
   static SqlType decimal(int precision, int scale);
 
   bool isText() const { return kind >= TypeKind::Char && kind <= TypeKind::NVarChar; }
+  /// Whether it is a text of any characters; the others are in the database's code page.
+  bool isUnicode() const { return kind == TypeKind::NChar || kind == TypeKind::NVarChar; }
   bool isInteger() const { return kind >= TypeKind::Bit && kind <= TypeKind::BigInt; }
   bool isNumber() const { return isInteger() || kind == TypeKind::Decimal; }
   bool isDate() const { return kind == TypeKind::Date || kind == TypeKind::DateTime; }

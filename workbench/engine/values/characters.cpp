@@ -1,4 +1,4 @@
-#include "workbench/engine/functions/characters.h"
+#include "workbench/engine/values/characters.h"
 
 #include <algorithm>
 
