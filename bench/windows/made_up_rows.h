@@ -17,6 +17,7 @@ class MadeUpRows : public ado::Recordset, public std::enable_shared_from_this<Ma
   explicit MadeUpRows(std::int32_t count) : count_(count), position_(count > 0 ? 1 : -1) {}
 
   void setCursorLocation(ado::CursorLocation) override {}
+  void setUpdateCriteria(ado::UpdateCriteria) override {}
   void Open(const std::string&, const Ref<ado::Connection>&, ado::CursorType,
             ado::LockType) override {}
   void Close() override {}

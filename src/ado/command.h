@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstdint>
 #include <string>
 #include <string_view>
 
@@ -18,7 +19,11 @@ class Command {
   virtual void setCommandText(const std::string& procedure) = 0;
   /// `name` with its "@"; RuntimeError 3265 when the procedure has none such.
   virtual void setParameter(std::string_view name, const Value& value) = 0;
-  /// Calls the procedure with the parameters set.
+  /// Seconds after which a call fails; 0 for no limit. At first usualTimeout, whatever the
+  /// connection's is.
+  virtual void setCommandTimeout(std::int32_t seconds) = 0;
+  /// Calls the procedure with the parameters set. Calls the function of the connection's
+  /// whileExecuting meanwhile.
   virtual void Execute() = 0;
 };
 

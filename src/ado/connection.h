@@ -12,6 +12,9 @@ namespace kebu::ado {
 
 class Recordset;
 
+/// The seconds that a statement may take unless another limit is set.
+inline constexpr std::int32_t usualTimeout = 30;
+
 /// One entry of the provider's error collection.
 struct Error {
   std::int32_t number = 0;
@@ -38,6 +41,9 @@ class Connection : public ErrorSource {
   virtual void Open() = 0;
   virtual void Close() = 0;
   virtual bool isOpen() const = 0;
+  /// Seconds after which a statement of this connection fails; 0 for no limit, usualTimeout at
+  /// first. Commands have a limit of their own.
+  virtual void setCommandTimeout(std::int32_t seconds) = 0;
   /// Runs a statement or batch; the first result's rows, forward-only and
   /// read-only, or a closed recordset when it returns none. A failing statement
   /// raises RuntimeError and fills errors().

@@ -23,6 +23,14 @@ enum class LockType : std::int32_t {
   Optimistic = 3,
   BatchOptimistic = 4
 };
+/// By which columns a changed row is found again in its table: the client cursor's dynamic
+/// property "Update Criteria".
+enum class UpdateCriteria : std::int32_t {
+  Key = 0,
+  AllColumns = 1,
+  UpdatedColumns = 2,  ///< the key and the old values of what was changed; ADO's default
+  TimeStamp = 3
+};
 enum class EditMode : std::int32_t { None = 0, InProgress = 1, Add = 2, Delete = 4 };
 enum class DataType : std::int32_t {
   SmallInt = 2,
@@ -69,6 +77,8 @@ class Recordset {
   virtual ~Recordset() = default;
 
   virtual void setCursorLocation(CursorLocation location) = 0;
+  /// Before Open. 3265 for a cursor on the server, which has no such property.
+  virtual void setUpdateCriteria(UpdateCriteria criteria) = 0;
   /// Runs `source` on `connection` and stands on the first row.
   virtual void Open(const std::string& source, const Ref<Connection>& connection,
                     CursorType cursorType, LockType lockType) = 0;

@@ -18,12 +18,8 @@ class RuntimeError : public std::exception {
   std::int32_t number() const { return number_; }
   const std::string& description() const { return description_; }
   const std::string& source() const { return source_; }
-  /// Whether a value was of the wrong kind or size, as a mistyped one is. For a
-  /// text too long for its field ADO has a number of its own.
-  bool isValueError() const {
-    constexpr std::int32_t textTooLong = -2147217887;
-    return number_ == 13 || number_ == 6 || number_ == textTooLong;
-  }
+  /// Whether a value was of the wrong kind or size, as a mistyped one is.
+  bool isValueError() const { return number_ == 13 || number_ == 6 || number_ == tooLong; }
   const char* what() const noexcept override { return description_.c_str(); }
 
   static RuntimeError invalidCall() { return {5, "Invalid procedure call or argument"}; }
@@ -33,6 +29,11 @@ class RuntimeError : public std::exception {
   static RuntimeError divisionByZero() { return {11, "Division by zero"}; }
   /// A text where a number or date belongs.
   static RuntimeError typeMismatch() { return {13, "Type mismatch"}; }
+  /// ADO's error for more characters than a field holds.
+  static RuntimeError textTooLong() {
+    return {tooLong, "Multiple-step operation generated errors. Check each status value.",
+            "ADODB"};
+  }
   static RuntimeError internalError(const std::string& detail = {}) {
     return {51, detail.empty() ? "Internal error" : "Internal error: " + detail};
   }
@@ -47,6 +48,8 @@ class RuntimeError : public std::exception {
   static RuntimeError current();
 
  private:
+  static constexpr std::int32_t tooLong = -2147217887;
+
   std::int32_t number_;
   std::string description_;
   std::string source_;

@@ -5,6 +5,7 @@
 #include "common/convert.h"
 #include "common/nulls.h"
 #include "common/platform.h"
+#include "controls/row_editing.h"
 
 namespace kebu::controls {
 
@@ -84,14 +85,7 @@ void QueryGrid::formatDescriptions() {
 }
 
 void QueryGrid::write(const std::vector<std::pair<std::string, Value>>& cells) {
-  try {
-    for (const auto& [field, value] : cells) rows_->setValue(field, value);
-    rows_->Update();
-  } catch (...) {
-    // What was not stored must not be sent with the next edit of the row.
-    if (rows_->editMode() != ado::EditMode::None) rows_->CancelUpdate();
-    throw;
-  }
+  writeRow(*rows_, cells);
   cache_.invalidate();
 }
 

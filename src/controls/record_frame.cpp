@@ -5,6 +5,7 @@
 
 #include "common/convert.h"
 #include "common/platform.h"
+#include "controls/row_editing.h"
 
 namespace kebu::controls {
 
@@ -65,7 +66,7 @@ void RecordFrame::setDataSource(const Ref<ado::Recordset>& rows) {
 
 void RecordFrame::setField(std::string_view name, const Value& value) {
   ensureRow();
-  rows_->setValue(name, value);
+  controls::setField(*rows_, name, value);
 }
 
 bool RecordFrame::isRecordChanged() const {
@@ -165,7 +166,11 @@ bool RecordFrame::approveUpdate() {
 
 bool RecordFrame::write() {
   return trap(host_, Name(), [&](Steps& step) {
+    const bool isNew = rows_->editMode() == ado::EditMode::Add;
     step([&] { rows_->Update(); });
+    // ADO reads no defaults of a new row, and takes for its identity the one made last, which may
+    // be that of a trigger's table.
+    if (isNew && !isRecordChanged()) step([&] { rows_->Requery(); });
     for (RecordFrame* child : children_) {
       step([&] { child->rows_->Update(); });
       child->UpdateBatchAll.raise();

@@ -4,20 +4,30 @@
 
 namespace kebu::forms {
 
-Ref<ado::Recordset> PageContext::openEditable(const std::string& statement,
-                                              ado::CursorType cursor) const {
-  return open(statement, cursor, ado::LockType::Optimistic);
+Ref<ado::Command> PageContext::newCommand() const {
+  Ref<ado::Command> command = runtime_.ado.newCommand();
+  command->setCommandTimeout(0);
+  return command;
+}
+
+Ref<ado::Recordset> PageContext::openEditable(const std::string& statement) const {
+  return open(statement, {});
+}
+
+Ref<ado::Recordset> PageContext::openWorkingTable(const std::string& statement,
+                                                  ado::CursorType cursor) const {
+  return open(statement, {.cursor = cursor, .criteria = ado::UpdateCriteria::AllColumns});
 }
 
 Ref<ado::Recordset> PageContext::openReadable(const std::string& statement) const {
-  return open(statement, ado::CursorType::Static, ado::LockType::ReadOnly);
+  return open(statement, {.lock = ado::LockType::ReadOnly});
 }
 
-Ref<ado::Recordset> PageContext::open(const std::string& statement, ado::CursorType cursor,
-                                      ado::LockType lock) const {
+Ref<ado::Recordset> PageContext::open(const std::string& statement, const Opening& opening) const {
   Ref<ado::Recordset> rows = newRecordset();
   rows->setCursorLocation(ado::CursorLocation::Client);
-  rows->Open(statement, connection, cursor, lock);
+  if (opening.criteria) rows->setUpdateCriteria(*opening.criteria);
+  rows->Open(statement, connection, opening.cursor, opening.lock);
   return rows;
 }
 

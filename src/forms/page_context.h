@@ -53,10 +53,13 @@ class PageContext {
   const Runtime& runtime() const { return runtime_; }
   controls::Desktop& desktop() const { return runtime_.desktop; }
   Ref<ado::Recordset> newRecordset() const { return runtime_.ado.newRecordset(); }
-  Ref<ado::Command> newCommand() const { return runtime_.ado.newCommand(); }
+  /// Its calls have no time limit, like the window's statements.
+  Ref<ado::Command> newCommand() const;
   /// A client recordset on the window's connection that can be edited row by row.
-  Ref<ado::Recordset> openEditable(const std::string& statement,
-                                   ado::CursorType cursor = ado::CursorType::Static) const;
+  Ref<ado::Recordset> openEditable(const std::string& statement) const;
+  /// The same on a working table, which has no key: a changed row is found by all its columns.
+  Ref<ado::Recordset> openWorkingTable(const std::string& statement,
+                                       ado::CursorType cursor = ado::CursorType::Static) const;
   /// A client recordset on the window's connection whose rows are only looked at.
   Ref<ado::Recordset> openReadable(const std::string& statement) const;
   /// The window is painted during statements as long as the result exists.
@@ -71,8 +74,12 @@ class PageContext {
   std::string translate(const std::string& text) const { return services.TranslateString(text); }
 
  private:
-  Ref<ado::Recordset> open(const std::string& statement, ado::CursorType cursor,
-                           ado::LockType lock) const;
+  struct Opening {
+    ado::CursorType cursor = ado::CursorType::Static;
+    ado::LockType lock = ado::LockType::Optimistic;
+    std::optional<ado::UpdateCriteria> criteria = {};  ///< ADO's own unless given
+  };
+  Ref<ado::Recordset> open(const std::string& statement, const Opening& opening) const;
 
   Runtime runtime_;
 };

@@ -11,6 +11,7 @@
 #include "common/trap.h"
 #include "controls/query_grid.h"
 #include "controls/record_frame.h"
+#include "controls/row_editing.h"
 #include "forms/page_context.h"
 #include "host/services.h"
 #include "sql/keys.h"
@@ -46,10 +47,14 @@ class Procedure {
   Ref<ado::Recordset> read(const std::string& statement) {
     return step([&] { return context_.connection->Execute(statement); });
   }
-  /// Opens a client recordset: one that can be edited row by row, or a read-only one.
-  Ref<ado::Recordset> openEditable(const std::string& statement,
-                                   ado::CursorType cursor = ado::CursorType::Static) {
-    return step([&] { return context_.openEditable(statement, cursor); });
+  /// Opens a client recordset: on a table whose rows can be edited one by one, on a working table
+  /// likewise, or a read-only one.
+  Ref<ado::Recordset> openEditable(const std::string& statement) {
+    return step([&] { return context_.openEditable(statement); });
+  }
+  Ref<ado::Recordset> openWorkingTable(const std::string& statement,
+                                       ado::CursorType cursor = ado::CursorType::Static) {
+    return step([&] { return context_.openWorkingTable(statement, cursor); });
   }
   Ref<ado::Recordset> openReadable(const std::string& statement) {
     return step([&] { return context_.openReadable(statement); });
@@ -66,12 +71,12 @@ class Procedure {
   void next(const Ref<ado::Recordset>& rows) {
     step([&] { rows->MoveNext(); });
   }
-  /// A column of the current row.
+  /// A column of the current row. A value that is set is converted to the column's type.
   Value value(const Ref<ado::Recordset>& rows, std::string_view column) {
     return step([&] { return rows->value(column); });
   }
   void set(const Ref<ado::Recordset>& rows, std::string_view column, const Value& value) {
-    step([&] { rows->setValue(column, value); });
+    step([&] { controls::setField(*rows, column, value); });
   }
   Value value(const controls::RecordFrame& frame, std::string_view column) {
     return step([&] { return frame.field(column); });

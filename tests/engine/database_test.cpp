@@ -156,34 +156,6 @@ TEST(Sessions, KeepPlansApartWhereLiteralsBelongToTheForm) {
   EXPECT_EQ(session.execute("SELECT 'longer' AS L").at(0).columns[0].type.size, 6);
 }
 
-TEST(Sessions, PutTheValuesOfParametersInTheirPlaces) {
-  Session session(Database::createInMemory());
-  session.execute("CREATE TABLE T (A int, B varchar(9), D decimal(9,2))");
-  session.execute("INSERT INTO T (A) VALUES (1), (2)");
-  const std::string change = "UPDATE T SET B = ?, D = ? WHERE A = ?";
-  const SqlType text = SqlType::text(9), money = SqlType::decimal(9, 2), whole = SqlType::integer();
-  const Decimal price = *Decimal::parse("12.5");
-
-  session.execute(change, {{text, "it's ?"}, {money, price}, {whole, std::int32_t{1}}});
-  EXPECT_EQ(shown(session.execute("SELECT * FROM T")), "1|it's ?|12.50\n2|NULL|NULL\n");
-  // The same text with other types, and with nothing where there was a value.
-  session.execute(change, {{text, Null{}}, {whole, std::int32_t{7}}, {money, Decimal(2)}});
-  session.execute(change, {{text, Null{}}, {money, Null{}}, {whole, std::int32_t{1}}});
-  EXPECT_EQ(shown(session.execute("SELECT * FROM T")), "1|NULL|NULL\n2|NULL|7.00\n");
-
-  EXPECT_THROW(session.execute(change, {{text, "x"}, {money, price}}), std::logic_error);
-  EXPECT_THROW(session.execute("UPDATE T SET A = 3 WHERE A = ?", {{whole, std::int32_t{1}}}),
-               std::logic_error);
-  try {
-    session.execute("UPDATE T SET B = 'why?'\nWHERE A = ?");
-    FAIL() << "no error";
-  } catch (const SqlError& error) {
-    EXPECT_EQ(error.nativeError(), 102);
-    EXPECT_NE(error.description().find("'?' (line 2, column 11)"), std::string::npos)
-        << error.description();
-  }
-}
-
 TEST(Script, NamesTheLineOfTheFailingBatch) {
   Session session(Database::createInMemory());
   try {

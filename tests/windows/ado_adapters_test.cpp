@@ -30,6 +30,8 @@ struct Recordset {
   std::vector<std::string> calls;
   std::int32_t editMode = 0;
   std::int32_t editModeError = 0;
+  /// Whether the dynamic properties of a client cursor are there only once it is open.
+  bool propertiesWhenOpen = false;
 
   bool isOpen() const { return !chain.empty() && chain.front() == Result::Rows; }
 };
@@ -75,7 +77,27 @@ Variant cancelUpdate(Recordset& recordset, const Arguments& /*arguments*/) {
   return {};
 }
 
+constexpr Member<Recordset> propertyMembers[] = {
+    {L"Value", nullptr,
+     [](Recordset& r, const Arguments& arguments) {
+       r.calls.push_back("criteria " + std::to_string(arguments.number(0)));
+     }},
+};
+
 constexpr Member<Recordset> recordsetMembers[] = {
+    {L"Open",
+     [](Recordset& r, const Arguments&) {
+       r.calls.emplace_back("Open");
+       r.chain = {Result::Rows};
+       return Variant();
+     }},
+    {L"Properties",
+     [](Recordset& r, const Arguments&) {
+       if (r.propertiesWhenOpen && !r.isOpen()) throw adoError(3265, "no such item");
+       // The reference does not own the recordset, which the test holds.
+       const std::shared_ptr<Recordset> same(&r, [](Recordset*) {});
+       return Variant(windows::automated<Recordset>(same, propertyMembers));
+     }},
     {L"State",
      [](Recordset& r, const Arguments&) { return Variant(std::int32_t{r.isOpen() ? 1 : 0}); }},
     {L"NextRecordset", nextRecordset},
@@ -147,6 +169,86 @@ TEST(AdoAdapters, TranslateAProvidersAnswers) {
   EXPECT_EQ(field.precision, 0);
   EXPECT_EQ(field.numericScale, 0);
   EXPECT_TRUE(rows->filter().empty());
+}
+
+TEST(AdoAdapters, SetTheUpdateCriteriaAsSoonAsTheyAreThere) {
+  for (const bool whenOpen : {false, true}) {
+    const auto real = std::make_shared<Recordset>();
+    real->propertiesWhenOpen = whenOpen;
+    const Ref<ado::Recordset> rows = windows::wrapRecordset(newObject(real).get());
+    rows->setUpdateCriteria(ado::UpdateCriteria::AllColumns);
+    rows->Open("ROWS", nullptr, ado::CursorType::Static, ado::LockType::Optimistic);
+    const std::vector<std::string> expected = whenOpen
+                                                  ? std::vector<std::string>{"Open", "criteria 1"}
+                                                  : std::vector<std::string>{"criteria 1", "Open"};
+    EXPECT_EQ(real->calls, expected);
+  }
+}
+
+/// A connection whose asynchronous statement fails silently: its error is in Errors only.
+struct SilentConnection {
+  std::vector<std::int32_t> errors{-2147217900};  // left from a statement before
+  std::vector<std::int32_t> coming;
+};
+
+constexpr Member<std::int32_t> errorMembers[] = {
+    {L"Number", [](std::int32_t& number, const Arguments&) { return Variant(number); }},
+    {L"Description", [](std::int32_t&, const Arguments&) { return Variant("text"); }},
+    {L"Source", [](std::int32_t&, const Arguments&) { return Variant("provider"); }},
+    {L"NativeError", [](std::int32_t&, const Arguments&) { return Variant(std::int32_t{208}); }},
+    {L"SQLState", [](std::int32_t&, const Arguments&) { return Variant("42S02"); }},
+};
+
+constexpr Member<SilentConnection> silentErrorsMembers[] = {
+    {L"Item",
+     [](SilentConnection& c, const Arguments& arguments) {
+       const auto at = static_cast<std::size_t>(arguments.number(0));
+       return Variant(windows::automated<std::int32_t>(
+           std::make_shared<std::int32_t>(c.errors.at(at)), errorMembers));
+     }},
+    {L"Count",
+     [](SilentConnection& c, const Arguments&) {
+       return Variant(static_cast<std::int32_t>(c.errors.size()));
+     }},
+    {L"Clear",
+     [](SilentConnection& c, const Arguments&) {
+       c.errors.clear();
+       return Variant();
+     }},
+};
+
+constexpr Member<SilentConnection> silentMembers[] = {
+    {L"State", [](SilentConnection&, const Arguments&) { return Variant(std::int32_t{1}); }},
+    {L"Execute",
+     [](SilentConnection& c, const Arguments&) {
+       c.errors = c.coming;
+       return Variant(newObject(std::make_shared<Recordset>()));
+     }},
+    {L"Errors",
+     [](SilentConnection& c, const Arguments&) {
+       const std::shared_ptr<SilentConnection> same(&c, [](SilentConnection*) {});
+       return Variant(windows::automated<SilentConnection>(same, silentErrorsMembers));
+     }},
+};
+
+TEST(AdoAdapters, RaiseAnErrorOfAsynchronousWorkThatIsInErrorsOnly) {
+  const auto real = std::make_shared<SilentConnection>();
+  const Ref<ado::Connection> connection =
+      windows::wrapConnection(windows::automated<SilentConnection>(real, silentMembers).get());
+  connection->whileExecuting([] {});
+  const auto numberOf = [&] {
+    try {
+      connection->Execute("STATEMENT");
+    } catch (const RuntimeError& error) {
+      return error.number();
+    }
+    return 0;
+  };
+  EXPECT_EQ(numberOf(), 0) << "the error of a statement before is not raised again";
+  real->coming = {0, 5701};
+  EXPECT_EQ(numberOf(), 0) << "messages are no errors";
+  real->coming = {0, -2147217865};
+  EXPECT_EQ(numberOf(), -2147217865);
 }
 
 TEST(AdoAdapters, EndOnlyEditsThatWereBegun) {

@@ -42,15 +42,14 @@ void AdoCommand::setParameter(std::string_view name, const Value& value) {
 
 void AdoCommand::Execute() {
   const auto& all = parameters();
-  ParameterStatement statement(all.size(), connection().isObserved());
-  statement.add("EXEC ").add(procedure_);
+  std::string statement = "EXEC " + procedure_;
   const char* separator = " ";
   for (std::size_t i = 0; i < all.size(); ++i) {
     if (!given_[i]) continue;
-    statement.add(separator).add(all[i].name).add(" = ").addValue(all[i].type, *given_[i]);
+    statement += separator + all[i].name + " = " + literalOf(*given_[i], all[i].type);
     separator = ", ";
   }
-  connection().run(statement);
+  connection().run(statement, commandTimeout_);
 }
 
 }  // namespace kebu::workbench

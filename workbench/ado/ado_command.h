@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstdint>
 #include <memory>
 #include <optional>
 #include <string>
@@ -16,6 +17,7 @@ class AdoCommand : public ado::Command {
   void setActiveConnection(const Ref<ado::Connection>& connection) override;
   void setCommandText(const std::string& procedure) override;
   void setParameter(std::string_view name, const Value& value) override;
+  void setCommandTimeout(std::int32_t seconds) override { commandTimeout_ = seconds; }
   void Execute() override;
 
  private:
@@ -24,6 +26,8 @@ class AdoCommand : public ado::Command {
 
   std::shared_ptr<AdoConnection> connection_;
   std::string procedure_;
+  /// Its own: the connection's does not apply to it.
+  std::int32_t commandTimeout_ = ado::usualTimeout;
   engine::ModulePtr description_;            ///< read at the first use
   std::vector<std::optional<Value>> given_;  ///< by the parameters' places
 };

@@ -1,5 +1,6 @@
 #include "workbench/ado/ado_connection.h"
 
+#include <optional>
 #include <utility>
 
 #include "workbench/ado/ado_error.h"
@@ -14,18 +15,23 @@ std::int64_t rowsOf(const engine::Session& session, const std::vector<engine::Re
   return onlyRead ? results.front().rowsAffected : session.rowsAffected();
 }
 
-/// The results before the first error. An error behind a result is told by ADO only when
-/// somebody asks for the next result, which the plug-in does not do; one before is thrown.
-std::vector<engine::ResultSet> untilFirstError(std::vector<engine::BatchEvent> events) {
+/// The results before the first error, and that error. ADO tells one behind a result only when
+/// somebody asks for the next result, which the plug-in does not do.
+struct Outcome {
   std::vector<engine::ResultSet> results;
+  std::optional<engine::SqlError> error;
+};
+
+Outcome untilFirstError(std::vector<engine::BatchEvent> events) {
+  Outcome outcome;
   for (auto& event : events) {
-    if (const auto* const error = std::get_if<engine::SqlError>(&event)) {
-      if (results.empty()) throw engine::SqlError(*error);
+    if (auto* const error = std::get_if<engine::SqlError>(&event)) {
+      outcome.error = std::move(*error);
       break;
     }
-    results.push_back(std::move(std::get<engine::ResultSet>(event)));
+    outcome.results.push_back(std::move(std::get<engine::ResultSet>(event)));
   }
-  return results;
+  return outcome;
 }
 
 }  // namespace
@@ -60,50 +66,53 @@ void AdoConnection::keep(const RuntimeError& error) {
   errors_.push_back(std::move(entry));
 }
 
+/// `work` gives the rows and the error that its results hide, if any.
 template <class Work>
-void AdoConnection::observed(const std::string& text, bool edit, Work&& work) {
+void AdoConnection::observed(const std::string& text, bool edit, std::int32_t timeout,
+                             Work&& work) {
   errors_.clear();
-  const bool heard = isObserved();
-  std::int64_t rows = 0;
+  const bool heard = observer_ != nullptr && observer_->isListening();
+  if (heard) {
+    const auto unread = unread_.lock();
+    if (unread && !unread->atEnd) observer_->secondConnection(text, unread->source);
+  }
   try {
     if (heard) observer_->before(text, edit);
-    rows = work();
+    const std::int32_t seconds = heard ? observer_->secondsOf(text) : 0;
+    if (timeout != 0 && seconds > timeout) throw adoerror::timeout();
+    const auto [rows, hidden] = work();
+    if (heard) observer_->after(text, edit, rows, hidden ? &*hidden : nullptr);
   } catch (const RuntimeError& error) {
     keep(error);
     if (heard) observer_->after(text, edit, 0, &error);
     throw;
   }
-  if (heard) observer_->after(text, edit, rows, nullptr);
 }
 
-std::vector<engine::ResultSet> AdoConnection::run(const std::string& text) {
+std::vector<engine::ResultSet> AdoConnection::run(const std::string& text, std::int32_t timeout) {
   engine::Session& current = session();
-  std::vector<engine::ResultSet> results;
-  observed(text, false, [&] {
-    results = untilFirstError(current.run(text));
-    return rowsOf(current, results);
+  Outcome outcome;
+  observed(text, false, timeout, [&] {
+    outcome = untilFirstError(current.run(text));
+    if (outcome.results.empty() && outcome.error) throw engine::SqlError(*outcome.error);
+    return std::pair(rowsOf(current, outcome.results), outcome.error);
   });
-  return results;
+  return std::move(outcome.results);
 }
 
-void AdoConnection::run(const ParameterStatement& statement) {
+void AdoConnection::edit(const std::string& statement) {
   engine::Session& current = session();
-  observed(statement.text, false,
-           [&] { return rowsOf(current, current.execute(statement.command, statement.values)); });
-}
-
-void AdoConnection::edit(const ParameterStatement& statement) {
-  engine::Session& current = session();
-  observed(statement.text, true, [&] {
-    current.execute(statement.command, statement.values);
-    if (current.rowsAffected() != 1) throw adoerror::rowNotFound();
-    return current.rowsAffected();
+  observed(statement, true, commandTimeout_, [&] {
+    current.execute(statement);
+    if (current.rowsAffected() < 1) throw adoerror::rowNotFound();
+    if (current.rowsAffected() > 1) throw adoerror::tooManyRows();
+    return std::pair(current.rowsAffected(), std::optional<engine::SqlError>());
   });
 }
 
 Ref<ado::Recordset> AdoConnection::Execute(const std::string& text) {
   if (!session_) throw adoerror::closed();
-  return AdoRecordset::ofResults(run(text));
+  return AdoRecordset::ofResults(*this, text, run(text));
 }
 
 void AdoConnection::ExecuteNoRecords(const std::string& text) {

@@ -48,6 +48,17 @@ inline RuntimeError rowNotFound() {
               "Row cannot be located for updating. Some values may have been changed since it was "
               "last read.");
 }
+inline RuntimeError tooManyRows() {
+  return make(-2147467259,
+              "Key column information is insufficient or incorrect. Too many rows were affected by "
+              "update.");
+}
+inline RuntimeError insufficientKey() {
+  return make(-2147467259, "Insufficient key column information for updating or refreshing.");
+}
+inline RuntimeError timeout() {
+  return make(-2147217871, "Query timeout expired");
+}
 inline RuntimeError badValue() {
   return make(-2147217887, "Multiple-step operation generated errors. Check each status value.");
 }

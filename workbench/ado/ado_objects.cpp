@@ -9,8 +9,8 @@
 namespace kebu::workbench {
 
 Ref<ado::Connection> newConnection(std::shared_ptr<engine::Database> database,
-                                   StatementObserver* observer) {
-  return makeRef<AdoConnection>(std::move(database), observer);
+                                   StatementObserver* observer, const Manners& manners) {
+  return makeRef<AdoConnection>(std::move(database), observer, manners);
 }
 
 Ref<ado::Recordset> AdoLibrary::newRecordset() {

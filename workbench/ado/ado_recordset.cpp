@@ -6,18 +6,32 @@
 
 namespace kebu::workbench {
 
-Ref<ado::Recordset> AdoRecordset::ofResults(std::vector<engine::ResultSet> results) {
+Ref<ado::Recordset> AdoRecordset::ofResults(AdoConnection& connection, const std::string& source,
+                                            std::vector<engine::ResultSet> results) {
   auto recordset = std::make_shared<AdoRecordset>();
-  if (!results.empty()) {
-    recordset->rows_ = std::make_shared<RowSet>(std::move(results.front()));
-    recordset->position_ = recordset->nextVisible(-1, 1);
-  }
+  recordset->source_ = source;
+  if (!results.empty()) recordset->take(connection, std::move(results.front()));
   return recordset;
+}
+
+void AdoRecordset::take(AdoConnection& connection, engine::ResultSet result) {
+  rows_ = std::make_shared<RowSet>(std::move(result));
+  if (location_ == ado::CursorLocation::Server && cursorType_ == ado::CursorType::ForwardOnly &&
+      lockType_ == ado::LockType::ReadOnly) {
+    unread_ = std::make_shared<UnreadRows>(UnreadRows{source_});
+    connection.occupy(unread_);
+  }
+  moveTo(nextVisible(-1, 1));
 }
 
 void AdoRecordset::setCursorLocation(ado::CursorLocation location) {
   if (rows_) throw adoerror::open();
   location_ = location;
+}
+
+void AdoRecordset::setUpdateCriteria(ado::UpdateCriteria criteria) {
+  if (location_ != ado::CursorLocation::Client) throw adoerror::noSuchItem();
+  criteria_ = criteria;
 }
 
 void AdoRecordset::Open(const std::string& source, const Ref<ado::Connection>& connection,
@@ -34,14 +48,14 @@ void AdoRecordset::Open(const std::string& source, const Ref<ado::Connection>& c
   pendingOnly_ = false;
   edit_.reset();
   if (results.empty()) return;  // a statement that gives no rows leaves the recordset closed
-  rows_ = std::make_shared<RowSet>(std::move(results.front()));
-  position_ = nextVisible(-1, 1);
+  take(*connection_, std::move(results.front()));
 }
 
 void AdoRecordset::Close() {
   if (!rows_) throw adoerror::closed();
   if (edit_ && !isBatch()) throw adoerror::notInContext();
   rows_.reset();
+  unread_.reset();
   connection_.reset();
   edit_.reset();
 }
@@ -52,8 +66,7 @@ void AdoRecordset::Requery() {
   auto results = connection_->run(source_);
   if (results.empty()) throw adoerror::notInContext();
   edit_.reset();
-  rows_ = std::make_shared<RowSet>(std::move(results.front()));
-  position_ = nextVisible(-1, 1);
+  take(*connection_, std::move(results.front()));
 }
 
 Ref<ado::Recordset> AdoRecordset::Clone() {
@@ -66,6 +79,7 @@ Ref<ado::Recordset> AdoRecordset::Clone() {
   clone->location_ = location_;
   clone->cursorType_ = cursorType_;
   clone->lockType_ = lockType_;
+  clone->criteria_ = criteria_;
   clone->position_ = clone->nextVisible(-1, 1);
   return clone;
 }
@@ -107,6 +121,7 @@ bool AdoRecordset::EOF_() const {
 
 void AdoRecordset::moveTo(std::int64_t position) {
   position_ = position;
+  if (unread_ && position >= count()) unread_->atEnd = true;
 }
 
 void AdoRecordset::MoveFirst() {
@@ -197,7 +212,7 @@ std::vector<RowValues> AdoRecordset::GetRows(std::int32_t wanted) {
   if (!atRow()) throw adoerror::noCurrentRecord();
   std::vector<RowValues> result;
   for (; position_ < count() && (wanted < 0 || static_cast<std::int32_t>(result.size()) < wanted);
-       position_ = nextVisible(position_, 1)) {
+       moveTo(nextVisible(position_, 1))) {
     const Values& values = current().values;
     if (lockType_ == ado::LockType::ReadOnly) {
       result.emplace_back(values, rows_);

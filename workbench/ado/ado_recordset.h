@@ -12,13 +12,16 @@
 
 namespace kebu::workbench {
 
-/// An ADO recordset. With every kind of cursor its rows are a snapshot in memory.
+/// An ADO recordset. With every kind of cursor its rows are a snapshot in memory. A cursor on the
+/// client is static; one on the server finds a changed row by its key.
 class AdoRecordset : public ado::Recordset {
  public:
-  /// The first result, forward-only and read-only; closed when there is none.
-  static Ref<ado::Recordset> ofResults(std::vector<engine::ResultSet> results);
+  /// The first result of a statement, forward-only and read-only; closed when there is none.
+  static Ref<ado::Recordset> ofResults(AdoConnection& connection, const std::string& source,
+                                       std::vector<engine::ResultSet> results);
 
   void setCursorLocation(ado::CursorLocation location) override;
+  void setUpdateCriteria(ado::UpdateCriteria criteria) override;
   void Open(const std::string& source, const Ref<ado::Connection>& connection,
             ado::CursorType cursorType, ado::LockType lockType) override;
   void Close() override;
@@ -76,6 +79,9 @@ class AdoRecordset : public ado::Recordset {
   bool allVisible() const { return !pendingOnly_ && !rows().anyDeleted && filter_.passesAll(); }
   bool hasVisible() const { return nextVisible(-1, 1) < count(); }
   void moveTo(std::int64_t position);
+  /// Keeps the rows of a statement and stands on the first.
+  void take(AdoConnection& connection, engine::ResultSet result);
+  ado::UpdateCriteria criteria() const;
   bool isBatch() const { return lockType_ == ado::LockType::BatchOptimistic; }
   void requireUpdatable() const;
   /// Calls Update when an edit is in progress, as moving to another row does.
@@ -89,6 +95,9 @@ class AdoRecordset : public ado::Recordset {
   ado::CursorLocation location_ = ado::CursorLocation::Server;
   ado::CursorType cursorType_ = ado::CursorType::ForwardOnly;
   ado::LockType lockType_ = ado::LockType::ReadOnly;
+  ado::UpdateCriteria criteria_ = ado::UpdateCriteria::UpdatedColumns;
+  /// While the rows occupy the connection.
+  std::shared_ptr<UnreadRows> unread_;
   /// The index of the current row; -1 before the first, their number behind the last.
   std::int64_t position_ = 0;
   std::string filterText_;

@@ -20,6 +20,11 @@ void AdoRecordset::requireUpdatable() const {
   if (rows().table.empty() || lockType_ == ado::LockType::ReadOnly) throw adoerror::notUpdatable();
 }
 
+/// A cursor on the server has no such property: it knows its rows by their key.
+ado::UpdateCriteria AdoRecordset::criteria() const {
+  return location_ == ado::CursorLocation::Client ? criteria_ : ado::UpdateCriteria::Key;
+}
+
 void AdoRecordset::setValue(std::string_view field, const Value& value) {
   const std::size_t index = rows().indexOf(field);
   requireUpdatable();
@@ -41,7 +46,7 @@ void AdoRecordset::AddNew() {
 
 void AdoRecordset::send(Row& row) {
   if (!connection_) throw adoerror::notUpdatable();
-  RowWriter(*connection_, rows()).send(row);
+  RowWriter(*connection_, rows(), criteria()).send(row);
 }
 
 /// When the statement fails, the row is restored and the edit stays, so that it can be retried.
@@ -71,6 +76,9 @@ void AdoRecordset::Update() {
     if (!isBatch()) sendOrRestore(row);
   }
   edit_.reset();
+  if (connection_ && connection_->manners().leavesFilterAtOnce && atRow() && !visible(position_)) {
+    moveTo(nextVisible(position_, 1));
+  }
 }
 
 void AdoRecordset::CancelUpdate() {

@@ -7,11 +7,11 @@
 
 namespace kebu::workbench {
 
-/// A value converted to the type of a field or parameter. Texts are read by the locale.
-/// RuntimeError 13 for what cannot be converted, 6 for a number too large,
-/// -2147217887 for a text too long.
+/// A value converted to the type of a field or parameter, as OLE DB converts it: texts without a
+/// locale, numbers with a point and dates as yyyy-mm-dd. RuntimeError -2147217887 for what cannot
+/// be converted or does not fit.
 Value forField(const Value& value, const engine::SqlType& type);
-/// A value as a literal in SQL.
-std::string sqlText(const Value& value);
+/// A value of the type as a literal in SQL.
+std::string literalOf(const Value& value, const engine::SqlType& type);
 
 }  // namespace kebu::workbench

@@ -17,11 +17,7 @@ RowSet::RowSet(engine::ResultSet result) : table(std::move(result.table)) {
     columns.push_back(std::move(column.baseColumn));
   }
   rows.reserve(result.rows.size());
-  for (std::size_t i = 0; i < result.rows.size(); ++i) {
-    Row& row = rows.emplace_back();
-    row.values = std::move(result.rows[i]);
-    if (!table.empty()) row.id = result.rowIds[i];
-  }
+  for (auto& values : result.rows) rows.emplace_back().values = std::move(values);
 }
 
 std::size_t RowSet::indexOf(std::string_view field) const {

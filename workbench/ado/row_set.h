@@ -69,8 +69,7 @@ struct Row {
   enum class Pending { Nothing, Insert, Update, Delete };
 
   Values values;
-  FieldValues before;   ///< the changed fields' values in the database
-  std::int64_t id = 0;  ///< the row's id in its table
+  FieldValues before;  ///< the changed fields' values in the database
   Pending pending = Pending::Nothing;
   bool gone = false;  ///< deleted, or cancelled before it was inserted
 

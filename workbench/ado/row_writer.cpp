@@ -1,9 +1,6 @@
 #include "workbench/ado/row_writer.h"
 
 #include <algorithm>
-#include <iterator>
-#include <string_view>
-#include <utility>
 
 #include "common/convert.h"
 #include "workbench/ado/ado_error.h"
@@ -12,154 +9,144 @@
 namespace kebu::workbench {
 namespace {
 
-constexpr const char* thisRow = " WHERE $ROWID = ?";
-
-engine::ast::Literal rowId(const Row& row) {
-  return {engine::SqlType::integer(engine::TypeKind::BigInt), Decimal(row.id)};
+std::string bracketed(const std::string& name) {
+  return "[" + replaceAll(name, "]", "]]") + "]";
 }
 
-std::size_t positionOf(const std::string& column, const std::vector<std::string>& columns) {
-  const auto found = std::find_if(columns.begin(), columns.end(), [&](const std::string& other) {
-    return equalsIgnoringCase(other, column);
-  });
-  return static_cast<std::size_t>(found - columns.begin());
+/// Text without limit cannot be compared.
+bool isComparable(const engine::SqlType& type) {
+  return !type.isText() || type.size >= 0;
 }
 
 }  // namespace
 
 void RowWriter::send(Row& row) const {
-  if (row.pending == Row::Pending::Nothing) return;
-  ParameterStatement statement = row.pending == Row::Pending::Insert   ? insert(row)
-                                 : row.pending == Row::Pending::Update ? update(row)
-                                                                       : remove(row);
-  connection_.edit(statement);
-  if (row.pending == Row::Pending::Insert) row.id = connection_.session().lastRowId();
   switch (row.pending) {
+    case Row::Pending::Nothing:
+      return;
     case Row::Pending::Insert:
-      readBack(row);
+      connection_.edit(insert(row));
+      readIdentity(row);
       break;
     case Row::Pending::Update:
-      keepAsStored(row, statement);
+      connection_.edit(update(row));
       break;
-    default:
+    case Row::Pending::Delete:
+      connection_.edit(remove(row));
       row.gone = true;
+      break;
   }
   row.settle();
 }
 
-ParameterStatement RowWriter::begin(const char* start, std::size_t valueCount) const {
-  ParameterStatement statement(valueCount, connection_.isObserved());
-  statement.add(start).addName(rows_.table);
-  return statement;
+std::string RowWriter::insert(const Row& row) const {
+  const std::string start = "INSERT INTO " + bracketed(rows_.table);
+  if (row.before.empty()) return start + " DEFAULT VALUES";
+  std::string columns;
+  std::string values;
+  for (const auto& [field, unset] : row.before) {
+    const char* const separator = columns.empty() ? "" : ", ";
+    columns += separator + name(field);
+    values += separator + newValue(row, field);
+  }
+  return start + " (" + columns + ") VALUES (" + values + ")";
 }
 
-ParameterStatement RowWriter::insert(const Row& row) const {
-  ParameterStatement statement = begin("INSERT INTO ", row.before.size());
-  if (row.before.empty()) {
-    statement.add(" DEFAULT VALUES");
-    return statement;
-  }
-  const char* separator = " (";
-  for (const auto& [field, unset] : row.before) {
-    statement.add(separator).addName(rows_.columns[field]);
-    separator = ", ";
-  }
-  separator = ") VALUES (";
-  for (const auto& [field, unset] : row.before) {
-    statement.add(separator).addValue(rows_.types[field], row.values[field]);
-    separator = ", ";
-  }
-  statement.add(")");
-  return statement;
-}
-
-ParameterStatement RowWriter::update(const Row& row) const {
-  ParameterStatement statement = begin("UPDATE ", row.before.size() + 1);
-  const char* separator = " SET ";
+std::string RowWriter::update(const Row& row) const {
+  std::string assignments;
   for (const auto& [field, old] : row.before) {
-    statement.add(separator).addName(rows_.columns[field]).add(" = ");
-    statement.addValue(rows_.types[field], row.values[field]);
-    separator = ", ";
+    assignments += (assignments.empty() ? "" : ", ") + name(field) + " = " + newValue(row, field);
   }
-  addPlace(statement, row);
-  return statement;
+  return "UPDATE " + bracketed(rows_.table) + " SET " + assignments + condition(row);
 }
 
-ParameterStatement RowWriter::remove(const Row& row) const {
-  ParameterStatement statement = begin("DELETE FROM ", 1);
-  addPlace(statement, row);
-  return statement;
+std::string RowWriter::remove(const Row& row) const {
+  return "DELETE FROM " + bracketed(rows_.table) + condition(row);
 }
 
-/// The WHERE clause: the row's id in the statement that is run, its key in the text for readers.
-void RowWriter::addPlace(ParameterStatement& statement, const Row& row) const {
-  statement.command += thisRow;
-  statement.values.push_back(rowId(row));
-  if (statement.readable) statement.text += readableKey(row);
-}
-
-/// The fields of the primary key, ascending. Without a key, or when not all of it was selected,
-/// all fields of the table.
-std::set<std::size_t> RowWriter::keyFields() const {
-  const engine::Session& session = connection_.session();
-  const engine::TablePtr table =
-      session.database().catalogue().table({{rows_.table}, {}}, session.id());
-  std::set<std::size_t> fields;
-  for (const auto& candidate : table ? table->keys : std::vector<engine::ast::KeyDef>()) {
-    if (!candidate.primary) continue;
-    for (const auto& column : candidate.columns) fields.insert(positionOf(column, rows_.columns));
-  }
-  if (!fields.empty() && *std::prev(fields.end()) < rows_.columns.size()) return fields;
-  fields.clear();
-  for (std::size_t field = 0; field < rows_.columns.size(); ++field) {
-    if (!rows_.columns[field].empty()) fields.insert(field);
-  }
-  return fields;
-}
-
-/// The condition by which ADO would find the row.
-std::string RowWriter::readableKey(const Row& row) const {
+std::string RowWriter::condition(const Row& row) const {
   std::string text;
-  for (const std::size_t field : keyFields()) {
-    text += text.empty() ? " WHERE " : " AND ";
-    appendName(text, rows_.columns[field]);
+  for (const std::size_t field : conditionFields(row)) {
+    text += (text.empty() ? " WHERE " : " AND ") + name(field);
     const Value& value = row.stored(field);
-    text += value.isNull() ? " IS NULL" : " = " + sqlText(value);
+    text += value.isNull() ? " IS NULL" : " = " + literalOf(value, rows_.types[field]);
   }
   return text;
 }
 
-/// After an UPDATE the row has the values that were sent: nothing is read back.
-void RowWriter::keepAsStored(Row& row, ParameterStatement& update) {
-  auto sent = update.values.begin();
-  for (const auto& [field, old] : row.before) {
-    Value& value = row.values[field] = std::move(sent->value);
-    if (sent->type.kind == engine::TypeKind::Guid && !value.isNull())
-      value = "{" + toText(value) + "}";
-    ++sent;
+/// The fields whose old values find the row, ascending.
+std::vector<std::size_t> RowWriter::conditionFields(const Row& row) const {
+  using ado::UpdateCriteria;
+  std::vector<std::size_t> fields = keyFields();
+  const bool keyless = fields.empty();
+  if (criteria_ == UpdateCriteria::Key) {
+    if (keyless) throw adoerror::insufficientKey();
+    return fields;
   }
+  // No table here has a timestamp, for lack of which ADO takes all columns.
+  const bool isUpdate = row.pending == Row::Pending::Update;
+  if (criteria_ != UpdateCriteria::UpdatedColumns || (keyless && !isUpdate)) {
+    return comparableFields();
+  }
+  for (const auto& [field, old] : row.before) {
+    if (isComparable(rows_.types[field])) fields.push_back(field);
+  }
+  std::sort(fields.begin(), fields.end());
+  fields.erase(std::unique(fields.begin(), fields.end()), fields.end());
+  if (fields.empty()) throw adoerror::insufficientKey();
+  return fields;
 }
 
-/// Reads a new row back: its identity and its defaults are made by the database.
-void RowWriter::readBack(Row& row) const {
-  std::string select;
-  for (const auto& column : rows_.columns) {
-    select += select.empty() ? "SELECT " : ", ";
-    if (column.empty()) {
-      select += "NULL";
-    } else {
-      appendName(select, column);
+/// The fields of the primary key; none without a key, or when not all of it was selected.
+std::vector<std::size_t> RowWriter::keyFields() const {
+  std::vector<std::size_t> fields;
+  const engine::TablePtr origin = table();
+  for (const auto& key : origin ? origin->keys : std::vector<engine::ast::KeyDef>()) {
+    if (!key.primary) continue;
+    for (const std::string& column : key.columns) {
+      const auto found = std::find_if(
+          rows_.columns.begin(), rows_.columns.end(),
+          [&](const std::string& candidate) { return equalsIgnoringCase(candidate, column); });
+      if (found == rows_.columns.end()) return {};
+      fields.push_back(static_cast<std::size_t>(found - rows_.columns.begin()));
     }
   }
-  select += " FROM ";
-  appendName(select, rows_.table);
-  const auto results = connection_.session().execute(select + thisRow, {rowId(row)});
-  if (!results.at(0).rows.empty()) {
-    const auto& read = results[0].rows[0];
-    for (std::size_t field = 0; field < read.size(); ++field) {
-      if (!rows_.columns[field].empty()) row.values[field] = read[field];
-    }
+  return fields;
+}
+
+std::vector<std::size_t> RowWriter::comparableFields() const {
+  std::vector<std::size_t> fields;
+  for (std::size_t field = 0; field < rows_.columns.size(); ++field) {
+    if (!rows_.columns[field].empty() && isComparable(rows_.types[field])) fields.push_back(field);
   }
+  return fields;
+}
+
+engine::TablePtr RowWriter::table() const {
+  const engine::Session& session = connection_.session();
+  return session.database().catalogue().table({{rows_.table}, {}}, session.id());
+}
+
+/// The identity is all that ADO reads of a new row: neither defaults nor what a trigger changed.
+void RowWriter::readIdentity(Row& row) const {
+  const engine::TablePtr origin = table();
+  if (!origin || origin->identity < 0) return;
+  const auto& column = origin->columns[static_cast<std::size_t>(origin->identity)];
+  const auto found = std::find(rows_.columns.begin(), rows_.columns.end(), column.name);
+  if (found == rows_.columns.end()) return;
+  constexpr std::int32_t foreign = 1000;  // how far a trigger's other table is ahead
+  const Value read = connection_.session().globalVariable("@@IDENTITY");
+  const std::int32_t shift = connection_.manners().foreignIdentity ? foreign : 0;
+  row.values[static_cast<std::size_t>(found - rows_.columns.begin())] =
+      forField(toDecimal(read) + Decimal(shift), column.type);
+}
+
+std::string RowWriter::name(std::size_t field) const {
+  return bracketed(rows_.columns[field]);
+}
+
+std::string RowWriter::newValue(const Row& row, std::size_t field) const {
+  return literalOf(row.values[field], rows_.types[field]);
 }
 
 }  // namespace kebu::workbench

@@ -1,34 +1,40 @@
 #pragma once
 
-#include <set>
+#include <cstddef>
+#include <string>
+#include <vector>
 
 #include "workbench/ado/ado_connection.h"
-#include "workbench/ado/parameter_statement.h"
 #include "workbench/ado/row_set.h"
 
 namespace kebu::workbench {
 
-/// Sends changed rows of a recordset to the table that they came from, as ADO does.
+/// Sends changed rows of a recordset to the table that they came from, as ADO does: by a statement
+/// that finds the row by values.
 class RowWriter {
  public:
-  RowWriter(AdoConnection& connection, const RowSet& rows) : connection_(connection), rows_(rows) {}
+  RowWriter(AdoConnection& connection, const RowSet& rows, ado::UpdateCriteria criteria)
+      : connection_(connection), rows_(rows), criteria_(criteria) {}
 
   /// Writes the row's pending change and then settles it. On an error the row stays as it was.
   void send(Row& row) const;
 
  private:
-  ParameterStatement begin(const char* start, std::size_t valueCount) const;
-  ParameterStatement insert(const Row& row) const;
-  ParameterStatement update(const Row& row) const;
-  ParameterStatement remove(const Row& row) const;
-  void addPlace(ParameterStatement& statement, const Row& row) const;
-  std::set<std::size_t> keyFields() const;
-  std::string readableKey(const Row& row) const;
-  static void keepAsStored(Row& row, ParameterStatement& update);
-  void readBack(Row& row) const;
+  std::string insert(const Row& row) const;
+  std::string update(const Row& row) const;
+  std::string remove(const Row& row) const;
+  std::string condition(const Row& row) const;
+  std::vector<std::size_t> conditionFields(const Row& row) const;
+  std::vector<std::size_t> keyFields() const;
+  std::vector<std::size_t> comparableFields() const;
+  engine::TablePtr table() const;
+  void readIdentity(Row& row) const;
+  std::string name(std::size_t field) const;
+  std::string newValue(const Row& row, std::size_t field) const;
 
   AdoConnection& connection_;
   const RowSet& rows_;
+  ado::UpdateCriteria criteria_;
 };
 
 }  // namespace kebu::workbench

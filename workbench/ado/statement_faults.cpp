@@ -18,4 +18,19 @@ void StatementFaults::raiseFor(const std::string& statement) {
                          "The statement was made to fail: it contains \"" + text + "\".");
 }
 
+void StatementFaults::noteSecondConnection(const std::string& statement,
+                                           const std::string& unread) {
+  notes_.push_back("\"" + statement + "\" runs while rows of \"" + unread + "\" are unread");
+}
+
+std::int32_t StatementFaults::secondsOf(const std::string& statement) {
+  const auto due = std::find_if(slow_.begin(), slow_.end(), [&](const Slow& slow) {
+    return statement.find(slow.text) != std::string::npos;
+  });
+  if (due == slow_.end()) return 0;
+  const std::int32_t seconds = due->seconds;
+  slow_.erase(due);
+  return seconds;
+}
+
 }  // namespace kebu::workbench

@@ -2,17 +2,27 @@
 
 #include <cstdint>
 #include <string>
+#include <utility>
 #include <vector>
 
 namespace kebu::workbench {
 
-/// Planned faults: statements that fail on purpose, to test how the plug-in reacts.
+/// Planned faults: statements that fail or are slow on purpose, to test how the plug-in reacts.
 class StatementFaults {
  public:
   /// The next `times` statements that contain `text` fail.
   void add(const std::string& text, std::int32_t times) { faults_.push_back({text, times}); }
+  /// The next statement that contains `text` is taken to last so many seconds.
+  void slowDown(const std::string& text, std::int32_t seconds) { slow_.push_back({text, seconds}); }
   /// Throws the error that is planned for the statement, if any.
   void raiseFor(const std::string& statement);
+  /// The seconds that the statement is to last, 0 when nothing is planned for it.
+  std::int32_t secondsOf(const std::string& statement);
+
+  /// A fault of the plug-in's: it ran `statement` while rows of another one were unread.
+  void noteSecondConnection(const std::string& statement, const std::string& unread);
+  /// What was noted since the last call, a line each.
+  std::vector<std::string> takeNotes() { return std::exchange(notes_, {}); }
 
  private:
   struct Fault {
@@ -20,7 +30,14 @@ class StatementFaults {
     std::int32_t left;
   };
 
+  struct Slow {
+    std::string text;
+    std::int32_t seconds;
+  };
+
   std::vector<Fault> faults_;
+  std::vector<Slow> slow_;
+  std::vector<std::string> notes_;
 };
 
 }  // namespace kebu::workbench

@@ -16,9 +16,16 @@ class StatementObserver {
   virtual bool isListening() const { return true; }
   /// A RuntimeError that it throws makes the statement fail without being run.
   virtual void before(const std::string& text, bool edit) = 0;
+  /// The seconds that the statement is to be taken to last, asked after `before`. Beyond its
+  /// time-out it fails without being run.
+  virtual std::int32_t secondsOf(const std::string& /*text*/) { return 0; }
   /// `error`: with which it failed, or null.
   virtual void after(const std::string& text, bool edit, std::int64_t rows,
                      const RuntimeError* error) = 0;
+  /// The statement is about to run while rows of another one, forward-only on the server, are
+  /// unread: a real provider would open a second connection for it, which does not see what
+  /// belongs to the first.
+  virtual void secondConnection(const std::string& /*text*/, const std::string& /*unread*/) {}
 };
 
 }  // namespace kebu::workbench

@@ -72,6 +72,13 @@ std::shared_ptr<engine::Database> databaseOf(const CommandLine& line) {
   return path ? openCompany(*path) : demoCompany();
 }
 
+Manners mannersOf(const CommandLine& line) {
+  const std::string manners = line.option("--ado").value_or("usual");
+  if (manners == "usual") return {};
+  if (manners == "reversed") return Manners::reversed();
+  throw CommandError("--ado is usual or reversed, not \"" + manners + "\"");
+}
+
 }  // namespace
 
 int newCommand(const std::vector<std::string>& words) {
@@ -83,7 +90,7 @@ int newCommand(const std::vector<std::string>& words) {
 
 int playCommand(const std::vector<std::string>& words) {
   const CommandLine line(words, {"--database", "--company", "--statements", "--translations",
-                                 "--trace", "--pictures"});
+                                 "--trace", "--ado", "--pictures"});
   if (line.operands().size() != 1) throw CommandError("use: workbench play SCENARIO [options]");
   const Scenario scenario = readScenario(line.operands().front());
   const std::int32_t company = line.number("--company", 1);
@@ -92,7 +99,7 @@ int playCommand(const std::vector<std::string>& words) {
   OutputFile statements(line.option("--statements"));
   const bool passed =
       playScenario(scenario, {databaseOf(line), company, translations, statements.stream(),
-                              trace.stream(), line.option("--pictures")});
+                              trace.stream(), mannersOf(line), line.option("--pictures")});
   trace.check();
   statements.check();
   return passed ? 0 : 1;
@@ -124,7 +131,8 @@ int helpCommand(const std::vector<std::string>& /*words*/) {
   std::cout << "workbench new DATABASE\n"
                "    makes a database file with the demo company\n"
                "workbench play SCENARIO [--database FILE] [--company N] [--statements FILE]\n"
-               "               [--translations FILE] [--trace FILE] [--pictures FOLDER]\n"
+               "               [--translations FILE] [--trace FILE] [--ado usual|reversed]\n"
+               "               [--pictures FOLDER]\n"
                "    acts as the user, line by line; without a database on a fresh demo company\n"
                "workbench sql [--database FILE] (SCRIPT | -e TEXT)\n"
                "    runs T-SQL, rows separated by tabs\n"

@@ -14,6 +14,7 @@ bool playScenario(const Scenario& scenario, const PlayOptions& options) {
       .user = player,
       .database = options.database,
       .observer = &log,
+      .manners = options.manners,
       .company = options.company,
       .translations = options.translations,
       .trace = &options.trace,

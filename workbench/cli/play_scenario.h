@@ -6,6 +6,7 @@
 #include <ostream>
 #include <string>
 
+#include "workbench/ado/manners.h"
 #include "workbench/engine/execution/database.h"
 #include "workbench/host/translations.h"
 #include "workbench/player/scenario.h"
@@ -21,6 +22,8 @@ struct PlayOptions {
   std::ostream& statements;
   /// Takes the plug-in's trace lines.
   std::ostream& trace;
+  /// Of the database objects.
+  Manners manners;
   /// The folder for pictures of the window; without one none are taken.
   std::optional<std::string> pictures;
 };

@@ -24,9 +24,9 @@ struct CompanyDatabase {
 
 /// The embedded company. `observer` sees what the plug-in runs; it may be null.
 inline CompanyDatabase embeddedCompany(const std::shared_ptr<engine::Database>& database,
-                                       StatementObserver* observer) {
+                                       StatementObserver* observer, const Manners& manners = {}) {
   return {"Provider=SQLOLEDB;Data Source=workbench;Initial Catalog=ERP",
-          [database, observer] { return newConnection(database, observer); },
+          [=] { return newConnection(database, observer, manners); },
           [database] { return newConnection(database, nullptr); }};
 }
 

@@ -51,6 +51,12 @@ void fail(Player& player, const Words& arguments) {
   player.stage().faults.add(arguments[0], times);
 }
 
+void slow(Player& player, const Words& arguments) {
+  const std::int32_t seconds = toNumber(arguments[1]);
+  if (seconds < 1) throw StepError("a slow statement lasts at least a second");
+  player.stage().faults.slowDown(arguments[0], seconds);
+}
+
 void sql(Player& player, const Words& arguments) {
   for (const engine::ResultSet& result : player.stage().session.execute(arguments[0])) {
     writeResult(player.out(), result, "  ");

@@ -15,7 +15,7 @@ ModelWorkplace::ModelWorkplace(const Setup& setup)
             if (create) return create(runtime());
             return plugin::CLSKB_ANAGKELMORIA::create(runtime());
           },
-          {setup.user, embeddedCompany(database_, setup.observer), setup.company,
+          {setup.user, embeddedCompany(database_, setup.observer, setup.manners), setup.company,
            setup.translations, setup.journal}) {}
 
 }  // namespace kebu::workbench

@@ -35,6 +35,7 @@ class ModelWorkplace {
     std::shared_ptr<engine::Database> database;
     /// Sees every statement that the plug-in runs. May be null; outlives the workplace.
     StatementObserver* observer = nullptr;
+    Manners manners = {};
     std::int32_t company = 1;
     Translations translations = {};
     /// Takes the plug-in's trace lines. May be null; outlives the workplace.

@@ -52,6 +52,10 @@ void Player::playLine() {
   } catch (const std::exception& error) {  // a StepError, or a gesture that was refused
     stop(error.what());
   }
+  for (const std::string& note : stage_->faults.takeNotes()) {
+    ++unmet_;
+    complain(note);
+  }
 }
 
 bool Player::report() {

@@ -43,6 +43,8 @@ constexpr std::array table{
     Step{"answer", 1, any, "BUTTON...", "queues the answers to the message boxes to come",
          steps::answer},
     Step{"fail", 1, 2, "TEXT [TIMES]", "the next statements that contain TEXT fail", steps::fail},
+    Step{"slow", 2, 2, "TEXT SECONDS", "the next statement that contains TEXT lasts so long",
+         steps::slow},
     Step{"sql", 1, 1, "STATEMENT", "runs a statement on a connection of its own", steps::sql},
     Step{"print", 1, 3, "CONTROL | GRID FIRST [LAST] | host",
          "prints what the user sees; in a grid * is locked, + in order, ! incomplete",

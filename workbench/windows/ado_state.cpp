@@ -13,7 +13,11 @@ bool RecordsetState::isExecuting() const {
 
 std::int32_t RecordsetState::state() {
   if (isExecuting()) return windows::stateExecuting;
-  if (coming.valid()) rows = coming.get();
+  try {
+    if (coming.valid()) rows = coming.get();
+  } catch (const RuntimeError&) {
+    if (!hidesError) throw;
+  }
   return rows->isOpen() ? windows::stateOpen : windows::stateClosed;
 }
 
@@ -37,6 +41,7 @@ bool isAsynchronous(const windows::Arguments& arguments, std::size_t at) {
 
 void runAsynchronously(const std::shared_ptr<RecordsetState>& recordset,
                        ConnectionState& connection, std::function<Ref<ado::Recordset>()> work) {
+  recordset->hidesError = connection.own()->manners().silentState;
   recordset->coming = std::async(std::launch::async, std::move(work));
   connection.last = recordset;
 }

@@ -10,6 +10,7 @@
 #include "ado/recordset.h"
 #include "windows/support/automation.h"
 #include "windows/support/com_ptr.h"
+#include "workbench/ado/ado_connection.h"
 #include "workbench/ado/ado_recordset.h"
 
 namespace kebu::workbench {
@@ -27,10 +28,13 @@ struct RecordsetState {
   ado::CursorLocation location = ado::CursorLocation::Server;
   ado::CursorType cursorType = ado::CursorType::ForwardOnly;
   ado::LockType lockType = ado::LockType::ReadOnly;
+  ado::UpdateCriteria criteria = ado::UpdateCriteria::UpdatedColumns;
+  bool hidesError = false;  ///< of what is coming
 
   AdoRecordset& own() const { return dynamic_cast<AdoRecordset&>(*rows); }
   bool isExecuting() const;
-  /// ADO's State. As in ADO, the first call after an asynchronous statement raises its error.
+  /// ADO's State. The first call after an asynchronous statement raises its error, if its
+  /// connection's manners do not hide it.
   std::int32_t state();
 };
 
@@ -40,6 +44,9 @@ struct ConnectionState {
   std::weak_ptr<const RecordsetState> last;
 
   bool isExecuting() const;
+  std::shared_ptr<AdoConnection> own() const {
+    return std::dynamic_pointer_cast<AdoConnection>(connection.shared());
+  }
   /// The connection for another use; RuntimeError 3711 while it executes.
   ado::Connection& idle() const;
 };

@@ -4,6 +4,7 @@
 #include <string>
 
 #include "windows/support/automation.h"
+#include "workbench/windows/ado_state.h"
 
 namespace kebu::workbench {
 
@@ -54,6 +55,21 @@ struct CommandObject {
   std::shared_ptr<CommandState> state = std::make_shared<CommandState>();
 };
 
+Variant execute(CommandObject& command, Argument arguments) {
+  const auto on = subjectOf<ConnectionState>(command.state->connection);
+  if (!on || !isAsynchronous(arguments, 2)) {
+    command.state->command->Execute();
+    return nothing();
+  }
+  auto result = std::make_shared<RecordsetState>();
+  result->rows = makeRef<AdoRecordset>();
+  runAsynchronously(result, *on, [called = command.state->command] {
+    called->Execute();
+    return Ref<ado::Recordset>(makeRef<AdoRecordset>());
+  });
+  return Variant(automateState(result));
+}
+
 constexpr Member<CommandObject> commandMembers[] = {
     {L"Parameters",
      [](CommandObject& c, Argument) {
@@ -72,11 +88,11 @@ constexpr Member<CommandObject> commandMembers[] = {
      }},
     {L"CommandType", [](CommandObject& c, Argument) { return Variant(c.state->type); },
      [](CommandObject& c, Argument arguments) { c.state->type = arguments.number(0); }},
-    {L"Execute",
-     [](CommandObject& c, Argument) {
-       c.state->command->Execute();
-       return nothing();
+    {L"CommandTimeout", nullptr,
+     [](CommandObject& c, Argument arguments) {
+       c.state->command->setCommandTimeout(arguments.number(0));
      }},
+    {L"Execute", execute},
 };
 
 }  // namespace

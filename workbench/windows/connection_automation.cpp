@@ -5,6 +5,7 @@
 
 #include "windows/ado/ado_constants.h"
 #include "windows/ado/error_collection.h"
+#include "windows/support/dispatch.h"
 #include "windows/support/identity.h"
 #include "workbench/windows/ado_state.h"
 
@@ -30,6 +31,28 @@ Variant execute(ConnectionState& state, Argument arguments) {
   return Variant(automateState(result));
 }
 
+/// The connection whose errors a collection shows.
+struct ConnectionErrors {
+  std::shared_ptr<AdoConnection> connection;
+};
+
+constexpr Member<ConnectionErrors> errorsMembers[] = {
+    {L"Item",
+     [](ConnectionErrors& e, Argument arguments) {
+       const Dispatch errors(newErrorCollection(e.connection->errors()));
+       return errors.call(L"Item", {arguments.number(0)});
+     }},
+    {L"Count",
+     [](ConnectionErrors& e, Argument) {
+       return Variant(static_cast<std::int32_t>(e.connection->errors().size()));
+     }},
+    {L"Clear",
+     [](ConnectionErrors& e, Argument) {
+       e.connection->clearErrors();
+       return nothing();
+     }},
+};
+
 constexpr Member<ConnectionState> connectionMembers[] = {
     {L"ConnectionString",
      [](ConnectionState& c, Argument) { return Variant(c.connection->connectionString()); },
@@ -53,8 +76,17 @@ constexpr Member<ConnectionState> connectionMembers[] = {
        return Variant(c.isExecuting() ? state | stateExecuting : state);
      }},
     {L"Execute", execute},
+    {L"CommandTimeout",
+     [](ConnectionState& c, Argument) { return Variant(c.own()->commandTimeout()); },
+     [](ConnectionState& c, Argument arguments) {
+       c.connection->setCommandTimeout(arguments.number(0));
+     }},
     {L"Errors",
-     [](ConnectionState& c, Argument) { return Variant(newErrorCollection(c.idle().errors())); }},
+     [](ConnectionState& c, Argument) {
+       static_cast<void>(c.idle());
+       return Variant(automated<ConnectionErrors>(
+           std::make_shared<ConnectionErrors>(ConnectionErrors{c.own()}), errorsMembers));
+     }},
 };
 
 }  // namespace

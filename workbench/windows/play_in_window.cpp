@@ -22,7 +22,7 @@ bool playScenario(const Scenario& scenario, const PlayOptions& options) {
   StatementFaults faults;
   StatementLog log(options.statements, faults);
   const TraceListener trace(options.trace);
-  const CompanyDatabase company = embeddedCompany(options.database, &log);
+  const CompanyDatabase company = embeddedCompany(options.database, &log, options.manners);
   AdoLibrary objects;
   const ClassObjects classes(objects, company.forPlugin);
   engine::Session session(options.database);

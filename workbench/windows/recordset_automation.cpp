@@ -138,16 +138,18 @@ Variant getRows(RecordsetState& recordset, Argument arguments) {
 /// Opens the recordset asynchronously, as its state says.
 void openBeside(const std::shared_ptr<RecordsetState>& state, ConnectionState& on,
                 const std::string& filter = "") {
-  runAsynchronously(
-      state, on,
-      [connection = connectionBehind(state->connection), source = state->source,
-       location = state->location, cursor = state->cursorType, lock = state->lockType, filter] {
-        Ref<ado::Recordset> rows = makeRef<AdoRecordset>();
-        rows->setCursorLocation(location);
-        rows->Open(source, connection, cursor, lock);
-        if (!filter.empty()) rows->setFilter(filter);
-        return rows;
-      });
+  runAsynchronously(state, on,
+                    [connection = connectionBehind(state->connection), source = state->source,
+                     location = state->location, criteria = state->criteria,
+                     cursor = state->cursorType, lock = state->lockType, filter] {
+                      Ref<ado::Recordset> rows = makeRef<AdoRecordset>();
+                      rows->setCursorLocation(location);
+                      if (location == ado::CursorLocation::Client)
+                        rows->setUpdateCriteria(criteria);
+                      rows->Open(source, connection, cursor, lock);
+                      if (!filter.empty()) rows->setFilter(filter);
+                      return rows;
+                    });
 }
 
 void openRecordset(const std::shared_ptr<RecordsetState>& state, Argument arguments) {
@@ -156,6 +158,9 @@ void openRecordset(const std::shared_ptr<RecordsetState>& state, Argument argume
   if (arguments.has(1)) recordset.connection = arguments.object(1);
   recordset.cursorType = static_cast<ado::CursorType>(
       arguments.number(2, static_cast<std::int32_t>(recordset.cursorType)));
+  if (recordset.location == ado::CursorLocation::Client) {
+    recordset.cursorType = ado::CursorType::Static;
+  }
   recordset.lockType = static_cast<ado::LockType>(
       arguments.number(3, static_cast<std::int32_t>(recordset.lockType)));
   const auto on = subjectOf<ConnectionState>(recordset.connection);
@@ -207,6 +212,7 @@ std::shared_ptr<RecordsetState> cloneOf(const RecordsetState& recordset) {
   clone->location = recordset.location;
   clone->cursorType = recordset.cursorType;
   clone->lockType = recordset.lockType;
+  clone->criteria = recordset.criteria;
   return clone;
 }
 
@@ -233,6 +239,28 @@ void setOption(RecordsetObject& recordset, Argument arguments) {
   option = static_cast<std::remove_reference_t<decltype(option)>>(arguments.number(0));
 }
 
+/// A dynamic property by its name. There is one.
+struct PropertyState {
+  std::shared_ptr<RecordsetState> recordset;
+};
+
+constexpr Member<PropertyState> propertyMembers[] = {
+    {L"Value", nullptr,
+     [](PropertyState& p, Argument arguments) {
+       p.recordset->rows->setUpdateCriteria(static_cast<ado::UpdateCriteria>(arguments.number(0)));
+       p.recordset->criteria = static_cast<ado::UpdateCriteria>(arguments.number(0));
+     }},
+};
+
+Variant propertyOf(RecordsetObject& recordset, Argument arguments) {
+  const bool isOnClient = recordset.state->location == ado::CursorLocation::Client;
+  if (!isOnClient || !equalsIgnoringCase(arguments.text(0), "Update Criteria")) {
+    throw adoerror::noSuchItem();
+  }
+  return Variant(automated<PropertyState>(
+      std::make_shared<PropertyState>(PropertyState{recordset.state}), propertyMembers));
+}
+
 constexpr Member<RecordsetObject> recordsetMembers[] = {
     {L"Fields",
      [](RecordsetObject& r, Argument arguments) {
@@ -246,6 +274,7 @@ constexpr Member<RecordsetObject> recordsetMembers[] = {
        r.state->rows->setCursorLocation(location);
        r.state->location = location;
      }},
+    {L"Properties", propertyOf},
     {L"CursorType", option<&RecordsetState::cursorType>, setOption<&RecordsetState::cursorType>},
     {L"LockType", option<&RecordsetState::lockType>, setOption<&RecordsetState::lockType>},
     {L"Source", [](RecordsetObject& r, Argument) { return Variant(r.state->source); },

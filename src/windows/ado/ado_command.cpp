@@ -1,5 +1,6 @@
 #include "windows/ado/ado_command.h"
 
+#include "windows/ado/ado_connection.h"
 #include "windows/ado/ado_constants.h"
 #include "windows/ado/results.h"
 #include "windows/support/values.h"
@@ -8,6 +9,7 @@ namespace kebu::windows {
 
 void AdoCommand::setActiveConnection(const Ref<ado::Connection>& connection) {
   parameters_.reset();
+  connection_ = connection;
   object_.put(L"ActiveConnection", unwrap(connection));
 }
 
@@ -30,8 +32,21 @@ void AdoCommand::setParameter(std::string_view name, const Value& value) {
   parameters().get(L"Item", {name}).put(L"Value", toVariant(value));
 }
 
+void AdoCommand::setCommandTimeout(std::int32_t seconds) {
+  object_.put(L"CommandTimeout", seconds);
+}
+
 void AdoCommand::Execute() {
-  drain(object_.get(L"Execute"));
+  const auto* const adapter = dynamic_cast<const AdoConnection*>(connection_.get());
+  if (!adapter || !adapter->isAsynchronous()) {
+    drain(object_.get(L"Execute"));
+    return;
+  }
+  adapter->clearErrors();
+  const Dispatch first =
+      object_.get(L"Execute", {Variant::missing(), Variant::missing(), executeAsynchronously});
+  adapter->await(first);
+  drain(first);
 }
 
 }  // namespace kebu::windows

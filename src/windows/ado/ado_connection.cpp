@@ -30,13 +30,15 @@ bool AdoConnection::isOpen() const {
   return isStateOpen(object_);
 }
 
+void AdoConnection::setCommandTimeout(std::int32_t seconds) {
+  object_.put(L"CommandTimeout", seconds);
+}
+
 Ref<ado::Recordset> AdoConnection::Execute(const std::string& text) {
-  const std::int32_t options = commandIsText | (meanwhile_ ? executeAsynchronously : 0);
+  if (isAsynchronous()) clearErrors();
+  const std::int32_t options = commandIsText | (isAsynchronous() ? executeAsynchronously : 0);
   const Dispatch first = object_.get(L"Execute", {text, Variant::missing(), options});
-  if (meanwhile_) {
-    await(object_, meanwhile_);
-    await(first, meanwhile_);
-  }
+  if (isAsynchronous()) await(first);
   return wrapRecordset(firstWithRows(first).object().get());
 }
 
@@ -46,6 +48,19 @@ void AdoConnection::ExecuteNoRecords(const std::string& text) {
 
 void AdoConnection::whileExecuting(std::function<void()> meanwhile) {
   meanwhile_ = std::move(meanwhile);
+}
+
+void AdoConnection::clearErrors() const {
+  object_.get(L"Errors").call(L"Clear");
+}
+
+void AdoConnection::await(const Dispatch& worker) const {
+  windows::await(object_, meanwhile_);
+  windows::await(worker, meanwhile_);
+  // Not every version raises the error when the state is read. Warnings have other numbers.
+  for (const ado::Error& error : errors()) {
+    if (error.number < 0) throw RuntimeError(error.number, error.description, error.source);
+  }
 }
 
 ado::Errors AdoConnection::errors() const {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstdint>
 #include <functional>
 #include <string>
 
@@ -19,13 +20,19 @@ class AdoConnection : public ado::Connection, public Foreign {
   void Open() override;
   void Close() override;
   bool isOpen() const override;
+  void setCommandTimeout(std::int32_t seconds) override;
   Ref<ado::Recordset> Execute(const std::string& text) override;
   void ExecuteNoRecords(const std::string& text) override;
   void whileExecuting(std::function<void()> meanwhile) override;
   ado::Errors errors() const override;
 
-  /// What to do while a statement runs; empty to do nothing but wait.
-  const std::function<void()>& meanwhile() const { return meanwhile_; }
+  /// Whether statements are to be run asynchronously, so that something can be done meanwhile.
+  bool isAsynchronous() const { return static_cast<bool>(meanwhile_); }
+  /// Before asynchronous work on this connection: what it fails with will be all that is in Errors.
+  void clearErrors() const;
+  /// Comes back when the object is done with its asynchronous work on this connection. Raises the
+  /// error of the work as RuntimeError, whether ADO raises it or only puts it in Errors.
+  void await(const Dispatch& worker) const;
 
  private:
   std::function<void()> meanwhile_;

@@ -8,7 +8,6 @@
 #include "windows/ado/ado_constants.h"
 #include "windows/ado/ado_objects.h"
 #include "windows/ado/results.h"
-#include "windows/ado/waiting.h"
 #include "windows/support/safe_array.h"
 #include "windows/support/values.h"
 
@@ -17,6 +16,7 @@ namespace kebu::windows {
 namespace {
 
 constexpr std::int32_t noCurrentRecord = 3021;
+constexpr std::int32_t noSuchItem = 3265;
 constexpr std::int32_t deletedRow = -2147217885;
 
 }  // namespace
@@ -27,6 +27,22 @@ void AdoRecordset::setCursorLocation(ado::CursorLocation location) {
   object_.put(L"CursorLocation", static_cast<std::int32_t>(location));
 }
 
+void AdoRecordset::setUpdateCriteria(ado::UpdateCriteria criteria) {
+  criteriaWhenOpen_ = criteria;
+  try {
+    putUpdateCriteria();
+  } catch (const RuntimeError& error) {
+    // Documented is that the property can be set now; used it is on open recordsets as well.
+    if (error.number() != noSuchItem) throw;
+  }
+}
+
+void AdoRecordset::putUpdateCriteria() {
+  const Dispatch property = object_.get(L"Properties", {std::string_view("Update Criteria")});
+  property.put(L"Value", static_cast<std::int32_t>(*criteriaWhenOpen_));
+  criteriaWhenOpen_.reset();
+}
+
 void AdoRecordset::Open(const std::string& source, const Ref<ado::Connection>& connection,
                         ado::CursorType cursorType, ado::LockType lockType) {
   connection_ = connection;
@@ -35,14 +51,16 @@ void AdoRecordset::Open(const std::string& source, const Ref<ado::Connection>& c
                            static_cast<std::int32_t>(lockType), commandIsText | options});
   });
   object_ = firstWithRows(object_);
+  if (criteriaWhenOpen_) putUpdateCriteria();
 }
 
 template <class Call>
 void AdoRecordset::arrive(const Call& call) {
   const auto* const adapter = dynamic_cast<const AdoConnection*>(connection_.get());
-  if (adapter && adapter->meanwhile()) {
+  if (adapter && adapter->isAsynchronous()) {
+    adapter->clearErrors();
     call(executeAsynchronously | fetchAsynchronously);
-    await(object_, adapter->meanwhile());
+    adapter->await(object_);
   } else {
     call(0);
   }

@@ -19,6 +19,7 @@ class AdoRecordset : public ado::Recordset, public Foreign {
   using Foreign::Foreign;
 
   void setCursorLocation(ado::CursorLocation location) override;
+  void setUpdateCriteria(ado::UpdateCriteria criteria) override;
   void Open(const std::string& source, const Ref<ado::Connection>& connection,
             ado::CursorType cursorType, ado::LockType lockType) override;
   void Close() override;
@@ -63,6 +64,7 @@ class AdoRecordset : public ado::Recordset, public Foreign {
   bool isEditing() const;
   Value fieldValue(std::string_view field, std::wstring_view member) const;
   Rows getRows(std::int32_t rows) const;
+  void putUpdateCriteria();
   /// Whether the current row is one that was read ahead.
   bool isAhead() const { return at_ < ahead_.size(); }
   bool canReadAhead();
@@ -76,6 +78,8 @@ class AdoRecordset : public ado::Recordset, public Foreign {
   std::size_t at_ = 0;
   std::int32_t firstAhead_ = 0;  ///< the position of the first of them
   std::optional<bool> forwardOnly_;
+  /// Still to be set, when the recordset is open.
+  std::optional<ado::UpdateCriteria> criteriaWhenOpen_;
 };
 
 }  // namespace kebu::windows

@@ -126,11 +126,7 @@ Bound ExpressionBinder::subquery(const ast::Subquery& node, const Scope& scope) 
 }
 
 Bound ExpressionBinder::literal(const ast::Literal& node) {
-  if (node.slot >= 0) {
-    Bound bound = context_.literalSlot(node.slot, node.type);
-    bound.nullable = node.nullable;
-    return bound;
-  }
+  if (node.slot >= 0) return context_.literalSlot(node.slot, node.type);
   return {literalText(storedAs(node.value, node.type)), node.type, node.value.isNull()};
 }
 

@@ -111,10 +111,9 @@ BoundQuery QueryBinder::select(const ast::Select& node, const ast::Query& whole,
   }
   const bool aggregated = isAggregated();
   result.singleRow = findings.aggregated && node.groupBy.empty();
-  if (withRow && !aggregated && !node.distinct && scope.members.size() == 1 &&
-      scope.members[0].base) {
+  if (!aggregated && !node.distinct && scope.members.size() == 1) {
     result.base = scope.members[0].base;
-    list += ", " + scope.members[0].sqliteAlias + ".rowid AS kb_row";
+    if (withRow && result.base) list += ", " + scope.members[0].sqliteAlias + ".rowid AS kb_row";
   }
   result.sql = std::string("SELECT ") + (node.distinct ? "DISTINCT " : "") + list + tail;
   result.plain = whole.orderBy.empty() && !node.top;

@@ -15,9 +15,6 @@ std::optional<Bound> findAt(const Scope& level, const std::string& qualifier,
   std::string place;
   for (const auto& member : level.members) {
     if (!qualifier.empty() && !equalsIgnoringCase(qualifier, member.name())) continue;
-    if (name == "$ROWID" && member.base) {
-      return Bound{member.sqliteAlias + ".rowid", SqlType::integer(TypeKind::BigInt), false};
-    }
     for (const auto& [columnName, bound] : member.columns) {
       if (!equalsIgnoringCase(columnName, name)) continue;
       if (found) throw SqlError(209, "Ambiguous column name '" + name + "'.");

@@ -167,7 +167,7 @@ void Compiler::add(Compiled& compiled, const std::string& sql,
 Compiled Compiler::query(const ast::Query& node) {
   Compiled compiled = start();
   BindingContext context = this->context();
-  BoundQuery bound = QueryBinder(context).query(node, nullptr, true);
+  BoundQuery bound = QueryBinder(context).query(node, nullptr);
   compiled.columns = std::move(bound.columns);
   compiled.base = bound.base;
   add(compiled, bound.sql, context);

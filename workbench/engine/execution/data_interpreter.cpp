@@ -124,7 +124,6 @@ void DataInterpreter::select(const ast::Query& node) {
       statement.append(row, i, type);
       if (type.kind == TypeKind::Guid) putInBraces(row.back());
     }
-    if (ready->base) result.rowIds.push_back(statement.integer(width));
   }
   result.rowsAffected = static_cast<std::int64_t>(result.rows.size());
   execution_.session().state().rowCount = result.rowsAffected;

@@ -23,8 +23,7 @@ struct ResultSet {
   std::vector<std::vector<Value>> rows;
   std::int64_t rowsAffected = 0;
 
-  std::string table;                 ///< whose rows these are; "" when not those of one table
-  std::vector<std::int64_t> rowIds;  ///< the rows' ids in that table
+  std::string table;  ///< whose rows these are; "" when not those of one table
 };
 
 /// What a batch tells its caller, in the order in which it happens.

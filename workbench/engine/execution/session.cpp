@@ -45,13 +45,10 @@ void forgetSize(SqlType& type) {
   if (type.kind == TypeKind::Decimal && !type.isWide()) type.precision = 18;
 }
 
-std::vector<ast::Literal> literalsOf(const std::string& batch, const std::vector<Token>& tokens) {
+std::vector<ast::Literal> literalsOf(const std::vector<Token>& tokens) {
   std::vector<ast::Literal> literals;
   const bool loose = onlyInsertsRows(tokens);
   for (const auto& token : tokens) {
-    if (token.kind == TokenKind::Parameter) {
-      throw errorAt(batch, token.text, 102, "Incorrect syntax");
-    }
     if (!isLiteral(token)) continue;
     literals.push_back(literalOf(token));
     if (loose) forgetSize(literals.back().type);
@@ -159,12 +156,6 @@ std::vector<ResultSet> Session::execute(const std::string& batch) {
   return resultsOf(run(batch));
 }
 
-std::vector<ResultSet> Session::execute(const std::string& batch,
-                                        const std::vector<ast::Literal>& parameters) {
-  const auto program = programForParameters(batch, parameters);
-  return resultsOf(run(*program, parameters));
-}
-
 std::vector<BatchEvent> Session::run(Program& program, const std::vector<ast::Literal>& literals) {
   Frame frame;
   frame.literals = &literals;
@@ -184,7 +175,7 @@ std::vector<BatchEvent> Session::run(Program& program, const std::vector<ast::Li
 std::shared_ptr<Program> Session::programForLiterals(const std::string& batch,
                                                      std::vector<ast::Literal>& literals) {
   const auto tokens = tokenize(batch);
-  literals = literalsOf(batch, tokens);
+  literals = literalsOf(tokens);
   const std::string form = formOf(tokens, literals, batch.size());
   // Where a literal is part of the form, as in ORDER BY 2, the program serves this text only.
   const std::string exactForm = form + batch;
@@ -192,28 +183,6 @@ std::shared_ptr<Program> Session::programForLiterals(const std::string& batch,
   if (auto known = keptProgram(exactForm)) return known;
   const auto program = parsed(batch, literals);
   return keepProgram(program->batch.liftable ? form : exactForm, program);
-}
-
-/// A batch with parameters is the same text at every call: no tokens are needed to find it.
-std::shared_ptr<Program> Session::programForParameters(
-    const std::string& batch, const std::vector<ast::Literal>& parameters) {
-  std::string key;
-  key.reserve(batch.size() + sizeof(std::int64_t) * parameters.size());
-  for (const auto& parameter : parameters) {
-    const std::int64_t type = parameter.type.code();
-    key.append(reinterpret_cast<const char*>(&type), sizeof type);
-  }
-  key += batch;
-  if (auto known = keptProgram(key)) return known;
-  const auto tokens = tokenize(batch);
-  const auto marks = std::count_if(tokens.begin(), tokens.end(), [](const Token& token) {
-    return token.kind == TokenKind::Parameter;
-  });
-  if (static_cast<std::size_t>(marks) != parameters.size() ||
-      std::any_of(tokens.begin(), tokens.end(), isLiteral)) {
-    throw std::logic_error("parameters that do not fit the batch: " + batch);
-  }
-  return keepProgram(key, parsed(batch, parameters));
 }
 
 std::shared_ptr<Program> Session::keptProgram(const std::string& key) {

@@ -74,10 +74,6 @@ class Session {
   std::vector<BatchEvent> run(const std::string& batch);
   /// The same for callers that want no errors: throws the first SqlError at the batch's end.
   std::vector<ResultSet> execute(const std::string& batch);
-  /// The same with a value for every "?" of the batch, in their order. std::logic_error when
-  /// their numbers differ, or when the batch also has literals.
-  std::vector<ResultSet> execute(const std::string& batch,
-                                 const std::vector<ast::Literal>& parameters);
   /// The rows that the last batch inserted, changed and deleted; -1 when it only read.
   std::int64_t rowsAffected() const { return state_.rowsAffected; }
   /// For the interpreters.
@@ -99,8 +95,6 @@ class Session {
  private:
   std::shared_ptr<Program> programForLiterals(const std::string& batch,
                                               std::vector<ast::Literal>& literals);
-  std::shared_ptr<Program> programForParameters(const std::string& batch,
-                                                const std::vector<ast::Literal>& parameters);
   std::vector<BatchEvent> run(Program& program, const std::vector<ast::Literal>& literals);
   std::shared_ptr<Program> keptProgram(const std::string& key);
   std::shared_ptr<Program> keepProgram(const std::string& key,

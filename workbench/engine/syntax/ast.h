@@ -35,8 +35,7 @@ struct ObjectName {
 struct Literal {
   SqlType type;
   Value value;
-  int slot = -1;          ///< its place among the batch's literals; -1 when the value is here
-  bool nullable = false;  ///< a parameter, whose value may be NULL
+  int slot = -1;  ///< its place among the batch's literals; -1 when the value is here
 };
 struct Variable {
   std::string name;

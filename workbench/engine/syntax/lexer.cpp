@@ -85,10 +85,6 @@ class Lexer {
     if (startsName(c)) return run(TokenKind::Word, start);
     if (c == '@' && continuesName(at(start + 1))) return run(TokenKind::Variable, start);
     if (isDigit(c) || (c == '.' && isDigit(at(start + 1)))) return number(start);
-    if (c == '?') {
-      ++position_;
-      return token(TokenKind::Parameter, start);
-    }
     return symbol(start);
   }
 

@@ -16,7 +16,6 @@ enum class TokenKind : std::uint8_t {
   Integer,
   Decimal,
   Text,
-  Parameter,  ///< ?, in whose place a value is handed over with the batch
   Symbol,
   End
 };

@@ -265,8 +265,7 @@ ast::Exec StatementParser::exec() {
   ast::Exec result{reader_.objectName(), {}};
   const auto atArgument = [&] {
     return isLiteral(reader_.peek()) || reader_.peek().kind == TokenKind::Variable ||
-           reader_.peek().kind == TokenKind::Parameter || reader_.isSymbol("-") ||
-           reader_.is("NULL") || reader_.is("DEFAULT");
+           reader_.isSymbol("-") || reader_.is("NULL") || reader_.is("DEFAULT");
   };
   if (!atArgument()) return result;
   commaSeparated(reader_, [&] {

@@ -60,7 +60,7 @@ const Token& TokenReader::peek(std::size_t ahead) const {
 Token TokenReader::take() {
   const Token token = peek();
   if (!atEnd()) ++place_.token;
-  if (isLiteral(token) || token.kind == TokenKind::Parameter) ++place_.literals;
+  if (isLiteral(token)) ++place_.literals;
   return token;
 }
 

@@ -176,7 +176,7 @@ void DiscountsPage::CaricaListini(DiscountGrid& mode) {
     dropTable(mode, p);
     mode.renameTable();
     p.run(sql::CaricaRegole(mode.table(), p.company(), kind));
-    const auto rows = p.openEditable(sql::RigheRegole(mode.table()), ado::CursorType::Dynamic);
+    const auto rows = p.openWorkingTable(sql::RigheRegole(mode.table()), ado::CursorType::Dynamic);
     p.show(mode.grid, rows);
     if (p.step([&] { return rows && !rows->EOF_(); })) {
       showStored(mode, p);
@@ -204,7 +204,7 @@ void DiscountsPage::AggiornaListini(DiscountGrid& mode) {
     dropTable(mode, p);
     p.run(sql::CreaCandidati(mode.table(), p.company(), kind, priceRows_));
     const auto rows =
-        p.openEditable(sql::RigheCandidati(mode.table(), kind), ado::CursorType::Dynamic);
+        p.openWorkingTable(sql::RigheCandidati(mode.table(), kind), ado::CursorType::Dynamic);
     if (kind.mode == sql::DiscountMode::OnPrice) {
       priceRows_ = p.step([&] { return rows ? rows->RecordCount() : 0; });
     }

@@ -168,6 +168,8 @@ void FRMKB_ANAGRAFICA::openConnection(Procedure& p) {
   provider = p.step([&] { return host()->ClsGlobal()->CreateConnectionProvider(); });
   context_.connection = p.step([&] { return provider->NewConnection(); });
   p.step([&] { context_.connection->setConnectionString(text); });
+  // A long statement is for the user to wait for.
+  p.step([&] { context_.connection->setCommandTimeout(0); });
   p.step([&] { context_.connection->Open(); });
   services_.setConnection(context_.connection);
   p.step([&] { host()->setConnection(context_.connection); });
@@ -358,6 +360,10 @@ void FRMKB_ANAGRAFICA::releaseHostObjects() {
   INAV_PAR.unbind();
   INAV_CATCLIART.unbind();
   for (Page* page : pages_) page->release();
+  // The host may hold the connection longer; the window's working tables end with it here.
+  ignoringErrors([&] {
+    if (context_.connection) context_.connection->Close();
+  });
   context_.connection.reset();
   services_.release();
   owner_.reset();

@@ -2,6 +2,7 @@
 
 #include "common/convert.h"
 #include "common/nulls.h"
+#include "controls/row_editing.h"
 #include "forms/procedure.h"
 #include "sql/deposits.h"
 #include "sql/working_tables.h"
@@ -61,7 +62,7 @@ void DepositsPage::CreaTabellaDepositi() {
 void DepositsPage::ImpostaRstDepositi() {
   CreaTabellaDepositi();
   procedure(context_, "ImpostaRstDepositi", [&](Procedure& p) {
-    const Ref<ado::Recordset> rows = p.openEditable(sql::RigheDepositi(workingTable_));
+    const Ref<ado::Recordset> rows = p.openWorkingTable(sql::RigheDepositi(workingTable_));
     p.show(QGRID_DEP, rows);
   });
 }
@@ -85,12 +86,12 @@ void DepositsPage::CambiaPredefinito() {
   procedure(context_, "CambiaPredefinito", [&](Procedure& p) {
     const Ref<ado::Recordset> preferred = p.step([&] { return QGRID_DEP.dataSource()->Clone(); });
     p.step([&] { preferred->setFilter(preferredRows); });
-    while (p.more(preferred)) {
-      p.step([&] {
-        preferred->setValue("FLG_PREF", off);
-        preferred->Update();
-      });
-      p.next(preferred);
+    // A changed row no longer passes the filter. ADO leaves it at once or at the next move, so the
+    // filter is set again instead of moving. An ignored failure must not make this endless.
+    const std::int32_t count = p.step([&] { return preferred->RecordCount(); });
+    for (std::int32_t i = 0; i < count && p.more(preferred); ++i) {
+      p.step([&] { controls::writeRow(*preferred, {{"FLG_PREF", off}}); });
+      p.step([&] { preferred->setFilter(preferredRows); });
     }
     p.step([&] { QGRID_DEP.refresh(); });
   });

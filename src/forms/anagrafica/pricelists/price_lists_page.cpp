@@ -188,7 +188,7 @@ void PriceListsPage::ImpostaRstListini() {
   CreaTabellaListini();
   procedure(context_, "ImpostaRstListini", [&](Procedure& p) {
     descriptions_.clear();
-    const Ref<ado::Recordset> rows = p.openEditable(sql::RigheListini(workingTable_));
+    const Ref<ado::Recordset> rows = p.openWorkingTable(sql::RigheListini(workingTable_));
     p.show(QGRID_LISTINI, rows);
   });
 }
@@ -330,6 +330,7 @@ std::string PriceListsPage::describe(std::string_view field, std::int32_t type,
 void PriceListsPage::BTN_AGGLISTINI_ButtonClick() {
   const bool done = procedure(context_, "BTN_AGGLISTINI_ButtonClick", [&](Procedure& p) {
     progress_.MostraAvanzamento(true);
+    const auto painted = context_.paintedMeanwhile();
     p.run(sql::AggiornaPrezzi(p.company()));
     return true;
   });
