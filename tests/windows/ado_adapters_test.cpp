@@ -222,7 +222,9 @@ constexpr Member<SilentConnection> silentMembers[] = {
     {L"Execute",
      [](SilentConnection& c, const Arguments&) {
        c.errors = c.coming;
-       return Variant(newObject(std::make_shared<Recordset>()));
+       auto rows = std::make_shared<Recordset>();
+       rows->chain = {Result::Rows};
+       return Variant(newObject(rows));
      }},
     {L"Errors",
      [](SilentConnection& c, const Arguments&) {

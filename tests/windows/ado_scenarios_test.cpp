@@ -42,6 +42,8 @@ Transcript runOnEngine(const AdoScenario& scenario) {
 /// The engine's objects as COM has them, registered for this process.
 class ComObjects {
  public:
+  explicit ComObjects(const workbench::Manners& manners = {}) : manners_(manners) {}
+
   /// With `meanwhile` each statement executes asynchronously.
   Ref<ado::Connection> connect(const std::function<void()>& meanwhile) {
     const Ref<ado::Connection> connection = objects.newConnection();
@@ -52,14 +54,16 @@ class ComObjects {
   windows::AdoLibrary objects;
 
  private:
+  workbench::Manners manners_;
   workbench::AdoLibrary objects_;
   std::shared_ptr<engine::Database> database_ = newDatabase();
-  workbench::ClassObjects classes_{objects_,
-                                   [this] { return workbench::newConnection(database_, nullptr); }};
+  workbench::ClassObjects classes_{
+      objects_, [this] { return workbench::newConnection(database_, nullptr, manners_); }};
 };
 
-Transcript runThroughCom(const AdoScenario& scenario, const std::function<void()>& meanwhile) {
-  ComObjects com;
+Transcript runThroughCom(const AdoScenario& scenario, const std::function<void()>& meanwhile,
+                         const workbench::Manners& manners = {}) {
+  ComObjects com(manners);
   AdoSide side{com.objects, [&] { return com.connect(meanwhile); }};
   Transcript transcript;
   scenario.run(side, transcript);
@@ -74,6 +78,11 @@ TEST_P(AdoScenarioTest, GivesTheSameThroughCom) {
 
 TEST_P(AdoScenarioTest, GivesTheSameWithAsynchronousStatements) {
   expectSame(runOnEngine(GetParam()), runThroughCom(GetParam(), [] {}), GetParam().landmarks);
+}
+
+TEST_P(AdoScenarioTest, GivesTheSameWhereTheStateHidesErrors) {
+  expectSame(runOnEngine(GetParam()), runThroughCom(GetParam(), [] {}, {.silentState = true}),
+             GetParam().landmarks);
 }
 
 std::string nameOfTest(const testing::TestParamInfo<AdoScenario>& info) {

@@ -15,8 +15,8 @@ std::int32_t RecordsetState::state() {
   if (isExecuting()) return windows::stateExecuting;
   try {
     if (coming.valid()) rows = coming.get();
-  } catch (const RuntimeError&) {
-    if (!hidesError) throw;
+  } catch (const RuntimeError& error) {
+    if (!hidesError || error.number() > 0) throw;  // an error of ADO itself is not in Errors
   }
   return rows->isOpen() ? windows::stateOpen : windows::stateClosed;
 }
