@@ -94,7 +94,8 @@ void measure(controls::Desktop& desktop, std::int32_t rows) {
 }  // namespace kebu::bench
 
 int main() {
-  kebu::windows::Win32Desktop desktop(GetModuleHandleW(nullptr));
+  const kebu::windows::CommonControls commonControls(GetModuleHandleW(nullptr));
+  kebu::windows::Win32Desktop desktop(GetModuleHandleW(nullptr), commonControls);
   kebu::bench::measure(desktop, 1000);  // once for what the first window of all costs
   kebu::bench::measure(desktop, 1000);
   kebu::bench::measure(desktop, 1000000);

@@ -157,10 +157,7 @@ std::string twoDigits(int number) {
   return {static_cast<char>('0' + number / 10), static_cast<char>('0' + number % 10)};
 }
 
-Locale& processLocale() {
-  static Locale locale = Locale::italian();
-  return locale;
-}
+thread_local Locale threadLocale = Locale::italian();
 
 }  // namespace
 
@@ -217,10 +214,10 @@ std::string Locale::format(const Date& value) const {
 }
 
 const Locale& runtimeLocale() {
-  return processLocale();
+  return threadLocale;
 }
 void setRuntimeLocale(const Locale& locale) {
-  processLocale() = locale;
+  threadLocale = locale;
 }
 
 }  // namespace kebu

@@ -31,7 +31,7 @@ struct Locale {
   std::string format(const Date& value) const;
 };
 
-/// The locale of the process; Italian until the platform sets another.
+/// The locale of the calling thread; Italian until the platform sets another.
 const Locale& runtimeLocale();
 void setRuntimeLocale(const Locale& locale);
 

@@ -87,11 +87,19 @@ bool Form::Unload() {
   bool cancel = false;
   Form_QueryUnload(cancel);
   if (cancel) return false;
+  finishUnload();
+  return true;
+}
+
+void Form::End() {
+  if (loaded_) finishUnload();
+}
+
+void Form::finishUnload() {
   Form_Unload();
   loaded_ = false;
   setVisible(false);
   desktop_.hide(*this);
-  return true;
 }
 
 }  // namespace kebu::controls

@@ -38,6 +38,8 @@ class Form : public OfKind<ControlKind::Form>, public std::enable_shared_from_th
   void activate() { Form_Activate(); }
   /// Closes the window unless Form_QueryUnload cancels; whether it is closed.
   bool Unload();
+  /// Closes the window without asking: it is gone already, with the host's window that owned it.
+  void End();
 
  protected:
   /// Adds the control; a group with all that it contains, now and later.
@@ -54,6 +56,7 @@ class Form : public OfKind<ControlKind::Form>, public std::enable_shared_from_th
   virtual void Form_Unload() {}
 
  private:
+  void finishUnload();
   /// Raises `changed` when a control is added to the group or to one inside it.
   void listenTo(Control& control);
 

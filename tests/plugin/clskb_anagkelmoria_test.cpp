@@ -164,6 +164,23 @@ TEST_F(PluginTest, WorkingTablesEndWithTheWindow) {
   for (const std::string& table : workingTables) EXPECT_FALSE(exists(table)) << table;
 }
 
+TEST_F(PluginTest, AWindowThatTheHostEndedAsksNothing) {
+  const auto plugin = create();
+  plugin->setClsGlobal(services());
+  plugin->setCanUpdate(true);
+  plugin->ShowForm();
+  controls::Form& form = *desktop.front();
+  auto& frame = dynamic_cast<controls::RecordFrame&>(*form.find("FME_ANAGRAFICA"));
+  frame.setField("GM03_NOTE", "cambiata");
+  ASSERT_TRUE(frame.hasPendingChanges());
+  statements.clear();
+  form.End();
+  EXPECT_EQ(desktop.front(), nullptr);
+  EXPECT_EQ(statements.statements().size(), 2U) << "the working tables are dropped";
+  EXPECT_TRUE(user.boxes.empty());
+  EXPECT_EQ(plugin->CloseForm(), Value(true));
+}
+
 TEST_F(PluginTest, HostThatAnswersNothingGetsAWindowAndAClearText) {
   const auto plugin = create();
   plugin->setCaption("Vuoto");

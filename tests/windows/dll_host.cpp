@@ -65,7 +65,39 @@ ULONGLONG longestSilence(HWND window, const std::function<void()>& action) {
   return otherThread.get();
 }
 
+void typeInto(const std::string& box, const std::wstring& text) {
+  HWND window = workbench::WindowReader(shownForm()).control(box).window;
+  workbench::clickAt(window, {3, 3});
+  pumpWaiting();
+  workbench::replaceText(window, text);
+  workbench::pressKey(window, VK_TAB);
+  pumpWaiting();
+}
+
+HWND newHostWindow(HWND parent) {
+  const DWORD kind = parent ? WS_CHILD : WS_OVERLAPPEDWINDOW;
+  return CreateWindowExW(0, L"STATIC", L"ERP", kind | WS_VISIBLE, 0, 0, 1200, 800, parent, nullptr,
+                         nullptr, nullptr);
+}
+
+void soon(std::function<void()> action) {
+  static thread_local std::function<void()> waiting;
+  waiting = std::move(action);
+  constexpr UINT delay = 300;
+  SetTimer(nullptr, 0, delay, [](HWND, UINT, UINT_PTR timer, DWORD) {
+    KillTimer(nullptr, timer);
+    waiting();
+  });
+}
+
+void SlowRules::before(const std::string& text, bool /*edit*/) {
+  if (text.find("##tempPrezzo") == std::string::npos) return;
+  ++times;
+  Sleep(delay);
+}
+
 std::int32_t DefaultUser::answer(const workbench::ShownMessage& box) {
+  boxes.push_back(box.text);
   std::cout << "    box: " << box.text << std::endl;
   return workbench::defaultButton(box.style);
 }
@@ -76,6 +108,10 @@ DllHost::DllHost(const workbench::PluginLibrary& library, workbench::StatementOb
       stand_(
           [&library] { return workbench::newPlugin(library); },
           {user_, company_, 1, {}, [this](const std::string& told) { journal.push_back(told); }}) {}
+
+void DllHost::setParent(HWND window) {
+  set("hwndParent", std::to_string(static_cast<LONG>(reinterpret_cast<LONG_PTR>(window))));
+}
 
 void DllHost::set(const char* property, const std::string& value) {
   stand_.set(*workbench::findHostProperty(property), value);

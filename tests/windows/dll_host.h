@@ -1,5 +1,6 @@
 #pragma once
 
+#include <atomic>
 #include <functional>
 #include <memory>
 #include <string>
@@ -21,13 +22,35 @@ void pumpWaiting();
 
 /// Clicks the side bar's link to a page.
 void openPage(HWND form, const std::string& view);
+/// Types a text into an edit box of the plug-in's window and leaves the box.
+void typeInto(const std::string& box, const std::wstring& text);
+/// A window as a host has them: a top-level one, or one inside another.
+HWND newHostWindow(HWND parent = nullptr);
+/// Runs `action` when the next message loop of this thread has waited for a moment, such as that of
+/// a modal window.
+void soon(std::function<void()> action);
 /// The longest time in milliseconds for which a window does not answer another thread while this
 /// thread runs `action`.
 ULONGLONG longestSilence(HWND window, const std::function<void()>& action);
 
+/// Makes the statements on the working table of the rules on price slow.
+class SlowRules : public workbench::StatementObserver {
+ public:
+  static constexpr DWORD delay = 2000;
+
+  void before(const std::string& text, bool edit) override;
+  void after(const std::string& /*text*/, bool /*edit*/, std::int64_t /*rows*/,
+             const RuntimeError* /*error*/) override {}
+
+  std::atomic<int> times = 0;
+};
+
 /// Presses the default button of every message box, and prints the box.
 class DefaultUser : public workbench::User {
  public:
+  /// The texts of the boxes.
+  std::vector<std::string> boxes;
+
   std::int32_t answer(const workbench::ShownMessage& box) override;
   void chooseFrom(workbench::ShownList& /*list*/) override {}
   void workIn(controls::Form& /*form*/) override {}
@@ -42,7 +65,10 @@ class DllHost {
 
   workbench::StandInHost* operator->() { return &stand_; }
   void set(const char* property, const std::string& value);
+  /// The plug-in's windows are to belong to a window of the host's.
+  void setParent(HWND window);
   const std::shared_ptr<engine::Database>& database() const { return database_; }
+  const std::vector<std::string>& boxes() const { return user_.boxes; }
 
   /// What the plug-in called of the host's object models.
   std::vector<std::string> journal;

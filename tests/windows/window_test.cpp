@@ -7,19 +7,13 @@
 #include <atomic>
 #include <cstdlib>
 #include <functional>
-#include <memory>
-#include <stdexcept>
 #include <vector>
 
 #include "common/convert.h"
 #include "common/error.h"
-#include "tests/windows/arguments.h"
-#include "tests/windows/dll_host.h"
 #include "tests/windows/resources.h"
-#include "windows/support/text.h"
-#include "windows/support/windows_api.h"
+#include "tests/windows/window_fixture.h"
 #include "workbench/windows/gestures.h"
-#include "workbench/windows/plugin_library.h"
 #include "workbench/windows/window_reader.h"
 
 namespace kebu::tests {
@@ -28,24 +22,6 @@ namespace {
 
 using workbench::WindowReader;
 
-/// Loads the library anew for each test, so that what one leaves behind does not reach the next.
-class WindowTest : public testing::Test {
- protected:
-  void TearDown() override {
-    EXPECT_TRUE(library->canUnload());
-    library.reset();
-    EXPECT_EQ(GetModuleHandleW(L"KEBU_ANAGKELMORIA.dll"), nullptr);
-  }
-
-  static std::wstring path() {
-    if (arguments().empty()) throw std::runtime_error("use: window_tests DLL [OPENINGS]");
-    return windows::toWide(arguments().front());
-  }
-
-  std::unique_ptr<workbench::PluginLibrary> library =
-      std::make_unique<workbench::PluginLibrary>(path());
-};
-
 bool hasEntry(const std::vector<std::string>& journal, const std::string& what) {
   return std::any_of(journal.begin(), journal.end(),
                      [&](const std::string& line) { return line.find(what) != std::string::npos; });
@@ -53,9 +29,8 @@ bool hasEntry(const std::vector<std::string>& journal, const std::string& what) 
 
 TEST_F(WindowTest, OpensModeless) {
   DllHost host(*library);
-  HWND parent = CreateWindowExW(0, L"STATIC", L"ERP", WS_OVERLAPPEDWINDOW | WS_VISIBLE, 0, 0, 1200,
-                                800, nullptr, nullptr, nullptr, nullptr);
-  host.set("hwndParent", std::to_string(static_cast<LONG>(reinterpret_cast<LONG_PTR>(parent))));
+  HWND parent = newHostWindow();
+  host.setParent(parent);
   host->open();
   EXPECT_NE(shownForm(), nullptr) << "ShowForm returns while the window is shown";
   EXPECT_EQ(GetWindow(shownForm(), GW_OWNER), parent);
@@ -108,27 +83,17 @@ TEST_F(WindowTest, AnEarlierOneStaysOpen) {
   EXPECT_EQ(shownForm(), nullptr);
 }
 
-/// Runs on a timer while a modal window is shown.
-std::function<void()> meanwhile;
-
-void CALLBACK onTimer(HWND window, UINT, UINT_PTR timer, DWORD) {
-  KillTimer(window, timer);
-  meanwhile();
-}
-
 TEST_F(WindowTest, OpensModal) {
   DllHost host(*library);
   host.set("WindowModal", "on");
   bool hasReturned = false;
   bool wasShown = false;
   bool returnedBefore = true;
-  meanwhile = [&] {
+  soon([&] {
     wasShown = shownForm() != nullptr;
     returnedBefore = hasReturned;
     PostMessageW(shownForm(), WM_CLOSE, 0, 0);
-  };
-  constexpr UINT delay = 300;
-  SetTimer(nullptr, 0, delay, onTimer);
+  });
   host->open();
   hasReturned = true;
   EXPECT_TRUE(wasShown);
@@ -136,35 +101,8 @@ TEST_F(WindowTest, OpensModal) {
   EXPECT_EQ(shownForm(), nullptr);
 }
 
-LONG heightOf(const windows::Inspection& part) {
-  return part.bounds.bottom - part.bounds.top;
-}
 LONG widthOf(const windows::Inspection& part) {
   return part.bounds.right - part.bounds.left;
-}
-
-/// Moves the window to a screen of another resolution, as Windows reports it.
-void changeResolution(int dpi) {
-  RECT suggested{0, 0, MulDiv(1180, dpi, USER_DEFAULT_SCREEN_DPI),
-                 MulDiv(760, dpi, USER_DEFAULT_SCREEN_DPI)};
-  SendMessageW(shownForm(), WM_DPICHANGED, MAKEWPARAM(dpi, dpi),
-               reinterpret_cast<LPARAM>(&suggested));
-  pumpWaiting();
-}
-
-TEST_F(WindowTest, FollowsTheResolutionOfItsScreen) {
-  DllHost host(*library);
-  host->open();
-  pumpWaiting();
-  const WindowReader reader(shownForm());
-  const auto box = [&] { return reader.control("TXT_GM03_NOTE"); };
-  const windows::Inspection usual = box();
-  changeResolution(2 * USER_DEFAULT_SCREEN_DPI);
-  EXPECT_NEAR(static_cast<double>(heightOf(box())), 2.0 * static_cast<double>(heightOf(usual)), 4);
-  changeResolution(USER_DEFAULT_SCREEN_DPI);
-  EXPECT_EQ(heightOf(box()), heightOf(usual));
-  EXPECT_EQ(widthOf(box()), widthOf(usual));
-  host->close();
 }
 
 TEST_F(WindowTest, ColumnsAreAsWideAsTheUserMakesThem) {
@@ -190,22 +128,6 @@ TEST_F(WindowTest, ColumnsAreAsWideAsTheUserMakesThem) {
               1);
   host->close();
 }
-
-/// Makes the statements on the working table of the rules on price slow.
-class SlowRules : public workbench::StatementObserver {
- public:
-  static constexpr DWORD delay = 2000;
-
-  void before(const std::string& text, bool /*edit*/) override {
-    if (text.find("##tempPrezzo") == std::string::npos) return;
-    ++times;
-    Sleep(delay);
-  }
-  void after(const std::string& /*text*/, bool /*edit*/, std::int64_t /*rows*/,
-             const RuntimeError* /*error*/) override {}
-
-  std::atomic<int> times = 0;
-};
 
 TEST_F(WindowTest, AnswersWhileTheDatabaseIsSlow) {
   SlowRules slow;

@@ -21,9 +21,7 @@ STDAPI DllGetClassObject(REFCLSID wantedClass, REFIID wanted, void** object) {
 }
 
 STDAPI DllCanUnloadNow() {
-  if (ModuleLock::anyHeld()) return S_FALSE;
-  PluginRuntime::end();
-  return S_OK;
+  return PluginRuntime::endWhenUnused() ? S_OK : S_FALSE;
 }
 
 STDAPI DllRegisterServer() {

@@ -12,6 +12,7 @@
 #include "windows/support/enumerator.h"
 #include "windows/support/identity.h"
 #include "windows/support/values.h"
+#include "windows/views/window/activity.h"
 
 namespace kebu::windows {
 
@@ -204,6 +205,7 @@ class PluginObject final
   template <class Work>
   HRESULT carryOut(Work&& work, const char* caller = __builtin_FUNCTION()) {
     const ComPtr<IUnknown> alive(identity());
+    const Activity activity;
     SystemPlatform platform;
     ignoringErrors(platform, caller, work);
     return S_OK;

@@ -1,9 +1,9 @@
 #include "windows/com/plugin_runtime.h"
 
-#include <memory>
 #include <mutex>
 
 #include "windows/support/module.h"
+#include "windows/views/window/window.h"
 
 namespace kebu::windows {
 
@@ -15,18 +15,28 @@ PluginRuntime* current = nullptr;
 
 }  // namespace
 
-PluginRuntime::PluginRuntime() : desktop_(moduleHandle()) {}
+PluginRuntime::PluginRuntime() : commonControls_(moduleHandle()) {}
+
+PluginRuntime::~PluginRuntime() {
+  desktops_.clear();
+  unregisterWindowClasses(moduleHandle());
+}
 
 forms::Runtime PluginRuntime::use() {
   const std::lock_guard lock(guard);
   if (!current) current = new PluginRuntime;
-  return {current->platform_, current->ado_, current->desktop_};
+  auto& desktop =
+      current->desktops_.try_emplace(GetCurrentThreadId(), moduleHandle(), current->commonControls_)
+          .first->second;
+  return {current->platform_, current->ado_, desktop};
 }
 
-void PluginRuntime::end() {
+bool PluginRuntime::endWhenUnused() {
   const std::lock_guard lock(guard);
+  if (ModuleLock::anyHeld()) return false;
   delete current;
   current = nullptr;
+  return true;
 }
 
 }  // namespace kebu::windows

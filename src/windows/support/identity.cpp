@@ -1,6 +1,8 @@
 #include "windows/support/identity.h"
 
 #include <algorithm>
+#include <mutex>
+#include <optional>
 #include <vector>
 
 #include "host/named_object.h"
@@ -16,11 +18,9 @@ struct Face {
   const void* whole;
 };
 
-/// All faces. They live in the apartment of the window.
-std::vector<Face>& faces() {
-  static std::vector<Face> all;
-  return all;
-}
+/// All faces. Each lives in the apartment of its window, and only that looks for it.
+std::vector<Face> faces;
+std::mutex guard;
 
 /// The address of the whole object, whichever of its bases is given.
 const void* wholeOf(const Object& object) {
@@ -28,26 +28,29 @@ const void* wholeOf(const Object& object) {
 }
 
 template <class Condition>
-const Face* find(Condition&& holds) {
-  const auto found = std::ranges::find_if(faces(), holds);
-  return found == faces().end() ? nullptr : &*found;
+std::optional<Face> find(Condition&& holds) {
+  const std::lock_guard lock(guard);
+  const auto found = std::ranges::find_if(faces, holds);
+  return found == faces.end() ? std::nullopt : std::optional(*found);
 }
 
 }  // namespace
 
 FaceEntry::FaceEntry(const std::shared_ptr<Object>& object, IDispatch* face) : face_(face) {
-  faces().push_back({face, object, wholeOf(*object)});
+  const std::lock_guard lock(guard);
+  faces.push_back({face, object, wholeOf(*object)});
 }
 
 FaceEntry::~FaceEntry() {
-  std::erase_if(faces(), [this](const Face& entry) { return entry.face == face_; });
+  const std::lock_guard lock(guard);
+  std::erase_if(faces, [this](const Face& entry) { return entry.face == face_; });
 }
 
 ComPtr<IDispatch> faceOf(const std::shared_ptr<Object>& object) {
   if (!object) return nullptr;
   if (const auto* foreign = dynamic_cast<const Foreign*>(object.get())) return foreign->comObject();
   const void* const whole = wholeOf(*object);
-  if (const Face* known = find([&](const Face& entry) { return entry.whole == whole; })) {
+  if (const auto known = find([&](const Face& entry) { return entry.whole == whole; })) {
     return ComPtr<IDispatch>(known->face);
   }
   const auto named = std::dynamic_pointer_cast<host::NamedObject>(object);
@@ -57,7 +60,7 @@ ComPtr<IDispatch> faceOf(const std::shared_ptr<Object>& object) {
 std::shared_ptr<Object> ownObject(IDispatch* object) {
   // Two pointers mean the same object when their IUnknowns are the same.
   const auto identity = ComPtr<IDispatch>(object).as<IUnknown>();
-  const Face* const known =
+  const auto known =
       find([&](const Face& entry) { return static_cast<IUnknown*>(entry.face) == identity.get(); });
   return known ? known->object.lock() : nullptr;
 }

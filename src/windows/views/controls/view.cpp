@@ -4,6 +4,7 @@
 #include "common/error.h"
 #include "windows/support/text.h"
 #include "windows/views/layout/mnemonics.h"
+#include "windows/views/window/dpi.h"
 #include "windows/views/window/guard.h"
 
 namespace kebu::windows {
@@ -26,6 +27,7 @@ void View::modelChanged() {
   const bool moved = control_.isVisible() != wasVisible_ || control_.caption() != lastCaption_;
   wasVisible_ = control_.isVisible();
   lastCaption_ = control_.caption();
+  const DpiContext resolution = DpiContext::of(site_.window());
   guarded([&] { refresh(); });
   if (moved) site_.requestLayout();
 }

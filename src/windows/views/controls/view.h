@@ -23,6 +23,8 @@ class ViewSite {
  public:
   virtual ~ViewSite() = default;
   virtual HINSTANCE module() const = 0;
+  /// The window itself.
+  virtual HWND window() const = 0;
   virtual const Theme& theme() const = 0;
   /// A control appeared, disappeared or changed its caption.
   virtual void requestLayout() = 0;

@@ -3,6 +3,7 @@
 #include <cwchar>
 
 #include "windows/views/drawing/painting.h"
+#include "windows/views/window/dpi.h"
 
 namespace kebu::windows {
 
@@ -13,14 +14,6 @@ bool isHighContrast() {
   asked.cbSize = sizeof asked;
   return SystemParametersInfoW(SPI_GETHIGHCONTRAST, sizeof asked, &asked, 0) &&
          (asked.dwFlags & HCF_HIGHCONTRASTON);
-}
-
-LOGFONTW messageFont(int dpi) {
-  NONCLIENTMETRICSW metrics{};
-  metrics.cbSize = sizeof metrics;
-  SystemParametersInfoForDpi(SPI_GETNONCLIENTMETRICS, sizeof metrics, &metrics, 0,
-                             static_cast<UINT>(dpi));
-  return metrics.lfMessageFont;
 }
 
 OwnedFont makeFont(LOGFONTW font, int percent, LONG weight) {

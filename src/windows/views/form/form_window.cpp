@@ -12,7 +12,9 @@
 #include "windows/views/layout/frame_layout.h"
 #include "windows/views/layout/mnemonics.h"
 #include "windows/views/window/common_controls.h"
+#include "windows/views/window/dpi.h"
 #include "windows/views/window/guard.h"
+#include "windows/views/window/host_window_watch.h"
 #include "windows/views/window/inspection.h"
 #include "windows/views/window/window_text.h"
 
@@ -69,12 +71,13 @@ const controls::Control& outermost(const controls::Control& control) {
 
 }  // namespace
 
-FormWindow::FormWindow(HINSTANCE module, controls::Form& form, HWND owner)
-    : module_(module), form_(form) {
+FormWindow::FormWindow(HINSTANCE module, controls::Form& form, HWND owner,
+                       std::function<void()> lost)
+    : module_(module), form_(form), lost_(std::move(lost)) {
   create(module, {L"kebu.form", WS_OVERLAPPEDWINDOW | WS_CLIPCHILDREN, WS_EX_CONTROLPARENT}, owner,
          {form.left(), form.top(), form.left() + usualSize.width, form.top() + usualSize.height},
          toWide(form.caption()));
-  theme_ = std::make_unique<Theme>(static_cast<int>(GetDpiForWindow(handle())));
+  theme_ = std::make_unique<Theme>(dpiOf(handle()));
   build();
   // A form without a side bar is a dialog.
   const layout::Rect& size = hasSideBar_ ? usualSize : dialogSize;
@@ -178,6 +181,7 @@ View* FormWindow::find(const controls::Control& control) const {
 }
 
 void FormWindow::formChanged() {
+  const DpiContext resolution = DpiContext::of(handle());
   setWindowText(handle(), toWide(form_.caption()));
   if (form_.controls().size() != controlsSeen_) requestLayout();
   if (!showing_ || IsWindowVisible(handle())) return;
@@ -295,9 +299,14 @@ void FormWindow::chooseMnemonics() {
   }
 }
 
-void FormWindow::changeDpi(int dpi, const RECT& suggested) {
+void FormWindow::renewTheme(int dpi) {
   *theme_ = Theme(dpi);
   for (View* view : inOrder_) view->applyTheme();
+  RedrawWindow(handle(), nullptr, nullptr, RDW_INVALIDATE | RDW_ERASE | RDW_ALLCHILDREN);
+}
+
+void FormWindow::changeDpi(int dpi, const RECT& suggested) {
+  renewTheme(dpi);
   SetWindowPos(handle(), nullptr, suggested.left, suggested.top, suggested.right - suggested.left,
                suggested.bottom - suggested.top, SWP_NOZORDER | SWP_NOACTIVATE);
   layOut();
@@ -321,6 +330,7 @@ void FormWindow::moveToItsPlace() {
 }
 
 void FormWindow::show() {
+  const DpiContext resolution = DpiContext::of(handle());
   const bool wasShown = IsWindowVisible(handle()) != 0;
   showing_ = true;
   if (!wasShown) moveToItsPlace();
@@ -332,6 +342,7 @@ void FormWindow::show() {
 }
 
 void FormWindow::paintNow() {
+  const DpiContext resolution = DpiContext::of(handle());
   if (layoutWanted_) layOut();
   for (View* view : inOrder_) {
     // The bar moves even while no message loop delivers its timer.
@@ -483,12 +494,14 @@ LRESULT FormWindow::answer(UINT message, WPARAM wParam, LPARAM lParam) {
       changeDpi(HIWORD(wParam), *reinterpret_cast<const RECT*>(lParam));
       return 0;
     case WM_SETTINGCHANGE:
-    case WM_SYSCOLORCHANGE: {
-      RECT place{};
-      GetWindowRect(handle(), &place);
-      changeDpi(theme_->dpi(), place);
+    case WM_SYSCOLORCHANGE:
+    case WM_THEMECHANGED:
+      renewTheme(theme_->dpi());
+      layOut();
       return 0;
-    }
+    case HostWindowWatch::message:
+      DestroyWindow(handle());
+      return 0;
     case WM_ERASEBKGND:
       fill(reinterpret_cast<HDC>(wParam), clientArea(), theme_->colours().window);
       return 1;

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <functional>
 #include <map>
 #include <memory>
 #include <set>
@@ -16,7 +17,8 @@ namespace kebu::windows {
 /// A form on the screen: its top-level window with a view for each control.
 class FormWindow : public Window, public ViewSite, public KeyTarget {
  public:
-  FormWindow(HINSTANCE module, controls::Form& form, HWND owner);
+  /// `lost` is called when the window was destroyed with its owner; it may delete this object.
+  FormWindow(HINSTANCE module, controls::Form& form, HWND owner, std::function<void()> lost);
   ~FormWindow() override;
 
   /// Shows and activates it.
@@ -27,8 +29,10 @@ class FormWindow : public Window, public ViewSite, public KeyTarget {
 
  private:
   LRESULT answer(UINT message, WPARAM wParam, LPARAM lParam) override;
+  void lost() override { lost_(); }
 
   HINSTANCE module() const override { return module_; }
+  HWND window() const override { return handle(); }
   const Theme& theme() const override { return *theme_; }
   void requestLayout() override;
   bool commit() override;
@@ -55,6 +59,8 @@ class FormWindow : public Window, public ViewSite, public KeyTarget {
   void layOut();
   void arrangePages(const layout::Rect& place);
   void chooseMnemonics();
+  /// Takes the fonts, sizes and colours that apply now.
+  void renewTheme(int dpi);
   void changeDpi(int dpi, const RECT& suggested);
   void focusFirst();
   void moveFocus(bool back);
@@ -66,6 +72,7 @@ class FormWindow : public Window, public ViewSite, public KeyTarget {
 
   HINSTANCE module_;
   controls::Form& form_;
+  std::function<void()> lost_;
   std::unique_ptr<Theme> theme_;
   /// The side bar's pages; those without a window have not been shown yet.
   std::map<const controls::GroupBox*, std::unique_ptr<PageWindow>> pages_;

@@ -4,6 +4,7 @@
 
 #include "windows/support/text.h"
 #include "windows/views/drawing/push_button.h"
+#include "windows/views/window/dpi.h"
 #include "windows/views/window/guard.h"
 #include "windows/views/window/inspection_answer.h"
 #include "windows/views/window/window_place.h"
@@ -19,10 +20,7 @@ constexpr int measuredRows = 200;  // at most, for the widths of the columns
 }  // namespace
 
 LookupWindow::LookupWindow(HINSTANCE module, controls::LookupList& list, HWND owner)
-    : module_(module),
-      list_(list),
-      theme_(owner ? static_cast<int>(GetDpiForWindow(owner)) : 96),
-      row_(list.rowCount() > 0 ? 1 : 0) {
+    : module_(module), list_(list), theme_(dpiOf(owner)), row_(list.rowCount() > 0 ? 1 : 0) {
   int width = 40;
   for (std::size_t i = 0; i < list.captions().size(); ++i) {
     int widest = theme_.metrics().textWidth(list.captions()[i]) + theme_.px(12);
@@ -89,6 +87,16 @@ void LookupWindow::layOut() {
   moveWindow(leave_, {right - buttonWidth, foot, buttonWidth, button});
   grid_->sourceChanged();
   invalidate();
+}
+
+void LookupWindow::renewTheme(int dpi) {
+  theme_ = Theme(dpi);
+  for (HWND window : {hint_, search_, take_, leave_}) {
+    SendMessageW(window, WM_SETFONT, reinterpret_cast<WPARAM>(theme_.font()), FALSE);
+  }
+  grid_->themeChanged();
+  layOut();
+  RedrawWindow(handle(), nullptr, nullptr, RDW_INVALIDATE | RDW_ERASE | RDW_ALLCHILDREN);
 }
 
 void LookupWindow::show() {
@@ -184,6 +192,19 @@ LRESULT LookupWindow::answer(UINT message, WPARAM wParam, LPARAM lParam) {
       return 0;
     case WM_SIZE:
       layOut();
+      return 0;
+    case WM_DPICHANGED: {
+      const RECT& suggested = *reinterpret_cast<const RECT*>(lParam);
+      SetWindowPos(handle(), nullptr, suggested.left, suggested.top,
+                   suggested.right - suggested.left, suggested.bottom - suggested.top,
+                   SWP_NOZORDER | SWP_NOACTIVATE);
+      renewTheme(HIWORD(wParam));
+      return 0;
+    }
+    case WM_SETTINGCHANGE:
+    case WM_SYSCOLORCHANGE:
+    case WM_THEMECHANGED:
+      renewTheme(theme_.dpi());
       return 0;
     case WM_ERASEBKGND:
       fill(reinterpret_cast<HDC>(wParam), clientArea(), theme_.colours().window);

@@ -24,6 +24,7 @@ class LookupWindow : public Window, public GridSource, public KeyTarget {
 
  private:
   LRESULT answer(UINT message, WPARAM wParam, LPARAM lParam) override;
+  void lost() override { leave(); }
   std::function<void()> actionFor(const Key& key) override;
 
   const std::vector<Column>& columns() const override { return columns_; }
@@ -37,6 +38,8 @@ class LookupWindow : public Window, public GridSource, public KeyTarget {
 
   void build();
   void layOut();
+  /// Takes the fonts, sizes and colours that apply now.
+  void renewTheme(int dpi);
   void search();
   void take();
   void leave() { done_ = true; }

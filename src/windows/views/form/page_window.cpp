@@ -5,6 +5,7 @@
 #include "windows/support/text.h"
 #include "windows/views/controls/view.h"
 #include "windows/views/drawing/painting.h"
+#include "windows/views/window/dpi.h"
 
 namespace kebu::windows {
 
@@ -27,7 +28,7 @@ void PageWindow::layOut() {
   GetWindowRect(handle(), &window);
   const int full = static_cast<int>(window.right - window.left);
   const int seen = static_cast<int>(window.bottom - window.top);
-  const int bar = GetSystemMetricsForDpi(SM_CXVSCROLL, static_cast<UINT>(theme_.dpi()));
+  const int bar = systemMetric(SM_CXVSCROLL, theme_.dpi());
   height_ = layout.naturalHeight(controls, full);
   const bool scrolls = height_ > seen;
   const int width = scrolls ? full - bar - theme_.px(6) : full;

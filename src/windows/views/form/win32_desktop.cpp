@@ -1,10 +1,13 @@
 #include "windows/views/form/win32_desktop.h"
 
+#include <optional>
+
 #include "controls/form.h"
 #include "controls/mdi_container.h"
 #include "windows/views/form/form_window.h"
 #include "windows/views/form/lookup_window.h"
-#include "windows/views/window/window.h"
+#include "windows/views/window/activity.h"
+#include "windows/views/window/host_window_watch.h"
 
 namespace kebu::windows {
 
@@ -14,6 +17,18 @@ struct Search {
   HWND except;
   std::vector<HWND> found;
 };
+
+/// The host's window that a form belongs to; null for none.
+HWND hostWindowOf(const controls::Form& form) {
+  for (const controls::Control* control : form.controls()) {
+    const auto* container = controls::as<controls::MdiContainer>(*control);
+    if (!container || container->parentWindow() == 0) continue;
+    // A handle has 32 significant bits on every Windows.
+    auto* const given = reinterpret_cast<HWND>(static_cast<LONG_PTR>(container->parentWindow()));
+    if (IsWindow(given)) return given;
+  }
+  return nullptr;
+}
 
 BOOL CALLBACK collectOthers(HWND window, LPARAM context) {
   auto& search = *reinterpret_cast<Search*>(context);
@@ -26,25 +41,20 @@ BOOL CALLBACK collectOthers(HWND window, LPARAM context) {
 
 struct Win32Desktop::Shown {
   std::unique_ptr<FormWindow> window;
+  std::unique_ptr<HostWindowWatch> hostWindow;
   std::vector<HWND> disabled;  ///< while it is modal
+  bool isModal = false;
+  bool isLost = false;
 };
 
-Win32Desktop::Win32Desktop(HINSTANCE module) : module_(module), commonControls_(module) {}
+Win32Desktop::Win32Desktop(HINSTANCE module, const CommonControls& commonControls)
+    : module_(module), commonControls_(commonControls) {}
 
-Win32Desktop::~Win32Desktop() {
-  shown_.clear();
-  unregisterWindowClasses(module_);
-}
+Win32Desktop::~Win32Desktop() = default;
 
 HWND Win32Desktop::ownerFor(const controls::Form* form) const {
   if (form) {
-    for (const controls::Control* control : form->controls()) {
-      const auto* container = controls::as<controls::MdiContainer>(*control);
-      if (!container || container->parentWindow() == 0) continue;
-      // A handle has 32 significant bits on every Windows.
-      auto* const given = reinterpret_cast<HWND>(static_cast<LONG_PTR>(container->parentWindow()));
-      if (IsWindow(given)) return GetAncestor(given, GA_ROOT);
-    }
+    if (HWND hosts = hostWindowOf(*form)) return GetAncestor(hosts, GA_ROOT);
   }
   HWND active = GetActiveWindow();
   if (active) return GetAncestor(active, GA_ROOT);
@@ -56,7 +66,11 @@ void Win32Desktop::show(controls::Form& form) {
   auto at = shown_.find(&form);
   if (at == shown_.end()) {
     auto shown = std::make_unique<Shown>();
-    shown->window = std::make_unique<FormWindow>(module_, form, ownerFor(&form));
+    shown->window = std::make_unique<FormWindow>(module_, form, ownerFor(&form),
+                                                 [this, &form] { windowLost(form); });
+    if (HWND hosts = hostWindowOf(form)) {
+      shown->hostWindow = std::make_unique<HostWindowWatch>(hosts, shown->window->handle());
+    }
     at = shown_.emplace(&form, std::move(shown)).first;
   }
   at->second->window->show();
@@ -74,9 +88,30 @@ void Win32Desktop::runModal(controls::Form& form) {
   const auto at = shown_.find(&form);
   if (at == shown_.end()) return;
   const std::shared_ptr<controls::Form> held = form.weak_from_this().lock();
+  at->second->isModal = true;
   at->second->window->setModal(true);
   at->second->disabled = disableOthers(at->second->window->handle());
-  pump([&] { return shown_.count(&form) == 0; });
+  const auto isLost = [&] {
+    const auto now = shown_.find(&form);
+    return now != shown_.end() && now->second->isLost;
+  };
+  pump([&] { return shown_.count(&form) == 0 || isLost(); });
+  if (isLost()) endLost(form);
+}
+
+void Win32Desktop::windowLost(controls::Form& form) {
+  const auto at = shown_.find(&form);
+  if (at == shown_.end()) return;
+  at->second->isLost = true;
+  if (at->second->isModal) return;  // its message loop returns now
+  Activity::afterwards([this, weak = form.weak_from_this()] {
+    if (const auto held = weak.lock()) endLost(*held);
+  });
+}
+
+void Win32Desktop::endLost(controls::Form& form) {
+  hide(form);  // its views must not draw any more
+  form.End();
 }
 
 void Win32Desktop::runLookup(controls::LookupList& list) {
@@ -120,9 +155,16 @@ void Win32Desktop::repaint() {
   // The thread's other windows, too, the host's among them. Asking for messages also shows Windows
   // that the program responds. The number is limited, since a window may paint without end.
   MSG message{};
+  std::optional<int> quit;
   for (int i = 0; i < 64 && PeekMessageW(&message, nullptr, WM_PAINT, WM_PAINT, PM_REMOVE); ++i) {
-    DispatchMessageW(&message);
+    if (message.message == WM_QUIT) {
+      // It comes whatever is asked for. The program's own loop must learn of it.
+      quit = static_cast<int>(message.wParam);
+    } else {
+      DispatchMessageW(&message);
+    }
   }
+  if (quit) PostQuitMessage(*quit);
 }
 
 }  // namespace kebu::windows

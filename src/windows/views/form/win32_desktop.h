@@ -13,12 +13,13 @@ namespace kebu::windows {
 
 class FormWindow;
 
-/// The real screen. A window shown modeless lives on the host's message loop, a
-/// modal one on a loop of its own.
+/// The real screen, for the windows of one thread. A window shown modeless lives on the host's
+/// message loop, a modal one on a loop of its own. A window whose owner the host destroys ends with
+/// it: nothing is asked, since nothing could be answered.
 class Win32Desktop final : public controls::Desktop {
  public:
-  /// `module` holds the manifest of the common controls and the window classes.
-  explicit Win32Desktop(HINSTANCE module);
+  /// `module` holds the window classes.
+  Win32Desktop(HINSTANCE module, const CommonControls& commonControls);
   ~Win32Desktop() override;
 
   void show(controls::Form& form) override;
@@ -32,13 +33,16 @@ class Win32Desktop final : public controls::Desktop {
 
   /// The window over which another one opens.
   HWND ownerFor(const controls::Form* form) const;
+  void windowLost(controls::Form& form);
+  /// The form ends as its window did.
+  void endLost(controls::Form& form);
   std::vector<HWND> disableOthers(HWND except) const;
   static void enable(const std::vector<HWND>& windows);
   /// Lets the user work until `done`.
   static void pump(const std::function<bool()>& done);
 
   HINSTANCE module_;
-  CommonControls commonControls_;
+  const CommonControls& commonControls_;
   std::map<const controls::Form*, std::unique_ptr<Shown>> shown_;
 };
 

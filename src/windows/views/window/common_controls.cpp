@@ -29,14 +29,12 @@ CommonControls::~CommonControls() {
   if (current_ == this) current_ = nullptr;
 }
 
-CommonControls::Scope::Scope(const CommonControls* controls)
-    : before_(SetThreadDpiAwarenessContext(DPI_AWARENESS_CONTEXT_PER_MONITOR_AWARE_V2)) {
+CommonControls::Scope::Scope(const CommonControls* controls) {
   if (controls && controls->context_) ActivateActCtx(controls->context_.get(), &cookie_);
 }
 
 CommonControls::Scope::~Scope() {
   if (cookie_) DeactivateActCtx(0, cookie_);
-  if (before_) SetThreadDpiAwarenessContext(before_);
 }
 
 }  // namespace kebu::windows

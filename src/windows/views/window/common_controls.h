@@ -1,6 +1,7 @@
 #pragma once
 
 #include "windows/support/handles.h"
+#include "windows/views/window/dpi.h"
 
 namespace kebu::windows {
 
@@ -28,8 +29,8 @@ class CommonControls {
    private:
     explicit Scope(const CommonControls* controls);
 
+    DpiContext resolution_ = DpiContext::perMonitor();
     ULONG_PTR cookie_ = 0;
-    DPI_AWARENESS_CONTEXT before_;
   };
 
  private:

@@ -1,17 +1,35 @@
 #include "windows/views/window/window.h"
 
+#include <mutex>
 #include <set>
 
 #include "common/error.h"
+#include "windows/views/window/activity.h"
 #include "windows/views/window/guard.h"
 
 namespace kebu::windows {
 
 namespace {
 
+/// The classes that were registered. Threads share them.
 std::set<std::wstring>& classNames() {
   static std::set<std::wstring> names;
   return names;
+}
+std::mutex classGuard;
+
+void registerClass(HINSTANCE module, const WindowTraits& traits, WNDPROC procedure) {
+  const std::lock_guard lock(classGuard);
+  if (!classNames().insert(traits.className).second) return;
+  WNDCLASSEXW wanted{};
+  wanted.cbSize = sizeof wanted;
+  wanted.style = traits.classStyle;
+  wanted.lpfnWndProc = procedure;
+  wanted.hInstance = module;
+  wanted.hCursor = traits.cursor;
+  wanted.hIcon = LoadIconW(nullptr, IDI_APPLICATION);
+  wanted.lpszClassName = traits.className;
+  RegisterClassExW(&wanted);
 }
 
 }  // namespace
@@ -28,20 +46,7 @@ RECT Window::clientArea() const {
 
 void Window::create(HINSTANCE module, const WindowTraits& traits, HWND parent, const RECT& bounds,
                     const std::wstring& title) {
-  WNDCLASSEXW known{};
-  known.cbSize = sizeof known;
-  if (!GetClassInfoExW(module, traits.className, &known)) {
-    WNDCLASSEXW wanted{};
-    wanted.cbSize = sizeof wanted;
-    wanted.style = traits.classStyle;
-    wanted.lpfnWndProc = procedure;
-    wanted.hInstance = module;
-    wanted.hCursor = traits.cursor;
-    wanted.hIcon = LoadIconW(nullptr, IDI_APPLICATION);
-    wanted.lpszClassName = traits.className;
-    RegisterClassExW(&wanted);
-    classNames().insert(traits.className);
-  }
+  registerClass(module, traits, procedure);
   CreateWindowExW(traits.extendedStyle, traits.className, title.c_str(), traits.style, bounds.left,
                   bounds.top, bounds.right - bounds.left, bounds.bottom - bounds.top, parent,
                   nullptr, module, this);
@@ -100,14 +105,18 @@ LRESULT CALLBACK Window::procedure(HWND window, UINT message, WPARAM wParam, LPA
   if (message == WM_NCDESTROY) {
     SetWindowLongPtrW(window, GWLP_USERDATA, 0);
     self->handle_ = nullptr;
-    return DefWindowProcW(window, message, wParam, lParam);
+    const LRESULT answered = DefWindowProcW(window, message, wParam, lParam);
+    if (!self->destroying_) guarded([&] { self->lost(); });
+    return answered;
   }
+  const Activity activity;
   LRESULT result = 0;
   guarded([&] { result = self->answer(message, wParam, lParam); });
   return result;
 }
 
 void unregisterWindowClasses(HINSTANCE module) {
+  const std::lock_guard lock(classGuard);
   // One that still has windows stays.
   std::erase_if(classNames(), [&](const std::wstring& name) {
     return UnregisterClassW(name.c_str(), module) != 0;

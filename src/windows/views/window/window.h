@@ -33,6 +33,7 @@ class Window {
   void create(HINSTANCE module, const WindowTraits& traits, HWND parent, const RECT& bounds,
               const std::wstring& title = {});
   void destroy() {
+    destroying_ = true;
     if (handle_) DestroyWindow(handle_);
   }
   /// The position that a scroll bar's message asks for, a line being `line` units; nothing for a
@@ -41,11 +42,14 @@ class Window {
   void setScrollBar(int bar, const layout::ScrollRange& range) const;
   /// Handles a message; overriders call the base for messages that they do not handle.
   virtual LRESULT answer(UINT message, WPARAM wParam, LPARAM lParam);
+  /// Someone else destroyed the window: its owner or parent ended. It may delete this object.
+  virtual void lost() {}
 
  private:
   static LRESULT CALLBACK procedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam);
 
   HWND handle_ = nullptr;
+  bool destroying_ = false;
 };
 
 /// Unregisters our window classes, before the module that holds their procedures is unloaded.

@@ -1,0 +1,231 @@
+// How the plug-in's window looks: the resolution of its screen, colours and fonts of the system.
+#include <gtest/gtest.h>
+
+#include <cstring>
+#include <memory>
+#include <optional>
+
+#include "controls/edit_box.h"
+#include "controls/form.h"
+#include "tests/windows/import_patch.h"
+#include "tests/windows/window_fixture.h"
+#include "windows/support/handles.h"
+#include "windows/views/form/win32_desktop.h"
+#include "workbench/windows/gestures.h"
+#include "workbench/windows/window_reader.h"
+
+namespace kebu::tests {
+
+namespace {
+
+using workbench::WindowReader;
+
+LONG heightOf(const windows::Inspection& part) {
+  return part.bounds.bottom - part.bounds.top;
+}
+LONG widthOf(const windows::Inspection& part) {
+  return part.bounds.right - part.bounds.left;
+}
+
+/// Moves the window to a screen of another resolution, as Windows reports it.
+void changeResolution(int dpi) {
+  RECT suggested{0, 0, MulDiv(1180, dpi, USER_DEFAULT_SCREEN_DPI),
+                 MulDiv(760, dpi, USER_DEFAULT_SCREEN_DPI)};
+  SendMessageW(shownForm(), WM_DPICHANGED, MAKEWPARAM(dpi, dpi),
+               reinterpret_cast<LPARAM>(&suggested));
+  pumpWaiting();
+}
+
+TEST_F(WindowTest, FollowsTheResolutionOfItsScreen) {
+  DllHost host(*library);
+  host->open();
+  pumpWaiting();
+  const WindowReader reader(shownForm());
+  const auto box = [&] { return reader.control("TXT_GM03_NOTE"); };
+  const windows::Inspection usual = box();
+  changeResolution(2 * USER_DEFAULT_SCREEN_DPI);
+  EXPECT_NEAR(static_cast<double>(heightOf(box())), 2.0 * static_cast<double>(heightOf(usual)), 4);
+  changeResolution(USER_DEFAULT_SCREEN_DPI);
+  EXPECT_EQ(heightOf(box()), heightOf(usual));
+  EXPECT_EQ(widthOf(box()), widthOf(usual));
+  host->close();
+}
+
+/// The functions that a test keeps from the plug-in.
+int hidden = 0;
+
+FARPROC WINAPI withoutResolutions(HMODULE module, LPCSTR name) {
+  if (std::strstr(name, "Dpi") == nullptr) return GetProcAddress(module, name);
+  ++hidden;
+  return nullptr;
+}
+
+HMODULE plugin() {
+  return GetModuleHandleW(L"KEBU_ANAGKELMORIA.dll");
+}
+
+TEST_F(WindowTest, WorksOnAWindowsWithoutResolutionsOfWindows) {
+  LONG usual = 0;
+  {
+    DllHost host(*library);
+    host->open();
+    pumpWaiting();
+    usual = heightOf(WindowReader(shownForm()).control("TXT_GM03_NOTE"));
+    host->close();
+  }
+  // Loaded anew, since a library asks for the functions once.
+  ASSERT_TRUE(library->canUnload());
+  library.reset();
+  library = std::make_unique<workbench::PluginLibrary>(path());
+  hidden = 0;
+  const ImportPatch patch(plugin(), "GetProcAddress", withoutResolutions);
+  DllHost host(*library);
+  host->open();
+  pumpWaiting();
+  EXPECT_GT(hidden, 0);
+  const WindowReader reader(shownForm());
+  const auto box = [&] { return reader.control("TXT_GM03_NOTE"); };
+  EXPECT_EQ(heightOf(box()), usual);
+  // A host that knows resolutions is told of them since Windows 8.1.
+  changeResolution(2 * USER_DEFAULT_SCREEN_DPI);
+  EXPECT_NEAR(static_cast<double>(heightOf(box())), 2.0 * static_cast<double>(usual), 4);
+  changeResolution(USER_DEFAULT_SCREEN_DPI);
+  typeInto("TXT_GM03_NOTE", L"cambiata");
+  EXPECT_TRUE(reader.find(windows::Inspected::Item, "INAV_PAR", {"Conferma", 0, 0})->enabled);
+  openPage(shownForm(), "2");
+  EXPECT_TRUE(reader.control("QGRID_LISTINI").visible);
+  host->close();
+}
+
+// ---- colours
+
+constexpr COLORREF strange = RGB(10, 200, 30);
+
+BOOL WINAPI highContrast(UINT action, UINT size, PVOID result, UINT flags) {
+  const BOOL done = SystemParametersInfoW(action, size, result, flags);
+  if (action == SPI_GETHIGHCONTRAST) {
+    static_cast<HIGHCONTRASTW*>(result)->dwFlags |= HCF_HIGHCONTRASTON;
+  }
+  return done;
+}
+
+DWORD WINAPI strangeColours(int /*index*/) {
+  return strange;
+}
+
+/// The colour of a window near its upper left corner, as it was painted.
+COLORREF cornerOf(HWND window) {
+  constexpr int inside = 3;
+  UpdateWindow(window);
+  HDC const dc = GetDC(window);
+  const COLORREF colour = GetPixel(dc, inside, inside);
+  ReleaseDC(window, dc);
+  return colour;
+}
+
+TEST_F(WindowTest, FollowsTheColoursOfTheSystem) {
+  for (const UINT message : {WM_SYSCOLORCHANGE, WM_THEMECHANGED}) {
+    DllHost host(*library);
+    host->open();
+    pumpWaiting();
+    HWND form = shownForm();
+    const auto page = [&] { return FindWindowExW(form, nullptr, L"kebu.page", nullptr); };
+    const auto list = [] { return FindWindowW(L"kebu.lookup", nullptr); };
+    const COLORREF usual = cornerOf(page());
+    EXPECT_NE(usual, strange);
+    COLORREF ofList = 0;
+    soon([&] {
+      const ImportPatch contrast(plugin(), "SystemParametersInfoW", highContrast);
+      const ImportPatch colours(plugin(), "GetSysColor", strangeColours);
+      SendMessageW(list(), message, 0, 0);
+      SendMessageW(form, message, 0, 0);
+      ofList = cornerOf(list());
+      PostMessageW(list(), WM_CLOSE, 0, 0);
+    });
+    const auto button =
+        WindowReader(shownForm()).find(windows::Inspected::Lookup, "TXT_GM04_CODDOCWEB_MG36", {});
+    workbench::clickOn(button.value().window, button->bounds);
+    pumpWaiting();
+    EXPECT_EQ(ofList, strange) << "message " << message;
+    EXPECT_EQ(cornerOf(page()), strange) << "message " << message;
+    SendMessageW(form, message, 0, 0);
+    EXPECT_EQ(cornerOf(page()), usual) << "message " << message;
+    host->close();
+  }
+}
+
+// ---- a host that does not know resolutions
+
+/// Runs this program for one test on a screen of another resolution; what it returns.
+DWORD runAtResolution(DWORD dpi, const std::string& test) {
+  constexpr const wchar_t* key = L"Control Panel\\Desktop";
+  constexpr const wchar_t* value = L"LogPixels";
+  RegSetKeyValueW(HKEY_CURRENT_USER, key, value, REG_DWORD, &dpi, sizeof dpi);
+  std::wstring program(MAX_PATH, L'\0');
+  program.resize(GetModuleFileNameW(nullptr, program.data(), MAX_PATH));
+  std::wstring command = L"\"" + program + L"\" --gtest_brief --gtest_filter=" +
+                         windows::toWide(test) + L" \"" + windows::toWide(arguments().front()) +
+                         L"\"";
+  STARTUPINFOW start{};
+  start.cb = sizeof start;
+  PROCESS_INFORMATION process{};
+  DWORD result = STILL_ACTIVE;
+  if (CreateProcessW(nullptr, command.data(), nullptr, nullptr, TRUE, 0, nullptr, nullptr, &start,
+                     &process)) {
+    const windows::OwnedEvent thread(process.hThread);
+    const windows::OwnedEvent running(process.hProcess);
+    WaitForSingleObject(running.get(), INFINITE);
+    GetExitCodeProcess(running.get(), &result);
+  }
+  RegDeleteKeyValueW(HKEY_CURRENT_USER, key, value);
+  return result;
+}
+
+class SmallForm : public controls::Form {
+ public:
+  explicit SmallForm(controls::Desktop& desktop) : Form("FRM", desktop) {
+    group.addAll(first, second);
+    add(group);
+  }
+
+  controls::GroupBox group{"GRP", "Gruppo"};
+  controls::EditBox first{"TXT_FIRST", "Primo"};
+  controls::EditBox second{"TXT_SECOND", "Secondo"};
+};
+
+/// Where the second box is when the form is laid out by a host's thread of that kind, which calls
+/// for it outside of any message.
+RECT placeOfSecondBox(DPI_AWARENESS_CONTEXT hosts) {
+  const windows::CommonControls commonControls(GetModuleHandleW(nullptr));
+  windows::Win32Desktop desktop(GetModuleHandleW(nullptr), commonControls);
+  const auto form = std::make_shared<SmallForm>(desktop);
+  DPI_AWARENESS_CONTEXT const before = SetThreadDpiAwarenessContext(hosts);
+  form->Show(false);
+  pumpWaiting();
+  form->first.setVisible(false);
+  desktop.repaint();
+  HWND box = WindowReader(shownForm()).control("TXT_SECOND").window;
+  SetThreadDpiAwarenessContext(DPI_AWARENESS_CONTEXT_PER_MONITOR_AWARE);
+  RECT place{};
+  GetWindowRect(box, &place);
+  SetThreadDpiAwarenessContext(before);
+  form->Unload();
+  return place;
+}
+
+TEST(HostWithoutResolutions, LaysOutAsAnyOther) {
+  constexpr UINT high = 192;
+  if (GetDpiForSystem() != high) {
+    EXPECT_EQ(runAtResolution(high, "HostWithoutResolutions.LaysOutAsAnyOther"), 0U);
+    return;
+  }
+  const RECT usual = placeOfSecondBox(DPI_AWARENESS_CONTEXT_PER_MONITOR_AWARE);
+  const RECT below = placeOfSecondBox(DPI_AWARENESS_CONTEXT_UNAWARE);
+  EXPECT_GT(usual.right - usual.left, 0);
+  EXPECT_EQ(below.right - below.left, usual.right - usual.left);
+  EXPECT_EQ(below.bottom - below.top, usual.bottom - usual.top);
+}
+
+}  // namespace
+
+}  // namespace kebu::tests
