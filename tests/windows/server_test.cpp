@@ -4,12 +4,14 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <memory>
 #include <sstream>
 #include <stdexcept>
 #include <string>
 #include <vector>
 
 #include "tests/windows/arguments.h"
+#include "tests/windows/import_patch.h"
 #include "tests/windows/instance.h"
 #include "tests/windows/listener.h"
 #include "tests/windows/registry.h"
@@ -25,6 +27,7 @@
 #include "workbench/host/object_models.h"
 #include "workbench/windows/host_automation.h"
 #include "workbench/windows/trace_listener.h"
+#include "workbench/windows/user_classes.h"
 
 namespace kebu::tests {
 
@@ -45,6 +48,7 @@ class Library {
     if (!module_) throw RuntimeError(48, "the DLL cannot be loaded: " + windows::toUtf8(path));
   }
 
+  HMODULE module() const { return module_.get(); }
   HRESULT call(const char* entryPoint) const {
     const auto function = reinterpret_cast<HRESULT(STDAPICALLTYPE*)()>(
         reinterpret_cast<void*>(GetProcAddress(module_.get(), entryPoint)));
@@ -365,6 +369,87 @@ TEST(ActiveDll, AnObjectOfTheHostsIsAskedWhetherItIsActive) {
   *isActive = true;
   navigator->InitializeLayoutObjectModel.raise(model);
   EXPECT_EQ(journal.size(), 1U) << "it is asked at every event";
+}
+
+/// A copy of the library at another place, registered.
+class OtherCopy {
+ public:
+  explicit OtherCopy(const std::wstring& original) {
+    std::wstring folder(MAX_PATH, L'\0');
+    folder.resize(GetTempPathW(MAX_PATH, folder.data()));
+    path_ = folder + fileName;
+    if (!CopyFileW(original.c_str(), path_.c_str(), FALSE)) throw std::runtime_error("no copy");
+    library_ = std::make_unique<Library>(path_);
+    EXPECT_EQ(library_->call("DllRegisterServer"), S_OK);
+  }
+  ~OtherCopy() {
+    EXPECT_EQ(library_->call("DllUnregisterServer"), S_OK);
+    library_.reset();
+    DeleteFileW(path_.c_str());
+  }
+  OtherCopy(const OtherCopy&) = delete;
+  OtherCopy& operator=(const OtherCopy&) = delete;
+
+ private:
+  std::wstring path_;
+  std::unique_ptr<Library> library_;
+};
+
+HRESULT WINAPI noTypeLibrary(ITypeLib* /*library*/, LPOLESTR /*path*/, LPOLESTR /*help*/) {
+  return TYPE_E_REGISTRYACCESS;
+}
+
+TEST(Registering, LeavesWhatAnotherCopyRegistered) {
+  const std::wstring path = windows::toWide(arguments().front());
+  const Library library(path);
+  {
+    const OtherCopy other(path);
+    const RegistryContents others = registeredClasses();
+    EXPECT_EQ(library.call("DllUnregisterServer"), S_OK);
+    EXPECT_TRUE(registeredClasses() == others) << "nothing of it belongs to this copy";
+    const ImportPatch failing(library.module(), "RegisterTypeLib", noTypeLibrary);
+    EXPECT_EQ(library.call("DllRegisterServer"), TYPE_E_REGISTRYACCESS);
+    EXPECT_TRUE(registeredClasses() == others) << "all is as it was before";
+  }
+  EXPECT_EQ(mentions(registeredClasses()), std::vector<std::string>{});
+  EXPECT_EQ(library.call("DllRegisterServer"), S_OK);
+}
+
+TEST(Registering, LeavesTheNameToTheCopyForOtherPrograms) {
+  const Library library(windows::toWide(arguments().front()));
+  constexpr REGSAM others = sizeof(void*) == 8 ? KEY_WOW64_32KEY : KEY_WOW64_64KEY;
+  const std::wstring classes = L"CLSID\\" + textOf(__uuidof(::CLSKB_ANAGKELMORIA));
+  const std::wstring server = classes + L"\\InprocServer32";
+  HKEY key = nullptr;
+  ASSERT_EQ(RegCreateKeyExW(HKEY_CLASSES_ROOT, server.c_str(), 0, nullptr, 0, KEY_WRITE | others,
+                            nullptr, &key, nullptr),
+            ERROR_SUCCESS);
+  RegSetKeyValueW(key, nullptr, nullptr, REG_SZ, fileName, sizeof(L"KEBU_ANAGKELMORIA.dll"));
+  RegCloseKey(key);
+  EXPECT_EQ(library.call("DllUnregisterServer"), S_OK);
+  EXPECT_TRUE(registeredClasses().contains(std::wstring(programId) + L"\\CLSID|"));
+  EXPECT_EQ(RegDeleteKeyExW(HKEY_CLASSES_ROOT, server.c_str(), others, 0), ERROR_SUCCESS);
+  EXPECT_EQ(RegDeleteKeyExW(HKEY_CLASSES_ROOT, classes.c_str(), others, 0), ERROR_SUCCESS);
+  EXPECT_EQ(library.call("DllUnregisterServer"), S_OK);
+  EXPECT_EQ(mentions(registeredClasses()), std::vector<std::string>{});
+  EXPECT_EQ(library.call("DllRegisterServer"), S_OK);
+}
+
+TEST(Registering, ForOneUserLeavesTheOthersAlone) {
+  const Library library(windows::toWide(arguments().front()));
+  EXPECT_EQ(library.call("DllUnregisterServer"), S_OK);
+  const RegistryContents machine = registeredClasses();
+  {
+    const workbench::UserClasses redirected;
+    library.call("DllUnregisterServer");  // what a run that broke down left
+    const RegistryContents before = registeredClasses();
+    EXPECT_EQ(library.call("DllRegisterServer"), S_OK);
+    expectRegistered(added(before, registeredClasses()));
+    EXPECT_EQ(library.call("DllUnregisterServer"), S_OK);
+    EXPECT_TRUE(registeredClasses() == before);
+  }
+  EXPECT_TRUE(registeredClasses() == machine);
+  EXPECT_EQ(library.call("DllRegisterServer"), S_OK);
 }
 
 TEST(Server, IsUnloadedWhenNoInstanceIsLeft) {

@@ -6,10 +6,15 @@
 namespace kebu::workbench {
 
 CommandLine::CommandLine(const std::vector<std::string>& words,
-                         const std::vector<std::string>& options) {
+                         const std::vector<std::string>& options,
+                         const std::vector<std::string>& flags) {
   for (auto word = words.begin(); word != words.end(); ++word) {
     if (word->size() < 2 || word->front() != '-') {
       operands_.push_back(*word);
+      continue;
+    }
+    if (std::find(flags.begin(), flags.end(), *word) != flags.end()) {
+      flags_.insert(*word);
       continue;
     }
     if (std::find(options.begin(), options.end(), *word) == options.end()) {

@@ -3,6 +3,7 @@
 #include <cstdint>
 #include <map>
 #include <optional>
+#include <set>
 #include <stdexcept>
 #include <string>
 #include <vector>
@@ -18,10 +19,12 @@ class CommandError : public std::runtime_error {
 /// The arguments of a command: options with their values, and operands.
 class CommandLine {
  public:
-  /// `options` are the options that the command knows; each takes a value. CommandError for
-  /// others.
-  CommandLine(const std::vector<std::string>& words, const std::vector<std::string>& options);
+  /// `options` are the options of the command that take a value, `flags` those that take none.
+  /// CommandError for others.
+  CommandLine(const std::vector<std::string>& words, const std::vector<std::string>& options,
+              const std::vector<std::string>& flags = {});
 
+  bool has(const std::string& flag) const { return flags_.contains(flag); }
   std::optional<std::string> option(const std::string& name) const;
   /// The option as a positive number, or `usual` without the option. CommandError for another
   /// text.
@@ -30,6 +33,7 @@ class CommandLine {
 
  private:
   std::map<std::string, std::string> options_;
+  std::set<std::string> flags_;
   std::vector<std::string> operands_;
 };
 

@@ -139,6 +139,9 @@ int helpCommand(const std::vector<std::string>& /*words*/) {
 #ifdef _WIN32
                "workbench show [--database FILE | --connection STRING] [--company N]\n"
                "    opens the window, on a database of the workbench or through ADO\n"
+               "workbench register [--user]\n"
+               "workbench unregister [--user]\n"
+               "    registers the plug-in beside the program, for all users or the current one\n"
 #endif
                "\n"
                "A scenario's steps, one a line; '#' starts a comment, quotes as in a shell:\n";

@@ -12,6 +12,8 @@ int playCommand(const std::vector<std::string>& words);
 int sqlCommand(const std::vector<std::string>& words);
 #ifdef _WIN32
 int showCommand(const std::vector<std::string>& words);
+int registerCommand(const std::vector<std::string>& words);
+int unregisterCommand(const std::vector<std::string>& words);
 #endif
 int helpCommand(const std::vector<std::string>& words);
 

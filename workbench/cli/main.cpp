@@ -19,9 +19,13 @@ struct Command {
 };
 
 constexpr std::array commands{
-    Command{"new", newCommand},     Command{"play", playCommand}, Command{"sql", sqlCommand},
+    Command{"new", newCommand},
+    Command{"play", playCommand},
+    Command{"sql", sqlCommand},
 #ifdef _WIN32
     Command{"show", showCommand},
+    Command{"register", registerCommand},
+    Command{"unregister", unregisterCommand},
 #endif
     Command{"--help", helpCommand},
 };

@@ -31,6 +31,8 @@ GUID idOf(ITypeLib& library, const wchar_t* type) {
   return id;
 }
 
+using EntryPoint = HRESULT(STDAPICALLTYPE*)();
+
 /// An exported function.
 template <class Function>
 Function exported(HMODULE module, const char* name) {
@@ -74,7 +76,15 @@ ComPtr<IDispatch> PluginLibrary::create() const {
 }
 
 bool PluginLibrary::canUnload() const {
-  return exported<HRESULT(STDAPICALLTYPE*)()>(module_.get(), "DllCanUnloadNow")() == S_OK;
+  return exported<EntryPoint>(module_.get(), "DllCanUnloadNow")() == S_OK;
+}
+
+HRESULT PluginLibrary::registerServer() const {
+  return exported<EntryPoint>(module_.get(), "DllRegisterServer")();
+}
+
+HRESULT PluginLibrary::unregisterServer() const {
+  return exported<EntryPoint>(module_.get(), "DllUnregisterServer")();
 }
 
 }  // namespace kebu::workbench

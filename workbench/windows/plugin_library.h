@@ -7,8 +7,8 @@
 
 namespace kebu::workbench {
 
-/// The plug-in's DLL, used without being registered, and the identifiers in its type library.
-/// CommandError when the file is missing or is something else.
+/// The plug-in's DLL, used without needing to be registered, and the identifiers in its type
+/// library. CommandError when the file is missing or is something else.
 class PluginLibrary {
  public:
   explicit PluginLibrary(const std::filesystem::path& file);
@@ -21,6 +21,9 @@ class PluginLibrary {
   /// The interface of the navigator's events.
   const IID& navigatorEvents() const { return navigatorEvents_; }
   bool canUnload() const;
+  /// Its entry points of these names.
+  HRESULT registerServer() const;
+  HRESULT unregisterServer() const;
 
  private:
   windows::OwnedModule module_;

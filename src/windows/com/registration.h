@@ -2,10 +2,11 @@
 
 namespace kebu::windows {
 
-/// Registers class, name and type library. RuntimeError when the user may not write there; then
-/// nothing of it stays.
+/// Registers class, name and type library below HKEY_CLASSES_ROOT, in place of another copy of the
+/// DLL. RuntimeError when the user may not write there; then all is as it was before.
 void registerServer();
-/// Removes all that registerServer writes; a missing entry is no error.
+/// Removes what registerServer wrote. What another copy has written since stays, and a missing
+/// entry is no error.
 void unregisterServer();
 
 }  // namespace kebu::windows
