@@ -5,6 +5,7 @@
 long_parts=(
   "openings|the real window opened and closed 200 times, nothing left behind (Wine)"
   "x86|the 32-bit DLL in a 32-bit Debian: COM checks, 40 openings, all scenarios (as root)"
+  "acceptance|the acceptance run with every scenario, on the workbench's own database (Wine)"
   "tidy|clang-tidy over every source, the tests included"
   "bench|the benchmarks; fails when one is above its aim"
 )
@@ -29,6 +30,14 @@ long_x86() (
     { tail -n 20 build/scenarios.log; return 1; }
   build windows-x86
   in_debian32 tools/check_x86
+)
+
+long_acceptance() (
+  need_windows_packages
+  build windows-x64
+  source tools/wine.sh
+  start_virtual_screen
+  in_wine "$windows_workbench" verify --connection Provider=Workbench --report build/acceptance-report.txt --clean
 )
 
 long_tidy() {

@@ -69,6 +69,7 @@ constexpr Room workbench[] = {
     {"workbench/company"},
     {"workbench/host"},
     {"workbench/player"},
+    {"workbench/acceptance"},
     {"workbench/cli"},
     {"workbench/windows", Foreign::Windows},
 };

@@ -6,7 +6,7 @@
 #include <fstream>
 #include <future>
 
-#include "tests/engine/result_text.h"
+#include "workbench/acceptance/result_rows.h"
 #include "workbench/engine/execution/script.h"
 
 namespace kebu::engine {

@@ -2,7 +2,7 @@
 
 #include <vector>
 
-#include "tests/engine/result_text.h"
+#include "workbench/acceptance/result_rows.h"
 #include "workbench/ado/ado_objects.h"
 
 namespace kebu::workbench {

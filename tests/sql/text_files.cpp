@@ -39,27 +39,4 @@ std::string readFile(const std::filesystem::path& path) {
   return {std::istreambuf_iterator<char>(file), {}};
 }
 
-std::map<std::string, std::string> readTexts(const std::filesystem::path& folder) {
-  std::map<std::string, std::string> texts;
-  for (const auto& entry : std::filesystem::directory_iterator(folder)) {
-    const std::string content = readFile(entry.path());
-    std::size_t at = 0;
-    while ((at = content.find(heading, at)) != std::string::npos) {
-      const std::size_t nameEnd = content.find(lineEnd, at);
-      const std::size_t textEnd = content.find(separator, at);
-      if (textEnd == std::string::npos) {
-        throw std::runtime_error(entry.path().string() + ": the last text has no GO");
-      }
-      std::string name = content.substr(at + heading.size(), nameEnd - at - heading.size());
-      if (name.ends_with(conditionMark)) name.resize(name.size() - conditionMark.size());
-      const std::size_t begin = nameEnd + lineEnd.size();
-      if (!texts.emplace(name, content.substr(begin, textEnd - begin)).second) {
-        throw std::runtime_error(entry.path().string() + ": a second text named " + name);
-      }
-      at = textEnd + separator.size();
-    }
-  }
-  return texts;
-}
-
 }  // namespace kebu::sql

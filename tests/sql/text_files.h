@@ -1,7 +1,6 @@
 #pragma once
 
 #include <filesystem>
-#include <map>
 #include <string>
 
 #include "tests/sql/statement_examples.h"
@@ -17,9 +16,5 @@ std::filesystem::path fileOf(const std::filesystem::path& folder, const ExampleP
 
 /// A file's bytes; std::runtime_error when it cannot be read.
 std::string readFile(const std::filesystem::path& path);
-
-/// The texts of all files of the folder by their names. std::runtime_error for a name that stands
-/// there twice and for a file without texts.
-std::map<std::string, std::string> readTexts(const std::filesystem::path& folder);
 
 }  // namespace kebu::sql

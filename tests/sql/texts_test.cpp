@@ -8,6 +8,7 @@
 #include <sstream>
 
 #include "tests/sql/text_files.h"
+#include "workbench/acceptance/sql_test_file.h"
 
 namespace kebu::sql {
 namespace {
@@ -64,7 +65,7 @@ std::vector<std::string> functionsOf(const std::filesystem::path& header) {
 
 TEST(StatementTexts, AreThereForEveryFunctionOfEveryHeader) {
   std::set<std::string> pinned;
-  for (const auto& [name, text] : readTexts(texts)) pinned.insert(name.substr(0, name.find(':')));
+  for (const auto& [name, text] : workbench::readStatementTexts(texts)) pinned.insert(name.substr(0, name.find(':')));
   std::size_t functions = 0;
   for (const auto& entry : std::filesystem::directory_iterator(headers)) {
     if (entry.path().extension() != ".h") continue;

@@ -23,6 +23,10 @@ TEST(CommandLine, OptionsStandAnywhere) {
   EXPECT_EQ(line.operands(), Words{"a.scenario"});
   EXPECT_EQ(CommandLine({"a"}, {"--company"}).number("--company", 1), 1);
   EXPECT_EQ(CommandLine({"-"}, {}).operands(), Words{"-"});
+  const CommandLine flagged({"--user", "a"}, {"--company"}, {"--user", "--clean"});
+  EXPECT_TRUE(flagged.has("--user"));
+  EXPECT_FALSE(flagged.has("--clean"));
+  EXPECT_EQ(flagged.operands(), Words{"a"});
 }
 
 TEST(CommandLine, ToldInOneLineWhatIsWrong) {

@@ -89,17 +89,25 @@ int newCommand(const std::vector<std::string>& words) {
 }
 
 int playCommand(const std::vector<std::string>& words) {
-  const CommandLine line(words, {"--database", "--company", "--statements", "--translations",
-                                 "--trace", "--ado", "--pictures"});
+  std::vector<std::string> known = {"--database", "--company", "--statements", "--translations",
+                                    "--trace",    "--ado",     "--pictures"};
+#ifdef _WIN32
+  known.emplace_back("--connection");
+#endif
+  const CommandLine line(words, known);
   if (line.operands().size() != 1) throw CommandError("use: workbench play SCENARIO [options]");
   const Scenario scenario = readScenario(line.operands().front());
+  const auto connection = line.option("--connection");
+  if (connection && (line.option("--database") || line.option("--statements"))) {
+    throw CommandError("--connection goes with neither --database nor --statements");
+  }
   const std::int32_t company = line.number("--company", 1);
   const Translations translations = readTranslations(line.option("--translations"));
   OutputFile trace(line.option("--trace"));
   OutputFile statements(line.option("--statements"));
-  const bool passed =
-      playScenario(scenario, {databaseOf(line), company, translations, statements.stream(),
-                              trace.stream(), mannersOf(line), line.option("--pictures")});
+  const bool passed = playScenario(
+      scenario, {connection ? nullptr : databaseOf(line), connection, company, translations,
+                 statements.stream(), trace.stream(), mannersOf(line), line.option("--pictures")});
   trace.check();
   statements.check();
   return passed ? 0 : 1;
@@ -139,6 +147,11 @@ int helpCommand(const std::vector<std::string>& /*words*/) {
 #ifdef _WIN32
                "workbench show [--database FILE | --connection STRING] [--company N]\n"
                "    opens the window, on a database of the workbench or through ADO\n"
+               "workbench play SCENARIO --connection STRING [--company N] ...\n"
+               "    acts as the user on a database that holds the demo company, through ADO\n"
+               "workbench verify --connection STRING [--report FILE] [--clean]\n"
+               "    loads the demo company into an empty database, plays every scenario on it and\n"
+               "    compares the rows; --clean empties it again\n"
                "workbench register [--user]\n"
                "workbench unregister [--user]\n"
                "    registers the plug-in beside the program, for all users or the current one\n"

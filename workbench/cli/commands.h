@@ -12,6 +12,7 @@ int playCommand(const std::vector<std::string>& words);
 int sqlCommand(const std::vector<std::string>& words);
 #ifdef _WIN32
 int showCommand(const std::vector<std::string>& words);
+int verifyCommand(const std::vector<std::string>& words);
 int registerCommand(const std::vector<std::string>& words);
 int unregisterCommand(const std::vector<std::string>& words);
 #endif

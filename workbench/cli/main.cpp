@@ -19,13 +19,11 @@ struct Command {
 };
 
 constexpr std::array commands{
-    Command{"new", newCommand},
-    Command{"play", playCommand},
+    Command{"new", newCommand},           Command{"play", playCommand},
     Command{"sql", sqlCommand},
 #ifdef _WIN32
-    Command{"show", showCommand},
-    Command{"register", registerCommand},
-    Command{"unregister", unregisterCommand},
+    Command{"show", showCommand},         Command{"verify", verifyCommand},
+    Command{"register", registerCommand}, Command{"unregister", unregisterCommand},
 #endif
     Command{"--help", helpCommand},
 };

@@ -16,6 +16,8 @@ namespace kebu::workbench {
 /// What a scenario is played on, and where its logs go.
 struct PlayOptions {
   std::shared_ptr<engine::Database> database;
+  /// On Windows: the database that this connection string names instead, through ADO.
+  std::optional<std::string> connection;
   std::int32_t company = 1;
   Translations translations;
   /// Takes the statement log, one JSON object a line.

@@ -122,7 +122,7 @@ void expectContent(Player& player, const std::string& control, const std::string
 void expectValue(Player& player, const Words& subject, const std::string& expected) {
   Hands& hands = player.stage().hands;
   if (subject.size() == 2 && subject[0] == "sql") {
-    const std::string found = firstRowText(player.stage().session.execute(subject[1]));
+    const std::string found = firstRowText(player.stage().sql(subject[1]));
     player.check(expected == found, join(subject), expected, found);
   } else if (subject.size() == 2 && subject[0] == "host") {
     const std::string found = hostValue(player, subject[1]);

@@ -58,7 +58,7 @@ void slow(Player& player, const Words& arguments) {
 }
 
 void sql(Player& player, const Words& arguments) {
-  for (const engine::ResultSet& result : player.stage().session.execute(arguments[0])) {
+  for (const engine::ResultSet& result : player.stage().sql(arguments[0])) {
     writeResult(player.out(), result, "  ");
   }
 }

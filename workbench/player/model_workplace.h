@@ -56,7 +56,10 @@ class ModelWorkplace {
   engine::Session& session() { return session_; }
   const std::shared_ptr<engine::Database>& database() const { return database_; }
   /// What a player needs to play a scenario here.
-  Stage stage(StatementFaults& faults) { return {host_, hands_, session_, faults}; }
+  Stage stage(StatementFaults& faults) {
+    return {host_, hands_, [this](const std::string& batch) { return session_.execute(batch); },
+            faults};
+  }
   /// What the plug-in runs on.
   forms::Runtime runtime() { return {platform_, library_, desktop_}; }
 

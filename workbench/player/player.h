@@ -6,9 +6,10 @@
 #include <ostream>
 #include <string>
 #include <utility>
+#include <vector>
 
 #include "workbench/ado/statement_faults.h"
-#include "workbench/engine/execution/session.h"
+#include "workbench/engine/execution/result_set.h"
 #include "workbench/host/stand_in_host.h"
 #include "workbench/host/user.h"
 #include "workbench/player/answers.h"
@@ -18,12 +19,15 @@
 
 namespace kebu::workbench {
 
+/// Runs a batch and gives the results of its queries. RuntimeError when it fails.
+using SqlRunner = std::function<std::vector<engine::ResultSet>(const std::string& batch)>;
+
 /// What a scenario acts on.
 struct Stage {
   StandInHost& host;
   Hands& hands;
   /// For statements that are not the plug-in's.
-  engine::Session& session;
+  SqlRunner sql;
   StatementFaults& faults;
   /// Runs something on the host's thread, which may be another one. Returns when it
   /// is done or waits for the user.

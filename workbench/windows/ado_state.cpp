@@ -35,6 +35,18 @@ ado::Connection& ConnectionState::idle() const {
   return *connection;
 }
 
+std::shared_ptr<RecordsetState> recordsetOf(std::vector<engine::ResultSet> results) {
+  auto state = std::make_shared<RecordsetState>();
+  std::vector<engine::ResultSet> first;
+  if (!results.empty()) {
+    first.push_back(std::move(results.front()));
+    results.erase(results.begin());
+  }
+  state->rows = AdoRecordset::ofResults(std::move(first));
+  state->following = std::move(results);
+  return state;
+}
+
 bool isAsynchronous(const windows::Arguments& arguments, std::size_t at) {
   return (arguments.number(at, 0) & windows::executeAsynchronously) != 0;
 }

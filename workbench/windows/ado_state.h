@@ -5,6 +5,7 @@
 #include <future>
 #include <memory>
 #include <string>
+#include <vector>
 
 #include "ado/connection.h"
 #include "ado/recordset.h"
@@ -20,6 +21,8 @@ namespace kebu::workbench {
 /// What a recordset of ADO has besides its rows.
 struct RecordsetState {
   Ref<ado::Recordset> rows;
+  /// The batch's further results, for NextRecordset.
+  std::vector<engine::ResultSet> following;
   /// The rows of a statement that executes asynchronously, on a thread of its own; until they are
   /// there the recordset stays as it was.
   std::future<Ref<ado::Recordset>> coming;
@@ -56,6 +59,9 @@ bool isAsynchronous(const windows::Arguments& arguments, std::size_t at);
 /// Runs `work` asynchronously; its rows become those of the recordset.
 void runAsynchronously(const std::shared_ptr<RecordsetState>& recordset,
                        ConnectionState& connection, std::function<Ref<ado::Recordset>()> work);
+
+/// A recordset of a batch's results; with none of them a closed one.
+std::shared_ptr<RecordsetState> recordsetOf(std::vector<engine::ResultSet> results);
 
 windows::ComPtr<IDispatch> automateState(const std::shared_ptr<RecordsetState>& state);
 

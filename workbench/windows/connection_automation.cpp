@@ -24,7 +24,11 @@ Variant execute(ConnectionState& state, Argument arguments) {
     connection.ExecuteNoRecords(text);
     return nothing();
   }
-  if (!isAsynchronous(arguments, 2)) return Variant(automate(connection.Execute(text)));
+  if (!isAsynchronous(arguments, 2)) {
+    auto* const own = dynamic_cast<AdoConnection*>(&connection);
+    if (!own || !own->isOpen()) return Variant(automate(connection.Execute(text)));
+    return Variant(automateState(recordsetOf(own->run(text))));
+  }
   auto result = std::make_shared<RecordsetState>();
   result->rows = makeRef<AdoRecordset>();
   runAsynchronously(result, state, [on = state.connection, text] { return on->Execute(text); });
@@ -76,6 +80,8 @@ constexpr Member<ConnectionState> connectionMembers[] = {
        return Variant(c.isExecuting() ? state | stateExecuting : state);
      }},
     {L"Execute", execute},
+    {L"Version", [](ConnectionState&, Argument) { return Variant("the workbench's"); }},
+    {L"Provider", [](ConnectionState&, Argument) { return Variant("Workbench"); }},
     {L"CommandTimeout",
      [](ConnectionState& c, Argument) { return Variant(c.own()->commandTimeout()); },
      [](ConnectionState& c, Argument arguments) {

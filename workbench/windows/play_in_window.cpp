@@ -1,10 +1,11 @@
-// Plays a scenario in the real window.
+#include "workbench/windows/play_in_window.h"
+
 #include <iostream>
 #include <thread>
 
 #include "workbench/ado/ado_objects.h"
 #include "workbench/ado/statement_log.h"
-#include "workbench/cli/play_scenario.h"
+#include "workbench/cli/command_line.h"
 #include "workbench/player/player.h"
 #include "workbench/windows/apartment.h"
 #include "workbench/windows/class_objects.h"
@@ -15,33 +16,88 @@
 
 namespace kebu::workbench {
 
-bool playScenario(const Scenario& scenario, const PlayOptions& options) {
+namespace {
+
+/// The database that a scenario is played on.
+struct Played {
+  const CompanyDatabase& company;
+  /// Whether `sql` must run on the window's thread.
+  bool inWindowThread;
+  SqlRunner sql;
+  StatementFaults& faults;
+};
+
+bool play(const Scenario& scenario, const PlayOptions& options, const PlayOutput& output,
+          Player& player, const Played& played) {
   // The host is declared last, so that the plug-in is released before anything that it still uses.
-  const Apartment apartment;
-  Player player(std::cout, std::cerr);
-  StatementFaults faults;
-  StatementLog log(options.statements, faults);
   const TraceListener trace(options.trace);
-  const CompanyDatabase company = embeddedCompany(options.database, &log, options.manners);
-  AdoLibrary objects;
-  const ClassObjects classes(objects, company.forPlugin);
-  engine::Session session(options.database);
   const PluginLibrary plugin(PluginLibrary::besideProgram());
   WindowThread thread;
   WindowHands hands(thread, player, options.pictures);
-  const auto journal = [](const std::string& entry) { std::cout << "  " << entry << '\n'; };
+  const auto journal = [&](const std::string& entry) { output.steps << "  " << entry << '\n'; };
   StandInHost host([&] { return newPlugin(plugin); },
-                   {player, company, options.company, options.translations, journal});
+                   {player, played.company, options.company, options.translations, journal});
 
-  bool passed = false;
   const auto atHost = [&](std::function<void()> work) { hands.atHost(std::move(work)); };
+  SqlRunner sql = played.sql;
+  if (played.inWindowThread) {
+    sql = [&](const std::string& batch) {
+      std::vector<engine::ResultSet> results;
+      atHost([&] { results = played.sql(batch); });
+      return results;
+    };
+  }
+  bool passed = false;
   std::thread user([&] {
-    passed = player.play(scenario, {host, hands, session, faults, atHost});
+    passed = player.play(scenario, {host, hands, sql, played.faults, atHost});
     thread.leave();
   });
   thread.pump();
   user.join();
   return passed;
+}
+
+}  // namespace
+
+bool playOnEngine(const Scenario& scenario, const PlayOptions& options, const PlayOutput& output) {
+  const Apartment apartment;
+  Player player(output.steps, output.complaints);
+  StatementFaults faults;
+  StatementLog log(options.statements, faults);
+  const CompanyDatabase company = embeddedCompany(options.database, &log, options.manners);
+  AdoLibrary objects;
+  const ClassObjects classes(objects, company.forPlugin);
+  engine::Session session(options.database);
+  return play(
+      scenario, options, output, player,
+      {company, false, [&](const std::string& batch) { return session.execute(batch); }, faults});
+}
+
+bool playOnRemote(const Scenario& scenario, const PlayOptions& options, const PlayOutput& output,
+                  const RemoteDatabase& remote) {
+  Player player(output.steps, output.complaints);
+  StatementFaults faults;
+  const CompanyDatabase company = remote.company();
+  return play(scenario, options, output, player, {company, true, remote.runner(), faults});
+}
+
+int lineOfFirstFault(const Scenario& scenario) {
+  for (const ScenarioLine& line : scenario.lines()) {
+    if (!line.words.empty() && line.words.front() == "fail") return line.number;
+  }
+  return 0;
+}
+
+bool playScenario(const Scenario& scenario, const PlayOptions& options) {
+  const PlayOutput output{std::cout, std::cerr};
+  if (!options.connection) return playOnEngine(scenario, options, output);
+  if (const int line = lineOfFirstFault(scenario)) {
+    throw CommandError(scenario.name() + ":" + std::to_string(line) +
+                       ": statements can be made to fail on the workbench's own database alone");
+  }
+  const Apartment apartment;
+  const RemoteDatabase remote(*options.connection);
+  return playOnRemote(scenario, options, output, remote);
 }
 
 }  // namespace kebu::workbench

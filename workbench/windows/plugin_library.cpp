@@ -3,6 +3,7 @@
 #include <string>
 
 #include "common/error.h"
+#include "common/trap.h"
 #include "windows/support/text.h"
 #include "workbench/cli/command_line.h"
 
@@ -58,6 +59,12 @@ PluginLibrary::PluginLibrary(const std::filesystem::path& file) {
   navigatorEvents_ = idOf(*types.get(), L"DNavigatorEvents");
   module_.reset(LoadLibraryW(file.c_str()));
   if (!module_) throw CommandError(shown(file) + " cannot be loaded");
+}
+
+PluginLibrary::~PluginLibrary() {
+  bool agrees = false;
+  ignoringErrors([&] { agrees = canUnload(); });
+  if (!agrees) static_cast<void>(module_.release());
 }
 
 ComPtr<IDispatch> PluginLibrary::create() const {

@@ -12,6 +12,10 @@ namespace kebu::workbench {
 class PluginLibrary {
  public:
   explicit PluginLibrary(const std::filesystem::path& file);
+  /// As COM does, unloads the DLL only if it agrees.
+  ~PluginLibrary();
+  PluginLibrary(const PluginLibrary&) = delete;
+  PluginLibrary& operator=(const PluginLibrary&) = delete;
 
   /// The one beside this program.
   static std::filesystem::path besideProgram();

@@ -288,8 +288,11 @@ constexpr Member<RecordsetObject> recordsetMembers[] = {
      }},
     {L"Close", on<doing<&ado::Recordset::Close>>},
     {L"State", [](RecordsetObject& r, Argument) { return Variant(r.state->state()); }},
-    // The engine keeps the first result only.
-    {L"NextRecordset", [](RecordsetObject&, Argument) { return Variant(ComPtr<IDispatch>()); }},
+    {L"NextRecordset",
+     [](RecordsetObject& r, Argument) {
+       if (r.state->following.empty()) return Variant(ComPtr<IDispatch>());
+       return Variant(automateState(recordsetOf(std::move(r.state->following))));
+     }},
     {L"Requery",
      [](RecordsetObject& r, Argument arguments) {
        requery(r.state, arguments);

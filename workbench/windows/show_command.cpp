@@ -1,7 +1,5 @@
 // Opens the window for a person.
 
-#include "common/error.h"
-#include "windows/ado/ado_objects.h"
 #include "windows/support/text.h"
 #include "windows/support/windows_api.h"
 #include "workbench/ado/ado_objects.h"
@@ -14,6 +12,7 @@
 #include "workbench/windows/class_objects.h"
 #include "workbench/windows/dll_plugin.h"
 #include "workbench/windows/person.h"
+#include "workbench/windows/remote_database.h"
 
 namespace kebu::workbench {
 
@@ -45,24 +44,6 @@ void pumpWindows() {
   }
 }
 
-CompanyDatabase remoteCompany(const std::string& connectionString) {
-  const auto connect = [connectionString] {
-    const Ref<ado::Connection> connection = windows::AdoLibrary().newConnection();
-    connection->setConnectionString(connectionString);
-    return connection;
-  };
-  // The first one tells whether there is anything at the other end.
-  try {
-    const Ref<ado::Connection> first = connect();
-    first->Open();
-    first->Close();
-  } catch (const RuntimeError& error) {
-    throw CommandError("the database cannot be reached: " + error.description() +
-                       " (are ADO and the connection string's provider installed?)");
-  }
-  return {connectionString, connect, connect};
-}
-
 void showWindow(const CompanyDatabase& database, std::int32_t company) {
   Person person;
   const PluginLibrary plugin(PluginLibrary::besideProgram());
@@ -84,7 +65,8 @@ int showCommand(const std::vector<std::string>& words) {
   const std::int32_t company = line.number("--company", 1);
   const Apartment apartment;
   if (connection) {
-    showWindow(remoteCompany(*connection), company);
+    const RemoteDatabase remote(*connection);
+    showWindow(remote.company(), company);
     return 0;
   }
   const CompanyDatabase embedded =

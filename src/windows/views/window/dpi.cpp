@@ -1,7 +1,5 @@
 #include "windows/views/window/dpi.h"
 
-#include "windows/views/drawing/painting.h"
-
 namespace kebu::windows {
 
 namespace {
@@ -31,7 +29,10 @@ const Functions& functions() {
 }
 
 int systemDpi() {
-  return GetDeviceCaps(ScreenDc().get(), LOGPIXELSY);
+  HDC const screen = GetDC(nullptr);
+  const int dpi = GetDeviceCaps(screen, LOGPIXELSY);
+  ReleaseDC(nullptr, screen);
+  return dpi;
 }
 
 DPI_AWARENESS_CONTEXT setContext(DPI_AWARENESS_CONTEXT context) {

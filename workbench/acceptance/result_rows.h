@@ -3,7 +3,7 @@
 #include <string>
 
 #include "common/convert.h"
-#include "workbench/engine/execution/session.h"
+#include "workbench/engine/execution/result_set.h"
 
 namespace kebu::engine {
 
