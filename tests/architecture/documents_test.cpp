@@ -58,5 +58,38 @@ TEST(Documents, NameOnlyWhatExists) {
   }
 }
 
+std::string contentOf(const fs::path& path) {
+  std::ifstream file(path);
+  return {std::istreambuf_iterator<char>(file), {}};
+}
+
+// A host's maker works from this table alone.
+TEST(Documents, NameEveryMemberBetweenHostAndPlugIn) {
+  const std::string table = contentOf(project / "docs/acceptance.md");
+  std::string sources;
+  for (const auto& entry : fs::directory_iterator(project / "src/windows/host")) {
+    sources += contentOf(entry.path());
+  }
+  const auto members = matchesOf(sources, R"x([( {]L"(\w+)")x");
+  EXPECT_GT(members.size(), 60U);
+  for (const std::string& member : members) {
+    EXPECT_NE(table.find("`" + member), std::string::npos) << member;
+  }
+  const std::string types = contentOf(project / "src/windows/types/kebu_anagkelmoria.idl");
+  const auto identifiers = matchesOf(types, R"(uuid\(([0-9A-F-]+)\))");
+  EXPECT_EQ(identifiers.size(), 5U);
+  for (const std::string& identifier : identifiers) {
+    EXPECT_NE(table.find("{" + identifier + "}"), std::string::npos) << identifier;
+  }
+  const std::regex numbered(R"x(\[id\((\d+)\)[^\]]*\] (?:HRESULT|void) (\w+)\()x");
+  int dispids = 0;
+  for (std::sregex_iterator match(types.begin(), types.end(), numbered), end; match != end;
+       ++match, ++dispids) {
+    const std::regex entry("`" + (*match)[2].str() + "[^`]*` " + (*match)[1].str() + "\\b");
+    EXPECT_TRUE(std::regex_search(table, entry)) << (*match)[2];
+  }
+  EXPECT_GT(dispids, 50);
+}
+
 }  // namespace
 }  // namespace kebu::architecture
