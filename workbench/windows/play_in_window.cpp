@@ -83,7 +83,8 @@ bool playOnRemote(const Scenario& scenario, const PlayOptions& options, const Pl
 
 int lineOfFirstFault(const Scenario& scenario) {
   for (const ScenarioLine& line : scenario.lines()) {
-    if (!line.words.empty() && line.words.front() == "fail") return line.number;
+    if (line.words.empty()) continue;
+    if (line.words.front() == "fail" || line.words.front() == "slow") return line.number;
   }
   return 0;
 }
