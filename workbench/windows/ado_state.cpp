@@ -35,14 +35,18 @@ ado::Connection& ConnectionState::idle() const {
   return *connection;
 }
 
-std::shared_ptr<RecordsetState> recordsetOf(std::vector<engine::ResultSet> results) {
+std::shared_ptr<RecordsetState> recordsetOf(const std::shared_ptr<AdoConnection>& connection,
+                                            const std::string& batch,
+                                            std::vector<engine::ResultSet> results) {
   auto state = std::make_shared<RecordsetState>();
   std::vector<engine::ResultSet> first;
   if (!results.empty()) {
     first.push_back(std::move(results.front()));
     results.erase(results.begin());
   }
-  state->rows = AdoRecordset::ofResults(std::move(first));
+  state->rows = AdoRecordset::ofResults(*connection, batch, std::move(first));
+  state->source = batch;
+  state->batchConnection = connection;
   state->following = std::move(results);
   return state;
 }

@@ -23,6 +23,7 @@ struct RecordsetState {
   Ref<ado::Recordset> rows;
   /// The batch's further results, for NextRecordset.
   std::vector<engine::ResultSet> following;
+  std::shared_ptr<AdoConnection> batchConnection;  ///< on which that batch ran
   /// The rows of a statement that executes asynchronously, on a thread of its own; until they are
   /// there the recordset stays as it was.
   std::future<Ref<ado::Recordset>> coming;
@@ -60,8 +61,10 @@ bool isAsynchronous(const windows::Arguments& arguments, std::size_t at);
 void runAsynchronously(const std::shared_ptr<RecordsetState>& recordset,
                        ConnectionState& connection, std::function<Ref<ado::Recordset>()> work);
 
-/// A recordset of a batch's results; with none of them a closed one.
-std::shared_ptr<RecordsetState> recordsetOf(std::vector<engine::ResultSet> results);
+/// A recordset of the results of a batch; with none of them a closed one.
+std::shared_ptr<RecordsetState> recordsetOf(const std::shared_ptr<AdoConnection>& connection,
+                                            const std::string& batch,
+                                            std::vector<engine::ResultSet> results);
 
 windows::ComPtr<IDispatch> automateState(const std::shared_ptr<RecordsetState>& state);
 

@@ -25,9 +25,9 @@ Variant execute(ConnectionState& state, Argument arguments) {
     return nothing();
   }
   if (!isAsynchronous(arguments, 2)) {
-    auto* const own = dynamic_cast<AdoConnection*>(&connection);
+    const auto own = state.own();
     if (!own || !own->isOpen()) return Variant(automate(connection.Execute(text)));
-    return Variant(automateState(recordsetOf(own->run(text))));
+    return Variant(automateState(recordsetOf(own, text, own->run(text))));
   }
   auto result = std::make_shared<RecordsetState>();
   result->rows = makeRef<AdoRecordset>();

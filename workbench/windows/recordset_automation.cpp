@@ -291,7 +291,9 @@ constexpr Member<RecordsetObject> recordsetMembers[] = {
     {L"NextRecordset",
      [](RecordsetObject& r, Argument) {
        if (r.state->following.empty()) return Variant(ComPtr<IDispatch>());
-       return Variant(automateState(recordsetOf(std::move(r.state->following))));
+       RecordsetState& state = *r.state;
+       return Variant(automateState(
+           recordsetOf(state.batchConnection, state.source, std::move(state.following))));
      }},
     {L"Requery",
      [](RecordsetObject& r, Argument arguments) {

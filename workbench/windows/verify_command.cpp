@@ -55,7 +55,8 @@ std::int32_t companyOf(const std::string& text) {
 
 PlayOptions optionsFor(const Expected& expected, std::shared_ptr<engine::Database> database,
                        std::ostream& nowhere) {
-  return {std::move(database), std::nullopt, expected.company, {}, nowhere, nowhere, std::nullopt};
+  return {std::move(database), std::nullopt, expected.company, {}, nowhere, nowhere, {},
+          std::nullopt};
 }
 
 /// What the run found, for the report.
