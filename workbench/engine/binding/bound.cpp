@@ -121,6 +121,8 @@ Bound cast(const Bound& value, const SqlType& to, int style) {
   if (clash(from, to)) throw operandClash(from, to);
   Bound result{value.sql, to, value.nullable};
   if (from.kind == TypeKind::Null) return result;
+  constexpr int isoDate = 23;  // the usual style of a date; that of a datetime is another
+  if (from.kind == TypeKind::Date && style == 0) style = isoDate;
   const bool cut = from.isText() && to.size >= 0 && (from.size < 0 || from.size > to.size);
   if (from.isText() && to.isText() && to.kind != TypeKind::Char && to.kind != TypeKind::NChar &&
       !losesCharacters(from, to)) {

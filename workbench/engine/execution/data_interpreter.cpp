@@ -58,19 +58,7 @@ void DataInterpreter::run(const ast::Insert& insert) {
 }
 
 void DataInterpreter::run(const ast::Update& update) {
-  const auto ready = execution_.compiled(&update, [&](Compiler c) { return c.update(update); });
-  try {
-    change(ready);
-  } catch (const SqlError& error) {
-    if (!isOfKey(error)) throw;
-    // SQLite checks keys at every row, SQL Server at the statement's end: K = K + 1 is right.
-    try {
-      execution_.database().withKeysAtTheEnd(*ready->base, [&] { change(ready); });
-    } catch (const SqlError& atTheEnd) {
-      if (isOfKey(atTheEnd)) throw SqlError(error);
-      throw;
-    }
-  }
+  changeRows(execution_.compiled(&update, [&](Compiler c) { return c.update(update); }));
 }
 
 void DataInterpreter::run(const ast::Delete& remove) {
@@ -78,7 +66,7 @@ void DataInterpreter::run(const ast::Delete& remove) {
 }
 
 void DataInterpreter::run(const ast::Merge& merge) {
-  change(execution_.compiled(&merge, [&](Compiler c) { return c.merge(merge); }));
+  changeRows(execution_.compiled(&merge, [&](Compiler c) { return c.merge(merge); }));
 }
 
 void DataInterpreter::run(const ast::Truncate& truncate) {
@@ -103,6 +91,21 @@ void DataInterpreter::change(const std::shared_ptr<Compiled>& ready) {
   }
   transaction.commit();
   countRows(rows);
+}
+
+void DataInterpreter::changeRows(const std::shared_ptr<Compiled>& ready) {
+  try {
+    change(ready);
+  } catch (const SqlError& error) {
+    if (!isOfKey(error)) throw;
+    // SQLite checks keys at every row, SQL Server at the statement's end: K = K + 1 is right.
+    try {
+      execution_.database().withKeysAtTheEnd(*ready->base, [&] { change(ready); });
+    } catch (const SqlError& atTheEnd) {
+      if (isOfKey(atTheEnd)) throw SqlError(error);
+      throw;
+    }
+  }
 }
 
 void DataInterpreter::select(const ast::Query& node) {

@@ -23,6 +23,8 @@ class DataInterpreter {
   /// SELECT @x = …
   void assign(const ast::Query& node, const ast::Select& select);
   void change(const std::shared_ptr<Compiled>& ready);
+  /// The same for a statement that may give one row the key that another one loses.
+  void changeRows(const std::shared_ptr<Compiled>& ready);
   void countRows(std::int64_t rows);
 
   Execution& execution_;

@@ -38,6 +38,7 @@ class MergeCompiler {
 
   Compiled run() {
     Compiled compiled = compiler_.start();
+    compiled.base = table_;
     const std::string fill = join();
     if (compiler_.purpose() == Compiler::Purpose::Run) {
       compiled.scratch =
