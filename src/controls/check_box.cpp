@@ -17,7 +17,7 @@ void CheckBox::show(const Value& stored) {
 }
 
 void CheckBox::tick(bool on) {
-  requireReachable();
+  requireChangesAccepted();
   if (on == ticked_ || !writeToRecord(static_cast<std::int16_t>(on ? 1 : 0))) return;
   setTicked(on);
   AfterChange.raise();

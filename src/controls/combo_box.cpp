@@ -18,6 +18,11 @@ void ComboBox::addRow(Value code, std::string caption) {
   changed.raise();
 }
 
+std::string ComboBox::captionOf(const Value& code) const {
+  const auto row = rowOf(code);
+  return row ? rows_[*row].caption : "";
+}
+
 void ComboBox::select(const Value& code) {
   selected_ = rowOf(code);
   if (hasAddedRow_ && selected_ != rows_.size() - 1) {
@@ -37,7 +42,7 @@ void ComboBox::setText(const std::string& code) {
 }
 
 void ComboBox::choose(const std::string& code) {
-  requireReachable();
+  requireChangesAccepted();
   const auto row = rowOf(code);
   if (!row) throw GestureRefused(Name() + " has no entry \"" + code + "\"");
   GotFocus.raise();

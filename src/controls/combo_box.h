@@ -32,6 +32,8 @@ class ComboBox : public OfKind<ControlKind::ComboBox, BoundControl> {
   const Row* selected() const { return selected_ ? &rows_[*selected_] : nullptr; }
   /// The chosen code as text; "" when none is.
   std::string text() const { return selected_ ? toText(rows_[*selected_].code) : ""; }
+  /// The caption of the row of that code; "" when there is none.
+  std::string captionOf(const Value& code) const;
   /// Chooses the row of that code; one without a row leaves the combo unselected.
   void select(const Value& code);
   /// Shows a stored code. A code without a row gets one, which is removed when

@@ -14,4 +14,9 @@ void Control::requireReachable() const {
   if (!isReachable()) throw GestureRefused(name_ + " is disabled");
 }
 
+void Control::requireChangesAccepted() const {
+  requireReachable();
+  if (!acceptsChanges()) throw GestureRefused(name_ + " is locked");
+}
+
 }  // namespace kebu::controls

@@ -55,6 +55,16 @@ class Control : public host::NamedObject {
     if (visible_ != visible) setShown(visible_, visible);
   }
 
+  /// While it is locked, it and what it contains show what they hold, which can be
+  /// copied, but refuse to be changed.
+  void setLocked(bool locked) {
+    if (locked_ != locked) setShown(locked_, locked);
+  }
+  /// Whether neither it nor one of its containers is locked.
+  bool acceptsChanges() const {
+    return !locked_ && (!container_ || container_->acceptsChanges());
+  }
+
   const Size& size() const { return size_; }
   void setSize(const Size& size) { size_ = size; }
 
@@ -87,12 +97,15 @@ class Control : public host::NamedObject {
   }
   /// Every gesture begins with it: raises GestureRefused when no person could act here.
   void requireReachable() const;
+  /// So does every gesture that changes what the control holds.
+  void requireChangesAccepted() const;
 
  private:
   std::string name_;
   std::string caption_;
   bool enabled_ = true;
   bool visible_ = true;
+  bool locked_ = false;
   Size size_;
   Control* container_ = nullptr;
 };

@@ -17,6 +17,7 @@ enum class ControlKind : std::uint8_t {
   Label,
   MdiContainer,
   NavigatorBar,
+  NoticeList,
   ProgressBar,
   QueryEditor,
   QueryGrid,

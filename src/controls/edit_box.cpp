@@ -16,7 +16,7 @@ void EditBox::decode() {
 
 void EditBox::requireEditable() const {
   requireReachable();
-  if (!editable_) throw GestureRefused(Name() + " cannot be edited");
+  if (!isEditable()) throw GestureRefused(Name() + " cannot be edited");
 }
 
 void EditBox::type(const std::string& text) {

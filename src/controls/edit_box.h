@@ -21,7 +21,7 @@ class EditBox : public OfKind<ControlKind::EditBox, BoundControl> {
   void show(const Value& stored) override { setText(trimRight(toDisplay(stored))); }
 
   /// A box that is not editable shows its text and lets it be copied.
-  bool isEditable() const { return editable_; }
+  bool isEditable() const { return editable_ && acceptsChanges(); }
   void setEditable(bool editable) { setShown(editable_, editable); }
   bool isRequired() const { return required_; }
   void setRequired(bool required) { setShown(required_, required); }

@@ -122,7 +122,7 @@ const QueryGrid::Items& QueryGrid::itemsOf(std::int32_t row, const Column& colum
 }
 
 bool QueryGrid::isLocked(std::int32_t row, const Column& column) {
-  return !isChangeable(column.kind) || column.field == keyField_ ||
+  return !acceptsChanges() || !isChangeable(column.kind) || column.field == keyField_ ||
          (cellLocked && cellLocked(row, column.field));
 }
 
@@ -175,6 +175,7 @@ void QueryGrid::commit(const std::string& field, const Value& value) {
 }
 
 void QueryGrid::edit(std::int32_t row, const std::string& field, const Value& value) {
+  requireChangesAccepted();
   const Column& column = requireCell(row, field);
   const bool fixed =
       !isChangeable(column.kind) || column.kind == ColumnKind::Check || column.field == keyField_;
@@ -193,6 +194,7 @@ void QueryGrid::edit(std::int32_t row, const std::string& field, const Value& va
 }
 
 void QueryGrid::tickCell(std::int32_t row, const std::string& field) {
+  requireChangesAccepted();
   if (requireCell(row, field).kind != ColumnKind::Check) {
     throw GestureRefused(field + " of " + Name() + " is not a check column");
   }
@@ -204,7 +206,7 @@ void QueryGrid::tickCell(std::int32_t row, const std::string& field) {
 }
 
 void QueryGrid::tickAll(const std::string& field, bool on) {
-  requireReachable();
+  requireChangesAccepted();
   if (rowCount() == 0) return;
   if (requireCell(std::max(currentRow(), 1), field).kind != ColumnKind::Check) {
     throw GestureRefused(field + " of " + Name() + " is not a check column");
@@ -224,6 +226,7 @@ void QueryGrid::tickAll(const std::string& field, bool on) {
 }
 
 void QueryGrid::lookup(std::int32_t row, const std::string& field) {
+  requireChangesAccepted();
   if (requireCell(row, field).kind != ColumnKind::Lookup) {
     throw GestureRefused(field + " of " + Name() + " has no look-up");
   }

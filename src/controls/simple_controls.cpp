@@ -19,7 +19,7 @@ Control* GroupBox::find(std::string_view name) {
 }
 
 void Button::click() {
-  requireReachable();
+  requireChangesAccepted();
   ButtonClick.raise();
 }
 

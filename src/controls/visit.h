@@ -11,6 +11,7 @@
 #include "controls/form.h"
 #include "controls/mdi_container.h"
 #include "controls/navigator_bar.h"
+#include "controls/notice_list.h"
 #include "controls/query_editor.h"
 #include "controls/query_grid.h"
 #include "controls/record_frame.h"
@@ -50,6 +51,8 @@ decltype(auto) visit(Subject& control, Visitor&& visitor) {
       return call(std::type_identity<MdiContainer>{});
     case ControlKind::NavigatorBar:
       return call(std::type_identity<NavigatorBar>{});
+    case ControlKind::NoticeList:
+      return call(std::type_identity<NoticeList>{});
     case ControlKind::ProgressBar:
       return call(std::type_identity<ProgressBar>{});
     case ControlKind::QueryEditor:

@@ -7,6 +7,7 @@
 #include "ado/library.h"
 #include "common/convert.h"
 #include "common/nulls.h"
+#include "controls/notice_list.h"
 #include "controls/record_frame.h"
 #include "forms/painted_meanwhile.h"
 #include "forms/runtime.h"
@@ -36,6 +37,8 @@ class PageContext {
 
   Services& services;
   controls::RecordFrame& profile;
+  /// What the user should know while it is so; texts are translated by whoever shows them.
+  controls::NoticeList notices{"NOTICES"};
 
   Ref<ado::Connection> connection;
   /// The ERP company, from the host.

@@ -1,6 +1,7 @@
 #include <algorithm>
 
 #include "common/convert.h"
+#include "controls/control.h"
 #include "workbench/player/control_printer.h"
 #include "workbench/player/result_text.h"
 #include "workbench/player/steps.h"
@@ -101,6 +102,40 @@ void expectNoMessage(Player& player) {
   player.messages().clear();
 }
 
+std::string allOf(const std::vector<ItemView>& notices) {
+  std::string texts;
+  for (const ItemView& each : notices) texts += (texts.empty() ? "" : " / ") + each.text;
+  return texts;
+}
+
+bool anyContains(const std::vector<ItemView>& notices, const std::string& text) {
+  return std::any_of(notices.begin(), notices.end(), [&](const ItemView& each) {
+    return each.text.find(text) != std::string::npos;
+  });
+}
+
+void expectNotice(Player& player, const std::string& text) {
+  const auto notices = player.stage().hands.notices();
+  player.check(anyContains(notices, text), "notice", text, allOf(notices));
+}
+
+/// No notice that contains the text; without one no notice at all.
+void expectNoNotice(Player& player, const std::string& text) {
+  const auto notices = player.stage().hands.notices();
+  player.check(!anyContains(notices, text), "no notice", text, allOf(notices));
+}
+
+/// A gesture that a person could not make now.
+void expectRefused(Player& player, const Words& step) {
+  bool refused = false;
+  try {
+    runStep(player, step);
+  } catch (const controls::GestureRefused&) {
+    refused = true;
+  }
+  player.check(refused, join(step), "refused", "done");
+}
+
 void expectAspect(Player& player, const Words& subject, const std::string& expected) {
   const auto* const aspect = std::find_if(std::begin(aspects), std::end(aspects),
                                           [&](const Aspect& a) { return a.name == subject[1]; });
@@ -163,6 +198,12 @@ void expect(Player& player, const Words& arguments) {
     expectMessage(player, arguments[1]);
   } else if (arguments == Words{"no", "message"}) {
     expectNoMessage(player);
+  } else if (arguments.size() == 2 && arguments[0] == "notice") {
+    expectNotice(player, arguments[1]);
+  } else if (arguments.size() <= 3 && arguments[0] == "no" && arguments[1] == "notice") {
+    expectNoNotice(player, arguments.size() == 3 ? arguments[2] : "");
+  } else if (arguments[0] == "refused") {
+    expectRefused(player, Words(arguments.begin() + 1, arguments.end()));
   } else if (arguments.size() > 2 && arguments[arguments.size() - 2] == "=") {
     expectValue(player, Words(arguments.begin(), arguments.end() - 2), arguments.back());
   } else {

@@ -42,6 +42,10 @@ void describe(ControlView& view, const NavigatorBar& bar) {
   }
 }
 
+void describe(ControlView& view, const NoticeList& list) {
+  for (const Notice& notice : list.notices()) view.items.push_back({notice.text, notice.action});
+}
+
 void describe(ControlView& view, const SideBar& bar) {
   for (const SideBar::Link& link : bar.links()) {
     view.items.push_back(
@@ -121,35 +125,36 @@ ControlView viewOf(Control& control, const RowRange& rows) {
                      [](const OneOf<Button, Label, MdiContainer, ResizeManager, TitleBar> auto&) {},
                      [&](const auto& other) { describe(view, other); },
                  });
+  if (!control.acceptsChanges()) view.marks.emplace_back("locked");
   return view;
 }
 
 std::string valueOf(const Control& control) {
-  return visit(control,
-               Overloaded{
-                   [](const EditBox& box) { return box.text(); },
-                   [](const ComboBox& combo) { return combo.text(); },
-                   [](const CheckBox& check) { return std::string(check.isTicked() ? "1" : "0"); },
-                   [](const RecordFrame& frame) { return nameOf(frame.status()); },
-                   [](const QueryEditor& editor) { return editor.composedText().text(); },
-                   [](const ProgressBar& progress) { return progress.text(); },
-                   [](const SideBar& links) {
-                     return links.selected() ? std::to_string(links.selected()->view)
-                                             : std::string();
-                   },
-                   [](const StatusBar& status) {
-                     std::string text;
-                     for (const std::string& panel : status.panels()) {
-                       text += (text.empty() ? "" : " ") + panel;
-                     }
-                     return text;
-                   },
-                   [](const OneOf<Label, TitleBar> auto& text) { return text.caption(); },
-                   [](const OneOf<Button, Form, GroupBox, MdiContainer, NavigatorBar, QueryGrid,
-                                  ResizeManager> auto& other) -> std::string {
-                     throw StepError(other.Name() + " holds no value");
-                   },
-               });
+  return visit(
+      control,
+      Overloaded{
+          [](const EditBox& box) { return box.text(); },
+          [](const ComboBox& combo) { return combo.text(); },
+          [](const CheckBox& check) { return std::string(check.isTicked() ? "1" : "0"); },
+          [](const RecordFrame& frame) { return nameOf(frame.status()); },
+          [](const QueryEditor& editor) { return editor.composedText().text(); },
+          [](const ProgressBar& progress) { return progress.text(); },
+          [](const SideBar& links) {
+            return links.selected() ? std::to_string(links.selected()->view) : std::string();
+          },
+          [](const StatusBar& status) {
+            std::string text;
+            for (const std::string& panel : status.panels()) {
+              text += (text.empty() ? "" : " ") + panel;
+            }
+            return text;
+          },
+          [](const OneOf<Label, NoticeList, TitleBar> auto& text) { return text.caption(); },
+          [](const OneOf<Button, Form, GroupBox, MdiContainer, NavigatorBar, QueryGrid,
+                         ResizeManager> auto& other) -> std::string {
+            throw StepError(other.Name() + " holds no value");
+          },
+      });
 }
 
 std::string cellTextOf(QueryGrid& grid, std::int32_t row, const std::string& field) {

@@ -88,6 +88,10 @@ void lookup(Player& player, const Words& arguments) {
   }
 }
 
+void notice(Player& player, const Words& arguments) {
+  player.stage().hands.pressNotice(arguments[0]);
+}
+
 void condition(Player& player, const Words& arguments) {
   Hands& hands = player.stage().hands;
   const std::string& editor = arguments[0];

@@ -34,6 +34,8 @@ class Hands {
   virtual void tickAll(const std::string& grid, const std::string& field, bool on) = 0;
   virtual void lookup(const std::string& box) = 0;
   virtual void lookupCell(const std::string& grid, std::int32_t row, const std::string& field) = 0;
+  /// Presses the button of the first notice whose text contains `text`.
+  virtual void pressNotice(const std::string& text) = 0;
   virtual void activateWindow() = 0;
   /// Saves a picture of the window under that name. Does nothing without a screen.
   virtual void takePicture(const std::string& name) = 0;
@@ -44,7 +46,12 @@ class Hands {
   virtual std::string value(const std::string& control) = 0;
   virtual std::string cellText(const std::string& grid, std::int32_t row,
                                const std::string& field) = 0;
+  /// The window's notices: their texts, with the captions of their buttons as marks.
+  virtual std::vector<ItemView> notices() = 0;
   virtual bool isButtonEnabled(const std::string& bar, const std::string& button) = 0;
 };
+
+/// The index of the first notice whose text contains `text`; StepError when there is none.
+std::size_t noticeWith(const std::string& text, const std::vector<ItemView>& notices);
 
 }  // namespace kebu::workbench

@@ -89,6 +89,22 @@ void ModelHands::lookupCell(const std::string& grid, std::int32_t row, const std
   find<QueryGrid>(grid, "a grid").lookup(row, field);
 }
 
+NoticeList* ModelHands::noticeList() const {
+  for (Control* each : window().controls()) {
+    if (auto* const list = as<NoticeList>(*each)) return list;
+  }
+  return nullptr;
+}
+
+std::vector<ItemView> ModelHands::notices() {
+  NoticeList* const list = noticeList();
+  return list ? viewOf(*list, {}).items : std::vector<ItemView>();
+}
+
+void ModelHands::pressNotice(const std::string& text) {
+  noticeList()->press(noticeWith(text, notices()));
+}
+
 void ModelHands::activateWindow() {
   window().activate();
 }

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "controls/form.h"
+#include "controls/notice_list.h"
 #include "workbench/player/hands.h"
 #include "workbench/player/model_desktop.h"
 
@@ -24,6 +25,7 @@ class ModelHands : public Hands {
   void tickAll(const std::string& grid, const std::string& field, bool on) override;
   void lookup(const std::string& box) override;
   void lookupCell(const std::string& grid, std::int32_t row, const std::string& field) override;
+  void pressNotice(const std::string& text) override;
   void activateWindow() override;
   void takePicture(const std::string& /*name*/) override {}
 
@@ -31,11 +33,14 @@ class ModelHands : public Hands {
   std::string value(const std::string& name) override;
   std::string cellText(const std::string& grid, std::int32_t row,
                        const std::string& field) override;
+  std::vector<ItemView> notices() override;
   bool isButtonEnabled(const std::string& bar, const std::string& button) override;
 
  private:
   controls::Form& window() const;
   controls::Control& control(const std::string& name) const;
+  /// The window's notices; null when it has no place for them.
+  controls::NoticeList* noticeList() const;
   /// The control of that name and kind. `kind` names the kind in the error, such as "a button".
   template <class Kind>
   Kind& find(const std::string& name, const char* kind) const;

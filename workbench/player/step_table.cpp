@@ -34,6 +34,8 @@ constexpr std::array table{
     Step{"tick-all", 3, 3, "GRID FIELD on|off", "clicks a column's select-all", steps::tickAll},
     Step{"lookup", 1, 4, "BOX [N] | GRID ROW FIELD [N] | EDITOR CAPTION 1|2 [N]",
          "opens a look-up, takes its row N; of a range's first or second value", steps::lookup},
+    Step{"notice", 1, 1, "TEXT", "presses the button of the notice that contains the text",
+         steps::notice},
     Step{"condition", 3, any, "EDITOR CAPTION OPERATOR [VALUE...]",
          "states a condition on a field: =, <>, between, starts, contains, in, empty, not-empty, "
          "clear",
@@ -49,10 +51,11 @@ constexpr std::array table{
     Step{"print", 1, 3, "CONTROL | GRID FIRST [LAST] | host",
          "prints what the user sees; in a grid * is locked, + in order, ! incomplete",
          steps::print},
-    Step{"expect", 2, 5,
+    Step{"expect", 2, any,
          "CONTROL [enabled|visible|editable|required|caption|row|rows] = VALUE | "
          "BAR BUTTON enabled = VALUE | GRID ROW FIELD = VALUE | sql STATEMENT = VALUE | "
-         "host PROPERTY = VALUE | message TEXT | no message",
+         "host PROPERTY = VALUE | message TEXT | no message | notice TEXT | no notice [TEXT] | "
+         "refused STEP...",
          "checks", steps::expect},
 };
 

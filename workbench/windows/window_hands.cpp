@@ -145,6 +145,13 @@ Inspection WindowHands::reachable(const std::string& name, const std::string& ki
   return found;
 }
 
+Inspection WindowHands::changeable(const std::string& name, const std::string& kind,
+                                   const char* kindInWords) const {
+  const Inspection found = reachable(name, kind, kindInWords);
+  if (isMarked(found, "locked")) throw GestureRefused(nameOf(found) + " is locked");
+  return found;
+}
+
 Inspection WindowHands::item(const std::string& control, const std::string& key,
                              const char* itemInWords) const {
   const auto found = reader().find(Inspected::Item, control, {key, 0, 0});
@@ -172,7 +179,7 @@ void WindowHands::press(const std::string& bar, const std::string& button) {
 }
 
 void WindowHands::clickButton(const std::string& button) {
-  const Inspection found = reachable(button, "Button", "a button");
+  const Inspection found = changeable(button, "Button", "a button");
   clickOn(found.window, found.bounds);
   settle();
 }
@@ -196,7 +203,7 @@ void WindowHands::type(const std::string& box, const std::string& text) {
 }
 
 void WindowHands::choose(const std::string& combo, const std::string& code) {
-  const Inspection found = reachable(combo, "ComboBox", "a combo box");
+  const Inspection found = changeable(combo, "ComboBox", "a combo box");
   const Inspection entry = item(combo, code, "entry");
   clickOn(found.window, found.bounds);
   settle();
@@ -205,7 +212,7 @@ void WindowHands::choose(const std::string& combo, const std::string& code) {
 }
 
 void WindowHands::tick(const std::string& check, bool on) {
-  const Inspection found = reachable(check, "CheckBox", "a check box");
+  const Inspection found = changeable(check, "CheckBox", "a check box");
   if (isMarked(found, "chosen") == on) return;
   clickAt(found.window, {5, found.bounds.bottom / 2});
   settle();
@@ -284,6 +291,7 @@ void WindowHands::selectRow(const std::string& name, std::int32_t row) {
 }
 
 void WindowHands::tickCell(const std::string& grid, std::int32_t row, const std::string& field) {
+  changeable(grid, "QueryGrid", "a grid");
   if (!reader().find(Inspected::TickAll, grid, {field, 0, 0})) {
     cellInSight(grid, row, field);
     throw GestureRefused(field + " of " + grid + " is not a check column");
@@ -292,7 +300,7 @@ void WindowHands::tickCell(const std::string& grid, std::int32_t row, const std:
 }
 
 void WindowHands::tickAll(const std::string& grid, const std::string& field, bool on) {
-  const Inspection found = reachable(grid, "QueryGrid", "a grid");
+  const Inspection found = changeable(grid, "QueryGrid", "a grid");
   if (found.count > 0) cellInSight(grid, std::max(found.current, 1), field);
   const auto box = reader().find(Inspected::TickAll, grid, {field, 0, 0});
   if (!box) throw GestureRefused(field + " of " + grid + " is not a check column");
@@ -312,6 +320,7 @@ void WindowHands::tickAll(const std::string& grid, const std::string& field, boo
 
 void WindowHands::edit(const std::string& grid, std::int32_t row, const std::string& field,
                        const Value& value) {
+  changeable(grid, "QueryGrid", "a grid");
   const bool isLocked = isMarked(cellInSight(grid, row, field), "locked");
   goToCell(grid, row, field);
   const HWND window = reader().control(grid).window;
@@ -348,6 +357,7 @@ void WindowHands::edit(const std::string& grid, std::int32_t row, const std::str
 }
 
 void WindowHands::lookupCell(const std::string& grid, std::int32_t row, const std::string& field) {
+  changeable(grid, "QueryGrid", "a grid");
   goToCell(grid, row, field);
   pressKey(reader().control(grid).window, VK_F4);
   settle();
@@ -365,6 +375,20 @@ void WindowHands::holdControl(bool shift, bool down) {
 }
 
 // ---- the window
+
+std::vector<ItemView> WindowHands::notices() {
+  const auto list = reader().firstOfKind("NoticeList");
+  return list ? reader().look(*list, {}).items : std::vector<ItemView>();
+}
+
+void WindowHands::pressNotice(const std::string& text) {
+  const auto index = static_cast<std::int32_t>(noticeWith(text, notices()));
+  const std::string list = reader().firstOfKind("NoticeList").value();
+  const Inspection found = reader().find(Inspected::Item, list, {"", index, 0}).value();
+  if (nameOf(found).empty()) throw GestureRefused("the notice has no button");
+  clickOn(found.window, found.bounds);
+  settle();
+}
 
 void WindowHands::activateWindow() {
   HWND window = front();

@@ -35,6 +35,7 @@ class WindowHands : public Hands {
   void tickAll(const std::string& grid, const std::string& field, bool on) override;
   void lookup(const std::string& box) override;
   void lookupCell(const std::string& grid, std::int32_t row, const std::string& field) override;
+  void pressNotice(const std::string& text) override;
   void activateWindow() override;
   void takePicture(const std::string& name) override;
 
@@ -42,6 +43,7 @@ class WindowHands : public Hands {
   std::string value(const std::string& control) override;
   std::string cellText(const std::string& grid, std::int32_t row,
                        const std::string& field) override;
+  std::vector<ItemView> notices() override;
   bool isButtonEnabled(const std::string& bar, const std::string& button) override;
 
  private:
@@ -51,6 +53,9 @@ class WindowHands : public Hands {
   /// A control of the kind on which a person could act now; StepError when it is not.
   windows::Inspection reachable(const std::string& name, const std::string& kind,
                                 const char* kindInWords) const;
+  /// The same, and it is not locked.
+  windows::Inspection changeable(const std::string& name, const std::string& kind,
+                                 const char* kindInWords) const;
   windows::Inspection item(const std::string& control, const std::string& key,
                            const char* itemInWords) const;
   /// A cell brought into sight.

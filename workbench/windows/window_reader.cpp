@@ -116,6 +116,8 @@ void WindowReader::describeItems(ControlView& view, const Inspection& control) c
       view.items.push_back({textOf(*item), item->enabled ? "enabled" : "disabled"});
     } else if (kind == "QueryEditor") {
       view.items.push_back({nameOf(*item), textOf(*item)});
+    } else if (kind == "NoticeList") {
+      view.items.push_back({textOf(*item), nameOf(*item)});
     } else if (kind == "StatusBar") {
       view.items.push_back({"\"" + textOf(*item) + "\"", ""});
     } else {
@@ -193,7 +195,8 @@ ControlView WindowReader::look(const std::string& name, const RowRange& rows) co
     view.caption = textOf(found);
   }
   if (found.caption[0]) view.caption = windows::toUtf8(found.caption);
-  if (kind == "QueryEditor" || kind == "NavigatorBar" || kind == "SideBar" || kind == "StatusBar") {
+  if (kind == "QueryEditor" || kind == "NavigatorBar" || kind == "NoticeList" ||
+      kind == "SideBar" || kind == "StatusBar") {
     describeItems(view, found);
   } else if (kind == "QueryGrid") {
     describeGrid(view, found, rows);
@@ -221,7 +224,8 @@ std::string WindowReader::value(const std::string& name) const {
     }
     return text;
   }
-  for (const char* other : {"CheckBox", "RecordFrame", "ProgressBar", "Label", "TitleBar"}) {
+  for (const char* other :
+       {"CheckBox", "RecordFrame", "ProgressBar", "Label", "NoticeList", "TitleBar"}) {
     if (kind == other) return textOf(found);
   }
   throw StepError(name + " holds no value");

@@ -12,7 +12,7 @@ ButtonView::ButtonView(ViewSite& site, controls::Button& model, HWND parent)
 
 void ButtonView::refresh() {
   setWindowText(handle(), markedCaption());
-  EnableWindow(handle(), looksEnabled());
+  EnableWindow(handle(), looksEnabled() && control().acceptsChanges());
 }
 
 void ButtonView::click() {

@@ -22,7 +22,7 @@ void CheckBoxView::place(const layout::Placement& placement) {
 void CheckBoxView::refresh() {
   setWindowText(handle(), markedCaption());
   SendMessageW(handle(), BM_SETCHECK, model_.isTicked() ? BST_CHECKED : BST_UNCHECKED, 0);
-  EnableWindow(handle(), looksEnabled());
+  EnableWindow(handle(), looksEnabled() && model_.acceptsChanges());
 }
 
 void CheckBoxView::command(HWND /*from*/, UINT code) {

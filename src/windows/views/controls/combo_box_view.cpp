@@ -62,6 +62,7 @@ void ComboBoxView::fillRows() {
 
 void ComboBoxView::refresh() {
   FieldView::refresh();
+  EnableWindow(handle(), looksEnabled() && model_.acceptsChanges());
   fillRows();
   if (SendMessageW(handle(), CB_GETCURSEL, 0, 0) != chosenIndex()) {
     SendMessageW(handle(), CB_SETCURSEL, static_cast<WPARAM>(chosenIndex()), 0);

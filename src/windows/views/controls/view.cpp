@@ -78,6 +78,7 @@ bool View::inspect(Inspection& inspection) {
   inspection.enabled = looksEnabled();
   inspection.visible = control_.isShown();
   describe(inspection);
+  if (!control_.acceptsChanges()) addMark(inspection, "locked");
   return true;
 }
 

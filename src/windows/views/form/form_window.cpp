@@ -34,6 +34,7 @@ Place placeOf(controls::ControlKind kind) {
   using controls::ControlKind;
   switch (kind) {
     case ControlKind::NavigatorBar:
+    case ControlKind::NoticeList:
     case ControlKind::ProgressBar:
     case ControlKind::SideBar:
     case ControlKind::StatusBar:

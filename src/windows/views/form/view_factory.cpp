@@ -7,6 +7,7 @@
 #include "windows/views/controls/edit_box_view.h"
 #include "windows/views/controls/label_view.h"
 #include "windows/views/controls/navigator_bar_view.h"
+#include "windows/views/controls/notice_list_view.h"
 #include "windows/views/controls/progress_bar_view.h"
 #include "windows/views/controls/side_bar_view.h"
 #include "windows/views/controls/status_bar_view.h"
@@ -45,6 +46,7 @@ std::unique_ptr<View> makeView(ViewSite& site, controls::Control& control, HWND 
                                       make<controls::GroupBox, GroupBoxView>(site, parent),
                                       make<controls::Label, LabelView>(site, parent),
                                       make<controls::NavigatorBar, NavigatorBarView>(site, parent),
+                                      make<controls::NoticeList, NoticeListView>(site, parent),
                                       make<controls::ProgressBar, ProgressBarView>(site, parent),
                                       make<controls::QueryEditor, QueryEditorView>(site, parent),
                                       make<controls::QueryGrid, QueryGridView>(site, parent),

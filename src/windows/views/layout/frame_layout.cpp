@@ -3,6 +3,8 @@
 #include <algorithm>
 
 #include "controls/navigator_bar.h"
+#include "controls/notice_list.h"
+#include "windows/views/layout/notice_layout.h"
 
 namespace kebu::windows::layout {
 
@@ -50,6 +52,10 @@ FrameLayout placeFrame(const controls::Form& form, const Metrics& metrics, const
   };
   for (const auto* bar : shown<controls::TitleBar>(form)) {
     dockToTop(bar, metrics.lineHeight * 2 + metrics.px(2));
+  }
+  for (const auto* bar : shown<controls::NoticeList>(form)) {
+    const auto* const list = controls::as<controls::NoticeList>(*bar);
+    dockToTop(bar, placeNotices(*list, metrics, rest.width).height);
   }
   for (const auto* bar : shown<controls::NavigatorBar>(form)) {
     dockToTop(bar, metrics.fieldHeight() + metrics.px(6));
