@@ -15,7 +15,8 @@ bool isOffered(const std::string& key, RecordFrame& frame, const Rights& rights)
     return rights.canInsert && !frame.hasRecord() && status == FrameStatus::Browsing;
   }
   if (key == "Conferma") {
-    return (isNew ? rights.canInsert : rights.canUpdate) && frame.hasPendingChanges();
+    return (isNew ? rights.canInsert : rights.canUpdate) && frame.maySave() &&
+           frame.hasPendingChanges();
   }
   if (key == "Annulla") return frame.hasPendingChanges();
   if (key == "Elimina") return rights.canDelete && frame.hasRecord() && !isNew;

@@ -4,15 +4,9 @@
 #include <vector>
 
 #include "controls/record_frame.h"
+#include "controls/rights.h"
 
 namespace kebu::controls {
-
-/// What the host lets the user do with records.
-struct Rights {
-  bool canInsert = false;
-  bool canUpdate = false;
-  bool canDelete = false;
-};
 
 /// The bar of record buttons. Bound to a frame it calls the frame's actions and
 /// enables those that the frame's state and the user's rights allow. Unbound it

@@ -81,7 +81,24 @@ bool RecordFrame::hasPendingChanges() {
   return pending;
 }
 
+void RecordFrame::setRights(const Rights& rights) {
+  rights_ = rights;
+  stateChanged.raise();
+}
+
+bool RecordFrame::mayChange() const {
+  const bool exists = hasRecord() && status_ != FrameStatus::New;
+  return exists ? rights_.canUpdate : rights_.canInsert;
+}
+
+bool RecordFrame::maySave() const {
+  bool may = mayChange();
+  if (may) MaySave.raise(may);
+  return may;
+}
+
 void RecordFrame::beginEdit() {
+  if (!parent_ && !mayChange()) return;
   if (parent_) {
     parent_->beginEdit();
     ensureRow();
@@ -115,6 +132,7 @@ void RecordFrame::refreshControls() {
 }
 
 bool RecordFrame::New() {
+  if (!rights_.canInsert) return false;
   return trap(host_, Name(), [&](Steps& step) {
     step([&] { rows_->AddNew(); });
     setStatus(FrameStatus::New);
@@ -125,6 +143,12 @@ bool RecordFrame::New() {
 
 bool RecordFrame::Update() {
   if (!hasRecord()) return false;
+  if (!maySave()) {
+    host_.message(mayChange() ? "Prima di salvare ricaricare i dati che non sono stati letti."
+                              : "Manca il diritto di salvare il record.",
+                  msgbox::exclamation);
+    return false;
+  }
   if (!approveUpdate()) return false;
 
   const FrameStatus before = status_;
@@ -193,7 +217,7 @@ bool RecordFrame::Undo() {
 }
 
 bool RecordFrame::Delete() {
-  if (!hasRecord()) return false;
+  if (!hasRecord() || !rights_.canDelete) return false;
   bool cancel = false;
   BeforeDelete.raise(cancel);
   if (cancel) return false;

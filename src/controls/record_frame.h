@@ -8,6 +8,7 @@
 #include "ado/recordset.h"
 #include "controls/control.h"
 #include "controls/control_host.h"
+#include "controls/rights.h"
 
 namespace kebu::controls {
 
@@ -81,19 +82,25 @@ class RecordFrame : public OfKind<ControlKind::RecordFrame> {
   Value field(std::string_view name) const { return hasRecord() ? rows_->value(name) : Value(); }
   /// Writes it without a trap; a child without a row gets one first.
   void setField(std::string_view name, const Value& value);
+  /// By default everything is allowed.
+  void setRights(const Rights& rights);
+  /// Whether the user's rights allow a change of the record, or without one a new record.
+  bool mayChange() const;
+  /// Whether they do, and MaySave does not refuse.
+  bool maySave() const;
   /// Whether the record, or anything saved with it, has unsaved changes.
   bool hasPendingChanges();
   /// Whether this frame's own row has unsaved changes.
   bool isRecordChanged() const;
 
   /// Call before a change: an existing record goes to Editing; when there is none,
-  /// a new one is begun.
+  /// a new one is begun. Does nothing without the right to it.
   void beginEdit();
   /// Call when something outside the record was changed that is saved with it.
   void markModified();
 
-  /// The user's actions. False when a handler refused, a value is missing, or the
-  /// procedure was left after an error.
+  /// The user's actions. False when a right or a value is missing, a handler refused, or
+  /// the procedure was left after an error.
   bool New();
   bool Update();
   bool Delete();
@@ -111,6 +118,8 @@ class RecordFrame : public OfKind<ControlKind::RecordFrame> {
   /// New and previous status.
   Event<FrameStatus, FrameStatus> ChangeStatus;
   Event<bool&> IsRecordChanged;
+  /// Whether the record could be saved now; a handler clears the flag.
+  Event<bool&> MaySave;
   /// The status or the pending changes may have changed.
   Event<> stateChanged;
 
@@ -135,6 +144,7 @@ class RecordFrame : public OfKind<ControlKind::RecordFrame> {
   std::vector<RecordFrame*> children_;
   std::vector<BoundControl*> controls_;
   Ref<ado::Recordset> rows_;
+  Rights rights_{true, true, true};
   FrameStatus status_ = FrameStatus::Browsing;
 };
 

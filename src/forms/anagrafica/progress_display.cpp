@@ -55,7 +55,7 @@ void ProgressDisplay::ImpostaMessaggioStato(const std::string& message, bool sho
   });
 }
 
-void ProgressDisplay::during(const ProcedureName& called, const char* message,
+bool ProgressDisplay::during(const ProcedureName& called, const char* message,
                              const std::function<void(Procedure&)>& body) {
   const bool done = procedure(context_, called, [&](Procedure& p) {
     ImpostaMessaggioStato(message, true);
@@ -63,9 +63,10 @@ void ProgressDisplay::during(const ProcedureName& called, const char* message,
     ImpostaMessaggioStato("Pronto", false);
     return true;
   });
-  if (done) return;
+  if (done) return true;
   STATUSBAR.setAnimated(false);
   MostraAvanzamento(false);
+  return false;
 }
 
 void ProgressDisplay::expect(std::int32_t total) {

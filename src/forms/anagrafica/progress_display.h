@@ -34,8 +34,8 @@ class ProgressDisplay {
   void ImpostaMessaggioStato(const std::string& message, bool show);
   /// Runs the body of a long procedure under its given name, with `message` in the
   /// status bar while it runs and "Pronto" when it is done. When it is left early
-  /// its text stays, and the moving bar is hidden.
-  void during(const ProcedureName& called, const char* message,
+  /// its text stays, the moving bar is hidden, and the result is false.
+  bool during(const ProcedureName& called, const char* message,
               const std::function<void(Procedure&)>& body);
   /// Shows from now on how much of `total` is done.
   void expect(std::int32_t total);

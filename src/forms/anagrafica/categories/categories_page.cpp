@@ -12,6 +12,14 @@ CategoriesPage::CategoriesPage(PageContext& context, controls::NavigatorBar& nav
     : context_(context),
       navigator_(navigator),
       parameters_(parameters),
+      load_(context, {.cause = "categories",
+                      .text = "Le categorie non sono state lette.",
+                      .reload = [this] { LetturaDatiConfigurazioneCategorie(); },
+                      .lock =
+                          [this](bool locked) {
+                            GRP_CATCLI.setLocked(locked);
+                            GRP_CATART.setLocked(locked);
+                          }}),
       customers_(customerCategories, context, catalogue_, [this] { navigator_.setModified(true); }),
       articles_(articleCategories, context, catalogue_, [this] { navigator_.setModified(true); }) {
   navigator_.ButtonClick.on(
@@ -94,28 +102,35 @@ bool CategoriesPage::isOffered(std::int32_t articleClassification, Procedure& p)
 }
 
 void CategoriesPage::LetturaDatiConfigurazioneCategorie() {
-  procedure(context_, "LetturaDatiConfigurazioneCategorie", [&](Procedure& p) {
+  const bool isRead = procedure(context_, "LetturaDatiConfigurazioneCategorie", [&](Procedure& p) {
     customers_.clear();
     articles_.clear();
-    const Ref<ado::Recordset> rows = p.read(sql::Categorie(p.profile()));
-    if (p.step([&] { return rows->EOF_(); })) {
-      showDefaults();
-      navigator_.setModified(true);
-      return;
-    }
-    for (; p.more(rows); p.next(rows)) {
-      p.step([&] {
-        const std::int32_t entity = toInt32(CDecN(rows->value("GM19_INDENTITA")));
-        for (CategoryLevels* levels : {&customers_, &articles_}) {
-          if (entity != levels->kind().entity) continue;
-          levels->show(
-              toInt32(CDecN(rows->value("GM19_PROG"))), RTrimN(rows->value("GM19_INDCLASSIF")),
-              RTrimN(rows->value("GM19_CODCLASSIF")), RTrimN(rows->value("GM19_DESCRCLASSIF")));
-        }
-      });
-    }
-    navigator_.setModified(false);
+    showStored(p.read(sql::Categorie(p.profile())), p);
+    return true;
   });
+  // What was not read must not be confirmed: it would be deleted.
+  if (!isRead) navigator_.setModified(false);
+  load_.ended(isRead);
+}
+
+void CategoriesPage::showStored(const Ref<ado::Recordset>& rows, Procedure& p) {
+  if (p.step([&] { return rows->EOF_(); })) {
+    showDefaults();
+    navigator_.setModified(true);
+    return;
+  }
+  for (; p.more(rows); p.next(rows)) {
+    p.step([&] {
+      const std::int32_t entity = toInt32(CDecN(rows->value("GM19_INDENTITA")));
+      for (CategoryLevels* levels : {&customers_, &articles_}) {
+        if (entity != levels->kind().entity) continue;
+        levels->show(toInt32(CDecN(rows->value("GM19_PROG"))),
+                     RTrimN(rows->value("GM19_INDCLASSIF")), RTrimN(rows->value("GM19_CODCLASSIF")),
+                     RTrimN(rows->value("GM19_DESCRCLASSIF")));
+      }
+    });
+  }
+  navigator_.setModified(false);
 }
 
 // Proposes what most companies publish; it is stored when the user confirms it.

@@ -7,6 +7,7 @@
 #include "forms/anagrafica/page.h"
 #include "forms/anagrafica/profile/parameters/parameter_page.h"
 #include "forms/page_context.h"
+#include "forms/page_load.h"
 #include "forms/procedure.h"
 
 namespace kebu::forms {
@@ -38,12 +39,15 @@ class CategoriesPage : public Page {
   void ConfermaModificheCategorie();
   void addCatalogue(Procedure& p);
   bool isOffered(std::int32_t articleClassification, Procedure& p);
+  /// Shows the stored levels, or the usual ones when there are none.
+  void showStored(const Ref<ado::Recordset>& rows, Procedure& p);
   void showDefaults();
   void store(CategoryLevels& levels, const Ref<ado::Recordset>& rows, Procedure& p);
 
   PageContext& context_;
   controls::NavigatorBar& navigator_;
   ParameterPage& parameters_;
+  PageLoad load_;
   ClassificationCatalogue catalogue_;
   CategoryLevels customers_;
   CategoryLevels articles_;

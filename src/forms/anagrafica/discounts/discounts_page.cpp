@@ -11,6 +11,11 @@ namespace {
 
 constexpr const char* lastUpdate = "Ultimo aggiornamento: ";
 
+// The causes of notices.
+std::string recomputingCause(const DiscountGrid& mode) {
+  return "recomputing of " + mode.grid.Name();
+}
+
 /// "dd/mm/yyyy", whatever the locale.
 std::string dayMonthYear(const Date& date) {
   const std::string ansi = date.toAnsi();
@@ -26,7 +31,8 @@ DiscountsPage::DiscountsPage(PageContext& context, ProgressDisplay& progress,
       byGrid(context, progress, sql::DiscountMode::Grid),
       context_(context),
       progress_(progress),
-      navigator_(navigator) {
+      navigator_(navigator),
+      loads_{PageLoad(context, surroundings(onPrice)), PageLoad(context, surroundings(byGrid))} {
   CMD_AGGIORNA.setEnabled(false);
   handleEvents();
 }
@@ -62,19 +68,47 @@ void DiscountsPage::viewShown(std::int32_t number) {
   offer(offersConfirming_, offersDeleting_);
 }
 
+PageLoad::Surroundings DiscountsPage::surroundings(DiscountGrid& mode) {
+  return {.cause = "rules of " + mode.grid.Name(),
+          .text = mode.check.caption() + ": le regole non sono state lette.",
+          .reload = [this, &mode] { CaricaListini(mode); },
+          .lock = [this](bool) { lockControls(); }};
+}
+
+void DiscountsPage::setRights(const controls::Rights& rights) {
+  rights_ = rights;
+  lockControls();
+}
+
+// The box of a mode is cleared before the mode's rules are deleted.
+void DiscountsPage::lockControls() {
+  for (DiscountGrid* mode : {&onPrice, &byGrid}) {
+    const bool isUnread = loadOf(*mode).hasFailed();
+    mode->check.setLocked(isUnread || !(rights_.canUpdate || rights_.canDelete));
+    mode->grid.setLocked(isUnread || !rights_.canUpdate);
+  }
+  const bool nothingRead = loads_[0].hasFailed() && loads_[1].hasFailed();
+  options.GRB_GENERALESCONTI.setLocked(nothingRead || !rights_.canUpdate);
+}
+
 void DiscountsPage::offer(bool confirming, bool deleting) {
-  offersConfirming_ = confirming;
+  offersConfirming_ = confirming && rights_.canUpdate;
   offersDeleting_ = deleting;
   if (!shown_) return;
-  navigator_.setButtonEnabled("Conferma", confirming);
+  navigator_.setButtonEnabled("Conferma", offersConfirming_);
   navigator_.setButtonEnabled("Elimina", deleting);
   // Changes of rules are undone only by choosing the list type again.
   navigator_.setButtonEnabled("Annulla", false);
 }
 
 void DiscountsPage::setModified(bool modified) {
-  pending_ = modified;
+  setPending(modified && rights_.canUpdate);
   offer(modified, offersDeleting_);
+}
+
+void DiscountsPage::setPending(bool pending) {
+  pending_ = pending;
+  PendingChanged.raise();
 }
 
 void DiscountsPage::showLastUpdate(const Date& day) {
@@ -97,9 +131,11 @@ void DiscountsPage::CMB_LISTINISCONTO_ChangeRow() {
         combo.select(listType_);
         return;
       }
+      leaving_ = true;
       if (answer == msgbox::yes) registerBoth();
+      leaving_ = false;
     }
-    pending_ = false;
+    setPending(false);
     listType_ = chosen;
     const bool any = listType_ != 0;
     for (DiscountGrid* mode : {&onPrice, &byGrid}) {
@@ -111,6 +147,7 @@ void DiscountsPage::CMB_LISTINISCONTO_ChangeRow() {
     offer(false, false);
     CMD_AGGIORNA.setEnabled(any);
     LBL_DATAULTAGG.setCaption("");
+    for (PageLoad& load : loads_) load.ended(true);  // of the list type before
     if (!any) return;
     CaricaListini(onPrice);
     CaricaListini(byGrid);
@@ -130,19 +167,26 @@ void DiscountsPage::CMD_AGGIORNA_ButtonClick() {
   });
 }
 
+bool DiscountsPage::confirm() {
+  return procedure(context_, "INAV_PAR_ButtonClick", [&](Procedure& p) {
+    const bool stored = registerBoth();
+    setPending(false);
+    offer(false, true);
+    p.step([&] { showLastUpdate(context_.today()); });
+    return stored;
+  });
+}
+
 void DiscountsPage::INAV_PAR_ButtonClick(bool& cancel, const std::string& button) {
   if (!shown_) return;
   procedure(context_, "INAV_PAR_ButtonClick", [&](Procedure& p) {
     cancel = true;  // the bar would act on the profile
     if (button == "Conferma") {
-      registerBoth();
-      pending_ = false;
-      offer(false, true);
-      p.step([&] { showLastUpdate(context_.today()); });
+      confirm();
     } else if (button == "Elimina") {
       EliminaListini();
       recomputeBoth();
-      pending_ = false;
+      setPending(false);
       offer(false, false);
       p.step([&] { showLastUpdate(context_.today()); });
       options.reset();
@@ -150,10 +194,14 @@ void DiscountsPage::INAV_PAR_ButtonClick(bool& cancel, const std::string& button
   });
 }
 
-void DiscountsPage::registerBoth() {
-  if (listType_ == 0) return;
-  RegistraListini(onPrice);
-  RegistraListini(byGrid);
+bool DiscountsPage::registerBoth() {
+  bool stored = true;
+  if (listType_ == 0) return stored;
+  for (DiscountGrid* mode : {&onPrice, &byGrid}) {
+    // Rules that could not be read are not replaced.
+    if (!loadOf(*mode).hasFailed() && !RegistraListini(*mode)) stored = false;
+  }
+  return stored;
 }
 
 void DiscountsPage::recomputeBoth() {
@@ -171,51 +219,65 @@ void DiscountsPage::CaricaListini(DiscountGrid& mode) {
   const sql::DiscountKind& kind = kindOf(mode);
   mode.Imposta(kind);
   const ProcedureName called(kind.names.carica, errorTitle);
-  progress_.during(called, "Caricamento listini in corso...", [&](Procedure& p) {
-    const auto painted = context_.paintedMeanwhile();
-    dropTable(mode, p);
-    mode.renameTable();
-    p.run(sql::CaricaRegole(mode.table(), p.company(), kind));
-    const auto rows = p.openWorkingTable(sql::RigheRegole(mode.table()), ado::CursorType::Dynamic);
-    p.show(mode.grid, rows);
-    if (p.step([&] { return rows && !rows->EOF_(); })) {
-      showStored(mode, p);
-    } else {
-      mode.check.setTicked(false);
-      AggiornaListini(mode);
-    }
-  });
+  const bool isRead =
+      progress_.during(called, "Caricamento listini in corso...", [&](Procedure& p) {
+        const auto painted = context_.paintedMeanwhile();
+        dropTable(mode, p);
+        mode.renameTable();
+        p.run(sql::CaricaRegole(mode.table(), p.company(), kind));
+        const auto rows = p.openWorkingTable(sql::RigheRegole(mode.table()), ado::CursorType::Dynamic);
+        p.show(mode.grid, rows);
+        if (p.step([&] { return rows && !rows->EOF_(); })) {
+          showStored(mode, p);
+        } else {
+          mode.check.setTicked(false);
+          AggiornaListini(mode, false);
+        }
+      });
+  loadOf(mode).ended(isRead);
+  if (isRead) context_.notices.remove(kind.names.registra);
 }
 
 // Every rule carries the same options, so those of the first row are shown.
 void DiscountsPage::showStored(DiscountGrid& mode, Procedure& p) {
   const bool isPrice = mode.mode() == sql::DiscountMode::OnPrice;
   const char* const flag = isPrice ? "GM61_FLGSCONTISUPRZ" : "GM61_FLGGRIGLIASCONTI";
+  context_.notices.remove(recomputingCause(mode));
   mode.check.setTicked(toBoolean(CDecN(p.value(mode.rows(), flag))));
   options.show(mode.rows(), p);
   offer(offersConfirming_, true);
 }
 
-void DiscountsPage::AggiornaListini(DiscountGrid& mode) {
+void DiscountsPage::AggiornaListini(DiscountGrid& mode, bool hasStored) {
   const sql::DiscountKind& kind = kindOf(mode);
   const ProcedureName called(kind.names.aggiorna, errorTitle);
-  progress_.during(called, "Aggiornamento listini in corso...", [&](Procedure& p) {
-    const auto painted = context_.paintedMeanwhile();
-    dropTable(mode, p);
-    p.run(sql::CreaCandidati(mode.table(), p.company(), kind, priceRows_));
-    const auto rows =
-        p.openWorkingTable(sql::RigheCandidati(mode.table(), kind), ado::CursorType::Dynamic);
-    if (kind.mode == sql::DiscountMode::OnPrice) {
-      priceRows_ = p.step([&] { return rows ? rows->RecordCount() : 0; });
-    }
-    p.show(mode.grid, rows);
-  });
+  const bool done =
+      progress_.during(called, "Aggiornamento listini in corso...", [&](Procedure& p) {
+        const auto painted = context_.paintedMeanwhile();
+        dropTable(mode, p);
+        p.run(sql::CreaCandidati(mode.table(), p.company(), kind, priceRows_));
+        const auto rows =
+            p.openWorkingTable(sql::RigheCandidati(mode.table(), kind), ado::CursorType::Dynamic);
+        if (kind.mode == sql::DiscountMode::OnPrice) {
+          priceRows_ = p.step([&] { return rows ? rows->RecordCount() : 0; });
+        }
+        p.show(mode.grid, rows);
+      });
+  if (done) {
+    context_.notices.remove(recomputingCause(mode));
+    return;
+  }
+  const char* const text =
+      hasStored ? ": il ricalcolo non è riuscito, Conferma eliminerebbe le regole memorizzate."
+                : ": il ricalcolo non è riuscito, premere Aggiorna per ripeterlo.";
+  context_.notices.show(
+      {.cause = recomputingCause(mode), .text = mode.check.caption() + context_.translate(text)});
 }
 
 void DiscountsPage::EliminaListini() {
   procedure(context_, {"EliminaListini", errorTitle}, [&](Procedure& p) {
     for (const DiscountGrid* mode : {&onPrice, &byGrid}) {
-      if (mode->isOn() || !mode->rows()) continue;
+      if (mode->isOn() || !mode->rows() || loadOf(*mode).hasFailed()) continue;
       const std::string listType = toSqlNumber(CDecN(options.CMB_LISTINISCONTO.value()));
       const auto painted = context_.paintedMeanwhile();
       p.run(sql::EliminaRegole(p.company(), mode->mode(), listType));

@@ -58,9 +58,10 @@ class StepReader {
 
 }  // namespace
 
-void DiscountsPage::RegistraListini(DiscountGrid& mode) {
-  if (!mode.isOn()) return;
+bool DiscountsPage::RegistraListini(DiscountGrid& mode) {
+  if (!mode.isOn()) return true;
   const sql::DiscountKind& kind = kindOf(mode);
+  SaveResult result;
   const ProcedureName called(kind.names.registra, errorTitle);
   progress_.during(called, "Registrazione listini in corso...", [&](Procedure& p) {
     const Ref<ado::Recordset>& shown = mode.rows();
@@ -78,12 +79,41 @@ void DiscountsPage::RegistraListini(DiscountGrid& mode) {
       const auto painted = context_.paintedMeanwhile();
       p.run(sql::EliminaRegole(p.company(), kind.mode, std::to_string(kind.listType)));
     }
-    storeTicked(kind, mode, p);
+    result.deleted = true;
+    storeTicked(kind, mode, result, p);
   });
+  saved(kind, mode, result);
+  return result.isComplete();
+}
+
+// The notice goes with the next saving or loading of the kind that succeeds.
+void DiscountsPage::saved(const sql::DiscountKind& kind, const DiscountGrid& mode,
+                          const SaveResult& result) {
+  if (result.isComplete()) {
+    context_.notices.remove(kind.names.registra);
+    return;
+  }
+  const auto translate = [this](const char* text) { return context_.translate(text); };
+  std::string text = mode.check.caption();
+  const bool isShown = !leaving_;
+  if (!isShown) text += " (" + options.CMB_LISTINISCONTO.captionOf(kind.listType) + ")";
+  text += ": ";
+  if (!result.deleted) {
+    text += translate("le regole memorizzate sono rimaste quelle di prima");
+  } else if (!result.ticked) {
+    text += translate("le regole memorizzate sono state eliminate e nessuna è stata salvata");
+  } else {
+    const bool isOne = result.stored == 1;
+    text += translate(isOne ? "salvata 1 regola su" : "salvate ") +
+            (isOne ? "" : std::to_string(result.stored) + translate(" regole su")) + " " +
+            std::to_string(*result.ticked);
+  }
+  text += isShown ? translate(", premere di nuovo Conferma") : ".";
+  context_.notices.show({.cause = kind.names.registra, .text = text});
 }
 
 void DiscountsPage::storeTicked(const sql::DiscountKind& kind, const DiscountGrid& mode,
-                                Procedure& p) {
+                                SaveResult& result, Procedure& p) {
   const Ref<ado::Recordset> ticked = p.step([&] {
     const auto painted = context_.paintedMeanwhile();
     return context_.openReadable(sql::RegoleSelezionate(mode.table(), kind));
@@ -100,14 +130,17 @@ void DiscountsPage::storeTicked(const sql::DiscountKind& kind, const DiscountGri
       return StepReader(statements, row).read(*found);
     });
   };
-  progress_.expect(p.step([&] { return ticked->RecordCount(); }));
+  result.ticked = p.step([&] { return ticked->RecordCount(); });
+  progress_.expect(*result.ticked);
   std::int32_t done = 0;
   while (p.more(ticked)) {
     for (const Row& row : p.step([&] { return ticked->GetRows(rowsAtATime); })) {
       progress_.advance(++done);
       const std::vector<sql::RuleStep> steps = stepsOf(row);
-      p.step(
-          [&] { context_.connection->ExecuteNoRecords(statements.InserisciRegola(row, steps)); });
+      p.step([&] {
+        context_.connection->ExecuteNoRecords(statements.InserisciRegola(row, steps));
+        ++result.stored;
+      });
     }
   }
 }

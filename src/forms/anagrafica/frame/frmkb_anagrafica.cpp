@@ -43,6 +43,7 @@ FRMKB_ANAGRAFICA::FRMKB_ANAGRAFICA(const Runtime& runtime)
   trace_.initialized();
   buildPages();
   INAV_PAR.bind(FME_ANAGRAFICA);
+  FME_ANAGRAFICA.stateChanged.on([this] { lockByRights(); });
   SBAR_MAIN.OnClickItemLink.on(
       [this](const controls::SideBar::Link& link) { SBAR_MAIN_OnClickItemLink(link); });
   VLT_RESIZEFORM1.Setup.on([this](controls::ResizeManager&) { VLT_RESIZEFORM1_Setup(); });
@@ -71,7 +72,8 @@ void FRMKB_ANAGRAFICA::buildPages() {
   for (const auto& [view, link] : links) SBAR_MAIN.addLink(view, std::string(link));
 
   for (Page* page : pages_) page->place(groups_);
-  addAll(SBAR_MAIN, TITLEBAR, INAV_PAR, INAV_CATCLIART, FME_ANAGRAFICA, parameters_.FME_PARAMETRI);
+  addAll(SBAR_MAIN, TITLEBAR, context_.notices, INAV_PAR, INAV_CATCLIART, FME_ANAGRAFICA,
+         parameters_.FME_PARAMETRI);
   for (controls::GroupBox& group : groups_.all()) add(group);
   addAll(progress_.STATUSBAR, progress_.PBAR, VLT_RESIZEFORM1, MDIActiveX1);
 }
@@ -129,9 +131,45 @@ void FRMKB_ANAGRAFICA::applyRights(Procedure& p) {
     const controls::Rights rights{.canInsert = host()->CanInsert(),
                                   .canUpdate = host()->CanUpdate(),
                                   .canDelete = host()->CanDelete()};
+    rights_ = rights;
+    FME_ANAGRAFICA.setRights(rights);
     INAV_PAR.setRights(rights);
     INAV_CATCLIART.setRights(rights);
+    discounts_.setRights(rights);
+    lockByRights();
+    showRights();
   });
+}
+
+// docs/rights.md lists which right each gesture needs.
+void FRMKB_ANAGRAFICA::lockByRights() {
+  const bool profileLocked = !FME_ANAGRAFICA.mayChange();
+  for (const char* page : {"GRPMAIN_PAR", "GRPMAIN_LISTINI", "GRPMAIN_GIACENZE"}) {
+    groups_[page].setLocked(profileLocked);
+  }
+  for (const char* page : {"GRPMAIN_CATCLIENTI", "GRPMAIN_CATART"}) {
+    groups_[page].setLocked(!rights_.canUpdate);
+  }
+  priceLists_.GRP_AGGLISTINI.setLocked(!rights_.canUpdate);
+}
+
+void FRMKB_ANAGRAFICA::showRights() {
+  constexpr const char* cause = "rights";
+  std::string missing;
+  const auto name = [&](bool isThere, const char* right) {
+    if (!isThere) missing += (missing.empty() ? "" : ", ") + context_.translate(right);
+  };
+  name(rights_.canInsert, "inserimento");
+  name(rights_.canUpdate, "modifica");
+  name(rights_.canDelete, "eliminazione");
+  if (missing.empty()) {
+    context_.notices.remove(cause);
+    return;
+  }
+  context_.notices.show(
+      {.cause = cause,
+       .text = context_.translate("Diritti mancanti: ") + missing + ". " +
+               context_.translate("Quello che li richiede può essere solo consultato.")});
 }
 
 void FRMKB_ANAGRAFICA::setUp(Procedure& p) {

@@ -85,6 +85,9 @@ class FRMKB_ANAGRAFICA : public controls::Form, public host::WindowMembers {
   void openConnection(Procedure& p);
   void createHostServices(Procedure& p);
   void applyRights(Procedure& p);
+  /// Locks the pages that the user's rights do not allow to be changed.
+  void lockByRights();
+  void showRights();
   void ExecuteFormEvent(const std::string& event, bool& cancel);
   void InizializzaScriptELayout();
   void CambiaVisualizzazione(std::int32_t view);
@@ -117,6 +120,7 @@ class FRMKB_ANAGRAFICA : public controls::Form, public host::WindowMembers {
                                     &priceLists_, &deposits_,   &preview_,    &filters_};
 
   std::string spareTable_;  ///< the name of a third working table, not used yet
+  controls::Rights rights_;
   std::int32_t view_ = 0;
   bool activated_ = false;
   bool closing_ = false;

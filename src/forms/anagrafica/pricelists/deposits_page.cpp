@@ -27,7 +27,13 @@ const Value off(std::int16_t{0});
 }  // namespace
 
 DepositsPage::DepositsPage(PageContext& context)
-    : QGRID_DEP("QGRID_DEP", context.services), context_(context) {
+    : QGRID_DEP("QGRID_DEP", context.services),
+      context_(context),
+      load_(context, {.cause = "deposits",
+                      .text = "I depositi non sono stati letti.",
+                      .reload = [this] { ImpostaRstDepositi(); },
+                      .lock = [this](bool locked) { GRP_DEP.setLocked(locked); }}) {
+  context_.profile.MaySave.on([this](bool& may) { may = may && !load_.hasFailed(); });
   QGRID_DEP.SelectionBoxClick.on([this](const std::string& field, bool& cancel) {
     QGRID_DEP_SelectionBoxClick(field, cancel);
   });
@@ -52,19 +58,22 @@ void DepositsPage::ImpostaQGRID_DEP() {
   });
 }
 
-void DepositsPage::CreaTabellaDepositi() {
-  procedure(context_, "CreaTabellaDepositi", [&](Procedure& p) {
+bool DepositsPage::CreaTabellaDepositi() {
+  return procedure(context_, "CreaTabellaDepositi", [&](Procedure& p) {
     p.run(sql::EliminaTabellaLavoro(workingTable_));
     p.run(sql::CreaTabellaDepositi(workingTable_, p.profile(), p.company()));
+    return true;
   });
 }
 
 void DepositsPage::ImpostaRstDepositi() {
-  CreaTabellaDepositi();
-  procedure(context_, "ImpostaRstDepositi", [&](Procedure& p) {
+  const bool isMade = CreaTabellaDepositi();
+  const bool isShown = procedure(context_, "ImpostaRstDepositi", [&](Procedure& p) {
     const Ref<ado::Recordset> rows = p.openWorkingTable(sql::RigheDepositi(workingTable_));
     p.show(QGRID_DEP, rows);
+    return true;
   });
+  load_.ended(isMade && isShown);
 }
 
 void DepositsPage::ConfermaModificheDepositi() {

@@ -5,6 +5,7 @@
 #include "controls/query_grid.h"
 #include "forms/anagrafica/page.h"
 #include "forms/page_context.h"
+#include "forms/page_load.h"
 
 namespace kebu::forms {
 
@@ -29,13 +30,15 @@ class DepositsPage : public Page {
   void ConfermaModificheDepositi();
 
  private:
-  void CreaTabellaDepositi();
+  /// Whether the working table was made.
+  bool CreaTabellaDepositi();
   bool CheckPredefinito();
   void CambiaPredefinito();
   void QGRID_DEP_SelectionBoxClick(const std::string& field, bool& cancel);
   void QGRID_DEP_SelectAllClickEXT(const std::string& field, bool selecting, bool& cancel);
 
   PageContext& context_;
+  PageLoad load_;
   std::string workingTable_;
 };
 

@@ -127,7 +127,14 @@ bool takesQuantity(std::int32_t type) {
 }  // namespace
 
 PriceListsPage::PriceListsPage(PageContext& context, ProgressDisplay& progress)
-    : QGRID_LISTINI("QGRID_LISTINI", context.services), context_(context), progress_(progress) {
+    : QGRID_LISTINI("QGRID_LISTINI", context.services),
+      context_(context),
+      progress_(progress),
+      load_(context, {.cause = "price lists",
+                      .text = "I listini non sono stati letti.",
+                      .reload = [this] { ImpostaRstListini(); },
+                      .lock = [this](bool locked) { GRP_LISTINI.setLocked(locked); }}) {
+  context_.profile.MaySave.on([this](bool& may) { may = may && !load_.hasFailed(); });
   QGRID_LISTINI.cellLocked = [this](std::int32_t row, const std::string& field) {
     return field == "GM57_QUANTITA" &&
            !takesQuantity(toInt32(CDecN(QGRID_LISTINI.cell(row, "GM57_INDTIPO"))));
@@ -169,28 +176,31 @@ void PriceListsPage::ImpostaQGRID_Listini() {
   });
 }
 
-void PriceListsPage::InizializzaListiniPrezzi() {
-  procedure(context_, "InizializzaListiniPrezzi", [&](Procedure& p) {
-    if (!context_.profile.hasRecord()) return;
-    p.run(sql::InizializzaListiniPrezzi(p.profile()));
+bool PriceListsPage::InizializzaListiniPrezzi() {
+  return procedure(context_, "InizializzaListiniPrezzi", [&](Procedure& p) {
+    if (context_.profile.hasRecord()) p.run(sql::InizializzaListiniPrezzi(p.profile()));
+    return true;
   });
 }
 
-void PriceListsPage::CreaTabellaListini() {
-  procedure(context_, "CreaTabellaListini", [&](Procedure& p) {
+bool PriceListsPage::CreaTabellaListini() {
+  return procedure(context_, "CreaTabellaListini", [&](Procedure& p) {
     p.run(sql::EliminaTabellaLavoro(workingTable_));
     p.run(sql::CreaTabellaListini(workingTable_, p.profile()));
+    return true;
   });
 }
 
 void PriceListsPage::ImpostaRstListini() {
-  InizializzaListiniPrezzi();
-  CreaTabellaListini();
-  procedure(context_, "ImpostaRstListini", [&](Procedure& p) {
+  const bool hasSlots = InizializzaListiniPrezzi();
+  const bool isMade = CreaTabellaListini();
+  const bool isShown = procedure(context_, "ImpostaRstListini", [&](Procedure& p) {
     descriptions_.clear();
     const Ref<ado::Recordset> rows = p.openWorkingTable(sql::RigheListini(workingTable_));
     p.show(QGRID_LISTINI, rows);
+    return true;
   });
+  load_.ended(hasSlots && isMade && isShown);
 }
 
 void PriceListsPage::ConfermaModificheListini() {

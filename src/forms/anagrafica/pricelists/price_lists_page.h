@@ -10,6 +10,7 @@
 #include "forms/anagrafica/page.h"
 #include "forms/anagrafica/progress_display.h"
 #include "forms/page_context.h"
+#include "forms/page_load.h"
 #include "forms/procedure.h"
 
 namespace kebu::forms {
@@ -37,8 +38,9 @@ class PriceListsPage : public Page {
   void ConfermaModificheListini();
 
  private:
-  void InizializzaListiniPrezzi();
-  void CreaTabellaListini();
+  /// False when it was left by Abort.
+  bool InizializzaListiniPrezzi();
+  bool CreaTabellaListini();
   void FormattaRecordListini(std::int32_t type);
   std::string GetStringaSqlLookup(std::int32_t type);
   void QGRID_LISTINI_OnEditing(const std::string& field, bool& cancel);
@@ -56,6 +58,7 @@ class PriceListsPage : public Page {
 
   PageContext& context_;
   ProgressDisplay& progress_;
+  PageLoad load_;
   std::string workingTable_;
   /// The type of the row whose type cell is being edited.
   std::int32_t typeBefore_ = 0;
