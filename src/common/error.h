@@ -20,6 +20,9 @@ class RuntimeError : public std::exception {
   const std::string& source() const { return source_; }
   /// Whether a value was of the wrong kind or size, as a mistyped one is.
   bool isValueError() const { return number_ == 13 || number_ == 6 || number_ == tooLong; }
+  /// Whether a changed row was not found: somebody else deleted it or changed one of the
+  /// changed fields since it was read.
+  bool isConflict() const { return number_ == -2147217864; }
   const char* what() const noexcept override { return description_.c_str(); }
 
   static RuntimeError invalidCall() { return {5, "Invalid procedure call or argument"}; }

@@ -188,20 +188,52 @@ bool RecordFrame::approveUpdate() {
   });
 }
 
+template <class Statement>
+bool RecordFrame::send(Steps& step, Statement&& statement) {
+  bool found = true;
+  step([&] {
+    try {
+      statement();
+    } catch (const RuntimeError& error) {
+      if (!error.isConflict()) throw;
+      found = false;
+    }
+  });
+  return found;
+}
+
 bool RecordFrame::write() {
-  return trap(host_, Name(), [&](Steps& step) {
+  bool found = true;
+  const bool written = trap(host_, Name(), [&](Steps& step) {
     const bool isNew = rows_->editMode() == ado::EditMode::Add;
-    step([&] { rows_->Update(); });
+    found = send(step, [&] { rows_->Update(); });
     // ADO reads no defaults of a new row, and takes for its identity the one made last, which may
     // be that of a trigger's table.
-    if (isNew && !isRecordChanged()) step([&] { rows_->Requery(); });
+    if (found && isNew && !isRecordChanged()) step([&] { rows_->Requery(); });
     for (RecordFrame* child : children_) {
-      step([&] { child->rows_->Update(); });
-      child->UpdateBatchAll.raise();
-      step([&] { child->rows_->UpdateBatch(); });
+      if (!found) break;
+      found = send(step, [&] { child->rows_->Update(); });
+      bool cancel = false;
+      if (found) child->UpdateBatchAll.raise(cancel);
+      if (cancel) return false;
+      found = found && send(step, [&] { child->rows_->UpdateBatch(); });
     }
     return true;
   });
+  if (!found) tellConflict();
+  return written && found;
+}
+
+void RecordFrame::tellConflict() {
+  host_.message(
+      "Un altro utente ha modificato o eliminato questi dati nel frattempo. Non sono stati "
+      "sovrascritti.",
+      msgbox::exclamation);
+  (parent_ ? *parent_ : *this).Conflict.raise();
+}
+
+void RecordFrame::discardChanges() {
+  ignoringErrors([&] { discardEdits(); });
 }
 
 bool RecordFrame::Undo() {
@@ -220,8 +252,7 @@ bool RecordFrame::Delete() {
   if (!hasRecord() || !rights_.canDelete) return false;
   bool cancel = false;
   BeforeDelete.raise(cancel);
-  if (cancel) return false;
-  const bool deleted = trap(host_, Name(), [&](Steps& step) {
+  const bool deleted = !cancel && trap(host_, Name(), [&](Steps& step) {
     step([&] { discardEdits(); });
     step([&] {
       rows_->Delete();
@@ -229,7 +260,10 @@ bool RecordFrame::Delete() {
     });
     return true;
   });
-  if (!deleted) return false;
+  if (!deleted) {
+    DeleteBrokenOff.raise();
+    return false;
+  }
   AfterDelete.raise();
   setStatus(FrameStatus::Browsing);
   refreshControls();

@@ -98,6 +98,10 @@ class RecordFrame : public OfKind<ControlKind::RecordFrame> {
   void beginEdit();
   /// Call when something outside the record was changed that is saved with it.
   void markModified();
+  /// Discards what is being edited, without an event; for a record that is read anew.
+  void discardChanges();
+  /// Tells the user that somebody else changed or deleted the record meanwhile.
+  void tellConflict();
 
   /// The user's actions. False when a right or a value is missing, a handler refused, or
   /// the procedure was left after an error.
@@ -113,8 +117,13 @@ class RecordFrame : public OfKind<ControlKind::RecordFrame> {
   Event<> AfterUpdate;
   Event<bool&> BeforeDelete;
   Event<> AfterDelete;
+  /// A deletion was refused or failed; some of what it deletes may be gone.
+  Event<> DeleteBrokenOff;
+  /// Somebody else changed or deleted the record meanwhile; it was not written.
+  Event<> Conflict;
   Event<> AfterUndo;
-  Event<> UpdateBatchAll;
+  /// The rows of a child are about to be sent; the flag keeps them from it.
+  Event<bool&> UpdateBatchAll;
   /// New and previous status.
   Event<FrameStatus, FrameStatus> ChangeStatus;
   Event<bool&> IsRecordChanged;
@@ -137,6 +146,9 @@ class RecordFrame : public OfKind<ControlKind::RecordFrame> {
   /// Asks the before events of the children and of this frame; false when one refuses.
   bool approveUpdate();
   bool write();
+  /// Sends a row; false when somebody else changed or deleted it meanwhile.
+  template <class Statement>
+  static bool send(Steps& step, Statement&& statement);
   void discardEdits();
 
   ControlHost& host_;

@@ -57,13 +57,25 @@ void ProgressBar::stop() {
 }
 
 void SideBar::addLink(std::int32_t view, const std::string& text) {
-  links_.push_back({view, text});
+  links_.push_back({view, text, false});
   changed.raise();
 }
 
 void SideBar::select(std::int32_t view) {
   if (const Link* link = linkTo(view)) selected_ = static_cast<std::size_t>(link - links_.data());
   changed.raise();
+}
+
+void SideBar::mark(std::int32_t view, bool marked) {
+  const Link* const link = linkTo(view);
+  if (!link || link->marked == marked) return;
+  links_[static_cast<std::size_t>(link - links_.data())].marked = marked;
+  changed.raise();
+}
+
+std::string SideBar::textOf(std::int32_t view) const {
+  const Link* const link = linkTo(view);
+  return link ? link->text : "";
 }
 
 void SideBar::translate(const Translator& translator) {

@@ -124,6 +124,7 @@ class SideBar : public OfKind<ControlKind::SideBar> {
   struct Link {
     std::int32_t view = 0;
     std::string text;
+    bool marked = false;  ///< there are changes on the page that are not saved
   };
 
   using OfKind::OfKind;
@@ -137,6 +138,10 @@ class SideBar : public OfKind<ControlKind::SideBar> {
   }
   /// Shows the link of `view` as chosen, without an event.
   void select(std::int32_t view);
+  /// Marks the link of `view`, or removes the mark.
+  void mark(std::int32_t view, bool marked);
+  /// The text of the link of `view`; "" when there is none.
+  std::string textOf(std::int32_t view) const;
   void translate(const Translator& translator) override;
 
   /// The gesture; GestureRefused when there is no link of that view.

@@ -23,6 +23,12 @@ const std::set<std::string, std::less<>>& GlobalServices::serviceNames() {
   return names;
 }
 
+void GlobalServices::withhold(const std::string& service) {
+  withheld_.insert(service);
+  // The object that a window holds fails from now on.
+  if (service == "filters") filters_->withdraw();
+}
+
 std::string GlobalServices::ConnectionString() {
   return database_.connectionString;
 }

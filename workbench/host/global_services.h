@@ -32,7 +32,7 @@ class GlobalServices : public host::ClsGlobal {
   /// The names of the services that withhold() knows.
   static const std::set<std::string, std::less<>>& serviceNames();
   /// From now on the host does not offer this service.
-  void withhold(const std::string& service) { withheld_.insert(service); }
+  void withhold(const std::string& service);
   /// The next time, the user's script refuses this event.
   void refuseNext(const std::string& event) { refused_.insert(event); }
 

@@ -154,6 +154,18 @@ void expectContent(Player& player, const std::string& control, const std::string
   player.check(sameValue(expected, found), control, expected, shown);
 }
 
+/// Whether the side bar's link to a view is marked as changed.
+void expectLink(Player& player, const Words& subject, const std::string& expected) {
+  const auto links = player.stage().hands.look(subject[0], {}).items;
+  const auto at = std::find_if(links.begin(), links.end(), [&](const ItemView& link) {
+    return link.text.starts_with(subject[1] + ": ");
+  });
+  if (at == links.end()) throw StepError(subject[0] + " has no link to view " + subject[1]);
+  const std::string wanted = flagText(toFlag(expected));
+  const std::string found = flagText(at->mark.find("changed") != std::string::npos);
+  player.check(wanted == found, join(subject), wanted, found);
+}
+
 void expectValue(Player& player, const Words& subject, const std::string& expected) {
   Hands& hands = player.stage().hands;
   if (subject.size() == 2 && subject[0] == "sql") {
@@ -166,13 +178,15 @@ void expectValue(Player& player, const Words& subject, const std::string& expect
     expectContent(player, subject[0], expected);
   } else if (subject.size() == 2) {
     expectAspect(player, subject, expected);
-  } else if (isNumber(subject[1])) {
+  } else if (isNumber(subject[1]) && subject[2] != "changed") {
     const std::string found = hands.cellText(subject[0], toNumber(subject[1]), subject[2]);
     player.check(sameValue(expected, found), join(subject), expected, found);
   } else if (subject[2] == "enabled") {
     const std::string wanted = flagText(toFlag(expected));
     const std::string found = flagText(hands.isButtonEnabled(subject[0], subject[1]));
     player.check(wanted == found, join(subject), wanted, found);
+  } else if (subject[2] == "changed") {
+    expectLink(player, subject, expected);
   } else {
     throw StepError("\"" + subject[1] + "\" is not a row of " + subject[0]);
   }

@@ -48,8 +48,9 @@ void describe(ControlView& view, const NoticeList& list) {
 
 void describe(ControlView& view, const SideBar& bar) {
   for (const SideBar::Link& link : bar.links()) {
-    view.items.push_back(
-        {std::to_string(link.view) + ": " + link.text, &link == bar.selected() ? "chosen" : ""});
+    std::string mark = &link == bar.selected() ? "chosen" : "";
+    if (link.marked) mark += mark.empty() ? "changed" : ", changed";
+    view.items.push_back({std::to_string(link.view) + ": " + link.text, std::move(mark)});
   }
 }
 

@@ -53,7 +53,8 @@ constexpr std::array table{
          steps::print},
     Step{"expect", 2, any,
          "CONTROL [enabled|visible|editable|required|caption|row|rows] = VALUE | "
-         "BAR BUTTON enabled = VALUE | GRID ROW FIELD = VALUE | sql STATEMENT = VALUE | "
+         "BAR BUTTON enabled = VALUE | BAR VIEW changed = VALUE | "
+         "GRID ROW FIELD = VALUE | sql STATEMENT = VALUE | "
          "host PROPERTY = VALUE | message TEXT | no message | notice TEXT | no notice [TEXT] | "
          "refused STEP...",
          "checks", steps::expect},

@@ -121,7 +121,9 @@ void WindowReader::describeItems(ControlView& view, const Inspection& control) c
     } else if (kind == "StatusBar") {
       view.items.push_back({"\"" + textOf(*item) + "\"", ""});
     } else {
-      view.items.push_back({nameOf(*item) + ": " + textOf(*item), chosen});
+      std::string mark = chosen;
+      if (isMarked(*item, "changed")) mark += mark.empty() ? "changed" : ", changed";
+      view.items.push_back({nameOf(*item) + ": " + textOf(*item), mark});
     }
     if (kind == "ComboBox" && !chosen.empty()) view.value = view.items.back().text;
   }

@@ -7,6 +7,27 @@
 
 namespace kebu::forms {
 
+namespace {
+
+/// The cause of a notice.
+constexpr const char* staleCause = "categories changed meanwhile";
+
+struct StoredLevel {
+  int entity;
+  std::int32_t number;
+  CategoryLevels::Content content;
+};
+
+/// The current row of the stored levels.
+StoredLevel levelOf(const ado::Recordset& row) {
+  return {toInt32(CDecN(row.value("GM19_INDENTITA"))),
+          toInt32(CDecN(row.value("GM19_PROG"))),
+          {RTrimN(row.value("GM19_INDCLASSIF")), RTrimN(row.value("GM19_CODCLASSIF")),
+           RTrimN(row.value("GM19_DESCRCLASSIF"))}};
+}
+
+}  // namespace
+
 CategoriesPage::CategoriesPage(PageContext& context, controls::NavigatorBar& navigator,
                                ParameterPage& parameters)
     : context_(context),
@@ -20,8 +41,9 @@ CategoriesPage::CategoriesPage(PageContext& context, controls::NavigatorBar& nav
                             GRP_CATCLI.setLocked(locked);
                             GRP_CATART.setLocked(locked);
                           }}),
-      customers_(customerCategories, context, catalogue_, [this] { navigator_.setModified(true); }),
-      articles_(articleCategories, context, catalogue_, [this] { navigator_.setModified(true); }) {
+      customers_(customerCategories, context, catalogue_,
+                 [this] { markChanged(customersChanged_); }),
+      articles_(articleCategories, context, catalogue_, [this] { markChanged(articlesChanged_); }) {
   navigator_.ButtonClick.on(
       [this](bool&, const std::string& button) { INAV_CATCLIART_ButtonClick(button); });
 }
@@ -37,6 +59,27 @@ void CategoriesPage::setEnabled(bool enabled) {
   for (controls::GroupBox* group : {&GRP_CATART, &GRP_CATCLI, &GRP_PARCLI}) {
     group->setEnabled(enabled);
   }
+}
+
+void CategoriesPage::markChanged(bool& which) {
+  which = true;
+  navigator_.setModified(true);
+  ChangedByUser.raise();
+}
+
+void CategoriesPage::clearChanged() {
+  customersChanged_ = false;
+  articlesChanged_ = false;
+  ChangedByUser.raise();
+}
+
+void CategoriesPage::profileStored() {
+  loaded_.clear();
+}
+
+bool CategoriesPage::confirm() {
+  ConfermaModificheCategorie();
+  return !customersChanged_ && !articlesChanged_;
 }
 
 void CategoriesPage::INAV_CATCLIART_ButtonClick(const std::string& button) {
@@ -105,11 +148,14 @@ void CategoriesPage::LetturaDatiConfigurazioneCategorie() {
   const bool isRead = procedure(context_, "LetturaDatiConfigurazioneCategorie", [&](Procedure& p) {
     customers_.clear();
     articles_.clear();
+    loaded_.clear();
+    clearChanged();
     showStored(p.read(sql::Categorie(p.profile())), p);
     return true;
   });
   // What was not read must not be confirmed: it would be deleted.
   if (!isRead) navigator_.setModified(false);
+  if (isRead) context_.notices.remove(staleCause);
   load_.ended(isRead);
 }
 
@@ -121,12 +167,10 @@ void CategoriesPage::showStored(const Ref<ado::Recordset>& rows, Procedure& p) {
   }
   for (; p.more(rows); p.next(rows)) {
     p.step([&] {
-      const std::int32_t entity = toInt32(CDecN(rows->value("GM19_INDENTITA")));
+      const StoredLevel stored = levelOf(*rows);
+      loaded_[{stored.entity, stored.number}] = stored.content;
       for (CategoryLevels* levels : {&customers_, &articles_}) {
-        if (entity != levels->kind().entity) continue;
-        levels->show(toInt32(CDecN(rows->value("GM19_PROG"))),
-                     RTrimN(rows->value("GM19_INDCLASSIF")), RTrimN(rows->value("GM19_CODCLASSIF")),
-                     RTrimN(rows->value("GM19_DESCRCLASSIF")));
+        if (stored.entity == levels->kind().entity) levels->show(stored.number, stored.content);
       }
     });
   }
@@ -138,7 +182,7 @@ void CategoriesPage::showDefaults() {
   const auto& fixed = articleCategories.fixed;
   for (std::int32_t level : {1, 2}) {
     const FixedClassification& proposed = fixed[static_cast<std::size_t>(level - 1)];
-    articles_.show(level, std::to_string(proposed.code), "", std::string(proposed.caption));
+    articles_.show(level, {std::to_string(proposed.code), "", std::string(proposed.caption)});
   }
 }
 
@@ -156,14 +200,89 @@ void CategoriesPage::ConfermaModificheCategorie() {
     });
     // Opening it failed and the user went on: nothing can be stored.
     if (!p.step([&] { return rows->isOpen(); })) return;
+    if (!compareWithStored(rows, p)) return;
     store(customers_, rows, p);
     store(articles_, rows, p);
     p.step([&] { rows->setFilter(""); });
     p.step([&] { rows->UpdateBatch(); });
     if (GRP_CATART.isShown()) parameters_.storeCustomerNotes(p);
     // When the user ignored a failing batch, it is still to be stored.
-    navigator_.setModified(rows->hasPendingBatch());
+    const bool isPending = rows->hasPendingBatch();
+    navigator_.setModified(isPending);
+    if (!isPending) showConfirmed();
   });
+}
+
+// A level that somebody else changed since it was loaded is not overwritten: it is kept when the
+// user did not change it, too, and otherwise nothing is stored.
+bool CategoriesPage::compareWithStored(const Ref<ado::Recordset>& rows, Procedure& p) {
+  Contents now;
+  for (; p.more(rows); p.next(rows)) {
+    p.step([&] {
+      const StoredLevel stored = levelOf(*rows);
+      now[{stored.entity, stored.number}] = stored.content;
+    });
+  }
+  changedElsewhere_.clear();
+  if (now.empty() && !loaded_.empty()) {
+    tellConflict(context_.translate("Categorie"), p);
+    return false;
+  }
+  for (CategoryLevels* levels : {&customers_, &articles_}) {
+    std::int32_t number = 0;
+    for (const auto& level : levels->levels()) {
+      const LevelKey key{levels->kind().entity, ++number};
+      const auto before = contentIn(loaded_, key);
+      const auto theirs = contentIn(now, key);
+      const auto ours = CategoryLevels::contentOf(level);
+      if (theirs == before || theirs == ours) continue;
+      if (ours != before) {
+        const bool isOfCustomers = levels == &customers_;
+        tellConflict((isOfCustomers ? GRP_CATCLI : GRP_CATART).caption() + ", " +
+                         level.classification.caption(),
+                     p);
+        return false;
+      }
+      changedElsewhere_[key] = theirs.value_or(CategoryLevels::Content{});
+    }
+  }
+  return true;
+}
+
+std::optional<CategoryLevels::Content> CategoriesPage::contentIn(const Contents& contents,
+                                                                 const LevelKey& key) {
+  const auto at = contents.find(key);
+  return at == contents.end() ? std::nullopt : std::optional(at->second);
+}
+
+void CategoriesPage::tellConflict(const std::string& what, Procedure& p) {
+  p.step([&] {
+    context_.services.showText(
+        what + ": " +
+            context_.translate("un altro utente ha modificato o eliminato questi dati nel "
+                               "frattempo. Non è stato scritto nulla."),
+        msgbox::exclamation);
+  });
+  context_.notices.show(
+      {.cause = staleCause,
+       .text = context_.translate("Le categorie mostrate non sono più quelle memorizzate."),
+       .action = context_.translate("Ricarica"),
+       .perform = [this] { LetturaDatiConfigurazioneCategorie(); }});
+}
+
+void CategoriesPage::showConfirmed() {
+  loaded_.clear();
+  for (CategoryLevels* levels : {&customers_, &articles_}) {
+    std::int32_t number = 0;
+    for (const auto& level : levels->levels()) {
+      const LevelKey key{levels->kind().entity, ++number};
+      const auto theirs = contentIn(changedElsewhere_, key);
+      if (theirs) levels->show(number, *theirs);
+      if (const auto content = CategoryLevels::contentOf(level)) loaded_[key] = *content;
+    }
+  }
+  changedElsewhere_.clear();
+  clearChanged();
 }
 
 void CategoriesPage::store(CategoryLevels& levels, const Ref<ado::Recordset>& rows, Procedure& p) {
@@ -171,6 +290,7 @@ void CategoriesPage::store(CategoryLevels& levels, const Ref<ado::Recordset>& ro
   for (const auto& level : levels.levels()) {
     ++number;
     const int entity = levels.kind().entity;
+    if (changedElsewhere_.contains({entity, number})) continue;
     const std::int32_t chosen = CategoryLevels::chosen(level);
     p.step([&] { rows->setFilter(sql::FiltroCategoria(entity, number)); });
     const bool stored = p.more(rows);

@@ -1,5 +1,10 @@
 #pragma once
 
+#include <map>
+#include <optional>
+#include <string>
+#include <utility>
+
 #include "controls/navigator_bar.h"
 #include "controls/simple_controls.h"
 #include "forms/anagrafica/categories/category_levels.h"
@@ -33,6 +38,17 @@ class CategoriesPage : public Page {
   void LetturaDatiConfigurazioneCategorie();
   /// The levels are disabled while the profile is being changed.
   void setEnabled(bool enabled);
+  /// A new profile was stored, without categories: what is shown stays, to be confirmed for it.
+  void profileStored();
+
+  /// Whether the user changed levels that are not stored. Proposed ones do not count.
+  bool areCustomersChanged() const { return customersChanged_; }
+  bool areArticlesChanged() const { return articlesChanged_; }
+  /// What "Conferma" does; false when not all of it was stored.
+  bool confirm();
+
+  /// areCustomersChanged() or areArticlesChanged() may have changed.
+  Event<> ChangedByUser;
 
  private:
   void INAV_CATCLIART_ButtonClick(const std::string& button);
@@ -43,6 +59,14 @@ class CategoriesPage : public Page {
   void showStored(const Ref<ado::Recordset>& rows, Procedure& p);
   void showDefaults();
   void store(CategoryLevels& levels, const Ref<ado::Recordset>& rows, Procedure& p);
+  /// Compares what is stored now with what was loaded. False when the user has been told that
+  /// both changed the same level.
+  bool compareWithStored(const Ref<ado::Recordset>& rows, Procedure& p);
+  void tellConflict(const std::string& what, Procedure& p);
+  /// All that is shown is stored now.
+  void showConfirmed();
+  void markChanged(bool& which);
+  void clearChanged();
 
   PageContext& context_;
   controls::NavigatorBar& navigator_;
@@ -51,6 +75,16 @@ class CategoriesPage : public Page {
   ClassificationCatalogue catalogue_;
   CategoryLevels customers_;
   CategoryLevels articles_;
+  bool customersChanged_ = false;
+  bool articlesChanged_ = false;
+
+  /// The entity and the level's number, from 1.
+  using LevelKey = std::pair<int, std::int32_t>;
+  using Contents = std::map<LevelKey, CategoryLevels::Content>;
+  static std::optional<CategoryLevels::Content> contentIn(const Contents& contents,
+                                                          const LevelKey& key);
+  Contents loaded_;            ///< as they were stored when they were shown
+  Contents changedElsewhere_;  ///< levels that only somebody else changed since then
 };
 
 }  // namespace kebu::forms

@@ -56,8 +56,11 @@ CategoryLevels::CategoryLevels(const CategoryKind& kind, PageContext& context,
 }
 
 void CategoryLevels::handleEvents(Level& level) {
-  level.classification.GotFocus.on(
-      [this, &level] { classificationBefore_ = level.classification.text(); });
+  level.classification.GotFocus.on([this, &level] {
+    classificationBefore_ = level.classification.text();
+    const auto* const entry = level.classification.selected();
+    captionBefore_ = entry ? entry->caption : "";
+  });
   level.classification.AfterItem.on([this, &level] { AfterItem(level); });
   level.classification.ChangeRow.on([this, &level] { ChangeRow(level); });
   level.code.AfterItem.on([this] { modified_(); });
@@ -80,17 +83,22 @@ void CategoryLevels::clear() {
   }
 }
 
-void CategoryLevels::show(std::int32_t level, const std::string& classification,
-                          const std::string& code, const std::string& description) {
+void CategoryLevels::show(std::int32_t level, const Content& content) {
   if (level < 1 || level > kind_.levels) return;
   Level& shown = levels_[static_cast<std::size_t>(level - 1)];
-  shown.classification.setText(classification);
-  shown.code.setText(code);
-  shown.description.setText(description);
+  shown.classification.setText(content.classification);
+  shown.code.setText(content.code);
+  shown.description.setText(content.description);
 }
 
 std::int32_t CategoryLevels::chosen(const Level& level) {
   return toInt32(CDecN(level.classification.value()));
+}
+
+std::optional<CategoryLevels::Content> CategoryLevels::contentOf(const Level& level) {
+  if (chosen(level) == 0) return std::nullopt;
+  return Content{RTrimN(level.classification.text()), RTrimN(level.code.text()),
+                 RTrimN(level.description.text())};
 }
 
 void CategoryLevels::AfterItem(Level& level) {
@@ -111,7 +119,9 @@ void CategoryLevels::AfterItem(Level& level) {
         level.code.setText("");
         const std::string& description = level.description.text();
         const auto* const entry = level.classification.selected();
-        if (description.empty() || (entry && description == entry->caption)) {
+        // A description that was proposed for the entry before is replaced, another one stays.
+        if (description.empty() || (entry && description == entry->caption) ||
+            description == captionBefore_) {
           level.description.setText(found->description);
         }
       } else {

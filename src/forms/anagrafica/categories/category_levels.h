@@ -2,6 +2,7 @@
 
 #include <deque>
 #include <functional>
+#include <optional>
 #include <string>
 
 #include "controls/combo_box.h"
@@ -36,12 +37,20 @@ class CategoryLevels {
 
   /// Empties every level.
   void clear();
-  /// Shows what is stored of a level, from 1. A level that the page does not have is skipped.
-  void show(std::int32_t level, const std::string& classification, const std::string& code,
-            const std::string& description);
 
   /// The classification chosen; 0 for none.
   static std::int32_t chosen(const Level& level);
+
+  /// What is stored of a level, or would be; nothing for a level that is not used.
+  struct Content {
+    std::string classification;
+    std::string code;
+    std::string description;
+    bool operator==(const Content&) const = default;
+  };
+  static std::optional<Content> contentOf(const Level& level);
+  /// Shows what is stored of a level, from 1. A level that the page does not have is skipped.
+  void show(std::int32_t level, const Content& content);
 
  private:
   void handleEvents(Level& level);
@@ -59,6 +68,7 @@ class CategoryLevels {
   std::deque<Level> levels_;
   /// The texts when a combo, or a code box, received the focus.
   std::string classificationBefore_;
+  std::string captionBefore_;  ///< of the combo's entry
   std::string codeBefore_;
 };
 

@@ -4,7 +4,7 @@
 
 #include "common/convert.h"
 #include "common/nulls.h"
-#include "sql/query_predicate.h"
+#include "common/platform.h"
 
 namespace kebu::forms {
 
@@ -15,12 +15,14 @@ struct FilterPages::Filter {
   const char* keySuffix;  ///< of the storage key for saved filters
   const char* savedName;
   const char* column;  ///< of the parameters, for the condition
-  std::function<std::string()> condition;
+  const char* name;    ///< for messages
+  /// Nothing when its builder was left by Abort.
+  std::function<std::optional<std::string>()> condition;
 };
 
-FilterPages::FilterPages(PageContext& context)
-    : ENHQUERY_CLI("ENHQUERY_CLI", context.services, sql::queryComposer),
-      ENHQUERY_ART("ENHQUERY_ART", context.services, sql::queryComposer),
+FilterPages::FilterPages(PageContext& context, const QueryComposer& composer)
+    : ENHQUERY_CLI("ENHQUERY_CLI", context.services, composer),
+      ENHQUERY_ART("ENHQUERY_ART", context.services, composer),
       context_(context),
       customers_(context, ENHQUERY_CLI, customersSubject()),
       articles_(context, ENHQUERY_ART, articlesSubject()) {
@@ -39,7 +41,8 @@ FilterPages::Filter FilterPages::customers() {
           .keySuffix = "_CLI",
           .savedName = "Filtro clienti Tarvo",
           .column = "GM04_WHERECLIFOR",
-          .condition = [this] { return StringaLimitiClienti(); }};
+          .name = "Filtro clienti",
+          .condition = [this] { return build("StringaLimitiClienti", customers_); }};
 }
 
 FilterPages::Filter FilterPages::articles() {
@@ -48,7 +51,8 @@ FilterPages::Filter FilterPages::articles() {
           .keySuffix = "_ART",
           .savedName = "Filtro articoli Tarvo",
           .column = "GM04_WHERESELARTICOLI",
-          .condition = [this] { return StringaLimitiArticoli(); }};
+          .name = "Filtro articoli",
+          .condition = [this] { return build("StringaLimitiArticoli", articles_); }};
 }
 
 void FilterPages::place(PageGroups& groups) {
@@ -71,32 +75,48 @@ void FilterPages::prepare(const Filter& filter, Procedure& p) {
   p.step(load);
 }
 
+std::optional<std::string> FilterPages::build(const char* procedureName,
+                                              const FilterEditor& filter) {
+  return procedure(context_, procedureName, [&](Procedure& p) {
+    return std::optional(p.step([&] { return filter.condition(); }));
+  });
+}
+
 std::string FilterPages::StringaLimitiClienti() {
-  return procedure(context_, "StringaLimitiClienti",
-                   [&](Procedure& p) { return p.step([&] { return customers_.condition(); }); });
+  return customers().condition().value_or("");
 }
 
 std::string FilterPages::StringaLimitiArticoli() {
-  return procedure(context_, "StringaLimitiArticoli",
-                   [&](Procedure& p) { return p.step([&] { return articles_.condition(); }); });
+  return articles().condition().value_or("");
 }
 
 void FilterPages::storeConditions(controls::RecordFrame& parameters, bool& cancel, Procedure& p) {
   // A range whose bounds are the wrong way round would publish nothing.
   cancel = p.step([&] { return !ENHQUERY_CLI.confirmRanges() || !ENHQUERY_ART.confirmRanges(); });
   if (cancel) return;
-  store(customers(), parameters, p);
-  store(articles(), parameters, p);
+  cancel = !store(customers(), parameters, p) || !store(articles(), parameters, p);
 }
 
-void FilterPages::store(const Filter& filter, controls::RecordFrame& parameters, Procedure& p) {
+bool FilterPages::store(const Filter& filter, controls::RecordFrame& parameters, Procedure& p) {
   p.step([&] { filter.editor.saveFilter(filter.savedName, true); });
-  const std::string condition = filter.condition();
+  const auto condition = filter.condition();
+  if (!condition) {
+    // An empty condition would publish everything.
+    p.step([&] {
+      context_.services.showText(
+          context_.translate(filter.name) + ": " +
+              context_.translate("la condizione non è stata composta. Il profilo non è stato "
+                                 "salvato."),
+          msgbox::exclamation);
+    });
+    return false;
+  }
   p.step([&] {
     // Trailing blanks do not count.
-    if (RTrimN(parameters.field(filter.column)) == RTrimN(condition)) return;
-    parameters.setField(filter.column, condition);
+    if (RTrimN(parameters.field(filter.column)) == RTrimN(*condition)) return;
+    parameters.setField(filter.column, *condition);
   });
+  return true;
 }
 
 void FilterPages::reload() {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <optional>
 #include <string>
 
 #include "controls/query_editor.h"
@@ -9,6 +10,7 @@
 #include "forms/filters/filter_editor.h"
 #include "forms/page_context.h"
 #include "forms/procedure.h"
+#include "sql/query_predicate.h"
 
 namespace kebu::forms {
 
@@ -16,7 +18,7 @@ namespace kebu::forms {
 /// conditions are stored with the profile's parameters.
 class FilterPages : public Page {
  public:
-  explicit FilterPages(PageContext& context);
+  explicit FilterPages(PageContext& context, const QueryComposer& composer = sql::queryComposer);
 
   controls::QueryEditor ENHQUERY_CLI;
   controls::QueryEditor ENHQUERY_ART;
@@ -31,7 +33,7 @@ class FilterPages : public Page {
   std::string StringaLimitiArticoli();
   /// Part of the profile's save: saves both filters and writes the conditions
   /// that differ into the parameter row. Cancels when the bounds of a range are
-  /// the wrong way round.
+  /// the wrong way round, or a condition's builder was left by Abort.
   void storeConditions(controls::RecordFrame& parameters, bool& cancel, Procedure& p);
   /// Shows the saved filters again.
   void reload();
@@ -42,7 +44,10 @@ class FilterPages : public Page {
   Filter customers();
   Filter articles();
   static void prepare(const Filter& filter, Procedure& p);
-  static void store(const Filter& filter, controls::RecordFrame& parameters, Procedure& p);
+  /// The condition of a filter; nothing when the procedure was left by Abort.
+  std::optional<std::string> build(const char* procedureName, const FilterEditor& filter);
+  /// False when the condition could not be composed.
+  bool store(const Filter& filter, controls::RecordFrame& parameters, Procedure& p);
 
   PageContext& context_;
   FilterEditor customers_;

@@ -18,6 +18,9 @@ namespace {
 /// In place of the page to show: none.
 constexpr std::int32_t noView = -1;
 
+constexpr std::int32_t customerCategoriesView = 6;
+constexpr std::int32_t articleCategoriesView = 7;
+
 }  // namespace
 
 FRMKB_ANAGRAFICA::FRMKB_ANAGRAFICA(const Runtime& runtime)
@@ -44,6 +47,8 @@ FRMKB_ANAGRAFICA::FRMKB_ANAGRAFICA(const Runtime& runtime)
   buildPages();
   INAV_PAR.bind(FME_ANAGRAFICA);
   FME_ANAGRAFICA.stateChanged.on([this] { lockByRights(); });
+  categories_.ChangedByUser.on([this] { markChangedPages(); });
+  discounts_.PendingChanged.on([this] { markChangedPages(); });
   SBAR_MAIN.OnClickItemLink.on(
       [this](const controls::SideBar::Link& link) { SBAR_MAIN_OnClickItemLink(link); });
   VLT_RESIZEFORM1.Setup.on([this](controls::ResizeManager&) { VLT_RESIZEFORM1_Setup(); });
@@ -368,11 +373,39 @@ void FRMKB_ANAGRAFICA::VLT_RESIZEFORM1_Setup() {
   });
 }
 
+void FRMKB_ANAGRAFICA::markChangedPages() {
+  SBAR_MAIN.mark(customerCategoriesView, categories_.areCustomersChanged());
+  SBAR_MAIN.mark(articleCategoriesView, categories_.areArticlesChanged());
+  SBAR_MAIN.mark(DiscountsPage::view, discounts_.hasPendingChanges());
+}
+
+bool FRMKB_ANAGRAFICA::concludePages(Procedure& p) {
+  const bool hasCategories = categories_.areCustomersChanged() || categories_.areArticlesChanged();
+  const bool hasDiscounts = discounts_.hasPendingChanges();
+  if (!hasCategories && !hasDiscounts) return true;
+  const std::int32_t answer = p.step([&] {
+    std::string names;
+    for (const auto& link : SBAR_MAIN.links()) {
+      if (link.marked) names += (names.empty() ? "" : ", ") + link.text;
+    }
+    return services_.showText(
+        context_.translate("Salvare le modifiche apportate a: ") + names + "?",
+        msgbox::yesNoCancel | msgbox::question);
+  });
+  if (answer == msgbox::no) return true;
+  if (answer != msgbox::yes) return false;
+  // What could not be stored keeps the window open.
+  const bool categoriesStored = !hasCategories || categories_.confirm();
+  const bool discountsStored = !hasDiscounts || discounts_.confirm();
+  return categoriesStored && discountsStored;
+}
+
 void FRMKB_ANAGRAFICA::Form_QueryUnload(bool& cancel) {
   procedure(context_, "Form_QueryUnload", [&](Procedure& p) {
     refreshHostStatus(p);
     closing_ = true;
     cancel = !RichiestaConfermaModifiche(&FME_ANAGRAFICA, noView, false, true);
+    if (!cancel) cancel = !concludePages(p);
     // The script can refuse the closing, but not allow what the user refused.
     bool refused = cancel;
     ExecuteFormEvent("tsClose", refused);

@@ -26,6 +26,11 @@ constexpr FixedValue fixedValues[] = {
     {.column = "GM03_IDAPPLICAZIONE", .value = 14},
 };
 
+// The causes of notices.
+constexpr const char* activitiesCause = "activities of a new profile";
+constexpr const char* brokenOffCause = "deletion broken off";
+constexpr const char* staleCause = "profile changed meanwhile";
+
 }  // namespace
 
 ProfilePage::ProfilePage(PageContext& context, controls::NavigatorBar& navigator,
@@ -42,6 +47,8 @@ ProfilePage::ProfilePage(PageContext& context, controls::NavigatorBar& navigator
   frame.AfterUpdate.on([this] { FME_ANAGRAFICA_AfterUpdate(); });
   frame.BeforeDelete.on([this](bool& cancel) { FME_ANAGRAFICA_BeforeDelete(cancel); });
   frame.AfterDelete.on([this] { FME_ANAGRAFICA_AfterDelete(); });
+  frame.DeleteBrokenOff.on([this] { deletionBrokenOff(); });
+  frame.Conflict.on([this] { showConflict(); });
   frame.AfterUndo.on([this] { FME_ANAGRAFICA_AfterUndo(); });
   frame.ChangeStatus.on([this](FrameStatus status, FrameStatus previous) {
     FME_ANAGRAFICA_ChangeStatus(status, previous);
@@ -66,8 +73,9 @@ void ProfilePage::ImpostaVirtualFrame() {
 }
 
 void ProfilePage::FME_ANAGRAFICA_BeforeUpdate(bool& cancel) {
-  procedure(context_, "FME_ANAGRAFICA_BeforeUpdate", [&](Procedure& p) {
-    if (cancel) return;
+  // An Abort cancels the save.
+  const bool done = procedure(context_, "FME_ANAGRAFICA_BeforeUpdate", [&](Procedure& p) {
+    if (cancel) return true;
     controls::RecordFrame& frame = context_.profile;
     p.set(frame, "GM03_DITTA_CG18", context_.company);
     for (const FixedValue& fixed : fixedValues) p.set(frame, fixed.column, fixed.value);
@@ -75,20 +83,53 @@ void ProfilePage::FME_ANAGRAFICA_BeforeUpdate(bool& cancel) {
       p.set(frame, "GM03_DESCRIZIONE", "Merkal");
     }
     dependents_.filters.storeConditions(dependents_.parameters.FME_PARAMETRI, cancel, p);
+    return true;
   });
+  cancel = cancel || !done;
 }
 
 void ProfilePage::FME_ANAGRAFICA_AfterUpdate() {
   procedure(context_, "FME_ANAGRAFICA_AfterUpdate", [&](Procedure&) {
+    context_.notices.remove(brokenOffCause);
     dependents_.deposits.ConfermaModificheDepositi();
     dependents_.priceLists.ConfermaModificheListini();
     dependents_.synchronisation.SchedulaAttJob();
-    // A new profile gets its price slots now, and the usual categories are proposed.
+    // A new profile gets its price slots now.
     if (!equalAsVariants(loadedProfile_, context_.profileId())) {
-      dependents_.categories.LetturaDatiConfigurazioneCategorie();
+      dependents_.categories.profileStored();
       reloadDependents();
+      context_.notices.show(
+          {.cause = activitiesCause,
+           .text = context_.translate("Le attività del nuovo profilo vengono create alla prossima "
+                                      "apertura della finestra.")});
     }
   });
+}
+
+// The statement of the profile is run again, since the record may have been changed or deleted.
+void ProfilePage::reload() {
+  context_.notices.remove(staleCause);
+  context_.profile.discardChanges();
+  ImpostaVirtualFrame();
+  dependents_.categories.LetturaDatiConfigurazioneCategorie();
+  reloadDependents();
+  dependents_.filters.reload();
+}
+
+void ProfilePage::deletionBrokenOff() {
+  reload();
+  context_.notices.show(
+      {.cause = brokenOffCause,
+       .text = context_.translate("L'eliminazione è stata interrotta: le pagine mostrano quello "
+                                  "che è rimasto.")});
+}
+
+void ProfilePage::showConflict() {
+  context_.notices.show(
+      {.cause = staleCause,
+       .text = context_.translate("Il profilo mostrato non è più quello memorizzato."),
+       .action = context_.translate("Ricarica"),
+       .perform = [this] { reload(); }});
 }
 
 void ProfilePage::FME_ANAGRAFICA_BeforeDelete(bool& cancel) {
@@ -100,6 +141,8 @@ void ProfilePage::FME_ANAGRAFICA_BeforeDelete(bool& cancel) {
 }
 
 void ProfilePage::FME_ANAGRAFICA_AfterDelete() {
+  context_.notices.remove(activitiesCause);
+  context_.notices.remove(brokenOffCause);
   procedure(context_, "FME_ANAGRAFICA_AfterDelete", [&](Procedure&) {
     dependents_.categories.LetturaDatiConfigurazioneCategorie();
     reloadDependents();

@@ -53,6 +53,10 @@ class ProfilePage : public Page {
   void FME_ANAGRAFICA_AfterUndo();
   void FME_ANAGRAFICA_IsRecordChanged(bool& changed);
   void reloadDependents();
+  /// Reads again all that belongs to the profile; what is not saved is discarded.
+  void reload();
+  void deletionBrokenOff();
+  void showConflict();
 
   PageContext& context_;
   controls::NavigatorBar& navigator_;

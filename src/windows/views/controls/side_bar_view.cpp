@@ -31,11 +31,16 @@ int SideBarView::chosenIndex() const {
 }
 
 void SideBarView::refresh() {
-  const auto count = static_cast<std::size_t>(SendMessageW(handle(), LB_GETCOUNT, 0, 0));
-  if (count != model_.links().size()) {
+  std::vector<std::wstring> texts;
+  for (const auto& link : model_.links()) {
+    // Screen readers read the list's own text.
+    texts.push_back(toWide(link.text) + (link.marked ? L" *" : L""));
+  }
+  if (texts != texts_) {
+    texts_ = std::move(texts);
     SendMessageW(handle(), LB_RESETCONTENT, 0, 0);
-    for (const auto& link : model_.links()) {
-      SendMessageW(handle(), LB_ADDSTRING, 0, reinterpret_cast<LPARAM>(toWide(link.text).c_str()));
+    for (const std::wstring& text : texts_) {
+      SendMessageW(handle(), LB_ADDSTRING, 0, reinterpret_cast<LPARAM>(text.c_str()));
     }
   }
   SendMessageW(handle(), LB_SETCURSEL, static_cast<WPARAM>(chosenIndex()), 0);
@@ -103,6 +108,15 @@ void SideBarView::drawItem(const DRAWITEMSTRUCT& item) {
     frame(item.hDC, band, colours.accent);
   }
   band.left += theme().px(14);
+  if (model_.links()[item.itemID].marked) {
+    RECT dot = band;
+    dot.right -= theme().px(10);
+    dot.left = dot.right - theme().px(8);
+    dot.top = (band.top + band.bottom) / 2 - theme().px(4);
+    dot.bottom = dot.top + theme().px(8);
+    card(item.hDC, dot, theme().px(8), colours.warning, colours.warning);
+    band.right = dot.left;
+  }
   text(item.hDC, toWide(model_.links()[item.itemID].text), band,
        looksEnabled() ? (chosen ? colours.accent : colours.text) : colours.faint,
        chosen ? theme().strong() : theme().font(), DT_NOPREFIX);
@@ -129,6 +143,7 @@ bool SideBarView::describePart(Inspection& inspection) {
   writeName(inspection, std::to_string(links[*at].view));
   writeText(inspection, links[*at].text);
   if (static_cast<int>(*at) == chosenIndex()) addMark(inspection, "chosen");
+  if (links[*at].marked) addMark(inspection, "changed");
   return true;
 }
 

@@ -1,5 +1,8 @@
 #pragma once
 
+#include <string>
+#include <vector>
+
 #include "controls/simple_controls.h"
 #include "windows/views/controls/view.h"
 
@@ -31,8 +34,9 @@ class SideBarView : public View {
 
   controls::SideBar& model_;
   OwnedWindow window_;
-  WNDPROC listBox_ = nullptr;  ///< the list's own procedure
-  int pressed_ = -1;           ///< the chosen link, while the mouse is down on it
+  std::vector<std::wstring> texts_;  ///< as the list has them
+  WNDPROC listBox_ = nullptr;        ///< the list's own procedure
+  int pressed_ = -1;                 ///< the chosen link, while the mouse is down on it
 };
 
 }  // namespace kebu::windows

@@ -83,7 +83,7 @@ void ParameterPage::bindControls() {
 
 void ParameterPage::handleEvents() {
   FME_PARAMETRI.BeforeUpdate.on([this](bool& cancel) { FME_PARAMETRI_BeforeUpdate(cancel); });
-  FME_PARAMETRI.UpdateBatchAll.on([this] { FME_PARAMETRI_UpdateBatchAll(); });
+  FME_PARAMETRI.UpdateBatchAll.on([this](bool& cancel) { FME_PARAMETRI_UpdateBatchAll(cancel); });
   FME_PARAMETRI.ChangeStatus.on([this](auto, auto) { FME_PARAMETRI_ChangeStatus(); });
 
   TXT_GM04_CODDOCWEB_MG36.StartDecode.on([this](const std::string& code, std::string& description) {
@@ -167,7 +167,8 @@ void ParameterPage::ClearChild() {
 }
 
 void ParameterPage::FME_PARAMETRI_BeforeUpdate(bool& cancel) {
-  procedure(context_, "FME_PARAMETRI_BeforeUpdate", [&](Procedure& p) {
+  // An Abort cancels the save.
+  cancel = !procedure(context_, "FME_PARAMETRI_BeforeUpdate", [&](Procedure& p) {
     const auto field = [&](const char* name) { return p.value(FME_PARAMETRI, name); };
     const auto set = [&](const char* name, const Value& value) {
       p.set(FME_PARAMETRI, name, value);
@@ -177,16 +178,14 @@ void ParameterPage::FME_PARAMETRI_BeforeUpdate(bool& cancel) {
     const Value document = field("GM04_CODDOCWEB_MG36");
 
     if (equalAsVariants(kind, Value(asGiven)) && isBlank(field("GM04_DEPDOCWEB_MG58"))) {
-      cancel = true;  // also when the message cannot be shown
       p.tell(messages::depositMissing, msgbox::exclamation);
-      return;
+      return false;
     }
     if (equalAsVariants(kind, Value(fromDocument)) && !isBlank(document)) {
       const std::string code = toText(document);
       if (!VerificaDepositoDocumento(code)) {
-        cancel = true;
         p.step([&] { tellDefaultDepositMissing(trim(code)); });
-        return;
+        return false;
       }
       // The default deposit of the document type is used instead.
       set("GM04_DEPDOCWEB_MG58", Null{});
@@ -200,6 +199,7 @@ void ParameterPage::FME_PARAMETRI_BeforeUpdate(bool& cancel) {
     if (!equalAsVariants(CDecN(field("GM04_DITTA_CG18")), context_.company)) {
       set("GM04_DITTA_CG18", context_.company);
     }
+    return true;
   });
 }
 
@@ -221,9 +221,10 @@ void ParameterPage::FME_PARAMETRI_ChangeStatus() {
   });
 }
 
-void ParameterPage::FME_PARAMETRI_UpdateBatchAll() {
-  procedure(context_, "FME_PARAMETRI_UpdateBatchAll", [&](Procedure& p) {
-    if (!FME_PARAMETRI.hasRecord()) return;
+// A row without its profile's key must not be sent.
+void ParameterPage::FME_PARAMETRI_UpdateBatchAll(bool& cancel) {
+  cancel = !procedure(context_, "FME_PARAMETRI_UpdateBatchAll", [&](Procedure& p) {
+    if (!FME_PARAMETRI.hasRecord()) return true;
     const Value profileId = context_.profileId();
     p.step([&] { rows_->MoveFirst(); });
     for (; p.more(rows_); p.next(rows_)) {
@@ -234,6 +235,7 @@ void ParameterPage::FME_PARAMETRI_UpdateBatchAll() {
       });
     }
     p.step([&] { rows_->MoveFirst(); });
+    return true;
   });
 }
 
@@ -245,7 +247,14 @@ void ParameterPage::storeCustomerNotes(Procedure& p) {
     FME_PARAMETRI.setField("GM04_NUMNOTECLIENTI", none ? Value(Null{}) : Value(text));
     rows_->Update();
   });
-  p.step([&] { rows_->UpdateBatch(); });
+  p.step([&] {
+    try {
+      rows_->UpdateBatch();
+    } catch (const RuntimeError& error) {
+      if (!error.isConflict()) throw;
+      FME_PARAMETRI.tellConflict();
+    }
+  });
   p.step([&] { TXT_GM04_NUMNOTECLIENTI.refreshFromRecord(); });
 }
 

@@ -67,7 +67,7 @@ class ParameterPage : public Page {
   void open(const std::string& statement);
 
   void FME_PARAMETRI_BeforeUpdate(bool& cancel);
-  void FME_PARAMETRI_UpdateBatchAll();
+  void FME_PARAMETRI_UpdateBatchAll(bool& cancel);
   void tellDefaultDepositMissing(const std::string& document);
   bool VerificaDepositoDocumento(const std::string& document);
   void decodeDeposit(const char* name, const std::string& code, std::string& description);
