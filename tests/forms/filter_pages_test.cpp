@@ -64,5 +64,59 @@ TEST(FilterPages, CreateTheirFiltersAsDefaultsAtTheFirstOpeningAndLoadThemAtLate
   workplace.close();
 }
 
+/// A host whose user answers as the test says.
+class AnsweringServices : public Services {
+ public:
+  using Services::Services;
+  std::int16_t VisualizzaErrore(const std::string& procedure, const RuntimeError&) override {
+    errors.push_back(procedure);
+    return static_cast<std::int16_t>(answer);
+  }
+  std::vector<std::string> errors;
+  ErrorAnswer answer = ErrorAnswer::Abort;
+};
+
+bool composerFails = false;
+std::string composePredicate(const QueryColumn& column, const QueryCondition& condition) {
+  if (composerFails) throw RuntimeError::internalError("no predicate");
+  return sql::composePredicate(column, condition);
+}
+
+// An empty condition publishes everything, so the save must not go on with it.
+TEST(FilterPages, CancelTheSaveWhenABuilderWasLeftByAbort) {
+  tests::TestWorkplace workplace;
+  workplace.open();
+  Window window(workplace.runtime().desktop);
+  AnsweringServices services(workplace.runtime().platform, window);
+  services.setHost(workplace.plugin());
+  controls::RecordFrame profile("FME_ANAGRAFICA", services);
+  controls::RecordFrame parameters("FME_PARAMETRI", services);
+  PageContext context(workplace.runtime(), services, profile);
+  context.company = std::int32_t{1};
+  context.hostServices.savedFilters = std::make_shared<RecordingStore>();
+  composerFails = false;
+  FilterPages pages(context, {composePredicate, sql::composeConjunction});
+  pages.ImpostaEnQuery();
+  const auto save = [&] {
+    bool cancel = false;
+    procedure(context, "test", [&](Procedure& p) { pages.storeConditions(parameters, cancel, p); });
+    return !cancel;
+  };
+  composerFails = true;
+  EXPECT_EQ(pages.StringaLimitiClienti(), "");
+  services.errors.clear();
+  EXPECT_FALSE(save());
+  EXPECT_EQ(services.errors, std::vector<std::string>{"StringaLimitiClienti"});
+  ASSERT_FALSE(workplace.user().boxes.empty());
+  EXPECT_NE(workplace.user().boxes.back().text.find("Filtro clienti"), std::string::npos);
+
+  services.errors.clear();
+  services.answer = ErrorAnswer::Ignore;
+  EXPECT_TRUE(save());
+  EXPECT_EQ(services.errors,
+            (std::vector<std::string>{"StringaLimitiClienti", "StringaLimitiArticoli"}));
+  workplace.close();
+}
+
 }  // namespace
 }  // namespace kebu::forms

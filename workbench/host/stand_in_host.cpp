@@ -32,18 +32,18 @@ StandInHost::StandInHost(PluginFactory createPlugin, const HostSurroundings& sur
 }
 
 StandInHost::~StandInHost() {
-  release();
+  for (auto& [window, opened] : plugins_) release(opened);
 }
 
 void StandInHost::set(const HostProperty& property, const std::string& value) {
   properties_[&property] = value;
-  if (plugin_) property.set(*plugin_, value);
+  if (plugin()) property.set(*plugin(), value);
 }
 
 void StandInHost::fill(host::Cinterface& plugin) {
   plugin.setClsGlobal(global_);
   plugin.setStatusBar(statusBar_);
-  plugin.setActiveNavigator(navigator_);
+  plugin.setActiveNavigator(plugins_[window_].navigator);
   const Ref<ado::Connection> own = surroundings_.database.forHost();
   own->Open();
   plugin.setConnection(own);
@@ -51,10 +51,10 @@ void StandInHost::fill(host::Cinterface& plugin) {
 }
 
 void StandInHost::open() {
-  navigator_ = makeRef<host::Navigator>();
-  plugin_ = createPlugin_();
-  // A modal window may be closed, and plugin_ released, before ShowForm returns.
-  const Ref<host::Cinterface> shown = plugin_;
+  plugins_[window_].navigator = makeRef<host::Navigator>();
+  plugins_[window_].plugin = createPlugin_();
+  // A modal window may be closed, and the plug-in released, before ShowForm returns.
+  const Ref<host::Cinterface> shown = plugin();
   fill(*shown);
   shown->ShowForm();
   // When ShowForm returns from a modal window, the window is closed already.
@@ -62,21 +62,20 @@ void StandInHost::open() {
 }
 
 void StandInHost::tellNavigator() {
-  navigator_->InitializeLayoutObjectModel.raise(global_->CreateLayoutModel());
-  navigator_->InitializeScriptObjectModel.raise(global_->CreateScriptModel());
+  const Ref<host::Navigator> navigator = plugins_[window_].navigator;
+  navigator->InitializeLayoutObjectModel.raise(global_->CreateLayoutModel());
+  navigator->InitializeScriptObjectModel.raise(global_->CreateScriptModel());
 }
 
 bool StandInHost::close() {
-  const bool closed = toBoolean(plugin_->CloseForm());
-  if (closed) release();
+  const bool closed = toBoolean(plugin()->CloseForm());
+  if (closed) release(plugins_[window_]);
   return closed;
 }
 
-void StandInHost::release() {
-  if (!plugin_) return;
-  const Ref<host::Cinterface> leaving = std::move(plugin_);
-  plugin_.reset();
-  navigator_.reset();
+void StandInHost::release(Opened& opened) {
+  const Ref<host::Cinterface> leaving = std::move(opened.plugin);
+  opened = {};
 }
 
 }  // namespace kebu::workbench

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstdint>
 #include <functional>
 #include <map>
 #include <string>
@@ -16,7 +17,8 @@ namespace kebu::workbench {
 using PluginFactory = std::function<Ref<host::Cinterface>()>;
 
 /// Treats the plug-in as the ERP does: creates it, sets its properties, shows and
-/// closes its window, and releases it.
+/// closes its window, and releases it. It may have several windows open, as several users
+/// of a company have.
 class StandInHost {
  public:
   StandInHost(PluginFactory createPlugin, const HostSurroundings& surroundings);
@@ -27,11 +29,15 @@ class StandInHost {
   GlobalServices& services() { return *global_; }
   const HostStatusBar& statusBar() const { return *statusBar_; }
 
+  /// The window that the following calls are about, counted from 1. The first one without it.
+  void use(std::int32_t window) { window_ = window; }
+  std::int32_t window() const { return window_; }
+
   /// Sets the property of the current plug-in and of those that open() creates later.
   void set(const HostProperty& property, const std::string& value);
-  bool isOpen() const { return static_cast<bool>(plugin_); }
-  /// Null while no window is open.
-  const Ref<host::Cinterface>& plugin() const { return plugin_; }
+  bool isOpen() const { return static_cast<bool>(plugin()); }
+  /// Null while the window is not open.
+  const Ref<host::Cinterface>& plugin() const { return plugins_[window_].plugin; }
 
   void open();
   /// Raises the navigator's events that ask the plug-in to register its objects.
@@ -40,16 +46,21 @@ class StandInHost {
   bool close();
 
  private:
+  struct Opened {
+    Ref<host::Navigator> navigator;
+    Ref<host::Cinterface> plugin;
+  };
+
   void fill(host::Cinterface& plugin);
-  void release();
+  static void release(Opened& opened);
 
   PluginFactory createPlugin_;
   HostSurroundings surroundings_;
   Ref<GlobalServices> global_;
   Ref<HostStatusBar> statusBar_;
-  Ref<host::Navigator> navigator_;
   std::map<const HostProperty*, std::string> properties_;
-  Ref<host::Cinterface> plugin_;
+  std::int32_t window_ = 1;
+  mutable std::map<std::int32_t, Opened> plugins_;  ///< by window
 };
 
 }  // namespace kebu::workbench

@@ -37,6 +37,10 @@ class Hands {
   /// Presses the button of the first notice whose text contains `text`.
   virtual void pressNotice(const std::string& text) = 0;
   virtual void activateWindow() = 0;
+  /// The window in front is the host's window of that number.
+  virtual void windowOpened(std::int32_t number) = 0;
+  /// Brings that window to the front.
+  virtual void toFront(std::int32_t number) = 0;
   /// Saves a picture of the window under that name. Does nothing without a screen.
   virtual void takePicture(const std::string& name) = 0;
 

@@ -6,6 +6,13 @@ namespace kebu::workbench::steps {
 void open(Player& player, const Words& /*arguments*/) {
   if (player.stage().host.isOpen()) throw StepError("the window is open already");
   player.atHost([](StandInHost& host) { host.open(); });
+  player.stage().hands.windowOpened(player.stage().host.window());
+}
+
+void window(Player& player, const Words& arguments) {
+  const std::int32_t number = toNumber(arguments[0]);
+  player.stage().host.use(number);
+  if (player.stage().host.isOpen()) player.stage().hands.toFront(number);
 }
 
 void close(Player& player, const Words& /*arguments*/) {

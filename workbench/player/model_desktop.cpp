@@ -9,6 +9,11 @@ void ModelDesktop::show(controls::Form& form) {
   forms_.push_back(&form);
 }
 
+void ModelDesktop::activate(controls::Form& form) {
+  show(form);
+  form.activate();
+}
+
 void ModelDesktop::runModal(controls::Form& form) {
   user_.workIn(form);
 }

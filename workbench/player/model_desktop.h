@@ -37,6 +37,8 @@ class ModelDesktop : public controls::Desktop {
   void runLookup(controls::LookupList& list) override;
   void repaint() override {}
 
+  /// Another window of the user's comes to the front.
+  void activate(controls::Form& form);
   /// The window in front; null when none is shown.
   controls::Form* front() const { return forms_.empty() ? nullptr : forms_.back(); }
   bool shows(const controls::Form& form) const;

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <map>
+
 #include "controls/form.h"
 #include "controls/notice_list.h"
 #include "workbench/player/hands.h"
@@ -27,6 +29,8 @@ class ModelHands : public Hands {
   void lookupCell(const std::string& grid, std::int32_t row, const std::string& field) override;
   void pressNotice(const std::string& text) override;
   void activateWindow() override;
+  void windowOpened(std::int32_t number) override { windows_[number] = desktop_.front(); }
+  void toFront(std::int32_t number) override { desktop_.activate(*windows_.at(number)); }
   void takePicture(const std::string& /*name*/) override {}
 
   ControlView look(const std::string& name, const RowRange& rows) override;
@@ -46,6 +50,7 @@ class ModelHands : public Hands {
   Kind& find(const std::string& name, const char* kind) const;
 
   ModelDesktop& desktop_;
+  std::map<std::int32_t, controls::Form*> windows_;  ///< by the host's number
 };
 
 }  // namespace kebu::workbench

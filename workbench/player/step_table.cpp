@@ -17,6 +17,8 @@ constexpr std::size_t any = std::numeric_limits<std::size_t>::max();
 constexpr std::array table{
     Step{"open", 0, 0, "", "the host creates the plug-in and shows its window", steps::open},
     Step{"close", 0, 0, "", "the host closes the window; prints true or false", steps::close},
+    Step{"window", 1, 1, "N", "goes to window N of several on the company; open opens it",
+         steps::window},
     Step{"activate", 0, 0, "", "the window comes to the front again", steps::activate},
     Step{"set", 2, 2, "PROPERTY VALUE", "a property that the host gives the plug-in", steps::set},
     Step{"without", 1, 1, "SERVICE", "the host does not offer a service", steps::without},

@@ -12,6 +12,7 @@ namespace kebu::workbench::steps {
 // host_steps.cpp
 void open(Player& player, const Words& arguments);
 void close(Player& player, const Words& arguments);
+void window(Player& player, const Words& arguments);
 void activate(Player& player, const Words& arguments);
 void set(Player& player, const Words& arguments);
 void without(Player& player, const Words& arguments);

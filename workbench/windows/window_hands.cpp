@@ -403,6 +403,19 @@ void WindowHands::activateWindow() {
   settle();
 }
 
+void WindowHands::windowOpened(std::int32_t number) {
+  windows_[number] = frontOf(thread_.id());
+}
+
+void WindowHands::toFront(std::int32_t number) {
+  thread_.post([window = windows_.at(number)] {
+    SetForegroundWindow(window);
+    SetActiveWindow(window);
+    BringWindowToTop(window);
+  });
+  settle();
+}
+
 void WindowHands::takePicture(const std::string& name) {
   if (!pictures_) return;
   const std::filesystem::path folder(*pictures_);

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <functional>
+#include <map>
 #include <optional>
 #include <string>
 
@@ -37,6 +38,8 @@ class WindowHands : public Hands {
   void lookupCell(const std::string& grid, std::int32_t row, const std::string& field) override;
   void pressNotice(const std::string& text) override;
   void activateWindow() override;
+  void windowOpened(std::int32_t number) override;
+  void toFront(std::int32_t number) override;
   void takePicture(const std::string& name) override;
 
   ControlView look(const std::string& control, const RowRange& rows) override;
@@ -72,6 +75,7 @@ class WindowHands : public Hands {
   WindowThread& thread_;
   User& user_;
   std::optional<std::string> pictures_;
+  std::map<std::int32_t, HWND> windows_;  ///< by the host's number
 };
 
 }  // namespace kebu::workbench
