@@ -61,9 +61,7 @@ class Control : public host::NamedObject {
     if (locked_ != locked) setShown(locked_, locked);
   }
   /// Whether neither it nor one of its containers is locked.
-  bool acceptsChanges() const {
-    return !locked_ && (!container_ || container_->acceptsChanges());
-  }
+  bool acceptsChanges() const { return !locked_ && (!container_ || container_->acceptsChanges()); }
 
   const Size& size() const { return size_; }
   void setSize(const Size& size) { size_ = size; }
