@@ -13,6 +13,8 @@ class ControlHost : public ErrorReporter {
  public:
   /// `text` in Italian; style and answer use the message-box codes.
   virtual std::int32_t message(const std::string& text, std::int32_t style) = 0;
+  /// A part of a message in the user's language.
+  virtual std::string translated(const std::string& text) { return text; }
 };
 
 }  // namespace kebu::controls

@@ -1,6 +1,7 @@
 #include "controls/edit_box.h"
 
 #include "common/convert.h"
+#include "controls/simple_controls.h"
 
 namespace kebu::controls {
 
@@ -8,6 +9,13 @@ void EditBox::setText(const std::string& text) {
   text_ = text;
   decode();
   changed.raise();
+}
+
+void EditBox::setUnknown(bool unknown) {
+  setShown(unknown_, unknown);
+  if (auto* const label = description_ ? as<Label>(*description_) : nullptr) {
+    label->setUnknown(unknown);
+  }
 }
 
 void EditBox::decode() {
@@ -57,6 +65,7 @@ void EditBox::decodeAgain() {
   decoded_ = text_;
   if (!description_) return;
   std::string description;
+  setUnknown(false);
   if (!text_.empty()) StartDecode.raise(text_, description);
   description_->setCaption(description);
 }

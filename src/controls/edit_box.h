@@ -39,6 +39,10 @@ class EditBox : public OfKind<ControlKind::EditBox, BoundControl> {
   /// The control that shows the description of the code in this box.
   void setDescription(Control& description) { description_ = &description; }
   const Control* description() const { return description_; }
+  /// Whether the code was looked for and not found. A handler of StartDecode says so; it is
+  /// shown beside the description, which stays empty.
+  bool isUnknown() const { return unknown_; }
+  void setUnknown(bool unknown);
   /// Raises StartDecode again: the description depends on more than the code, and
   /// that has changed.
   void decodeAgain();
@@ -75,6 +79,7 @@ class EditBox : public OfKind<ControlKind::EditBox, BoundControl> {
   std::string hint_;
   int lines_ = 1;
   Control* description_ = nullptr;
+  bool unknown_ = false;
 };
 
 }  // namespace kebu::controls

@@ -51,6 +51,11 @@ void Form::moveTo(std::int32_t left, std::int32_t top) {
   changed.raise();
 }
 
+void Form::focusOn(Control& control) {
+  focusWanted_ = &control;
+  FocusWanted.raise(control);
+}
+
 Control* Form::find(std::string_view name) {
   for (Control* control : outermost_) {
     if (Control* const found = control->find(name)) return found;

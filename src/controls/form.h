@@ -34,6 +34,13 @@ class Form : public OfKind<ControlKind::Form>, public std::enable_shared_from_th
   /// Loads the window when it is not yet loaded, shows and activates it. When
   /// `modal`, returns after it is closed.
   void Show(bool modal);
+  /// Moves the focus to a control of the page that is shown.
+  void focusOn(Control& control);
+  /// The control that was asked for last; null when none was.
+  const Control* focusWanted() const { return focusWanted_; }
+  Event<Control&> FocusWanted;
+  /// The gesture: reads again what the page shows, where a page can.
+  virtual void refreshPage() {}
   /// The window came to the front.
   void activate() { Form_Activate(); }
   /// Closes the window unless Form_QueryUnload cancels; whether it is closed.
@@ -65,6 +72,7 @@ class Form : public OfKind<ControlKind::Form>, public std::enable_shared_from_th
   std::int32_t left_ = 0;
   std::int32_t top_ = 0;
   bool loaded_ = false;
+  Control* focusWanted_ = nullptr;
 };
 
 }  // namespace kebu::controls

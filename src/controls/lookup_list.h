@@ -3,6 +3,7 @@
 #include <cstdint>
 #include <optional>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "ado/recordset.h"
@@ -21,8 +22,22 @@ class LookupList {
   std::int32_t rowCount() const { return static_cast<std::int32_t>(rows_.size()); }
   /// As people read it; `row` from 1, `column` from 0.
   std::string cellText(std::int32_t row, std::size_t column) const;
-  /// The first row whose code or description begins with `typed`, case aside.
-  std::optional<std::int32_t> search(const std::string& typed) const;
+  /// The rows that contain `typed` somewhere in a column, case aside; all rows for "".
+  std::vector<std::int32_t> matching(const std::string& typed) const;
+  /// The row on which the list opens: that of the code that is chosen now, else the first one; 0
+  /// when there are no rows.
+  std::int32_t current() const { return current_; }
+  void setCurrent(const std::string& code);
+
+  /// What the list's window says.
+  struct Texts {
+    std::string search = "Cerca";
+    std::string take = "Scegli";
+    std::string leave = "Annulla";
+    std::string nothingFound = "Nessun risultato";
+  };
+  const Texts& texts() const { return texts_; }
+  void setTexts(Texts texts) { texts_ = std::move(texts); }
 
   /// The gesture; GestureRefused when there is no such row.
   void choose(std::int32_t row);
@@ -33,6 +48,8 @@ class LookupList {
   std::string title_;
   std::vector<std::string> captions_;
   std::vector<RowValues> rows_;
+  Texts texts_;
+  std::int32_t current_ = 0;
   std::int32_t chosen_ = 0;
 };
 

@@ -111,7 +111,11 @@ void NavigatorBar::act(const std::string& key) {
   } else if (key == "Elimina") {
     // "No" is the default: a deletion takes everything that hangs on the record along.
     constexpr std::int32_t style = msgbox::yesNo | msgbox::question | msgbox::defaultButton2;
-    if (host_.message("Eliminare il record corrente?", style) == msgbox::yes) frame_->Delete();
+    std::string question = host_.translated("Eliminare il record corrente?");
+    if (!frame_->deletedWith().empty()) {
+      question += "\r\n" + host_.translated(frame_->deletedWith());
+    }
+    if (host_.message(question, style) == msgbox::yes) frame_->Delete();
   }
 }
 

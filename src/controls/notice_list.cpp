@@ -19,7 +19,9 @@ void NoticeList::show(Notice notice) {
   if (at == notices_.end()) {
     notices_.push_back(std::move(notice));
   } else {
+    const bool isSame = at->text == notice.text && at->action == notice.action;
     *at = std::move(notice);
+    if (isSame) return;
   }
   listChanged();
 }

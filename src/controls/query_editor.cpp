@@ -199,10 +199,11 @@ std::string QueryEditor::ComponiCondizione() const {
 
 std::string QueryEditor::value(std::string_view dataField, RangeEnd end) const {
   const Row* const row = rowOf(dataField);
-  if (!row || row->shown == QueryOperator::OneOf) return "";
-  // What is equal to a value is a range that begins and ends with it.
-  const bool isFirst = end == RangeEnd::First || row->shown == QueryOperator::Equal;
-  return row->box(isFirst ? RangeEnd::First : RangeEnd::Second).text();
+  if (!row) return "";
+  // What is equal to a value is a range that begins and ends with it. No other operator states
+  // a value that codes of the levels below could be looked up with.
+  if (row->shown == QueryOperator::Equal) return row->first.text();
+  return row->shown == QueryOperator::Range ? row->box(end).text() : "";
 }
 
 std::string QueryEditor::sentence(std::size_t field) const {
@@ -217,6 +218,23 @@ std::string QueryEditor::sentence(std::size_t field) const {
   add(" ", shown.first, shown.firstDescription);
   add(" ... ", shown.second, shown.secondDescription);
   return text;
+}
+
+std::string QueryEditor::words() const {
+  std::string text;
+  for (std::size_t field = 0; field < rows_.size(); ++field) {
+    if (rows_[field]->shown == QueryOperator::Any) continue;
+    text += (text.empty() ? "" : ", ") + rows_[field]->op.caption() + " " + sentence(field);
+  }
+  return text;
+}
+
+void QueryEditor::copyFrom(const QueryEditor& other) {
+  for (const auto& row : rows_) {
+    const Row* const stated = other.rowOf(row->field.dataField);
+    state(*row, stated ? conditionOf(*stated) : QueryCondition{});
+  }
+  recompose();
 }
 
 // ---- the user at work
@@ -324,6 +342,10 @@ void QueryEditor::decode(const Row& row, RangeEnd end, const std::string& value,
                          std::string& description) {
   if (!takesCodes(row.shown)) return;
   StartDecode.raise({std::string(row.field.caption), value, end}, description);
+}
+
+void QueryEditor::setUnknown(std::string_view dataField, RangeEnd end, bool unknown) {
+  if (Row* const row = rowOf(dataField)) row->box(end).setUnknown(unknown);
 }
 
 void QueryEditor::decodeAgain(std::string_view dataField) {

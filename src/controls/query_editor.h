@@ -90,15 +90,22 @@ class QueryEditor : public OfKind<ControlKind::QueryEditor, GroupBox> {
   std::vector<Item> items() const;
   /// The conjunction of all items; "" when nothing is restricted.
   std::string ComponiCondizione() const;
-  /// The value stated on a field at that end; "" for none and for an unknown field.
+  /// The value stated on a field at that end, by "uguale a" or a range; "" for other operators,
+  /// for none and for an unknown field.
   std::string value(std::string_view dataField, RangeEnd end) const;
   /// What is stated on a field. RuntimeError 5 for an unknown field.
   QueryCondition condition(std::string_view dataField) const;
+  /// Whether the code stated on a field was looked for and not found.
+  void setUnknown(std::string_view dataField, RangeEnd end, bool unknown);
   /// Asks for a field's descriptions afresh.
   void decodeAgain(std::string_view dataField);
   /// Tells the user of ranges that stand the wrong way round; whether there are none.
   bool confirmRanges();
 
+  /// States the conditions of another editor on the fields that both have, and none on the rest.
+  void copyFrom(const QueryEditor& other);
+  /// What is stated on all fields, in words: "Provincia uguale a MI, Citta' contiene ANO".
+  std::string words() const;
   /// Shows the saved filter of that name; false when there is none. RuntimeError 5
   /// or 13 for one that cannot be read, which changes nothing.
   bool loadFilter(const std::string& name);

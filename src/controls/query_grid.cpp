@@ -6,6 +6,7 @@
 #include "common/nulls.h"
 #include "common/platform.h"
 #include "controls/row_editing.h"
+#include "controls/typed_value.h"
 
 namespace kebu::controls {
 
@@ -35,7 +36,9 @@ void QueryGrid::addColumn(const GridColumn& definition, const Translator& transl
                 definition.width,
                 definition.kind,
                 {},
-                std::string(definition.lookup)};
+                std::string(definition.lookup),
+
+                definition.refusesAll};
   for (const ValueListItem& item : definition.items) {
     column.items.emplace_back(item.code, translated(item.caption));
   }
@@ -45,6 +48,8 @@ void QueryGrid::addColumn(const GridColumn& definition, const Translator& transl
 
 void QueryGrid::setDataSource(const Ref<ado::Recordset>& rows) {
   rows_ = rows;
+  shownInstead_.clear();
+  tickStates_.clear();
   cache_.attach(rows);
   formatDescriptions();
   changed.raise();
@@ -67,12 +72,14 @@ void QueryGrid::requery() {
 
 void QueryGrid::refresh() {
   cache_.invalidate();
+  tickStates_.clear();
   formatDescriptions();
   changed.raise();
 }
 
 void QueryGrid::formatDescriptions() {
   descriptions_.clear();
+  unknown_.clear();
   const auto isDescription = [](const Column& c) { return c.kind == ColumnKind::Description; };
   if (std::ranges::none_of(columns_, isDescription)) return;
   for (std::int32_t row = 1; row <= rowCount(); ++row) {
@@ -85,8 +92,48 @@ void QueryGrid::formatDescriptions() {
 }
 
 void QueryGrid::write(const std::vector<std::pair<std::string, Value>>& cells) {
-  writeRow(*rows_, cells);
+  const std::int32_t row = currentRow();
+  auto written = cells;
+  // What the user sees of the row is stored with what is edited in it.
+  for (const auto& [place, value] : shownInstead_) {
+    const bool isEdited = std::ranges::any_of(
+        cells, [&, &seen = place](const auto& cell) { return cell.first == seen.second; });
+    if (place.first == row && !isEdited) written.emplace_back(place.second, value);
+  }
+  writeRow(*rows_, written);
+  std::erase_if(shownInstead_, [&](const auto& shown) { return shown.first.first == row; });
   cache_.invalidate();
+  tickStates_.clear();
+}
+
+void QueryGrid::translate(const Translator& translator) {
+  Control::translate(translator);
+  unknownText_ = translator(unknownText_);
+}
+
+void QueryGrid::showInstead(std::int32_t row, const std::string& field, const Value& value) {
+  shownInstead_[{row, field}] = value;
+  tickStates_.clear();
+  changed.raise();
+}
+
+TickState QueryGrid::tickState(const std::string& field) {
+  const auto known = tickStates_.find(field);
+  if (known != tickStates_.end()) return known->second;
+  std::int32_t ticked = 0;
+  ignoringErrors([&] {
+    // Counted by the recordset, which has all rows in memory.
+    const Ref<ado::Recordset> counter = rows_->Clone();
+    counter->setFilter(field + " = 1");
+    ticked = counter->RecordCount();
+    for (const auto& [place, value] : shownInstead_) {
+      if (place.second == field && !toBoolean(CDecN(value))) --ticked;
+    }
+  });
+  const TickState state = ticked <= 0           ? TickState::None
+                          : ticked < rowCount() ? TickState::Some
+                                                : TickState::All;
+  return tickStates_[field] = state;
 }
 
 std::int32_t QueryGrid::currentRow() const {
@@ -94,6 +141,8 @@ std::int32_t QueryGrid::currentRow() const {
 }
 
 Value QueryGrid::cell(std::int32_t row, std::string_view field) {
+  const auto instead = shownInstead_.find({row, std::string(field)});
+  if (instead != shownInstead_.end()) return instead->second;
   const std::size_t index = ado::indexOf(rows_->fields(), field);
   const RowValues& values = cache_.row(row);
   return index < values.size() ? values[index] : Value();
@@ -127,12 +176,21 @@ bool QueryGrid::isLocked(std::int32_t row, const Column& column) {
 }
 
 Value QueryGrid::rowState(std::int32_t row) {
-  return rowStateField_.empty() ? Value(Null{}) : cell(row, rowStateField_);
+  if (rowStateField_.empty()) return Null{};
+  return rowStateOf ? rowStateOf(row) : cell(row, rowStateField_);
 }
 
 const QueryGrid::Column* QueryGrid::findColumn(std::string_view field) const {
   const auto column = std::ranges::find(columns_, field, &Column::field);
   return column == columns_.end() ? nullptr : &*column;
+}
+
+std::string QueryGrid::captionOf(std::string_view field) const {
+  const auto column = std::ranges::find(columns_, field, &Column::field);
+  if (column == columns_.end()) return "";
+  // A code shares the caption of its description.
+  const bool isOpenCode = column->caption.empty() && column + 1 != columns_.end();
+  return isOpenCode ? (column + 1)->caption : column->caption;
 }
 
 const QueryGrid::Column& QueryGrid::requireCell(std::int32_t row, const std::string& field) {
@@ -157,13 +215,16 @@ bool QueryGrid::store(const std::string& field, const Value& value) {
   return trap(host_, Name(), [&](Steps& step) {
     bool stored = true;
     step([&] {
+      const auto& fields = rows_->fields();
+      const ado::Field& target = fields[ado::requireIndex(fields, field)];
+      stored = !losesDecimals(target, value);
       try {
-        write({{field, value}});
+        if (stored) write({{field, value}});
       } catch (const RuntimeError& error) {
         if (!error.isValueError()) throw;
-        host_.message("Valore non valido: \"" + toDisplay(value) + "\".", msgbox::exclamation);
         stored = false;
       }
+      if (!stored) tellRefused(host_, captionOf(field), target, value);
     });
     return stored;
   });
@@ -201,7 +262,9 @@ void QueryGrid::tickCell(std::int32_t row, const std::string& field) {
   bool cancel = false;
   SelectionBoxClick.raise(field, cancel);
   if (cancel) return;
-  const bool ticked = toBoolean(CDecN(rows_->value(field)));
+  const auto instead = shownInstead_.find({row, field});
+  const Value before = instead != shownInstead_.end() ? instead->second : rows_->value(field);
+  const bool ticked = toBoolean(CDecN(before));
   commit(field, static_cast<std::int16_t>(ticked ? 0 : 1));
 }
 
@@ -218,7 +281,8 @@ void QueryGrid::tickAll(const std::string& field, bool on) {
   const Value flag(static_cast<std::int16_t>(on ? 1 : 0));
   for (std::int32_t row = 1; row <= rowCount(); ++row) {
     rows_->setAbsolutePosition(row);
-    if (equalAsVariants(CDecN(rows_->value(field)), flag)) continue;
+    const bool isShownAsStored = !shownInstead_.contains({row, field});
+    if (isShownAsStored && equalAsVariants(CDecN(rows_->value(field)), flag)) continue;
     if (!store(field, flag)) break;
   }
   rows_->setAbsolutePosition(current);

@@ -2,6 +2,8 @@
 
 #include <cstdint>
 #include <functional>
+#include <map>
+#include <set>
 #include <span>
 #include <string>
 #include <string_view>
@@ -34,6 +36,9 @@ constexpr bool isNumeric(ColumnKind kind) {
   return kind == ColumnKind::Number || kind == ColumnKind::Figure;
 }
 
+/// How many check cells of a column are ticked.
+enum class TickState { None, Some, All };
+
 struct ValueListItem {
   std::int32_t code = 0;
   std::string_view caption;
@@ -47,6 +52,7 @@ struct GridColumn {
   ColumnKind kind = ColumnKind::Text;
   std::span<const ValueListItem> items = {};  ///< of a value list
   std::string_view lookup = {};               ///< the name of a code's look-up
+  bool refusesAll = false;  ///< a check column whose cells are not set all at once
 };
 
 /// Rows of a recordset in columns. Rows are read in blocks, when one of their cells
@@ -61,6 +67,7 @@ class QueryGrid : public OfKind<ControlKind::QueryGrid> {
     ColumnKind kind = ColumnKind::Text;
     Items items;
     std::string lookup;
+    bool refusesAll = false;
   };
 
   QueryGrid(std::string name, ControlHost& host);
@@ -104,6 +111,32 @@ class QueryGrid : public OfKind<ControlKind::QueryGrid> {
   const Items& itemsOf(std::int32_t row, const Column& column);
   /// Null when no column holds the row's state.
   Value rowState(std::int32_t row);
+  /// The caption that stands for a column; a code shares that of its description.
+  std::string captionOf(std::string_view field) const;
+  /// Shows another value than the recordset's in a cell. It is stored with the next edit of the
+  /// row, and forgotten when other rows are shown.
+  void showInstead(std::int32_t row, const std::string& field, const Value& value);
+  /// The code that a description cell belongs to was looked for and not found. For handlers of
+  /// DataFormatEXT.
+  void markUnknown(std::int32_t row, const std::string& field) { unknown_.insert({row, field}); }
+  bool isUnknown(std::int32_t row, const std::string& field) const {
+    return unknown_.contains({row, field});
+  }
+  /// Shown in place of a description that was not found.
+  const std::string& unknownText() const { return unknownText_; }
+  void translate(const Translator& translator) override;
+  /// Whether the row has no use for the cell, which is drawn grey.
+  bool isUnused(std::int32_t row, const std::string& field) const {
+    return cellUnused && cellUnused(row, field);
+  }
+
+  /// Of the check cells of a column, as they are shown.
+  TickState tickState(const std::string& field);
+
+  /// Tells the state of a row, when it follows from the row's other cells.
+  std::function<Value(std::int32_t row)> rowStateOf;
+  /// Tells which cells a row has no use for.
+  std::function<bool(std::int32_t row, const std::string& field)> cellUnused;
 
   /// Tells which editable cells of a row are locked now.
   std::function<bool(std::int32_t row, const std::string& field)> cellLocked;
@@ -145,11 +178,17 @@ class QueryGrid : public OfKind<ControlKind::QueryGrid> {
   std::vector<Column> columns_;
   std::string keyField_;
   std::string rowStateField_;
+  std::string unknownText_ = "Codice non trovato";
   Ref<ado::Recordset> rows_;
   RowCache cache_;
   /// The texts of the description cells, row by row. They are made when the
   /// rows change and not when they are drawn, since each may cost a statement.
   std::vector<std::vector<std::string>> descriptions_;
+  /// Cells by row and field.
+  std::set<std::pair<std::int32_t, std::string>> unknown_;
+  std::map<std::pair<std::int32_t, std::string>, Value> shownInstead_;
+  /// Found out since the rows changed, by column.
+  std::map<std::string, TickState> tickStates_;
 };
 
 }  // namespace kebu::controls

@@ -6,6 +6,7 @@
 #include "common/convert.h"
 #include "common/platform.h"
 #include "controls/row_editing.h"
+#include "controls/typed_value.h"
 
 namespace kebu::controls {
 
@@ -23,17 +24,7 @@ bool BoundControl::writeToRecord(const Value& value) {
   if (!frame_) return true;
   return trap(frame_->host_, Name(), [&](Steps& step) {
     step([&] { frame_->beginEdit(); });
-    return step([&] {
-      try {
-        frame_->setField(dbField_, value);
-        return true;
-      } catch (const RuntimeError& error) {
-        if (!error.isValueError()) throw;
-        frame_->host_.message("Valore non valido: \"" + toDisplay(value) + "\".",
-                              msgbox::exclamation);
-        return false;
-      }
-    });
+    return step([&] { return frame_->take(*this, value); });
   });
 }
 
@@ -67,6 +58,22 @@ void RecordFrame::setDataSource(const Ref<ado::Recordset>& rows) {
 void RecordFrame::setField(std::string_view name, const Value& value) {
   ensureRow();
   controls::setField(*rows_, name, value);
+}
+
+bool RecordFrame::take(const BoundControl& control, const Value& value) {
+  ensureRow();
+  const auto& fields = rows_->fields();
+  const ado::Field& field = fields[ado::requireIndex(fields, control.DBField())];
+  try {
+    if (!losesDecimals(field, value)) {
+      setField(control.DBField(), value);
+      return true;
+    }
+  } catch (const RuntimeError& error) {
+    if (!error.isValueError()) throw;
+  }
+  tellRefused(host_, control.caption(), field, value);
+  return false;
 }
 
 bool RecordFrame::isRecordChanged() const {
@@ -165,10 +172,11 @@ bool RecordFrame::Update() {
   return status_ == FrameStatus::Browsing;
 }
 
-bool RecordFrame::isComplete() const {
-  for (const BoundControl* control : controls_) {
+bool RecordFrame::isComplete() {
+  for (BoundControl* control : controls_) {
     if (!control->isMissing()) continue;
     host_.message("Indicare un valore per \"" + control->caption() + "\".", msgbox::exclamation);
+    Refused.raise(*control);
     return false;
   }
   return std::ranges::all_of(children_, &RecordFrame::isComplete);

@@ -82,6 +82,9 @@ class RecordFrame : public OfKind<ControlKind::RecordFrame> {
   Value field(std::string_view name) const { return hasRecord() ? rows_->value(name) : Value(); }
   /// Writes it without a trap; a child without a row gets one first.
   void setField(std::string_view name, const Value& value);
+  /// What is deleted with the record, told in the question before.
+  void setDeletedWith(const std::string& text) { deletedWith_ = text; }
+  const std::string& deletedWith() const { return deletedWith_; }
   /// By default everything is allowed.
   void setRights(const Rights& rights);
   /// Whether the user's rights allow a change of the record, or without one a new record.
@@ -119,6 +122,8 @@ class RecordFrame : public OfKind<ControlKind::RecordFrame> {
   Event<> AfterDelete;
   /// A deletion was refused or failed; some of what it deletes may be gone.
   Event<> DeleteBrokenOff;
+  /// A save was refused because of the value in this control.
+  Event<BoundControl&> Refused;
   /// Somebody else changed or deleted the record meanwhile; it was not written.
   Event<> Conflict;
   Event<> AfterUndo;
@@ -137,12 +142,14 @@ class RecordFrame : public OfKind<ControlKind::RecordFrame> {
 
   void setStatus(FrameStatus status);
   void refreshControls();
+  /// Takes what the user entered in a control; false when the user was told why not.
+  bool take(const BoundControl& control, const Value& value);
   /// A child without a row gets one before it is edited or saved.
   void ensureRow() {
     if (!hasRecord()) rows_->AddNew();
   }
   /// Tells the user of the first required value that is missing.
-  bool isComplete() const;
+  bool isComplete();
   /// Asks the before events of the children and of this frame; false when one refuses.
   bool approveUpdate();
   bool write();
@@ -157,6 +164,7 @@ class RecordFrame : public OfKind<ControlKind::RecordFrame> {
   std::vector<BoundControl*> controls_;
   Ref<ado::Recordset> rows_;
   Rights rights_{true, true, true};
+  std::string deletedWith_;
   FrameStatus status_ = FrameStatus::Browsing;
 };
 

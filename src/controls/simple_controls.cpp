@@ -4,6 +4,11 @@
 
 namespace kebu::controls {
 
+void Label::translate(const Translator& translator) {
+  Control::translate(translator);
+  unknownText_ = translator(unknownText_);
+}
+
 void GroupBox::add(Control& child) {
   child.setContainer(*this);
   children_.push_back(&child);

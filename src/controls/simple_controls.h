@@ -16,9 +16,17 @@ class Label : public OfKind<ControlKind::Label> {
   /// Whether views draw the text as a warning.
   bool isWarning() const { return warning_; }
   void setWarning(bool warning) { warning_ = warning; }
+  /// Whether the code that it describes was not found. Views then show unknownText() while
+  /// there is no caption.
+  bool isUnknown() const { return unknown_; }
+  void setUnknown(bool unknown) { setShown(unknown_, unknown); }
+  const std::string& unknownText() const { return unknownText_; }
+  void translate(const Translator& translator) override;
 
  private:
   bool warning_ = false;
+  bool unknown_ = false;
+  std::string unknownText_ = "Codice non trovato";
 };
 
 class TitleBar : public OfKind<ControlKind::TitleBar> {

@@ -36,11 +36,18 @@ std::string PageContext::lookUpText(const std::string& statement, std::string_vi
   return rows->EOF_() ? "" : RTrimN(NVL(rows->value(column), ""));
 }
 
-std::optional<Value> PageContext::choose(const host::LookupDefinition& definition) const {
+std::optional<Value> PageContext::choose(const host::LookupDefinition& definition,
+                                         const std::string& current) const {
   std::vector<std::string> captions;
   for (const std::string& caption : definition.captions) captions.push_back(translate(caption));
   controls::LookupList list(translate(definition.title), std::move(captions),
                             connection->Execute(definition.statement));
+  list.setCurrent(trimRight(current));
+  const controls::LookupList::Texts texts;
+  list.setTexts({.search = translate(texts.search),
+                 .take = translate(texts.take),
+                 .leave = translate(texts.leave),
+                 .nothingFound = translate(texts.nothingFound)});
   runtime_.desktop.runLookup(list);
   return list.chosen();
 }

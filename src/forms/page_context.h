@@ -71,8 +71,9 @@ class PageContext {
   Date today() const { return runtime_.platform.now().withoutTime(); }
   /// The first row's value of `column`, through NVL and RTrimN; "" without a row.
   std::string lookUpText(const std::string& statement, std::string_view column) const;
-  /// Lets the user choose from a list; the code chosen, or nothing.
-  std::optional<Value> choose(const host::LookupDefinition& definition) const;
+  /// Lets the user choose from a list that opens on the current code; the code chosen, or nothing.
+  std::optional<Value> choose(const host::LookupDefinition& definition,
+                              const std::string& current) const;
 
   std::string translate(const std::string& text) const { return services.TranslateString(text); }
 

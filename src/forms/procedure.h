@@ -88,9 +88,9 @@ class Procedure {
     step([&] { grid.setDataSource(rows); });
   }
 
-  /// Lets the user choose from a list; the code chosen, or nothing.
-  std::optional<Value> choose(const host::LookupDefinition& list) {
-    return step([&] { return context_.choose(list); });
+  /// Lets the user choose from a list that opens on the current code; the code chosen, or nothing.
+  std::optional<Value> choose(const host::LookupDefinition& list, const std::string& current) {
+    return step([&] { return context_.choose(list, current); });
   }
   /// Shows a message of the host's store, by number.
   void tell(std::int32_t message, std::int32_t style) {

@@ -55,15 +55,16 @@ std::string ElencoStatiArticolo() {
   return "SELECT MG6W_INDSTATO, MG6W_DESCR FROM MG6W_STATIART WITH (NOLOCK) ";
 }
 
-std::string ContaArticoli(const Company& company, const std::string& filter) {
-  return lines({" SELECT COUNT(DISTINCT MG66_CODART) AS QUANTI",
-                " FROM MG66_ANAGRART WITH (NOLOCK)", " LEFT JOIN MG87_ARTDESC WITH (NOLOCK)",
-                "     ON MG87_DITTA_CG18 = MG66_DITTA_CG18 AND MG87_CODART_MG66 = MG66_CODART",
-                join({" WHERE MG66_DITTA_CG18 = ", company, filter})});
+std::string ContaArticoli(const std::string& view, const Company& company,
+                          const std::string& filter) {
+  return lines({" SELECT COUNT(DISTINCT MG87_CODART_MG66) AS QUANTI, COUNT(*) AS ELENCATI",
+                join({" FROM ", view, " v "}),
+                join({" WHERE MG87_DITTA_CG18 = ", company, filter})});
 }
 
-std::string ContaClienti(const Company& company, const std::string& filter) {
-  return lines({" SELECT COUNT(*) AS QUANTI", " FROM VGM16_KBWSUSERS_KELMORIA",
+std::string ContaClienti(const std::string& view, const Company& company,
+                         const std::string& filter) {
+  return lines({" SELECT COUNT(*) AS QUANTI, COUNT(Email) AS ELENCATI", join({" FROM ", view}),
                 join({" WHERE CG44_DITTA_CG18 = ", company, filter})});
 }
 

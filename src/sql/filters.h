@@ -19,10 +19,13 @@ std::string DecodificaStatoArticolo(const std::string& state);
 /// Reads the article states from MG6W_STATIART: number and description.
 std::string ElencoStatiArticolo();
 
-/// Counts the company's articles that a filter selects from MG66_ANAGRART and MG87_ARTDESC, as
-/// QUANTI. The filter is appended as it stands, with its own connector, or is empty.
-std::string ContaArticoli(const Company& company, const std::string& filter);
-/// Counts the company's customers that a filter selects from VGM16_KBWSUSERS_KELMORIA, as QUANTI.
-std::string ContaClienti(const Company& company, const std::string& filter);
+/// Counts what a filter selects from the view of published articles: the articles as QUANTI, the
+/// rows that the preview lists, which are their variants, as ELENCATI. The filter is appended as it
+/// stands, with its own connector, or is empty.
+std::string ContaArticoli(const std::string& view, const Company& company,
+                          const std::string& filter);
+/// The same for the view of published customers; the preview lists those with an e-mail address.
+std::string ContaClienti(const std::string& view, const Company& company,
+                         const std::string& filter);
 
 }  // namespace kebu::sql

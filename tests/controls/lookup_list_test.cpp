@@ -8,15 +8,22 @@
 namespace kebu::controls {
 namespace {
 
-TEST_F(ControlTest, LookupListFindsByCodeOrDescriptionAndGivesTheCode) {
+TEST_F(ControlTest, LookupListFindsAnywhereInAnyColumnAndGivesTheCode) {
   run("CREATE TABLE L (CODICE varchar(5), DESCR varchar(20), ALTRO int)");
   run("INSERT INTO L VALUES ('01', 'Lecco', 1), ('02', 'Varese', 2), ('10', 'Vercelli', 3)");
   LookupList list("Elenco", {"Codice", "Descrizione"}, open("SELECT * FROM L ORDER BY CODICE"));
   EXPECT_EQ(list.rowCount(), 3);
-  EXPECT_EQ(list.search("1"), 3);
-  EXPECT_EQ(list.search("ve"), 3);
-  EXPECT_EQ(list.search("VAR"), 2);
-  EXPECT_EQ(list.search("x"), std::nullopt);
+  using Rows = std::vector<std::int32_t>;
+  EXPECT_EQ(list.matching(""), (Rows{1, 2, 3}));
+  EXPECT_EQ(list.matching("1"), (Rows{1, 3}));
+  EXPECT_EQ(list.matching("ese"), Rows{2});
+  EXPECT_EQ(list.matching("EC"), Rows{1});
+  EXPECT_EQ(list.matching("x"), Rows{});
+  EXPECT_EQ(list.current(), 1);
+  list.setCurrent("99");
+  EXPECT_EQ(list.current(), 1);
+  list.setCurrent("10");
+  EXPECT_EQ(list.current(), 3);
   EXPECT_FALSE(list.chosen());
   EXPECT_THROW(list.choose(4), GestureRefused);
   list.choose(2);
@@ -27,7 +34,7 @@ TEST_F(ControlTest, LookupListTellsOfACaptionWithoutAColumn) {
   run("CREATE TABLE L (CODICE varchar(5))");
   run("INSERT INTO L VALUES ('01')");
   const LookupList list("Elenco", {"Codice", "Descrizione"}, open("SELECT * FROM L"));
-  EXPECT_THROW(list.search("x"), std::out_of_range);
+  EXPECT_THROW(list.matching("x"), std::out_of_range);
 }
 
 TEST_F(ControlTest, LookupListOfNothingIsEmpty) {

@@ -59,7 +59,8 @@ TEST_F(QueryGridTest, EditsReachTheTableAndWrongOnesAreTold) {
   grid.edit(2, "PREZZO", "19,90");
   EXPECT_EQ(first("SELECT PREZZO FROM T WHERE ID = 2"), "19,9");
   grid.edit(2, "PREZZO", "caro");
-  EXPECT_EQ(host.messages, (std::vector<std::string>{"Valore non valido: \"caro\"."}));
+  ASSERT_EQ(host.messages.size(), 1U);
+  EXPECT_TRUE(host.messages.front().starts_with("Valore non valido: \"caro\". "));
   EXPECT_EQ(grid.cellText(2, 2), "19,9");
   grid.edit(2, "MISURA", "2");
   EXPECT_EQ(grid.cellText(2, 1), "Grande");
@@ -122,7 +123,8 @@ TEST_F(QueryGridTest, LookupEntersTheChosenCodeOnly) {
   EXPECT_THROW(grid.lookup(1, "MISURA"), GestureRefused);
   // A text longer than the column is told, too.
   grid.edit(2, "FORNITORE", "F123456");
-  EXPECT_EQ(host.messages, (std::vector<std::string>{"Valore non valido: \"F123456\"."}));
+  ASSERT_EQ(host.messages.size(), 1U);
+  EXPECT_TRUE(host.messages.front().starts_with("Valore non valido: \"F123456\". "));
   EXPECT_EQ(grid.cellText(2, 5), "F12");
 }
 

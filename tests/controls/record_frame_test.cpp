@@ -26,7 +26,7 @@ class RecordFrameTest : public ControlTest {
     bar.setRights({true, true, true});
     bar.bind(frame);
     frame.IsRecordChanged.on([this](bool& changed) { changed |= child.isRecordChanged(); });
-    child.UpdateBatchAll.on([this] { child.setField("P", frame.field("ID")); });
+    child.UpdateBatchAll.on([this](bool&) { child.setField("P", frame.field("ID")); });
     frame.ChangeStatus.on([this](FrameStatus status, FrameStatus previous) {
       changes.emplace_back(static_cast<int>(status), static_cast<int>(previous));
     });
@@ -126,8 +126,9 @@ TEST_F(RecordFrameTest, WrongAndMissingValuesAreToldAndLoseNothing) {
   number.setRequired(true);
   number.type("");
   bar.press("Conferma");
-  EXPECT_EQ(host.messages, (std::vector<std::string>{"Valore non valido: \"molti\".",
-                                                     "Indicare un valore per \"Numero\"."}));
+  EXPECT_EQ(host.messages,
+            (std::vector<std::string>{"Valore non valido: \"molti\". Numero: numero intero.",
+                                      "Indicare un valore per \"Numero\"."}));
   EXPECT_EQ(first("SELECT NUMERO FROM C"), "5");
 }
 
@@ -179,6 +180,50 @@ TEST_F(RecordFrameTest, APageMayRuleTheBarWithinTheUsersRights) {
   bar.setRights({true, true, true});
   bar.setFollowsFrame(true);
   EXPECT_TRUE(bar.isButtonEnabled("Annulla"));
+}
+
+// Even when a control was not locked, nothing is begun, saved or deleted without the right to it.
+TEST_F(RecordFrameTest, ActsOnlyWithinTheUsersRights) {
+  run("INSERT INTO P (NOME) VALUES ('negozio')");
+  show();
+  frame.setRights({.canInsert = true, .canUpdate = false, .canDelete = false});
+  frame.markModified();
+  EXPECT_EQ(frame.status(), FrameStatus::Browsing);
+  EXPECT_FALSE(frame.Delete());
+  frame.setRights({.canInsert = true, .canUpdate = true, .canDelete = false});
+  name.type("altro");
+  frame.setRights({.canInsert = true, .canUpdate = false, .canDelete = false});
+  EXPECT_FALSE(frame.Update());
+  EXPECT_EQ(host.messages.size(), 1U);
+  EXPECT_EQ(first("SELECT NOME FROM P"), "negozio");
+}
+
+TEST_F(RecordFrameTest, TellsOfARecordThatSomebodyElseDeleted) {
+  run("INSERT INTO P (NOME) VALUES ('negozio')");
+  show();
+  int conflicts = 0;
+  frame.Conflict.on([&] { ++conflicts; });
+  name.type("altro");
+  run("DELETE FROM P");
+  EXPECT_FALSE(frame.Update());
+  EXPECT_EQ(conflicts, 1);
+  EXPECT_TRUE(host.errors.empty());
+  EXPECT_EQ(host.messages.size(), 1U);
+  EXPECT_EQ(name.text(), "altro");
+  EXPECT_EQ(first("SELECT COUNT(*) FROM P"), "0");
+}
+
+TEST_F(RecordFrameTest, RefusesDecimalsInAWholeNumberAndSaysWhatItTakes) {
+  bar.press("Nuovo");
+  number.type("12");
+  number.type("1,5");
+  EXPECT_EQ(host.messages,
+            std::vector<std::string>{"Valore non valido: \"1,5\". Numero: numero intero."});
+  EXPECT_EQ(number.text(), "12");
+  name.type("un nome troppo lungo per la colonna");
+  EXPECT_EQ(host.messages.back(),
+            "Valore non valido: \"un nome troppo lungo per la colonna\". Nome: testo, caratteri al "
+            "massimo: 20.");
 }
 
 }  // namespace

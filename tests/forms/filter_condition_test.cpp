@@ -144,11 +144,19 @@ class FilterConditionTest : public testing::Test {
     }
   }
 
-  /// The count that the button tells.
-  std::string counted(const std::string& editor) {
+  /// The counts that the button tells: what is selected, and what the preview lists of it.
+  std::pair<std::string, std::string> counted(const std::string& editor) {
     workplace.hands().clickButton(editor + ".CONTA");
     const std::string answer = workplace.hands().value(editor + ".ESITO");
-    return answer.substr(answer.find(": ") + 2);
+    const std::size_t first = answer.find(": ") + 2;
+    const std::size_t end = std::min(answer.find(';'), answer.size());
+    return {answer.substr(first, end - first), answer.substr(answer.rfind(": ") + 2)};
+  }
+
+  /// What is counted of the published articles.
+  std::string published(const std::string& what, const std::string& filter) {
+    return workplace.company().value("SELECT " + what + " FROM VGM19_KBWSPRODUCTS_KELMORIA v" +
+                                     " WHERE MG87_DITTA_CG18 = 1" + filter);
   }
 
   std::string stored(const char* column) {
@@ -208,7 +216,7 @@ TEST_F(FilterConditionTest, ArticlesAreThoseThatTheFilterSays) {
     const auto [low, high] = twoValues(source);
     for (const QueryCondition& condition : conditionsOn(source.field, low, high)) {
       state("ENHQUERY_ART", rows[name], condition);
-      const std::string count = counted("ENHQUERY_ART");
+      const auto [count, listed] = counted("ENHQUERY_ART");
       const std::string filter = stored("GM04_WHERESELARTICOLI");
       SCOPED_TRACE(filter);
       ASSERT_FALSE(filter.empty());
@@ -222,6 +230,10 @@ TEST_F(FilterConditionTest, ArticlesAreThoseThatTheFilterSays) {
       const auto expected = expectedArticles(source, values, condition);
       EXPECT_EQ(found, expected);
       EXPECT_EQ(count, std::to_string(expected.size()));
+      EXPECT_EQ(listed,
+                workplace.company().value("SELECT COUNT(*) FROM VGM19_KBWSPRODUCTS_KELMORIA v"
+                                          " WHERE MG87_DITTA_CG18 = 1" +
+                                          filter));
       selecting += !expected.empty() && expected.size() < allArticles.size() ? 1 : 0;
     }
     workplace.hands().choose(QueryEditor::operatorName("ENHQUERY_ART", rows[name]), "clear");
@@ -259,7 +271,7 @@ TEST_F(FilterConditionTest, CustomersAreThoseThatTheFilterSays) {
           [&](const std::string& value) { return characterCount(value) <= field.length; });
       if (!isTyped) continue;  // nobody could have
       state("ENHQUERY_CLI", row, condition);
-      const std::string count = counted("ENHQUERY_CLI");
+      const auto [count, listed] = counted("ENHQUERY_CLI");
       const std::string filter = stored("GM04_WHERECLIFOR");
       SCOPED_TRACE(filter);
       std::multiset<std::string> expected;
@@ -270,6 +282,10 @@ TEST_F(FilterConditionTest, CustomersAreThoseThatTheFilterSays) {
           "SELECT CG44_CLIFOR FROM VGM16_KBWSUSERS_KELMORIA WHERE CG44_DITTA_CG18 = 1" + filter);
       EXPECT_EQ(std::multiset<std::string>(found.begin(), found.end()), expected);
       EXPECT_EQ(count, std::to_string(expected.size()));
+      EXPECT_EQ(listed,
+                workplace.company().value("SELECT COUNT(*) FROM VGM16_KBWSUSERS_KELMORIA"
+                                          " WHERE CG44_DITTA_CG18 = 1 and Email is not NULL" +
+                                          filter));
       selecting += !expected.empty() && expected.size() < values.size() ? 1 : 0;
     }
     workplace.hands().choose(QueryEditor::operatorName("ENHQUERY_CLI", row), "clear");

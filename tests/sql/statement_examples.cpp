@@ -117,8 +117,8 @@ ExamplePage filtersPage() {
           {"CongiuntoArticoli: of its product", of({"PD18_INDPROVENIENZA", true}, "1"), true},
           {"DecodificaStatoArticolo", DecodificaStatoArticolo("1")},
           {"ElencoStatiArticolo", ElencoStatiArticolo()},
-          {"ContaArticoli", ContaArticoli(company, ofTools())},
-          {"ContaClienti", ContaClienti(company, inForli())},
+          {"ContaArticoli", ContaArticoli("VGM19_KBWSPRODUCTS_KELMORIA", company, ofTools())},
+          {"ContaClienti", ContaClienti("VGM16_KBWSUSERS_KELMORIA", company, inForli())},
       }};
 }
 

@@ -72,6 +72,9 @@ constexpr Aspect aspects[] = {
      [](const ControlView& v) { return std::string(flagText(!isMarked(v, "read-only"))); }},
     {"required", true,
      [](const ControlView& v) { return std::string(flagText(isMarked(v, "required"))); }},
+    {"known", true,
+     [](const ControlView& v) { return std::string(flagText(!isMarked(v, "unknown"))); }},
+    {"hint", false, [](const ControlView& v) { return v.hint; }},
     {"caption", false, [](const ControlView& v) { return v.caption; }},
     {"rows", false,
      [](const ControlView& v) {
@@ -137,6 +140,11 @@ void expectRefused(Player& player, const Words& step) {
 }
 
 void expectAspect(Player& player, const Words& subject, const std::string& expected) {
+  if (subject[1] == "focused") {
+    const std::string found = flagText(player.stage().hands.isFocused(subject[0]));
+    player.check(found == flagText(toFlag(expected)), join(subject), expected, found);
+    return;
+  }
   const auto* const aspect = std::find_if(std::begin(aspects), std::end(aspects),
                                           [&](const Aspect& a) { return a.name == subject[1]; });
   if (aspect == std::end(aspects)) throw StepError("controls have no \"" + subject[1] + "\"");
@@ -185,6 +193,9 @@ void expectValue(Player& player, const Words& subject, const std::string& expect
     const std::string wanted = flagText(toFlag(expected));
     const std::string found = flagText(hands.isButtonEnabled(subject[0], subject[1]));
     player.check(wanted == found, join(subject), wanted, found);
+  } else if (subject[2] == "ticked") {
+    const std::string found = hands.tickState(subject[0], subject[1]);
+    player.check(expected == found, join(subject), expected, found);
   } else if (subject[2] == "changed") {
     expectLink(player, subject, expected);
   } else {

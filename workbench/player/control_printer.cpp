@@ -47,6 +47,11 @@ std::string markOf(const std::string& state) {
   return state;
 }
 
+std::string printed(const GridCellView& cell) {
+  return cell.text + (cell.locked ? "*" : "") + (cell.unused ? "~" : "") +
+         (cell.unknown ? "?" : "");
+}
+
 void printGrid(std::ostream& out, const GridView& grid) {
   TextTable table;
   std::vector<std::string> captions{""};
@@ -61,7 +66,7 @@ void printGrid(std::ostream& out, const GridView& grid) {
     std::string head = (row.number == grid.currentRow ? "> " : "  ") + std::to_string(row.number);
     if (!row.state.empty()) head += " " + markOf(row.state);
     std::vector<std::string> line{std::move(head)};
-    for (const GridCellView& cell : row.cells) line.push_back(cell.text + (cell.locked ? "*" : ""));
+    for (const GridCellView& cell : row.cells) line.push_back(printed(cell));
     table.add(std::move(line));
   }
   table.write(out, "  ");

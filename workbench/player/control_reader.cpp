@@ -22,6 +22,8 @@ void describe(ControlView& view, const EditBox& box) {
   if (!box.isEditable()) view.marks.emplace_back("read-only");
   if (box.isRequired()) view.marks.emplace_back("required");
   if (box.hasLookup()) view.marks.emplace_back("look-up");
+  if (box.isUnknown()) view.marks.emplace_back("unknown");
+  view.hint = box.hint();
 }
 
 void describe(ControlView& view, const ComboBox& combo) {
@@ -106,8 +108,9 @@ void describe(ControlView& view, QueryGrid& grid, const RowRange& rows) {
     line.state = toDisplay(grid.rowState(row));
     for (std::size_t i = 0; i < grid.columns().size(); ++i) {
       const QueryGrid::Column& column = grid.columns()[i];
-      line.cells.push_back(
-          {grid.cellText(row, i), isChangeable(column.kind) && grid.isLocked(row, column)});
+      line.cells.push_back({grid.cellText(row, i),
+                            isChangeable(column.kind) && grid.isLocked(row, column),
+                            grid.isUnused(row, column.field), grid.isUnknown(row, column.field)});
     }
   }
 }

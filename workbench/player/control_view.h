@@ -9,7 +9,9 @@ namespace kebu::workbench {
 
 struct GridCellView {
   std::string text;
-  bool locked = false;  ///< cannot be changed although the column is editable
+  bool locked = false;   ///< cannot be changed although the column is editable
+  bool unused = false;   ///< the row has no use for it
+  bool unknown = false;  ///< a description whose code was not found
 };
 
 struct GridRowView {
@@ -43,7 +45,8 @@ struct ControlView {
   std::optional<std::string> value;  ///< as displayed: a combo's code with its caption
   bool enabled = true;
   bool visible = true;
-  std::vector<std::string> marks;  ///< "read-only", "required", "look-up"
+  std::string hint;                ///< shown in an empty box
+  std::vector<std::string> marks;  ///< "read-only", "required", "look-up", "unknown", "locked"
   std::vector<ItemView> items;
   std::vector<ControlView> children;
   std::optional<GridView> grid;

@@ -88,6 +88,10 @@ void lookup(Player& player, const Words& arguments) {
   }
 }
 
+void refresh(Player& player, const Words& /*arguments*/) {
+  player.stage().hands.refresh();
+}
+
 void notice(Player& player, const Words& arguments) {
   player.stage().hands.pressNotice(arguments[0]);
 }

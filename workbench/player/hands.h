@@ -36,6 +36,10 @@ class Hands {
   virtual void lookupCell(const std::string& grid, std::int32_t row, const std::string& field) = 0;
   /// Presses the button of the first notice whose text contains `text`.
   virtual void pressNotice(const std::string& text) = 0;
+  /// Reads again what the page shows, with the key for it.
+  virtual void refresh() = 0;
+  /// Whether the control was given the focus by the window.
+  virtual bool isFocused(const std::string& control) = 0;
   virtual void activateWindow() = 0;
   /// The window in front is the host's window of that number.
   virtual void windowOpened(std::int32_t number) = 0;
@@ -52,6 +56,8 @@ class Hands {
                                const std::string& field) = 0;
   /// The window's notices: their texts, with the captions of their buttons as marks.
   virtual std::vector<ItemView> notices() = 0;
+  /// How many check cells of a column are ticked: "all", "some", "none".
+  virtual std::string tickState(const std::string& grid, const std::string& field) = 0;
   virtual bool isButtonEnabled(const std::string& bar, const std::string& button) = 0;
 };
 

@@ -105,6 +105,21 @@ void ModelHands::pressNotice(const std::string& text) {
   noticeList()->press(noticeWith(text, notices()));
 }
 
+std::string ModelHands::tickState(const std::string& grid, const std::string& field) {
+  switch (find<QueryGrid>(grid, "a grid").tickState(field)) {
+    case TickState::All:
+      return "all";
+    case TickState::Some:
+      return "some";
+    default:
+      return "none";
+  }
+}
+
+bool ModelHands::isFocused(const std::string& name) {
+  return window().focusWanted() == &control(name);
+}
+
 void ModelHands::activateWindow() {
   window().activate();
 }

@@ -28,6 +28,8 @@ class ModelHands : public Hands {
   void lookup(const std::string& box) override;
   void lookupCell(const std::string& grid, std::int32_t row, const std::string& field) override;
   void pressNotice(const std::string& text) override;
+  void refresh() override { window().refreshPage(); }
+  bool isFocused(const std::string& control) override;
   void activateWindow() override;
   void windowOpened(std::int32_t number) override { windows_[number] = desktop_.front(); }
   void toFront(std::int32_t number) override { desktop_.activate(*windows_.at(number)); }
@@ -38,6 +40,7 @@ class ModelHands : public Hands {
   std::string cellText(const std::string& grid, std::int32_t row,
                        const std::string& field) override;
   std::vector<ItemView> notices() override;
+  std::string tickState(const std::string& grid, const std::string& field) override;
   bool isButtonEnabled(const std::string& bar, const std::string& button) override;
 
  private:

@@ -36,6 +36,7 @@ constexpr std::array table{
     Step{"tick-all", 3, 3, "GRID FIELD on|off", "clicks a column's select-all", steps::tickAll},
     Step{"lookup", 1, 4, "BOX [N] | GRID ROW FIELD [N] | EDITOR CAPTION 1|2 [N]",
          "opens a look-up, takes its row N; of a range's first or second value", steps::lookup},
+    Step{"refresh", 0, 0, "", "reads again what a preview shows", steps::refresh},
     Step{"notice", 1, 1, "TEXT", "presses the button of the notice that contains the text",
          steps::notice},
     Step{"condition", 3, any, "EDITOR CAPTION OPERATOR [VALUE...]",
@@ -51,15 +52,18 @@ constexpr std::array table{
          steps::slow},
     Step{"sql", 1, 1, "STATEMENT", "runs a statement on a connection of its own", steps::sql},
     Step{"print", 1, 3, "CONTROL | GRID FIRST [LAST] | host",
-         "prints what the user sees; in a grid * is locked, + in order, ! incomplete",
+         "prints what the user sees; in a grid * is locked, ~ unused, ? not found, + in order, ! "
+         "incomplete",
          steps::print},
-    Step{"expect", 2, any,
-         "CONTROL [enabled|visible|editable|required|caption|row|rows] = VALUE | "
-         "BAR BUTTON enabled = VALUE | BAR VIEW changed = VALUE | "
-         "GRID ROW FIELD = VALUE | sql STATEMENT = VALUE | "
-         "host PROPERTY = VALUE | message TEXT | no message | notice TEXT | no notice [TEXT] | "
-         "refused STEP...",
-         "checks", steps::expect},
+    Step{
+        "expect", 2, any,
+        "CONTROL [enabled|visible|editable|required|known|hint|focused|caption|row|rows] = VALUE | "
+        "BAR BUTTON enabled = VALUE | BAR VIEW changed = VALUE | "
+        "GRID FIELD ticked = all|some|none | "
+        "GRID ROW FIELD = VALUE | sql STATEMENT = VALUE | "
+        "host PROPERTY = VALUE | message TEXT | no message | notice TEXT | no notice [TEXT] | "
+        "refused STEP...",
+        "checks", steps::expect},
 };
 
 }  // namespace

@@ -304,7 +304,7 @@ void WindowHands::tickAll(const std::string& grid, const std::string& field, boo
   if (found.count > 0) cellInSight(grid, std::max(found.current, 1), field);
   const auto box = reader().find(Inspected::TickAll, grid, {field, 0, 0});
   if (!box) throw GestureRefused(field + " of " + grid + " is not a check column");
-  if (isMarked(*box, "chosen") != on) {
+  if (!IsRectEmpty(&box->bounds) && isMarked(*box, "chosen") != on) {
     clickOn(box->window, box->bounds);
   } else if (found.count > 0) {
     // The box tells what it was set to last. The keys set the cells either way.
@@ -390,6 +390,23 @@ void WindowHands::pressNotice(const std::string& text) {
   settle();
 }
 
+void WindowHands::refresh() {
+  HWND focused = focus();
+  pressKey(focused ? focused : front(), VK_F5);
+  settle();
+}
+
+std::string WindowHands::tickState(const std::string& grid, const std::string& field) {
+  const auto box = reader().find(Inspected::TickAll, grid, {field, 0, 0});
+  if (!box) throw StepError(field + " of " + grid + " is not a check column");
+  if (isMarked(*box, "chosen")) return "all";
+  return isMarked(*box, "some") ? "some" : "none";
+}
+
+bool WindowHands::isFocused(const std::string& control) {
+  return reader().control(control).window == focus();
+}
+
 void WindowHands::activateWindow() {
   HWND window = front();
   // Another window of the program comes to the front and goes again.
@@ -408,11 +425,7 @@ void WindowHands::windowOpened(std::int32_t number) {
 }
 
 void WindowHands::toFront(std::int32_t number) {
-  thread_.post([window = windows_.at(number)] {
-    SetForegroundWindow(window);
-    SetActiveWindow(window);
-    BringWindowToTop(window);
-  });
+  thread_.post([window = windows_.at(number)] { SetActiveWindow(window); });
   settle();
 }
 

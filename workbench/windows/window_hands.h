@@ -37,6 +37,8 @@ class WindowHands : public Hands {
   void lookup(const std::string& box) override;
   void lookupCell(const std::string& grid, std::int32_t row, const std::string& field) override;
   void pressNotice(const std::string& text) override;
+  void refresh() override;
+  bool isFocused(const std::string& control) override;
   void activateWindow() override;
   void windowOpened(std::int32_t number) override;
   void toFront(std::int32_t number) override;
@@ -47,6 +49,7 @@ class WindowHands : public Hands {
   std::string cellText(const std::string& grid, std::int32_t row,
                        const std::string& field) override;
   std::vector<ItemView> notices() override;
+  std::string tickState(const std::string& grid, const std::string& field) override;
   bool isButtonEnabled(const std::string& bar, const std::string& button) override;
 
  private:

@@ -146,7 +146,8 @@ void WindowReader::describeGrid(ControlView& view, const Inspection& control,
         windows::toUtf8(find(Inspected::Row, view.name, {"", 0, row}).value_or(Inspection{}).marks);
     for (std::int32_t i = 0; i < control.columns; ++i) {
       const Inspection cell = find(Inspected::Cell, view.name, {"", i, row}).value_or(Inspection{});
-      line.cells.push_back({textOf(cell), isMarked(cell, "locked")});
+      line.cells.push_back({textOf(cell), isMarked(cell, "locked"), isMarked(cell, "unused"),
+                            isMarked(cell, "unknown")});
     }
   }
 }
@@ -187,6 +188,7 @@ ControlView WindowReader::look(const std::string& name, const RowRange& rows) co
   }
   if (kind == "EditBox" || kind == "ProgressBar" || kind == "RecordFrame") {
     view.value = textOf(found);
+    view.hint = windows::toUtf8(found.hint);
   } else if (kind == "ComboBox") {
     view.value = "";
     describeItems(view, found);

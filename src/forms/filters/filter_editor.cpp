@@ -5,6 +5,7 @@
 #include "common/convert.h"
 #include "common/nulls.h"
 #include "sql/filters.h"
+#include "sql/preview.h"
 
 namespace kebu::forms {
 
@@ -32,17 +33,21 @@ constexpr const char* businessName = "Ragione sociale";
 
 const FilterSubject& customersSubject() {
   static const FilterSubject subject{.fields = customerFields(),
+                                     .previewKind = 1,
                                      .countStatement = sql::ContaClienti,
                                      .condition = customerCondition,
-                                     .counted = "Clienti selezionati: "};
+                                     .counted = "Clienti selezionati: ",
+                                     .listed = "con e-mail, nell'anteprima: "};
   return subject;
 }
 
 const FilterSubject& articlesSubject() {
   static const FilterSubject subject{.fields = articleFields(),
+                                     .previewKind = 2,
                                      .countStatement = sql::ContaArticoli,
                                      .condition = articleCondition,
-                                     .counted = "Articoli selezionati: "};
+                                     .counted = "Articoli selezionati: ",
+                                     .listed = "con le varianti, nell'anteprima: "};
   return subject;
 }
 
@@ -95,7 +100,7 @@ void FilterEditor::StartLookup(const Request& request, std::optional<Value>& cho
     if (!field) return;
     const auto list =
         p.step([&] { return field->list(context_, *field, upperKeys(*field, request.end)); });
-    chosen = p.choose(list);
+    chosen = p.choose(list, request.value);
   });
 }
 
@@ -121,7 +126,9 @@ std::string FilterEditor::decode(const FilterField& field, const Request& reques
     CodeKeys keys = upperKeys(field, request.end);
     keys.push_back(code);
     const std::string statement = p.step([&] { return field.decode(context_, field, keys); });
-    return p.lookUpText(statement, field.codes.description);
+    const std::string description = p.lookUpText(statement, field.codes.description);
+    editor_.setUnknown(field.dataField, request.end, description.empty());
+    return description;
   });
 }
 
@@ -140,8 +147,13 @@ void FilterEditor::CurrentRecordChanged(const std::string& dataField) {
 void FilterEditor::Conta(std::string& answer) {
   procedure(context_, named("_Conta"), [&](Procedure& p) {
     const std::string filter = p.step([&] { return condition(); });
-    const std::string found = p.lookUpText(subject_.countStatement(p.company(), filter), "QUANTI");
-    if (!found.empty()) answer = context_.translate(subject_.counted) + found;
+    const std::string view = p.lookUpText(sql::NomeTabella(subject_.previewKind), "Tabella");
+    const auto rows = p.read(subject_.countStatement(view, p.company(), filter));
+    const std::string counted = RTrimN(p.value(rows, "QUANTI"));
+    const std::string listed = RTrimN(p.value(rows, "ELENCATI"));
+    if (counted.empty()) return;
+    answer = context_.translate(subject_.counted) + counted;
+    if (listed != counted) answer += "; " + context_.translate(subject_.listed) + listed;
   });
 }
 

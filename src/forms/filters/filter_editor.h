@@ -13,10 +13,13 @@ namespace kebu::forms {
 /// What an editor filters.
 struct FilterSubject {
   std::span<const FilterField> fields;
-  std::string (*countStatement)(const sql::Company& company, const std::string& filter);
+  int previewKind;  ///< of the view that publishes it
+  std::string (*countStatement)(const std::string& view, const sql::Company& company,
+                                const std::string& filter);
   /// The condition on the subject that the editor's choices come to.
   std::string (*condition)(const controls::QueryEditor& editor);
   const char* counted;  ///< what is counted, in Italian
+  const char* listed;   ///< what the preview lists of it, when that is another number
 };
 
 const FilterSubject& customersSubject();

@@ -37,7 +37,9 @@ SelectionDialog::SelectionDialog(const Kind& kind, SelectionCaller& caller)
       filter_(context_, editor_, kind.subject()) {
   trace_.initialized();
   setCaption(kind.caption);
-  addAll(editor_, CMD_OK, CMD_ANNULLA);
+  addAll(editor_, CMD_FILTROPROFILO, CMD_OK, CMD_ANNULLA);
+  CMD_FILTROPROFILO.setVisible(caller.profileFilter != nullptr);
+  CMD_FILTROPROFILO.ButtonClick.on([this] { CMD_FILTROPROFILO_ButtonClick(); });
   CMD_OK.ButtonClick.on([this] { CMD_OK_ButtonClick(); });
   CMD_ANNULLA.ButtonClick.on([this] { CMD_ANNULLA_ButtonClick(); });
 }
@@ -53,10 +55,17 @@ void SelectionDialog::translateTexts(Procedure& p) {
   });
 }
 
+// In memory: what the filter page shows need not be saved.
+void SelectionDialog::CMD_FILTROPROFILO_ButtonClick() {
+  procedure(context_, "CMD_FILTROPROFILO_ButtonClick",
+            [&](Procedure& p) { p.step([&] { editor_.copyFrom(*caller_->profileFilter); }); });
+}
+
 void SelectionDialog::CMD_OK_ButtonClick() {
   procedure(context_, "CMD_OK_ButtonClick", [&](Procedure& p) {
     if (!p.step([&] { return editor_.confirmRanges(); })) return;
     caller_->filterText = condition(p);
+    caller_->filterWords = editor_.words();
     caller_->isFilterObtained = true;
     p.step([&] { Unload(); });
   });

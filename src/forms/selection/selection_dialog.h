@@ -18,6 +18,10 @@ struct SelectionCaller {
   PageContext& context;
   std::string filterText;
   bool isFilterObtained = false;
+  /// The filter in words; "" for none.
+  std::string filterWords = {};
+  /// The profile's own filter, which the dialog offers; null for none.
+  const controls::QueryEditor* profileFilter = nullptr;
 };
 
 /// A modal dialog in which the user narrows a list: one query editor, OK and
@@ -47,10 +51,12 @@ class SelectionDialog : public controls::Form {
   PageContext& context() const { return context_; }
 
   controls::QueryEditor editor_;
+  controls::Button CMD_FILTROPROFILO{"CMD_FILTROPROFILO", "Filtro del profilo"};
   controls::Button CMD_OK{"CMD_OK", "OK"};
   controls::Button CMD_ANNULLA{"CMD_ANNULLA", "Annulla"};
 
  private:
+  void CMD_FILTROPROFILO_ButtonClick();
   void CMD_OK_ButtonClick();
   void CMD_ANNULLA_ButtonClick();
 

@@ -179,7 +179,8 @@ void CategoryLevels::lookUpCode(Level& level) {
     if (kind == AdditionalCode::None) return;
     const auto code = p.choose(kind == AdditionalCode::ConfigurationVariant
                                    ? p.step([&] { return configuratorVariants(); })
-                                   : articleDimensions(p.company()));
+                                   : articleDimensions(p.company()),
+                               level.code.text());
     if (!code) return;
     codeBefore_ = level.code.text();
     p.step([&] { level.code.enter(*code); });

@@ -12,6 +12,7 @@ namespace {
 constexpr const char* lastUpdate = "Ultimo aggiornamento: ";
 
 // The causes of notices.
+constexpr const char* deletingCause = "rules deleted";
 std::string recomputingCause(const DiscountGrid& mode) {
   return "recomputing of " + mode.grid.Name();
 }
@@ -147,6 +148,7 @@ void DiscountsPage::CMB_LISTINISCONTO_ChangeRow() {
     offer(false, false);
     CMD_AGGIORNA.setEnabled(any);
     LBL_DATAULTAGG.setCaption("");
+    context_.notices.remove(deletingCause);
     for (PageLoad& load : loads_) load.ended(true);  // of the list type before
     if (!any) return;
     CaricaListini(onPrice);
@@ -169,6 +171,7 @@ void DiscountsPage::CMD_AGGIORNA_ButtonClick() {
 
 bool DiscountsPage::confirm() {
   return procedure(context_, "INAV_PAR_ButtonClick", [&](Procedure& p) {
+    context_.notices.remove(deletingCause);
     const bool stored = registerBoth();
     setPending(false);
     offer(false, true);
@@ -275,14 +278,28 @@ void DiscountsPage::AggiornaListini(DiscountGrid& mode, bool hasStored) {
 }
 
 void DiscountsPage::EliminaListini() {
+  std::string deleted;
+  std::string kept;
+  const auto add = [](std::string& names, const DiscountGrid& mode) {
+    names += (names.empty() ? "" : ", ") + mode.check.caption();
+  };
   procedure(context_, {"EliminaListini", errorTitle}, [&](Procedure& p) {
     for (const DiscountGrid* mode : {&onPrice, &byGrid}) {
+      if (mode->isOn()) add(kept, *mode);
       if (mode->isOn() || !mode->rows() || loadOf(*mode).hasFailed()) continue;
       const std::string listType = toSqlNumber(CDecN(options.CMB_LISTINISCONTO.value()));
       const auto painted = context_.paintedMeanwhile();
       p.run(sql::EliminaRegole(p.company(), mode->mode(), listType));
+      add(deleted, *mode);
     }
   });
+  std::string text;
+  if (!deleted.empty()) text += context_.translate("Regole eliminate: ") + deleted + ". ";
+  if (!kept.empty()) {
+    text += context_.translate("Regole mantenute perché la casella è selezionata: ") + kept + ".";
+  }
+  if (text.empty()) text = context_.translate("Nessuna regola è stata eliminata.");
+  context_.notices.show({.cause = deletingCause, .text = text});
 }
 
 }  // namespace kebu::forms

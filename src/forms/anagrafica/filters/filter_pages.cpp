@@ -31,6 +31,10 @@ FilterPages::FilterPages(PageContext& context, const QueryComposer& composer)
     editor->CurrentRecordChanged.on([this, editor](const std::string&) {
       procedure(context_, editor->Name() + "_CurrentRecordChanged",
                 [&](Procedure&) { context_.profile.markModified(); });
+      // Once the user has changed a filter, only what became equal is told no more.
+      for (const Filter& filter : {customers(), articles()}) {
+        if (isStored(filter)) context_.notices.remove(filter.savedName);
+      }
     });
   }
 }
@@ -64,6 +68,7 @@ void FilterPages::ImpostaEnQuery() {
   procedure(context_, "ImpostaEnQuery", [&](Procedure& p) {
     prepare(customers(), p);
     prepare(articles(), p);
+    compareWithStored();
   });
 }
 
@@ -73,6 +78,29 @@ void FilterPages::prepare(const Filter& filter, Procedure& p) {
   if (p.step(load)) return;
   p.step([&] { filter.editor.saveFilter(filter.savedName, true); });
   p.step(load);
+}
+
+bool FilterPages::isStored(const Filter& filter) const {
+  if (!parameters_ || !parameters_->hasRecord()) return true;
+  bool isSame = true;
+  ignoringErrors([&] {
+    isSame = RTrimN(parameters_->field(filter.column)) == RTrimN(filter.filter.condition());
+  });
+  return isSame;
+}
+
+void FilterPages::compareWithStored() {
+  for (const Filter& filter : {customers(), articles()}) {
+    if (isStored(filter)) {
+      context_.notices.remove(filter.savedName);
+      continue;
+    }
+    context_.notices.show(
+        {.cause = filter.savedName,
+         .text = context_.translate(filter.name) + ": " +
+                 context_.translate("la condizione memorizzata nel profilo è diversa da quella "
+                                    "della pagina. Il salvataggio la sostituisce.")});
+  }
 }
 
 std::optional<std::string> FilterPages::build(const char* procedureName,
@@ -124,6 +152,7 @@ void FilterPages::reload() {
     for (const Filter& filter : {customers(), articles()}) {
       p.step([&] { static_cast<void>(filter.editor.loadFilter(filter.savedName)); });
     }
+    compareWithStored();
   });
 }
 

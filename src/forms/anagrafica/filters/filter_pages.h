@@ -35,6 +35,11 @@ class FilterPages : public Page {
   /// that differ into the parameter row. Cancels when the bounds of a range are
   /// the wrong way round, or a condition's builder was left by Abort.
   void storeConditions(controls::RecordFrame& parameters, bool& cancel, Procedure& p);
+  /// The row in which the conditions are stored.
+  void setParameters(const controls::RecordFrame& parameters) { parameters_ = &parameters; }
+  /// Says so when a stored condition is not the one that the page composes: saved filters are the
+  /// user's, stored conditions the company's.
+  void compareWithStored();
   /// Shows the saved filters again.
   void reload();
 
@@ -44,12 +49,15 @@ class FilterPages : public Page {
   Filter customers();
   Filter articles();
   static void prepare(const Filter& filter, Procedure& p);
+  /// Whether the page would store what is stored, or nothing is stored yet.
+  bool isStored(const Filter& filter) const;
   /// The condition of a filter; nothing when the procedure was left by Abort.
   std::optional<std::string> build(const char* procedureName, const FilterEditor& filter);
   /// False when the condition could not be composed.
   bool store(const Filter& filter, controls::RecordFrame& parameters, Procedure& p);
 
   PageContext& context_;
+  const controls::RecordFrame* parameters_ = nullptr;
   FilterEditor customers_;
   FilterEditor articles_;
 };

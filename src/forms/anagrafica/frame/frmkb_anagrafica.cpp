@@ -47,6 +47,13 @@ FRMKB_ANAGRAFICA::FRMKB_ANAGRAFICA(const Runtime& runtime)
   buildPages();
   INAV_PAR.bind(FME_ANAGRAFICA);
   FME_ANAGRAFICA.stateChanged.on([this] { lockByRights(); });
+  filters_.setParameters(parameters_.FME_PARAMETRI);
+  preview_.setProfileFilters(filters_.ENHQUERY_CLI, filters_.ENHQUERY_ART);
+  priceLists_.arePricesManaged = [this] { return parameters_.CHK_GM04_FLGGESTPREZZI.isTicked(); };
+  parameters_.CHK_GM04_FLGGESTPREZZI.Click.on([this] { priceLists_.refreshNotices(); });
+  for (controls::RecordFrame* frame : {&FME_ANAGRAFICA, &parameters_.FME_PARAMETRI}) {
+    frame->Refused.on([this](controls::BoundControl& control) { showRefused(control); });
+  }
   categories_.ChangedByUser.on([this] { markChangedPages(); });
   discounts_.PendingChanged.on([this] { markChangedPages(); });
   SBAR_MAIN.OnClickItemLink.on(
@@ -371,6 +378,26 @@ void FRMKB_ANAGRAFICA::VLT_RESIZEFORM1_Setup() {
       if (find(name)) VLT_RESIZEFORM1.registerControl(name, entry.rule);
     }
   });
+}
+
+void FRMKB_ANAGRAFICA::refreshPage() {
+  const auto* const page =
+      std::ranges::find_if(pageTable, [&](const PageEntry& entry) { return entry.view == view_; });
+  if (page != std::end(pageTable) && page->preview != PreviewKind::None) preview_.loadAgain();
+}
+
+void FRMKB_ANAGRAFICA::showRefused(controls::BoundControl& control) {
+  const controls::Control* group = &control;
+  while (group->container()) group = group->container();
+  const auto* const page = std::ranges::find_if(
+      pageTable, [&](const PageEntry& entry) { return group->isNamed(entry.group); });
+  if (page == std::end(pageTable) || !page->view) return;
+  if (*page->view != view_) {
+    VisualizzaVista(*page->view);
+    SBAR_MAIN.select(view_);
+    TITLEBAR.setCaption(SBAR_MAIN.textOf(view_));
+  }
+  focusOn(control);
 }
 
 void FRMKB_ANAGRAFICA::markChangedPages() {

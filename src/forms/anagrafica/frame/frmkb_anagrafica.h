@@ -88,6 +88,10 @@ class FRMKB_ANAGRAFICA : public controls::Form, public host::WindowMembers {
   /// Locks the pages that the user's rights do not allow to be changed.
   void lockByRights();
   void showRights();
+  /// Reads the rows of a preview again.
+  void refreshPage() override;
+  /// Shows the page of a control because of which a save was refused, and goes to it.
+  void showRefused(controls::BoundControl& control);
   /// Marks the side bar's links to pages with changes of the user's that are not saved.
   void markChangedPages();
   /// Asks whether to save the changes of the marked pages; whether the window may close.

@@ -10,19 +10,31 @@ PreviewPage::PreviewPage(PageContext& context, ProgressDisplay& progress)
     : QGRID_ART("QGRID_ART", context.services),
       context_(context),
       progress_(progress),
-      filter_{context, {}, false} {}
+      filter_{.context = context} {}
 
 bool PreviewPage::load(PreviewKind kind) {
   filter_.filterText.clear();
   filter_.isFilterObtained = false;
   const bool customers = kind == PreviewKind::Customers;
+  filter_.profileFilter = customers ? profileCustomers_ : profileArticles_;
   if (customers) {
     VisualizzaFiltroClienti(filter_);
   } else {
     VisualizzaFiltroArticoli(filter_);
   }
   if (!filter_.isFilterObtained) return false;
+  shown_ = {kind, filter_.filterText, filter_.filterWords};
   ImpostaGridArticoli(kind);
+  read();
+  return true;
+}
+
+void PreviewPage::loadAgain() {
+  if (shown_.kind != PreviewKind::None) read();
+}
+
+void PreviewPage::read() {
+  const bool customers = shown_.kind == PreviewKind::Customers;
   progress_.ImpostaMessaggioStato(
       customers ? "Caricamento clienti in corso..." : "Caricamento articoli in corso...", true);
   if (customers) {
@@ -31,7 +43,21 @@ bool PreviewPage::load(PreviewKind kind) {
     CaricaArticoli();
   }
   progress_.ImpostaMessaggioStato("", false);
-  return true;
+  describeRows();
+}
+
+void PreviewPage::describeRows() {
+  const auto translate = [this](const char* text) { return context_.translate(text); };
+  const std::int32_t rows = QGRID_ART.rowCount();
+  std::string text = translate("Filtro: ") +
+                     (shown_.filterWords.empty() ? translate("nessuno") : shown_.filterWords) +
+                     ". ";
+  if (rows == 0) {
+    text += translate("Nessuna riga corrisponde.");
+  } else {
+    text += translate("Righe: ") + std::to_string(rows) + ".";
+  }
+  LBL_FILTROANTEPRIMA.setCaption(text);
 }
 
 std::string PreviewPage::GetNomeTabella(PreviewKind kind) {
@@ -72,14 +98,14 @@ void PreviewPage::ImpostaGridArticoli(PreviewKind kind) {
 void PreviewPage::CaricaClienti() {
   procedure(context_, "CaricaClienti", [&](Procedure& p) {
     const std::string view = GetNomeTabella(PreviewKind::Customers);
-    show(sql::ClientiPubblicati(view, p.company(), filter_.filterText), p);
+    show(sql::ClientiPubblicati(view, p.company(), shown_.filterText), p);
   });
 }
 
 void PreviewPage::CaricaArticoli() {
   procedure(context_, "CaricaArticoli", [&](Procedure& p) {
     const std::string view = GetNomeTabella(PreviewKind::Articles);
-    show(sql::ArticoliPubblicati(view, p.company(), filter_.filterText), p);
+    show(sql::ArticoliPubblicati(view, p.company(), shown_.filterText), p);
   });
 }
 

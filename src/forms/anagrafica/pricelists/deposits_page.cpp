@@ -17,7 +17,11 @@ constexpr controls::GridColumn columns[] = {
     {.field = "MG58_CODDEP", .caption = "Codice", .width = 2000},
     {.field = "MG58_DESCRDEP", .caption = "Descrizione", .width = 6000},
     {.field = "FLG_ATTIVO", .caption = "Attivo", .width = 1000, .kind = ColumnKind::Check},
-    {.field = "FLG_PREF", .caption = "Pref.", .width = 1000, .kind = ColumnKind::Check},
+    {.field = "FLG_PREF",
+     .caption = "Pref.",
+     .width = 1000,
+     .kind = ColumnKind::Check,
+     .refusesAll = true},
 };
 
 constexpr const char* preferredRows = "FLG_PREF = 1";

@@ -124,6 +124,42 @@ bool takesQuantity(std::int32_t type) {
   return type == tsListinoScaglQt || type == tsPriorita;
 }
 
+/// The column without which a slot of the type has no price; "" for none.
+std::string_view keyOf(std::int32_t type) {
+  switch (type) {
+    case tsListinoAnagArticolo:
+      return "GM57_NUMLIST_LI10";
+    case tsListinoMacrocat:
+    case tsListinoMacroarea:
+      return "GM57_CATEGORIA";
+    case tsListinoDeposito:
+      return "GM57_DEPGIACENZE_MG58";
+    case tsListinoScaglQt:
+      return "GM57_QUANTITA";
+    case tsPriorita:
+      return "GM57_CLIFOR_CG44";
+    default:
+      return "";
+  }
+}
+
+/// Whether the column, or the code that it describes, is a key that only other types use.
+bool isUnusedKey(std::int32_t type, std::string_view field) {
+  constexpr std::string_view suffix = "_DEC";
+  if (field.ends_with(suffix)) field.remove_suffix(suffix.size());
+  if (field == keyOf(type) || (field == "GM57_QUANTITA" && takesQuantity(type))) return false;
+  return field == "GM57_QUANTITA" ||
+         std::ranges::any_of(sources, [&](const controls::ValueListItem& source) {
+           return field == keyOf(source.code);
+         });
+}
+
+// The causes of notices.
+constexpr const char* switchedOffCause = "price slots switched off";
+constexpr const char* noSourceCause = "price slots without a source";
+constexpr const char* unmanagedCause = "prices not managed";
+constexpr const char* pendingCause = "price refresh with pending changes";
+
 }  // namespace
 
 PriceListsPage::PriceListsPage(PageContext& context, ProgressDisplay& progress)
@@ -154,7 +190,15 @@ PriceListsPage::PriceListsPage(PageContext& context, ProgressDisplay& progress)
       [this](std::int32_t row, const std::string& field, std::string& text) {
         QGRID_LISTINI_DataFormatEXT(row, field, text);
       });
+  QGRID_LISTINI.rowStateOf = [this](std::int32_t row) { return stateOf(row); };
+  QGRID_LISTINI.cellUnused = [this](std::int32_t row, const std::string& field) {
+    return isUnusedKey(typeOf(row), field);
+  };
+  QGRID_LISTINI.changed.on([this] { refreshNotices(); });
   BTN_AGGLISTINI.ButtonClick.on([this] { BTN_AGGLISTINI_ButtonClick(); });
+  context_.profile.stateChanged.on([this] {
+    if (!context_.profile.hasPendingChanges()) context_.notices.remove(pendingCause);
+  });
 }
 
 void PriceListsPage::place(PageGroups& groups) {
@@ -196,6 +240,7 @@ void PriceListsPage::ImpostaRstListini() {
   const bool isMade = CreaTabellaListini();
   const bool isShown = procedure(context_, "ImpostaRstListini", [&](Procedure& p) {
     descriptions_.clear();
+    context_.notices.remove(switchedOffCause);
     const Ref<ado::Recordset> rows = p.openWorkingTable(sql::RigheListini(workingTable_));
     p.show(QGRID_LISTINI, rows);
     return true;
@@ -207,7 +252,76 @@ void PriceListsPage::ConfermaModificheListini() {
   procedure(context_, "ConfermaModificheListini", [&](Procedure& p) {
     p.run(sql::SalvaListini(workingTable_));
     p.run(sql::DisattivaListiniIncompleti(p.profile()));
+    p.step([&] { showSwitchedOff(); });
   });
+}
+
+std::int32_t PriceListsPage::typeOf(std::int32_t row) {
+  return toInt32(CDecN(QGRID_LISTINI.cell(row, "GM57_INDTIPO")));
+}
+
+bool PriceListsPage::isActive(std::int32_t row) {
+  return toBoolean(CDecN(QGRID_LISTINI.cell(row, "GM57_FLGATTIVO")));
+}
+
+bool PriceListsPage::hasKey(std::int32_t row) {
+  const std::string_view key = keyOf(typeOf(row));
+  if (key.empty()) return true;
+  const Value value = QGRID_LISTINI.cell(row, key);
+  const bool isText = key == "GM57_CATEGORIA" || key == "GM57_DEPGIACENZE_MG58";
+  return isText ? !RTrimN(value).empty() : !equalAsVariants(CDecN(value), std::int32_t{0});
+}
+
+// As the working table's STATO, which has no value for type 6, on purpose.
+Value PriceListsPage::stateOf(std::int32_t row) {
+  const std::int32_t type = typeOf(row);
+  if (type < tsNessuna || type >= tsPriorita) return Null{};
+  return std::int16_t{hasKey(row) ? std::int16_t{1} : std::int16_t{2}};
+}
+
+// Which slots the save's second statement has switched off follows from the rows that were saved.
+void PriceListsPage::showSwitchedOff() {
+  std::string names;
+  for (std::int32_t row = 1; row <= QGRID_LISTINI.rowCount(); ++row) {
+    if (!isActive(row) || hasKey(row)) continue;
+    QGRID_LISTINI.showInstead(row, "GM57_FLGATTIVO", std::int16_t{0});
+    names += (names.empty() ? "" : ", ") + QGRID_LISTINI.cellText(row, 0);
+  }
+  if (names.empty()) {
+    context_.notices.remove(switchedOffCause);
+    return;
+  }
+  context_.notices.show(
+      {.cause = switchedOffCause,
+       .text = names + ": " + context_.translate("disattivati perché manca la loro chiave.")});
+}
+
+void PriceListsPage::refreshNotices() {
+  std::string withoutSource;
+  bool hasPrices = false;
+  ignoringErrors([&] {
+    for (std::int32_t row = 1; row <= QGRID_LISTINI.rowCount(); ++row) {
+      if (!isActive(row)) continue;
+      if (typeOf(row) != tsNessuna) hasPrices = true;
+      if (typeOf(row) != tsNessuna) continue;
+      withoutSource += (withoutSource.empty() ? "" : ", ") + QGRID_LISTINI.cellText(row, 0);
+    }
+  });
+  if (withoutSource.empty()) {
+    context_.notices.remove(noSourceCause);
+  } else {
+    context_.notices.show(
+        {.cause = noSourceCause,
+         .text = withoutSource + ": " +
+                 context_.translate("attivi senza tipologia di listino, non pubblicano nulla.")});
+  }
+  if (hasPrices && arePricesManaged && !arePricesManaged()) {
+    context_.notices.show({.cause = unmanagedCause,
+                           .text = context_.translate("I prezzi non sono gestiti: nei parametri "
+                                                      "non è scelta la gestione prezzi.")});
+  } else {
+    context_.notices.remove(unmanagedCause);
+  }
 }
 
 std::int32_t PriceListsPage::currentType(Procedure& p) {
@@ -264,7 +378,8 @@ void PriceListsPage::QGRID_LISTINI_StartLookup(const std::string& field, Value& 
         std::find_if(std::begin(columns), std::end(columns),
                      [&](const controls::GridColumn& entry) { return entry.field == field; });
     if (column != std::end(columns)) list->key = column->lookup;
-    if (const auto chosen = p.choose(*list)) code = *chosen;
+    const std::string current = RTrimN(p.value(QGRID_LISTINI.dataSource(), field));
+    if (const auto chosen = p.choose(*list, current)) code = *chosen;
   });
 }
 
@@ -306,7 +421,10 @@ void PriceListsPage::QGRID_LISTINI_DataFormatEXT(std::int32_t row, const std::st
     text = p.step([&] {
       const std::string code = RTrimN(QGRID_LISTINI.cell(row, codeField));
       if (code.empty()) return std::string();
-      return describe(codeField, toInt32(CDecN(QGRID_LISTINI.cell(row, "GM57_INDTIPO"))), code);
+      const std::string description =
+          describe(codeField, toInt32(CDecN(QGRID_LISTINI.cell(row, "GM57_INDTIPO"))), code);
+      if (description.empty()) QGRID_LISTINI.markUnknown(row, field);
+      return description;
     });
   });
 }
@@ -338,6 +456,12 @@ std::string PriceListsPage::describe(std::string_view field, std::int32_t type,
 }
 
 void PriceListsPage::BTN_AGGLISTINI_ButtonClick() {
+  if (context_.profile.hasPendingChanges()) {
+    context_.notices.show(
+        {.cause = pendingCause,
+         .text = context_.translate("L'aggiornamento dei prezzi usa i listini memorizzati: le "
+                                    "modifiche non ancora confermate non contano.")});
+  }
   const bool done = procedure(context_, "BTN_AGGLISTINI_ButtonClick", [&](Procedure& p) {
     progress_.MostraAvanzamento(true);
     const auto painted = context_.paintedMeanwhile();

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <functional>
 #include <map>
 #include <optional>
 #include <string>
@@ -36,6 +37,10 @@ class PriceListsPage : public Page {
   void ImpostaRstListini();
   /// Writes the working table to the profile's slots and switches incomplete ones off.
   void ConfermaModificheListini();
+  /// Says what the active slots do not publish.
+  void refreshNotices();
+  /// Whether the parameters say that prices are managed.
+  std::function<bool()> arePricesManaged;
 
  private:
   /// False when it was left by Abort.
@@ -50,6 +55,15 @@ class PriceListsPage : public Page {
   void QGRID_LISTINI_StartLookup(const std::string& field, Value& code);
   void QGRID_LISTINI_DataFormatEXT(std::int32_t row, const std::string& field, std::string& text);
   void BTN_AGGLISTINI_ButtonClick();
+
+  // Of a row of the grid.
+  std::int32_t typeOf(std::int32_t row);
+  bool isActive(std::int32_t row);
+  /// Whether the key that its type needs is given.
+  bool hasKey(std::int32_t row);
+  Value stateOf(std::int32_t row);
+  /// Shows the slots as inactive that a save has switched off.
+  void showSwitchedOff();
 
   std::int32_t currentType(Procedure& p);
   /// The list from which the code of a column is chosen; nothing for a column without one.

@@ -43,6 +43,10 @@ ProfilePage::ProfilePage(PageContext& context, controls::NavigatorBar& navigator
   TXT_GM03_DESCRIZIONE.bind(frame, "GM03_DESCRIZIONE");
   TXT_GM03_NOTE.bind(frame, "GM03_NOTE");
 
+  frame.setDeletedWith(
+      "Vengono eliminati il profilo, i parametri, le attività, le categorie, i depositi e i "
+      "listini. "
+      "Le regole di sconto restano.");
   frame.BeforeUpdate.on([this](bool& cancel) { FME_ANAGRAFICA_BeforeUpdate(cancel); });
   frame.AfterUpdate.on([this] { FME_ANAGRAFICA_AfterUpdate(); });
   frame.BeforeDelete.on([this](bool& cancel) { FME_ANAGRAFICA_BeforeDelete(cancel); });
@@ -94,6 +98,7 @@ void ProfilePage::FME_ANAGRAFICA_AfterUpdate() {
     dependents_.deposits.ConfermaModificheDepositi();
     dependents_.priceLists.ConfermaModificheListini();
     dependents_.synchronisation.SchedulaAttJob();
+    dependents_.filters.compareWithStored();
     // A new profile gets its price slots now.
     if (!equalAsVariants(loadedProfile_, context_.profileId())) {
       dependents_.categories.profileStored();

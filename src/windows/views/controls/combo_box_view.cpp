@@ -1,6 +1,7 @@
 #include "windows/views/controls/combo_box_view.h"
 
 #include <algorithm>
+#include <utility>
 
 #include "common/convert.h"
 #include "windows/support/text.h"
@@ -10,7 +11,8 @@ namespace kebu::windows {
 
 namespace {
 
-constexpr int listHeight = 280;  // in 96ths of an inch
+constexpr UINT listClosed = 0x7001;  // a notification of our own
+constexpr int listHeight = 280;      // in 96ths of an inch
 
 }  // namespace
 
@@ -71,9 +73,19 @@ void ComboBoxView::refresh() {
 
 void ComboBoxView::command(HWND /*from*/, UINT code) {
   const bool dropped = SendMessageW(handle(), CB_GETDROPPEDSTATE, 0, 0) != 0;
-  // In the open list the choice is not made before it closes.
-  if (code == CBN_SELENDOK || (code == CBN_SELCHANGE && !dropped)) take();
-  if (code == CBN_SELENDCANCEL) refresh();
+  if (code == CBN_SELENDOK && dropped) {
+    takesWhenClosed_ = true;
+  } else if (code == CBN_SELENDOK || (code == CBN_SELCHANGE && !dropped) || code == listClosed) {
+    take();
+  } else if (code == CBN_SELENDCANCEL) {
+    takesWhenClosed_ = false;
+    refresh();
+  } else if (code == CBN_CLOSEUP && std::exchange(takesWhenClosed_, false)) {
+    // The choice may take long or ask the user. It is made when the list is closed for good, which
+    // would otherwise open again.
+    PostMessageW(GetParent(handle()), WM_COMMAND, MAKEWPARAM(0, listClosed),
+                 reinterpret_cast<LPARAM>(handle()));
+  }
 }
 
 void ComboBoxView::take() {

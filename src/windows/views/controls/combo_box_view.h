@@ -27,6 +27,7 @@ class ComboBoxView : public FieldView {
 
   controls::ComboBox& model_;
   std::vector<std::wstring> shown_;
+  bool takesWhenClosed_ = false;  ///< a row was chosen in the open list
 };
 
 }  // namespace kebu::windows

@@ -116,6 +116,8 @@ void EditBoxView::describe(Inspection& inspection) {
   if (!model_.isEditable()) addMark(inspection, "read-only");
   if (model_.isRequired()) addMark(inspection, "required");
   if (model_.hasLookup()) addMark(inspection, "look-up");
+  if (model_.isUnknown()) addMark(inspection, "unknown");
+  write(inspection.hint, toWide(model_.hint()));
 }
 
 bool EditBoxView::describePart(Inspection& inspection) {

@@ -11,8 +11,13 @@ constexpr DWORD style = SS_LEFT | SS_CENTERIMAGE | SS_ENDELLIPSIS | SS_NOPREFIX;
 LabelView::LabelView(ViewSite& site, controls::Label& model, HWND parent)
     : View(site, model, "Label"),
       window_(createStock(L"STATIC", style, 0, parent)),
+      label_(&model),
       role_(model.isWarning() ? Role::Warning : Role::Text) {
   applyTheme();
+}
+
+bool LabelView::isUnknown() const {
+  return label_ && label_->isUnknown() && label_->caption().empty();
 }
 
 LabelView::LabelView(ViewSite& site, controls::TitleBar& model, HWND parent)
@@ -29,7 +34,8 @@ void LabelView::applyTheme() {
 
 HBRUSH LabelView::colours(HDC dc, HWND /*window*/) {
   const Palette& colours = theme().colours();
-  const COLORREF ink = role_ == Role::Text ? colours.muted : colours.text;
+  COLORREF ink = role_ == Role::Text ? colours.muted : colours.text;
+  if (isUnknown()) ink = colours.warning;
   return setInk(dc, looksEnabled() ? ink : colours.faint);
 }
 

@@ -13,14 +13,20 @@ class LabelView : public View {
   LabelView(ViewSite& site, controls::TitleBar& model, HWND parent);
 
   HWND handle() const override { return window_.get(); }
-  void refresh() override { setWindowText(handle(), toWide(control().caption())); }
+  void refresh() override {
+    setWindowText(handle(), toWide(isUnknown() ? label_->unknownText() : control().caption()));
+  }
   void applyTheme() override;
   HBRUSH colours(HDC dc, HWND window) override;
 
  private:
   enum class Role { Text, Warning, Title };
 
+  /// Whether it shows that a code was not found.
+  bool isUnknown() const;
+
   OwnedWindow window_;
+  const controls::Label* label_ = nullptr;  ///< null for a title
   Role role_;
 };
 

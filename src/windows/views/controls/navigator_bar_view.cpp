@@ -95,6 +95,15 @@ void NavigatorBarView::command(HWND from, UINT code) {
   if (const auto index = indexOf(from)) press(*index);
 }
 
+bool NavigatorBarView::focusButton(const std::string& key) {
+  for (std::size_t i = 0; i < buttons_.size(); ++i) {
+    if (model_.buttons()[i].key != key || !IsWindowEnabled(buttons_[i].get())) continue;
+    SetFocus(buttons_[i].get());
+    return true;
+  }
+  return false;
+}
+
 void NavigatorBarView::press(std::size_t index) {
   if (!site().commit()) return;
   const std::string key = model_.buttons().at(index).key;

@@ -24,6 +24,8 @@ class NavigatorBarView : public View, private Window {
   /// The captions of its buttons, which are reached with letters of their own.
   std::vector<std::string> captions() const;
   void setMnemonics(const std::vector<std::size_t>& letters);
+  /// Moves the focus to a button; false when there is none of that key, or it is disabled.
+  bool focusButton(const std::string& key);
   /// Presses the button at `index`.
   void press(std::size_t index);
 

@@ -49,7 +49,10 @@ void SideBarView::refresh() {
 }
 
 void SideBarView::command(HWND /*from*/, UINT code) {
-  if (code != LBN_SELCHANGE) return;
+  // Leaving the list without opening a link shows the chosen one again.
+  if (code == LBN_KILLFOCUS) refresh();
+  // The arrows only move; Enter and Space open.
+  if (code != LBN_SELCHANGE || movesByKey_) return;
   const auto index = static_cast<int>(SendMessageW(handle(), LB_GETCURSEL, 0, 0));
   if (index >= 0 && index != chosenIndex()) open(static_cast<std::size_t>(index));
 }
@@ -67,7 +70,9 @@ LRESULT CALLBACK SideBarView::listProcedure(HWND window, UINT message, WPARAM wP
     const int index = self.indexAt(lParam);
     self.pressed_ = index == self.chosenIndex() ? index : -1;
   }
+  self.movesByKey_ = message == WM_KEYDOWN || message == WM_CHAR;
   const LRESULT result = CallWindowProcW(self.listBox_, window, message, wParam, lParam);
+  self.movesByKey_ = false;
   if (message == WM_LBUTTONUP) {
     const int pressed = std::exchange(self.pressed_, -1);
     if (pressed >= 0 && pressed == self.indexAt(lParam)) {
@@ -83,6 +88,18 @@ void SideBarView::open(std::size_t index) {
   refresh();
 }
 
+std::function<void()> SideBarView::actionFor(const Key& key) {
+  if (GetFocus() != handle() || !(key.isPlain(VK_RETURN) || key.isPlain(VK_SPACE))) return {};
+  return [this] {
+    const LRESULT index = SendMessageW(handle(), LB_GETCURSEL, 0, 0);
+    if (index >= 0) open(static_cast<std::size_t>(index));
+  };
+}
+
+void SideBarView::openAt(std::size_t index) {
+  if (index < model_.links().size()) open(index);
+}
+
 void SideBarView::step(int by) {
   const int next = chosenIndex() + by;
   if (next < 0 || next >= static_cast<int>(model_.links().size())) return;
@@ -92,7 +109,7 @@ void SideBarView::step(int by) {
 void SideBarView::drawItem(const DRAWITEMSTRUCT& item) {
   if (item.itemID >= model_.links().size()) return;
   const Palette& colours = theme().colours();
-  const bool chosen = (item.itemState & ODS_SELECTED) != 0;
+  const bool chosen = static_cast<int>(item.itemID) == chosenIndex();
   SetBkMode(item.hDC, TRANSPARENT);
   fill(item.hDC, item.rcItem, colours.card);
   RECT band = item.rcItem;

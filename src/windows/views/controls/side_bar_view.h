@@ -8,7 +8,7 @@
 
 namespace kebu::windows {
 
-/// The links to the pages, as a list that the arrow keys walk.
+/// The links to the pages, as a list that the arrow keys walk; Enter and Space open a page.
 class SideBarView : public View {
  public:
   SideBarView(ViewSite& site, controls::SideBar& model, HWND parent);
@@ -19,6 +19,9 @@ class SideBarView : public View {
   void command(HWND from, UINT code) override;
   void drawItem(const DRAWITEMSTRUCT& item) override;
   HBRUSH colours(HDC dc, HWND window) override;
+  std::function<void()> actionFor(const Key& key) override;
+  /// Opens the page of the link at `index`, if there is one.
+  void openAt(std::size_t index);
   /// To the link after the chosen one, or before it.
   void step(int by);
 
@@ -36,6 +39,7 @@ class SideBarView : public View {
   OwnedWindow window_;
   std::vector<std::wstring> texts_;  ///< as the list has them
   WNDPROC listBox_ = nullptr;        ///< the list's own procedure
+  bool movesByKey_ = false;          ///< while the list handles a key
   int pressed_ = -1;                 ///< the chosen link, while the mouse is down on it
 };
 

@@ -74,14 +74,15 @@ void checkBox(HDC dc, HWND window, const RECT& area, CheckState state, bool enab
   RECT box{0, 0, size, size};
   OffsetRect(&box, (area.left + area.right - size) / 2, (area.top + area.bottom - size) / 2);
   if (const Owned<HTHEME, CloseThemeData> theme{OpenThemeData(window, L"BUTTON")}) {
-    const int off = enabled ? CBS_UNCHECKEDNORMAL : CBS_UNCHECKEDDISABLED;
-    const int on = enabled ? CBS_CHECKEDNORMAL : CBS_CHECKEDDISABLED;
-    DrawThemeBackground(theme.get(), dc, BP_CHECKBOX, state == CheckState::On ? on : off, &box,
-                        nullptr);
+    int part = enabled ? CBS_UNCHECKEDNORMAL : CBS_UNCHECKEDDISABLED;
+    if (state == CheckState::On) part = enabled ? CBS_CHECKEDNORMAL : CBS_CHECKEDDISABLED;
+    if (state == CheckState::Mixed) part = enabled ? CBS_MIXEDNORMAL : CBS_MIXEDDISABLED;
+    DrawThemeBackground(theme.get(), dc, BP_CHECKBOX, part, &box, nullptr);
     return;
   }
   DrawFrameControl(dc, &box, DFC_BUTTON,
-                   DFCS_BUTTONCHECK | (state == CheckState::On ? DFCS_CHECKED : 0U) |
+                   (state == CheckState::Mixed ? DFCS_BUTTON3STATE : DFCS_BUTTONCHECK) |
+                       (state != CheckState::Off ? DFCS_CHECKED : 0U) |
                        (enabled ? 0U : DFCS_INACTIVE));
 }
 

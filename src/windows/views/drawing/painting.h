@@ -70,7 +70,7 @@ void card(HDC dc, const RECT& area, int radius, COLORREF inside, COLORREF border
 /// One line, cut off with dots where it does not fit; `format` as for DrawText.
 void text(HDC dc, const std::wstring& text, RECT area, COLORREF colour, HFONT font, UINT format);
 
-enum class CheckState { Off, On };
+enum class CheckState { Off, Mixed, On };
 /// A check box in the visual style, in the middle of `area`.
 void checkBox(HDC dc, HWND window, const RECT& area, CheckState state, bool enabled, int size);
 

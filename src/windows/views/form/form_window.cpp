@@ -4,6 +4,7 @@
 
 #include "common/convert.h"
 #include "controls/navigator_bar.h"
+#include "controls/query_grid.h"
 #include "windows/support/text.h"
 #include "windows/views/controls/navigator_bar_view.h"
 #include "windows/views/controls/side_bar_view.h"
@@ -23,6 +24,7 @@ namespace kebu::windows {
 namespace {
 
 constexpr UINT layOutMessage = WM_APP + 2;
+constexpr UINT focusMessage = WM_APP + 3;
 constexpr layout::Rect usualSize{0, 0, 1180, 760};  // in 96ths of an inch
 constexpr layout::Rect dialogSize{0, 0, 860, 680};
 constexpr layout::Rect leastSize{0, 0, 720, 480};
@@ -86,6 +88,8 @@ FormWindow::FormWindow(HINSTANCE module, controls::Form& form, HWND owner,
                SWP_NOMOVE | SWP_NOZORDER | SWP_NOACTIVATE);
   keys_ = std::make_unique<KeyboardHook>(handle(), *this);
   subscriptions_.push_back(form_.changed.connect([this] { formChanged(); }));
+  subscriptions_.push_back(form_.FocusWanted.connect(
+      [this](controls::Control&) { PostMessageW(handle(), focusMessage, 0, 0); }));
   requestLayout();
 }
 
@@ -119,6 +123,11 @@ void FormWindow::build() {
     HWND parent = page ? pages_[page]->handle() : parentFor(*control);
     std::unique_ptr<View> view = makeView(*this, *control, parent);
     view->refresh();
+    // The tabulator comes to the pages first and to the bars last.
+    if (isBar(*control) && view->handle()) {
+      SetWindowPos(view->handle(), HWND_BOTTOM, 0, 0, 0, 0,
+                   SWP_NOMOVE | SWP_NOSIZE | SWP_NOACTIVATE);
+    }
     inOrder_.push_back(view.get());
     views_[control] = std::move(view);
     if (group && group != page) listenTo(*group);
@@ -380,8 +389,30 @@ bool FormWindow::isOnCard(const controls::Control& control) const {
   return group && (group->container() || !hasSideBar_);
 }
 
+void FormWindow::focusWanted() {
+  if (layoutWanted_) layOut();
+  View* const view = form_.focusWanted() ? find(*form_.focusWanted()) : nullptr;
+  if (!view || !view->handle() || !IsWindowVisible(view->handle())) return;
+  SetFocus(view->handle());
+  focusMoved();
+}
+
 void FormWindow::focusFirst() {
-  // A page's first field is where work begins.
+  // Work begins at the bar when nothing is there yet, else at the page's first field that can be
+  // edited.
+  for (View* view : inOrder_) {
+    auto* const bar = dynamic_cast<NavigatorBarView*>(view);
+    if (bar && bar->control().isShown() && bar->focusButton("Nuovo")) return;
+  }
+  for (View* view : inOrder_) {
+    const auto* const box = controls::as<controls::EditBox>(view->control());
+    const bool isField = controls::as<controls::BoundControl>(view->control()) ||
+                         controls::as<controls::QueryGrid>(view->control());
+    if (!isField || (box && !box->isEditable()) || !view->control().acceptsChanges()) continue;
+    if (!IsWindowVisible(view->handle()) || !IsWindowEnabled(view->handle())) continue;
+    SetFocus(view->handle());
+    return;
+  }
   HWND around = loosePage_ ? loosePage_->handle() : nullptr;
   if (shownPage_) around = pages_[shownPage_]->handle();
   HWND first = around ? GetNextDlgTabItem(around, nullptr, FALSE) : nullptr;
@@ -392,6 +423,20 @@ void FormWindow::focusFirst() {
 void FormWindow::moveFocus(bool back) {
   if (!commit()) return;
   HWND next = GetNextDlgTabItem(handle(), GetFocus(), back);
+  if (next) SetFocus(next);
+  focusMoved();
+}
+
+// Enter goes from field to field; it never comes to a button of a bar, which a second Enter would
+// press.
+void FormWindow::moveToNextField() {
+  if (!commit()) return;
+  HWND next = GetFocus();
+  for (std::size_t tries = 0; tries <= inOrder_.size() + 16; ++tries) {
+    next = GetNextDlgTabItem(handle(), next, FALSE);
+    const View* const view = viewOf(next);
+    if (!view || !isBar(view->control())) break;
+  }
   if (next) SetFocus(next);
   focusMoved();
 }
@@ -426,7 +471,12 @@ std::function<void()> FormWindow::actionFor(const Key& key) {
     if (auto action = focused->actionFor(key)) return action;
   }
   if (key.code == VK_TAB && !key.control) return [this, back = key.shift] { moveFocus(back); };
-  if (key.isPlain(VK_RETURN)) return [this] { moveFocus(false); };
+  if (key.isPlain(VK_RETURN)) return [this] { moveToNextField(); };
+  if (key.isPlain(VK_F5)) {
+    return [this] {
+      if (commit()) guarded([&] { form_.refreshPage(); });
+    };
+  }
   if (key.isPlain(VK_ESCAPE) && modal_) {
     return [this] { PostMessageW(handle(), WM_CLOSE, 0, 0); };
   }
@@ -435,6 +485,12 @@ std::function<void()> FormWindow::actionFor(const Key& key) {
     if (!view->control().isShown()) continue;
     if (auto* const links = dynamic_cast<SideBarView*>(view); links && pageKey && key.control) {
       return [links, down = key.code == VK_NEXT] { links->step(down ? 1 : -1); };
+    }
+    const bool isDigit = key.code >= '0' && key.code <= '9' && key.control && !key.shift;
+    if (auto* const links = dynamic_cast<SideBarView*>(view); links && isDigit) {
+      return [links, index = key.code == '0' ? 9U : static_cast<std::size_t>(key.code - '1')] {
+        links->openAt(index);
+      };
     }
     if (auto* const bar = dynamic_cast<NavigatorBarView*>(view); bar && bar != focused) {
       if (auto action = bar->actionFor(key)) return action;
@@ -482,6 +538,9 @@ LRESULT FormWindow::answer(UINT message, WPARAM wParam, LPARAM lParam) {
       return 0;
     case layOutMessage:
       if (layoutWanted_) layOut();
+      return 0;
+    case focusMessage:
+      focusWanted();
       return 0;
     case WM_SIZE:
       if (wParam != SIZE_MINIMIZED) layOut();

@@ -63,6 +63,9 @@ class FormWindow : public Window, public ViewSite, public KeyTarget {
   void renewTheme(int dpi);
   void changeDpi(int dpi, const RECT& suggested);
   void focusFirst();
+  /// Goes to the control that the form asked for.
+  void focusWanted();
+  void moveToNextField();
   void moveFocus(bool back);
   void keepFocusAlive();
   void focusMoved();

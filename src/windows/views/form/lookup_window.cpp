@@ -20,7 +20,11 @@ constexpr int measuredRows = 200;  // at most, for the widths of the columns
 }  // namespace
 
 LookupWindow::LookupWindow(HINSTANCE module, controls::LookupList& list, HWND owner)
-    : module_(module), list_(list), theme_(dpiOf(owner)), row_(list.rowCount() > 0 ? 1 : 0) {
+    : module_(module),
+      list_(list),
+      theme_(dpiOf(owner)),
+      shown_(list.matching("")),
+      row_(list.current()) {
   int width = 40;
   for (std::size_t i = 0; i < list.captions().size(); ++i) {
     int widest = theme_.metrics().textWidth(list.captions()[i]) + theme_.px(12);
@@ -60,12 +64,15 @@ void LookupWindow::build() {
     setFont(window, theme_.font(), false);
     return window;
   };
-  hint_ = make(L"STATIC", L"Cerca", SS_CENTERIMAGE, 0);
+  const auto& texts = list_.texts();
+  hint_ = make(L"STATIC", toWide(texts.search).c_str(), SS_CENTERIMAGE, 0);
   search_ = make(L"EDIT", L"", WS_TABSTOP | ES_AUTOHSCROLL, WS_EX_CLIENTEDGE);
   grid_ = std::make_unique<GridControl>(module_, handle(), theme_, *this);
   ShowWindow(grid_->handle(), SW_SHOWNA);
-  take_ = make(L"BUTTON", L"Scegli", WS_TABSTOP | BS_OWNERDRAW, 0);
-  leave_ = make(L"BUTTON", L"Annulla", WS_TABSTOP | BS_OWNERDRAW, 0);
+  nothingFound_ = make(L"STATIC", toWide(texts.nothingFound).c_str(), SS_CENTERIMAGE, 0);
+  ShowWindow(nothingFound_, SW_HIDE);
+  take_ = make(L"BUTTON", toWide(texts.take).c_str(), WS_TABSTOP | BS_OWNERDRAW, 0);
+  leave_ = make(L"BUTTON", toWide(texts.leave).c_str(), WS_TABSTOP | BS_OWNERDRAW, 0);
   EnableWindow(take_, row_ > 0);
 }
 
@@ -74,7 +81,7 @@ void LookupWindow::layOut() {
   const int edge = theme_.px(14);
   const int field = theme_.metrics().fieldHeight();
   const int width = static_cast<int>(client.right) - 2 * edge;
-  const int words = theme_.metrics().textWidth("Cerca") + theme_.px(10);
+  const int words = theme_.metrics().textWidth(list_.texts().search) + theme_.px(10);
   moveWindow(hint_, {edge, edge, words, field});
   moveWindow(search_, {edge + words, edge, width - words, field});
   const int button = field + theme_.px(4);
@@ -85,6 +92,7 @@ void LookupWindow::layOut() {
   const int right = edge + width;
   moveWindow(take_, {right - 2 * buttonWidth - theme_.px(8), foot, buttonWidth, button});
   moveWindow(leave_, {right - buttonWidth, foot, buttonWidth, button});
+  moveWindow(nothingFound_, {edge, foot, right - 2 * buttonWidth - theme_.px(8) - edge, button});
   grid_->sourceChanged();
   invalidate();
 }
@@ -103,6 +111,7 @@ void LookupWindow::show() {
   ShowWindow(handle(), SW_SHOW);
   SetForegroundWindow(handle());
   SetFocus(search_);
+  if (row_ > 0) grid_->showCurrentRow();
 }
 
 void LookupWindow::selectRow(std::int32_t row) {
@@ -111,19 +120,26 @@ void LookupWindow::selectRow(std::int32_t row) {
 }
 
 void LookupWindow::search() {
-  const std::string typed = toUtf8(windowText(search_));
-  const auto found = list_.search(typed);
-  if (found) {
-    selectRow(*found);
-    grid_->showCurrentRow();
+  const std::int32_t before = row_ > 0 ? listRow(row_) : 0;
+  shown_ = list_.matching(toUtf8(windowText(search_)));
+  const auto same = std::ranges::find(shown_, before);
+  if (shown_.empty()) {
+    row_ = 0;
   } else {
-    MessageBeep(MB_OK);
+    row_ = same == shown_.end() ? 1 : static_cast<std::int32_t>(same - shown_.begin()) + 1;
   }
+  EnableWindow(take_, row_ > 0);
+  ShowWindow(nothingFound_, shown_.empty() ? SW_SHOWNA : SW_HIDE);
+  if (shown_.empty()) {
+    NotifyWinEvent(EVENT_SYSTEM_ALERT, nothingFound_, OBJID_CLIENT, CHILDID_SELF);
+  }
+  grid_->sourceChanged();
+  if (row_ > 0) grid_->showCurrentRow();
 }
 
 void LookupWindow::take() {
   if (row_ < 1) return;
-  list_.choose(row_);
+  list_.choose(listRow(row_));
   done_ = true;
 }
 
@@ -149,12 +165,12 @@ std::function<void()> LookupWindow::actionFor(const Key& key) {
 bool LookupWindow::inspect(Inspection& inspection) {
   write(inspection.kind, std::wstring(L"LookupList"));
   if (inspection.control[0] != L'\0') return false;
-  inspection.count = list_.rowCount();
+  inspection.count = rowCount();
   inspection.columns = static_cast<std::int32_t>(columns_.size());
   inspection.current = row_;
   const auto column = static_cast<std::size_t>(
       inspection.key[0] ? std::wcstol(inspection.key, nullptr, 10) : inspection.index);
-  const bool hasRow = inspection.row >= 1 && inspection.row <= list_.rowCount();
+  const bool hasRow = inspection.row >= 1 && inspection.row <= rowCount();
   const bool isControl = inspection.part == Inspected::Control;
   describeWindow(inspection, isControl ? handle() : grid_->handle());
   switch (inspection.part) {
@@ -173,7 +189,7 @@ bool LookupWindow::inspect(Inspection& inspection) {
     case Inspected::Cell:
       if (!hasRow || column >= columns_.size()) return false;
       inspection.bounds = grid_->cellBounds(inspection.row, column);
-      writeText(inspection, list_.cellText(inspection.row, column));
+      writeText(inspection, cellText(inspection.row, column));
       return true;
     default:
       return false;

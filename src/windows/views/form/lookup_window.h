@@ -12,8 +12,8 @@
 
 namespace kebu::windows {
 
-/// The list of a look-up: typing finds a row, Enter or a double click chooses it, Esc closes the
-/// list.
+/// The list of a look-up: typing leaves the rows that contain the text, Enter or a double click
+/// chooses a row, Esc closes the list.
 class LookupWindow : public Window, public GridSource, public KeyTarget {
  public:
   LookupWindow(HINSTANCE module, controls::LookupList& list, HWND owner);
@@ -28,14 +28,18 @@ class LookupWindow : public Window, public GridSource, public KeyTarget {
   std::function<void()> actionFor(const Key& key) override;
 
   const std::vector<Column>& columns() const override { return columns_; }
-  std::int32_t rowCount() const override { return list_.rowCount(); }
+  std::int32_t rowCount() const override { return static_cast<std::int32_t>(shown_.size()); }
   std::int32_t currentRow() const override { return row_; }
   std::string cellText(std::int32_t row, std::size_t column) override {
-    return list_.cellText(row, column);
+    return list_.cellText(listRow(row), column);
   }
   void selectRow(std::int32_t row) override;
   void activate() override { take(); }
 
+  /// The list's row of a row that is shown.
+  std::int32_t listRow(std::int32_t row) const {
+    return shown_.at(static_cast<std::size_t>(row - 1));
+  }
   void build();
   void layOut();
   /// Takes the fonts, sizes and colours that apply now.
@@ -49,11 +53,13 @@ class LookupWindow : public Window, public GridSource, public KeyTarget {
   controls::LookupList& list_;
   Theme theme_;
   std::vector<Column> columns_;
-  std::int32_t row_ = 0;
+  std::vector<std::int32_t> shown_;  ///< rows of the list
+  std::int32_t row_ = 0;             ///< of those that are shown; 0 for none
   bool done_ = false;
   HWND hint_ = nullptr;
   HWND search_ = nullptr;
   std::unique_ptr<GridControl> grid_;
+  HWND nothingFound_ = nullptr;
   HWND take_ = nullptr;
   HWND leave_ = nullptr;
   std::unique_ptr<KeyboardHook> keys_;

@@ -44,8 +44,7 @@ layout::GridGeometry& GridControl::geometry() {
 }
 
 bool GridControl::isTickAllOn(std::size_t column) const {
-  const auto at = allTicked_.find(column);
-  return at != allTicked_.end() && at->second;
+  return source_.tickState(column) == controls::TickState::All;
 }
 
 void GridControl::measureColumns() {
@@ -147,13 +146,12 @@ void GridControl::tick(std::int32_t row, std::size_t column) {
     return;
   }
   guarded([&] { source_.tick(row, column); });
-  allTicked_[column] = false;
   invalidate();
 }
 
 void GridControl::tickAll(std::size_t column, bool on) {
   if (!commit() || !source_.isEnabled() || source_.rowCount() == 0) return;
-  if (guarded([&] { source_.tickAll(column, on); })) allTicked_[column] = on;
+  guarded([&] { source_.tickAll(column, on); });
   invalidate();
 }
 

@@ -41,7 +41,12 @@ class GridControl : public Window {
     return toRECT(geometry().cellBounds(row, column));
   }
   RECT headBounds(std::size_t column) { return toRECT(geometry().headBounds(column)); }
-  RECT tickAllBounds(std::size_t column) { return toRECT(geometry().tickAllBounds(column)); }
+  /// Empty for a column whose cells are not set all at once.
+  RECT tickAllBounds(std::size_t column) {
+    if (source_.columns()[column].refusesAll) return {};
+    return toRECT(geometry().tickAllBounds(column));
+  }
+  /// Whether all cells of a check column are ticked.
   bool isTickAllOn(std::size_t column) const;
 
  protected:
@@ -83,10 +88,9 @@ class GridControl : public Window {
   layout::GridGeometry geometry_;
   CellEditor editor_;
   std::int32_t measuredRows_ = 0;  ///< how many rows there were when the columns were measured
-  std::map<std::size_t, bool> allTicked_;  ///< the boxes in the heads
-  std::size_t column_ = 0;                 ///< the current column
-  int resizing_ = -1;                      ///< the column whose width the user changes, or -1
-  int wheel_ = 0;                          ///< the wheel's turn that has not scrolled a row yet
+  std::size_t column_ = 0;         ///< the current column
+  int resizing_ = -1;              ///< the column whose width the user changes, or -1
+  int wheel_ = 0;                  ///< the wheel's turn that has not scrolled a row yet
 };
 
 }  // namespace kebu::windows

@@ -7,6 +7,21 @@ namespace kebu::windows {
 
 using controls::ColumnKind;
 
+namespace {
+
+CheckState checkStateOf(controls::TickState state) {
+  switch (state) {
+    case controls::TickState::All:
+      return CheckState::On;
+    case controls::TickState::Some:
+      return CheckState::Mixed;
+    default:
+      return CheckState::Off;
+  }
+}
+
+}  // namespace
+
 void GridControl::paint() {
   const BufferedPaint buffer(handle());
   const Palette& colours = theme_->colours();
@@ -36,8 +51,8 @@ void GridControl::paintHead(HDC dc) {
       fill(dc, edge, colours.border);
     }
     area.left += theme_->px(8);
-    if (column.kind == ColumnKind::Check) {
-      checkBox(dc, handle(), tickAllBounds(i), isTickAllOn(i) ? CheckState::On : CheckState::Off,
+    if (column.kind == ColumnKind::Check && !column.refusesAll) {
+      checkBox(dc, handle(), tickAllBounds(i), checkStateOf(source_.tickState(i)),
                source_.isEnabled() && source_.rowCount() > 0, theme_->px(14));
       area.left = tickAllBounds(i).right + theme_->px(5);
     }
@@ -80,10 +95,12 @@ void GridControl::paintCell(HDC dc, std::int32_t row, std::size_t column, const 
   const ColumnKind kind = source_.columns()[column].kind;
   const bool locked = isChangeable(kind) && source_.isLocked(row, column);
   const bool enabled = source_.isEnabled() && !locked;
-  if (locked && !isCurrentRow) fill(dc, area, colours.locked);
+  const bool unused = source_.isUnused(row, column);
+  const std::string warning = source_.warningOf(row, column);
+  if ((locked || unused) && !isCurrentRow) fill(dc, area, colours.locked);
   const bool isCurrentCell = isCurrentRow && column == column_;
   RECT inside = area;
-  const std::string shown = source_.cellText(row, column);
+  const std::string shown = warning.empty() ? source_.cellText(row, column) : warning;
   if (kind == ColumnKind::Check) {
     checkBox(dc, handle(), inside, shown == "1" ? CheckState::On : CheckState::Off, enabled,
              theme_->px(14));
@@ -99,7 +116,8 @@ void GridControl::paintCell(HDC dc, std::int32_t row, std::size_t column, const 
       text(dc, sign, glyph, colours.accent, theme_->font(), DT_CENTER | DT_NOPREFIX);
       inside.right = glyph.left;
     }
-    const COLORREF ink = !source_.isEnabled() || locked    ? colours.faint
+    const COLORREF ink = !warning.empty()                  ? colours.warning
+                         : !source_.isEnabled() || locked  ? colours.faint
                          : kind == ColumnKind::Description ? colours.muted
                                                            : colours.text;
     const UINT align = isNumeric(kind) ? DT_RIGHT : DT_LEFT;

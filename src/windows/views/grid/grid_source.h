@@ -17,6 +17,7 @@ class GridSource {
     std::string caption;
     int width = 0;  ///< in 96ths of an inch; a column of no width is hidden
     controls::ColumnKind kind = controls::ColumnKind::Text;
+    bool refusesAll = false;  ///< has no box that sets all of its cells
   };
 
   virtual ~GridSource() = default;
@@ -30,6 +31,14 @@ class GridSource {
   }
   virtual bool isEnabled() const { return true; }
   virtual bool isLocked(std::int32_t /*row*/, std::size_t /*column*/) { return true; }
+  /// Whether the row has no use for the cell, which is drawn like a locked one.
+  virtual bool isUnused(std::int32_t /*row*/, std::size_t /*column*/) { return false; }
+  /// What is shown in the warning colour in place of a description that was not found; "" for
+  /// other cells.
+  virtual std::string warningOf(std::int32_t /*row*/, std::size_t /*column*/) { return ""; }
+  virtual controls::TickState tickState(std::size_t /*column*/) {
+    return controls::TickState::None;
+  }
   virtual bool keepsRowState() const { return false; }
   /// 1 in order, 2 incomplete, else not marked.
   virtual int rowState(std::int32_t /*row*/) { return 0; }

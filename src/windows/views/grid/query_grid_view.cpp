@@ -24,7 +24,8 @@ QueryGridView::QueryGridView(ViewSite& site, controls::QueryGrid& model, HWND pa
 void QueryGridView::readColumns() {
   columns_.clear();
   for (const controls::QueryGrid::Column& column : model_.columns()) {
-    columns_.push_back({column.field, column.caption, column.width / twipsPerUnit, column.kind});
+    columns_.push_back({column.field, column.caption, column.width / twipsPerUnit, column.kind,
+                        column.refusesAll});
   }
 }
 
@@ -57,6 +58,16 @@ bool QueryGridView::isLocked(std::int32_t row, std::size_t column) {
   bool locked = true;
   ignoringErrors([&] { locked = model_.isLocked(row, model_.columns().at(column)); });
   return locked;
+}
+
+bool QueryGridView::isUnused(std::int32_t row, std::size_t column) {
+  bool unused = false;
+  ignoringErrors([&] { unused = model_.isUnused(row, fieldOf(column)); });
+  return unused;
+}
+
+std::string QueryGridView::warningOf(std::int32_t row, std::size_t column) {
+  return model_.isUnknown(row, fieldOf(column)) ? model_.unknownText() : "";
 }
 
 int QueryGridView::rowState(std::int32_t row) {
@@ -139,6 +150,7 @@ bool QueryGridView::describePart(Inspection& inspection) {
       if (seen) inspection.bounds = grid_.tickAllBounds(index);
       writeText(inspection, grid_.isTickAllOn(index) ? "1" : "0");
       if (grid_.isTickAllOn(index)) addMark(inspection, "chosen");
+      if (model_.tickState(column.field) == controls::TickState::Some) addMark(inspection, "some");
       return true;
     case Inspected::Cell: {
       if (row < 1 || row > model_.rowCount()) return false;
@@ -147,6 +159,8 @@ bool QueryGridView::describePart(Inspection& inspection) {
       if (isChangeable(column.kind) && model_.isLocked(row, column)) {
         addMark(inspection, "locked");
       }
+      if (model_.isUnused(row, column.field)) addMark(inspection, "unused");
+      if (model_.isUnknown(row, column.field)) addMark(inspection, "unknown");
       return true;
     }
     default:

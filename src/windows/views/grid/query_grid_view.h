@@ -29,6 +29,11 @@ class QueryGridView : public View, private GridSource {
   std::vector<std::string> itemsOf(std::int32_t row, std::size_t column) override;
   bool isEnabled() const override { return looksEnabled(); }
   bool isLocked(std::int32_t row, std::size_t column) override;
+  controls::TickState tickState(std::size_t column) override {
+    return model_.tickState(fieldOf(column));
+  }
+  bool isUnused(std::int32_t row, std::size_t column) override;
+  std::string warningOf(std::int32_t row, std::size_t column) override;
   bool keepsRowState() const override { return !model_.rowStateField().empty(); }
   int rowState(std::int32_t row) override;
   void selectRow(std::int32_t row) override { model_.selectRow(row); }

@@ -47,8 +47,10 @@ struct Inspection {
                             ///< of a row the field of its state
   wchar_t text[2048] = {};  ///< as people read it
   wchar_t caption[128] = {};  ///< of a field
-  wchar_t marks[128] = {};    ///< blank-separated: "read-only required masked look-up locked
-                              ///< chosen running animated no-record", a row's state
+  wchar_t hint[128] = {};     ///< shown in an empty edit box
+  wchar_t marks[128] =
+      {};  ///< blank-separated: "read-only required masked look-up locked
+           ///< chosen some changed unknown unused running animated no-record", a row's state
 };
 
 /// The number of the message, the same for every process.

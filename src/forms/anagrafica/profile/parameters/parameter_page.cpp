@@ -92,14 +92,16 @@ void ParameterPage::handleEvents() {
   TXT_GM04_CODDOCWEB_MG36.StartLookup.on(
       [this](controls::EditBox&) { TXT_GM04_CODDOCWEB_MG36_StartLookup(); });
   TXT_GM04_DEPDOCWEB_MG58.StartDecode.on([this](const std::string& code, std::string& description) {
-    decodeDeposit("TXT_GM04_DEPDOCWEB_MG58_StartDecode", code, description);
+    decodeDeposit("TXT_GM04_DEPDOCWEB_MG58_StartDecode", TXT_GM04_DEPDOCWEB_MG58, code,
+                  description);
   });
   TXT_GM04_DEPDOCWEB_MG58.StartLookup.on([this](controls::EditBox& box) {
     lookUpDeposit("TXT_GM04_DEPDOCWEB_MG58_StartLookup", box);
   });
   TXT_GM04_DEPGIACENZE_MG58.StartDecode.on(
       [this](const std::string& code, std::string& description) {
-        decodeDeposit("TXT_GM04_DEPGIACENZE_MG58_StartDecode", code, description);
+        decodeDeposit("TXT_GM04_DEPGIACENZE_MG58_StartDecode", TXT_GM04_DEPGIACENZE_MG58, code,
+                      description);
       });
   TXT_GM04_DEPGIACENZE_MG58.StartLookup.on([this](controls::EditBox& box) {
     lookUpDeposit("TXT_GM04_DEPGIACENZE_MG58_StartLookup", box);
@@ -178,13 +180,16 @@ void ParameterPage::FME_PARAMETRI_BeforeUpdate(bool& cancel) {
     const Value document = field("GM04_CODDOCWEB_MG36");
 
     if (equalAsVariants(kind, Value(asGiven)) && isBlank(field("GM04_DEPDOCWEB_MG58"))) {
+      TXT_GM04_DEPDOCWEB_MG58.setHint(context_.translate("Indicare il deposito"));
       p.tell(messages::depositMissing, msgbox::exclamation);
+      FME_PARAMETRI.Refused.raise(TXT_GM04_DEPDOCWEB_MG58);
       return false;
     }
     if (equalAsVariants(kind, Value(fromDocument)) && !isBlank(document)) {
       const std::string code = toText(document);
       if (!VerificaDepositoDocumento(code)) {
         p.step([&] { tellDefaultDepositMissing(trim(code)); });
+        FME_PARAMETRI.Refused.raise(TXT_GM04_CODDOCWEB_MG36);
         return false;
       }
       // The default deposit of the document type is used instead.
@@ -272,6 +277,7 @@ void ParameterPage::TXT_GM04_CODDOCWEB_MG36_StartDecode(const std::string& code,
       return context_.hostServices.decodes->DocumentType(context_.companyKey().text, code);
     });
     description = p.lookUpText(statement, "MG36_DESCR");
+    TXT_GM04_CODDOCWEB_MG36.setUnknown(description.empty());
   });
 }
 
@@ -279,21 +285,22 @@ void ParameterPage::TXT_GM04_CODDOCWEB_MG36_StartLookup() {
   procedure(context_, "TXT_GM04_CODDOCWEB_MG36_StartLookup", [&](Procedure& p) {
     const auto list = p.step(
         [&] { return context_.hostServices.lookups->DocumentTypes(context_.companyKey().text); });
-    const auto code = p.choose(list);
+    const auto code = p.choose(list, TXT_GM04_CODDOCWEB_MG36.text());
     if (code) p.step([&] { TXT_GM04_CODDOCWEB_MG36.enter(*code); });
   });
 }
 
-void ParameterPage::decodeDeposit(const char* name, const std::string& code,
+void ParameterPage::decodeDeposit(const char* name, controls::EditBox& box, const std::string& code,
                                   std::string& description) {
   procedure(context_, name, [&](Procedure& p) {
     description = p.lookUpText(sql::DecodificaDeposito(p.company(), code), "MG58_DESCRDEP");
+    box.setUnknown(description.empty());
   });
 }
 
 void ParameterPage::lookUpDeposit(const char* name, controls::EditBox& box) {
   procedure(context_, name, [&](Procedure& p) {
-    const auto code = p.choose(depositLookup(sql::ElencoDepositi(p.company())));
+    const auto code = p.choose(depositLookup(sql::ElencoDepositi(p.company())), box.text());
     if (code) p.step([&] { box.enter(*code); });
   });
 }
@@ -306,6 +313,7 @@ void ParameterPage::TXT_NUMLIST_StartDecode(const std::string& number, std::stri
           sql::DescrizioneListino(context_.companyKey(), kind, toSqlNumber(CDecN(number))),
           "MG44_DESCLIST");
     });
+    TXT_NUMLIST.setUnknown(description.empty());
   });
 }
 

@@ -70,7 +70,8 @@ class ParameterPage : public Page {
   void FME_PARAMETRI_UpdateBatchAll(bool& cancel);
   void tellDefaultDepositMissing(const std::string& document);
   bool VerificaDepositoDocumento(const std::string& document);
-  void decodeDeposit(const char* name, const std::string& code, std::string& description);
+  void decodeDeposit(const char* name, controls::EditBox& box, const std::string& code,
+                     std::string& description);
   void lookUpDeposit(const char* name, controls::EditBox& box);
   void TXT_GM04_CODDOCWEB_MG36_StartDecode(const std::string& code, std::string& description);
   void TXT_GM04_CODDOCWEB_MG36_StartLookup();
