@@ -99,13 +99,14 @@ void expectNothingEscaped(const FaultyRun& run) {
 
 /// The user closes the window, opens it again and finds the page as usual.
 void expectWorkingWindow(FaultyRun& run) {
-  const std::size_t errors = run.errors().size();
   run.dropAnswers();
   if (run.isOpen()) {
     EXPECT_TRUE(run.play(Scenario::parse("closing", "answer no\nclose")));
     run.dropAnswers();
   }
   ASSERT_FALSE(run.isOpen()) << "the window cannot be closed";
+  // Undoing what could not be saved may have reported once more what could not be loaded.
+  const std::size_t errors = run.errors().size();
   EXPECT_TRUE(run.play(Scenario::parse("afterwards",
                                        "open\n"
                                        "expect GRPMAIN_PAR visible = true\n"
