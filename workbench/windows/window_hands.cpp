@@ -29,18 +29,26 @@ bool isList(HWND window) {
   return found && kindOf(*found) == "LookupList";
 }
 
+struct FrontSearch {
+  const std::set<HWND>& others;
+  HWND front = nullptr;
+};
+
 BOOL CALLBACK findFront(HWND window, LPARAM context) {
+  auto& search = *reinterpret_cast<FrontSearch*>(context);
   const bool inReach = IsWindowVisible(window) && IsWindowEnabled(window);
-  if (!inReach || (!isSystemBox(window) && !isPluginWindow(window))) return TRUE;
-  *reinterpret_cast<HWND*>(context) = window;
+  if (!inReach || search.others.contains(window)) return TRUE;
+  if (!isSystemBox(window) && !isPluginWindow(window)) return TRUE;
+  search.front = window;
   return FALSE;
 }
 
-/// The thread's windows come from the front to the back.
-HWND frontOf(DWORD thread) {
-  HWND front = nullptr;
-  EnumThreadWindows(thread, findFront, reinterpret_cast<LPARAM>(&front));
-  return front;
+/// The thread's windows come from the front to the back. `others` are the host's windows in which
+/// the user does not work now.
+HWND frontOf(DWORD thread, const std::set<HWND>& others) {
+  FrontSearch search{others};
+  EnumThreadWindows(thread, findFront, reinterpret_cast<LPARAM>(&search));
+  return search.front;
 }
 
 bool isOutOfSight(const RECT& bounds) {
@@ -102,7 +110,7 @@ class WindowList : public ShownList {
 }  // namespace
 
 HWND WindowHands::front() const {
-  HWND window = frontOf(thread_.id());
+  HWND window = frontOf(thread_.id(), others_);
   if (!window) throw StepError("no window is open");
   return window;
 }
@@ -110,14 +118,14 @@ HWND WindowHands::front() const {
 void WindowHands::settle() {
   for (;;) {
     thread_.settle();
-    HWND window = frontOf(thread_.id());
+    HWND window = frontOf(thread_.id(), others_);
     if (window && isSystemBox(window)) {
       pressSystemBox(window, user_.answer(readSystemBox(window)));
     } else if (window && isList(window)) {
       WindowList list(window, thread_);
       user_.chooseFrom(list);
       thread_.settle();
-      if (frontOf(thread_.id()) == window) pressKey(window, VK_ESCAPE);
+      if (frontOf(thread_.id(), others_) == window) pressKey(window, VK_ESCAPE);
     } else {
       return;
     }
@@ -421,10 +429,17 @@ void WindowHands::activateWindow() {
 }
 
 void WindowHands::windowOpened(std::int32_t number) {
-  windows_[number] = frontOf(thread_.id());
+  for (const auto& [other, window] : windows_) {
+    if (other != number) others_.insert(window);
+  }
+  windows_[number] = frontOf(thread_.id(), others_);
 }
 
 void WindowHands::toFront(std::int32_t number) {
+  others_.clear();
+  for (const auto& [other, window] : windows_) {
+    if (other != number) others_.insert(window);
+  }
   thread_.post([window = windows_.at(number)] { SetActiveWindow(window); });
   settle();
 }

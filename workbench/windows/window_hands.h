@@ -3,6 +3,7 @@
 #include <functional>
 #include <map>
 #include <optional>
+#include <set>
 #include <string>
 
 #include "workbench/host/user.h"
@@ -79,6 +80,7 @@ class WindowHands : public Hands {
   User& user_;
   std::optional<std::string> pictures_;
   std::map<std::int32_t, HWND> windows_;  ///< by the host's number
+  std::set<HWND> others_;                 ///< of those, the ones that the user does not work in
 };
 
 }  // namespace kebu::workbench
