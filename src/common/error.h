@@ -34,8 +34,7 @@ class RuntimeError : public std::exception {
   static RuntimeError typeMismatch() { return {13, "Type mismatch"}; }
   /// ADO's error for more characters than a field holds.
   static RuntimeError textTooLong() {
-    return {tooLong, "Multiple-step operation generated errors. Check each status value.",
-            "ADODB"};
+    return {tooLong, "Multiple-step operation generated errors. Check each status value.", "ADODB"};
   }
   static RuntimeError internalError(const std::string& detail = {}) {
     return {51, detail.empty() ? "Internal error" : "Internal error: " + detail};

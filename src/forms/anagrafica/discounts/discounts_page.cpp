@@ -228,7 +228,8 @@ void DiscountsPage::CaricaListini(DiscountGrid& mode) {
         dropTable(mode, p);
         mode.renameTable();
         p.run(sql::CaricaRegole(mode.table(), p.company(), kind));
-        const auto rows = p.openWorkingTable(sql::RigheRegole(mode.table()), ado::CursorType::Dynamic);
+        const auto rows =
+            p.openWorkingTable(sql::RigheRegole(mode.table()), ado::CursorType::Dynamic);
         p.show(mode.grid, rows);
         if (p.step([&] { return rows && !rows->EOF_(); })) {
           showStored(mode, p);
