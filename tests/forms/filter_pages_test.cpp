@@ -64,18 +64,6 @@ TEST(FilterPages, CreateTheirFiltersAsDefaultsAtTheFirstOpeningAndLoadThemAtLate
   workplace.close();
 }
 
-/// A host whose user answers as the test says.
-class AnsweringServices : public Services {
- public:
-  using Services::Services;
-  std::int16_t VisualizzaErrore(const std::string& procedure, const RuntimeError&) override {
-    errors.push_back(procedure);
-    return static_cast<std::int16_t>(answer);
-  }
-  std::vector<std::string> errors;
-  ErrorAnswer answer = ErrorAnswer::Abort;
-};
-
 bool composerFails = false;
 std::string composePredicate(const QueryColumn& column, const QueryCondition& condition) {
   if (composerFails) throw RuntimeError::internalError("no predicate");
@@ -87,8 +75,9 @@ TEST(FilterPages, CancelTheSaveWhenABuilderWasLeftByAbort) {
   tests::TestWorkplace workplace;
   workplace.open();
   Window window(workplace.runtime().desktop);
-  AnsweringServices services(workplace.runtime().platform, window);
+  Services services(workplace.runtime().platform, window);
   services.setHost(workplace.plugin());
+  services.setLog(workplace.plugin()->ClsGlobal()->CreateLog());
   controls::RecordFrame profile("FME_ANAGRAFICA", services);
   controls::RecordFrame parameters("FME_PARAMETRI", services);
   PageContext context(workplace.runtime(), services, profile);
@@ -97,24 +86,27 @@ TEST(FilterPages, CancelTheSaveWhenABuilderWasLeftByAbort) {
   composerFails = false;
   FilterPages pages(context, {composePredicate, sql::composeConjunction});
   pages.ImpostaEnQuery();
-  const auto save = [&] {
+  const auto saves = [&](msgbox::Answer answer) {
+    workplace.user().boxes.clear();
+    workplace.user().answerTo = [=](const workbench::ShownMessage& box) {
+      return workbench::offers(box.style, answer) ? answer : msgbox::ok;
+    };
     bool cancel = false;
     procedure(context, "test", [&](Procedure& p) { pages.storeConditions(parameters, cancel, p); });
     return !cancel;
   };
   composerFails = true;
-  EXPECT_EQ(pages.StringaLimitiClienti(), "");
-  services.errors.clear();
-  EXPECT_FALSE(save());
-  EXPECT_EQ(services.errors, std::vector<std::string>{"StringaLimitiClienti"});
-  ASSERT_FALSE(workplace.user().boxes.empty());
-  EXPECT_NE(workplace.user().boxes.back().text.find("Filtro clienti"), std::string::npos);
+  EXPECT_FALSE(saves(msgbox::abort));
+  ASSERT_EQ(workplace.user().boxes.size(), 2U);
+  EXPECT_NE(workplace.user().boxes[0].text.find("StringaLimitiClienti"), std::string::npos);
+  EXPECT_NE(workplace.user().boxes[1].text.find("Filtro clienti"), std::string::npos);
 
-  services.errors.clear();
-  services.answer = ErrorAnswer::Ignore;
-  EXPECT_TRUE(save());
-  EXPECT_EQ(services.errors,
-            (std::vector<std::string>{"StringaLimitiClienti", "StringaLimitiArticoli"}));
+  EXPECT_TRUE(saves(msgbox::ignore));
+  ASSERT_EQ(workplace.user().boxes.size(), 2U);
+  EXPECT_NE(workplace.user().boxes[1].text.find("StringaLimitiArticoli"), std::string::npos);
+  workplace.user().answerTo = [](const workbench::ShownMessage& box) {
+    return workbench::wayOut(box.style);
+  };
   workplace.close();
 }
 
