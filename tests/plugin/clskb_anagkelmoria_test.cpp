@@ -98,6 +98,7 @@ TEST_F(PluginTest, ModalWindowReturnsWhenClosed) {
 TEST_F(PluginTest, EarlierWindowStaysOpenWithItsChanges) {
   auto plugin = create();
   plugin->setClsGlobal(services());
+  plugin->setCanUpdate(true);
   plugin->ShowForm();
   controls::Form& earlier = *desktop.front();
   in<controls::EditBox>(earlier, "TXT_GM04_FTPUSER").type("anna");

@@ -97,8 +97,9 @@ TEST_F(WindowTest, FailingMessageServiceGivesWayToTheSystemsBox) {
 
   press("Elimina");
   ASSERT_EQ(platform.boxes.size(), 1U);
-  EXPECT_EQ(platform.boxes.back(),
-            (ShownMessage{"Collegamento", "Eliminare il record corrente?", 292}));
+  EXPECT_EQ(platform.boxes.back().title, "Collegamento");
+  EXPECT_TRUE(platform.boxes.back().text.starts_with("Eliminare il record corrente?"));
+  EXPECT_EQ(platform.boxes.back().style, 292);
   EXPECT_EQ(value("SELECT COUNT(*) FROM GM03_DISPOSITIVI WHERE GM03_IDDISPOSITIVO = 2"), "1");
 
   // A save that is refused with a message stays refused.

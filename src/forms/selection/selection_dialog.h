@@ -16,7 +16,7 @@ namespace kebu::forms {
 /// it gives back.
 struct SelectionCaller {
   PageContext& context;
-  std::string filterText;
+  std::string filterText = {};
   bool isFilterObtained = false;
   /// The filter in words; "" for none.
   std::string filterWords = {};

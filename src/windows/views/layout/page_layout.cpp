@@ -57,6 +57,7 @@ Shape shapeOf(const Control& control) {
     case ControlKind::Form:
     case ControlKind::MdiContainer:
     case ControlKind::NavigatorBar:
+    case ControlKind::NoticeList:
     case ControlKind::ProgressBar:
     case ControlKind::RecordFrame:
     case ControlKind::ResizeManager:
