@@ -8,6 +8,7 @@
 
 #include "common/convert.h"
 #include "common/nulls.h"
+#include "controls/query_grid.h"
 #include "tests/discounts/expected_candidates.h"
 #include "tests/support/statement_recorder.h"
 #include "workbench/company/company.h"
@@ -233,6 +234,31 @@ TEST_F(DiscountPageTest, EveryLoadTakesAWorkingTableOfAnotherNameAndDropsTheOldO
   EXPECT_NE(table("##tempPrezzo"), price);
   EXPECT_NE(table("##tempGriglia"), grid);
   EXPECT_EQ(first("SELECT COUNT(*) WHERE OBJECT_ID('TEMPDB.DBO." + price + "') IS NULL"), "1");
+  play("close");
+}
+
+TEST_F(DiscountPageTest, TheTickOfASingleRowIsSavedCommittedOrPending) {
+  workplace_.session().execute(
+      "DELETE FROM GM61_KBDISCOUNTRULES WHERE GM61_INDTIPOLISTINO = 1 AND GM61_ID <> 1");
+  play("open\npage 12\nchoose CMB_LISTINISCONTO 1\nexpect QGRID_SCONTOSUPREZZO rows = 1");
+  const auto stored = [&] {
+    return first("SELECT COUNT(*) FROM GM61_KBDISCOUNTRULES WHERE GM61_INDTIPOLISTINO = 1");
+  };
+  auto& grid = dynamic_cast<controls::QueryGrid&>(
+      *workplace_.desktop().front()->find("QGRID_SCONTOSUPREZZO"));
+  for (const bool pending : {false, true}) {
+    play("tick-cell QGRID_SCONTOSUPREZZO 1 GM61_ATTIVA\npress INAV_PAR Conferma");
+    EXPECT_EQ(stored(), "0") << "the stored rule was unticked";
+    if (pending) {
+      // As a grid leaves it that writes a row only when the user goes to another one.
+      grid.dataSource()->setValue("GM61_ATTIVA", std::int16_t{1});
+      play("tick CHK_NONTRATTAREALTRISCONTI off\ntick CHK_NONTRATTAREALTRISCONTI on");
+    } else {
+      play("tick-cell QGRID_SCONTOSUPREZZO 1 GM61_ATTIVA");
+    }
+    play("press INAV_PAR Conferma\nexpect no message");
+    EXPECT_EQ(stored(), "1") << "pending: " << pending;
+  }
   play("close");
 }
 
