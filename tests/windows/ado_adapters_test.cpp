@@ -2,6 +2,7 @@
 #include <gtest/gtest.h>
 
 #include <memory>
+#include <sstream>
 #include <string>
 #include <utility>
 #include <vector>
@@ -9,6 +10,7 @@
 #include "tests/windows/transcript.h"
 #include "windows/ado/ado_objects.h"
 #include "windows/support/automation.h"
+#include "workbench/windows/trace_listener.h"
 
 namespace kebu::tests {
 
@@ -154,6 +156,17 @@ TEST(AdoAdapters, FollowABatchToItsRowsOrItsError) {
   EXPECT_TRUE(execute({Result::Count, Result::Count}).contains("open: 0")) << "no rows";
   EXPECT_TRUE(execute({Result::Count, Result::Error}).contains("error -2147217900"));
   EXPECT_TRUE(execute({Result::Rows}).contains("as text: 1"));
+}
+
+TEST(AdoAdapters, TraceAStatementThatFails) {
+  std::ostringstream trace;
+  {
+    const workbench::TraceListener listener(trace);
+    execute({Result::Rows});
+    EXPECT_EQ(trace.str(), "");
+    execute({Result::Count, Result::Error});
+  }
+  EXPECT_EQ(trace.str(), "KVSE:|-2147217900|ADODB|second statement|BATCH\n");
 }
 
 TEST(AdoAdapters, TranslateAProvidersAnswers) {

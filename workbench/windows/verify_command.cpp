@@ -54,8 +54,8 @@ std::int32_t companyOf(const std::string& text) {
 }
 
 PlayOptions optionsFor(const Expected& expected, std::shared_ptr<engine::Database> database,
-                       std::ostream& nowhere) {
-  return {std::move(database), std::nullopt, expected.company, {}, nowhere, nowhere, {},
+                       std::ostream& nowhere, std::ostream& trace) {
+  return {std::move(database), std::nullopt, expected.company, {}, nowhere, trace, {},
           std::nullopt};
 }
 
@@ -145,7 +145,7 @@ void Verification::playOnEmbedded() {
     std::cout << name << ": on the embedded database" << std::endl;
     const auto database = demoCompany();
     std::ostringstream complaints;
-    playOnEngine(expected.scenario, optionsFor(expected, database, nowhere_),
+    playOnEngine(expected.scenario, optionsFor(expected, database, nowhere_, nowhere_),
                  {nowhere_, complaints});
     expected.complaints = complaints.str();
     engine::Session session(database);
@@ -181,14 +181,31 @@ std::string errorBoxes(const std::string& steps) {
   return boxes;
 }
 
+/// The statements that failed in what the plug-in traced, with the provider's errors.
+std::string failedStatements(const std::string& trace) {
+  constexpr std::string_view mark = "KVSE:|";
+  std::string statements;
+  std::istringstream lines(trace);
+  bool isStatement = false;
+  for (std::string line; std::getline(lines, line);) {
+    // A statement may have several lines; every other line of the trace begins with a mark as well.
+    const bool begins = line.size() > 5 && line.starts_with("KV") && line.substr(4, 2) == ":|";
+    isStatement = begins ? line.starts_with(mark) : isStatement;
+    if (isStatement) statements += line + "\n";
+  }
+  return statements;
+}
+
 void Verification::play(const Expected& expected, RemoteDatabase& remote) {
   empty(remote);
   load(remote);
   std::ostringstream steps;
   std::ostringstream complaints;
-  const bool held = playOnRemote(expected.scenario, optionsFor(expected, nullptr, nowhere_),
+  std::ostringstream trace;
+  const bool held = playOnRemote(expected.scenario, optionsFor(expected, nullptr, nowhere_, trace),
                                  {steps, complaints}, remote);
-  std::string detail = held ? "" : complaints.str() + errorBoxes(steps.str());
+  std::string detail =
+      held ? "" : complaints.str() + errorBoxes(steps.str()) + failedStatements(trace.str());
   if (!held && !expected.complaints.empty()) {
     detail += "on the embedded database: " + expected.complaints;
   }

@@ -2,6 +2,7 @@
 
 #include "windows/ado/ado_connection.h"
 #include "windows/ado/ado_constants.h"
+#include "windows/ado/failing_statement.h"
 #include "windows/ado/results.h"
 #include "windows/support/values.h"
 
@@ -38,15 +39,17 @@ void AdoCommand::setCommandTimeout(std::int32_t seconds) {
 
 void AdoCommand::Execute() {
   const auto* const adapter = dynamic_cast<const AdoConnection*>(connection_.get());
-  if (!adapter || !adapter->isAsynchronous()) {
-    drain(object_.get(L"Execute"));
-    return;
-  }
-  adapter->clearErrors();
-  const Dispatch first =
-      object_.get(L"Execute", {Variant::missing(), Variant::missing(), executeAsynchronously});
-  adapter->await(first);
-  drain(first);
+  tracingFailure(object_.text(L"CommandText"), [&] {
+    if (!adapter || !adapter->isAsynchronous()) {
+      drain(object_.get(L"Execute"));
+      return;
+    }
+    adapter->clearErrors();
+    const Dispatch first =
+        object_.get(L"Execute", {Variant::missing(), Variant::missing(), executeAsynchronously});
+    adapter->await(first);
+    drain(first);
+  });
 }
 
 }  // namespace kebu::windows

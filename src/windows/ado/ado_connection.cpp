@@ -5,6 +5,7 @@
 #include "windows/ado/ado_constants.h"
 #include "windows/ado/ado_objects.h"
 #include "windows/ado/error_collection.h"
+#include "windows/ado/failing_statement.h"
 #include "windows/ado/results.h"
 #include "windows/ado/waiting.h"
 
@@ -35,15 +36,19 @@ void AdoConnection::setCommandTimeout(std::int32_t seconds) {
 }
 
 Ref<ado::Recordset> AdoConnection::Execute(const std::string& text) {
-  if (isAsynchronous()) clearErrors();
-  const std::int32_t options = commandIsText | (isAsynchronous() ? executeAsynchronously : 0);
-  const Dispatch first = object_.get(L"Execute", {text, Variant::missing(), options});
-  if (isAsynchronous()) await(first);
-  return wrapRecordset(firstWithRows(first).object().get());
+  return tracingFailure(text, [&] {
+    if (isAsynchronous()) clearErrors();
+    const std::int32_t options = commandIsText | (isAsynchronous() ? executeAsynchronously : 0);
+    const Dispatch first = object_.get(L"Execute", {text, Variant::missing(), options});
+    if (isAsynchronous()) await(first);
+    return wrapRecordset(firstWithRows(first).object().get());
+  });
 }
 
 void AdoConnection::ExecuteNoRecords(const std::string& text) {
-  object_.call(L"Execute", {text, Variant::missing(), commandIsText | executeNoRecords});
+  tracingFailure(text, [&] {
+    object_.call(L"Execute", {text, Variant::missing(), commandIsText | executeNoRecords});
+  });
 }
 
 void AdoConnection::whileExecuting(std::function<void()> meanwhile) {

@@ -7,6 +7,7 @@
 #include "windows/ado/ado_connection.h"
 #include "windows/ado/ado_constants.h"
 #include "windows/ado/ado_objects.h"
+#include "windows/ado/failing_statement.h"
 #include "windows/ado/results.h"
 #include "windows/support/safe_array.h"
 #include "windows/support/values.h"
@@ -46,6 +47,7 @@ void AdoRecordset::putUpdateCriteria() {
 void AdoRecordset::Open(const std::string& source, const Ref<ado::Connection>& connection,
                         ado::CursorType cursorType, ado::LockType lockType) {
   connection_ = connection;
+  source_ = source;
   arrive([&](std::int32_t options) {
     object_.call(L"Open", {source, unwrap(connection), static_cast<std::int32_t>(cursorType),
                            static_cast<std::int32_t>(lockType), commandIsText | options});
@@ -57,13 +59,15 @@ void AdoRecordset::Open(const std::string& source, const Ref<ado::Connection>& c
 template <class Call>
 void AdoRecordset::arrive(const Call& call) {
   const auto* const adapter = dynamic_cast<const AdoConnection*>(connection_.get());
-  if (adapter && adapter->isAsynchronous()) {
-    adapter->clearErrors();
-    call(executeAsynchronously | fetchAsynchronously);
-    adapter->await(object_);
-  } else {
-    call(0);
-  }
+  tracingFailure(source_, [&] {
+    if (adapter && adapter->isAsynchronous()) {
+      adapter->clearErrors();
+      call(executeAsynchronously | fetchAsynchronously);
+      adapter->await(object_);
+    } else {
+      call(0);
+    }
+  });
   fields_.forget();
   dropAhead();
 }
@@ -231,9 +235,14 @@ bool AdoRecordset::isEditing() const {
   return mode == ado::EditMode::InProgress || mode == ado::EditMode::Add;
 }
 
+/// The statement that ADO makes of a changed row is not known here.
+void AdoRecordset::send(std::wstring_view member, const Dispatch::Arguments& arguments) {
+  tracingFailure("(a changed row of) " + source_, [&] { object_.call(member, arguments); });
+}
+
 // ADO objects to ending an edit that was never begun; here that is nothing to do.
 void AdoRecordset::Update() {
-  if (isEditing()) object_.call(L"Update");
+  if (isEditing()) send(L"Update");
 }
 
 void AdoRecordset::CancelUpdate() {
@@ -241,11 +250,11 @@ void AdoRecordset::CancelUpdate() {
 }
 
 void AdoRecordset::Delete() {
-  object_.call(L"Delete");
+  send(L"Delete");
 }
 
 void AdoRecordset::UpdateBatch() {
-  object_.call(L"UpdateBatch", {affectAllChapters});
+  send(L"UpdateBatch", {affectAllChapters});
 }
 
 void AdoRecordset::CancelBatch() {

@@ -65,6 +65,7 @@ class AdoRecordset : public ado::Recordset, public Foreign {
   Value fieldValue(std::string_view field, std::wstring_view member) const;
   Rows getRows(std::int32_t rows) const;
   void putUpdateCriteria();
+  void send(std::wstring_view member, const Dispatch::Arguments& arguments = {});
   /// Whether the current row is one that was read ahead.
   bool isAhead() const { return at_ < ahead_.size(); }
   bool canReadAhead();
@@ -72,6 +73,7 @@ class AdoRecordset : public ado::Recordset, public Foreign {
   void dropAhead();
 
   Ref<ado::Connection> connection_;  ///< that it was opened on here
+  std::string source_;               ///< the statement, when it was opened here
   mutable FieldTable fields_;
   /// The current row and those behind it; the object stands behind them all.
   Rows ahead_;

@@ -24,7 +24,7 @@ namespace kebu::windows {
 namespace {
 
 constexpr UINT layOutMessage = WM_APP + 2;
-constexpr UINT focusMessage = WM_APP + 3;
+constexpr UINT focusMessage = WM_APP + 4;
 constexpr layout::Rect usualSize{0, 0, 1180, 760};  // in 96ths of an inch
 constexpr layout::Rect dialogSize{0, 0, 860, 680};
 constexpr layout::Rect leastSize{0, 0, 720, 480};
