@@ -65,7 +65,8 @@ std::vector<std::string> functionsOf(const std::filesystem::path& header) {
 
 TEST(StatementTexts, AreThereForEveryFunctionOfEveryHeader) {
   std::set<std::string> pinned;
-  for (const auto& [name, text] : workbench::readStatementTexts(texts)) pinned.insert(name.substr(0, name.find(':')));
+  for (const auto& [name, text] : workbench::readStatementTexts(texts))
+    pinned.insert(name.substr(0, name.find(':')));
   std::size_t functions = 0;
   for (const auto& entry : std::filesystem::directory_iterator(headers)) {
     if (entry.path().extension() != ".h") continue;

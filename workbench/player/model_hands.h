@@ -29,7 +29,7 @@ class ModelHands : public Hands {
   void lookupCell(const std::string& grid, std::int32_t row, const std::string& field) override;
   void pressNotice(const std::string& text) override;
   void refresh() override { window().refreshPage(); }
-  bool isFocused(const std::string& control) override;
+  bool isFocused(const std::string& name) override;
   void activateWindow() override;
   void windowOpened(std::int32_t number) override { windows_[number] = desktop_.front(); }
   void toFront(std::int32_t number) override { desktop_.activate(*windows_.at(number)); }

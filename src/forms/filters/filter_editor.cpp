@@ -126,7 +126,7 @@ std::string FilterEditor::decode(const FilterField& field, const Request& reques
     CodeKeys keys = upperKeys(field, request.end);
     keys.push_back(code);
     const std::string statement = p.step([&] { return field.decode(context_, field, keys); });
-    const std::string description = p.lookUpText(statement, field.codes.description);
+    std::string description = p.lookUpText(statement, field.codes.description);
     editor_.setUnknown(field.dataField, request.end, description.empty());
     return description;
   });

@@ -13,8 +13,8 @@ namespace {
 constexpr const char* staleCause = "categories changed meanwhile";
 
 struct StoredLevel {
-  int entity;
-  std::int32_t number;
+  int entity = 0;
+  std::int32_t number = 0;
   CategoryLevels::Content content;
 };
 

@@ -421,7 +421,7 @@ void PriceListsPage::QGRID_LISTINI_DataFormatEXT(std::int32_t row, const std::st
     text = p.step([&] {
       const std::string code = RTrimN(QGRID_LISTINI.cell(row, codeField));
       if (code.empty()) return std::string();
-      const std::string description =
+      std::string description =
           describe(codeField, toInt32(CDecN(QGRID_LISTINI.cell(row, "GM57_INDTIPO"))), code);
       if (description.empty()) QGRID_LISTINI.markUnknown(row, field);
       return description;
