@@ -19,9 +19,13 @@ Form::Form(std::string name, Desktop& desktop) : OfKind(std::move(name)), deskto
   setVisible(false);
 }
 
-// A window that is destroyed without having been closed must not stay on the screen.
 Form::~Form() {
+  leaveScreen();
+}
+
+void Form::leaveScreen() noexcept {
   if (loaded_) ignoringErrors([&] { desktop_.hide(*this); });
+  loaded_ = false;
 }
 
 void Form::add(Control& control) {

@@ -56,6 +56,9 @@ class Form : public OfKind<ControlKind::Form>, public std::enable_shared_from_th
     (add(all), ...);
   }
   Desktop& desktop() const { return desktop_; }
+  /// Takes a window that was not closed off the screen. To be called at the start of the destructor
+  /// of a class that owns controls: what is on the screen uses them until then.
+  void leaveScreen() noexcept;
 
   virtual void Form_Load() {}
   virtual void Form_Activate() {}

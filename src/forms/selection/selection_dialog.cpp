@@ -45,6 +45,7 @@ SelectionDialog::SelectionDialog(const Kind& kind, SelectionCaller& caller)
 }
 
 SelectionDialog::~SelectionDialog() {
+  leaveScreen();
   ignoringErrors([&] { trace_.terminated(); });
 }
 

@@ -63,6 +63,7 @@ FRMKB_ANAGRAFICA::FRMKB_ANAGRAFICA(const Runtime& runtime)
 }
 
 FRMKB_ANAGRAFICA::~FRMKB_ANAGRAFICA() {
+  leaveScreen();
   ignoringErrors([&] { trace_.terminated(); });
 }
 

@@ -30,11 +30,11 @@ class EditBoxView : public FieldView {
   void restore();
 
   controls::EditBox& model_;
-  OwnedWindow lookup_;  ///< the button, once it has had a place
-  std::string shown_;   ///< the model's text as last shown
+  std::string shown_;  ///< the model's text as last shown
   bool touched_ = false;
   bool showing_ = false;
   bool committing_ = false;
+  OwnedWindow lookup_;  ///< the button, once it has had a place
 };
 
 }  // namespace kebu::windows

@@ -29,8 +29,8 @@ class FieldView : public View {
  private:
   void makeCaption(HWND parent);
 
-  OwnedWindow caption_;       ///< null while it has none
   bool headsColumn_ = false;  ///< the caption stands above the field, as the head of a column
+  OwnedWindow caption_;       ///< null while it has none
   OwnedWindow control_;
 };
 

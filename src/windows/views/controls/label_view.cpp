@@ -10,9 +10,9 @@ constexpr DWORD style = SS_LEFT | SS_CENTERIMAGE | SS_ENDELLIPSIS | SS_NOPREFIX;
 
 LabelView::LabelView(ViewSite& site, controls::Label& model, HWND parent)
     : View(site, model, "Label"),
-      window_(createStock(L"STATIC", style, 0, parent)),
       label_(&model),
-      role_(model.isWarning() ? Role::Warning : Role::Text) {
+      role_(model.isWarning() ? Role::Warning : Role::Text),
+      window_(createStock(L"STATIC", style, 0, parent)) {
   applyTheme();
 }
 
@@ -22,8 +22,8 @@ bool LabelView::isUnknown() const {
 
 LabelView::LabelView(ViewSite& site, controls::TitleBar& model, HWND parent)
     : View(site, model, "TitleBar"),
-      window_(createStock(L"STATIC", style, 0, parent)),
-      role_(Role::Title) {
+      role_(Role::Title),
+      window_(createStock(L"STATIC", style, 0, parent)) {
   applyTheme();
 }
 

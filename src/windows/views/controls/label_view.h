@@ -25,9 +25,9 @@ class LabelView : public View {
   /// Whether it shows that a code was not found.
   bool isUnknown() const;
 
-  OwnedWindow window_;
   const controls::Label* label_ = nullptr;  ///< null for a title
   Role role_;
+  OwnedWindow window_;
 };
 
 }  // namespace kebu::windows

@@ -40,8 +40,8 @@ class NavigatorBarView : public View, private Window {
   std::optional<std::size_t> indexOf(HWND window) const;
 
   controls::NavigatorBar& model_;
-  std::vector<OwnedWindow> buttons_;
   std::vector<std::size_t> mnemonics_;
+  std::vector<OwnedWindow> buttons_;
 };
 
 }  // namespace kebu::windows

@@ -43,8 +43,8 @@ class NoticeListView : public View, private Window {
   void press(std::size_t index);
 
   controls::NoticeList& model_;
-  std::vector<Line> lines_;
   std::string told_;  ///< the texts that screen readers were told of
+  std::vector<Line> lines_;
 };
 
 }  // namespace kebu::windows

@@ -36,11 +36,11 @@ class SideBarView : public View {
   static LRESULT CALLBACK listProcedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam);
 
   controls::SideBar& model_;
-  OwnedWindow window_;
   std::vector<std::wstring> texts_;  ///< as the list has them
   WNDPROC listBox_ = nullptr;        ///< the list's own procedure
   bool movesByKey_ = false;          ///< while the list handles a key
   int pressed_ = -1;                 ///< the chosen link, while the mouse is down on it
+  OwnedWindow window_;
 };
 
 }  // namespace kebu::windows

@@ -35,7 +35,8 @@ class ViewSite {
 };
 
 /// Draws one model and turns input into calls of the model. It holds no rule of the system: after a
-/// refusal it shows what the model holds.
+/// refusal it shows what the model holds. A view's windows are its last members: while a window is
+/// destroyed it still sends notifications, the loss of the focus for one, and they use the others.
 class View {
  public:
   View(ViewSite& site, controls::Control& model, const char* kind);

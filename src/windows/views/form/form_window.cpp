@@ -94,6 +94,7 @@ FormWindow::FormWindow(HINSTANCE module, controls::Form& form, HWND owner,
 }
 
 FormWindow::~FormWindow() {
+  stopAnswering();
   keys_.reset();
   subscriptions_.clear();
   groupSubscriptions_.clear();
@@ -148,6 +149,7 @@ void FormWindow::rebuildIfGrown() {
     // its own, later controls come last anyway; a dialog's few controls are made again.
     groupSubscriptions_.clear();
     mnemonics_.clear();
+    inOrder_.clear();
     views_.clear();
     loosePage_.reset();
     lastFocus_ = nullptr;

@@ -52,6 +52,7 @@ LookupWindow::LookupWindow(HINSTANCE module, controls::LookupList& list, HWND ow
 }
 
 LookupWindow::~LookupWindow() {
+  stopAnswering();
   keys_.reset();
   grid_.reset();
   destroy();

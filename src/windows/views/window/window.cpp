@@ -106,9 +106,10 @@ LRESULT CALLBACK Window::procedure(HWND window, UINT message, WPARAM wParam, LPA
     SetWindowLongPtrW(window, GWLP_USERDATA, 0);
     self->handle_ = nullptr;
     const LRESULT answered = DefWindowProcW(window, message, wParam, lParam);
-    if (!self->destroying_) guarded([&] { self->lost(); });
+    if (!self->ending_) guarded([&] { self->lost(); });
     return answered;
   }
+  if (self->ending_) return DefWindowProcW(window, message, wParam, lParam);
   const Activity activity;
   LRESULT result = 0;
   guarded([&] { result = self->answer(message, wParam, lParam); });

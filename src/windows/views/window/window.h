@@ -32,8 +32,11 @@ class Window {
  protected:
   void create(HINSTANCE module, const WindowTraits& traits, HWND parent, const RECT& bounds,
               const std::wstring& title = {});
+  /// From now on messages get Windows' own answer. For a destructor that first destroys what the
+  /// answers use.
+  void stopAnswering() { ending_ = true; }
   void destroy() {
-    destroying_ = true;
+    stopAnswering();
     if (handle_) DestroyWindow(handle_);
   }
   /// The position that a scroll bar's message asks for, a line being `line` units; nothing for a
@@ -49,7 +52,7 @@ class Window {
   static LRESULT CALLBACK procedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam);
 
   HWND handle_ = nullptr;
-  bool destroying_ = false;
+  bool ending_ = false;
 };
 
 /// Unregisters our window classes, before the module that holds their procedures is unloaded.
