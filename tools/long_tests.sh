@@ -4,19 +4,45 @@
 
 long_parts=(
   "openings|the real window opened and closed 200 times, nothing left behind (Wine)"
+  "heap|every scenario in the real window on a heap that finds uses of freed memory (Wine)"
   "x86|the 32-bit DLL in a 32-bit Debian: COM checks, 40 openings, all scenarios (as root)"
   "acceptance|the acceptance run with every scenario, on the workbench's own database (Wine)"
   "tidy|clang-tidy over every source, the tests included"
   "bench|the benchmarks; fails when one is above its aim"
 )
 
+# The scenarios natively, for their statement logs.
+native_scenarios() {
+  build debug workbench
+  rm -f "$native_statements"/*.jsonl
+  ctest --preset debug --parallel "$(nproc)" -R '^scenario\.' >build/scenarios.log 2>&1 ||
+    { tail -n 20 build/scenarios.log; return 1; }
+}
+
 long_openings() (
   need_windows_packages
   build windows-x64
   source tools/wine.sh
   start_virtual_screen
+  wine_limit=1700
   in_wine build/windows-x64/tests/windows/window_tests.exe --gtest_brief \
     'build\windows-x64\workbench\KEBU_ANAGKELMORIA.dll' 200
+)
+
+# Besides the scenarios: the tests that open, close and lose windows.
+long_heap() (
+  need_native_packages
+  need_windows_packages
+  native_scenarios || exit 1
+  build windows-x64-guarded
+  local failed=0
+  real_window_scenarios windows-x64-guarded || failed=1
+  windows_preset=windows-x64-guarded
+  source tools/wine.sh
+  start_virtual_screen
+  in_wine build/windows-x64-guarded/tests/windows/window_tests.exe --gtest_brief \
+    'build\windows-x64-guarded\workbench\KEBU_ANAGKELMORIA.dll' 5 || failed=1
+  exit "$failed"
 )
 
 long_x86() (
@@ -24,10 +50,7 @@ long_x86() (
   need_windows_packages
   source tools/debian32.sh
   make_debian32
-  build debug workbench
-  rm -f "$native_statements"/*.jsonl
-  ctest --preset debug --parallel "$(nproc)" -R '^scenario\.' >build/scenarios.log 2>&1 ||
-    { tail -n 20 build/scenarios.log; return 1; }
+  native_scenarios || exit 1
   build windows-x86
   in_debian32 tools/check_x86
 )
@@ -37,6 +60,7 @@ long_acceptance() (
   build windows-x64
   source tools/wine.sh
   start_virtual_screen
+  wine_limit=1700
   in_wine "$windows_workbench" verify --connection Provider=Workbench --report build/acceptance-report.txt --clean
 )
 

@@ -5,13 +5,15 @@
 windows_workbench=build/$windows_preset/workbench/workbench.exe
 
 export WINEDEBUG=${WINEDEBUG:--all}
+# A program that crashes ends. Wine's debugger would wait for somebody.
+export WINEDLLOVERRIDES=winedbg.exe=d
 case $windows_preset in
   windows-x86) export WINEPREFIX=$PWD/build/wine32 WINEARCH=win32 ;;
   *) export WINEPREFIX=$PWD/build/wine WINEARCH=win64 ;;
 esac
 
-# Removes Wine's messages about the missing 32-bit version.
-in_wine() { wine "$@" 2> >(sed -e '/wine32/d' -e '/multiarch/d' -e '/^wine: configuration/d' -e '/^$/d' >&2); }
+# Runs a program for at most wine_limit seconds, without Wine's messages about the missing 32-bit version.
+in_wine() { timeout -k 5 "${wine_limit:-600}" wine "$@" 2> >(sed -e '/wine32/d' -e '/multiarch/d' -e '/^wine: configuration/d' -e '/^$/d' >&2); }
 
 # Starts a virtual screen with a window manager. It must exist before Wine's server, which keeps the
 # screen that it was started with.
