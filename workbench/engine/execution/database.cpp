@@ -309,11 +309,16 @@ void Database::withKeysAtTheEnd(const Table& table, const std::function<void()>&
   transaction.commit();
 }
 
+std::string Database::nameOf(const std::string& physical) const {
+  const TablePtr table = catalogue_.byPhysicalName(physical);
+  return table ? table->name : physical;
+}
+
 /// A violated key is a constraint or a unique index, which SQLite does not tell apart.
 SqlError Database::duplicateKey(const std::string& physical,
                                 const std::vector<std::string>& columns, const std::string& index) {
   const TablePtr table = catalogue_.byPhysicalName(physical);
-  const std::string name = table ? table->name : physical;
+  const std::string name = nameOf(physical);
   std::string violated = index;
   if (table && !columns.empty() && !table->hasKey(columns)) {
     for (const auto& candidate : uniqueIndexes(*table)) {
@@ -357,7 +362,7 @@ SqlError Database::lastError() {
       return {515,
               "Cannot insert the value NULL into column '" +
                   (place.columns.empty() ? std::string() : place.columns.front()) + "', table '" +
-                  place.table + "'; column does not allow nulls.",
+                  nameOf(place.table) + "'; column does not allow nulls.",
               "23000"};
     default:
       break;

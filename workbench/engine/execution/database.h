@@ -72,6 +72,8 @@ class Database {
     std::string sql;
   };
   std::vector<UniqueIndex> uniqueIndexes(const Table& table) const;
+  /// The name in T-SQL of a table of SQLite's.
+  std::string nameOf(const std::string& physical) const;
   SqlError duplicateKey(const std::string& physical, const std::vector<std::string>& columns,
                         const std::string& index);
 
