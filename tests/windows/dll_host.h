@@ -29,20 +29,17 @@ HWND newHostWindow(HWND parent = nullptr);
 /// Runs `action` when the next message loop of this thread has waited for a moment, such as that of
 /// a modal window.
 void soon(std::function<void()> action);
-/// The longest time in milliseconds for which a window does not answer another thread while this
-/// thread runs `action`.
-ULONGLONG longestSilence(HWND window, const std::function<void()>& action);
-
-/// Makes the statements on the working table of the rules on price slow.
+/// Has every statement on the working table of the rules on price last until the window has
+/// answered a message.
 class SlowRules : public workbench::StatementObserver {
  public:
-  static constexpr DWORD delay = 2000;
+  std::atomic<HWND> window = nullptr;
+  std::atomic<int> answered = 0;    ///< the statements meanwhile which it did
+  std::atomic<int> unanswered = 0;  ///< and did not
 
   void before(const std::string& text, bool edit) override;
   void after(const std::string& /*text*/, bool /*edit*/, std::int64_t /*rows*/,
              const RuntimeError* /*error*/) override {}
-
-  std::atomic<int> times = 0;
 };
 
 /// Presses the default button of every message box, and prints the box.
