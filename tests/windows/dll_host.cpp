@@ -17,6 +17,16 @@ BOOL CALLBACK findForm(HWND window, LPARAM context) {
   return FALSE;
 }
 
+std::function<void()>& waitingAction() {
+  static thread_local std::function<void()> action;
+  return action;
+}
+
+void CALLBACK runWaitingAction(HWND, UINT, UINT_PTR timer, DWORD) {
+  KillTimer(nullptr, timer);
+  waitingAction()();
+}
+
 bool answersAnotherThread(HWND window) {
   // On its own thread the window waits for the statement.
   if (GetWindowThreadProcessId(window, nullptr) == GetCurrentThreadId()) return false;
@@ -63,13 +73,9 @@ HWND newHostWindow(HWND parent) {
 }
 
 void soon(std::function<void()> action) {
-  static thread_local std::function<void()> waiting;
-  waiting = std::move(action);
+  waitingAction() = std::move(action);
   constexpr UINT delay = 300;
-  SetTimer(nullptr, 0, delay, [](HWND, UINT, UINT_PTR timer, DWORD) {
-    KillTimer(nullptr, timer);
-    waiting();
-  });
+  SetTimer(nullptr, 0, delay, runWaitingAction);
 }
 
 void SlowRules::before(const std::string& text, bool /*edit*/) {
