@@ -7,6 +7,7 @@ long_parts=(
   "heap|every scenario in the real window on a heap that finds uses of freed memory (Wine)"
   "x86|the 32-bit DLL in a 32-bit Debian: COM checks, 40 openings, all scenarios (as root)"
   "acceptance|the acceptance run with every scenario, on the workbench's own database (Wine)"
+  "package|the packages: installed, upgraded and removed, rows compared, built twice (Wine)"
   "tidy|clang-tidy over every source, the tests included"
   "bench|the benchmarks; fails when one is above its aim"
 )
@@ -62,6 +63,18 @@ long_acceptance() (
   start_virtual_screen
   wine_limit=1700
   in_wine "$windows_workbench" verify --connection Provider=Workbench --report build/acceptance-report.txt --clean
+)
+
+long_package() (
+  need_packages unzip wine wine64 xvfb openbox
+  tools/package
+  source packaging/packages.sh
+  source tools/package_checks.sh
+  local failed=0
+  installers_check || failed=1
+  zip_check || failed=1
+  reproducibility_check || failed=1
+  exit "$failed"
 )
 
 long_tidy() {

@@ -135,6 +135,11 @@ int sqlCommand(const std::vector<std::string>& words) {
   return failed ? 1 : 0;
 }
 
+int versionCommand(const std::vector<std::string>& /*words*/) {
+  std::cout << "workbench " KEBU_VERSION "\n";
+  return 0;
+}
+
 int helpCommand(const std::vector<std::string>& /*words*/) {
   std::cout << "workbench new DATABASE\n"
                "    makes a database file with the demo company\n"
@@ -152,10 +157,14 @@ int helpCommand(const std::vector<std::string>& /*words*/) {
                "workbench verify --connection STRING [--report FILE] [--clean]\n"
                "    loads the demo company into an empty database, plays every scenario on it and\n"
                "    compares the rows; --clean empties it again\n"
+               "workbench\n"
+               "    by a double click: opens the window on a new demo company\n"
                "workbench register [--user]\n"
                "workbench unregister [--user]\n"
                "    registers the plug-in beside the program, for all users or the current one\n"
 #endif
+               "workbench --version\n"
+               "    prints the version, which is also the plug-in's\n"
                "\n"
                "A scenario's steps, one a line; '#' starts a comment, quotes as in a shell:\n";
   for (const Step& step : stepTable()) {

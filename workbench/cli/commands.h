@@ -16,6 +16,7 @@ int verifyCommand(const std::vector<std::string>& words);
 int registerCommand(const std::vector<std::string>& words);
 int unregisterCommand(const std::vector<std::string>& words);
 #endif
+int versionCommand(const std::vector<std::string>& words);
 int helpCommand(const std::vector<std::string>& words);
 
 }  // namespace kebu::workbench

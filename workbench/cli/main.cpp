@@ -8,6 +8,9 @@
 #include "workbench/cli/command_line.h"
 #include "workbench/cli/commands.h"
 #include "workbench/cli/program_words.h"
+#ifdef _WIN32
+#include "workbench/windows/double_click.h"
+#endif
 
 namespace {
 
@@ -25,10 +28,13 @@ constexpr std::array commands{
     Command{"show", showCommand},         Command{"verify", verifyCommand},
     Command{"register", registerCommand}, Command{"unregister", unregisterCommand},
 #endif
-    Command{"--help", helpCommand},
+    Command{"--version", versionCommand}, Command{"--help", helpCommand},
 };
 
 int run(const std::vector<std::string>& words) {
+#ifdef _WIN32
+  if (words.empty() && startedByDoubleClick()) return showDemo();
+#endif
   if (words.empty()) {
     std::string names;
     for (const Command& command : commands) {

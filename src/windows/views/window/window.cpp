@@ -27,7 +27,7 @@ void registerClass(HINSTANCE module, const WindowTraits& traits, WNDPROC procedu
   wanted.lpfnWndProc = procedure;
   wanted.hInstance = module;
   wanted.hCursor = traits.cursor;
-  wanted.hIcon = LoadIconW(nullptr, IDI_APPLICATION);
+  wanted.hIcon = LoadIconW(module, L"WINDOW");
   wanted.lpszClassName = traits.className;
   RegisterClassExW(&wanted);
 }
