@@ -74,7 +74,7 @@ make_packages() {
   rm -rf build/package
   mkdir -p "$output" "$stage/guida" "build/package/$name-symbols"
   rm -f "$output"/KEBU_ANAGKELMORIA-*
-  cp docs/guida/* "$stage/guida"
+  make_guide "$stage/guida"
   cp CHANGELOG.md "$stage"
   for file in registra.cmd rimuovi.cmd; do with_windows_line_ends "packaging/zip/$file" "$stage/$file"; done
   sed "s/@VERSION@/$version/" packaging/zip/LEGGIMI.txt >build/package/readme.txt
