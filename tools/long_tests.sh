@@ -66,9 +66,10 @@ long_acceptance() (
 )
 
 long_package() (
-  need_packages unzip wine wine64 xvfb openbox
+  need_packages unzip x11-utils wine wine64 xvfb openbox
   tools/package
   source packaging/packages.sh
+  source packaging/guide/guide.sh
   source tools/package_checks.sh
   local failed=0
   installers_check || failed=1

@@ -4,7 +4,8 @@
 # its class is not created; its tables are compared with the 64-bit installer's.
 
 # Keys and values of the registry, one a line, without what Windows and Wine do differently: Windows has one
-# list of type libraries for 32 and 64 bits, and Wine's installer service leaves its own empty keys.
+# list of type libraries and program identifiers for 32 and 64 bits, and always has the keys above them;
+# Wine's installer service leaves its own empty keys.
 registry_rows() {
   local key
   for key in 'HKLM\Software\Classes' 'HKCU\Software\Classes' 'HKLM\Software\Microsoft\Windows\CurrentVersion\Uninstall' \
@@ -13,16 +14,18 @@ registry_rows() {
     iconv -f UTF-16 -t UTF-8 "$WINEPREFIX/drive_c/rows.reg" | tr -d '\r' |
       awk '/^\[/ { key = $0; print key; next } NF && key { print key " " $0 }'
     rm "$WINEPREFIX/drive_c/rows.reg"
-  done | grep -v -i 'Wow6432Node.TypeLib' |
+  done | grep -v -i -E -e 'Wow6432Node.(TypeLib|KEBU_ANAGKELMORIA)' -e 'Wow6432Node.CLSID\]$' \
+    -e 'HKEY_CURRENT_USER.Software.Classes(.(CLSID|Interface|Typelib))?\]$' |
     grep -v -E '\\Installer(\\(Features|Products|UpgradeCodes|UserData(\\S-1-5-18(\\(Components|Products))?)?))?\]$' |
     LC_ALL=C sort
 }
 
 # What is installed, one a line: registry and files.
 installed_state() {
-  registry_rows
-  (cd "$WINEPREFIX/drive_c" && find 'Program Files' 'Program Files (x86)' windows/Installer -mindepth 1 \
-    2>/dev/null | LC_ALL=C sort || true)
+  { registry_rows
+    (cd "$WINEPREFIX/drive_c" && find 'Program Files' 'Program Files (x86)' windows/Installer -mindepth 1 \
+      2>/dev/null || true)
+  } | LC_ALL=C sort
 }
 
 # plugin_rows BEFORE AFTER: what was added to the classes. The installer ends the help's folder with a
@@ -97,7 +100,7 @@ installers_check() (
   expect "its version is listed" has_version 0.9.9
   expect "this version is installed over it" installer /i "$folder/now.msi"
   expect "only this version is listed" has_version "$version"
-  expect "the class is created" creates_class CLSKB_ANAGKELMORIA
+  expect "the class is created" creates_class Cinterface
   installed_state >"$folder/installed"
   plugin_rows "$folder/before" "$folder/installed" >"$folder/by_installer"
 
@@ -108,7 +111,8 @@ installers_check() (
 
   expect "the 32-bit version is installed beside it" installer /i "$folder/x86.msi"
   expect "the 32-bit version is removed" installer /x "$folder/x86.msi"
-  installed_state >"$folder/after_x86"
+  # The help's folder is the one that was written last.
+  installed_state | sed '/HELPDIR/s/Program Files (x86)/Program Files/' >"$folder/after_x86"
   expect_same "the 32-bit version leaves the 64-bit one whole" "$folder/installed" "$folder/after_x86"
 
   expect "a newer version is installed" installer /i "$folder/newer.msi"
@@ -148,13 +152,24 @@ zip_check() (
   rm -rf "$home"
   unzip -q "out/KEBU_ANAGKELMORIA-$version.zip" -d "$home"
   home="$home/KEBU_ANAGKELMORIA-$version"
+  opens_window() {
+    # The command starts the program in a console of its own, as a double click does.
+    (cd "$home/x64" && in_wine cmd /c start workbench.exe) &
+    for _ in {1..60}; do
+      xwininfo -root -tree | grep -q 'Parametri collegamento con E-Commerce Merkal' && return
+      sleep 1
+    done
+    return 1
+  }
+  expect "a double click opens the window" opens_window
+  wineserver -k
   says_version() { [[ $(in_wine "$home/x64/workbench.exe" --version) == "workbench $version" ]]; }
   expect "the program says its version" says_version
   registry_rows >"$folder/zip_before"
   # Without a 32-bit Wine the script can register one of the two DLLs only, and must say so.
   in_wine cmd /c "C:\\Prova zip\\KEBU_ANAGKELMORIA-$version\\registra.cmd" /utente >"$folder/register.txt" 2>&1 || true
   expect "the script says that a DLL could not be registered" grep -q 'registrazione non riuscita' "$folder/register.txt"
-  expect "the class is created for the user" creates_class CLSKB_ANAGKELMORIA
+  expect "the class is created for the user" creates_class Cinterface
   in_wine cmd /c "C:\\Prova zip\\KEBU_ANAGKELMORIA-$version\\rimuovi.cmd" /utente >"$folder/unregister.txt" 2>&1 || true
   expect "the class is not created any more" creates_class none
   registry_rows >"$folder/zip_after"

@@ -1,5 +1,7 @@
 #include "controls/form.h"
 
+#include "controls/key_table.h"
+
 #include <algorithm>
 
 namespace kebu::controls {
@@ -78,6 +80,10 @@ std::vector<BoundControl*> Form::boundControls() const {
 
 void Form::translate(const Translator& translator) {
   for (Control* control : controls()) control->translate(translator);
+  keysText_.clear();
+  for (const auto& [keys, action] : keyTable) {
+    keysText_ += translator(std::string(keys)) + ": " + translator(std::string(action)) + '\n';
+  }
 }
 
 void Form::Show(bool modal) {

@@ -41,6 +41,10 @@ class Form : public OfKind<ControlKind::Form>, public std::enable_shared_from_th
   Event<Control&> FocusWanted;
   /// The gesture: reads again what the page shows, where a page can.
   virtual void refreshPage() {}
+  /// The page of the user guide that explains what is shown.
+  virtual std::string guidePage() const { return "index"; }
+  /// The table of keys, for a user without the guide.
+  const std::string& keysText() const { return keysText_; }
   /// The window came to the front.
   void activate() { Form_Activate(); }
   /// Closes the window unless Form_QueryUnload cancels; whether it is closed.
@@ -72,6 +76,7 @@ class Form : public OfKind<ControlKind::Form>, public std::enable_shared_from_th
 
   Desktop& desktop_;
   std::vector<Control*> outermost_;
+  std::string keysText_;
   std::int32_t left_ = 0;
   std::int32_t top_ = 0;
   bool loaded_ = false;

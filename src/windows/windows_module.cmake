@@ -13,9 +13,11 @@ function(kebu_windows_module target type description)
   configure_file(${PROJECT_SOURCE_DIR}/src/windows/version.rc.in ${resource} @ONLY)
   target_sources(${target} PRIVATE ${resource})
   set(symbols ${KEBU_MODULE_FILE}.debug)
+  # Else objcopy writes the time.
+  set(objcopy ${CMAKE_COMMAND} -E env SOURCE_DATE_EPOCH=0 ${CMAKE_OBJCOPY})
   add_custom_command(TARGET ${target} POST_BUILD
-    COMMAND ${CMAKE_OBJCOPY} --only-keep-debug ${KEBU_MODULE_FILE} ${symbols}
-    COMMAND ${CMAKE_OBJCOPY} --strip-all --add-gnu-debuglink=${symbols} ${KEBU_MODULE_FILE}
+    COMMAND ${objcopy} --only-keep-debug ${KEBU_MODULE_FILE} ${symbols}
+    COMMAND ${objcopy} --strip-all --add-gnu-debuglink=${symbols} ${KEBU_MODULE_FILE}
     WORKING_DIRECTORY $<TARGET_FILE_DIR:${target}>
     BYPRODUCTS ${PROJECT_BINARY_DIR}/workbench/${symbols}
     COMMENT "Moving the symbols of ${KEBU_MODULE_FILE} to ${symbols}" VERBATIM)

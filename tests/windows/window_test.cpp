@@ -6,10 +6,13 @@
 #include <algorithm>
 #include <cstdlib>
 #include <functional>
+#include <string>
+#include <utility>
 #include <vector>
 
 #include "common/convert.h"
 #include "common/error.h"
+#include "tests/windows/import_patch.h"
 #include "tests/windows/resources.h"
 #include "tests/windows/window_fixture.h"
 #include "workbench/windows/gestures.h"
@@ -98,6 +101,56 @@ TEST_F(WindowTest, OpensModal) {
   EXPECT_TRUE(wasShown);
   EXPECT_FALSE(returnedBefore) << "ShowForm returns when the window is closed";
   EXPECT_EQ(shownForm(), nullptr);
+}
+
+std::wstring openedFile;
+std::wstring shownText;
+
+HINSTANCE WINAPI recordOpened(HWND, const wchar_t*, const wchar_t* file, const wchar_t*,
+                              const wchar_t*, INT) {
+  openedFile = file;
+  return reinterpret_cast<HINSTANCE>(INT_PTR{33});
+}
+
+int WINAPI recordShown(HWND, const wchar_t* text, const wchar_t*, UINT) {
+  shownText = text;
+  return IDOK;
+}
+
+TEST_F(WindowTest, F1OpensTheGuideAtThePage) {
+  HMODULE module = GetModuleHandleW(L"KEBU_ANAGKELMORIA.dll");
+  const ImportPatch shell(module, "ShellExecuteW", recordOpened);
+  const ImportPatch boxes(module, "MessageBoxW", recordShown);
+  DllHost host(*library);
+  host->open();
+  pumpWaiting();
+  openPage(shownForm(), "3");
+  const auto pressF1 = [] {
+    openedFile.clear();
+    shownText.clear();
+    PostMessageW(GetFocus(), WM_KEYDOWN, VK_F1, 0);
+    pumpWaiting();
+  };
+  pressF1();
+  EXPECT_EQ(openedFile, L"") << "there is no guide beside the DLL";
+  EXPECT_NE(shownText.find(L"F10"), std::wstring::npos);
+
+  const std::wstring dll = path();
+  const std::wstring folder = dll.substr(0, dll.find_last_of(L"\\/")) + L"\\guida";
+  const std::wstring index = folder + L"\\index.html";
+  const std::wstring page = folder + L"\\pagina-3.html";
+  CreateDirectoryW(folder.c_str(), nullptr);
+  const std::pair<std::wstring, const wchar_t*> opened[] = {{index, L"index.html"},
+                                                            {page, L"pagina-3.html"}};
+  for (const auto& [file, name] : opened) {
+    CloseHandle(CreateFileW(file.c_str(), GENERIC_WRITE, 0, nullptr, CREATE_ALWAYS, 0, nullptr));
+    pressF1();
+    EXPECT_NE(openedFile.find(std::wstring(L"\\guida\\") + name), std::wstring::npos);
+    EXPECT_EQ(shownText, L"");
+  }
+  for (const std::wstring& file : {index, page}) DeleteFileW(file.c_str());
+  RemoveDirectoryW(folder.c_str());
+  host->close();
 }
 
 LONG widthOf(const windows::Inspection& part) {

@@ -90,6 +90,7 @@ class FRMKB_ANAGRAFICA : public controls::Form, public host::WindowMembers {
   void showRights();
   /// Reads the rows of a preview again.
   void refreshPage() override;
+  std::string guidePage() const override { return "pagina-" + std::to_string(view_); }
   /// Shows the page of a control because of which a save was refused, and goes to it.
   void showRefused(controls::BoundControl& control);
   /// Marks the side bar's links to pages with changes of the user's that are not saved.

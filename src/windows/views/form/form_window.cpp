@@ -17,6 +17,7 @@
 #include "windows/views/window/guard.h"
 #include "windows/views/window/host_window_watch.h"
 #include "windows/views/window/inspection.h"
+#include "windows/views/window/user_guide.h"
 #include "windows/views/window/window_text.h"
 
 namespace kebu::windows {
@@ -474,6 +475,7 @@ std::function<void()> FormWindow::actionFor(const Key& key) {
   }
   if (key.code == VK_TAB && !key.control) return [this, back = key.shift] { moveFocus(back); };
   if (key.isPlain(VK_RETURN)) return [this] { moveToNextField(); };
+  if (key.isPlain(VK_F1)) return [this] { showGuide(); };
   if (key.isPlain(VK_F5)) {
     return [this] {
       if (commit()) guarded([&] { form_.refreshPage(); });
@@ -499,6 +501,12 @@ std::function<void()> FormWindow::actionFor(const Key& key) {
     }
   }
   return {};
+}
+
+void FormWindow::showGuide() {
+  const auto file = userGuideFile(toWide(form_.guidePage()));
+  if (file && openUserGuide(handle(), *file)) return;
+  MessageBoxW(handle(), toWide(form_.keysText()).c_str(), toWide(form_.caption()).c_str(), MB_OK);
 }
 
 // ---- messages

@@ -70,6 +70,8 @@ class FormWindow : public Window, public ViewSite, public KeyTarget {
   void keepFocusAlive();
   void focusMoved();
   std::function<void()> mnemonicAction(char letter);
+  /// Opens the user guide, or the table of keys where there is none.
+  void showGuide();
   bool inspect(Inspection& inspection);
   void activated(HWND before);
 
