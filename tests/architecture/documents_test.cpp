@@ -18,7 +18,8 @@ namespace fs = std::filesystem;
 const fs::path project = PROJECT_FOLDER;
 
 std::vector<fs::path> documents() {
-  std::vector<fs::path> paths{project / "README.md", project / "bench/README.md"};
+  std::vector<fs::path> paths{project / "README.md", project / "CHANGELOG.md",
+                              project / "bench/README.md"};
   for (const auto& entry : fs::directory_iterator(project / "docs")) {
     if (entry.path().extension() == ".md") paths.push_back(entry.path());
   }
@@ -51,7 +52,8 @@ TEST(Documents, NameOnlyWhatExists) {
     for (const std::string& link : matchesOf(text, R"(\]\(([\w./-]+)(?:#[^)]*)?\))")) {
       EXPECT_TRUE(isThere(document.parent_path() / link)) << document << ": " << link;
     }
-    constexpr const char* ownPath = R"(`((?:src|workbench|tests|bench|tools|docs)/[\w./-]*)`)";
+    constexpr const char* ownPath =
+        R"(`((?:src|workbench|tests|bench|tools|packaging|docs)/[\w./-]*)`)";
     for (const std::string& path : matchesOf(text, ownPath)) {
       EXPECT_TRUE(isThere(project / path)) << document << ": " << path;
     }
