@@ -10,6 +10,7 @@
 #include "tests/windows/import_patch.h"
 #include "tests/windows/window_fixture.h"
 #include "windows/support/handles.h"
+#include "windows/views/drawing/painting.h"
 #include "windows/views/form/win32_desktop.h"
 #include "workbench/windows/gestures.h"
 #include "workbench/windows/window_reader.h"
@@ -48,6 +49,52 @@ TEST_F(WindowTest, FollowsTheResolutionOfItsScreen) {
   changeResolution(USER_DEFAULT_SCREEN_DPI);
   EXPECT_EQ(heightOf(box()), heightOf(usual));
   EXPECT_EQ(widthOf(box()), widthOf(usual));
+  host->close();
+}
+
+/// Where the middle of the text is that a field or its caption shows, on the screen.
+LONG middleOfText(HWND window) {
+  RECT area{};
+  GetClientRect(window, &area);
+  COMBOBOXINFO combo{};
+  combo.cbSize = sizeof combo;
+  if (workbench::classOf(window) == L"ComboBox" && GetComboBoxInfo(window, &combo)) {
+    area = combo.rcItem;
+  }
+  MapWindowPoints(window, nullptr, reinterpret_cast<POINT*>(&area), 2);
+  return (area.top + area.bottom) / 2;
+}
+
+LONG lineHeightOf(HWND window) {
+  const windows::ScreenDc screen;
+  auto* const font = reinterpret_cast<HFONT>(SendMessageW(window, WM_GETFONT, 0, 0));
+  const windows::Selected selected(screen.get(), font);
+  TEXTMETRICW metrics{};
+  GetTextMetricsW(screen.get(), &metrics);
+  return metrics.tmHeight;
+}
+
+TEST_F(WindowTest, TextsStandOnOneLineAtEveryResolution) {
+  DllHost host(*library);
+  host->open();
+  pumpWaiting();
+  const WindowReader reader(shownForm());
+  for (const int dpi : {96, 120, 144, 192}) {
+    changeResolution(dpi);
+    for (const char* name :
+         {"TXT_GM03_NOTE", "TXT_GM03_IDDISPOSITIVO", "CMB_GM04_INDTIPOGIACENZA"}) {
+      const windows::Inspection field = reader.control(name);
+      HWND const caption = GetWindow(field.window, GW_HWNDPREV);
+      ASSERT_EQ(workbench::classOf(caption), L"Static") << name;
+      EXPECT_NEAR(static_cast<double>(middleOfText(field.window)),
+                  static_cast<double>(middleOfText(caption)), 1)
+          << name << " at " << dpi;
+    }
+    // An edit control puts its text at the top, so its client area is as high as a line.
+    const windows::Inspection box = reader.control("TXT_GM03_NOTE");
+    EXPECT_EQ(heightOf(box), lineHeightOf(box.window)) << dpi;
+  }
+  changeResolution(USER_DEFAULT_SCREEN_DPI);
   host->close();
 }
 

@@ -5,6 +5,7 @@
 
 #include "common/convert.h"
 #include "windows/support/text.h"
+#include "windows/views/drawing/painting.h"
 #include "windows/views/window/guard.h"
 
 namespace kebu::windows {
@@ -18,16 +19,27 @@ constexpr int listHeight = 280;      // in 96ths of an inch
 
 ComboBoxView::ComboBoxView(ViewSite& site, controls::ComboBox& model, HWND parent)
     : FieldView(site, model, "ComboBox", parent), model_(model) {
-  setControl(createStock(L"COMBOBOX", WS_TABSTOP | WS_VSCROLL | CBS_DROPDOWNLIST | CBS_HASSTRINGS,
-                         0, parent));
+  setControl(createStock(
+      L"COMBOBOX", WS_TABSTOP | WS_VSCROLL | CBS_DROPDOWNLIST | CBS_OWNERDRAWFIXED | CBS_HASSTRINGS,
+      0, parent));
+  applyTheme();
 }
 
 void ComboBoxView::place(const layout::Placement& placement) {
-  // The height of a combo is that of its open list.
+  // The height of a combo is that of its open list. It is smaller when it is asked for, so whether
+  // it stands there already is found out here.
   layout::Placement open = placement;
-  if (!open.bounds.isEmpty()) open.bounds.height += theme().px(listHeight);
+  RECT now{};
+  GetWindowRect(handle(), &now);
+  MapWindowPoints(nullptr, GetParent(handle()), reinterpret_cast<POINT*>(&now), 2);
+  const bool stands = now.left == open.bounds.left && now.top == open.bounds.top &&
+                      now.right == open.bounds.right();
+  if (stands) {
+    open.bounds.height = static_cast<int>(now.bottom - now.top);
+  } else if (!open.bounds.isEmpty()) {
+    open.bounds.height += theme().px(listHeight);
+  }
   FieldView::place(open);
-  applyTheme();
 }
 
 void ComboBoxView::applyTheme() {
@@ -36,6 +48,23 @@ void ComboBoxView::applyTheme() {
   const int edges = 6;
   SendMessageW(handle(), CB_SETITEMHEIGHT, static_cast<WPARAM>(-1),
                theme().metrics().fieldHeight() - edges);
+  SendMessageW(handle(), CB_SETITEMHEIGHT, 0, theme().metrics().lineHeight + theme().px(4));
+}
+
+// Drawn here, since a combo itself does not centre the chosen row's text between its edges.
+void ComboBoxView::drawItem(const DRAWITEMSTRUCT& item) {
+  const Palette& colours = theme().colours();
+  const bool isUsable = IsWindowEnabled(handle()) != 0;
+  const bool isChosen = (item.itemState & ODS_SELECTED) && isUsable;
+  const COLORREF inside = isChosen ? colours.accent : isUsable ? colours.card : colours.locked;
+  fill(item.hDC, item.rcItem, inside);
+  if (item.itemID < shown_.size()) {
+    RECT area = item.rcItem;
+    area.left += theme().px(4);
+    SetBkMode(item.hDC, TRANSPARENT);
+    const COLORREF ink = isChosen ? colours.accentText : isUsable ? colours.text : colours.faint;
+    text(item.hDC, shown_[item.itemID], area, ink, theme().font(), DT_NOPREFIX);
+  }
 }
 
 std::wstring ComboBoxView::rowText(std::size_t index) const {

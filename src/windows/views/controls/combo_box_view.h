@@ -13,6 +13,7 @@ class ComboBoxView : public FieldView {
   void refresh() override;
   void applyTheme() override;
   void command(HWND from, UINT code) override;
+  void drawItem(const DRAWITEMSTRUCT& item) override;
 
  protected:
   void describe(Inspection& inspection) override;

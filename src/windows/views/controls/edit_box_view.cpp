@@ -5,6 +5,7 @@
 #include <utility>
 
 #include "windows/support/text.h"
+#include "windows/views/drawing/edit_frame.h"
 #include "windows/views/drawing/push_button.h"
 #include "windows/views/window/guard.h"
 #include "windows/views/window/window_text.h"
@@ -15,7 +16,8 @@ EditBoxView::EditBoxView(ViewSite& site, controls::EditBox& model, HWND parent)
     : FieldView(site, model, "EditBox", parent), model_(model) {
   const DWORD masked = model.isMasked() ? ES_PASSWORD : 0U;
   const DWORD kind = model.lines() > 1 ? ES_MULTILINE | WS_VSCROLL : ES_AUTOHSCROLL | masked;
-  setControl(createStock(L"EDIT", WS_TABSTOP | kind, WS_EX_CLIENTEDGE, parent));
+  setControl(createStock(L"EDIT", WS_TABSTOP | kind, hasFrame() ? 0 : WS_EX_CLIENTEDGE, parent));
+  if (hasFrame()) frameEdit(handle(), theme());
 }
 
 void EditBoxView::place(const layout::Placement& placement) {
@@ -35,6 +37,7 @@ void EditBoxView::enableLookup() {
 void EditBoxView::refresh() {
   FieldView::refresh();
   SendMessageW(handle(), EM_SETREADONLY, !model_.isEditable(), 0);
+  if (std::exchange(wasEditable_, model_.isEditable()) != model_.isEditable()) enabledChanged();
   SendMessageW(handle(), EM_LIMITTEXT, model_.maxLength(), 0);
   const std::wstring hint = toWide(model_.hint());
   SendMessageW(handle(), EM_SETCUEBANNER, TRUE, reinterpret_cast<LPARAM>(hint.c_str()));
@@ -42,6 +45,16 @@ void EditBoxView::refresh() {
   // What is being typed stays until it is taken or refused.
   if (touched_ && model_.text() == shown_) return;
   restore();
+}
+
+void EditBoxView::applyTheme() {
+  FieldView::applyTheme();
+  if (hasFrame()) frameEdit(handle(), theme());
+}
+
+void EditBoxView::enabledChanged() {
+  FieldView::enabledChanged();
+  redrawEditFrame(handle());
 }
 
 void EditBoxView::restore() {
@@ -104,6 +117,11 @@ HBRUSH EditBoxView::colours(HDC dc, HWND window) {
     SetTextColor(dc, looksEnabled() ? theme().colours().muted : theme().colours().faint);
     SetBkColor(dc, theme().colours().locked);
     return theme().lockedBrush();
+  }
+  if (window == handle()) {
+    SetTextColor(dc, theme().colours().text);
+    SetBkColor(dc, theme().colours().card);
+    return theme().cardBrush();
   }
   return FieldView::colours(dc, window);
 }

@@ -13,6 +13,7 @@ class EditBoxView : public FieldView {
 
   void place(const layout::Placement& placement) override;
   void refresh() override;
+  void applyTheme() override;
   void command(HWND from, UINT code) override;
   void drawItem(const DRAWITEMSTRUCT& item) override;
   HBRUSH colours(HDC dc, HWND window) override;
@@ -21,16 +22,19 @@ class EditBoxView : public FieldView {
 
  protected:
   bool isMarked() const override { return model_.isRequired(); }
+  void enabledChanged() override;
   void describe(Inspection& inspection) override;
   bool describePart(Inspection& inspection) override;
 
  private:
   void lookup();
+  bool hasFrame() const { return model_.lines() <= 1; }
   void enableLookup();
   void restore();
 
   controls::EditBox& model_;
   std::string shown_;  ///< the model's text as last shown
+  bool wasEditable_ = true;
   bool touched_ = false;
   bool showing_ = false;
   bool committing_ = false;

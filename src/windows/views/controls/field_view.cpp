@@ -1,5 +1,7 @@
 #include "windows/views/controls/field_view.h"
 
+#include <utility>
+
 #include "windows/support/text.h"
 
 namespace kebu::windows {
@@ -26,6 +28,12 @@ void FieldView::refresh() {
     setWindowText(caption_.get(), markedCaption() + (isMarked() ? L" *" : L""));
   }
   EnableWindow(handle(), looksEnabled());
+  if (std::exchange(lookedEnabled_, looksEnabled()) != looksEnabled()) enabledChanged();
+}
+
+void FieldView::enabledChanged() {
+  // A caption stays an enabled control, and is not drawn again by itself.
+  if (caption_) InvalidateRect(caption_.get(), nullptr, TRUE);
 }
 
 void FieldView::applyTheme() {
@@ -42,4 +50,5 @@ HBRUSH FieldView::colours(HDC dc, HWND window) {
 void FieldView::describe(Inspection& inspection) {
   write(inspection.caption, toWide(control().caption()));
 }
+
 }  // namespace kebu::windows

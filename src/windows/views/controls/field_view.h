@@ -24,13 +24,17 @@ class FieldView : public View {
   void setControl(OwnedWindow control) { control_ = std::move(control); }
   /// Whether the caption has the mark of a required field.
   virtual bool isMarked() const { return false; }
+  /// It looks enabled or disabled now and did not before; what surrounds the control is drawn
+  /// again.
+  virtual void enabledChanged();
   void describe(Inspection& inspection) override;
 
  private:
   void makeCaption(HWND parent);
 
-  bool headsColumn_ = false;  ///< the caption stands above the field, as the head of a column
-  OwnedWindow caption_;       ///< null while it has none
+  bool lookedEnabled_ = true;  ///< when it was last refreshed
+  bool headsColumn_ = false;   ///< the caption stands above the field, as the head of a column
+  OwnedWindow caption_;        ///< null while it has none
   OwnedWindow control_;
 };
 

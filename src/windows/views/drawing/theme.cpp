@@ -22,10 +22,21 @@ OwnedFont makeFont(LOGFONTW font, int percent, LONG weight) {
   return OwnedFont(CreateFontIndirectW(&font));
 }
 
+int brightness(COLORREF colour) {
+  return GetRValue(colour) * 3 + GetGValue(colour) * 6 + GetBValue(colour);
+}
+
+/// Whether the user asked for high contrast or for light text on dark. Stock controls then have the
+/// system's colours, and anything lighter beside them would dazzle.
+bool takesSystemColours() {
+  return isHighContrast() ||
+         brightness(GetSysColor(COLOR_WINDOW)) < brightness(GetSysColor(COLOR_WINDOWTEXT));
+}
+
 }  // namespace
 
 Palette Palette::current() {
-  if (isHighContrast()) {
+  if (takesSystemColours()) {
     const COLORREF window = GetSysColor(COLOR_WINDOW);
     const COLORREF text = GetSysColor(COLOR_WINDOWTEXT);
     const COLORREF chosen = GetSysColor(COLOR_HIGHLIGHT);

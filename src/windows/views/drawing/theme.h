@@ -5,7 +5,8 @@
 
 namespace kebu::windows {
 
-/// The colours of a window; the system's own where the user asked for high contrast.
+/// The colours of a window; the system's own where the user asked for high
+/// contrast or dark windows.
 struct Palette {
   COLORREF window;  ///< behind everything
   COLORREF card;    ///< behind a group of controls

@@ -59,9 +59,17 @@ void PageWindow::placeAll(const std::vector<controls::Control*>& all,
 }
 
 void PageWindow::scrollTo(int offset) {
-  offset_ = offset;
+  RECT window{};
+  GetWindowRect(handle(), &window);
+  const int before = offset_;
+  offset_ =
+      std::clamp(offset, 0, std::max(height_ - static_cast<int>(window.bottom - window.top), 0));
+  if (offset_ == before) return;
+  // All controls move at once, with what they show.
+  ScrollWindowEx(handle(), 0, before - offset_, nullptr, nullptr, nullptr, nullptr,
+                 SW_SCROLLCHILDREN | SW_INVALIDATE);
   layOut();
-  UpdateWindow(handle());
+  RedrawWindow(handle(), nullptr, nullptr, RDW_UPDATENOW | RDW_ALLCHILDREN);
 }
 
 void PageWindow::reveal(HWND control) {
