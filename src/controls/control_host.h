@@ -1,18 +1,21 @@
 #pragma once
 
 #include <cstdint>
+#include <functional>
 #include <string>
 
 #include "common/trap.h"
 
 namespace kebu::controls {
 
-/// What controls ask of the window that they stand in: to report errors, and
-/// to put a message or question to the user.
+/// What controls ask of the window that they stand in: to report errors, to put a message or
+/// question to the user, and to be busy during a command.
 class ControlHost : public ErrorReporter {
  public:
   /// `text` in Italian; style and answer use the message-box codes.
   virtual std::int32_t message(const std::string& text, std::int32_t style) = 0;
+  /// Carries out a command of the user's, during which the window is busy.
+  virtual void work(const std::function<void()>& command) { command(); }
   /// A part of a message in the user's language.
   virtual std::string translated(const std::string& text) { return text; }
 };

@@ -21,6 +21,22 @@ class Desktop {
   virtual void runLookup(LookupList& list) = 0;
   /// Draws what changed, in the middle of long work.
   virtual void repaint() = 0;
+  /// From here to the matching endWork() the window works: it shows that it is busy, and what the
+  /// user enters meanwhile is discarded. Works may be nested.
+  virtual void beginWork() {}
+  virtual void endWork() {}
+};
+
+/// While it lives, the windows of a desktop work.
+class Work {
+ public:
+  explicit Work(Desktop& desktop) : desktop_(desktop) { desktop_.beginWork(); }
+  ~Work() { desktop_.endWork(); }
+  Work(const Work&) = delete;
+  Work& operator=(const Work&) = delete;
+
+ private:
+  Desktop& desktop_;
 };
 
 }  // namespace kebu::controls

@@ -78,6 +78,14 @@ std::vector<BoundControl*> Form::boundControls() const {
   return bound;
 }
 
+Button* Form::defaultButton() const {
+  for (Control* control : outermost_) {
+    auto* const button = as<Button>(*control);
+    if (button && button->isDefault() && button->isVisible()) return button;
+  }
+  return nullptr;
+}
+
 void Form::translate(const Translator& translator) {
   for (Control* control : controls()) control->translate(translator);
   keysText_.clear();

@@ -31,6 +31,12 @@ class Form : public OfKind<ControlKind::Form>, public std::enable_shared_from_th
   std::vector<BoundControl*> boundControls() const;
   void translate(const Translator& translator) override;
 
+  /// The screen that it is shown on.
+  Desktop& desktop() const { return desktop_; }
+
+  /// The visible button that Enter and F10 click; null when there is none.
+  Button* defaultButton() const;
+
   /// Loads the window when it is not yet loaded, shows and activates it. When
   /// `modal`, returns after it is closed.
   void Show(bool modal);
@@ -59,7 +65,6 @@ class Form : public OfKind<ControlKind::Form>, public std::enable_shared_from_th
   void addAll(Controls&... all) {
     (add(all), ...);
   }
-  Desktop& desktop() const { return desktop_; }
   /// Takes a window that was not closed off the screen. To be called at the start of the destructor
   /// of a class that owns controls: what is on the screen uses them until then.
   void leaveScreen() noexcept;

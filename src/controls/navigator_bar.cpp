@@ -1,6 +1,7 @@
 #include "controls/navigator_bar.h"
 
 #include <algorithm>
+#include <iterator>
 
 #include "common/platform.h"
 
@@ -23,7 +24,24 @@ bool isOffered(const std::string& key, RecordFrame& frame, const Rights& rights)
   return false;
 }
 
+struct ButtonKey {
+  std::string_view button;
+  std::string_view key;
+};
+
+constexpr ButtonKey functionKeys[] = {
+    {"Nuovo", "F3"},
+    {"Conferma", "F10"},
+    {"Annulla", "F9"},
+    {"Elimina", "F8"},
+};
+
 }  // namespace
+
+std::string_view functionKeyOf(std::string_view button) {
+  const auto* const at = std::ranges::find(functionKeys, button, &ButtonKey::button);
+  return at == std::end(functionKeys) ? std::string_view() : at->key;
+}
 
 NavigatorBar::NavigatorBar(std::string name, ControlHost& host,
                            const std::vector<std::string>& keys)
@@ -89,9 +107,11 @@ void NavigatorBar::press(const std::string& name) {
   if (!button) throw GestureRefused(Name() + " has no button \"" + name + "\"");
   if (!button->enabled) throw GestureRefused("\"" + name + "\" of " + Name() + " is disabled");
   const std::string key = button->key;
-  bool cancel = false;
-  ButtonClick.raise(cancel, key);
-  if (!cancel && frame_) act(key);
+  host_.work([&] {
+    bool cancel = false;
+    ButtonClick.raise(cancel, key);
+    if (!cancel && frame_) act(key);
+  });
 }
 
 NavigatorBar::Button* NavigatorBar::buttonOf(const std::string& name) {

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "controls/record_frame.h"
@@ -56,5 +57,8 @@ class NavigatorBar : public OfKind<ControlKind::NavigatorBar> {
   bool followsFrame_ = true;
   std::vector<Button> buttons_;
 };
+
+/// The function key that presses a button of a bar, by the button's key: "F10". "" for none.
+std::string_view functionKeyOf(std::string_view button);
 
 }  // namespace kebu::controls

@@ -9,6 +9,11 @@ void Label::translate(const Translator& translator) {
   unknownText_ = translator(unknownText_);
 }
 
+std::string_view keyOf(const Button& button) {
+  if (button.isDefault()) return "F10";
+  return button.isCancel() ? "Esc" : "";
+}
+
 void GroupBox::add(Control& child) {
   child.setContainer(*this);
   children_.push_back(&child);

@@ -3,6 +3,7 @@
 #include <cstdint>
 #include <optional>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "controls/control.h"
@@ -63,9 +64,23 @@ class Button : public OfKind<ControlKind::Button> {
  public:
   using OfKind::OfKind;
 
+  /// Of a dialog: Enter and F10 click the default button, Esc the cancel button.
+  bool isDefault() const { return default_; }
+  void setDefault(bool isDefault) { default_ = isDefault; }
+  bool isCancel() const { return cancel_; }
+  void setCancel(bool isCancel) { cancel_ = isCancel; }
+
   void click();
   Event<> ButtonClick;
+
+ private:
+  bool default_ = false;
+  bool cancel_ = false;
 };
+
+/// The key that is shown on a button: "F10" on the default button, "Esc" on the cancel button, else
+/// "".
+std::string_view keyOf(const Button& button);
 
 /// Shows that long work is running: a moving bar with a text, or the part that is
 /// done when that can be counted.

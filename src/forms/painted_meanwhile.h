@@ -5,12 +5,12 @@
 
 namespace kebu::forms {
 
-/// While it exists, the screen is painted during the statements of a connection. Only for long
-/// statements: painting makes each of them a little slower.
+/// While it exists, the window works, and the screen is painted during the statements of a
+/// connection. Only for long statements: painting makes each of them a little slower.
 class PaintedMeanwhile {
  public:
   PaintedMeanwhile(const Ref<ado::Connection>& connection, controls::Desktop& desktop)
-      : connection_(connection) {
+      : work_(desktop), connection_(connection) {
     if (connection_) connection_->whileExecuting([&desktop] { desktop.repaint(); });
   }
   PaintedMeanwhile(const PaintedMeanwhile&) = delete;
@@ -20,6 +20,7 @@ class PaintedMeanwhile {
   }
 
  private:
+  controls::Work work_;
   Ref<ado::Connection> connection_;
 };
 

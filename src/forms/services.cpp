@@ -84,6 +84,11 @@ std::int32_t Services::message(const std::string& text, std::int32_t style) {
   return showText(TranslateString(text), style);
 }
 
+void Services::work(const std::function<void()>& command) {
+  const controls::Work working(form_.desktop());
+  command();
+}
+
 void Services::showInHostStatusBar(std::int32_t panel, const std::string& text) {
   ignoringErrors(platform_, "StatusBar", [&] {
     const Ref<host::StatusBar> bar = held_.host ? held_.host->StatusBar() : nullptr;

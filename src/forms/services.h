@@ -49,6 +49,7 @@ class Services : public controls::ControlHost {
   std::int32_t showMessage(std::int32_t id, std::int32_t style);
   /// A text that is translated already, titled with the window's caption.
   std::int32_t showText(const std::string& text, std::int32_t style);
+  void work(const std::function<void()>& command) override;
   std::string translated(const std::string& text) override { return TranslateString(text); }
   /// Translates and shows `text` titled with the window's caption.
   std::int32_t message(const std::string& text, std::int32_t style) override;

@@ -256,6 +256,48 @@ TEST_F(PageLayoutTest, TheFrameLeavesTheRestToThePage) {
   EXPECT_LT(frame.page.bottom(), frame.bars.at(&form.status).bounds.top);
 }
 
+// However much stands on its page, a dialog's buttons are in sight.
+TEST_F(PageLayoutTest, DialogButtonsStandAtTheFoot) {
+  struct Dialog : Form {
+    explicit Dialog(Desktop& desktop) : Form("FRM_DIALOG", desktop) {
+      addAll(group, extra, ok, cancel);
+      group.add(inner);
+      ok.setDefault(true);
+      cancel.setCancel(true);
+    }
+    GroupBox group{"GRP", "Gruppo"};
+    Button inner{"CMD_INNER", "Nel gruppo"};
+    Button extra{"CMD_EXTRA", "Altro"};
+    Button ok{"CMD_OK", "OK"};
+    Button cancel{"CMD_CANCEL", "Annulla"};
+  };
+  NoDesktop desktop;
+  Dialog form(desktop);
+  FrameLayout frame = placeFrame(form, metrics, {0, 0, 800, 400});
+  const Placements& bars = frame.bars;
+  EXPECT_EQ(bars.count(&form.inner), 0U);
+  for (const Button* each : {&form.extra, &form.ok, &form.cancel}) {
+    EXPECT_GT(bars.at(each).bounds.top, frame.page.bottom()) << each->Name();
+    EXPECT_LT(bars.at(each).bounds.bottom(), 400) << each->Name();
+  }
+  EXPECT_EQ(bars.at(&form.cancel).bounds.right(), frame.page.right());
+  EXPECT_LT(bars.at(&form.ok).bounds.right(), bars.at(&form.cancel).bounds.left);
+  EXPECT_EQ(bars.at(&form.extra).bounds.left, frame.page.left);
+  EXPECT_EQ(form.defaultButton(), &form.ok);
+  // One that is hidden leaves no room behind.
+  form.cancel.setVisible(false);
+  frame = placeFrame(form, metrics, {0, 0, 800, 400});
+  EXPECT_EQ(frame.bars.at(&form.ok).bounds.right(), frame.page.right());
+}
+
+TEST(FitInto, KeepsAWindowOnItsScreen) {
+  constexpr Rect screen{1600, 0, 1200, 800};  // to the right of another one
+  EXPECT_EQ(fitInto({1700, 100, 900, 600}, screen), (Rect{1700, 100, 900, 600}));
+  EXPECT_EQ(fitInto({2100, 500, 900, 600}, screen), (Rect{1900, 200, 900, 600}));
+  EXPECT_EQ(fitInto({1500, -50, 900, 600}, screen), (Rect{1600, 0, 900, 600}));
+  EXPECT_EQ(fitInto({1700, 100, 2360, 1520}, screen), screen);
+}
+
 // Elements of control arrays with the same index share a line, whose columns line up.
 TEST_F(PageLayoutTest, ControlArraysStandInATable) {
   GroupBox levels{"GRP_LEVELS", "Livelli"};

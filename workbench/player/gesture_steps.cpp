@@ -73,6 +73,12 @@ RangeEnd toEnd(const std::string& text) {
 
 }  // namespace
 
+namespace {
+
+constexpr std::string_view pressableKeys[] = {"F3", "F8", "F9", "F10", "Enter", "Esc"};
+
+}  // namespace
+
 void lookup(Player& player, const Words& arguments) {
   Hands& hands = player.stage().hands;
   if (arguments.size() <= 2) {
@@ -86,6 +92,15 @@ void lookup(Player& player, const Words& arguments) {
         arguments[0], fieldOf(hands, arguments[0], arguments[1]), toEnd(arguments[2]));
     player.playLookup([&] { hands.lookup(box); }, rowAfter(arguments, 3));
   }
+}
+
+void keys(Player& player, const Words& arguments) {
+  for (const std::string& key : arguments) {
+    if (std::ranges::find(pressableKeys, key) == std::end(pressableKeys)) {
+      throw StepError("\"" + key + "\" is no key of this step");
+    }
+  }
+  player.stage().hands.pressKeys(arguments);
 }
 
 void refresh(Player& player, const Words& /*arguments*/) {

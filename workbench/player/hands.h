@@ -2,6 +2,7 @@
 
 #include <cstdint>
 #include <string>
+#include <vector>
 
 #include "common/value.h"
 #include "workbench/player/control_view.h"
@@ -36,6 +37,9 @@ class Hands {
   virtual void lookupCell(const std::string& grid, std::int32_t row, const std::string& field) = 0;
   /// Presses the button of the first notice whose text contains `text`.
   virtual void pressNotice(const std::string& text) = 0;
+  /// Presses keys, one right after the other: "F3", "F8", "F9", "F10", "Enter", "Esc". Those that
+  /// come while the window works are lost; one that means nothing now does nothing.
+  virtual void pressKeys(const std::vector<std::string>& keys) = 0;
   /// Reads again what the page shows, with the key for it.
   virtual void refresh() = 0;
   /// Whether the control was given the focus by the window.

@@ -36,15 +36,19 @@ class ModelDesktop : public controls::Desktop {
   void hide(controls::Form& form) override;
   void runLookup(controls::LookupList& list) override;
   void repaint() override {}
+  void beginWork() override { ++works_; }
 
   /// Another window of the user's comes to the front.
   void activate(controls::Form& form);
   /// The window in front; null when none is shown.
   controls::Form* front() const { return forms_.empty() ? nullptr : forms_.back(); }
   bool shows(const controls::Form& form) const;
+  /// How many works there have been.
+  int works() const { return works_; }
 
  private:
   User& user_;
+  int works_ = 0;
   std::vector<controls::Form*> forms_;  // the front window is the last
 };
 

@@ -105,6 +105,35 @@ void ModelHands::pressNotice(const std::string& text) {
   noticeList()->press(noticeWith(text, notices()));
 }
 
+void ModelHands::pressKeys(const std::vector<std::string>& keys) {
+  const int before = desktop_.works();
+  for (const std::string& key : keys) {
+    if (desktop_.works() != before) return;
+    try {
+      pressKey(key);
+    } catch (const GestureRefused&) {
+      // Windows beep.
+    }
+  }
+}
+
+void ModelHands::pressKey(const std::string& key) {
+  Form& form = window();
+  Button* const button = form.defaultButton();
+  if (button && (key == "Enter" || key == "F10")) return button->click();
+  if (button && key == "Esc") {
+    form.Unload();
+    return;
+  }
+  for (Control* each : form.controls()) {
+    auto* const bar = as<NavigatorBar>(*each);
+    if (!bar || !bar->isShown()) continue;
+    for (const auto& shown : bar->buttons()) {
+      if (functionKeyOf(shown.key) == key) return bar->press(shown.key);
+    }
+  }
+}
+
 std::string ModelHands::tickState(const std::string& grid, const std::string& field) {
   switch (find<QueryGrid>(grid, "a grid").tickState(field)) {
     case TickState::All:

@@ -28,6 +28,7 @@ class ModelHands : public Hands {
   void lookup(const std::string& box) override;
   void lookupCell(const std::string& grid, std::int32_t row, const std::string& field) override;
   void pressNotice(const std::string& text) override;
+  void pressKeys(const std::vector<std::string>& keys) override;
   void refresh() override { window().refreshPage(); }
   bool isFocused(const std::string& name) override;
   void activateWindow() override;
@@ -44,6 +45,7 @@ class ModelHands : public Hands {
   bool isButtonEnabled(const std::string& bar, const std::string& button) override;
 
  private:
+  void pressKey(const std::string& key);
   controls::Form& window() const;
   controls::Control& control(const std::string& name) const;
   /// The window's notices; null when it has no place for them.

@@ -34,6 +34,7 @@ void edit(Player& player, const Words& arguments);
 void tickCell(Player& player, const Words& arguments);
 void tickAll(Player& player, const Words& arguments);
 void lookup(Player& player, const Words& arguments);
+void keys(Player& player, const Words& arguments);
 void refresh(Player& player, const Words& arguments);
 void notice(Player& player, const Words& arguments);
 void condition(Player& player, const Words& arguments);

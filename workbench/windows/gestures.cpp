@@ -14,9 +14,11 @@ void clickOn(HWND window, const RECT& bounds) {
 
 void pressKey(HWND window, WPARAM key, int times) {
   constexpr LPARAM released = static_cast<LPARAM>(0xC0000001);
+  // F10 is the key of the menu bar, and comes as a system key.
+  const bool isSystem = key == VK_F10;
   for (int i = 0; i < times; ++i) {
-    PostMessageW(window, WM_KEYDOWN, key, 1);
-    PostMessageW(window, WM_KEYUP, key, released);
+    PostMessageW(window, isSystem ? WM_SYSKEYDOWN : WM_KEYDOWN, key, 1);
+    PostMessageW(window, isSystem ? WM_SYSKEYUP : WM_KEYUP, key, released);
   }
 }
 

@@ -398,6 +398,21 @@ void WindowHands::pressNotice(const std::string& text) {
   settle();
 }
 
+void WindowHands::pressKeys(const std::vector<std::string>& keys) {
+  const HWND focused = focus();
+  const HWND target = focused ? focused : front();
+  for (const std::string& key : keys) {
+    if (key == "Enter") {
+      pressKey(target, VK_RETURN);
+    } else if (key == "Esc") {
+      pressKey(target, VK_ESCAPE);
+    } else {
+      pressKey(target, VK_F1 + static_cast<WPARAM>(std::stoi(key.substr(1))) - 1);
+    }
+  }
+  settle();
+}
+
 void WindowHands::refresh() {
   HWND focused = focus();
   pressKey(focused ? focused : front(), VK_F5);

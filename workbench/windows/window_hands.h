@@ -38,6 +38,7 @@ class WindowHands : public Hands {
   void lookup(const std::string& box) override;
   void lookupCell(const std::string& grid, std::int32_t row, const std::string& field) override;
   void pressNotice(const std::string& text) override;
+  void pressKeys(const std::vector<std::string>& keys) override;
   void refresh() override;
   bool isFocused(const std::string& control) override;
   void activateWindow() override;

@@ -57,6 +57,7 @@ void ProgressDisplay::ImpostaMessaggioStato(const std::string& message, bool sho
 
 bool ProgressDisplay::during(const ProcedureName& called, const char* message,
                              const std::function<void(Procedure&)>& body) {
+  const controls::Work working(context_.desktop());
   const bool done = procedure(context_, called, [&](Procedure& p) {
     ImpostaMessaggioStato(message, true);
     body(p);

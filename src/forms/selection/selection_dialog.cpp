@@ -38,6 +38,8 @@ SelectionDialog::SelectionDialog(const Kind& kind, SelectionCaller& caller)
   trace_.initialized();
   setCaption(kind.caption);
   addAll(editor_, CMD_FILTROPROFILO, CMD_OK, CMD_ANNULLA);
+  CMD_OK.setDefault(true);
+  CMD_ANNULLA.setCancel(true);
   CMD_FILTROPROFILO.setVisible(caller.profileFilter != nullptr);
   CMD_FILTROPROFILO.ButtonClick.on([this] { CMD_FILTROPROFILO_ButtonClick(); });
   CMD_OK.ButtonClick.on([this] { CMD_OK_ButtonClick(); });

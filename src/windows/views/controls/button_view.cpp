@@ -1,5 +1,6 @@
 #include "windows/views/controls/button_view.h"
 
+#include "windows/support/text.h"
 #include "windows/views/drawing/push_button.h"
 #include "windows/views/window/guard.h"
 
@@ -25,7 +26,9 @@ void ButtonView::command(HWND /*from*/, UINT code) {
 }
 
 void ButtonView::drawItem(const DRAWITEMSTRUCT& item) {
-  drawPushButton(item, theme(), {windowText(handle()), {}, false, behind()});
+  drawPushButton(item, theme(),
+                 {windowText(handle()), toWide(std::string(controls::keyOf(model_))),
+                  model_.isDefault(), behind()});
 }
 
 std::function<void()> ButtonView::actionFor(const Key& key) {

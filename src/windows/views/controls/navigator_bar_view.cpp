@@ -13,22 +13,13 @@ namespace kebu::windows {
 
 namespace {
 
-struct ActionKey {
-  std::string_view button;
-  WPARAM key;
-  const wchar_t* shown;
-};
-
-constexpr ActionKey actionKeys[] = {
-    {"Nuovo", VK_F3, L"F3"},
-    {"Conferma", VK_F10, L"F10"},
-    {"Annulla", VK_F9, L"F9"},
-    {"Elimina", VK_F8, L"F8"},
-};
-
-const ActionKey* actionKeyOf(const std::string& button) {
-  const auto* const at = std::ranges::find(actionKeys, button, &ActionKey::button);
-  return at == std::end(actionKeys) ? nullptr : at;
+/// The virtual key of a function key by its name, such as "F10"; 0 for none.
+WPARAM virtualKey(std::string_view name) {
+  WPARAM number = 0;
+  for (const char digit : name.substr(name.empty() ? 0 : 1)) {
+    number = number * 10 + static_cast<WPARAM>(digit - '0');
+  }
+  return number == 0 ? 0 : VK_F1 + number - 1;
 }
 
 }  // namespace
@@ -55,7 +46,7 @@ void NavigatorBarView::arrange() {
   for (std::size_t i = 0; i < buttons_.size(); ++i) {
     const controls::NavigatorBar::Button& button = model_.buttons()[i];
     const int text = theme().metrics().textWidth(button.caption);
-    const int key = actionKeyOf(button.key) ? theme().px(34) : 0;
+    const int key = controls::functionKeyOf(button.key).empty() ? 0 : theme().px(34);
     const int width = std::max(text + key + theme().px(28), theme().px(96));
     moveWindow(buttons_[i].get(), {left, 0, width, static_cast<int>(area.bottom)});
     left += width + theme().px(8);
@@ -114,16 +105,18 @@ void NavigatorBarView::drawItem(const DRAWITEMSTRUCT& item) {
   const auto index = indexOf(item.hwndItem);
   if (!index) return;
   const auto& button = model_.buttons()[*index];
-  const ActionKey* const key = actionKeyOf(button.key);
-  drawPushButton(item, theme(),
-                 {windowText(item.hwndItem), key ? key->shown : L"", button.key == "Conferma",
-                  theme().colours().window});
+  DRAWITEMSTRUCT shown = item;
+  if (site().isBusy()) shown.itemState |= ODS_DISABLED;
+  drawPushButton(
+      shown, theme(),
+      {windowText(item.hwndItem), toWide(std::string(controls::functionKeyOf(button.key))),
+       button.key == "Conferma", theme().colours().window});
 }
 
 std::function<void()> NavigatorBarView::actionFor(const Key& key) {
   for (std::size_t i = 0; i < buttons_.size(); ++i) {
-    const ActionKey* const action = actionKeyOf(model_.buttons()[i].key);
-    const bool isMeant = (action && key.isPlain(action->key)) ||
+    const WPARAM wanted = virtualKey(controls::functionKeyOf(model_.buttons()[i].key));
+    const bool isMeant = (wanted != 0 && key.isPlain(wanted)) ||
                          (key.isPlain(VK_RETURN) && GetFocus() == buttons_[i].get());
     if (isMeant) return [this, i] { press(i); };
   }

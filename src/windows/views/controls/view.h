@@ -30,6 +30,8 @@ class ViewSite {
   virtual void requestLayout() = 0;
   /// Takes over what the user has typed so far; false when it was refused.
   virtual bool commit() = 0;
+  /// Whether the window shows that it works: its bars look disabled.
+  virtual bool isBusy() const = 0;
   /// Whether the control stands on a card, not on the window itself.
   virtual bool isOnCard(const controls::Control& control) const = 0;
 };

@@ -18,6 +18,7 @@
 #include "windows/views/window/host_window_watch.h"
 #include "windows/views/window/inspection.h"
 #include "windows/views/window/user_guide.h"
+#include "windows/views/window/window_place.h"
 #include "windows/views/window/window_text.h"
 
 namespace kebu::windows {
@@ -61,10 +62,6 @@ Place placeOf(controls::ControlKind kind) {
   return Place::Nowhere;
 }
 
-bool isBar(const controls::Control& control) {
-  return placeOf(control.kind()) == Place::AmongBars;
-}
-
 bool isOnPage(const controls::Control& control) {
   return placeOf(control.kind()) == Place::OnPage;
 }
@@ -85,8 +82,8 @@ FormWindow::FormWindow(HINSTANCE module, controls::Form& form, HWND owner,
   build();
   // A form without a side bar is a dialog.
   const layout::Rect& size = hasSideBar_ ? usualSize : dialogSize;
-  SetWindowPos(handle(), nullptr, 0, 0, theme_->px(size.width), theme_->px(size.height),
-               SWP_NOMOVE | SWP_NOZORDER | SWP_NOACTIVATE);
+  moveWindow(handle(), onScreen({form.left(), form.top(), form.left() + theme_->px(size.width),
+                                 form.top() + theme_->px(size.height)}));
   keys_ = std::make_unique<KeyboardHook>(handle(), *this);
   subscriptions_.push_back(form_.changed.connect([this] { formChanged(); }));
   subscriptions_.push_back(form_.FocusWanted.connect(
@@ -126,7 +123,7 @@ void FormWindow::build() {
     std::unique_ptr<View> view = makeView(*this, *control, parent);
     view->refresh();
     // The tabulator comes to the pages first and to the bars last.
-    if (isBar(*control) && view->handle()) {
+    if (isBesidePages(*control) && view->handle()) {
       SetWindowPos(view->handle(), HWND_BOTTOM, 0, 0, 0, 0,
                    SWP_NOMOVE | SWP_NOSIZE | SWP_NOACTIVATE);
     }
@@ -179,8 +176,14 @@ const controls::GroupBox* FormWindow::pageOf(const controls::Control& control) c
   return controls::as<controls::GroupBox>(outermost(control));
 }
 
+bool FormWindow::isBesidePages(const controls::Control& control) const {
+  const bool isDialogButton =
+      !hasSideBar_ && !control.container() && controls::as<controls::Button>(control);
+  return isDialogButton || placeOf(control.kind()) == Place::AmongBars;
+}
+
 HWND FormWindow::parentFor(controls::Control& control) {
-  if (!isOnPage(control)) return handle();
+  if (!isOnPage(control) || isBesidePages(control)) return handle();
   if (!loosePage_) loosePage_ = newPage();
   if (!control.container()) {
     loosePage_->controls.push_back(&control);
@@ -222,13 +225,14 @@ void FormWindow::layOut() {
   layoutWanted_ = false;
   rebuildIfGrown();
   const RECT client = clientArea();
+  laidOut_ = {client.right, client.bottom};
   if (client.right <= 0 || client.bottom <= 0) return;
   const layout::Rect area{0, 0, static_cast<int>(client.right), static_cast<int>(client.bottom)};
   layout::FrameLayout frame = layout::placeFrame(form_, theme_->metrics(), area);
   arrangePages(frame.page);
   for (View* view : inOrder_) {
     controls::Control& control = view->control();
-    if (!isBar(control)) continue;
+    if (!isBesidePages(control)) continue;
     const bool overPage = control.kind() == controls::ControlKind::ProgressBar;
     view->place(overPage ? layout::Placement{frame.page, {}, {}} : frame.bars[&control]);
     if (!overPage && view->handle()) {
@@ -251,7 +255,7 @@ void FormWindow::arrangePages(const layout::Rect& place) {
   const bool isGone = shownPage_ && !shownPage_->isVisible();
   if (isGone) shownPage_ = nullptr;
   for (const auto& [page, window] : pages_) {
-    const bool wasSeen = window && IsWindowVisible(window->handle());
+    const bool wasSeen = window && isShownIn(handle(), window->handle());
     const bool appeared = page->isVisible() && page != shownPage_ && !wasSeen;
     if (page->isVisible() && (!shownPage_ || (appeared && !covered_.count(page)))) {
       shownPage_ = page;
@@ -283,7 +287,7 @@ void FormWindow::chooseMnemonics() {
     for (const std::string& caption : bar->captions()) captions.push_back(caption);
   }
   for (View* view : inOrder_) {
-    if (!view->hasMnemonic() || !IsWindowVisible(view->handle())) continue;
+    if (!view->hasMnemonic() || !isShownIn(handle(), view->handle())) continue;
     owners.push_back(view);
     captions.push_back(view->control().caption());
   }
@@ -320,8 +324,7 @@ void FormWindow::renewTheme(int dpi) {
 
 void FormWindow::changeDpi(int dpi, const RECT& suggested) {
   renewTheme(dpi);
-  SetWindowPos(handle(), nullptr, suggested.left, suggested.top, suggested.right - suggested.left,
-               suggested.bottom - suggested.top, SWP_NOZORDER | SWP_NOACTIVATE);
+  moveWindow(handle(), onScreen(suggested));
   layOut();
 }
 
@@ -335,23 +338,70 @@ void FormWindow::moveToItsPlace() {
   GetWindowRect(handle(), &own);
   if (place.x == 0 && place.y == 0 && owner && GetWindowRect(owner, &around)) {
     // A form without a place opens in the middle of its owner.
-    place.x = std::max((around.left + around.right - (own.right - own.left)) / 2, 0L);
-    place.y = std::max((around.top + around.bottom - (own.bottom - own.top)) / 2, 0L);
+    place.x = (around.left + around.right - (own.right - own.left)) / 2;
+    place.y = (around.top + around.bottom - (own.bottom - own.top)) / 2;
   }
-  SetWindowPos(handle(), nullptr, place.x, place.y, 0, 0,
-               SWP_NOSIZE | SWP_NOZORDER | SWP_NOACTIVATE);
+  OffsetRect(&own, place.x - own.left, place.y - own.top);
+  moveWindow(handle(), onScreen(own));
 }
 
+layout::Rect FormWindow::onScreen(const RECT& place) const {
+  return layout::fitInto(toRect(place), toRect(workAreaAt(place)));
+}
+
+// The window is laid out before it appears and painted as soon as it has, so that it is never seen
+// empty, whatever runs next.
 void FormWindow::show() {
   const DpiContext resolution = DpiContext::of(handle());
   const bool wasShown = IsWindowVisible(handle()) != 0;
   showing_ = true;
-  if (!wasShown) moveToItsPlace();
+  if (!wasShown) {
+    moveToItsPlace();
+    layOut();
+  }
   ShowWindow(handle(), IsIconic(handle()) ? SW_RESTORE : SW_SHOW);
   SetForegroundWindow(handle());
-  layOut();
+  if (wasShown) layOut();
   if (!wasShown) focusFirst();
   showing_ = false;
+  RedrawWindow(handle(), nullptr, nullptr, RDW_UPDATENOW | RDW_ALLCHILDREN);
+}
+
+void FormWindow::showBusy(bool busy) {
+  if (busy_ == busy) return;
+  busy_ = busy;
+  for (View* view : inOrder_) {
+    if (view->handle() && isBesidePages(view->control())) {
+      RedrawWindow(view->handle(), nullptr, nullptr, RDW_INVALIDATE | RDW_ALLCHILDREN);
+    }
+  }
+}
+
+// Buttons and keys that are let go are not among them: what was pressed before the work began waits
+// for that.
+void FormWindow::discardInput() {
+  struct Range {
+    UINT first;
+    UINT last;
+  };
+  constexpr Range pressed[] = {{WM_KEYDOWN, WM_KEYDOWN},
+                               {WM_CHAR, WM_DEADCHAR},
+                               {WM_SYSKEYDOWN, WM_SYSKEYDOWN},
+                               {WM_SYSCHAR, WM_SYSDEADCHAR},
+                               {WM_LBUTTONDOWN, WM_LBUTTONDOWN},
+                               {WM_LBUTTONDBLCLK, WM_RBUTTONDOWN},
+                               {WM_RBUTTONDBLCLK, WM_MBUTTONDOWN},
+                               {WM_MBUTTONDBLCLK, WM_MOUSEWHEEL},
+                               {WM_NCLBUTTONDOWN, WM_NCLBUTTONDOWN},
+                               {WM_NCLBUTTONDBLCLK, WM_NCLBUTTONDBLCLK}};
+  MSG message{};
+  for (const Range& range : pressed) {
+    while (PeekMessageW(&message, handle(), range.first, range.last, PM_REMOVE)) {
+      if (message.message != WM_QUIT) continue;
+      PostQuitMessage(static_cast<int>(message.wParam));
+      return;
+    }
+  }
 }
 
 void FormWindow::paintNow() {
@@ -438,7 +488,7 @@ void FormWindow::moveToNextField() {
   for (std::size_t tries = 0; tries <= inOrder_.size() + 16; ++tries) {
     next = GetNextDlgTabItem(handle(), next, FALSE);
     const View* const view = viewOf(next);
-    if (!view || !isBar(view->control())) break;
+    if (!view || !isBesidePages(view->control())) break;
   }
   if (next) SetFocus(next);
   focusMoved();
@@ -472,6 +522,12 @@ std::function<void()> FormWindow::actionFor(const Key& key) {
   View* const focused = viewOf(GetFocus());
   if (focused) {
     if (auto action = focused->actionFor(key)) return action;
+  }
+  controls::Button* const button = form_.defaultButton();
+  if (button && (key.isPlain(VK_RETURN) || key.isPlain(VK_F10))) {
+    return [this, button] {
+      if (commit()) guarded([&] { button->click(); });
+    };
   }
   if (key.code == VK_TAB && !key.control) return [this, back = key.shift] { moveFocus(back); };
   if (key.isPlain(VK_RETURN)) return [this] { moveToNextField(); };
@@ -553,11 +609,20 @@ LRESULT FormWindow::answer(UINT message, WPARAM wParam, LPARAM lParam) {
       focusWanted();
       return 0;
     case WM_SIZE:
-      if (wParam != SIZE_MINIMIZED) layOut();
+      // Windows reports the size once more when the window is first shown.
+      if (wParam != SIZE_MINIMIZED &&
+          (laidOut_.cx != LOWORD(lParam) || laidOut_.cy != HIWORD(lParam))) {
+        layOut();
+      }
       return 0;
     case WM_GETMINMAXINFO: {
       auto& limits = *reinterpret_cast<MINMAXINFO*>(lParam);
-      limits.ptMinTrackSize = {theme_->px(leastSize.width), theme_->px(leastSize.height)};
+      RECT place{};
+      GetWindowRect(handle(), &place);
+      const RECT area = workAreaAt(place);
+      limits.ptMinTrackSize = {
+          std::min<LONG>(theme_->px(leastSize.width), area.right - area.left),
+          std::min<LONG>(theme_->px(leastSize.height), area.bottom - area.top)};
       return 0;
     }
     case WM_DPICHANGED:

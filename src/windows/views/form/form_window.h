@@ -26,6 +26,10 @@ class FormWindow : public Window, public ViewSite, public KeyTarget {
   /// Lays out and paints what changed.
   void paintNow();
   void setModal(bool modal) { modal_ = modal; }
+  /// Shows that the window works, or no longer works.
+  void showBusy(bool busy);
+  /// Drops the keys and mouse buttons that were pressed in it and are not answered yet.
+  void discardInput();
 
  private:
   LRESULT answer(UINT message, WPARAM wParam, LPARAM lParam) override;
@@ -36,6 +40,7 @@ class FormWindow : public Window, public ViewSite, public KeyTarget {
   const Theme& theme() const override { return *theme_; }
   void requestLayout() override;
   bool commit() override;
+  bool isBusy() const override { return busy_; }
   bool isOnCard(const controls::Control& control) const override;
   std::function<void()> actionFor(const Key& key) override;
 
@@ -48,6 +53,8 @@ class FormWindow : public Window, public ViewSite, public KeyTarget {
   /// shown, since its windows cost more than its models.
   void fillPage(const controls::GroupBox& page);
   /// The page of the side bar that a control belongs to; nothing when it is none.
+  /// Whether it stands on the window itself: a bar, or a button of a dialog.
+  bool isBesidePages(const controls::Control& control) const;
   const controls::GroupBox* pageOf(const controls::Control& control) const;
   void listenTo(controls::GroupBox& group);
   /// The parent of the window of a control that is on no page.
@@ -57,6 +64,8 @@ class FormWindow : public Window, public ViewSite, public KeyTarget {
   void groupChanged(const controls::GroupBox& group);
   void moveToItsPlace();
   void layOut();
+  /// Brings a place for the window into the work area of its screen.
+  layout::Rect onScreen(const RECT& place) const;
   void arrangePages(const layout::Rect& place);
   void chooseMnemonics();
   /// Takes the fonts, sizes and colours that apply now.
@@ -97,6 +106,8 @@ class FormWindow : public Window, public ViewSite, public KeyTarget {
   bool showing_ = false;
   bool activating_ = false;
   bool modal_ = false;
+  bool busy_ = false;
+  SIZE laidOut_{};  ///< the size of the client area at the last layout
 };
 
 }  // namespace kebu::windows

@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "windows/support/text.h"
+#include "windows/views/drawing/edit_frame.h"
 #include "windows/views/drawing/push_button.h"
 #include "windows/views/window/dpi.h"
 #include "windows/views/window/guard.h"
@@ -40,12 +41,14 @@ LookupWindow::LookupWindow(HINSTANCE module, controls::LookupList& list, HWND ow
   RECT around{};
   if (!owner || !GetWindowRect(owner, &around))
     SystemParametersInfoW(SPI_GETWORKAREA, 0, &around, 0);
-  const LONG left = std::max((around.left + around.right - width) / 2, 0L);
-  const LONG top = std::max((around.top + around.bottom - height) / 2, 0L);
+  const layout::Rect place =
+      layout::fitInto({static_cast<int>(around.left + around.right - width) / 2,
+                       static_cast<int>(around.top + around.bottom - height) / 2, width, height},
+                      toRect(workAreaAt(around)));
   create(module,
          {L"kebu.lookup", WS_POPUPWINDOW | WS_CAPTION | WS_THICKFRAME | WS_CLIPCHILDREN,
           WS_EX_CONTROLPARENT | WS_EX_DLGMODALFRAME},
-         owner, {left, top, left + width, top + height}, toWide(list.title()));
+         owner, toRECT(place), toWide(list.title()));
   build();
   keys_ = std::make_unique<KeyboardHook>(handle(), *this);
   layOut();
@@ -67,7 +70,8 @@ void LookupWindow::build() {
   };
   const auto& texts = list_.texts();
   hint_ = make(L"STATIC", toWide(texts.search).c_str(), SS_CENTERIMAGE, 0);
-  search_ = make(L"EDIT", L"", WS_TABSTOP | ES_AUTOHSCROLL, WS_EX_CLIENTEDGE);
+  search_ = make(L"EDIT", L"", WS_TABSTOP | ES_AUTOHSCROLL, 0);
+  frameEdit(search_, theme_);
   grid_ = std::make_unique<GridControl>(module_, handle(), theme_, *this);
   ShowWindow(grid_->handle(), SW_SHOWNA);
   nothingFound_ = make(L"STATIC", toWide(texts.nothingFound).c_str(), SS_CENTERIMAGE, 0);
@@ -89,7 +93,10 @@ void LookupWindow::layOut() {
   const int foot = static_cast<int>(client.bottom) - edge - button;
   const int listTop = edge + field + theme_.px(10);
   moveWindow(grid_->handle(), {edge, listTop, width, std::max(foot - theme_.px(10) - listTop, 0)});
-  const int buttonWidth = theme_.px(110);
+  const auto widthOf = [&](const std::string& caption) {
+    return std::max(theme_.metrics().textWidth(caption) + theme_.px(60), theme_.px(110));
+  };
+  const int buttonWidth = std::max(widthOf(list_.texts().take), widthOf(list_.texts().leave));
   const int right = edge + width;
   moveWindow(take_, {right - 2 * buttonWidth - theme_.px(8), foot, buttonWidth, button});
   moveWindow(leave_, {right - buttonWidth, foot, buttonWidth, button});
@@ -103,6 +110,7 @@ void LookupWindow::renewTheme(int dpi) {
   for (HWND window : {hint_, search_, take_, leave_}) {
     SendMessageW(window, WM_SETFONT, reinterpret_cast<WPARAM>(theme_.font()), FALSE);
   }
+  frameEdit(search_, theme_);
   grid_->themeChanged();
   layOut();
   RedrawWindow(handle(), nullptr, nullptr, RDW_INVALIDATE | RDW_ERASE | RDW_ALLCHILDREN);
@@ -147,7 +155,8 @@ void LookupWindow::take() {
 std::function<void()> LookupWindow::actionFor(const Key& key) {
   if (key.mnemonic) return {};
   HWND focus = GetFocus();
-  if (key.isPlain(VK_RETURN) && focus != leave_) return [this] { take(); };
+  const bool takes = key.isPlain(VK_F10) || (key.isPlain(VK_RETURN) && focus != leave_);
+  if (takes) return [this] { take(); };
   if (key.isPlain(VK_ESCAPE) || key.isPlain(VK_RETURN)) return [this] { leave(); };
   if (key.code == VK_TAB && !key.control) {
     return [this, back = key.shift] {
@@ -226,6 +235,10 @@ LRESULT LookupWindow::answer(UINT message, WPARAM wParam, LPARAM lParam) {
     case WM_ERASEBKGND:
       fill(reinterpret_cast<HDC>(wParam), clientArea(), theme_.colours().window);
       return 1;
+    case WM_CTLCOLOREDIT:
+      SetBkColor(reinterpret_cast<HDC>(wParam), theme_.colours().card);
+      SetTextColor(reinterpret_cast<HDC>(wParam), theme_.colours().text);
+      return reinterpret_cast<LRESULT>(theme_.cardBrush());
     case WM_CTLCOLORSTATIC:
       SetBkColor(reinterpret_cast<HDC>(wParam), theme_.colours().window);
       SetTextColor(reinterpret_cast<HDC>(wParam), theme_.colours().muted);
@@ -235,7 +248,7 @@ LRESULT LookupWindow::answer(UINT message, WPARAM wParam, LPARAM lParam) {
       const bool isTake = item.hwndItem == take_;
       drawPushButton(
           item, theme_,
-          {windowText(item.hwndItem), isTake ? L"Invio" : L"Esc", isTake, theme_.colours().window});
+          {windowText(item.hwndItem), isTake ? L"F10" : L"Esc", isTake, theme_.colours().window});
       return TRUE;
     }
     case WM_COMMAND: {

@@ -1,6 +1,7 @@
 #include "windows/views/form/win32_desktop.h"
 
 #include <optional>
+#include <utility>
 
 #include "controls/form.h"
 #include "controls/mdi_container.h"
@@ -47,6 +48,25 @@ struct Win32Desktop::Shown {
   bool isLost = false;
 };
 
+/// While it lives, the user is asked something in the middle of a work, and can act.
+class Win32Desktop::Interruption {
+ public:
+  explicit Interruption(Win32Desktop& desktop)
+      : desktop_(desktop), works_(std::exchange(desktop.works_, 0)) {
+    if (works_ > 0) desktop_.showBusy(false);
+  }
+  ~Interruption() {
+    desktop_.works_ = works_;
+    if (works_ > 0) SetCursor(LoadCursorW(nullptr, IDC_WAIT));
+  }
+  Interruption(const Interruption&) = delete;
+  Interruption& operator=(const Interruption&) = delete;
+
+ private:
+  Win32Desktop& desktop_;
+  int works_;
+};
+
 Win32Desktop::Win32Desktop(HINSTANCE module, const CommonControls& commonControls)
     : module_(module), commonControls_(commonControls) {}
 
@@ -91,6 +111,7 @@ void Win32Desktop::runModal(controls::Form& form) {
   at->second->isModal = true;
   at->second->window->setModal(true);
   at->second->disabled = disableOthers(at->second->window->handle());
+  const Interruption asking(*this);
   const auto isLost = [&] {
     const auto now = shown_.find(&form);
     return now != shown_.end() && now->second->isLost;
@@ -116,6 +137,7 @@ void Win32Desktop::endLost(controls::Form& form) {
 
 void Win32Desktop::runLookup(controls::LookupList& list) {
   const CommonControls::Scope scope(commonControls_);
+  const Interruption asking(*this);
   LookupWindow window(module_, list, ownerFor(nullptr));
   window.show();
   const std::vector<HWND> disabled = disableOthers(window.handle());
@@ -150,7 +172,24 @@ void Win32Desktop::pump(const std::function<bool()>& done) {
   }
 }
 
+void Win32Desktop::beginWork() {
+  if (works_++ == 0) SetCursor(LoadCursorW(nullptr, IDC_WAIT));
+}
+
+void Win32Desktop::endWork() {
+  if (--works_ > 0) return;
+  SetCursor(LoadCursorW(nullptr, IDC_ARROW));
+  showBusy(false);
+  for (const auto& [form, shown] : shown_) shown->window->discardInput();
+}
+
+void Win32Desktop::showBusy(bool busy) {
+  for (const auto& [form, shown] : shown_) shown->window->showBusy(busy);
+}
+
+// A work that is long enough to be painted is long enough to look busy.
 void Win32Desktop::repaint() {
+  if (works_ > 0) showBusy(true);
   for (const auto& [form, shown] : shown_) shown->window->paintNow();
   // The thread's other windows, too, the host's among them. Asking for messages also shows Windows
   // that the program responds. The number is limited, since a window may paint without end.

@@ -27,9 +27,12 @@ class Win32Desktop final : public controls::Desktop {
   void hide(controls::Form& form) override;
   void runLookup(controls::LookupList& list) override;
   void repaint() override;
+  void beginWork() override;
+  void endWork() override;
 
  private:
   struct Shown;
+  class Interruption;
 
   /// The window over which another one opens.
   HWND ownerFor(const controls::Form* form) const;
@@ -41,9 +44,13 @@ class Win32Desktop final : public controls::Desktop {
   /// Lets the user work until `done`.
   static void pump(const std::function<bool()>& done);
 
+  /// Makes the windows look busy, or no longer busy.
+  void showBusy(bool busy);
+
   HINSTANCE module_;
   const CommonControls& commonControls_;
   std::map<const controls::Form*, std::unique_ptr<Shown>> shown_;
+  int works_ = 0;  ///< how many works are running, one inside the other
 };
 
 }  // namespace kebu::windows

@@ -1,6 +1,7 @@
 #include "windows/views/layout/frame_layout.h"
 
 #include <algorithm>
+#include <ranges>
 
 #include "controls/navigator_bar.h"
 #include "controls/notice_list.h"
@@ -26,7 +27,41 @@ std::vector<const controls::Control*> shown(const controls::Form& form) {
   return found;
 }
 
+/// Puts a dialog's buttons into one line: those that end the dialog to the right, others to the
+/// left.
+void placeButtons(const std::vector<const controls::Button*>& buttons, const Metrics& metrics,
+                  const Rect& line, Placements& placements) {
+  int left = line.left;
+  int right = line.right();
+  const auto widthOf = [&](const controls::Button& button) {
+    const std::string key(controls::keyOf(button));
+    const int shown = key.empty() ? 0 : metrics.textWidth(key) + metrics.px(10);
+    return std::max(metrics.textWidth(button.caption()) + shown + metrics.px(32), metrics.px(110));
+  };
+  for (const auto* button : buttons | std::views::reverse) {
+    if (!button->isDefault() && !button->isCancel()) continue;
+    const int width = widthOf(*button);
+    placements[button].bounds = {right - width, line.top, width, line.height};
+    right -= width + metrics.px(partGap);
+  }
+  for (const auto* button : buttons) {
+    if (button->isDefault() || button->isCancel()) continue;
+    const int width = std::min(widthOf(*button), std::max(right - left, 0));
+    placements[button].bounds = {left, line.top, width, line.height};
+    left += width + metrics.px(partGap);
+  }
+}
+
 }  // namespace
+
+std::vector<const controls::Button*> dialogButtons(const controls::Form& form) {
+  std::vector<const controls::Button*> buttons;
+  if (!shown<controls::SideBar>(form).empty()) return buttons;
+  for (const auto* button : shown<controls::Button>(form)) {
+    buttons.push_back(controls::as<controls::Button>(*button));
+  }
+  return buttons;
+}
 
 FrameLayout placeFrame(const controls::Form& form, const Metrics& metrics, const Rect& area) {
   FrameLayout frame;
@@ -59,6 +94,12 @@ FrameLayout placeFrame(const controls::Form& form, const Metrics& metrics, const
   }
   for (const auto* bar : shown<controls::NavigatorBar>(form)) {
     dockToTop(bar, metrics.fieldHeight() + metrics.px(6));
+  }
+  if (const auto buttons = dialogButtons(form); !buttons.empty()) {
+    const int height = metrics.fieldHeight() + metrics.px(6);
+    placeButtons(buttons, metrics, {rest.left, rest.bottom() - height, rest.width, height},
+                 frame.bars);
+    rest.height -= height + metrics.px(gap);
   }
   rest.width = std::max(rest.width, 0);
   rest.height = std::max(rest.height, 0);

@@ -12,13 +12,24 @@ struct Rect {
   int width = 0;
   int height = 0;
 
-  int right() const { return left + width; }
-  int bottom() const { return top + height; }
+  constexpr int right() const { return left + width; }
+  constexpr int bottom() const { return top + height; }
   /// The part to the right of `x`, of width 0 when `x` is beyond the right edge.
   Rect from(int x) const { return {x, top, right() > x ? right() - x : 0, height}; }
   bool isEmpty() const { return width <= 0 || height <= 0; }
   bool operator==(const Rect&) const = default;
 };
+
+/// The place moved into an area, and made smaller where the area is.
+constexpr Rect fitInto(const Rect& place, const Rect& area) {
+  const int width = place.width < area.width ? place.width : area.width;
+  const int height = place.height < area.height ? place.height : area.height;
+  const auto within = [](int wanted, int first, int last) {
+    return wanted < first ? first : wanted > last ? last : wanted;
+  };
+  return {within(place.left, area.left, area.right() - width),
+          within(place.top, area.top, area.bottom() - height), width, height};
+}
 
 /// What a scroll bar is told: the range includes both ends.
 struct ScrollRange {

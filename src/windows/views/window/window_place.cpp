@@ -2,10 +2,24 @@
 
 namespace kebu::windows {
 
+RECT workAreaAt(const RECT& place) {
+  MONITORINFO monitor{};
+  monitor.cbSize = sizeof monitor;
+  GetMonitorInfoW(MonitorFromRect(&place, MONITOR_DEFAULTTONEAREST), &monitor);
+  return monitor.rcWork;
+}
+
+bool isShownIn(HWND outer, HWND window) {
+  for (; window && window != outer; window = GetAncestor(window, GA_PARENT)) {
+    if (!(GetWindowLongPtrW(window, GWL_STYLE) & WS_VISIBLE)) return false;
+  }
+  return window != nullptr;
+}
+
 void moveWindow(HWND window, const layout::Rect& place) {
   RECT now{};
   GetWindowRect(window, &now);
-  MapWindowPoints(nullptr, GetParent(window), reinterpret_cast<POINT*>(&now), 2);
+  MapWindowPoints(nullptr, GetAncestor(window, GA_PARENT), reinterpret_cast<POINT*>(&now), 2);
   const bool same = now.left == place.left && now.top == place.top && now.right == place.right() &&
                     now.bottom == place.bottom();
   if (same) return;
