@@ -278,9 +278,10 @@ void QueryEditor::checkValue(const Row& row, const std::string& text, bool& canc
   for (const std::string& value : values) {
     std::string refusal;
     if (row.field.isNumeric && !value.empty() && !isWholeNumber(value)) {
-      refusal = "\"" + value + "\" non è un numero intero.";
+      refusal = "\"" + value + "\"" + translated(" non è un numero intero.");
     } else if (isList && characterCount(value) > row.field.length) {
-      refusal = "\"" + value + "\" supera i " + std::to_string(row.field.length) + " caratteri.";
+      refusal = "\"" + value + "\"" + translated(" supera i ") + std::to_string(row.field.length) +
+                translated(" caratteri.");
     }
     if (refusal.empty()) continue;
     host_.message(row.op.caption() + ": " + refusal, msgbox::exclamation);
@@ -317,8 +318,10 @@ std::string QueryEditor::reversedRanges() const {
     const std::string& from = row->first.text();
     const std::string& to = row->second.text();
     if (!isReversed(columnOf(row->field), from, to)) continue;
-    text += (text.empty() ? "" : " ") + std::string("L'intervallo di \"") + row->op.caption() +
-            "\" è rovesciato: da \"" + from + "\" a \"" + to + "\" non c'è nulla.";
+    const auto quoted = [](const std::string& part) { return "\"" + part + "\""; };
+    text += (text.empty() ? "" : " ") + translated("L'intervallo di ") + quoted(row->op.caption()) +
+            translated(" è rovesciato: da ") + quoted(from) + translated(" a ") + quoted(to) +
+            translated(" non c'è nulla.");
   }
   return text;
 }

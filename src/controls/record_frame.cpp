@@ -175,7 +175,8 @@ bool RecordFrame::Update() {
 bool RecordFrame::isComplete() {
   for (BoundControl* control : controls_) {
     if (!control->isMissing()) continue;
-    host_.message("Indicare un valore per \"" + control->caption() + "\".", msgbox::exclamation);
+    host_.message(host_.translated("Indicare un valore per ") + "\"" + control->caption() + "\".",
+                  msgbox::exclamation);
     Refused.raise(*control);
     return false;
   }

@@ -65,6 +65,25 @@ class QueryEditorTest : public testing::Test {
   std::optional<Value> answer;
 };
 
+// A text that is put together is translated in its parts: as a whole it is in no dictionary.
+TEST_F(QueryEditorTest, RefusalsAreTranslatedInTheirParts) {
+  QueryEditor foreign("EDITOR", host, sql::queryComposer);
+  foreign.setTranslator([](const std::string& text) { return "<" + text + ">"; });
+  declare(foreign);
+  const auto row = [&](std::size_t i) -> QueryEditor::Row& { return foreign.row(i); };
+  row(2).op.choose("between");
+  row(2).first.type("x");
+  EXPECT_EQ(host.messages.back(), "<Stato>: \"x\"< non è un numero intero.>");
+  row(2).first.type("9");
+  row(2).second.type("1");
+  EXPECT_FALSE(foreign.confirmRanges());
+  EXPECT_EQ(host.messages.back(),
+            "<L'intervallo di >\"<Stato>\"< è rovesciato: da >\"9\"< a >\"1\"< non c'è nulla.>");
+  row(0).op.choose("in");
+  row(0).first.type("VER;LUNGO");
+  EXPECT_EQ(host.messages.back(), "<Famiglia>: \"LUNGO\"< supera i >3< caratteri.>");
+}
+
 TEST_F(QueryEditorTest, ItemsAndTheWholeTextSayTheSame) {
   EXPECT_EQ(editor.ComponiCondizione(), "");
   row(3).op.choose("contains");
