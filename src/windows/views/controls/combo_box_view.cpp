@@ -22,7 +22,7 @@ ComboBoxView::ComboBoxView(ViewSite& site, controls::ComboBox& model, HWND paren
   setControl(createStock(
       L"COMBOBOX", WS_TABSTOP | WS_VSCROLL | CBS_DROPDOWNLIST | CBS_OWNERDRAWFIXED | CBS_HASSTRINGS,
       0, parent));
-  applyTheme();
+  setHeights();
 }
 
 void ComboBoxView::place(const layout::Placement& placement) {
@@ -44,6 +44,10 @@ void ComboBoxView::place(const layout::Placement& placement) {
 
 void ComboBoxView::applyTheme() {
   FieldView::applyTheme();
+  setHeights();
+}
+
+void ComboBoxView::setHeights() {
   // The height of a combo follows from its line's, and should be an edit box's.
   const int edges = 6;
   SendMessageW(handle(), CB_SETITEMHEIGHT, static_cast<WPARAM>(-1),

@@ -20,6 +20,7 @@ class ComboBoxView : public FieldView {
   bool describePart(Inspection& inspection) override;
 
  private:
+  void setHeights();
   void fillRows();
   std::wstring rowText(std::size_t index) const;
   /// Of the model's chosen row; -1 without one.

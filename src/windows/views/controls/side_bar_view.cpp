@@ -134,10 +134,10 @@ void SideBarView::drawItem(const DRAWITEMSTRUCT& item) {
     card(item.hDC, dot, theme().px(8), colours.warning, colours.warning);
     band.right = dot.left;
   }
-  text(
-      item.hDC, toWide(model_.links()[item.itemID].text), band,
-      looksEnabled() && !site().isBusy() ? (chosen ? colours.accent : colours.text) : colours.faint,
-      chosen ? theme().strong() : theme().font(), DT_NOPREFIX);
+  text(item.hDC, toWide(model_.links()[item.itemID].text), band,
+       looksEnabled() && !site().isBusy() ? (chosen ? colours.chosenText : colours.text)
+                                          : colours.faint,
+       chosen ? theme().strong() : theme().font(), DT_NOPREFIX);
 }
 
 HBRUSH SideBarView::colours(HDC /*dc*/, HWND /*window*/) {

@@ -36,6 +36,11 @@ void View::place(const layout::Placement& placement) {
   if (handle()) putWindow(handle(), placement.bounds);
 }
 
+void View::applyTheme() {
+  setFont(handle(), theme().font());
+  takeColours(handle(), theme());
+}
+
 void View::setMnemonic(std::size_t at) {
   mnemonic_ = at;
   refresh();
@@ -62,6 +67,7 @@ OwnedWindow View::createStock(const wchar_t* className, DWORD style, DWORD exten
                                      parent, nullptr, site_.module(), nullptr));
   if (!window) throw RuntimeError(7, "The control could not be created.");
   setFont(window.get(), theme().font(), false);
+  if (theme().colours().isSystems) takeColours(window.get(), theme());
   adopt(window.get());
   return window;
 }

@@ -53,7 +53,7 @@ class View {
   /// Shows what the model holds now.
   virtual void refresh() {}
   /// The resolution or the colours changed; the control's window has the usual font.
-  virtual void applyTheme() { setFont(handle(), theme().font()); }
+  virtual void applyTheme();
 
   /// A notification of a stock control that belongs to this view.
   virtual void command(HWND /*from*/, UINT /*code*/) {}

@@ -1,5 +1,7 @@
 #include "windows/views/drawing/theme.h"
 
+#include <uxtheme.h>
+
 #include <cwchar>
 
 #include "windows/views/drawing/painting.h"
@@ -42,15 +44,39 @@ Palette Palette::current() {
     const COLORREF chosen = GetSysColor(COLOR_HIGHLIGHT);
     const COLORREF onChosen = GetSysColor(COLOR_HIGHLIGHTTEXT);
     const COLORREF faint = GetSysColor(COLOR_GRAYTEXT);
-    return {window, window,   text,   text,   text,   text, faint,
-            chosen, onChosen, window, window, window, text, text};
+    return {.window = window,
+            .card = window,
+            .border = text,
+            .line = text,
+            .text = text,
+            .muted = text,
+            .faint = faint,
+            .accent = chosen,
+            .accentText = onChosen,
+            .chosen = window,
+            .chosenText = text,
+            .hover = window,
+            .locked = window,
+            .good = text,
+            .warning = text,
+            .isSystems = true};
   }
-  return {
-      RGB(243, 245, 248), RGB(255, 255, 255), RGB(216, 221, 228), RGB(233, 236, 240),
-      RGB(28, 36, 48),    RGB(84, 96, 112),   RGB(152, 161, 173), RGB(24, 98, 168),
-      RGB(255, 255, 255), RGB(222, 235, 248), RGB(236, 241, 247), RGB(244, 246, 248),
-      RGB(46, 139, 87),   RGB(214, 137, 16),
-  };
+  return {.window = RGB(243, 245, 248),
+          .card = RGB(255, 255, 255),
+          .border = RGB(216, 221, 228),
+          .line = RGB(233, 236, 240),
+          .text = RGB(28, 36, 48),
+          .muted = RGB(84, 96, 112),
+          .faint = RGB(152, 161, 173),
+          .accent = RGB(24, 98, 168),
+          .accentText = RGB(255, 255, 255),
+          .chosen = RGB(222, 235, 248),
+          .chosenText = RGB(24, 98, 168),
+          .hover = RGB(236, 241, 247),
+          .locked = RGB(244, 246, 248),
+          .good = RGB(46, 139, 87),
+          .warning = RGB(214, 137, 16),
+          .isSystems = false};
 }
 
 Theme::Theme(int dpi)
@@ -71,6 +97,13 @@ Theme::Theme(int dpi)
   metrics_.textWidth = [font = font()](const std::string& measured) {
     return TextRuler(font).widthOf(measured);
   };
+}
+
+void takeColours(HWND window, const Theme& theme) {
+  if (!window) return;
+  // A style that there is not turns visual styles off.
+  const wchar_t* const style = theme.colours().isSystems ? L" " : nullptr;
+  SetWindowTheme(window, style, style);
 }
 
 }  // namespace kebu::windows

@@ -18,10 +18,12 @@ struct Palette {
   COLORREF accent;
   COLORREF accentText;  ///< on the accent
   COLORREF chosen;      ///< behind a chosen row or link
+  COLORREF chosenText;  ///< of a chosen link
   COLORREF hover;
   COLORREF locked;  ///< behind what cannot be edited
   COLORREF good;
   COLORREF warning;
+  bool isSystems;  ///< whether the colours are the system's own
 
   static Palette current();
 };
@@ -52,5 +54,9 @@ class Theme {
   OwnedBrush cardBrush_;
   OwnedBrush lockedBrush_;
 };
+
+/// Has a stock control, or the scroll bars of a window, drawn in colours that go with the theme's:
+/// in the visual style, or without one in the system's colours.
+void takeColours(HWND window, const Theme& theme);
 
 }  // namespace kebu::windows

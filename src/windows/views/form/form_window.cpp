@@ -201,8 +201,7 @@ void FormWindow::formChanged() {
   setWindowText(handle(), toWide(form_.caption()));
   if (form_.controls().size() != controlsSeen_) requestLayout();
   if (!showing_ || IsWindowVisible(handle())) return;
-  SetWindowPos(handle(), nullptr, form_.left(), form_.top(), 0, 0,
-               SWP_NOSIZE | SWP_NOZORDER | SWP_NOACTIVATE);
+  moveToItsPlace();
 }
 
 void FormWindow::groupChanged(const controls::GroupBox& group) {
@@ -319,6 +318,10 @@ void FormWindow::chooseMnemonics() {
 void FormWindow::renewTheme(int dpi) {
   *theme_ = Theme(dpi);
   for (View* view : inOrder_) view->applyTheme();
+  for (const auto& [page, window] : pages_) {
+    if (window) takeColours(window->handle(), *theme_);
+  }
+  if (loosePage_) takeColours(loosePage_->handle(), *theme_);
   RedrawWindow(handle(), nullptr, nullptr, RDW_INVALIDATE | RDW_ERASE | RDW_ALLCHILDREN);
 }
 

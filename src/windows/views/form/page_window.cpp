@@ -13,6 +13,7 @@ PageWindow::PageWindow(HINSTANCE module, HWND parent, const Theme& theme, PlaceV
     : theme_(theme), placeView_(std::move(placeView)) {
   create(module, {L"kebu.page", WS_CHILD | WS_CLIPCHILDREN | WS_CLIPSIBLINGS, WS_EX_CONTROLPARENT},
          parent, {});
+  if (theme_.colours().isSystems) takeColours(handle(), theme_);
 }
 
 void PageWindow::arrange(const layout::Rect& place,

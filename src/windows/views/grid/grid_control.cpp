@@ -28,6 +28,7 @@ GridControl::GridControl(HINSTANCE module, HWND parent, const Theme& theme, Grid
     : theme_(&theme), source_(source), geometry_(theme.metrics()), editor_(module, theme) {
   create(module, {L"kebu.grid", WS_CHILD | WS_TABSTOP | WS_VSCROLL | WS_HSCROLL | WS_CLIPCHILDREN},
          parent, {});
+  if (theme.colours().isSystems) takeColours(handle(), theme);
 }
 
 // ---- geometry
@@ -119,6 +120,7 @@ void GridControl::sourceChanged() {
 void GridControl::themeChanged() {
   commit();
   geometry().forgetRequiredWidths();
+  takeColours(handle(), *theme_);
   sourceChanged();
 }
 
