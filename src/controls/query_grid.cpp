@@ -302,4 +302,23 @@ void QueryGrid::lookup(std::int32_t row, const std::string& field) {
   if (!code.isEmpty()) commit(field, code);
 }
 
+void QueryGrid::details(std::int32_t row) {
+  selectRow(row);
+  if (!showDetails) throw GestureRefused("the rows of " + Name() + " have no details");
+  showDetails();
+}
+
+void QueryGrid::choose(std::int32_t row, std::string_view entry) {
+  selectRow(row);
+  const Menu menu = rowMenu ? rowMenu(row) : Menu();
+  const auto at = std::ranges::find_if(menu, [&](const MenuEntry& each) {
+    return std::string_view(each.caption).substr(0, each.caption.find('\t')) == entry;
+  });
+  if (at == menu.end()) {
+    throw GestureRefused("the menu of " + Name() + " has no \"" + std::string(entry) + "\"");
+  }
+  if (!at->act) throw GestureRefused("\"" + std::string(entry) + "\" cannot be chosen now");
+  at->act();
+}
+
 }  // namespace kebu::controls

@@ -12,6 +12,7 @@
 #include "ado/recordset.h"
 #include "controls/control.h"
 #include "controls/control_host.h"
+#include "controls/menu.h"
 #include "controls/row_cache.h"
 
 namespace kebu::controls {
@@ -141,6 +142,12 @@ class QueryGrid : public OfKind<ControlKind::QueryGrid> {
   /// Tells which editable cells of a row are locked now.
   std::function<bool(std::int32_t row, const std::string& field)> cellLocked;
 
+  /// What the user can do with a row besides editing its cells, for its context menu; a caption may
+  /// end with a tab and the name of a key.
+  std::function<Menu(std::int32_t row)> rowMenu;
+  /// Tells the user in words what the current row stands for.
+  std::function<void()> showDetails;
+
   /// The gestures. GestureRefused for a cell that does not exist or cannot be
   /// edited that way; a cell whose edit a handler refuses stays as it is.
   void selectRow(std::int32_t row);
@@ -148,6 +155,9 @@ class QueryGrid : public OfKind<ControlKind::QueryGrid> {
   void tickCell(std::int32_t row, const std::string& field);
   void tickAll(const std::string& field, bool on);
   void lookup(std::int32_t row, const std::string& field);
+  void details(std::int32_t row);
+  /// Chooses an entry of the row's context menu, by its caption without the key.
+  void choose(std::int32_t row, std::string_view entry);
 
   Event<> RowChanged;
   /// Editing of a cell of the current row begins; the flag refuses it.

@@ -13,6 +13,10 @@ enum class DiscountMode { OnPrice, Grid };
 /// Pieces of a statement, one a line; an empty one ends them.
 using Pieces = std::array<std::string_view, 32>;
 
+/// The columns of a rule that hold its families, from the uppermost to the lowest.
+inline constexpr std::array<std::string_view, 4> ruleFamilies{
+    "GM61_FAM_MG53", "GM61_SFAM_MG54", "GM61_GRUPPO_MG55", "GM61_SGRUPPO_MG56"};
+
 /// Stands among a source's conditions for the two that make a row valid today.
 inline constexpr std::string_view validToday = "{validity}";
 

@@ -297,6 +297,43 @@ std::string RuleStatements::LeggiScaglioni(const Row& row) const {
   return script.text();
 }
 
+// A column that is an expression or of another table is not compared.
+std::string RuleStatements::LeggiOrigine(const Row& row) const {
+  const DiscountSource& list = source(row);
+  const auto own = [&](std::string_view column) { return join({list.prefix(), column}); };
+  Script script;
+  script.line("SELECT ").line(" * ").line(" FROM ");
+  script.line(join({list.table, " WITH(NOLOCK)"})).line(" WHERE ");
+  script.line(join({own("_DITTA_CG18"), " = ", company_}));
+  for (const std::string_view condition : list.filter) {
+    if (condition.starts_with(join({"AND ", list.prefix()}))) script.line(condition);
+  }
+  const auto codeOf = [&](std::string_view field) { return trim(toDisplay(value(row, field))); };
+  const auto compare = [&](std::string_view column, const std::string& literal) {
+    if (column.starts_with(list.prefix())) script.line(join({"AND ", column, " = ", literal}));
+  };
+  const auto compareCode = [&](std::string_view column, std::string_view field) {
+    compare(column, quoted(replaceAll(codeOf(field), "'", "''")));
+  };
+  if (!codeOf("GM61_CODCLIENTE").empty()) {
+    compare(list.customer, number(value(row, "GM61_CODCLIENTE")));
+  }
+  if (!codeOf("GM61_CODART_MG66").empty()) {
+    compareCode(list.article, "GM61_CODART_MG66");
+    compareCode(list.option, "GM61_OPZIONE_MG5E");
+  }
+  for (std::size_t i = 0; i < list.families.size(); ++i) {
+    if (!codeOf(ruleFamilies[i]).empty()) compareCode(list.families[i], ruleFamilies[i]);
+  }
+  const auto compareDay = [&](std::string_view column, std::string_view field) {
+    if (!value(row, field).holds<Date>()) return;
+    script.line(join({"AND ", own(column), " = ", day(value(row, field))}));
+  };
+  compareDay("_DATAINIZIOVAL", "GM61_DATAINIZIO");
+  compareDay("_DATAFINEVAL", "GM61_DATAFINE");
+  return script.text();
+}
+
 std::string RuleStatements::InserisciRegola(const Row& row,
                                             const std::vector<RuleStep>& steps) const {
   const auto written = [&](const WrittenValue& value) {

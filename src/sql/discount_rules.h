@@ -68,6 +68,9 @@ class RuleStatements {
 
   /// Reads the quantity steps of the row from its price list, by ascending quantity.
   std::string LeggiScaglioni(const Row& row) const;
+  /// Reads the rows of its price list that the row may have come from: those with its customer,
+  /// article, families and dates, as far as it has them.
+  std::string LeggiOrigine(const Row& row) const;
   /// Inserts the row into GM61_KBDISCOUNTRULES; `steps` are for discount grids, of which the first
   /// ten are written.
   std::string InserisciRegola(const Row& row, const std::vector<RuleStep>& steps) const;

@@ -273,6 +273,7 @@ class RuleWriter {
         row_(valuesOf(row)) {}
 
   std::string read() { return statements_.LeggiScaglioni(row_); }
+  std::string origin() { return statements_.LeggiOrigine(row_); }
   std::string insert(const std::vector<RuleStep>& steps = {}) {
     return statements_.InserisciRegola(row_, steps);
   }
@@ -297,6 +298,13 @@ void addSteps(const DiscountKind& kind, std::vector<StatementExample>& examples)
   for (const DiscountSource& source : kind.sources) {
     const std::string name = "LeggiScaglioni: " + kindName(kind) + ", " + std::string(source.table);
     examples.push_back({name, RuleWriter(kind, ruleOf(kind, source.label)).read()});
+  }
+}
+
+void addOrigins(const DiscountKind& kind, std::vector<StatementExample>& examples) {
+  for (const DiscountSource& source : kind.sources) {
+    const std::string name = "LeggiOrigine: " + kindName(kind) + ", " + std::string(source.label);
+    examples.push_back({name, RuleWriter(kind, ruleOf(kind, source.label)).origin()});
   }
 }
 
@@ -330,6 +338,7 @@ ExamplePage rulesPage() {
   for (const DiscountKind& kind : discountKinds()) {
     if (!isOnPrice(kind)) addSteps(kind, page.examples);
   }
+  for (const DiscountKind& kind : discountKinds()) addOrigins(kind, page.examples);
   for (const DiscountKind& kind : discountKinds()) addInsert(kind, page.examples);
   const RuleRow rule = ruleOf(onPrice, onPrice.sources.front().label);
   page.examples.push_back({"InserisciRegola: a new price from the gross price",

@@ -107,6 +107,14 @@ void refresh(Player& player, const Words& /*arguments*/) {
   player.stage().hands.refresh();
 }
 
+void details(Player& player, const Words& arguments) {
+  player.stage().hands.details(arguments[0], toNumber(arguments[1]));
+}
+
+void rowMenu(Player& player, const Words& arguments) {
+  player.stage().hands.chooseFromRowMenu(arguments[0], toNumber(arguments[1]), arguments[2]);
+}
+
 void notice(Player& player, const Words& arguments) {
   player.stage().hands.pressNotice(arguments[0]);
 }

@@ -35,6 +35,11 @@ class Hands {
   virtual void tickAll(const std::string& grid, const std::string& field, bool on) = 0;
   virtual void lookup(const std::string& box) = 0;
   virtual void lookupCell(const std::string& grid, std::int32_t row, const std::string& field) = 0;
+  /// Asks for the details of a row, with the key for it.
+  virtual void details(const std::string& grid, std::int32_t row) = 0;
+  /// Chooses an entry of a row's context menu, by its caption without the key.
+  virtual void chooseFromRowMenu(const std::string& grid, std::int32_t row,
+                                 const std::string& entry) = 0;
   /// Presses the button of the first notice whose text contains `text`.
   virtual void pressNotice(const std::string& text) = 0;
   /// Presses keys, one right after the other: "F3", "F8", "F9", "F10", "Enter", "Esc". Those that

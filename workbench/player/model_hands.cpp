@@ -89,6 +89,15 @@ void ModelHands::lookupCell(const std::string& grid, std::int32_t row, const std
   find<QueryGrid>(grid, "a grid").lookup(row, field);
 }
 
+void ModelHands::details(const std::string& grid, std::int32_t row) {
+  find<QueryGrid>(grid, "a grid").details(row);
+}
+
+void ModelHands::chooseFromRowMenu(const std::string& grid, std::int32_t row,
+                                   const std::string& entry) {
+  find<QueryGrid>(grid, "a grid").choose(row, entry);
+}
+
 NoticeList* ModelHands::noticeList() const {
   for (Control* each : window().controls()) {
     if (auto* const list = as<NoticeList>(*each)) return list;

@@ -27,6 +27,9 @@ class ModelHands : public Hands {
   void tickAll(const std::string& grid, const std::string& field, bool on) override;
   void lookup(const std::string& box) override;
   void lookupCell(const std::string& grid, std::int32_t row, const std::string& field) override;
+  void details(const std::string& grid, std::int32_t row) override;
+  void chooseFromRowMenu(const std::string& grid, std::int32_t row,
+                         const std::string& entry) override;
   void pressNotice(const std::string& text) override;
   void pressKeys(const std::vector<std::string>& keys) override;
   void refresh() override { window().refreshPage(); }

@@ -36,6 +36,8 @@ void tickAll(Player& player, const Words& arguments);
 void lookup(Player& player, const Words& arguments);
 void keys(Player& player, const Words& arguments);
 void refresh(Player& player, const Words& arguments);
+void details(Player& player, const Words& arguments);
+void rowMenu(Player& player, const Words& arguments);
 void notice(Player& player, const Words& arguments);
 void condition(Player& player, const Words& arguments);
 void picture(Player& player, const Words& arguments);

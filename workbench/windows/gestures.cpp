@@ -42,6 +42,26 @@ void takeFromList(HWND combo, int index) {
   pressKey(combo, VK_RETURN);
 }
 
+std::optional<int> entryOfOpenMenu(const std::wstring& caption) {
+  constexpr const wchar_t* menuClass = L"#32768";
+  constexpr UINT getMenu = 0x01E1;  // MN_GETHMENU
+  HWND const window = FindWindowW(menuClass, nullptr);
+  auto* const menu = reinterpret_cast<HMENU>(SendMessageW(window, getMenu, 0, 0));
+  int reachable = 0;
+  for (int i = 0; i < GetMenuItemCount(menu); ++i) {
+    wchar_t text[256] = {};
+    GetMenuStringW(menu, static_cast<UINT>(i), text, 256, MF_BYPOSITION);
+    const UINT state = GetMenuState(menu, static_cast<UINT>(i), MF_BYPOSITION);
+    if (state & MF_SEPARATOR) continue;
+    const std::wstring shown(text);
+    if (shown.substr(0, shown.find(L'\t')) == caption) {
+      return state & MF_GRAYED ? std::nullopt : std::optional(reachable);
+    }
+    ++reachable;
+  }
+  return std::nullopt;
+}
+
 std::wstring classOf(HWND window) {
   wchar_t name[64] = {};
   GetClassNameW(window, name, 64);

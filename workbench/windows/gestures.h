@@ -1,5 +1,6 @@
 #pragma once
 
+#include <optional>
 #include <string>
 
 #include "windows/support/windows_api.h"
@@ -17,6 +18,9 @@ void typeText(HWND window, const std::wstring& text);
 void replaceText(HWND edit, const std::wstring& text);
 /// Opens the list of a combo box that has the focus and takes a row of it, from 0.
 void takeFromList(HWND combo, int index);
+/// The position of the entry with that caption, keys aside, among those of the open context menu
+/// that can be reached with the arrows; nothing when there is no such entry or it is grey.
+std::optional<int> entryOfOpenMenu(const std::wstring& caption);
 std::wstring classOf(HWND window);
 
 }  // namespace kebu::workbench

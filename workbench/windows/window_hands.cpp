@@ -382,6 +382,34 @@ void WindowHands::holdControl(bool shift, bool down) {
   });
 }
 
+void WindowHands::details(const std::string& grid, std::int32_t row) {
+  selectRow(grid, row);
+  // Not by a click, which would do something to the cell.
+  const HWND window = reader().control(grid).window;
+  thread_.post([window] { SetFocus(window); });
+  settle();
+  constexpr LPARAM withAlt = 1 | (KF_ALTDOWN << 16);
+  PostMessageW(window, WM_SYSKEYDOWN, VK_RETURN, withAlt);
+  settle();
+}
+
+void WindowHands::chooseFromRowMenu(const std::string& grid, std::int32_t row,
+                                    const std::string& entry) {
+  selectRow(grid, row);
+  const HWND window = reader().control(grid).window;
+  PostMessageW(window, WM_CONTEXTMENU, reinterpret_cast<WPARAM>(window), MAKELPARAM(-1, -1));
+  settle();
+  const auto index = entryOfOpenMenu(windows::toWide(entry));
+  if (!index) {
+    PostMessageW(window, WM_CANCELMODE, 0, 0);
+    settle();
+    throw GestureRefused("the menu of " + grid + " offers no \"" + entry + "\"");
+  }
+  pressKey(window, VK_DOWN, *index + 1);
+  pressKey(window, VK_RETURN);
+  settle();
+}
+
 // ---- the window
 
 std::vector<ItemView> WindowHands::notices() {

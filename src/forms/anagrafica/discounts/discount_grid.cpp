@@ -8,6 +8,7 @@
 #include "common/convert.h"
 #include "common/nulls.h"
 #include "forms/anagrafica/discounts/list_types.h"
+#include "forms/anagrafica/discounts/rule_details.h"
 #include "forms/procedure.h"
 #include "sql/discount_rules.h"
 
@@ -100,6 +101,8 @@ DiscountGrid::DiscountGrid(PageContext& context, ProgressDisplay& progress, sql:
   grid.cellLocked = [this](std::int32_t row, const std::string& field) {
     return isLocked(row, field);
   };
+  grid.rowMenu = [this](std::int32_t row) { return rowMenu(row); };
+  grid.showDetails = [this] { showDetails(); };
   grid.OnEdited.on([this](const std::string&) { OnEdited(); });
   grid.SelectionBoxClick.on([this](const std::string& field, bool&) { SelectionBoxClick(field); });
   grid.RowChanged.on([this] { RowChanged(); });
@@ -117,6 +120,7 @@ void DiscountGrid::renameTable() {
 }
 
 void DiscountGrid::Imposta(const sql::DiscountKind& kind) {
+  kind_ = &kind;
   procedure(context_, names_.setUp, [&](Procedure& p) {
     const auto translate = [this](const std::string& text) { return context_.translate(text); };
     const auto add = [&](const GridColumn& column) {
@@ -211,6 +215,39 @@ void DiscountGrid::SelectAllClickEXT(bool selecting, bool& cancel) {
                      p.step([&] { grid.requery(); });
                      Modified.raise();
                    });
+}
+
+void DiscountGrid::showDetails() {
+  procedure(context_, eventName("_Dettagli"), [&](Procedure& p) {
+    if (!rows() || !kind_) return;
+    const std::string text = p.step([&] { return describeRule(context_, *kind_, rows(), p); });
+    if (text.empty()) return;
+    p.step([&] { context_.services.showText(text, msgbox::information); });
+  });
+}
+
+controls::Menu DiscountGrid::rowMenu(std::int32_t row) {
+  const auto translate = [this](const char* text) { return context_.translate(text); };
+  controls::Menu menu;
+  menu.push_back({.caption = translate("Dettagli") + "\t" + translate("Alt+Invio"),
+                  .act = [this] { showDetails(); }});
+  if (mode_ == sql::DiscountMode::Grid) {
+    const bool isOffered = grid.acceptsChanges() && !isLocked(row, erpField);
+    menu.push_back({.caption = translate("Prezzo netto su qtà dal prezzo netto"),
+                    .act = isOffered ? [this, row] { takeNetPrice(row); } : std::function<void()>(),
+                    .beginsGroup = true});
+  }
+  return menu;
+}
+
+void DiscountGrid::takeNetPrice(std::int32_t row) {
+  constexpr std::int16_t onAmount = 1;
+  constexpr std::int16_t netPrice = 1;
+  constexpr std::int16_t netPriceByQuantity = 2;
+  const std::string type(names_.typeField);
+  grid.edit(row, type, Value(onAmount));
+  grid.edit(row, erpField, Value(netPrice));
+  grid.edit(row, type, Value(netPriceByQuantity));
 }
 
 void DiscountGrid::CheckClick() {

@@ -53,6 +53,12 @@ class DiscountGrid {
   std::string GetNodeEdit(std::int32_t row, const std::string& field);
   void SelectAllClickEXT(bool selecting, bool& cancel);
   void CheckClick();
+  /// Tells in a message what the current row stands for.
+  void showDetails();
+  controls::Menu rowMenu(std::int32_t row);
+  /// Makes the row a net price by quantity from the net price of its list. The list of its field
+  /// offers the prices only while the rule is a discount on the amount.
+  void takeNetPrice(std::int32_t row);
   bool isLocked(std::int32_t row, const std::string& field);
   /// The given name of a procedure: "QGRID_SCONTOSUPREZZO" and then "_OnEdited".
   std::string eventName(const char* event) const { return grid.Name() + event; }
@@ -62,6 +68,7 @@ class DiscountGrid {
   PageContext& context_;
   ProgressDisplay& progress_;
   std::string table_;
+  const sql::DiscountKind* kind_ = nullptr;  ///< that the grid is set up for
 };
 
 }  // namespace kebu::forms

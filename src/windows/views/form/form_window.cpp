@@ -516,6 +516,10 @@ std::function<void()> FormWindow::mnemonicAction(char letter) {
 
 std::function<void()> FormWindow::actionFor(const Key& key) {
   if (!IsWindowEnabled(handle())) return {};
+  if (key.mnemonic && key.code == VK_RETURN) {
+    View* const view = viewOf(GetFocus());
+    return view ? view->actionFor(key) : std::function<void()>();
+  }
   if (key.mnemonic) {
     const bool isAscii = key.code > ' ' && key.code < 128;
     return isAscii

@@ -6,6 +6,7 @@
 
 #include "windows/support/text.h"
 #include "windows/views/grid/column_ruler.h"
+#include "windows/views/window/context_menu.h"
 #include "windows/views/window/guard.h"
 
 namespace kebu::windows {
@@ -185,6 +186,20 @@ void GridControl::buttonDown(POINT point) {
       startEdit(nullptr);
     }
   }
+}
+
+void GridControl::showMenu(POINT screen) {
+  if (!commit()) return;
+  const controls::Menu menu = source_.rowMenu();
+  if (menu.empty()) return;
+  if (screen.x == -1 && screen.y == -1) {
+    const RECT cell = cellBounds(source_.currentRow(), column_);
+    screen = {cell.left, cell.bottom};
+    ClientToScreen(handle(), &screen);
+  }
+  guarded([&] {
+    windows::showMenu(handle(), screen, menu, [](const std::string& text) { return text; });
+  });
 }
 
 void GridControl::doubleClick(POINT point) {
@@ -407,6 +422,15 @@ LRESULT GridControl::answer(UINT message, WPARAM wParam, LPARAM lParam) {
       return 0;
     case WM_LBUTTONDBLCLK:
       doubleClick(point);
+      return 0;
+    case WM_RBUTTONDOWN: {
+      SetFocus(handle());
+      const layout::GridHit hit = geometry().hitTest(point.x, point.y);
+      if (hit.row > 0 && hit.column >= 0) goTo(hit.row, static_cast<std::size_t>(hit.column));
+      return 0;
+    }
+    case WM_CONTEXTMENU:
+      showMenu(point);
       return 0;
     case WM_MOUSEMOVE:
       if (resizing_ >= 0) {

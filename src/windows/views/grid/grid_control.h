@@ -68,6 +68,8 @@ class GridControl : public Window {
   void paintRow(HDC dc, std::int32_t row);
   void paintCell(HDC dc, std::int32_t row, std::size_t column, const RECT& area, bool isCurrentRow);
 
+  /// Shows the current row's menu at a point of the screen; (-1, -1) when a key asked for it.
+  void showMenu(POINT screen);
   void buttonDown(POINT point);
   void doubleClick(POINT point);
   void keyDown(WPARAM key, bool shift, bool control);

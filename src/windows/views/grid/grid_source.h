@@ -51,6 +51,8 @@ class GridSource {
   virtual void tick(std::int32_t /*row*/, std::size_t /*column*/) {}
   virtual void tickAll(std::size_t /*column*/, bool /*on*/) {}
   virtual void lookup(std::int32_t /*row*/, std::size_t /*column*/) {}
+  /// What can be done with the current row besides editing it.
+  virtual controls::Menu rowMenu() { return {}; }
   /// Double click, or Enter where nothing is edited.
   virtual void activate() {}
 };

@@ -5,6 +5,7 @@
 #include "common/convert.h"
 #include "common/nulls.h"
 #include "windows/support/text.h"
+#include "windows/views/window/guard.h"
 
 namespace kebu::windows {
 
@@ -95,6 +96,19 @@ void QueryGridView::tick(std::int32_t row, std::size_t column) {
 
 void QueryGridView::lookup(std::int32_t row, std::size_t column) {
   model_.lookup(row, fieldOf(column));
+}
+
+controls::Menu QueryGridView::rowMenu() {
+  const std::int32_t row = model_.currentRow();
+  return model_.rowMenu && row > 0 ? model_.rowMenu(row) : controls::Menu();
+}
+
+std::function<void()> QueryGridView::actionFor(const Key& key) {
+  if (!key.mnemonic) return grid_.actionFor(key);
+  if (key.code != VK_RETURN || !model_.showDetails || model_.currentRow() < 1) return {};
+  return [this] {
+    if (grid_.commit()) guarded([&] { model_.details(model_.currentRow()); });
+  };
 }
 
 std::size_t QueryGridView::columnOf(const Inspection& inspection) const {

@@ -14,7 +14,7 @@ class QueryGridView : public View, private GridSource {
   HWND handle() const override { return grid_.handle(); }
   void refresh() override;
   void applyTheme() override { grid_.themeChanged(); }
-  std::function<void()> actionFor(const Key& key) override { return grid_.actionFor(key); }
+  std::function<void()> actionFor(const Key& key) override;
   bool commit() override { return grid_.commit(); }
 
  protected:
@@ -43,6 +43,7 @@ class QueryGridView : public View, private GridSource {
   void tick(std::int32_t row, std::size_t column) override;
   void tickAll(std::size_t column, bool on) override { model_.tickAll(fieldOf(column), on); }
   void lookup(std::int32_t row, std::size_t column) override;
+  controls::Menu rowMenu() override;
 
   void readColumns();
   std::string fieldOf(std::size_t column) const { return model_.columns().at(column).field; }

@@ -57,9 +57,12 @@ void redirect(MSG& message) {
   const auto at = targets->byWindow.find(root);
   if (at == targets->byWindow.end()) return;
   const bool alt = message.message != WM_KEYDOWN && (HIWORD(message.lParam) & KF_ALTDOWN);
-  if (isKey && alt) return;  // Alt with a letter comes as WM_SYSCHAR
+  // Alt with a letter comes as WM_SYSCHAR, too.
+  const bool isDetailsKey = isKey && alt && message.wParam == VK_RETURN;
+  if (isKey && alt && !isDetailsKey) return;
   if (isDroppedCombo(message.hwnd)) return;
-  Key key{message.wParam, isDown(VK_SHIFT), isDown(VK_CONTROL), message.message == WM_SYSCHAR};
+  Key key{message.wParam, isDown(VK_SHIFT), isDown(VK_CONTROL),
+          message.message == WM_SYSCHAR || isDetailsKey};
   if (!at->second->actionFor(key)) return;
   message.hwnd = root;
   message.message = KeyboardHook::message;

@@ -11,7 +11,7 @@ struct Key {
   WPARAM code = 0;  ///< the virtual key; of a mnemonic its letter
   bool shift = false;
   bool control = false;
-  bool mnemonic = false;  ///< a letter together with Alt
+  bool mnemonic = false;  ///< a letter or Enter together with Alt
 
   bool isPlain(WPARAM wanted) const { return code == wanted && !shift && !control && !mnemonic; }
 };
