@@ -27,6 +27,7 @@ namespace {
 
 constexpr UINT layOutMessage = WM_APP + 2;
 constexpr UINT focusMessage = WM_APP + 4;
+constexpr UINT beginMessage = WM_APP + 5;
 constexpr layout::Rect usualSize{0, 0, 1180, 760};  // in 96ths of an inch
 constexpr layout::Rect dialogSize{0, 0, 860, 680};
 constexpr layout::Rect leastSize{0, 0, 720, 480};
@@ -365,7 +366,8 @@ void FormWindow::show() {
   ShowWindow(handle(), IsIconic(handle()) ? SW_RESTORE : SW_SHOW);
   SetForegroundWindow(handle());
   if (wasShown) layOut();
-  if (!wasShown) focusFirst();
+  // Which control that is turns out when the form has been activated.
+  if (!wasShown) PostMessageW(handle(), beginMessage, 0, 0);
   showing_ = false;
   RedrawWindow(handle(), nullptr, nullptr, RDW_UPDATENOW | RDW_ALLCHILDREN);
 }
@@ -611,6 +613,10 @@ LRESULT FormWindow::answer(UINT message, WPARAM wParam, LPARAM lParam) {
       return 0;
     case layOutMessage:
       if (layoutWanted_) layOut();
+      return 0;
+    case beginMessage:
+      if (layoutWanted_) layOut();
+      focusFirst();
       return 0;
     case focusMessage:
       focusWanted();
