@@ -81,6 +81,7 @@ void AdoConnection::observed(const std::string& text, bool edit, std::int32_t ti
     const std::int32_t seconds = heard ? observer_->secondsOf(text) : 0;
     if (timeout != 0 && seconds > timeout) throw adoerror::timeout();
     const auto [rows, hidden] = work();
+    if (heard && !hidden) observer_->carriedOut(text);
     if (heard) observer_->after(text, edit, rows, hidden ? &*hidden : nullptr);
   } catch (const RuntimeError& error) {
     keep(error);

@@ -6,16 +6,36 @@
 
 namespace kebu::workbench {
 
-void StatementFaults::raiseFor(const std::string& statement) {
-  const auto due = std::find_if(faults_.begin(), faults_.end(), [&](const Fault& fault) {
+namespace {
+
+constexpr std::int32_t userError = 50000;  // the number of RAISERROR with a text
+
+}  // namespace
+
+std::optional<std::string> StatementFaults::take(std::vector<Fault>& faults,
+                                                 const std::string& statement) {
+  const auto due = std::find_if(faults.begin(), faults.end(), [&](const Fault& fault) {
     return statement.find(fault.text) != std::string::npos;
   });
-  if (due == faults_.end()) return;
-  const std::string text = due->text;
-  if (--due->left == 0) faults_.erase(due);
-  constexpr std::int32_t userError = 50000;  // the number of RAISERROR with a text
+  if (due == faults.end()) return std::nullopt;
+  std::string text = due->text;
+  if (--due->left == 0) faults.erase(due);
+  return text;
+}
+
+void StatementFaults::raiseFor(const std::string& statement) {
+  const auto text = take(faults_, statement);
+  if (!text) return;
   throw engine::SqlError(userError,
-                         "The statement was made to fail: it contains \"" + text + "\".");
+                         "The statement was made to fail: it contains \"" + *text + "\".");
+}
+
+void StatementFaults::raiseAfter(const std::string& statement) {
+  const auto text = take(lost_, statement);
+  if (!text) return;
+  throw engine::SqlError(
+      userError,
+      "The answer was lost: the statement was carried out, it contains \"" + *text + "\".");
 }
 
 void StatementFaults::noteSecondConnection(const std::string& statement,

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <optional>
 #include <string>
 #include <utility>
 #include <vector>
@@ -12,10 +13,14 @@ class StatementFaults {
  public:
   /// The next `times` statements that contain `text` fail.
   void add(const std::string& text, std::int32_t times) { faults_.push_back({text, times}); }
+  /// The next `times` statements that contain `text` are carried out, but their answer is lost.
+  void loseAnswer(const std::string& text, std::int32_t times) { lost_.push_back({text, times}); }
   /// The next statement that contains `text` is taken to last so many seconds.
   void slowDown(const std::string& text, std::int32_t seconds) { slow_.push_back({text, seconds}); }
   /// Throws the error that is planned for the statement, if any.
   void raiseFor(const std::string& statement);
+  /// The same for a statement that was carried out.
+  void raiseAfter(const std::string& statement);
   /// The seconds that the statement is to last, 0 when nothing is planned for it.
   std::int32_t secondsOf(const std::string& statement);
 
@@ -35,7 +40,11 @@ class StatementFaults {
     std::int32_t seconds;
   };
 
+  /// The text of the fault that is due for the statement, which is used up; nothing without one.
+  static std::optional<std::string> take(std::vector<Fault>& faults, const std::string& statement);
+
   std::vector<Fault> faults_;
+  std::vector<Fault> lost_;
   std::vector<Slow> slow_;
   std::vector<std::string> notes_;
 };

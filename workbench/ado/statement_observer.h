@@ -19,6 +19,9 @@ class StatementObserver {
   /// The seconds that the statement is to be taken to last, asked after `before`. Beyond its
   /// time-out it fails without being run.
   virtual std::int32_t secondsOf(const std::string& /*text*/) { return 0; }
+  /// It was carried out. A RuntimeError that is thrown here reaches the plug-in in the place of
+  /// the result, as when the connection breaks before the answer arrives.
+  virtual void carriedOut(const std::string& /*text*/) {}
   /// `error`: with which it failed, or null.
   virtual void after(const std::string& text, bool edit, std::int64_t rows,
                      const RuntimeError* error) = 0;

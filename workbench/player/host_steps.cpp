@@ -52,10 +52,23 @@ void answer(Player& player, const Words& arguments) {
   }
 }
 
-void fail(Player& player, const Words& arguments) {
+namespace {
+
+/// How often a fault happens: the second argument, once without it.
+std::int32_t timesOf(const Words& arguments) {
   const std::int32_t times = arguments.size() > 1 ? toNumber(arguments[1]) : 1;
   if (times < 1) throw StepError("a statement fails at least once");
-  player.stage().faults.add(arguments[0], times);
+  return times;
+}
+
+}  // namespace
+
+void fail(Player& player, const Words& arguments) {
+  player.stage().faults.add(arguments[0], timesOf(arguments));
+}
+
+void lose(Player& player, const Words& arguments) {
+  player.stage().faults.loseAnswer(arguments[0], timesOf(arguments));
 }
 
 void slow(Player& player, const Words& arguments) {

@@ -37,25 +37,36 @@ bool Player::play(const Scenario& scenario, const Stage& stage) {
   stopped_ = false;
   expectations_ = 0;
   unmet_ = 0;
-  while (canGoOn()) playLine();
+  while (playNext()) {
+  }
   return report();
 }
 
-void Player::playLine() {
-  const ScenarioLine& line = scenario_->lines()[next_++];
-  line_ = line.number;
-  out_ << "> " << line.text << '\n';
+const ScenarioLine* Player::nextLine() {
+  return next_ < scenario_->lines().size() ? &scenario_->lines()[next_++] : nullptr;
+}
+
+void Player::lineFailed(const std::exception& error) {
+  const auto* const raised = dynamic_cast<const RuntimeError*>(&error);
+  stop(raised ? "error " + std::to_string(raised->number()) + ": " + raised->description()
+              : error.what());
+}
+
+bool Player::playNext() {
+  const ScenarioLine* const line = stopped_ ? nullptr : nextLine();
+  if (!line) return false;
+  line_ = line->number;
+  out_ << "> " << line->text << '\n';
   try {
-    runStep(*this, line.words);
-  } catch (const RuntimeError& error) {
-    stop("error " + std::to_string(error.number()) + ": " + error.description());
-  } catch (const std::exception& error) {  // a StepError, or a gesture that was refused
-    stop(error.what());
+    runStep(*this, line->words);
+  } catch (const std::exception& error) {
+    lineFailed(error);
   }
   for (const std::string& note : stage_->faults.takeNotes()) {
     ++unmet_;
     complain(note);
   }
+  return true;
 }
 
 bool Player::report() {
@@ -101,13 +112,14 @@ void Player::chooseFrom(ShownList& list) {
     list.choose(*lookup_->row);
   } catch (const controls::GestureRefused& refusal) {
     // Caught here: otherwise it would pass through the plug-in and be taken for its error.
-    stop(refusal.what());
+    lineFailed(refusal);
   }
 }
 
 void Player::workIn(controls::Form& form) {
   const auto keptAlive = form.weak_from_this().lock();
-  while (form.isLoaded() && canGoOn()) playLine();
+  while (form.isLoaded() && playNext()) {
+  }
 }
 
 void Player::playLookup(const std::function<void()>& gesture, std::optional<std::int32_t> row) {

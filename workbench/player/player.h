@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <exception>
 #include <functional>
 #include <optional>
 #include <ostream>
@@ -65,14 +66,21 @@ class Player : public User {
   void check(bool holds, const std::string& what, const std::string& expected,
              const std::string& found);
 
+ protected:
+  /// The line to play next, which must stay where it is until it was played; null at the end.
+  virtual const ScenarioLine* nextLine();
+  /// A line could not be played to its end: by an error of the plug-in's, a StepError, or a
+  /// gesture that was refused. By default it ends the scenario.
+  virtual void lineFailed(const std::exception& error);
+
  private:
   struct Lookup {
     std::optional<std::int32_t> row;
     bool opened = false;
   };
 
-  bool canGoOn() const { return !stopped_ && next_ < scenario_->lines().size(); }
-  void playLine();
+  /// Plays the next line; false when there is none.
+  bool playNext();
   void complain(const std::string& message);
   void stop(const std::string& message);
   bool report();

@@ -19,6 +19,7 @@ void without(Player& player, const Words& arguments);
 void refuse(Player& player, const Words& arguments);
 void answer(Player& player, const Words& arguments);
 void fail(Player& player, const Words& arguments);
+void lose(Player& player, const Words& arguments);
 void slow(Player& player, const Words& arguments);
 void sql(Player& player, const Words& arguments);
 

@@ -84,7 +84,8 @@ bool playOnRemote(const Scenario& scenario, const PlayOptions& options, const Pl
 int lineOfFirstFault(const Scenario& scenario) {
   for (const ScenarioLine& line : scenario.lines()) {
     if (line.words.empty()) continue;
-    if (line.words.front() == "fail" || line.words.front() == "slow") return line.number;
+    const std::string& step = line.words.front();
+    if (step == "fail" || step == "lose" || step == "slow") return line.number;
   }
   return 0;
 }
