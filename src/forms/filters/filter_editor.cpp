@@ -148,6 +148,7 @@ void FilterEditor::Conta(std::string& answer) {
   procedure(context_, named("_Conta"), [&](Procedure& p) {
     const std::string filter = p.step([&] { return condition(); });
     const std::string view = p.lookUpText(sql::NomeTabella(subject_.previewKind), "Tabella");
+    if (view.empty()) return;  // which view it is could not be read
     const auto rows = p.read(subject_.countStatement(view, p.company(), filter));
     const std::string counted = RTrimN(p.value(rows, "QUANTI"));
     const std::string listed = RTrimN(p.value(rows, "ELENCATI"));

@@ -98,6 +98,7 @@ void PreviewPage::ImpostaGridArticoli(PreviewKind kind) {
 void PreviewPage::CaricaClienti() {
   procedure(context_, "CaricaClienti", [&](Procedure& p) {
     const std::string view = GetNomeTabella(PreviewKind::Customers);
+    if (view.empty()) return;  // which view it is could not be read
     show(sql::ClientiPubblicati(view, p.company(), shown_.filterText), p);
   });
 }
@@ -105,6 +106,7 @@ void PreviewPage::CaricaClienti() {
 void PreviewPage::CaricaArticoli() {
   procedure(context_, "CaricaArticoli", [&](Procedure& p) {
     const std::string view = GetNomeTabella(PreviewKind::Articles);
+    if (view.empty()) return;
     show(sql::ArticoliPubblicati(view, p.company(), shown_.filterText), p);
   });
 }
