@@ -1,10 +1,11 @@
 // Walks through every statement of every scenario: plays the scenario again with that
 // statement's first run failing, once for each answer that the error box offers. A page is covered
-// as soon as a scenario uses it.
+// as soon as a scenario uses it. Then pairs of faults by chance.
 
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <cstdlib>
 #include <filesystem>
 #include <fstream>
 #include <iterator>
@@ -12,6 +13,7 @@
 #include <sstream>
 
 #include "tests/faults/faulty_run.h"
+#include "tests/support/random.h"
 #include "workbench/company/company.h"
 
 namespace kebu::tests {
@@ -45,6 +47,8 @@ class FaultWalk : public testing::TestWithParam<fs::path> {
         company_(companyOf(text_)),
         scenario_(Scenario::parse(GetParam().filename().string(), text_)) {}
 
+  /// Plays the scenario without faults.
+  void playUsually();
   void walk(std::size_t position, msgbox::Answer answer);
 
   std::string text_;
@@ -79,10 +83,10 @@ void expectOneBox(const FaultyRun& run) {
   EXPECT_NE(first.procedure, "") << errors.front();
   EXPECT_EQ(std::count_if(errors.begin(), errors.end(),
                           [](const std::string& error) {
-                            return ErrorText(error).description == FaultyStatement::description;
+                            return ErrorText(error).description == FaultyStatements::description;
                           }),
             1);
-  EXPECT_EQ(first.description, FaultyStatement::description);
+  EXPECT_EQ(first.description, FaultyStatements::description);
 }
 
 /// The statements before the fault are the usual ones.
@@ -121,7 +125,7 @@ void expectWorkingWindow(FaultyRun& run) {
 void FaultWalk::walk(std::size_t position, msgbox::Answer answer) {
   SCOPED_TRACE(answerName(answer) + " at statement " + std::to_string(position) + ": " +
                statements_[position - 1]);
-  FaultyRun run(demo(), company_, position, answer);
+  FaultyRun run(demo(), company_, {{position, answer}});
   const bool played = run.play(scenario_);
   expectOneBox(run);
   expectSameUntil(position, statements_, run.statements());
@@ -138,21 +142,69 @@ void FaultWalk::walk(std::size_t position, msgbox::Answer answer) {
   expectNothingEscaped(run);
 }
 
-TEST_P(FaultWalk, EveryStatementCanFail) {
-  {
-    FaultyRun usual(demo(), company_, 0, msgbox::abort);
-    ASSERT_TRUE(usual.play(scenario_)) << usual.complaints();
-    ASSERT_EQ(usual.errors(), Lines());
-    statements_ = usual.statements();
-    rows_ = usual.rows();
-  }
+void FaultWalk::playUsually() {
+  FaultyRun usual(demo(), company_, {});
+  ASSERT_TRUE(usual.play(scenario_)) << usual.complaints();
+  ASSERT_EQ(usual.errors(), Lines());
+  statements_ = usual.statements();
+  rows_ = usual.rows();
   ASSERT_FALSE(statements_.empty());
+}
+
+TEST_P(FaultWalk, EveryStatementCanFail) {
+  ASSERT_NO_FATAL_FAILURE(playUsually());
   std::set<std::string> walked;
   for (std::size_t position = 1; position <= statements_.size(); ++position) {
     if (!walked.insert(statements_[position - 1]).second) continue;
     for (const auto answer : {msgbox::abort, msgbox::retry, msgbox::ignore}) walk(position, answer);
   }
   RecordProperty("statements", static_cast<int>(walked.size()));
+}
+
+std::uint64_t numberFrom(const char* variable, std::uint64_t usual) {
+  const char* const text = std::getenv(variable);
+  return text ? std::stoull(text) : usual;
+}
+
+/// Two faults by chance. The second one may be a statement that only the first fault brings about.
+Faults someFaults(Random& random, std::size_t statements) {
+  constexpr msgbox::Answer answers[] = {msgbox::abort, msgbox::retry, msgbox::ignore};
+  const auto some = [&](std::size_t after) {
+    const std::size_t rest = statements > after ? statements - after : 1;
+    return Fault{after + 1 + random.below(rest), random.of(answers), random.oneIn(2)};
+  };
+  const Fault first = some(0);
+  // Often the next statements are those that depend on the one that failed.
+  const Fault second = random.oneIn(2) ? Fault{first.position + 1 + random.below(3),
+                                               random.of(answers), random.oneIn(2)}
+                                       : some(first.position);
+  return {first, second};
+}
+
+// Pairs of faults, and answers that are lost. KEBU_FAULT_PAIRS tells how many of a scenario are
+// tried, KEBU_FAULT_SEED with which seed.
+TEST_P(FaultWalk, TwoStatementsCanFail) {
+  ASSERT_NO_FATAL_FAILURE(playUsually());
+  constexpr std::uint64_t fewPairs = 3;
+  const std::uint64_t seed = numberFrom("KEBU_FAULT_SEED", 1);
+  RecordProperty("seed", static_cast<int>(seed));
+  for (std::uint64_t i = 0; i < numberFrom("KEBU_FAULT_PAIRS", fewPairs); ++i) {
+    Random random(seed + i);
+    const Faults faults = someFaults(random, statements_.size());
+    std::string told = "KEBU_FAULT_SEED=" + std::to_string(seed + i) + " KEBU_FAULT_PAIRS=1:";
+    for (const Fault& fault : faults) {
+      told += ' ' + answerName(fault.answer) + " at " + std::to_string(fault.position) +
+              (fault.isCarriedOut ? ", carried out;" : ", not run;");
+    }
+    SCOPED_TRACE(told);
+    FaultyRun run(demo(), company_, faults);
+    run.play(scenario_);
+    run.endFaults();  // the second may not have come
+    EXPECT_FALSE(run.errors().empty()) << "the fault was not reported";
+    expectWorkingWindow(run);
+    expectNothingEscaped(run);
+    if (HasFailure()) return;
+  }
 }
 
 std::vector<fs::path> scenarios() {

@@ -23,26 +23,36 @@ std::string rowText(const std::vector<Value>& row) {
 
 }  // namespace
 
-void FaultyStatement::before(const std::string& text, bool edit) {
+void FaultyStatements::before(const std::string& text, bool edit) {
   log_.push_back((edit ? "edit: " : "") + withoutWorkingTableDigits(text));
-  if (log_.size() != position_) return;
+  raise(false);
+}
+
+void FaultyStatements::carriedOut(const std::string& /*text*/) {
+  raise(true);
+}
+
+void FaultyStatements::raise(bool isCarriedOut) const {
   constexpr std::int32_t raisedOnPurpose = 50000;
-  throw engine::SqlError(raisedOnPurpose, description);
+  for (const Fault& fault : faults_) {
+    if (fault.position == log_.size() && fault.isCarriedOut == isCarriedOut) {
+      throw engine::SqlError(raisedOnPurpose, description);
+    }
+  }
 }
 
 std::int32_t FaultPlayer::answer(const workbench::ShownMessage& box) {
   if (!workbench::offers(box.style, msgbox::abort)) return Player::answer(box);
   errors_.push_back(box.text);
-  return errors_.size() == 1 ? answer_ : msgbox::abort;
+  return errors_.size() <= faults_.size() ? faults_[errors_.size() - 1].answer : msgbox::abort;
 }
 
-FaultyRun::FaultyRun(const engine::Database& company, std::int32_t number, std::size_t position,
-                     msgbox::Answer answer)
-    : player_(nowhere_, complaints_, answer),
-      statement_(position),
+FaultyRun::FaultyRun(const engine::Database& company, std::int32_t number, const Faults& faults)
+    : player_(nowhere_, complaints_, faults),
+      statements_(faults),
       workplace_({.user = player_,
                   .database = company.clone(),
-                  .observer = &statement_,
+                  .observer = &statements_,
                   .company = number}) {}
 
 bool FaultyRun::play(const workbench::Scenario& scenario) {

@@ -5,6 +5,7 @@
 #include <ostream>
 #include <sstream>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "workbench/ado/statement_observer.h"
@@ -16,52 +17,65 @@ namespace kebu::tests {
 
 using Lines = std::vector<std::string>;
 
-/// Makes one statement of a run fail, once, and keeps the texts of all.
-class FaultyStatement : public workbench::StatementObserver {
+/// One statement of a run that fails, once.
+struct Fault {
+  std::size_t position;       ///< which statement, counted from 1
+  msgbox::Answer answer;      ///< what the user presses in its error box
+  bool isCarriedOut = false;  ///< it is carried out, and only its answer is lost
+};
+using Faults = std::vector<Fault>;
+
+/// Makes statements of a run fail and keeps the texts of all.
+class FaultyStatements : public workbench::StatementObserver {
  public:
   static constexpr const char* description = "This statement was made to fail.";
 
-  /// `position`: which statement of the run, counted from 1; 0 for none.
-  explicit FaultyStatement(std::size_t position) : position_(position) {}
+  explicit FaultyStatements(Faults faults) : faults_(std::move(faults)) {}
 
   void before(const std::string& text, bool edit) override;
+  void carriedOut(const std::string& text) override;
   void after(const std::string&, bool, std::int64_t, const RuntimeError*) override {}
 
   const Lines& log() const { return log_; }
+  /// Nothing fails any more.
+  void endFaults() { faults_.clear(); }
 
  private:
-  std::size_t position_;
+  void raise(bool isCarriedOut) const;
+
+  Faults faults_;
   Lines log_;
 };
 
-/// A player who answers the first error box in a given way, and all that follow with Abort.
+/// A player who answers the first error boxes as the faults say, and all that follow with Abort.
 class FaultPlayer : public workbench::Player {
  public:
-  FaultPlayer(std::ostream& out, std::ostream& err, msgbox::Answer answer)
-      : Player(out, err), answer_(answer) {}
+  FaultPlayer(std::ostream& out, std::ostream& err, Faults faults)
+      : Player(out, err), faults_(std::move(faults)) {}
 
   std::int32_t answer(const workbench::ShownMessage& box) override;
   const Lines& errors() const { return errors_; }
 
  private:
-  msgbox::Answer answer_;
+  Faults faults_;
   Lines errors_;
 };
 
-/// A scenario played on a company of its own while one statement fails.
+/// A scenario played on a company of its own while statements fail.
 class FaultyRun {
  public:
-  /// `position` as above; `answer` is what the user presses when it fails.
-  FaultyRun(const engine::Database& company, std::int32_t number, std::size_t position,
-            msgbox::Answer answer);
+  FaultyRun(const engine::Database& company, std::int32_t number, const Faults& faults);
 
   /// Whether all lines could be played and all expectations held.
   bool play(const workbench::Scenario& scenario);
   /// Forgets the queued answers that no box has asked for.
   void dropAnswers() { player_.answers() = {}; }
 
+  /// Nothing is made to fail any more.
+  void endFaults() { statements_.endFaults(); }
+
   bool isOpen() { return workplace_.host().isOpen(); }
-  const Lines& statements() const { return statement_.log(); }
+  const Lines& statements() const { return statements_.log(); }
   /// The texts of the error boxes.
   const Lines& errors() const { return player_.errors(); }
   /// The player's messages about lines that could not be played and expectations not met.
@@ -73,7 +87,7 @@ class FaultyRun {
   std::ostream nowhere_{nullptr};
   std::ostringstream complaints_;
   FaultPlayer player_;
-  FaultyStatement statement_;
+  FaultyStatements statements_;
   workbench::StatementFaults noFaults_;
   workbench::ModelWorkplace workplace_;
 };
