@@ -71,11 +71,12 @@ std::vector<SavedCondition> readFilter(std::string_view text) {
     std::string_view line = cut(text, '\n');
     SavedCondition& each = conditions.emplace_back();
     each.dataField = unescaped(cut(line, '\t'));
+    // Whatever follows a tab is a value, be it empty.
+    bool more = line.find('\t') != std::string_view::npos;
     const auto op = operatorByCode(cut(line, '\t'));
     if (each.dataField.empty() || !op) throw unreadable();
     each.condition.op = *op;
-    // Whatever follows a tab is a value, be it empty.
-    for (bool more = !line.empty(); more;) {
+    while (more) {
       more = line.find('\t') != std::string_view::npos;
       each.condition.values.push_back(unescaped(cut(line, '\t')));
     }

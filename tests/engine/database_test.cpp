@@ -88,6 +88,21 @@ TEST_F(DatabaseFile, TellsThatItsCatalogueIsDamaged) {
   EXPECT_NE(openError(path("a.db")).find("TABL"), std::string::npos);
 }
 
+TEST_F(DatabaseFile, TellsThatAValueIsDamaged) {
+  Session(Database::createFile(path("a.db")))
+      .execute("CREATE TABLE T (C decimal(28,5) NULL) INSERT INTO T VALUES (1)");
+  change(path("a.db"), "UPDATE T SET C = x'80'");
+  Session session(Database::openFile(path("a.db")));
+  for (const char* query : {"SELECT C FROM T", "SELECT C + 1 FROM T"}) {
+    try {
+      session.execute(query);
+      ADD_FAILURE() << query;
+    } catch (const SqlError& error) {
+      EXPECT_EQ(error.nativeError(), 824) << query;
+    }
+  }
+}
+
 TEST_F(DatabaseFile, IsSharedByProgramsThatWaitForEachOther) {
   Session(Database::createFile(path("a.db"))).execute("CREATE TABLE T (A int)");
   constexpr int rows = 40;

@@ -30,6 +30,8 @@ std::string sortableBytes(const Decimal& value) {
 }
 
 Decimal fromSortableBytes(std::string_view bytes, int scale) {
+  constexpr std::size_t size = 1 + sizeof(Decimal::Mantissa);
+  if (bytes.size() != size) throw SqlError(824, "The database file is damaged: a number is cut.");
   const bool isNegative = bytes.front() == negative;
   Decimal::Mantissa mantissa{};
   for (std::size_t i = 0; i < 12; ++i) {
