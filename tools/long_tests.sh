@@ -3,6 +3,9 @@
 # To add a part, add a line to the table and a function long_NAME that fails when the check does.
 
 long_parts=(
+  "walk|random gestures in the window, each run with other ones: seeds from SEED, MINUTES long (25)"
+  "fuzz|libFuzzer on the engine, scenarios, database files, conditions, conversions: SEED, MINUTES (25)"
+  "pairs|two faults at a time in every scenario of the fault walk, and answers that are lost: SEED"
   "openings|the real window opened and closed 200 times, nothing left behind (Wine)"
   "heap|every scenario in the real window on a heap that finds uses of freed memory (Wine)"
   "x86|the 32-bit DLL in a 32-bit Debian: COM checks, 40 openings, all scenarios (as root)"
@@ -19,6 +22,68 @@ native_scenarios() {
   ctest --preset debug --parallel "$(nproc)" -R '^scenario\.' >build/scenarios.log 2>&1 ||
     { tail -n 20 build/scenarios.log; return 1; }
 }
+
+# The seed of a run: SEED, or one that no other run has.
+seed_of_run() { printf '%s' "${SEED:-$(date +%s)}"; }
+
+# Two processes, each with seeds of its own. A walk that breaks a rule is printed as a scenario.
+long_walk() (
+  need_native_packages
+  build walk kebu_walk
+  local seed seconds=$((${MINUTES:-25} * 60)) failed=0 one two
+  seed=$(seed_of_run)
+  local walk=(build/walk/tests/walk/kebu_walk --gestures 1000000 --seconds "$seconds")
+  "${walk[@]}" --seed "$seed" & one=$!
+  "${walk[@]}" --seed $((seed + 500000000)) & two=$!
+  wait "$one" || failed=1
+  wait "$two" || failed=1
+  exit "$failed"
+)
+
+has_libfuzzer() {
+  local program='extern "C" int LLVMFuzzerTestOneInput(const unsigned char*, unsigned long) { return 0; }'
+  clang++ -x c++ -fsanitize=fuzzer -o /dev/null - <<<"$program" 2>/dev/null
+}
+
+# With libFuzzer, which looks for inputs that reach new code; without it the plain driver makes more inputs.
+long_fuzz() (
+  need_native_packages
+  if ! has_libfuzzer && [[ $(id -u) -eq 0 ]]; then need_packages clang libclang-rt-14-dev; fi
+  local targets=(sql query_editor database_file scenario conversions automation) target failed=0 seed
+  local seconds=$((${MINUTES:-25} * 60 / ${#targets[@]}))
+  seed=$(seed_of_run)
+  if ! has_libfuzzer; then
+    say "without libFuzzer: the plain driver"
+    build debug "${targets[@]/#/fuzz_}"
+    for target in "${targets[@]}"; do
+      "build/debug/tests/fuzz/fuzz_$target" --seed "$seed" --inputs 500000 \
+        --dictionary "tests/fuzz/dictionaries/$target.dict" "tests/fuzz/corpus/$target" || failed=1
+    done
+    exit "$failed"
+  fi
+  build fuzz "${targets[@]/#/fuzz_}"
+  mkdir -p build/fuzz/found
+  for target in "${targets[@]}"; do
+    say "fuzz_$target, seed $seed"
+    mkdir -p "build/fuzz/corpus/$target"
+    "build/fuzz/tests/fuzz/fuzz_$target" "build/fuzz/corpus/$target" "tests/fuzz/corpus/$target" \
+      -dict="tests/fuzz/dictionaries/$target.dict" -seed="$((seed % 4294967295))" -max_total_time="$seconds" \
+      -timeout=1 -rss_limit_mb=2000 -max_len=4096 -verbosity=0 -print_final_stats=1 \
+      -artifact_prefix="build/fuzz/found/$target-" >"build/fuzz/$target.log" 2>&1 || failed=1
+    grep -E 'ERROR|SUMMARY|^fuzz:|number_of_executed|Test unit written' "build/fuzz/$target.log" || true
+  done
+  exit "$failed"
+)
+
+long_pairs() (
+  need_native_packages
+  build debug kebu_fault_tests
+  local seed
+  seed=$(seed_of_run)
+  say "seed $seed"
+  KEBU_FAULT_SEED=$seed KEBU_FAULT_PAIRS=500 build/debug/tests/faults/kebu_fault_tests \
+    --gtest_filter='*TwoStatementsCanFail*' --gtest_brief
+)
 
 long_openings() (
   need_windows_packages

@@ -1,44 +1,13 @@
 #include "windows/support/values.h"
 
-#include <cmath>
 #include <type_traits>
 
+#include "common/automation_date.h"
 #include "windows/support/identity.h"
 
 namespace kebu::windows {
 
 namespace {
-
-/// Automation counts days from 1899-12-30; before it the time of day still runs
-/// forward, so that -1.25 is 06:00 of the day before.
-constexpr std::int32_t epochDay = -25569;
-
-/// The days that automation knows: those of the years 100 to 9999. Not so a NaN.
-bool isAutomationDate(double date) {
-  return date > -657435.0 && date < 2958466.0;
-}
-
-/// RuntimeError 13 (type mismatch) for what is no date.
-Date fromAutomationDate(double date) {
-  if (!isAutomationDate(date)) throw RuntimeError::typeMismatch();
-  const double whole = std::trunc(date);
-  std::int64_t rest = std::llround(std::abs(date - whole) * Date::millisecondsPerDay);
-  std::int64_t day = static_cast<std::int64_t>(whole) + epochDay;
-  if (rest == Date::millisecondsPerDay) {
-    rest = 0;
-    ++day;
-  }
-  // The last half millisecond of the last day rounds up to a day that there is not.
-  const auto result = Date::fromDayNumber(day, rest);
-  if (!result) throw RuntimeError::typeMismatch();
-  return *result;
-}
-
-double toAutomationDate(const Date& date) {
-  const double whole = date.dayNumber() - epochDay;
-  const double part = static_cast<double>(date.millisecondOfDay()) / Date::millisecondsPerDay;
-  return whole < 0 ? whole - part : whole + part;
-}
 
 Decimal fromAutomationDecimal(const DECIMAL& decimal) {
   return {{decimal.Lo32, decimal.Mid32, decimal.Hi32}, decimal.scale, decimal.sign != 0};
