@@ -12,6 +12,8 @@ void measureProfile(PairedRunner& runner);
 void measureRules(PairedRunner& runner);
 /// The preview of 100,100 articles, and counting articles by a filter.
 void measurePreview(PairedRunner& runner);
+/// Sorting and finding in a grid of 1,000,000 rows.
+void measureGridTools(PairedRunner& runner);
 
 /// Runs the statements directly on the engine.
 inline void replay(engine::Session& session, const tests::Statements& statements) {

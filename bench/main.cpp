@@ -26,6 +26,7 @@ int main(int argc, char** argv) {
     measureProfile(runner);
     measureRules(runner);
     measurePreview(runner);
+    measureGridTools(runner);
     if (runner.measured() == 0) {
       std::cerr << "kebu_bench: nothing is called " << argv[1] << '\n';
       return 1;

@@ -113,8 +113,9 @@ class Recordset {
   /// The value that the row had in the database when it was read.
   virtual Value originalValue(std::string_view field) const = 0;
   /// Up to `rows` rows from the current one on, in the order of fields(), one
-  /// element a row; moves past them. -1 for all that are left.
-  virtual std::vector<RowValues> GetRows(std::int32_t rows) = 0;
+  /// element a row; moves past them. -1 for all that are left. With a field's name, rows
+  /// of that value alone; 3265 when there is no such field.
+  virtual std::vector<RowValues> GetRows(std::int32_t rows, std::string_view field = {}) = 0;
 
   /// Begins a new row, which becomes the current one.
   virtual void AddNew() = 0;

@@ -6,6 +6,7 @@
 
 #include "common/date.h"
 #include "common/guid.h"
+#include "common/setting_store.h"
 
 namespace kebu {
 
@@ -36,10 +37,8 @@ enum Answer : std::int32_t {
 }  // namespace msgbox
 
 /// What the plug-in asks of the operating system.
-class Platform {
+class Platform : public SettingStore {
  public:
-  virtual ~Platform() = default;
-
   /// A new GUID; nothing when the system cannot make one.
   virtual std::optional<Guid> createGuid() = 0;
   /// Writes a line to the debugger's output.

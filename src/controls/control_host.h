@@ -4,6 +4,7 @@
 #include <functional>
 #include <string>
 
+#include "common/setting_store.h"
 #include "common/trap.h"
 
 namespace kebu::controls {
@@ -18,6 +19,8 @@ class ControlHost : public ErrorReporter {
   virtual void work(const std::function<void()>& command) { command(); }
   /// A part of a message in the user's language.
   virtual std::string translated(const std::string& text) { return text; }
+  /// Where the user's arrangements are kept; null for nowhere.
+  virtual SettingStore* settingStore() { return nullptr; }
 };
 
 }  // namespace kebu::controls

@@ -1,15 +1,20 @@
 #include "controls/lookup_list.h"
 
+#include <algorithm>
+
 #include "common/convert.h"
 #include "controls/control.h"
 
 namespace kebu::controls {
 
 LookupList::LookupList(std::string title, std::vector<std::string> captions,
-                       const Ref<ado::Recordset>& rows)
-    : title_(std::move(title)), captions_(std::move(captions)) {
+                       const Ref<ado::Recordset>& rows, SettingStore* store, Translator translator)
+    : title_(std::move(title)),
+      captions_(std::move(captions)),
+      tools_(shownRows_, title_, store, std::move(translator)) {
   if (!rows->EOF_()) rows_ = rows->GetRows(-1);
   current_ = rows_.empty() ? 0 : 1;
+  search("");
 }
 
 std::string LookupList::cellText(std::int32_t row, std::size_t column) const {
@@ -36,6 +41,42 @@ void LookupList::setCurrent(const std::string& code) {
       return;
     }
   }
+}
+
+void LookupList::search(const std::string& typed) {
+  shown_ = matching(typed);
+  tools_.rowsChanged();
+  tools_.finish();  // such a list is short
+  const bool isShown = std::ranges::find(shown_, current_) != shown_.end();
+  if (!isShown) current_ = shown_.empty() ? 0 : rowAt(1);
+}
+
+std::int32_t LookupList::rowAt(std::int32_t place) const {
+  return shown_.at(static_cast<std::size_t>(tools_.rowAt(place)) - 1);
+}
+
+std::int32_t LookupList::currentPlace() const {
+  const std::int32_t row = shownRows_.currentRow();
+  return row == 0 ? 0 : tools_.placeOf(row);
+}
+
+std::vector<Value> LookupList::ShownRows::cells(std::size_t column, std::int32_t first,
+                                                std::int32_t count) {
+  std::vector<Value> cells;
+  for (std::int32_t row = first; row < first + count && row <= rowCount(); ++row) {
+    const auto listRow = static_cast<std::size_t>(list_.shown_.at(index(row))) - 1;
+    cells.push_back(list_.rows_.at(listRow).at(column));
+  }
+  return cells;
+}
+
+std::string LookupList::ShownRows::writtenText(std::int32_t row, std::size_t column) {
+  return list_.cellText(list_.shown_.at(index(row)), column);
+}
+
+std::int32_t LookupList::ShownRows::currentRow() const {
+  const auto at = std::ranges::find(list_.shown_, list_.current_);
+  return at == list_.shown_.end() ? 0 : static_cast<std::int32_t>(at - list_.shown_.begin()) + 1;
 }
 
 void LookupList::choose(std::int32_t row) {

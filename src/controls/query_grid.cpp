@@ -20,7 +20,16 @@ auto itemOf(const QueryGrid::Items& items, const Value& code) {
 
 }  // namespace
 
-QueryGrid::QueryGrid(std::string name, ControlHost& host) : OfKind(std::move(name)), host_(host) {}
+QueryGrid::QueryGrid(std::string name, ControlHost& host)
+    : OfKind(std::move(name)),
+      host_(host),
+      tools_(*this, Name(), host.settingStore(),
+             [&host](const std::string& text) { return host.translated(text); }) {
+  tools_.changed.on([this] {
+    cache_.setScattered(tools_.isReordered());
+    changed.raise();
+  });
+}
 
 void QueryGrid::clearColumns() {
   columns_.clear();
@@ -49,11 +58,17 @@ void QueryGrid::addColumn(const GridColumn& definition, const Translator& transl
 void QueryGrid::setDataSource(const Ref<ado::Recordset>& rows) {
   rows_ = rows;
   shownInstead_.clear();
-  tickStates_.clear();
+  tickedRows_.clear();
   cache_.attach(rows);
   formatDescriptions();
+  tools_.rowsChanged();
+  cache_.setScattered(tools_.isReordered());
   changed.raise();
   if (rowCount() > 0) RowChanged.raise();
+}
+
+void QueryGrid::tell(const std::string& text) {
+  host_.message(text, msgbox::exclamation);
 }
 
 void QueryGrid::requery() {
@@ -72,8 +87,9 @@ void QueryGrid::requery() {
 
 void QueryGrid::refresh() {
   cache_.invalidate();
-  tickStates_.clear();
+  tickedRows_.clear();
   formatDescriptions();
+  tools_.cellsChanged();
   changed.raise();
 }
 
@@ -103,7 +119,7 @@ void QueryGrid::write(const std::vector<std::pair<std::string, Value>>& cells) {
   writeRow(*rows_, written);
   std::erase_if(shownInstead_, [&](const auto& shown) { return shown.first.first == row; });
   cache_.invalidate();
-  tickStates_.clear();
+  tickedRows_.clear();
 }
 
 void QueryGrid::translate(const Translator& translator) {
@@ -113,13 +129,13 @@ void QueryGrid::translate(const Translator& translator) {
 
 void QueryGrid::showInstead(std::int32_t row, const std::string& field, const Value& value) {
   shownInstead_[{row, field}] = value;
-  tickStates_.clear();
+  tickedRows_.clear();
   changed.raise();
 }
 
-TickState QueryGrid::tickState(const std::string& field) {
-  const auto known = tickStates_.find(field);
-  if (known != tickStates_.end()) return known->second;
+std::int32_t QueryGrid::tickedRows(const std::string& field) {
+  const auto known = tickedRows_.find(field);
+  if (known != tickedRows_.end()) return known->second;
   std::int32_t ticked = 0;
   ignoringErrors([&] {
     // Counted by the recordset, which has all rows in memory.
@@ -130,10 +146,13 @@ TickState QueryGrid::tickState(const std::string& field) {
       if (place.second == field && !toBoolean(CDecN(value))) --ticked;
     }
   });
-  const TickState state = ticked <= 0           ? TickState::None
-                          : ticked < rowCount() ? TickState::Some
-                                                : TickState::All;
-  return tickStates_[field] = state;
+  return tickedRows_[field] = std::max(ticked, 0);
+}
+
+TickState QueryGrid::tickState(const std::string& field) {
+  const std::int32_t ticked = tickedRows(field);
+  if (ticked == 0) return TickState::None;
+  return ticked < rowCount() ? TickState::Some : TickState::All;
 }
 
 std::int32_t QueryGrid::currentRow() const {
@@ -159,6 +178,47 @@ std::string QueryGrid::cellText(std::int32_t row, std::size_t index) {
   const Items& items = itemsOf(row, column);
   const auto item = itemOf(items, value);
   return item != items.end() ? item->second : trimRight(toDisplay(value));
+}
+
+std::string QueryGrid::head(std::size_t column) const {
+  const std::string& own = columns_.at(column).caption;
+  // A code shares the caption of its description.
+  const bool isOpenCode = own.empty() && column + 1 < columns_.size();
+  return isOpenCode ? columns_[column + 1].caption : own;
+}
+
+std::vector<Value> QueryGrid::cells(std::size_t column, std::int32_t first, std::int32_t count) {
+  const Column& read = columns_.at(column);
+  std::vector<Value> cells;
+  if (read.kind == ColumnKind::Description) {
+    for (std::int32_t row = first; row < first + count && row <= rowCount(); ++row) {
+      cells.emplace_back(cellText(row, column));
+    }
+    return cells;
+  }
+  cells = cache_.column(read.field, first, count);
+  for (const auto& [place, value] : shownInstead_) {
+    const auto index = static_cast<std::size_t>(place.first - first);
+    if (place.second == read.field && index < cells.size()) cells[index] = value;
+  }
+  std::int32_t row = first;
+  for (Value& cell : cells) {
+    if (read.kind == ColumnKind::Check) {
+      cell = Value(static_cast<std::int16_t>(toBoolean(CDecN(cell)) ? 1 : 0));
+    } else if (read.kind == ColumnKind::ValueList) {
+      const Items& items = itemsOf(row, read);
+      const auto item = itemOf(items, cell);
+      if (item != items.end()) cell = Value(item->second);
+    }
+    ++row;
+  }
+  return cells;
+}
+
+std::string QueryGrid::writtenText(std::int32_t row, std::size_t column) {
+  const std::string shown = cellText(row, column);
+  if (columns_.at(column).kind != ColumnKind::Check) return shown;
+  return host_.translated(shown == "1" ? "Sì" : "No");
 }
 
 const QueryGrid::Items& QueryGrid::itemsOf(std::int32_t row, const Column& column) {
@@ -187,10 +247,7 @@ const QueryGrid::Column* QueryGrid::findColumn(std::string_view field) const {
 
 std::string QueryGrid::captionOf(std::string_view field) const {
   const auto column = std::ranges::find(columns_, field, &Column::field);
-  if (column == columns_.end()) return "";
-  // A code shares the caption of its description.
-  const bool isOpenCode = column->caption.empty() && column + 1 != columns_.end();
-  return isOpenCode ? (column + 1)->caption : column->caption;
+  return column == columns_.end() ? "" : head(static_cast<std::size_t>(column - columns_.begin()));
 }
 
 const QueryGrid::Column& QueryGrid::requireCell(std::int32_t row, const std::string& field) {

@@ -12,6 +12,7 @@
 #include "ado/recordset.h"
 #include "controls/control.h"
 #include "controls/control_host.h"
+#include "controls/grid/grid_tools.h"
 #include "controls/menu.h"
 #include "controls/row_cache.h"
 
@@ -58,7 +59,7 @@ struct GridColumn {
 
 /// Rows of a recordset in columns. Rows are read in blocks, when one of their cells
 /// is asked for; every edit is written to the recordset at once. Rows count from 1.
-class QueryGrid : public OfKind<ControlKind::QueryGrid> {
+class QueryGrid : public OfKind<ControlKind::QueryGrid>, private GridRows {
  public:
   using Items = std::vector<std::pair<std::int32_t, std::string>>;
   struct Column {
@@ -92,13 +93,18 @@ class QueryGrid : public OfKind<ControlKind::QueryGrid> {
   /// Reads the rows shown again.
   void refresh();
 
-  std::int32_t rowCount() const { return cache_.rowCount(); }
+  /// Sorting, finding and copying. Rows keep their numbers in any order.
+  GridTools& tools() { return tools_; }
+  /// Puts a message to the user, in Italian.
+  void tell(const std::string& text);
+
+  std::int32_t rowCount() const override { return cache_.rowCount(); }
   /// Writes cells of the current row to the recordset at once; an error leaves
   /// the row as it was.
   void write(const std::vector<std::pair<std::string, Value>>& cells);
 
   /// 0 when there is no current row.
-  std::int32_t currentRow() const;
+  std::int32_t currentRow() const override;
   /// The value of a field, shown in a column or not; empty for an unknown field.
   /// RuntimeError 3021 when there is no such row.
   Value cell(std::int32_t row, std::string_view field);
@@ -133,6 +139,8 @@ class QueryGrid : public OfKind<ControlKind::QueryGrid> {
 
   /// Of the check cells of a column, as they are shown.
   TickState tickState(const std::string& field);
+  /// How many check cells of a column are ticked.
+  std::int32_t tickedRows(const std::string& field);
 
   /// Tells the state of a row, when it follows from the row's other cells.
   std::function<Value(std::int32_t row)> rowStateOf;
@@ -150,7 +158,7 @@ class QueryGrid : public OfKind<ControlKind::QueryGrid> {
 
   /// The gestures. GestureRefused for a cell that does not exist or cannot be
   /// edited that way; a cell whose edit a handler refuses stays as it is.
-  void selectRow(std::int32_t row);
+  void selectRow(std::int32_t row) override;
   void edit(std::int32_t row, const std::string& field, const Value& value);
   void tickCell(std::int32_t row, const std::string& field);
   void tickAll(const std::string& field, bool on);
@@ -177,6 +185,13 @@ class QueryGrid : public OfKind<ControlKind::QueryGrid> {
   Event<const std::string&, Value&> StartLookup;
 
  private:
+  std::size_t columnCount() const override { return columns_.size(); }
+  std::string field(std::size_t column) const override { return columns_.at(column).field; }
+  bool isShown(std::size_t column) const override { return columns_.at(column).width > 0; }
+  std::string head(std::size_t column) const override;
+  std::vector<Value> cells(std::size_t column, std::int32_t first, std::int32_t count) override;
+  std::string writtenText(std::int32_t row, std::size_t column) override;
+
   const Column* findColumn(std::string_view field) const;
   const Column& requireCell(std::int32_t row, const std::string& field);
   /// Writes a cell as the user's doing; false when it was not stored.
@@ -198,7 +213,8 @@ class QueryGrid : public OfKind<ControlKind::QueryGrid> {
   std::set<std::pair<std::int32_t, std::string>> unknown_;
   std::map<std::pair<std::int32_t, std::string>, Value> shownInstead_;
   /// Found out since the rows changed, by column.
-  std::map<std::string, TickState> tickStates_;
+  std::map<std::string, std::int32_t> tickedRows_;
+  GridTools tools_;
 };
 
 }  // namespace kebu::controls

@@ -41,7 +41,8 @@ std::optional<Value> PageContext::choose(const host::LookupDefinition& definitio
   std::vector<std::string> captions;
   for (const std::string& caption : definition.captions) captions.push_back(translate(caption));
   controls::LookupList list(translate(definition.title), std::move(captions),
-                            connection->Execute(definition.statement));
+                            connection->Execute(definition.statement), &runtime_.platform,
+                            [this](const std::string& text) { return translate(text); });
   list.setCurrent(trimRight(current));
   const controls::LookupList::Texts texts;
   list.setTexts({.search = translate(texts.search),

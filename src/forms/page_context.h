@@ -67,8 +67,9 @@ class PageContext {
   Ref<ado::Recordset> openReadable(const std::string& statement) const;
   /// The window is painted during statements as long as the result exists.
   PaintedMeanwhile paintedMeanwhile() const { return {connection, runtime_.desktop}; }
-  /// The day by the user's clock.
-  Date today() const { return runtime_.platform.now().withoutTime(); }
+  /// The time and the day by the user's clock.
+  Date now() const { return runtime_.platform.now(); }
+  Date today() const { return now().withoutTime(); }
   /// The first row's value of `column`, through NVL and RTrimN; "" without a row.
   std::string lookUpText(const std::string& statement, std::string_view column) const;
   /// Lets the user choose from a list that opens on the current code; the code chosen, or nothing.

@@ -51,6 +51,7 @@ class Services : public controls::ControlHost {
   std::int32_t showText(const std::string& text, std::int32_t style);
   void work(const std::function<void()>& command) override;
   std::string translated(const std::string& text) override { return TranslateString(text); }
+  SettingStore* settingStore() override { return &platform_; }
   /// Translates and shows `text` titled with the window's caption.
   std::int32_t message(const std::string& text, std::int32_t style) override;
   /// Puts the text into a panel of the host's status bar, counted from 1, where it has one.

@@ -30,6 +30,26 @@ TEST_F(ControlTest, LookupListFindsAnywhereInAnyColumnAndGivesTheCode) {
   EXPECT_EQ(list.chosen(), Value("02"));
 }
 
+TEST_F(ControlTest, LookupListSortsTheRowsThatTheSearchLeaves) {
+  run("CREATE TABLE L (CODICE varchar(5), DESCR varchar(20))");
+  run("INSERT INTO L VALUES ('01', 'Varese'), ('02', 'Lecco'), ('03', 'Como'), ('04', 'Lodi')");
+  LookupList list("Elenco", {"Codice", "Descrizione"}, open("SELECT * FROM L ORDER BY CODICE"));
+  list.setCurrent("03");
+  list.tools().sortBy(1);
+  EXPECT_EQ(list.rowAt(1), 3);
+  EXPECT_EQ(list.currentPlace(), 1);
+  list.search("l");
+  EXPECT_EQ(list.shownCount(), 2);
+  EXPECT_EQ(list.rowAt(1), 2);
+  EXPECT_EQ(list.current(), 2);
+  list.goTo(2);
+  EXPECT_EQ(list.current(), 4);
+  list.search("x");
+  EXPECT_EQ(list.currentPlace(), 0);
+  list.search("");
+  EXPECT_EQ(list.current(), 3);
+}
+
 TEST_F(ControlTest, LookupListTellsOfACaptionWithoutAColumn) {
   run("CREATE TABLE L (CODICE varchar(5))");
   run("INSERT INTO L VALUES ('01')");

@@ -54,6 +54,36 @@ TEST_F(QueryGridTest, DescriptionsAreMadeWhenRowsChangeNotWhenTheyAreDrawn) {
   EXPECT_EQ(made, 3);
 }
 
+TEST_F(QueryGridTest, SortsByWhatIsShownWhileRowsKeepTheirNumbers) {
+  fill(300);
+  run("UPDATE T SET SCELTO = 1 WHERE ID = 4");
+  grid.requery();
+  grid.selectRow(2);
+  GridTools& tools = grid.tools();
+  tools.sortBy(1);  // "Grande", which odd rows are, comes before "Piccolo"
+  EXPECT_EQ(tools.rowAt(150), 299);
+  EXPECT_EQ(tools.rowAt(151), 2);
+  EXPECT_EQ(tools.placeOf(grid.currentRow()), 151);
+  EXPECT_EQ(grid.cellText(299, 0), "299");
+  EXPECT_EQ(grid.cellText(2, 0), "2");
+  tools.sortBy(3);
+  EXPECT_EQ(tools.rowAt(300), 4);
+  // An edited row stays where it is.
+  grid.tickCell(5, "SCELTO");
+  EXPECT_EQ(tools.rowAt(300), 4);
+  EXPECT_EQ(first("SELECT SCELTO FROM T WHERE ID = 5"), "1");
+  EXPECT_EQ(grid.cellText(5, 3), "1");
+  tools.find("piccolo", 1);
+  EXPECT_EQ(grid.currentRow(), 6);
+  std::string copied;
+  tools.copyRows(300, 300, [&](const std::string& text) { copied = text; });
+  EXPECT_EQ(copied, "Numero\tMisura\tPrezzo\tScelto\tDescrizione\r\n4\tPiccolo\t4\tSì\t\r\n");
+  run("DELETE FROM T WHERE ID > 4");
+  grid.requery();
+  EXPECT_EQ(tools.rowAt(4), 4);
+  EXPECT_EQ(tools.status(), "4 righe");
+}
+
 TEST_F(QueryGridTest, EditsReachTheTableAndWrongOnesAreTold) {
   fill(3);
   grid.edit(2, "PREZZO", "19,90");

@@ -34,6 +34,10 @@ class RecordingPlatform : public Platform {
     return msgbox::ok;
   }
   Date now() override { return {}; }
+  std::string setting(const std::string& name) override { return settings_[name]; }
+  void keepSetting(const std::string& name, const std::string& value) override {
+    settings_[name] = value;
+  }
 
   bool guidsWork = true;
   bool traceWorks = true;
@@ -41,6 +45,7 @@ class RecordingPlatform : public Platform {
   std::vector<ShownMessage> boxes;
 
  private:
+  std::map<std::string, std::string> settings_;
   Guid guid_;
 };
 

@@ -107,6 +107,8 @@ void forwardOnly(AdoSide& side, Transcript& transcript) {
   session.recordValue("K");
   session.record("some", [&] { return session.rows->GetRows(3); });
   session.recordPosition();
+  session.record("a field", [&] { return session.rows->GetRows(2, "a"); });
+  session.recordPosition();
   session.record("many", [&] { return session.rows->GetRows(250); });
   session.recordPosition();
   session.record("next", [&] { session.rows->MoveNext(); });
@@ -114,6 +116,7 @@ void forwardOnly(AdoSide& side, Transcript& transcript) {
   session.record("rest", [&] { return session.rows->GetRows(-1); });
   session.recordPosition();
   session.record("next", [&] { session.rows->MoveNext(); });
+  session.record("no field", [&] { return session.rows->GetRows(1, "NONE"); });
   session.record("none", [&] { return session.rows->GetRows(1); });
   session.record("first", [&] { session.rows->MoveFirst(); });
   session.record("next", [&] { session.rows->MoveNext(); });
@@ -146,7 +149,8 @@ void movingAbout(AdoSide& side, Transcript& transcript) {
     session.recordPosition();
   }
   session.record("go", [&] { session.rows->setAbsolutePosition(595); });
-  session.record("block", [&] { return session.rows->GetRows(4); });
+  session.record("block", [&] { return session.rows->GetRows(2, "A"); });
+  session.record("block", [&] { return session.rows->GetRows(2, "NONE"); });
   session.record("block", [&] { return session.rows->GetRows(4); });
   session.recordPosition();
   session.record("block", [&] { return session.rows->GetRows(4); });

@@ -117,7 +117,10 @@ TEST_F(GridGeometryTest, CellsAreWhereTheirRowAndColumnCross) {
   EXPECT_EQ(geometry.cellBounds(2, last), Rect{}) << "to the right of the window";
   EXPECT_EQ(geometry.cellBounds(50, check), Rect{}) << "below the window";
   geometry.scrollToOffset(92);
-  EXPECT_EQ(geometry.cellBounds(2, text), (Rect{-88, 56, 100, 26})) << "a part is in sight";
+  EXPECT_EQ(geometry.cellBounds(2, text), (Rect{4, 56, 100, 26})) << "it stays";
+  EXPECT_EQ(geometry.cellBounds(2, check), Rect{}) << "under the first column";
+  EXPECT_EQ(geometry.cellBounds(2, wide), (Rect{72, 56, 400, 26})) << "partly under it";
+  EXPECT_EQ(geometry.seenPart(wide, geometry.cellBounds(2, wide)), (Rect{104, 56, 368, 26}));
   EXPECT_EQ(geometry.cellBounds(2, last), (Rect{472, 56, 28, 26}));
 }
 
@@ -143,6 +146,33 @@ TEST_F(GridGeometryTest, TellsWhatAPointLiesOn) {
   geometry.clampPosition();
   EXPECT_EQ(geometry.hitTest(50, 30 + 6 * 26 - 1).row, 6);
   EXPECT_EQ(geometry.hitTest(50, 30 + 6 * 26).row, -1);
+}
+
+TEST_F(GridGeometryTest, TheFirstColumnStaysUnlessItIsTooWide) {
+  geometry.scrollToOffset(92);
+  EXPECT_TRUE(geometry.isFrozen(text));
+  EXPECT_FALSE(geometry.isFrozen(check));
+  EXPECT_EQ(geometry.frozenRight(), 104);
+  EXPECT_EQ(geometry.hitTest(50, 40).column, 0);
+  EXPECT_EQ(geometry.hitTest(103, 40).column, 0);
+  EXPECT_EQ(geometry.hitTest(104, 40).column, 3);
+  EXPECT_FALSE(geometry.hitTest(72, 10).onEdge) << "the edge is under the first column";
+  geometry.setSize(200, 300);
+  EXPECT_FALSE(geometry.isFrozen(text));
+  EXPECT_EQ(geometry.frozenRight(), 4);
+  EXPECT_EQ(geometry.columnLeft(text), 4 - 92);
+}
+
+TEST_F(GridGeometryTest, TakesAnEarlierWidthUntilTheUserChangesIt) {
+  std::vector<GridColumn> given = columns;
+  given[text].given = 200;
+  geometry.setContents({given, 100, false});
+  geometry.setRequiredWidth(text, 300);
+  EXPECT_EQ(geometry.columnWidth(text), 200);
+  EXPECT_EQ(geometry.userWidth(text), 0);
+  geometry.fit(text, 77);
+  EXPECT_EQ(geometry.columnWidth(text), 77);
+  EXPECT_EQ(geometry.userWidth(text), 77);
 }
 
 TEST_F(GridGeometryTest, OnlyAColumnOfChecksHasABoxInItsHead) {
@@ -209,7 +239,7 @@ TEST_F(GridGeometryTest, ScrollsAColumnIntoView) {
                {50, text, 4},
                {0, check, 104},
                {0, last, 272},
-               {0, wide, 4}};  // wider than the window
+               {0, wide, 104}};  // wider than the window; beside the first column
   for (const auto& [offset, column, left] : cases) {
     geometry.scrollToOffset(offset);
     geometry.showColumn(column);

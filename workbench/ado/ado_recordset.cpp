@@ -207,17 +207,20 @@ Value AdoRecordset::originalValue(std::string_view field) const {
   return row.pending == Row::Pending::Insert ? Value(Null{}) : row.stored(index);
 }
 
-std::vector<RowValues> AdoRecordset::GetRows(std::int32_t wanted) {
+std::vector<RowValues> AdoRecordset::GetRows(std::int32_t wanted, std::string_view field) {
   settleEdit();
+  const std::size_t first = field.empty() ? 0 : rows().indexOf(field);
   if (!atRow()) throw adoerror::noCurrentRecord();
   std::vector<RowValues> result;
   for (; position_ < count() && (wanted < 0 || static_cast<std::int32_t>(result.size()) < wanted);
        moveTo(nextVisible(position_, 1))) {
-    const Values& values = current().values;
+    std::span<const Value> values = current().values;
+    if (!field.empty()) values = values.subspan(first, 1);
     if (lockType_ == ado::LockType::ReadOnly) {
       result.emplace_back(values, rows_);
     } else {
-      result.emplace_back(values);  // copied: the rows may be edited before the caller reads them
+      // Copied: the rows may be edited before the caller reads them.
+      result.emplace_back(Values(values.begin(), values.end()));
     }
   }
   return result;

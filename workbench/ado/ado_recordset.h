@@ -45,7 +45,7 @@ class AdoRecordset : public ado::Recordset {
   Value value(std::string_view field) const override;
   void setValue(std::string_view field, const Value& value) override;
   Value originalValue(std::string_view field) const override;
-  std::vector<RowValues> GetRows(std::int32_t wanted) override;
+  std::vector<RowValues> GetRows(std::int32_t wanted, std::string_view field) override;
 
   void AddNew() override;
   void Update() override;

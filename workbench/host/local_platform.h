@@ -1,6 +1,7 @@
 #pragma once
 
 #include <functional>
+#include <map>
 #include <optional>
 #include <ostream>
 #include <random>
@@ -24,12 +25,17 @@ class LocalPlatform : public Platform {
   std::int32_t messageBox(const std::string& prompt, std::int32_t buttons,
                           const std::string& title) override;
   Date now() override;
+  std::string setting(const std::string& name) override { return settings_[name]; }
+  void keepSetting(const std::string& name, const std::string& value) override {
+    settings_[name] = value;
+  }
 
  private:
   User& user_;
   std::ostream& trace_;
   std::function<Date()> clock_;
   std::random_device random_;
+  std::map<std::string, std::string> settings_;
 };
 
 }  // namespace kebu::workbench

@@ -82,6 +82,7 @@ constexpr Aspect aspects[] = {
        return std::to_string(v.items.empty() ? gridOf(v).rowCount
                                              : static_cast<std::int32_t>(v.items.size()));
      }},
+    {"status", false, [](const ControlView& v) { return gridOf(v), v.hint; }},
     {"row", false, [](const ControlView& v) { return std::to_string(gridOf(v).currentRow); }},
 };
 
@@ -97,6 +98,13 @@ void expectMessage(Player& player, const std::string& text) {
     shown += (shown.empty() ? "" : " / ") + replaceAll(box.text, "\r\n", " ");
   }
   player.check(player.messages().take(text), "message", text, shown);
+}
+
+/// `text` is a part of what was copied, with tabulators as " | " and the end of a line as " / ".
+void expectCopied(Player& player, const std::string& text) {
+  const std::string copied = replaceAll(replaceAll(player.copied(), "\t", " | "), "\r\n", " / ");
+  constexpr std::size_t most = 300;
+  player.check(copied.find(text) != std::string::npos, "copied", text, copied.substr(0, most));
 }
 
 void expectNoMessage(Player& player) {
@@ -221,6 +229,8 @@ void print(Player& player, const Words& arguments) {
 void expect(Player& player, const Words& arguments) {
   if (arguments.size() == 2 && arguments[0] == "message") {
     expectMessage(player, arguments[1]);
+  } else if (arguments.size() == 2 && arguments[0] == "copied") {
+    expectCopied(player, arguments[1]);
   } else if (arguments == Words{"no", "message"}) {
     expectNoMessage(player);
   } else if (arguments.size() == 2 && arguments[0] == "notice") {

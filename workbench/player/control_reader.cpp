@@ -96,15 +96,19 @@ void describe(ControlView& view, const Form& form) {
 
 void describe(ControlView& view, QueryGrid& grid, const RowRange& rows) {
   GridView& content = view.grid.emplace();
+  GridTools& tools = grid.tools();
+  tools.finish();
+  view.hint = tools.status();
   content.rowCount = grid.rowCount();
-  content.currentRow = grid.currentRow();
+  content.currentRow = tools.placeOf(grid.currentRow());
   for (const QueryGrid::Column& column : grid.columns()) {
     content.columns.push_back({column.field, column.caption});
   }
   const std::int32_t last = std::min(rows.last, content.rowCount);
-  for (std::int32_t row = std::max(rows.first, 1); row <= last; ++row) {
+  for (std::int32_t place = std::max(rows.first, 1); place <= last; ++place) {
+    const std::int32_t row = tools.rowAt(place);
     GridRowView& line = content.rows.emplace_back();
-    line.number = row;
+    line.number = place;
     line.state = toDisplay(grid.rowState(row));
     for (std::size_t i = 0; i < grid.columns().size(); ++i) {
       const QueryGrid::Column& column = grid.columns()[i];
@@ -161,10 +165,12 @@ std::string valueOf(const Control& control) {
       });
 }
 
-std::string cellTextOf(QueryGrid& grid, std::int32_t row, const std::string& field) {
-  if (row < 1 || row > grid.rowCount()) {
-    throw StepError(grid.Name() + " has no row " + std::to_string(row));
+std::string cellTextOf(QueryGrid& grid, std::int32_t place, const std::string& field) {
+  if (place < 1 || place > grid.rowCount()) {
+    throw StepError(grid.Name() + " has no row " + std::to_string(place));
   }
+  grid.tools().finish();
+  const std::int32_t row = grid.tools().rowAt(place);
   const auto& columns = grid.columns();
   const auto at = std::find_if(columns.begin(), columns.end(), [&](const auto& column) {
     return equalsIgnoringCase(column.field, field);

@@ -50,6 +50,36 @@ void tickAll(Player& player, const Words& arguments) {
   player.stage().hands.tickAll(arguments[0], arguments[1], toFlag(arguments[2]));
 }
 
+void sort(Player& player, const Words& arguments) {
+  player.stage().hands.sort(arguments[0], arguments[1]);
+}
+
+void find(Player& player, const Words& arguments) {
+  player.stage().hands.find(arguments[0], arguments[1], arguments.size() > 2 ? arguments[2] : "");
+}
+
+void findNext(Player& player, const Words& arguments) {
+  player.stage().hands.findNext(arguments[0], false);
+}
+
+void findPrevious(Player& player, const Words& arguments) {
+  player.stage().hands.findNext(arguments[0], true);
+}
+
+void copy(Player& player, const Words& arguments) {
+  const std::pair<const char*, CopiedPart> parts[] = {{"cell", CopiedPart::Cell},
+                                                      {"row", CopiedPart::Row},
+                                                      {"all", CopiedPart::All},
+                                                      {"csv", CopiedPart::Csv}};
+  for (const auto& [name, part] : parts) {
+    if (arguments[1] == name) {
+      player.keepCopied(player.stage().hands.copy(arguments[0], part));
+      return;
+    }
+  }
+  throw StepError("\"" + arguments[1] + "\" is no part of a grid: cell, row, all or csv");
+}
+
 namespace {
 
 std::optional<std::int32_t> rowAfter(const Words& arguments, std::size_t count) {

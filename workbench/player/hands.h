@@ -15,6 +15,9 @@ struct RowRange {
   std::int32_t last = 0;
 };
 
+/// What of a grid is copied: the current cell, the current row, all rows, or all as a CSV file.
+enum class CopiedPart { Cell, Row, All, Csv };
+
 /// Makes a user's gestures in the window in front, and reads what it shows. Controls
 /// are identified by name. StepError when a control does not exist or is of the wrong
 /// kind, controls::GestureRefused when a person could not make the gesture.
@@ -33,6 +36,13 @@ class Hands {
                     const Value& value) = 0;
   virtual void tickCell(const std::string& grid, std::int32_t row, const std::string& field) = 0;
   virtual void tickAll(const std::string& grid, const std::string& field, bool on) = 0;
+  /// Clicks on a column's head, which sorts the rows.
+  virtual void sort(const std::string& grid, const std::string& field) = 0;
+  /// Looks for a text, in one column or, for "", in all.
+  virtual void find(const std::string& grid, const std::string& text, const std::string& field) = 0;
+  virtual void findNext(const std::string& grid, bool backwards) = 0;
+  /// Copies or exports a part of a grid; the text that comes out.
+  virtual std::string copy(const std::string& grid, CopiedPart part) = 0;
   virtual void lookup(const std::string& box) = 0;
   virtual void lookupCell(const std::string& grid, std::int32_t row, const std::string& field) = 0;
   /// Asks for the details of a row, with the key for it.

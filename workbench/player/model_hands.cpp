@@ -31,7 +31,7 @@ Control& ModelHands::control(const std::string& name) const {
 }
 
 template <class Kind>
-Kind& ModelHands::find(const std::string& name, const char* kind) const {
+Kind& ModelHands::require(const std::string& name, const char* kind) const {
   auto* const found = as<Kind>(control(name));
   if (!found) throw StepError(name + " is not " + kind);
   return *found;
@@ -45,48 +45,109 @@ void ModelHands::openPage(std::int32_t view) {
 }
 
 void ModelHands::press(const std::string& bar, const std::string& button) {
-  find<NavigatorBar>(bar, "a navigator bar").press(button);
+  require<NavigatorBar>(bar, "a navigator bar").press(button);
 }
 
 void ModelHands::clickButton(const std::string& button) {
-  find<Button>(button, "a button").click();
+  require<Button>(button, "a button").click();
 }
 
 void ModelHands::type(const std::string& box, const std::string& text) {
-  find<EditBox>(box, "an edit box").type(text);
+  require<EditBox>(box, "an edit box").type(text);
 }
 
 void ModelHands::choose(const std::string& combo, const std::string& code) {
-  find<ComboBox>(combo, "a combo box").choose(code);
+  require<ComboBox>(combo, "a combo box").choose(code);
 }
 
 void ModelHands::tick(const std::string& check, bool on) {
-  find<CheckBox>(check, "a check box").tick(on);
+  require<CheckBox>(check, "a check box").tick(on);
 }
 
 void ModelHands::selectRow(const std::string& grid, std::int32_t row) {
-  find<QueryGrid>(grid, "a grid").selectRow(row);
+  require<QueryGrid>(grid, "a grid").selectRow(rowAt(grid, row));
 }
 
 void ModelHands::edit(const std::string& grid, std::int32_t row, const std::string& field,
                       const Value& value) {
-  find<QueryGrid>(grid, "a grid").edit(row, field, value);
+  require<QueryGrid>(grid, "a grid").edit(rowAt(grid, row), field, value);
 }
 
 void ModelHands::tickCell(const std::string& grid, std::int32_t row, const std::string& field) {
-  find<QueryGrid>(grid, "a grid").tickCell(row, field);
+  require<QueryGrid>(grid, "a grid").tickCell(rowAt(grid, row), field);
 }
 
 void ModelHands::tickAll(const std::string& grid, const std::string& field, bool on) {
-  find<QueryGrid>(grid, "a grid").tickAll(field, on);
+  require<QueryGrid>(grid, "a grid").tickAll(field, on);
+}
+
+std::int32_t ModelHands::rowAt(const std::string& grid, std::int32_t place) const {
+  GridTools& tools = require<QueryGrid>(grid, "a grid").tools();
+  tools.finish();
+  return tools.rowAt(place);
+}
+
+std::size_t ModelHands::columnOf(QueryGrid& grid, const std::string& field) {
+  const auto& columns = grid.columns();
+  const auto at = std::find_if(columns.begin(), columns.end(), [&](const auto& column) {
+    return equalsIgnoringCase(column.field, field);
+  });
+  if (at == columns.end()) throw GestureRefused(grid.Name() + " has no column " + field);
+  return static_cast<std::size_t>(at - columns.begin());
+}
+
+void ModelHands::sort(const std::string& name, const std::string& field) {
+  auto& grid = require<QueryGrid>(name, "a grid");
+  grid.tools().sortBy(columnOf(grid, field));
+  grid.tools().finish();
+}
+
+void ModelHands::find(const std::string& name, const std::string& text, const std::string& field) {
+  auto& grid = require<QueryGrid>(name, "a grid");
+  grid.tools().find(text, field.empty() ? std::nullopt : std::optional(columnOf(grid, field)));
+  grid.tools().finish();
+}
+
+void ModelHands::findNext(const std::string& name, bool backwards) {
+  GridTools& tools = require<QueryGrid>(name, "a grid").tools();
+  if (backwards) {
+    tools.findPrevious();
+  } else {
+    tools.findNext();
+  }
+  tools.finish();
+}
+
+std::string ModelHands::copy(const std::string& name, CopiedPart part) {
+  auto& grid = require<QueryGrid>(name, "a grid");
+  GridTools& tools = grid.tools();
+  tools.finish();
+  const std::int32_t place = tools.placeOf(grid.currentRow());
+  std::string text;
+  const auto take = [&](const std::string& copied) { text = copied; };
+  switch (part) {
+    case CopiedPart::Cell:
+      return tools.copiedCell(place, 0);
+    case CopiedPart::Row:
+      tools.copyRows(place, place, take);
+      break;
+    case CopiedPart::All:
+      tools.copyRows(1, grid.rowCount(), take);
+      break;
+    case CopiedPart::Csv:
+      tools.exportRows([&](std::string_view piece) { text += piece; }, [](bool) {});
+      break;
+  }
+  tools.finish();
+  return text;
 }
 
 void ModelHands::lookup(const std::string& box) {
-  find<EditBox>(box, "an edit box").lookup();
+  require<EditBox>(box, "an edit box").lookup();
 }
 
 void ModelHands::lookupCell(const std::string& grid, std::int32_t row, const std::string& field) {
-  find<QueryGrid>(grid, "a grid").lookup(row, field);
+  require<QueryGrid>(grid, "a grid").lookup(rowAt(grid, row), field);
 }
 
 void ModelHands::details(const std::string& grid, std::int32_t row) {
@@ -144,7 +205,7 @@ void ModelHands::pressKey(const std::string& key) {
 }
 
 std::string ModelHands::tickState(const std::string& grid, const std::string& field) {
-  switch (find<QueryGrid>(grid, "a grid").tickState(field)) {
+  switch (require<QueryGrid>(grid, "a grid").tickState(field)) {
     case TickState::All:
       return "all";
     case TickState::Some:
@@ -172,11 +233,11 @@ std::string ModelHands::value(const std::string& name) {
 
 std::string ModelHands::cellText(const std::string& grid, std::int32_t row,
                                  const std::string& field) {
-  return cellTextOf(find<QueryGrid>(grid, "a grid"), row, field);
+  return cellTextOf(require<QueryGrid>(grid, "a grid"), row, field);
 }
 
 bool ModelHands::isButtonEnabled(const std::string& bar, const std::string& button) {
-  const auto& shown = find<NavigatorBar>(bar, "a navigator bar");
+  const auto& shown = require<NavigatorBar>(bar, "a navigator bar");
   const auto& buttons = shown.buttons();
   const auto at = std::find_if(buttons.begin(), buttons.end(), [&](const auto& b) {
     return b.key == button || b.caption == button;

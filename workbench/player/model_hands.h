@@ -4,6 +4,7 @@
 
 #include "controls/form.h"
 #include "controls/notice_list.h"
+#include "controls/query_grid.h"
 #include "workbench/player/hands.h"
 #include "workbench/player/model_desktop.h"
 
@@ -25,6 +26,10 @@ class ModelHands : public Hands {
             const Value& value) override;
   void tickCell(const std::string& grid, std::int32_t row, const std::string& field) override;
   void tickAll(const std::string& grid, const std::string& field, bool on) override;
+  void sort(const std::string& grid, const std::string& field) override;
+  void find(const std::string& grid, const std::string& text, const std::string& field) override;
+  void findNext(const std::string& grid, bool backwards) override;
+  std::string copy(const std::string& grid, CopiedPart part) override;
   void lookup(const std::string& box) override;
   void lookupCell(const std::string& grid, std::int32_t row, const std::string& field) override;
   void details(const std::string& grid, std::int32_t row) override;
@@ -55,7 +60,10 @@ class ModelHands : public Hands {
   controls::NoticeList* noticeList() const;
   /// The control of that name and kind. `kind` names the kind in the error, such as "a button".
   template <class Kind>
-  Kind& find(const std::string& name, const char* kind) const;
+  Kind& require(const std::string& name, const char* kind) const;
+  /// The row at a place of a grid, as the user counts.
+  std::int32_t rowAt(const std::string& grid, std::int32_t place) const;
+  static std::size_t columnOf(controls::QueryGrid& grid, const std::string& field);
 
   ModelDesktop& desktop_;
   std::map<std::int32_t, controls::Form*> windows_;  ///< by the host's number

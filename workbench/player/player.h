@@ -59,6 +59,9 @@ class Player : public User {
   std::ostream& out() { return out_; }
   Answers& answers() { return answers_; }
   ShownMessages& messages() { return messages_; }
+  /// What was copied last.
+  const std::string& copied() const { return copied_; }
+  void keepCopied(std::string text) { copied_ = std::move(text); }
   /// Makes the gesture that opens a look-up, and chooses `row` in the list; without a row the
   /// list is only printed. StepError when a row is given and no list opens.
   void playLookup(const std::function<void()>& gesture, std::optional<std::int32_t> row);
@@ -96,6 +99,7 @@ class Player : public User {
   int unmet_ = 0;
   Answers answers_;
   ShownMessages messages_;
+  std::string copied_;
   std::optional<Lookup> lookup_;
 };
 

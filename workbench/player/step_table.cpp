@@ -34,6 +34,14 @@ constexpr std::array table{
     Step{"edit", 4, 4, "GRID N FIELD VALUE", "edits a cell; NULL empties it", steps::edit},
     Step{"tick-cell", 3, 3, "GRID N FIELD", "clicks a check cell", steps::tickCell},
     Step{"tick-all", 3, 3, "GRID FIELD on|off", "clicks a column's select-all", steps::tickAll},
+    Step{"sort", 2, 2, "GRID FIELD", "clicks a column's head, which sorts the rows", steps::sort},
+    Step{"find", 2, 3, "GRID TEXT [FIELD]", "looks for a text in all columns or one", steps::find},
+    Step{"find-next", 1, 1, "GRID", "goes to the next row that contains the text", steps::findNext},
+    Step{"find-previous", 1, 1, "GRID", "goes to the previous one", steps::findPrevious},
+    Step{"copy", 2, 2, "GRID cell|row|all|csv",
+         "copies the current cell of the first column, the current row, or all rows, or exports "
+         "them to a file",
+         steps::copy},
     Step{"lookup", 1, 4, "BOX [N] | GRID ROW FIELD [N] | EDITOR CAPTION 1|2 [N]",
          "opens a look-up, takes its row N; of a range's first or second value", steps::lookup},
     Step{"keys", 1, any, "KEY...",
@@ -65,15 +73,16 @@ constexpr std::array table{
          "prints what the user sees; in a grid * is locked, ~ unused, ? not found, + in order, ! "
          "incomplete",
          steps::print},
-    Step{
-        "expect", 2, any,
-        "CONTROL [enabled|visible|editable|required|known|hint|focused|caption|row|rows] = VALUE | "
-        "BAR BUTTON enabled = VALUE | BAR VIEW changed = VALUE | "
-        "GRID FIELD ticked = all|some|none | "
-        "GRID ROW FIELD = VALUE | sql STATEMENT = VALUE | "
-        "host PROPERTY = VALUE | message TEXT | no message | notice TEXT | no notice [TEXT] | "
-        "refused STEP...",
-        "checks", steps::expect},
+    Step{"expect", 2, any,
+         "CONTROL [enabled|visible|editable|required|known|hint|focused|caption|row|rows|status] = "
+         "VALUE | "
+         "BAR BUTTON enabled = VALUE | BAR VIEW changed = VALUE | "
+         "GRID FIELD ticked = all|some|none | "
+         "GRID ROW FIELD = VALUE | sql STATEMENT = VALUE | "
+         "host PROPERTY = VALUE | message TEXT | no message | copied TEXT | notice TEXT | no "
+         "notice [TEXT] | "
+         "refused STEP...",
+         "checks", steps::expect},
 };
 
 }  // namespace

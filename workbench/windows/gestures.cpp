@@ -1,5 +1,7 @@
 #include "workbench/windows/gestures.h"
 
+#include "windows/support/text.h"
+
 namespace kebu::workbench {
 
 void clickAt(HWND window, POINT point) {
@@ -60,6 +62,28 @@ std::optional<int> entryOfOpenMenu(const std::wstring& caption) {
     ++reachable;
   }
   return std::nullopt;
+}
+
+std::string clipboardText() {
+  std::string text;
+  if (!OpenClipboard(nullptr)) return text;
+  if (HANDLE data = GetClipboardData(CF_UNICODETEXT)) {
+    text = windows::toUtf8(static_cast<const wchar_t*>(GlobalLock(data)));
+    GlobalUnlock(data);
+  }
+  CloseClipboard();
+  return text;
+}
+
+bool takeFileDialog(HWND dialog, const std::wstring& path) {
+  constexpr int nameBox = 0x480;
+  constexpr int nameCombo = 0x47C;
+  HWND name = GetDlgItem(dialog, nameBox);
+  if (!name) name = GetDlgItem(dialog, nameCombo);
+  if (!name) return false;
+  SendMessageW(name, WM_SETTEXT, 0, reinterpret_cast<LPARAM>(path.c_str()));
+  PostMessageW(dialog, WM_COMMAND, IDOK, 0);
+  return true;
 }
 
 std::wstring classOf(HWND window) {

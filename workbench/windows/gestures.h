@@ -22,5 +22,9 @@ void takeFromList(HWND combo, int index);
 /// that can be reached with the arrows; nothing when there is no such entry or it is grey.
 std::optional<int> entryOfOpenMenu(const std::wstring& caption);
 std::wstring classOf(HWND window);
+/// What is on the clipboard; "" without a text.
+std::string clipboardText();
+/// Enters a name into the system's dialog for a file and takes it; false when it is no such dialog.
+bool takeFileDialog(HWND dialog, const std::wstring& path);
 
 }  // namespace kebu::workbench

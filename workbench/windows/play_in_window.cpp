@@ -10,6 +10,7 @@
 #include "workbench/windows/apartment.h"
 #include "workbench/windows/class_objects.h"
 #include "workbench/windows/dll_plugin.h"
+#include "workbench/windows/settings_aside.h"
 #include "workbench/windows/trace_listener.h"
 #include "workbench/windows/window_hands.h"
 #include "workbench/windows/window_thread.h"
@@ -30,6 +31,7 @@ struct Played {
 bool play(const Scenario& scenario, const PlayOptions& options, const PlayOutput& output,
           Player& player, const Played& played) {
   // The host is declared last, so that the plug-in is released before anything that it still uses.
+  const SettingsAside settings;
   const TraceListener trace(options.trace);
   const PluginLibrary plugin(PluginLibrary::besideProgram());
   WindowThread thread;

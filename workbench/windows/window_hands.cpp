@@ -2,6 +2,8 @@
 
 #include <algorithm>
 #include <filesystem>
+#include <fstream>
+#include <iterator>
 
 #include "common/convert.h"
 #include "controls/control.h"
@@ -362,6 +364,75 @@ void WindowHands::edit(const std::string& grid, std::int32_t row, const std::str
     pressKey(editor, VK_RETURN);
   }
   settle();
+}
+
+void WindowHands::pressWithControl(HWND window, WPARAM key, bool shift) {
+  holdControl(shift, true);
+  pressKey(window, key);
+  thread_.settle();
+  holdControl(shift, false);
+  thread_.settle();
+}
+
+void WindowHands::sort(const std::string& name, const std::string& field) {
+  cellInSight(name, 1, field);
+  const Inspection head = reader().find(Inspected::Column, name, {field, 0, 0}).value();
+  constexpr int besideEdge = 8;
+  clickAt(head.window, {head.bounds.right - besideEdge, head.bounds.bottom / 2});
+  settle();
+}
+
+void WindowHands::find(const std::string& name, const std::string& text, const std::string& field) {
+  const HWND grid = reachable(name, "QueryGrid", "a grid").window;
+  if (!field.empty()) goToCell(name, std::max(reader().control(name).current, 1), field);
+  clickAt(grid, {1, 1});
+  settle();
+  pressWithControl(grid, 'F', !field.empty());
+  replaceText(focus(), windows::toWide(text));
+  settle();
+}
+
+void WindowHands::findNext(const std::string& name, bool backwards) {
+  pressWithControl(reachable(name, "QueryGrid", "a grid").window, 'G', backwards);
+  settle();
+}
+
+std::string WindowHands::copy(const std::string& name, CopiedPart part) {
+  const HWND grid = reachable(name, "QueryGrid", "a grid").window;
+  clickAt(grid, {1, 1});
+  pressKey(grid, VK_HOME);
+  settle();
+  switch (part) {
+    case CopiedPart::Cell:
+      pressWithControl(grid, 'C', false);
+      break;
+    case CopiedPart::Row:
+      pressWithControl(grid, 'C', true);
+      break;
+    case CopiedPart::All:
+      pressWithControl(grid, 'T', false);
+      break;
+    case CopiedPart::Csv:
+      return exported(grid);
+  }
+  settle();
+  return clipboardText();
+}
+
+std::string WindowHands::exported(HWND grid) {
+  const std::filesystem::path file = std::filesystem::temp_directory_path() / "workbench.csv";
+  std::filesystem::remove(file);
+  pressWithControl(grid, 'E', true);
+  if (!takeFileDialog(frontOf(thread_.id(), others_), file.wstring())) {
+    throw StepError("no file dialog was opened");
+  }
+  settle();
+  std::ifstream stream(file, std::ios::binary);
+  if (!stream) throw StepError("no file was written");
+  const std::string text{std::istreambuf_iterator<char>(stream), {}};
+  stream.close();
+  std::filesystem::remove(file);
+  return text;
 }
 
 void WindowHands::lookupCell(const std::string& grid, std::int32_t row, const std::string& field) {

@@ -35,6 +35,10 @@ class WindowHands : public Hands {
             const Value& value) override;
   void tickCell(const std::string& grid, std::int32_t row, const std::string& field) override;
   void tickAll(const std::string& grid, const std::string& field, bool on) override;
+  void sort(const std::string& grid, const std::string& field) override;
+  void find(const std::string& grid, const std::string& text, const std::string& field) override;
+  void findNext(const std::string& grid, bool backwards) override;
+  std::string copy(const std::string& grid, CopiedPart part) override;
   void lookup(const std::string& box) override;
   void lookupCell(const std::string& grid, std::int32_t row, const std::string& field) override;
   void details(const std::string& grid, std::int32_t row) override;
@@ -76,6 +80,9 @@ class WindowHands : public Hands {
   HWND focus() const;
   /// Presses or releases Ctrl, perhaps with Shift.
   void holdControl(bool shift, bool down);
+  void pressWithControl(HWND window, WPARAM key, bool shift);
+  /// Exports a grid to a file; the file's text.
+  std::string exported(HWND grid);
   void goToCell(const std::string& grid, std::int32_t row, const std::string& field);
   /// Waits until the window is idle; the user answers message boxes and lists meanwhile.
   void settle();

@@ -198,6 +198,7 @@ ControlView WindowReader::look(const std::string& name, const RowRange& rows) co
   } else if (kind != "QueryEditor") {
     view.caption = textOf(found);
   }
+  if (kind == "QueryGrid") view.hint = windows::toUtf8(found.hint);
   if (found.caption[0]) view.caption = windows::toUtf8(found.caption);
   if (kind == "QueryEditor" || kind == "NavigatorBar" || kind == "NoticeList" ||
       kind == "SideBar" || kind == "StatusBar") {

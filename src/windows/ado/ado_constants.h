@@ -22,6 +22,7 @@ inline constexpr std::int32_t commandIsStoredProcedure = 4;
 inline constexpr std::int32_t executeAsynchronously = 0x10;
 inline constexpr std::int32_t fetchAsynchronously = 0x20;
 inline constexpr std::int32_t executeNoRecords = 0x80;
+inline constexpr std::int32_t bookmarkCurrent = 0;
 inline constexpr std::int32_t filterNone = 0;
 inline constexpr std::int32_t filterPendingRecords = 1;
 /// All rows, also those that a filter hides.

@@ -174,7 +174,18 @@ AdoRecordset::Rows AdoRecordset::getRows(std::int32_t rows) const {
   return rowsIn(object_.call(L"GetRows", {rows}).get());
 }
 
-std::vector<RowValues> AdoRecordset::GetRows(std::int32_t rows) {
+AdoRecordset::Rows AdoRecordset::getColumn(std::int32_t rows, std::string_view field) {
+  const std::size_t index = fields_.indexOf(object_, field);
+  if (isAhead()) {
+    Rows column;
+    for (const RowValues& row : GetRows(rows, {})) column.emplace_back(std::vector{row[index]});
+    return column;
+  }
+  return rowsIn(object_.call(L"GetRows", {rows, bookmarkCurrent, Variant(field)}).get());
+}
+
+std::vector<RowValues> AdoRecordset::GetRows(std::int32_t rows, std::string_view field) {
+  if (!field.empty()) return getColumn(rows, field);
   if (!isAhead()) return getRows(rows);
   const auto left = static_cast<std::int32_t>(ahead_.size() - at_);
   const std::int32_t taken = rows < 0 ? left : std::min(rows, left);

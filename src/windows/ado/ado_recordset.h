@@ -43,7 +43,7 @@ class AdoRecordset : public ado::Recordset, public Foreign {
   Value value(std::string_view field) const override;
   void setValue(std::string_view field, const Value& value) override;
   Value originalValue(std::string_view field) const override;
-  std::vector<RowValues> GetRows(std::int32_t rows) override;
+  std::vector<RowValues> GetRows(std::int32_t rows, std::string_view field) override;
 
   void AddNew() override;
   void Update() override;
@@ -64,6 +64,7 @@ class AdoRecordset : public ado::Recordset, public Foreign {
   bool isEditing() const;
   Value fieldValue(std::string_view field, std::wstring_view member) const;
   Rows getRows(std::int32_t rows) const;
+  Rows getColumn(std::int32_t rows, std::string_view field);
   void putUpdateCriteria();
   void send(std::wstring_view member, const Dispatch::Arguments& arguments = {});
   /// Whether the current row is one that was read ahead.

@@ -11,6 +11,9 @@ namespace kebu::windows {
 
 namespace {
 
+/// Under it each setting is a value.
+constexpr const wchar_t* settingsKey = L"Software\\KEBU_ANAGKELMORIA\\Impostazioni";
+
 /// A separator; the non-ASCII blanks by which some locales group digits become a blank.
 char separator(LCID locale, LCTYPE kind, char usual) {
   wchar_t text[8] = {};
@@ -59,6 +62,30 @@ Date SystemPlatform::now() {
   return Date::make(time.wYear, time.wMonth, time.wDay, time.wHour, time.wMinute, time.wSecond,
                     time.wMilliseconds)
       .value_or(Date{});
+}
+
+std::string SystemPlatform::setting(const std::string& name) {
+  const std::wstring wide = toWide(name);
+  DWORD bytes = 0;
+  const auto read = [&](void* into) {
+    return RegGetValueW(HKEY_CURRENT_USER, settingsKey, wide.c_str(), RRF_RT_REG_SZ, nullptr, into,
+                        &bytes);
+  };
+  if (read(nullptr) != ERROR_SUCCESS) return "";
+  std::wstring value(bytes / sizeof(wchar_t), L'\0');
+  if (read(value.data()) != ERROR_SUCCESS) return "";
+  return toUtf8(value.c_str());
+}
+
+void SystemPlatform::keepSetting(const std::string& name, const std::string& value) {
+  const std::wstring wide = toWide(name);
+  if (value.empty()) {
+    RegDeleteKeyValueW(HKEY_CURRENT_USER, settingsKey, wide.c_str());
+    return;
+  }
+  const std::wstring text = toWide(value);
+  RegSetKeyValueW(HKEY_CURRENT_USER, settingsKey, wide.c_str(), REG_SZ, text.c_str(),
+                  static_cast<DWORD>((text.size() + 1) * sizeof(wchar_t)));
 }
 
 Locale localeOf(LCID locale) {

@@ -14,6 +14,8 @@ class SystemPlatform final : public Platform {
   std::int32_t messageBox(const std::string& prompt, std::int32_t buttons,
                           const std::string& title) override;
   Date now() override;
+  std::string setting(const std::string& name) override;
+  void keepSetting(const std::string& name, const std::string& value) override;
 };
 
 /// How Windows writes numbers and dates under the locale given.

@@ -21,11 +21,7 @@ constexpr int measuredRows = 200;  // at most, for the widths of the columns
 }  // namespace
 
 LookupWindow::LookupWindow(HINSTANCE module, controls::LookupList& list, HWND owner)
-    : module_(module),
-      list_(list),
-      theme_(dpiOf(owner)),
-      shown_(list.matching("")),
-      row_(list.current()) {
+    : module_(module), list_(list), theme_(dpiOf(owner)) {
   int width = 40;
   for (std::size_t i = 0; i < list.captions().size(); ++i) {
     int widest = theme_.metrics().textWidth(list.captions()[i]) + theme_.px(12);
@@ -51,11 +47,14 @@ LookupWindow::LookupWindow(HINSTANCE module, controls::LookupList& list, HWND ow
          owner, toRECT(place), toWide(list.title()));
   build();
   keys_ = std::make_unique<KeyboardHook>(handle(), *this);
+  subscriptions_.push_back(list_.tools().changed.connect([this] { grid_->sourceChanged(); }));
+  subscriptions_.push_back(list_.tools().moved.connect([this] { grid_->showCurrentRow(); }));
   layOut();
 }
 
 LookupWindow::~LookupWindow() {
   stopAnswering();
+  subscriptions_.clear();
   keys_.reset();
   grid_.reset();
   destroy();
@@ -78,7 +77,7 @@ void LookupWindow::build() {
   ShowWindow(nothingFound_, SW_HIDE);
   take_ = make(L"BUTTON", toWide(texts.take).c_str(), WS_TABSTOP | BS_OWNERDRAW, 0);
   leave_ = make(L"BUTTON", toWide(texts.leave).c_str(), WS_TABSTOP | BS_OWNERDRAW, 0);
-  EnableWindow(take_, row_ > 0);
+  EnableWindow(take_, rowCount() > 0);
 }
 
 void LookupWindow::layOut() {
@@ -120,41 +119,39 @@ void LookupWindow::show() {
   ShowWindow(handle(), SW_SHOW);
   SetForegroundWindow(handle());
   SetFocus(search_);
-  if (row_ > 0) grid_->showCurrentRow();
+  grid_->showCurrentRow();
 }
 
 void LookupWindow::selectRow(std::int32_t row) {
-  row_ = row;
+  list_.goTo(row);
   grid_->invalidate();
 }
 
 void LookupWindow::search() {
-  const std::int32_t before = row_ > 0 ? listRow(row_) : 0;
-  shown_ = list_.matching(toUtf8(windowText(search_)));
-  const auto same = std::ranges::find(shown_, before);
-  if (shown_.empty()) {
-    row_ = 0;
-  } else {
-    row_ = same == shown_.end() ? 1 : static_cast<std::int32_t>(same - shown_.begin()) + 1;
-  }
-  EnableWindow(take_, row_ > 0);
-  ShowWindow(nothingFound_, shown_.empty() ? SW_SHOWNA : SW_HIDE);
-  if (shown_.empty()) {
-    NotifyWinEvent(EVENT_SYSTEM_ALERT, nothingFound_, OBJID_CLIENT, CHILDID_SELF);
-  }
+  list_.search(toUtf8(windowText(search_)));
+  const bool found = rowCount() > 0;
+  EnableWindow(take_, found);
+  ShowWindow(nothingFound_, found ? SW_HIDE : SW_SHOWNA);
+  if (!found) NotifyWinEvent(EVENT_SYSTEM_ALERT, nothingFound_, OBJID_CLIENT, CHILDID_SELF);
   grid_->sourceChanged();
-  if (row_ > 0) grid_->showCurrentRow();
+  grid_->showCurrentRow();
 }
 
 void LookupWindow::take() {
-  if (row_ < 1) return;
-  list_.choose(listRow(row_));
+  if (currentRow() < 1) return;
+  list_.choose(list_.current());
   done_ = true;
+}
+
+void LookupWindow::tell(const std::string& text) {
+  MessageBoxW(handle(), toWide(text).c_str(), toWide(list_.title()).c_str(), MB_ICONEXCLAMATION);
 }
 
 std::function<void()> LookupWindow::actionFor(const Key& key) {
   if (key.mnemonic) return {};
   HWND focus = GetFocus();
+  if (key.code == 'F' && key.control) return [this] { SetFocus(search_); };
+  if (focus == grid_->handle() && key.control) return grid_->actionFor(key);
   const bool takes = key.isPlain(VK_F10) || (key.isPlain(VK_RETURN) && focus != leave_);
   if (takes) return [this] { take(); };
   if (key.isPlain(VK_ESCAPE) || key.isPlain(VK_RETURN)) return [this] { leave(); };
@@ -177,7 +174,7 @@ bool LookupWindow::inspect(Inspection& inspection) {
   if (inspection.control[0] != L'\0') return false;
   inspection.count = rowCount();
   inspection.columns = static_cast<std::int32_t>(columns_.size());
-  inspection.current = row_;
+  inspection.current = currentRow();
   const auto column = static_cast<std::size_t>(
       inspection.key[0] ? std::wcstol(inspection.key, nullptr, 10) : inspection.index);
   const bool hasRow = inspection.row >= 1 && inspection.row <= rowCount();

@@ -28,18 +28,18 @@ class LookupWindow : public Window, public GridSource, public KeyTarget {
   std::function<void()> actionFor(const Key& key) override;
 
   const std::vector<Column>& columns() const override { return columns_; }
-  std::int32_t rowCount() const override { return static_cast<std::int32_t>(shown_.size()); }
-  std::int32_t currentRow() const override { return row_; }
+  std::int32_t rowCount() const override { return list_.shownCount(); }
+  std::int32_t currentRow() const override { return list_.currentPlace(); }
   std::string cellText(std::int32_t row, std::size_t column) override {
-    return list_.cellText(listRow(row), column);
+    return list_.cellText(list_.rowAt(row), column);
   }
   void selectRow(std::int32_t row) override;
   void activate() override { take(); }
+  controls::GridTools& tools() override { return list_.tools(); }
+  std::string title() const override { return list_.title(); }
+  void tell(const std::string& text) override;
+  bool hasFindBox() const override { return false; }
 
-  /// The list's row of a row that is shown.
-  std::int32_t listRow(std::int32_t row) const {
-    return shown_.at(static_cast<std::size_t>(row - 1));
-  }
   void build();
   void layOut();
   /// Takes the fonts, sizes and colours that apply now.
@@ -53,8 +53,6 @@ class LookupWindow : public Window, public GridSource, public KeyTarget {
   controls::LookupList& list_;
   Theme theme_;
   std::vector<Column> columns_;
-  std::vector<std::int32_t> shown_;  ///< rows of the list
-  std::int32_t row_ = 0;             ///< of those that are shown; 0 for none
   bool done_ = false;
   HWND hint_ = nullptr;
   HWND search_ = nullptr;
@@ -63,6 +61,7 @@ class LookupWindow : public Window, public GridSource, public KeyTarget {
   HWND take_ = nullptr;
   HWND leave_ = nullptr;
   std::unique_ptr<KeyboardHook> keys_;
+  std::vector<Subscription> subscriptions_;
 };
 
 }  // namespace kebu::windows

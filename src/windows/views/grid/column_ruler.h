@@ -14,10 +14,14 @@ class ColumnRuler {
 
   /// 0 for a column without a caption.
   int headWidth(std::size_t column) const;
+  /// At which neither the head nor one of these cells is cut off.
+  int fittingWidth(std::size_t column, std::int32_t first, std::int32_t last) const;
   /// Of the cells from `first` to `last`; 0 where texts may be cut off.
   int cellsWidth(std::size_t column, std::int32_t first, std::int32_t last) const;
 
  private:
+  int widestCell(std::size_t column, std::int32_t first, std::int32_t last) const;
+
   const Theme& theme_;
   GridSource& source_;
   TextRuler heads_;

@@ -15,6 +15,8 @@ using controls::ColumnKind;
 
 namespace {
 
+constexpr int wheelStep = 72;  // in 96ths of an inch
+
 bool isTyped(ColumnKind kind) {
   return kind == ColumnKind::Number || kind == ColumnKind::Lookup;
 }
@@ -26,9 +28,15 @@ bool contains(const RECT& area, POINT point) {
 }  // namespace
 
 GridControl::GridControl(HINSTANCE module, HWND parent, const Theme& theme, GridSource& source)
-    : theme_(&theme), source_(source), geometry_(theme.metrics()), editor_(module, theme) {
+    : theme_(&theme),
+      source_(source),
+      geometry_(theme.metrics()),
+      editor_(module, theme),
+      foot_(module, theme),
+      tip_([this](POINT point) { return cutTextAt(point); }) {
   create(module, {L"kebu.grid", WS_CHILD | WS_TABSTOP | WS_VSCROLL | WS_HSCROLL | WS_CLIPCHILDREN},
          parent, {});
+  tip_.create(handle());
   if (theme.colours().isSystems) takeColours(handle(), theme);
 }
 
@@ -37,11 +45,12 @@ GridControl::GridControl(HINSTANCE module, HWND parent, const Theme& theme, Grid
 layout::GridGeometry& GridControl::geometry() {
   layout::GridContents contents{{}, source_.rowCount(), source_.keepsRowState()};
   for (const GridSource::Column& column : source_.columns()) {
-    contents.columns.push_back({column.width, column.kind == ColumnKind::Check});
+    const int given = source_.tools().width(contents.columns.size()).value_or(0);
+    contents.columns.push_back({column.width, column.kind == ColumnKind::Check, given});
   }
   geometry_.setContents(std::move(contents));
   const RECT area = clientArea();
-  geometry_.setSize(static_cast<int>(area.right), static_cast<int>(area.bottom));
+  geometry_.setSize(static_cast<int>(area.right), static_cast<int>(foot_.bounds(area).top));
   return geometry_;
 }
 
@@ -63,6 +72,15 @@ void GridControl::measureColumns() {
         i, std::max({columns.requiredWidth(i), ruler.headWidth(i),
                      ruler.cellsWidth(i, columns.topRow(), columns.bottomRow())}));
   }
+}
+
+RECT GridControl::rowBounds(std::int32_t row) {
+  const RECT whole = toRECT(geometry().rowBounds(row));
+  RECT rows = clientArea();
+  rows.bottom = foot_.bounds(rows).top;
+  RECT seen{};
+  IntersectRect(&seen, &whole, &rows);
+  return seen;
 }
 
 // ---- scrolling
@@ -89,10 +107,26 @@ void GridControl::scroll(int bar, WPARAM wParam) {
     scrollTo(*to);
     return;
   }
+  scrollSideways(*to);
+}
+
+void GridControl::scrollSideways(int offset) {
   commit();
-  geometry().scrollToOffset(*to);
+  geometry().scrollToOffset(offset);
   updateScrollBars();
   invalidate();
+}
+
+void GridControl::wheelTurned(int delta, bool sideways) {
+  int& turned = sideways ? sidewaysWheel_ : wheel_;
+  turned += delta;
+  const int notches = turned / WHEEL_DELTA;
+  turned -= notches * WHEEL_DELTA;
+  if (sideways) {
+    scrollSideways(geometry().horizontalRange().position - theme_->px(wheelStep) * notches);
+  } else {
+    scrollTo(geometry_.topRow() - 3 * notches);
+  }
 }
 
 void GridControl::showCurrentRow() {
@@ -113,8 +147,11 @@ void GridControl::showColumn(std::size_t column) {
 
 void GridControl::sourceChanged() {
   if (column_ >= source_.columns().size()) column_ = 0;
+  if (anchor_ > source_.rowCount()) anchor_ = 0;
   measureColumns();
   updateScrollBars();
+  foot_.layOut(clientArea());
+  if (source_.tools().isBusy()) SetTimer(handle(), workTimer, workInterval, nullptr);
   invalidate();
 }
 
@@ -122,6 +159,7 @@ void GridControl::themeChanged() {
   commit();
   geometry().forgetRequiredWidths();
   takeColours(handle(), *theme_);
+  foot_.themeChanged();
   sourceChanged();
 }
 
@@ -158,7 +196,7 @@ void GridControl::tickAll(std::size_t column, bool on) {
   invalidate();
 }
 
-void GridControl::buttonDown(POINT point) {
+void GridControl::buttonDown(POINT point, bool shift) {
   SetFocus(handle());
   const layout::GridHit hit = geometry().hitTest(point.x, point.y);
   if (hit.onEdge) {
@@ -170,9 +208,19 @@ void GridControl::buttonDown(POINT point) {
   const auto column = static_cast<std::size_t>(hit.column);
   const bool isCheck = source_.columns()[column].kind == ColumnKind::Check;
   if (hit.row == 0) {
-    if (isCheck && contains(tickAllBounds(column), point)) tickAll(column, !isTickAllOn(column));
+    if (isCheck && contains(tickAllBounds(column), point)) {
+      tickAll(column, !isTickAllOn(column));
+    } else {
+      sortBy(column);
+    }
     return;
   }
+  if (shift) {
+    if (!anchor_) anchor_ = source_.currentRow();
+    goTo(hit.row, column);
+    return;
+  }
+  anchor_ = 0;
   const bool wasCurrent = hit.row == source_.currentRow() && column == column_;
   if (!goTo(hit.row, column)) return;
   if (isCheck) {
@@ -188,22 +236,40 @@ void GridControl::buttonDown(POINT point) {
   }
 }
 
-void GridControl::showMenu(POINT screen) {
-  if (!commit()) return;
-  const controls::Menu menu = source_.rowMenu();
-  if (menu.empty()) return;
-  if (screen.x == -1 && screen.y == -1) {
-    const RECT cell = cellBounds(source_.currentRow(), column_);
-    screen = {cell.left, cell.bottom};
-    ClientToScreen(handle(), &screen);
+void GridControl::rightButtonDown(POINT point) {
+  SetFocus(handle());
+  const layout::GridHit hit = geometry().hitTest(point.x, point.y);
+  if (hit.column < 0 || hit.row < 0) return;
+  const auto [first, last] = chosenRows();
+  const bool isChosen = hit.row >= first && hit.row <= last;
+  if (!isChosen) anchor_ = 0;
+  const std::int32_t row = isChosen || hit.row == 0 ? source_.currentRow() : hit.row;
+  if (!goTo(row, static_cast<std::size_t>(hit.column))) {
+    column_ = static_cast<std::size_t>(hit.column);  // in a grid without rows
   }
-  guarded([&] {
-    windows::showMenu(handle(), screen, menu, [](const std::string& text) { return text; });
-  });
+}
+
+void GridControl::pointerMoved(POINT point) {
+  if (resizing_ >= 0) {
+    geometry().moveEdge(static_cast<std::size_t>(resizing_), point.x);
+    updateScrollBars();
+    invalidate();
+    return;
+  }
+  const layout::GridHit hit = geometry().hitTest(point.x, point.y);
+  tip_.pointerOn((static_cast<std::int64_t>(hit.row) << 16) + hit.column);
 }
 
 void GridControl::doubleClick(POINT point) {
   const layout::GridHit hit = geometry().hitTest(point.x, point.y);
+  if (hit.onEdge) {
+    fitColumn(static_cast<std::size_t>(hit.column));
+    return;
+  }
+  if (hit.row == 0) {
+    buttonDown(point, false);  // two quick clicks are two clicks
+    return;
+  }
   if (hit.row < 1 || hit.column < 0) return;
   const auto column = static_cast<std::size_t>(hit.column);
   if (source_.columns()[column].kind == ColumnKind::Check) {
@@ -215,7 +281,7 @@ void GridControl::doubleClick(POINT point) {
   }
 }
 
-bool GridControl::moveBy(WPARAM key, bool control) {
+bool GridControl::moveBy(WPARAM key, bool control, bool shift) {
   const std::int32_t row = std::max(source_.currentRow(), 1);
   const std::int32_t last = source_.rowCount();
   std::int32_t to = row;
@@ -243,12 +309,15 @@ bool GridControl::moveBy(WPARAM key, bool control) {
     default:
       return false;
   }
-  if (last > 0) goTo(std::clamp(to, 1, last), column_);
+  if (last == 0) return true;
+  if (!shift) anchor_ = 0;
+  if (shift && !anchor_) anchor_ = row;
+  goTo(std::clamp(to, 1, last), column_);
   return true;
 }
 
 void GridControl::keyDown(WPARAM key, bool shift, bool control) {
-  if (moveBy(key, control)) return;
+  if (moveBy(key, control, shift)) return;
   const std::int32_t row = source_.currentRow();
   const std::size_t count = source_.columns().size();
   if (count == 0) return;
@@ -288,7 +357,12 @@ void GridControl::keyDown(WPARAM key, bool shift, bool control) {
 
 void GridControl::character(wchar_t typed) {
   if (typed <= L' ' || source_.columns().empty()) return;
-  if (!isTyped(source_.columns()[column_].kind)) return;
+  const bool isEdited =
+      isTyped(source_.columns()[column_].kind) && isEditable(source_.currentRow(), column_);
+  if (!isEdited) {
+    openFind(column_, typed);
+    return;
+  }
   const wchar_t start[] = {typed, L'\0'};
   startEdit(start);
 }
@@ -308,6 +382,20 @@ std::function<void()> GridControl::actionFor(const Key& key) {
       };
     }
   }
+  if (key.isPlain(VK_ESCAPE) && source_.tools().isBusy()) {
+    return [this] {
+      source_.tools().cancel();
+      invalidate();
+    };
+  }
+  if (foot_.isOpen()) {
+    if (auto action = findBoxAction(key)) return action;
+  }
+  // In a box that is typed into these keys have their usual meaning there.
+  if (GetFocus() == handle() || key.code == 'G') {
+    if (auto action = actionIn(menu(), key)) return action;
+  }
+  if (GetFocus() != handle()) return {};
   const ColumnKind kind = source_.columns()[column_].kind;
   if (key.isPlain(VK_F4) && kind == ColumnKind::Lookup) return [this] { lookupCurrent(); };
   if (key.isPlain(VK_F4) && kind == ColumnKind::ValueList) return [this] { startEdit(nullptr); };
@@ -418,29 +506,25 @@ LRESULT GridControl::answer(UINT message, WPARAM wParam, LPARAM lParam) {
     case WM_GETDLGCODE:
       return DLGC_WANTARROWS | DLGC_WANTCHARS;
     case WM_LBUTTONDOWN:
-      buttonDown(point);
+      buttonDown(point, (wParam & MK_SHIFT) != 0);
+      return 0;
+    case WM_RBUTTONDOWN:
+      rightButtonDown(point);
+      return 0;
+    case WM_CONTEXTMENU:
+      if (reinterpret_cast<HWND>(wParam) != handle()) break;
+      showMenu(point);
       return 0;
     case WM_LBUTTONDBLCLK:
       doubleClick(point);
       return 0;
-    case WM_RBUTTONDOWN: {
-      SetFocus(handle());
-      const layout::GridHit hit = geometry().hitTest(point.x, point.y);
-      if (hit.row > 0 && hit.column >= 0) goTo(hit.row, static_cast<std::size_t>(hit.column));
-      return 0;
-    }
-    case WM_CONTEXTMENU:
-      showMenu(point);
-      return 0;
     case WM_MOUSEMOVE:
-      if (resizing_ >= 0) {
-        geometry().moveEdge(static_cast<std::size_t>(resizing_), point.x);
-        updateScrollBars();
-        invalidate();
-      }
+      pointerMoved(point);
       return 0;
     case WM_LBUTTONUP:
-      if (resizing_ >= 0) ReleaseCapture();
+      if (resizing_ < 0) return 0;
+      keepWidth(static_cast<std::size_t>(resizing_));
+      ReleaseCapture();
       return 0;
     case WM_CAPTURECHANGED:
       resizing_ = -1;
@@ -455,13 +539,18 @@ LRESULT GridControl::answer(UINT message, WPARAM wParam, LPARAM lParam) {
       }
       break;
     }
-    case WM_MOUSEWHEEL: {
-      wheel_ += GET_WHEEL_DELTA_WPARAM(wParam);
-      const int notches = wheel_ / WHEEL_DELTA;
-      wheel_ -= notches * WHEEL_DELTA;
-      scrollTo(geometry_.topRow() - 3 * notches);
+    case WM_MOUSEWHEEL:
+      wheelTurned(GET_WHEEL_DELTA_WPARAM(wParam), (GET_KEYSTATE_WPARAM(wParam) & MK_SHIFT) != 0);
       return 0;
-    }
+    case WM_MOUSEHWHEEL:
+      wheelTurned(-GET_WHEEL_DELTA_WPARAM(wParam), true);
+      return 0;
+    case WM_TIMER:
+      if (wParam == workTimer) workOn();
+      return 0;
+    case WM_NOTIFY:
+      if (tip_.notified(handle(), reinterpret_cast<NMHDR*>(lParam))) return 0;
+      break;
     case WM_VSCROLL:
       scroll(SB_VERT, wParam);
       return 0;
@@ -476,6 +565,9 @@ LRESULT GridControl::answer(UINT message, WPARAM wParam, LPARAM lParam) {
       return 0;
     case WM_COMMAND:
       if (editor_.owns(reinterpret_cast<HWND>(lParam))) editorNotified(HIWORD(wParam));
+      if (foot_.owns(reinterpret_cast<HWND>(lParam)) && HIWORD(wParam) == EN_CHANGE) {
+        attempt([&] { source_.tools().find(toUtf8(foot_.entered()), soughtIn_); });
+      }
       return 0;
     case CellEditor::destroyMessage:
       CellEditor::destroy(lParam);

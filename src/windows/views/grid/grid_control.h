@@ -1,13 +1,18 @@
 #pragma once
 
 #include <functional>
-#include <map>
+#include <optional>
+#include <string>
+#include <utility>
 #include <vector>
 
+#include "controls/menu.h"
 #include "windows/support/windows_api.h"
 #include "windows/views/drawing/painting.h"
 #include "windows/views/drawing/theme.h"
 #include "windows/views/grid/cell_editor.h"
+#include "windows/views/grid/cell_tip.h"
+#include "windows/views/grid/grid_foot.h"
 #include "windows/views/grid/grid_source.h"
 #include "windows/views/layout/grid_geometry.h"
 #include "windows/views/window/inspection.h"
@@ -29,22 +34,25 @@ class GridControl : public Window {
   void themeChanged();
   /// Brings the current row into sight.
   void showCurrentRow();
-  /// Moves as the arrow and page keys do; whether the key means that.
-  bool moveBy(WPARAM key, bool control);
+  /// Moves as the arrow and page keys do; whether the key means that. With Shift the rows from
+  /// where the move began are chosen together.
+  bool moveBy(WPARAM key, bool control, bool shift = false);
   std::function<void()> actionFor(const Key& key);
   /// Ends editing and keeps what was typed; false when it was refused.
   bool commit();
 
   // Where parts are; empty when out of sight.
-  RECT rowBounds(std::int32_t row) { return toRECT(geometry().rowBounds(row)); }
+  RECT rowBounds(std::int32_t row);
   RECT cellBounds(std::int32_t row, std::size_t column) {
-    return toRECT(geometry().cellBounds(row, column));
+    return toRECT(geometry().seenPart(column, geometry_.cellBounds(row, column)));
   }
-  RECT headBounds(std::size_t column) { return toRECT(geometry().headBounds(column)); }
+  RECT headBounds(std::size_t column) {
+    return toRECT(geometry().seenPart(column, geometry_.headBounds(column)));
+  }
   /// Empty for a column whose cells are not set all at once.
   RECT tickAllBounds(std::size_t column) {
     if (source_.columns()[column].refusesAll) return {};
-    return toRECT(geometry().tickAllBounds(column));
+    return toRECT(geometry().seenPart(column, geometry_.tickAllBounds(column)));
   }
   /// Whether all cells of a check column are ticked.
   bool isTickAllOn(std::size_t column) const;
@@ -53,6 +61,9 @@ class GridControl : public Window {
   LRESULT answer(UINT message, WPARAM wParam, LPARAM lParam) override;
 
  private:
+  static constexpr UINT_PTR workTimer = 1;
+  static constexpr UINT workInterval = 10;  ///< milliseconds
+
   /// The geometry of what the source shows now.
   layout::GridGeometry& geometry();
   /// Widens the columns to what their heads and the cells in sight need.
@@ -65,12 +76,39 @@ class GridControl : public Window {
   // grid_control_paint.cpp
   void paint();
   void paintHead(HDC dc);
+  void paintHeadOf(HDC dc, std::size_t column);
   void paintRow(HDC dc, std::int32_t row);
-  void paintCell(HDC dc, std::int32_t row, std::size_t column, const RECT& area, bool isCurrentRow);
+  /// Calls `paintOne` for each column, so that none is drawn over the one that stays in sight.
+  void paintColumns(HDC dc, const std::function<void(std::size_t column)>& paintOne);
+  void paintCell(HDC dc, std::int32_t row, std::size_t column, const RECT& area, bool isChosenRow);
 
-  /// Shows the current row's menu at a point of the screen; (-1, -1) when a key asked for it.
+  // grid_control_tools.cpp
+  controls::Menu menu();
   void showMenu(POINT screen);
-  void buttonDown(POINT point);
+  void sortBy(std::size_t column);
+  /// Opens the box for what to find; `typed` is its first letter, 0 for none.
+  void openFind(std::optional<std::size_t> column, wchar_t typed);
+  void closeFind();
+  void copyCell();
+  /// The rows from place `first` to `last`.
+  void copyRows(std::int32_t first, std::int32_t last);
+  void exportRows();
+  void fitColumn(std::size_t column);
+  void keepWidth(std::size_t column);
+  /// Tells the user of errors.
+  void attempt(const std::function<void()>& work);
+  void workOn();
+  /// The first and last of the chosen rows; 0 without any.
+  std::pair<std::int32_t, std::int32_t> chosenRows() const;
+  std::string headOf(std::size_t column) const;
+  std::wstring cutTextAt(POINT point);
+  std::function<void()> findBoxAction(const Key& key);
+
+  void buttonDown(POINT point, bool shift);
+  void rightButtonDown(POINT point);
+  void pointerMoved(POINT point);
+  void wheelTurned(int delta, bool sideways);
+  void scrollSideways(int offset);
   void doubleClick(POINT point);
   void keyDown(WPARAM key, bool shift, bool control);
   void character(wchar_t typed);
@@ -89,10 +127,16 @@ class GridControl : public Window {
   GridSource& source_;
   layout::GridGeometry geometry_;
   CellEditor editor_;
+  GridFoot foot_;
+  CellTip tip_;
+  std::optional<std::size_t>
+      soughtIn_;                   ///< the column in which the find box looks; nothing for all
+  std::int32_t anchor_ = 0;        ///< the row where choosing several rows began, or 0
   std::int32_t measuredRows_ = 0;  ///< how many rows there were when the columns were measured
   std::size_t column_ = 0;         ///< the current column
   int resizing_ = -1;              ///< the column whose width the user changes, or -1
-  int wheel_ = 0;                  ///< the wheel's turn that has not scrolled a row yet
+  int sidewaysWheel_ = 0;
+  int wheel_ = 0;  ///< the wheel's turn that has not scrolled a row yet
 };
 
 }  // namespace kebu::windows

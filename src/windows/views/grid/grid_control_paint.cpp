@@ -33,6 +33,7 @@ void GridControl::paint() {
     if (IntersectRect(&touched, &bounds, &buffer.area())) paintRow(buffer.dc(), row);
   }
   paintHead(buffer.dc());
+  foot_.paint(buffer.dc(), clientArea(), toWide(source_.tools().status()));
   frame(buffer.dc(), clientArea(), colours.border);
 }
 
@@ -41,41 +42,68 @@ void GridControl::paintHead(HDC dc) {
   RECT head = clientArea();
   head.bottom = geometry().headHeight();
   fill(dc, head, colours.locked);
-  for (std::size_t i = 0; i < source_.columns().size(); ++i) {
-    if (!geometry_.isShown(i)) continue;
-    const GridSource::Column& column = source_.columns()[i];
-    RECT area = headBounds(i);
-    const bool isOpenCode = column.caption.empty();  // shares the next column's caption
-    if (!isOpenCode) {
-      RECT edge{area.right - 1, area.top + theme_->px(6), area.right, area.bottom - theme_->px(6)};
-      fill(dc, edge, colours.border);
-    }
-    area.left += theme_->px(8);
-    if (column.kind == ColumnKind::Check && !column.refusesAll) {
-      checkBox(dc, handle(), tickAllBounds(i), checkStateOf(source_.tickState(i)),
-               source_.isEnabled() && source_.rowCount() > 0, theme_->px(14));
-      area.left = tickAllBounds(i).right + theme_->px(5);
-    }
-    const UINT align = isNumeric(column.kind) ? DT_RIGHT : DT_LEFT;
-    area.right -= theme_->px(6);
-    text(dc, toWide(column.caption), area, colours.muted, theme_->strong(), DT_NOPREFIX | align);
-  }
+  paintColumns(dc, [&](std::size_t column) { paintHeadOf(dc, column); });
   head.top = head.bottom - 1;
   fill(dc, head, colours.border);
 }
 
+void GridControl::paintHeadOf(HDC dc, std::size_t index) {
+  const Palette& colours = theme_->colours();
+  const GridSource::Column& column = source_.columns()[index];
+  RECT area = toRECT(geometry_.headBounds(index));
+  const bool isOpenCode = column.caption.empty();  // shares the next column's caption
+  if (!isOpenCode) {
+    RECT edge{area.right - 1, area.top + theme_->px(6), area.right, area.bottom - theme_->px(6)};
+    fill(dc, edge, colours.border);
+  }
+  area.left += theme_->px(8);
+  if (column.kind == ColumnKind::Check && !column.refusesAll) {
+    const RECT box = toRECT(geometry_.tickAllBounds(index));
+    checkBox(dc, handle(), box, checkStateOf(source_.tickState(index)),
+             source_.isEnabled() && source_.rowCount() > 0, theme_->px(14));
+    area.left = box.right + theme_->px(5);
+  }
+  area.right -= theme_->px(6);
+  const auto& sorted = source_.tools().sortedBy();
+  if (sorted && sorted->column == index) {
+    RECT mark = area;
+    mark.left = area.right - theme_->px(12);
+    area.right = mark.left;
+    text(dc, sorted->isDescending ? L"\u25BC" : L"\u25B2", mark, colours.accent, theme_->font(),
+         DT_CENTER | DT_NOPREFIX);
+  }
+  const UINT align = isNumeric(column.kind) ? DT_RIGHT : DT_LEFT;
+  text(dc, toWide(column.caption), area, colours.muted, theme_->strong(), DT_NOPREFIX | align);
+}
+
+void GridControl::paintColumns(HDC dc, const std::function<void(std::size_t)>& paintOne) {
+  const RECT client = clientArea();
+  const std::size_t count = source_.columns().size();
+  const int frozen = geometry_.frozenRight();
+  const int state = SaveDC(dc);
+  if (frozen > geometry_.gutter()) ExcludeClipRect(dc, 0, 0, frozen, client.bottom);
+  for (std::size_t i = 0; i < count; ++i) {
+    if (geometry_.isShown(i) && !geometry_.isFrozen(i)) paintOne(i);
+  }
+  RestoreDC(dc, state);
+  for (std::size_t i = 0; i < count; ++i) {
+    if (geometry_.isFrozen(i)) paintOne(i);
+  }
+}
+
 void GridControl::paintRow(HDC dc, std::int32_t row) {
   const Palette& colours = theme_->colours();
-  RECT area = rowBounds(row);
-  const bool isCurrent = row == source_.currentRow();
-  if (isCurrent) fill(dc, area, colours.chosen);
-  for (std::size_t i = 0; i < source_.columns().size(); ++i) {
-    const RECT cell = cellBounds(row, i);
-    if (!IsRectEmpty(&cell)) paintCell(dc, row, i, cell, isCurrent);
-  }
+  RECT area = toRECT(geometry_.rowBounds(row));
+  const auto [first, last] = chosenRows();
+  const bool isChosen = row >= first && row <= last;
+  if (isChosen) fill(dc, area, colours.chosen);
+  paintColumns(dc, [&](std::size_t column) {
+    const RECT cell = toRECT(geometry_.cellBounds(row, column));
+    if (!IsRectEmpty(&cell)) paintCell(dc, row, column, cell, isChosen);
+  });
   if (source_.keepsRowState()) {
     RECT mark{0, area.top, geometry_.gutter(), area.bottom};
-    fill(dc, mark, isCurrent ? colours.chosen : colours.card);
+    fill(dc, mark, isChosen ? colours.chosen : colours.card);
     const int state = source_.rowState(row);
     if (state == 1 || state == 2) {
       const int size = theme_->px(9);
@@ -90,15 +118,15 @@ void GridControl::paintRow(HDC dc, std::int32_t row) {
 }
 
 void GridControl::paintCell(HDC dc, std::int32_t row, std::size_t column, const RECT& area,
-                            bool isCurrentRow) {
+                            bool isChosenRow) {
   const Palette& colours = theme_->colours();
   const ColumnKind kind = source_.columns()[column].kind;
   const bool locked = isChangeable(kind) && source_.isLocked(row, column);
   const bool enabled = source_.isEnabled() && !locked;
   const bool unused = source_.isUnused(row, column);
   const std::string warning = source_.warningOf(row, column);
-  if ((locked || unused) && !isCurrentRow) fill(dc, area, colours.locked);
-  const bool isCurrentCell = isCurrentRow && column == column_;
+  if ((locked || unused) && !isChosenRow) fill(dc, area, colours.locked);
+  const bool isCurrentCell = row == source_.currentRow() && column == column_;
   RECT inside = area;
   const std::string shown = warning.empty() ? source_.cellText(row, column) : warning;
   if (kind == ColumnKind::Check) {

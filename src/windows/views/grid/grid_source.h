@@ -9,7 +9,8 @@
 
 namespace kebu::windows {
 
-/// What a grid shows and acts on. Rows count from 1, columns from 0.
+/// What a grid shows and acts on. Rows count from 1 in the order in which they are shown, columns
+/// from 0.
 class GridSource {
  public:
   struct Column {
@@ -42,6 +43,12 @@ class GridSource {
   virtual bool keepsRowState() const { return false; }
   /// 1 in order, 2 incomplete, else not marked.
   virtual int rowState(std::int32_t /*row*/) { return 0; }
+  /// What can be done with the rows beside editing them.
+  virtual controls::GridTools& tools() = 0;
+  /// What the rows are, for the name of a file.
+  virtual std::string title() const = 0;
+  /// Tells the user of something that could not be done.
+  virtual void tell(const std::string& text) = 0;
 
   // What the user does. Errors are raised.
   virtual void selectRow(std::int32_t row) = 0;
@@ -53,6 +60,8 @@ class GridSource {
   virtual void lookup(std::int32_t /*row*/, std::size_t /*column*/) {}
   /// What can be done with the current row besides editing it.
   virtual controls::Menu rowMenu() { return {}; }
+  /// Looks for a text; false where the source does so in a box of its own.
+  virtual bool hasFindBox() const { return true; }
   /// Double click, or Enter where nothing is edited.
   virtual void activate() {}
 };

@@ -20,6 +20,7 @@ QueryGridView::QueryGridView(ViewSite& site, controls::QueryGrid& model, HWND pa
       model_(model),
       grid_(site.module(), parent, site.theme(), *this) {
   adopt(grid_.handle());
+  moves_ = model_.tools().moved.connect([this] { grid_.showCurrentRow(); });
 }
 
 void QueryGridView::readColumns() {
@@ -40,16 +41,20 @@ void QueryGridView::refresh() {
   grid_.sourceChanged();
 }
 
+std::string QueryGridView::title() const {
+  return model_.caption().empty() ? model_.Name() : model_.caption();
+}
+
 std::string QueryGridView::cellText(std::int32_t row, std::size_t column) {
   // While painting, a cell that cannot be read is an empty one.
   std::string text;
-  ignoringErrors([&] { text = model_.cellText(row, column); });
+  ignoringErrors([&] { text = model_.cellText(rowAt(row), column); });
   return text;
 }
 
 std::vector<std::string> QueryGridView::itemsOf(std::int32_t row, std::size_t column) {
   std::vector<std::string> texts;
-  for (const auto& item : model_.itemsOf(row, model_.columns().at(column))) {
+  for (const auto& item : model_.itemsOf(rowAt(row), model_.columns().at(column))) {
     texts.push_back(item.second);
   }
   return texts;
@@ -57,45 +62,45 @@ std::vector<std::string> QueryGridView::itemsOf(std::int32_t row, std::size_t co
 
 bool QueryGridView::isLocked(std::int32_t row, std::size_t column) {
   bool locked = true;
-  ignoringErrors([&] { locked = model_.isLocked(row, model_.columns().at(column)); });
+  ignoringErrors([&] { locked = model_.isLocked(rowAt(row), model_.columns().at(column)); });
   return locked;
 }
 
 bool QueryGridView::isUnused(std::int32_t row, std::size_t column) {
   bool unused = false;
-  ignoringErrors([&] { unused = model_.isUnused(row, fieldOf(column)); });
+  ignoringErrors([&] { unused = model_.isUnused(rowAt(row), fieldOf(column)); });
   return unused;
 }
 
 std::string QueryGridView::warningOf(std::int32_t row, std::size_t column) {
-  return model_.isUnknown(row, fieldOf(column)) ? model_.unknownText() : "";
+  return model_.isUnknown(rowAt(row), fieldOf(column)) ? model_.unknownText() : "";
 }
 
 int QueryGridView::rowState(std::int32_t row) {
   int state = 0;
-  ignoringErrors([&] { state = toInt32(CDecN(model_.rowState(row))); });
+  ignoringErrors([&] { state = toInt32(CDecN(model_.rowState(rowAt(row)))); });
   return state;
 }
 
 void QueryGridView::edit(std::int32_t row, std::size_t column, const std::string& text) {
-  model_.edit(row, fieldOf(column), Value(text));
+  model_.edit(rowAt(row), fieldOf(column), Value(text));
 }
 
 void QueryGridView::choose(std::int32_t row, std::size_t column, std::size_t item) {
-  const auto& items = model_.itemsOf(row, model_.columns().at(column));
-  model_.edit(row, fieldOf(column), Value(items.at(item).first));
+  const auto& items = model_.itemsOf(rowAt(row), model_.columns().at(column));
+  model_.edit(rowAt(row), fieldOf(column), Value(items.at(item).first));
 }
 
 void QueryGridView::empty(std::int32_t row, std::size_t column) {
-  model_.edit(row, fieldOf(column), Null{});
+  model_.edit(rowAt(row), fieldOf(column), Null{});
 }
 
 void QueryGridView::tick(std::int32_t row, std::size_t column) {
-  model_.tickCell(row, fieldOf(column));
+  model_.tickCell(rowAt(row), fieldOf(column));
 }
 
 void QueryGridView::lookup(std::int32_t row, std::size_t column) {
-  model_.lookup(row, fieldOf(column));
+  model_.lookup(rowAt(row), fieldOf(column));
 }
 
 controls::Menu QueryGridView::rowMenu() {
@@ -123,7 +128,9 @@ void QueryGridView::describe(Inspection& inspection) {
   View::describe(inspection);
   inspection.count = model_.rowCount();
   inspection.columns = static_cast<std::int32_t>(columns_.size());
-  inspection.current = model_.currentRow();
+  inspection.current = currentRow();
+  write(inspection.hint, toWide(tools().status()));
+  if (tools().isBusy()) addMark(inspection, "busy");
 }
 
 bool QueryGridView::describePart(Inspection& inspection) {
@@ -134,7 +141,7 @@ bool QueryGridView::describePart(Inspection& inspection) {
   if (inspection.part == Inspected::Row) {
     if (row < 1 || row > model_.rowCount()) return false;
     if (seen) inspection.bounds = grid_.rowBounds(row);
-    const std::string state = toDisplay(model_.rowState(row));
+    const std::string state = toDisplay(model_.rowState(rowAt(row)));
     writeName(inspection, model_.rowStateField());
     if (!state.empty()) addMark(inspection, state.c_str());
     return true;
@@ -148,6 +155,9 @@ bool QueryGridView::describePart(Inspection& inspection) {
     case Inspected::Column:
       if (seen) inspection.bounds = grid_.headBounds(index);
       writeText(inspection, column.caption);
+      if (const auto& sorted = tools().sortedBy(); sorted && sorted->column == index) {
+        addMark(inspection, sorted->isDescending ? "sorted-down" : "sorted");
+      }
       inspection.count =
           static_cast<std::int32_t>(model_.itemsOf(model_.currentRow(), column).size());
       return true;
@@ -169,12 +179,12 @@ bool QueryGridView::describePart(Inspection& inspection) {
     case Inspected::Cell: {
       if (row < 1 || row > model_.rowCount()) return false;
       if (seen) inspection.bounds = grid_.cellBounds(row, index);
-      writeText(inspection, model_.cellText(row, index));
-      if (isChangeable(column.kind) && model_.isLocked(row, column)) {
+      writeText(inspection, model_.cellText(rowAt(row), index));
+      if (isChangeable(column.kind) && model_.isLocked(rowAt(row), column)) {
         addMark(inspection, "locked");
       }
-      if (model_.isUnused(row, column.field)) addMark(inspection, "unused");
-      if (model_.isUnknown(row, column.field)) addMark(inspection, "unknown");
+      if (model_.isUnused(rowAt(row), column.field)) addMark(inspection, "unused");
+      if (model_.isUnknown(rowAt(row), column.field)) addMark(inspection, "unknown");
       return true;
     }
     default:

@@ -24,7 +24,7 @@ class QueryGridView : public View, private GridSource {
  private:
   const std::vector<Column>& columns() const override { return columns_; }
   std::int32_t rowCount() const override { return model_.rowCount(); }
-  std::int32_t currentRow() const override { return model_.currentRow(); }
+  std::int32_t currentRow() const override { return tools().placeOf(model_.currentRow()); }
   std::string cellText(std::int32_t row, std::size_t column) override;
   std::vector<std::string> itemsOf(std::int32_t row, std::size_t column) override;
   bool isEnabled() const override { return looksEnabled(); }
@@ -36,7 +36,7 @@ class QueryGridView : public View, private GridSource {
   std::string warningOf(std::int32_t row, std::size_t column) override;
   bool keepsRowState() const override { return !model_.rowStateField().empty(); }
   int rowState(std::int32_t row) override;
-  void selectRow(std::int32_t row) override { model_.selectRow(row); }
+  void selectRow(std::int32_t row) override { model_.selectRow(rowAt(row)); }
   void edit(std::int32_t row, std::size_t column, const std::string& text) override;
   void choose(std::int32_t row, std::size_t column, std::size_t item) override;
   void empty(std::int32_t row, std::size_t column) override;
@@ -45,6 +45,13 @@ class QueryGridView : public View, private GridSource {
   void lookup(std::int32_t row, std::size_t column) override;
   controls::Menu rowMenu() override;
 
+  controls::GridTools& tools() override { return model_.tools(); }
+  const controls::GridTools& tools() const { return model_.tools(); }
+  std::string title() const override;
+  void tell(const std::string& text) override { model_.tell(text); }
+
+  /// The model's row at a place on the screen.
+  std::int32_t rowAt(std::int32_t place) const { return tools().rowAt(place); }
   void readColumns();
   std::string fieldOf(std::size_t column) const { return model_.columns().at(column).field; }
   /// The column that a part is of; columns().size() when there is none.
@@ -53,6 +60,7 @@ class QueryGridView : public View, private GridSource {
   controls::QueryGrid& model_;
   std::vector<Column> columns_;
   GridControl grid_;
+  Subscription moves_;
 };
 
 }  // namespace kebu::windows

@@ -36,19 +36,36 @@ std::size_t GridGeometry::shownFrom(std::size_t column, int step) const {
 int GridGeometry::columnWidth(std::size_t column) const {
   if (!isShown(column)) return 0;
   const Width& width = widths_[column];
-  if (width.user) return metrics_.px(std::max(width.user, minimumColumn));
+  const int given = width.user ? width.user : contents_.columns[column].given;
+  if (given) return metrics_.px(std::max(given, minimumColumn));
   const int stated = std::max(contents_.columns[column].width, minimumColumn);
   return std::max(metrics_.px(stated), width.required);
 }
 
+bool GridGeometry::isFrozen(std::size_t column) const {
+  const std::vector<GridColumn>& columns = contents_.columns;
+  const bool isFirst =
+      column < columns.size() && isShown(column) &&
+      std::none_of(columns.begin(), columns.begin() + static_cast<std::ptrdiff_t>(column),
+                   [](const GridColumn& before) { return before.width > 0; });
+  return isFirst && gutter() + columnWidth(column) <= width_ / 2;
+}
+
+int GridGeometry::frozenRight() const {
+  for (std::size_t i = 0; i < contents_.columns.size(); ++i) {
+    if (isShown(i)) return gutter() + (isFrozen(i) ? columnWidth(i) : 0);
+  }
+  return gutter();
+}
+
 int GridGeometry::columnLeft(std::size_t column) const {
-  int left = gutter() - offset_;
+  int left = gutter() - (isFrozen(column) ? 0 : offset_);
   for (std::size_t i = 0; i < column; ++i) left += columnWidth(i);
   return left;
 }
 
-void GridGeometry::moveEdge(std::size_t column, int x) {
-  widths_[column].user = std::max(metrics_.units(x - columnLeft(column)), minimumColumn);
+void GridGeometry::fit(std::size_t column, int width) {
+  widths_[column].user = std::max(metrics_.units(width), minimumColumn);
 }
 
 Rect GridGeometry::rowBounds(std::int32_t row) const {
@@ -62,8 +79,14 @@ Rect GridGeometry::cellBounds(std::int32_t row, std::size_t column) const {
   const Rect whole = rowBounds(row);
   if (whole.isEmpty()) return {};
   const Rect cell{columnLeft(column), whole.top, columnWidth(column), whole.height};
-  const bool inSight = !cell.isEmpty() && cell.left < width_ && cell.right() > 0;
-  return inSight ? cell : Rect{};
+  return seenPart(column, cell).isEmpty() ? Rect{} : cell;
+}
+
+Rect GridGeometry::seenPart(std::size_t column, const Rect& part) const {
+  const int left = isFrozen(column) ? part.left : std::max(part.left, offset_ ? frozenRight() : 0);
+  const Rect seen{left, part.top, std::min(part.right(), width_) - left,
+                  std::min(part.bottom(), height_) - part.top};
+  return seen.isEmpty() ? Rect{} : seen;
 }
 
 Rect GridGeometry::headBounds(std::size_t column) const {
@@ -80,7 +103,8 @@ GridHit GridGeometry::hitTest(int x, int y) const {
   GridHit hit;
   const bool inHeads = y < headHeight();
   for (std::size_t i = 0; i < contents_.columns.size(); ++i) {
-    if (!isShown(i)) continue;
+    const bool isCovered = x < frozenRight() && !isFrozen(i) && offset_ > 0;
+    if (!isShown(i) || isCovered) continue;
     const int left = columnLeft(i);
     const int right = left + columnWidth(i);
     if (inHeads && std::abs(x - right) <= metrics_.px(edgeReach)) {
@@ -115,7 +139,8 @@ void GridGeometry::showRow(std::int32_t row) {
 }
 
 void GridGeometry::showColumn(std::size_t column) {
-  const int hiddenLeft = gutter() - columnLeft(column);
+  if (isFrozen(column)) return;
+  const int hiddenLeft = frozenRight() - columnLeft(column);
   const int hiddenRight = columnLeft(column) + columnWidth(column) - width_;
   if (hiddenLeft > 0) {
     scrollToOffset(offset_ - hiddenLeft);

@@ -13,6 +13,7 @@ namespace kebu::windows::layout {
 struct GridColumn {
   int width = 0;         ///< in 96ths of an inch; a column of no width is hidden
   bool isCheck = false;  ///< its head has a box that sets all of its cells
+  int given = 0;         ///< the width that the user gave it earlier; 0 for none
 
   bool operator==(const GridColumn&) const = default;
 };
@@ -33,7 +34,8 @@ struct GridHit {
 
 /// Where the parts of a grid are, in pixels of its client area: a row of heads, below it rows of
 /// the same height, of which as many are counted as fit in full. Rows count from 1, columns from 0.
-/// Scrolls down by whole rows and sideways by pixels.
+/// Scrolls down by whole rows and sideways by pixels; the first column stays where it is, unless it
+/// takes up more than half of the width.
 class GridGeometry {
  public:
   /// The metrics must outlive this and may change.
@@ -55,6 +57,10 @@ class GridGeometry {
   std::size_t shownFrom(std::size_t column, int step) const;
   int columnWidth(std::size_t column) const;
   int columnLeft(std::size_t column) const;
+  /// Whether the column stays in sight when the others are scrolled sideways.
+  bool isFrozen(std::size_t column) const;
+  /// The right edge of what stays in sight.
+  int frozenRight() const;
   int totalWidth() const { return columnLeft(contents_.columns.size()) + offset_; }
   /// The least width of a column in pixels, unless the user gave it another one.
   void setRequiredWidth(std::size_t column, int width) { widths_[column].required = width; }
@@ -63,7 +69,11 @@ class GridGeometry {
     for (Width& width : widths_) width.required = 0;
   }
   /// The user moves the column's right edge to `x`.
-  void moveEdge(std::size_t column, int x);
+  void moveEdge(std::size_t column, int x) { fit(column, x - columnLeft(column)); }
+  /// The user gives the column a width in pixels.
+  void fit(std::size_t column, int width);
+  /// The width that the user gave the column in 96ths of an inch; 0 for none.
+  int userWidth(std::size_t column) const { return widths_[column].user; }
 
   // Rows.
   std::int32_t rowCount() const { return contents_.rowCount; }
@@ -76,6 +86,8 @@ class GridGeometry {
   // Where parts are; empty when out of sight.
   Rect rowBounds(std::int32_t row) const;
   Rect cellBounds(std::int32_t row, std::size_t column) const;
+  /// What is seen of a part of a column: not what the frozen column or the lower edge covers.
+  Rect seenPart(std::size_t column, const Rect& part) const;
   Rect headBounds(std::size_t column) const;
   /// The box in the head of a column of check boxes; empty for other columns.
   Rect tickAllBounds(std::size_t column) const;

@@ -57,12 +57,15 @@ class MadeUpRows : public ado::Recordset, public std::enable_shared_from_this<Ma
     (*edits_)[{position_, static_cast<std::size_t>(at - all.begin())}] = value;
   }
   Value originalValue(std::string_view field) const override { return value(field); }
-  std::vector<RowValues> GetRows(std::int32_t rows) override {
+  std::vector<RowValues> GetRows(std::int32_t rows, std::string_view field) override {
+    const std::size_t only = ado::indexOf(fields(), field);
     std::vector<RowValues> read;
     const std::int32_t last = rows < 0 ? count_ : std::min(position_ + rows - 1, count_);
     for (; position_ <= last; ++position_) {
       std::vector<Value> row;
-      for (std::size_t i = 0; i < fields().size(); ++i) row.push_back(valueAt(position_, i));
+      for (std::size_t i = 0; i < fields().size(); ++i) {
+        if (field.empty() || i == only) row.push_back(valueAt(position_, i));
+      }
       read.emplace_back(std::move(row));
     }
     return read;
