@@ -42,6 +42,12 @@ QueryCondition conditionOf(const QueryEditor::Row& row) {
   }
 }
 
+std::string commaSeparated(const std::vector<std::string>& items) {
+  std::string text;
+  for (const std::string& item : items) text += (text.empty() ? "" : ", ") + item;
+  return text;
+}
+
 }  // namespace
 
 QueryEditor::Row::Row(const std::string& editor, std::size_t number, const QueryField& declared)
@@ -81,7 +87,8 @@ QueryEditor::QueryEditor(std::string name, ControlHost& host, const QueryCompose
       text_(composedTextName(Name()), "Condizione"),
       count_(Name() + ".CONTA", "Conta"),
       answer_(Name() + ".ESITO"),
-      warning_(Name() + ".AVVISO") {
+      warning_(Name() + ".AVVISO"),
+      condition_(Name() + ".PAROLE") {
   text_.setEditable(false);
   text_.setLines(3);
   warning_.setWarning(true);
@@ -140,7 +147,8 @@ void QueryEditor::listen(Row& row, RangeEnd end) {
 void QueryEditor::completeDeclaration() {
   text_.setCaption(translated(text_.caption()));
   count_.setCaption(translated(count_.caption()));
-  addAll(warning_, text_, count_, answer_);
+  addAll(warning_, condition_, text_, count_, answer_);
+  condition_.setCaption(unrestrictedText_);
   changed.raise();
 }
 
@@ -212,11 +220,13 @@ std::string QueryEditor::sentence(std::size_t field) const {
   std::string text = op ? op->caption : "";
   const auto add = [&](const char* before, const EditBox& box, const Label& description) {
     if (!box.isVisible() || box.text().empty()) return;
-    text += before + box.text();
+    text += before + (shown.shown == QueryOperator::OneOf ? commaSeparated(splitList(box.text()))
+                                                          : box.text());
     if (!description.caption().empty()) text += " (" + description.caption() + ")";
   };
   add(" ", shown.first, shown.firstDescription);
-  add(" ... ", shown.second, shown.secondDescription);
+  if (shown.second.isVisible() && shown.first.text().empty()) text += " ...";
+  add(" e ", shown.second, shown.secondDescription);
   return text;
 }
 
@@ -224,7 +234,7 @@ std::string QueryEditor::words() const {
   std::string text;
   for (std::size_t field = 0; field < rows_.size(); ++field) {
     if (rows_[field]->shown == QueryOperator::Any) continue;
-    text += (text.empty() ? "" : ", ") + rows_[field]->op.caption() + " " + sentence(field);
+    text += (text.empty() ? "" : "; ") + rows_[field]->op.caption() + " " + sentence(field);
   }
   return text;
 }
@@ -305,6 +315,8 @@ void QueryEditor::conditionChanged(const Row& row) {
 
 void QueryEditor::recompose() {
   text_.setText(ComponiCondizione());
+  const std::string stated = words();
+  condition_.setCaption(stated.empty() ? unrestrictedText_ : stated);
   answer_.setCaption("");
   const std::string reversed = reversedRanges();
   warning_.setCaption(reversed);

@@ -78,6 +78,8 @@ class QueryEditor : public OfKind<ControlKind::QueryEditor, GroupBox> {
   void setStorageKey(const std::string& key) { storageKey_ = key; }
   /// Puts the texts of the rows into the user's language; before the first field.
   void setTranslator(Translator translator) { translator_ = std::move(translator); }
+  /// What the editor says in words while nothing is restricted.
+  void setUnrestrictedText(const std::string& text) { unrestrictedText_ = text; }
 
   void addField(const QueryField& field);
   /// The last field was declared: the controls below the rows are added.
@@ -104,7 +106,8 @@ class QueryEditor : public OfKind<ControlKind::QueryEditor, GroupBox> {
 
   /// States the conditions of another editor on the fields that both have, and none on the rest.
   void copyFrom(const QueryEditor& other);
-  /// What is stated on all fields, in words: "Provincia uguale a MI, Citta' contiene ANO".
+  /// What is stated on all fields, in words: "Provincia uguale a MI; Citta' contiene ANO". "" when
+  /// nothing is.
   std::string words() const;
   /// Shows the saved filter of that name; false when there is none. RuntimeError 5
   /// or 13 for one that cannot be read, which changes nothing.
@@ -123,7 +126,7 @@ class QueryEditor : public OfKind<ControlKind::QueryEditor, GroupBox> {
   /// "Conta": fill in the answer.
   Event<std::string&> Count;
 
-  /// What is stated on a field, from 0, in words: "uguale a VER (Vernici)".
+  /// What is stated on a field, from 0, in words: "uguale a VER (Vernici)", "uno tra UTE, ELE".
   std::string sentence(std::size_t field) const;
 
   /// The name of a row's operator, or of a value.
@@ -157,6 +160,8 @@ class QueryEditor : public OfKind<ControlKind::QueryEditor, GroupBox> {
   const Button& countButton() const { return count_; }
   const Label& countAnswer() const { return answer_; }
   const Label& warning() const { return warning_; }
+  /// The condition in words.
+  const Label& condition() const { return condition_; }
 
  private:
   /// Puts the operators into the user's language, once for all fields.
@@ -192,6 +197,8 @@ class QueryEditor : public OfKind<ControlKind::QueryEditor, GroupBox> {
   Button count_;
   Label answer_;
   Label warning_;
+  Label condition_;
+  std::string unrestrictedText_;
 };
 
 }  // namespace kebu::controls

@@ -209,7 +209,7 @@ TEST_F(QueryEditorTest, SavedFiltersComeBackInAnotherEditor) {
   declare(other);
   ASSERT_TRUE(other.loadFilter("Filtro"));
   EXPECT_EQ(other.ComponiCondizione(), editor.ComponiCondizione());
-  EXPECT_EQ(other.sentence(2), "compreso tra ... 5 (<5>)");
+  EXPECT_EQ(other.sentence(2), "compreso tra ... e 5 (<5>)");
   EXPECT_TRUE(changes.empty()) << "the user changed nothing";
   EXPECT_FALSE(other.loadFilter("Altro"));
   other.setStorageKey("KB_SELART");

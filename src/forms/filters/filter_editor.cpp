@@ -36,6 +36,7 @@ const FilterSubject& customersSubject() {
                                      .previewKind = 1,
                                      .countStatement = sql::ContaClienti,
                                      .condition = customerCondition,
+                                     .unrestricted = "nessuna restrizione: tutti i clienti",
                                      .counted = "Clienti selezionati: ",
                                      .listed = "con e-mail, nell'anteprima: "};
   return subject;
@@ -46,6 +47,7 @@ const FilterSubject& articlesSubject() {
                                      .previewKind = 2,
                                      .countStatement = sql::ContaArticoli,
                                      .condition = articleCondition,
+                                     .unrestricted = "nessuna restrizione: tutti gli articoli",
                                      .counted = "Articoli selezionati: ",
                                      .listed = "con le varianti, nell'anteprima: "};
   return subject;
@@ -77,6 +79,7 @@ void FilterEditor::prepare(const char* keySuffix, Procedure& p) {
   });
   p.step([&] {
     for (const auto& field : declarationsOf(subject_.fields)) editor_.addField(field);
+    editor_.setUnrestrictedText(context_.translate(subject_.unrestricted));
     editor_.completeDeclaration();
   });
 }

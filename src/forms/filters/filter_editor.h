@@ -18,8 +18,9 @@ struct FilterSubject {
                                 const std::string& filter);
   /// The condition on the subject that the editor's choices come to.
   std::string (*condition)(const controls::QueryEditor& editor);
-  const char* counted;  ///< what is counted, in Italian
-  const char* listed;   ///< what the preview lists of it, when that is another number
+  const char* unrestricted;  ///< what the editor says while nothing is restricted, in Italian
+  const char* counted;       ///< what is counted, in Italian
+  const char* listed;        ///< what the preview lists of it, when that is another number
 };
 
 const FilterSubject& customersSubject();

@@ -3,7 +3,8 @@
 #include "windows/views/layout/page_layout.h"
 
 // The layout of a query editor: a line for each field, with its operator and one or two values.
-// Below the lines stand the warning, the composed text, and "Conta" with its answer.
+// Below the lines stand the warning, the condition in words and as composed text, and "Conta" with
+// its answer.
 namespace kebu::windows::layout {
 
 using controls::QueryEditor;
@@ -25,7 +26,7 @@ PageLayout::Block PageLayout::editorBlock(QueryEditor& editor) {
   const int inset = metrics_.px(padding);
   const int text = editor.composedText().lines() * metrics_.lineHeight + metrics_.px(8);
   const int warning = editor.warning().isVisible() ? row : 0;
-  const int below = warning + metrics_.px(blockGap) + text + metrics_.px(rowGap) +
+  const int below = warning + metrics_.px(blockGap) + row + text + metrics_.px(rowGap) +
                     metrics_.fieldHeight() + metrics_.px(2);
   const auto place = [this, &editor, row, inset, below, warning](const Rect& area) {
     placements_[&editor].bounds = area;
@@ -89,6 +90,8 @@ void PageLayout::placeBelow(const QueryEditor& editor, const Rect& area, int war
   }
   const int button = metrics_.fieldHeight() + metrics_.px(2);
   top += metrics_.px(blockGap);
+  placements_[&editor.condition()].bounds = {left, top, width, metrics_.fieldHeight()};
+  top += metrics_.fieldHeight() + metrics_.px(rowGap);
   const int most = mostLines * metrics_.lineHeight + metrics_.px(8);
   const int height = std::min(area.bottom() - top - button - metrics_.px(rowGap), most);
   placements_[&editor.composedText()] = {
