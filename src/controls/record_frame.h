@@ -77,6 +77,8 @@ class RecordFrame : public OfKind<ControlKind::RecordFrame> {
   void showRecord() { setStatus(FrameStatus::Browsing); }
 
   FrameStatus status() const { return status_; }
+  /// Whether there are rows to show, be it none.
+  bool isRead() const { return rows_ && rows_->isOpen(); }
   bool hasRecord() const { return rows_ && rows_->isOpen() && !rows_->BOF() && !rows_->EOF_(); }
   /// The current record's column; empty when there is no record.
   Value field(std::string_view name) const { return hasRecord() ? rows_->value(name) : Value(); }

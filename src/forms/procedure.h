@@ -39,9 +39,12 @@ class Procedure {
     return step([&] { return context_.profileKey(); });
   }
 
-  /// Runs a statement that has no rows.
-  void run(const std::string& statement) {
-    step([&] { context_.connection->Execute(statement); });
+  /// Runs a statement that has no rows; false when it failed and the user went on.
+  bool run(const std::string& statement) {
+    return step([&] {
+      context_.connection->Execute(statement);
+      return true;
+    });
   }
   /// Runs a statement and gives its rows, forward-only.
   Ref<ado::Recordset> read(const std::string& statement) {

@@ -46,7 +46,10 @@ FRMKB_ANAGRAFICA::FRMKB_ANAGRAFICA(const Runtime& runtime)
   trace_.initialized();
   buildPages();
   INAV_PAR.bind(FME_ANAGRAFICA);
-  FME_ANAGRAFICA.stateChanged.on([this] { lockByRights(); });
+  FME_ANAGRAFICA.stateChanged.on([this] {
+    lockByRights();
+    showWhere();
+  });
   filters_.setParameters(parameters_.FME_PARAMETRI);
   preview_.setProfileFilters(filters_.ENHQUERY_CLI, filters_.ENHQUERY_ART);
   priceLists_.arePricesManaged = [this] { return parameters_.CHK_GM04_FLGGESTPREZZI.isTicked(); };
@@ -405,6 +408,31 @@ void FRMKB_ANAGRAFICA::markChangedPages() {
   SBAR_MAIN.mark(customerCategoriesView, categories_.areCustomersChanged());
   SBAR_MAIN.mark(articleCategoriesView, categories_.areArticlesChanged());
   SBAR_MAIN.mark(DiscountsPage::view, discounts_.hasPendingChanges());
+  showWhere();
+}
+
+void FRMKB_ANAGRAFICA::showWhere() {
+  constexpr const char* cause = "not linked";
+  constexpr std::size_t panel = 1;
+  // Before the profile is read, or when it could not be read, nothing is known of it.
+  if (!FME_ANAGRAFICA.isRead() || context_.company.isEmpty()) return;
+  const auto translate = [this](const char* text) { return context_.translate(text); };
+  const FrameStatus status = FME_ANAGRAFICA.status();
+  const bool isLinked = FME_ANAGRAFICA.hasRecord() && status != FrameStatus::New;
+  const bool isChanged = status != FrameStatus::Browsing || categories_.areCustomersChanged() ||
+                         categories_.areArticlesChanged() || discounts_.hasPendingChanges();
+  std::string text = translate("Ditta ") + toDisplay(context_.company) + ", " +
+                     translate(isLinked ? "collegata" : "non collegata");
+  if (isChanged) text += ", " + translate("modifiche non salvate");
+  if (text != progress_.STATUSBAR.panels().front()) progress_.STATUSBAR.setPanelText(panel, text);
+  if (isLinked || status == FrameStatus::New) {
+    context_.notices.remove(cause);
+  } else if (!context_.notices.has(cause)) {
+    context_.notices.show(
+        {.cause = cause,
+         .text = translate("La ditta non è ancora collegata: premere \"Nuovo\", compilare i "
+                           "parametri e premere \"Conferma\".")});
+  }
 }
 
 bool FRMKB_ANAGRAFICA::concludePages(Procedure& p) {

@@ -95,6 +95,9 @@ class FRMKB_ANAGRAFICA : public controls::Form, public host::WindowMembers {
   void showRefused(controls::BoundControl& control);
   /// Marks the side bar's links to pages with changes of the user's that are not saved.
   void markChangedPages();
+  /// Says in the status bar which company this is, whether it is linked, and whether there are
+  /// changes that are not saved.
+  void showWhere();
   /// Asks whether to save the changes of the marked pages; whether the window may close.
   bool concludePages(Procedure& p);
   void ExecuteFormEvent(const std::string& event, bool& cancel);

@@ -80,9 +80,10 @@ void DepositsPage::ImpostaRstDepositi() {
   load_.ended(isMade && isShown);
 }
 
-void DepositsPage::ConfermaModificheDepositi() {
-  procedure(context_, "ConfermaModificheDepositi",
-            [&](Procedure& p) { p.run(sql::SalvaDepositi(workingTable_, p.profile())); });
+bool DepositsPage::ConfermaModificheDepositi() {
+  return procedure(context_, "ConfermaModificheDepositi", [&](Procedure& p) {
+    return p.run(sql::SalvaDepositi(workingTable_, p.profile()));
+  });
 }
 
 bool DepositsPage::CheckPredefinito() {

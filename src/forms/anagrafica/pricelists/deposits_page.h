@@ -26,8 +26,10 @@ class DepositsPage : public Page {
   void ImpostaQGRID_DEP();
   /// Fills the working table for the current profile and shows it.
   void ImpostaRstDepositi();
-  /// Writes the working table to the profile's deposits.
-  void ConfermaModificheDepositi();
+  /// Writes the working table to the profile's deposits; whether it was written.
+  bool ConfermaModificheDepositi();
+  /// How many deposits are published.
+  std::int32_t activeCount() { return QGRID_DEP.tickedRows("FLG_ATTIVO"); }
 
  private:
   /// Whether the working table was made.

@@ -248,11 +248,12 @@ void PriceListsPage::ImpostaRstListini() {
   load_.ended(hasSlots && isMade && isShown);
 }
 
-void PriceListsPage::ConfermaModificheListini() {
-  procedure(context_, "ConfermaModificheListini", [&](Procedure& p) {
-    p.run(sql::SalvaListini(workingTable_));
-    p.run(sql::DisattivaListiniIncompleti(p.profile()));
+bool PriceListsPage::ConfermaModificheListini() {
+  return procedure(context_, "ConfermaModificheListini", [&](Procedure& p) {
+    const bool isSaved = p.run(sql::SalvaListini(workingTable_));
+    const bool isSwitchedOff = p.run(sql::DisattivaListiniIncompleti(p.profile()));
     p.step([&] { showSwitchedOff(); });
+    return isSaved && isSwitchedOff;
   });
 }
 

@@ -36,7 +36,10 @@ class PriceListsPage : public Page {
   /// Gives the current profile its slots, fills the working table and shows it.
   void ImpostaRstListini();
   /// Writes the working table to the profile's slots and switches incomplete ones off.
-  void ConfermaModificheListini();
+  /// Whether both were done.
+  bool ConfermaModificheListini();
+  /// How many slots are published.
+  std::int32_t activeCount() { return QGRID_LISTINI.tickedRows("GM57_FLGATTIVO"); }
   /// Says what the active slots do not publish.
   void refreshNotices();
   /// Whether the parameters say that prices are managed.

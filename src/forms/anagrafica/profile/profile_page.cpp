@@ -30,6 +30,7 @@ constexpr FixedValue fixedValues[] = {
 constexpr const char* activitiesCause = "activities of a new profile";
 constexpr const char* brokenOffCause = "deletion broken off";
 constexpr const char* staleCause = "profile changed meanwhile";
+constexpr const char* savedCause = "saved";
 
 }  // namespace
 
@@ -95,9 +96,11 @@ void ProfilePage::FME_ANAGRAFICA_BeforeUpdate(bool& cancel) {
 void ProfilePage::FME_ANAGRAFICA_AfterUpdate() {
   procedure(context_, "FME_ANAGRAFICA_AfterUpdate", [&](Procedure&) {
     context_.notices.remove(brokenOffCause);
-    dependents_.deposits.ConfermaModificheDepositi();
-    dependents_.priceLists.ConfermaModificheListini();
-    dependents_.synchronisation.SchedulaAttJob();
+    Saved saved;
+    saved.deposits = dependents_.deposits.ConfermaModificheDepositi();
+    saved.priceLists = dependents_.priceLists.ConfermaModificheListini();
+    saved.job = dependents_.synchronisation.SchedulaAttJob();
+    showSaved(saved);
     dependents_.filters.compareWithStored();
     // A new profile gets its price slots now.
     if (!equalAsVariants(loadedProfile_, context_.profileId())) {
@@ -137,6 +140,27 @@ void ProfilePage::showConflict() {
        .perform = [this] { reload(); }});
 }
 
+// Counted in the rows that are shown, which are the ones that were saved.
+void ProfilePage::showSaved(const Saved& saved) {
+  const auto translate = [this](const char* text) { return context_.translate(text); };
+  const auto counted = [&](std::int32_t count, const char* one, const char* several) {
+    return std::to_string(count) + ' ' + translate(count == 1 ? one : several);
+  };
+  const auto twoDigits = [](int number) {
+    return (number < 10 ? "0" : "") + std::to_string(number);
+  };
+  const Date now = context_.now();
+  const std::string text =
+      translate("Salvato ") + twoDigits(now.hour) + ':' + twoDigits(now.minute) + ": " +
+      (saved.deposits ? counted(dependents_.deposits.activeCount(), "deposito", "depositi")
+                      : translate("depositi non salvati")) +
+      ", " +
+      (saved.priceLists ? counted(dependents_.priceLists.activeCount(), "listino", "listini")
+                        : translate("listini non salvati")) +
+      ", " + translate(saved.job ? "lavoro richiesto" : "lavoro non richiesto");
+  context_.notices.show({.cause = savedCause, .text = text});
+}
+
 void ProfilePage::FME_ANAGRAFICA_BeforeDelete(bool& cancel) {
   // The profile is kept when the user aborted the deletion of what depends on it.
   cancel = !procedure(context_, "FME_ANAGRAFICA_BeforeDelete", [&](Procedure& p) {
@@ -148,6 +172,7 @@ void ProfilePage::FME_ANAGRAFICA_BeforeDelete(bool& cancel) {
 void ProfilePage::FME_ANAGRAFICA_AfterDelete() {
   context_.notices.remove(activitiesCause);
   context_.notices.remove(brokenOffCause);
+  context_.notices.remove(savedCause);
   procedure(context_, "FME_ANAGRAFICA_AfterDelete", [&](Procedure&) {
     dependents_.categories.LetturaDatiConfigurazioneCategorie();
     reloadDependents();
@@ -172,6 +197,8 @@ void ProfilePage::reloadDependents() {
 void ProfilePage::FME_ANAGRAFICA_ChangeStatus(FrameStatus status, FrameStatus previous) {
   procedure(context_, "FME_ANAGRAFICA_ChangeStatus", [&](Procedure&) {
     dependents_.categories.setEnabled(status == FrameStatus::Browsing);
+    const bool isEdited = status != FrameStatus::Browsing && status != FrameStatus::Saving;
+    if (isEdited) context_.notices.remove(savedCause);
     if (status == FrameStatus::New) dependents_.parameters.ClearChild();
     if (status == FrameStatus::Browsing && previous != FrameStatus::Saving) {
       dependents_.parameters.ShowChild();

@@ -57,6 +57,13 @@ class ProfilePage : public Page {
   void reload();
   void deletionBrokenOff();
   void showConflict();
+  /// What of a save was done beside the profile itself.
+  struct Saved {
+    bool deposits = false;
+    bool priceLists = false;
+    bool job = false;
+  };
+  void showSaved(const Saved& saved);
 
   PageContext& context_;
   controls::NavigatorBar& navigator_;

@@ -47,9 +47,12 @@ bool Synchronisation::SchedulaAttJob() {
     set("@Ditta", context_.company);
     // An existing job of the same kind is used again.
     set("@AlwaysNewAtt", std::int32_t{0});
-    p.step([&] { command->Execute(); });
+    const bool isRequested = p.step([&] {
+      command->Execute();
+      return true;
+    });
     p.step([&] { command->setActiveConnection(nullptr); });
-    return true;
+    return isRequested;
   });
 }
 

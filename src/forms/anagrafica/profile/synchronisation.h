@@ -14,7 +14,7 @@ class Synchronisation {
 
   void InsertGM02Records();
   void InsertGM08NuoviModelliSincro();
-  /// Whether the job is scheduled.
+  /// Asks the ERP for the job that imports orders; whether that was done.
   bool SchedulaAttJob();
 
  private:

@@ -2,6 +2,8 @@
 
 #include <commctrl.h>
 
+#include <algorithm>
+
 #include "windows/support/text.h"
 
 namespace kebu::windows {
@@ -15,16 +17,26 @@ StatusBarView::StatusBarView(ViewSite& site, controls::StatusBar& model, HWND pa
 
 void StatusBarView::place(const layout::Placement& placement) {
   View::place(placement);
-  // The first panel is as wide as the side bar above it; the last takes the rest.
-  const std::size_t count = model_.panels().size();
-  std::vector<int> edges;
-  for (std::size_t i = 1; i < count; ++i) edges.push_back(theme().px(190) * static_cast<int>(i));
-  edges.push_back(-1);
-  SendMessageW(handle(), SB_SETPARTS, edges.size(), reinterpret_cast<LPARAM>(edges.data()));
   refresh();
 }
 
+// Panels are as wide as the side bar above them, or as their texts need; the last takes the rest.
+void StatusBarView::placePanels() {
+  constexpr int sideBarWidth = 190;
+  constexpr int margins = 24;
+  std::vector<int> edges;
+  int edge = 0;
+  for (std::size_t i = 0; i + 1 < model_.panels().size(); ++i) {
+    const int needed = theme().metrics().textWidth(model_.panels()[i]) + theme().px(margins);
+    edge += std::max(theme().px(sideBarWidth), needed);
+    edges.push_back(edge);
+  }
+  edges.push_back(-1);
+  SendMessageW(handle(), SB_SETPARTS, edges.size(), reinterpret_cast<LPARAM>(edges.data()));
+}
+
 void StatusBarView::refresh() {
+  placePanels();
   for (std::size_t i = 0; i < model_.panels().size(); ++i) {
     SendMessageW(handle(), SB_SETTEXTW, i,
                  reinterpret_cast<LPARAM>(toWide(" " + model_.panels()[i]).c_str()));

@@ -18,6 +18,8 @@ class StatusBarView : public View {
   bool describePart(Inspection& inspection) override;
 
  private:
+  void placePanels();
+
   controls::StatusBar& model_;
   OwnedWindow window_;
 };
