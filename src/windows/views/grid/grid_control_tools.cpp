@@ -58,10 +58,10 @@ controls::Menu GridControl::menu() {
                       openFind(column_, 0);
                     })});
     menu.push_back({say("Trova successivo"), {'G'}, withSought([this] {
-                      attempt([&] { source_.tools().findNext(); });
+                      if (commit()) attempt([&] { source_.tools().findNext(); });
                     })});
     menu.push_back({say("Trova precedente"), {'G', true}, withSought([this] {
-                      attempt([&] { source_.tools().findPrevious(); });
+                      if (commit()) attempt([&] { source_.tools().findPrevious(); });
                     })});
   }
   menu.push_back({.caption = say("Ordina per") + head,
@@ -112,6 +112,8 @@ void GridControl::attempt(const std::function<void()>& work) {
 }
 
 void GridControl::workOn() {
+  // An edited cell keeps its place until it is stored.
+  if (editor_.isOpen()) return;
   controls::GridTools& tools = source_.tools();
   const DWORD start = GetTickCount();
   attempt([&] {
