@@ -1,7 +1,6 @@
 #include "windows/views/layout/frame_layout.h"
 
 #include <algorithm>
-#include <ranges>
 
 #include "controls/navigator_bar.h"
 #include "controls/notice_list.h"
@@ -31,24 +30,26 @@ std::vector<const controls::Control*> shown(const controls::Form& form) {
 /// left.
 void placeButtons(const std::vector<const controls::Button*>& buttons, const Metrics& metrics,
                   const Rect& line, Placements& placements) {
-  int left = line.left;
-  int right = line.right();
+  const int gapBetween = metrics.px(partGap);
   const auto widthOf = [&](const controls::Button& button) {
     const std::string key(controls::keyOf(button));
     const int shown = key.empty() ? 0 : metrics.textWidth(key) + metrics.px(10);
     return std::max(metrics.textWidth(button.caption()) + shown + metrics.px(32), metrics.px(110));
   };
-  for (const auto* button : buttons | std::views::reverse) {
-    if (!button->isDefault() && !button->isCancel()) continue;
-    const int width = widthOf(*button);
-    placements[button].bounds = {right - width, line.top, width, line.height};
-    right -= width + metrics.px(partGap);
-  }
+  const auto endsDialog = [](const controls::Button& button) {
+    return button.isDefault() || button.isCancel();
+  };
+  int endingWidth = -gapBetween;
   for (const auto* button : buttons) {
-    if (button->isDefault() || button->isCancel()) continue;
-    const int width = std::min(widthOf(*button), std::max(right - left, 0));
-    placements[button].bounds = {left, line.top, width, line.height};
-    left += width + metrics.px(partGap);
+    if (endsDialog(*button)) endingWidth += widthOf(*button) + gapBetween;
+  }
+  int left = line.left;
+  int endingLeft = std::max(line.right() - endingWidth, line.left);
+  for (const auto* button : buttons) {
+    int& at = endsDialog(*button) ? endingLeft : left;
+    const int width = widthOf(*button);
+    placements[button].bounds = {at, line.top, width, line.height};
+    at += width + gapBetween;
   }
 }
 
