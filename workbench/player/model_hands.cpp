@@ -151,12 +151,12 @@ void ModelHands::lookupCell(const std::string& grid, std::int32_t row, const std
 }
 
 void ModelHands::details(const std::string& grid, std::int32_t row) {
-  find<QueryGrid>(grid, "a grid").details(row);
+  require<QueryGrid>(grid, "a grid").details(rowAt(grid, row));
 }
 
 void ModelHands::chooseFromRowMenu(const std::string& grid, std::int32_t row,
                                    const std::string& entry) {
-  find<QueryGrid>(grid, "a grid").choose(row, entry);
+  require<QueryGrid>(grid, "a grid").choose(rowAt(grid, row), entry);
 }
 
 NoticeList* ModelHands::noticeList() const {
