@@ -1,5 +1,6 @@
 #include "tests/sql/statement_examples.h"
 
+#include <algorithm>
 #include <utility>
 
 #include "sql/categories.h"
@@ -301,11 +302,20 @@ void addSteps(const DiscountKind& kind, std::vector<StatementExample>& examples)
   }
 }
 
-void addOrigins(const DiscountKind& kind, std::vector<StatementExample>& examples) {
-  for (const DiscountSource& source : kind.sources) {
-    const std::string name = "LeggiOrigine: " + kindName(kind) + ", " + std::string(source.label);
-    examples.push_back({name, RuleWriter(kind, ruleOf(kind, source.label)).origin()});
+/// Of rules as they are stored, which do not keep the list number, the deposit or a customer's
+/// family.
+void addOrigins(std::vector<StatementExample>& examples) {
+  const DiscountKind& byTariff = discountKind(DiscountMode::OnPrice, 2);
+  const DiscountKind& byFamily = discountKind(DiscountMode::OnPrice, 3);
+  for (const DiscountSource& source : byTariff.sources.first(2)) {
+    examples.push_back({"LeggiOrigine: " + kindName(byTariff) + ", " + std::string(source.label),
+                        RuleWriter(byTariff, ruleOf(byTariff, source.label)).origin()});
   }
+  RuleRow rule = ruleOf(byFamily, byFamily.sources.front().label);
+  std::erase_if(rule, [](const auto& cell) {
+    return std::ranges::find(ruleFamilies, cell.first) != ruleFamilies.end();
+  });
+  examples.push_back({"LeggiOrigine: " + kindName(byFamily), RuleWriter(byFamily, rule).origin()});
 }
 
 void addInsert(const DiscountKind& kind, std::vector<StatementExample>& examples) {
@@ -338,7 +348,7 @@ ExamplePage rulesPage() {
   for (const DiscountKind& kind : discountKinds()) {
     if (!isOnPrice(kind)) addSteps(kind, page.examples);
   }
-  for (const DiscountKind& kind : discountKinds()) addOrigins(kind, page.examples);
+  addOrigins(page.examples);
   for (const DiscountKind& kind : discountKinds()) addInsert(kind, page.examples);
   const RuleRow rule = ruleOf(onPrice, onPrice.sources.front().label);
   page.examples.push_back({"InserisciRegola: a new price from the gross price",
