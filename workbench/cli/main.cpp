@@ -8,9 +8,6 @@
 #include "workbench/cli/command_line.h"
 #include "workbench/cli/commands.h"
 #include "workbench/cli/program_words.h"
-#ifdef _WIN32
-#include "workbench/windows/double_click.h"
-#endif
 
 namespace {
 

@@ -1,11 +1,12 @@
-#include "workbench/windows/double_click.h"
+// What a double click on the program does.
+
+#include "workbench/cli/commands.h"
 
 #include <array>
 #include <exception>
 
 #include "windows/support/text.h"
 #include "windows/support/windows_api.h"
-#include "workbench/cli/commands.h"
 
 namespace kebu::workbench {
 
