@@ -120,8 +120,11 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
       continue;
     }
     if (predicates.back().empty()) continue;
-    for (std::string& value : condition.values) value = trimRight(value);
-    if (condition.op == QueryOperator::OneOf) std::erase(condition.values, "");
+    if (condition.op == QueryOperator::OneOf) {
+      std::erase(condition.values, "");
+    } else {
+      for (std::string& value : condition.values) value = trimRight(value);
+    }
     stated.emplace_back(&field, std::move(condition));
   }
   require(controls::readFilter(controls::writeFilter(saved)) == saved,
