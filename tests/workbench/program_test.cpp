@@ -56,7 +56,7 @@ class ProgramTest : public testing::Test {
 };
 
 TEST_F(ProgramTest, TellsOfACommandLineThatMakesNoSense) {
-  expectComplaint("", "a command is wanted: new, play, sql or --help");
+  expectComplaint("", "a command is wanted: new, play, sql, --version or --help");
   expectComplaint("dance", "unknown command dance, see workbench --help");
   expectComplaint("new", "use: workbench new DATABASE");
   expectComplaint("play", "use: workbench play SCENARIO [options]");
