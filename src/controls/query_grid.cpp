@@ -216,7 +216,7 @@ std::vector<Value> QueryGrid::cells(std::size_t column, std::int32_t first, std:
 }
 
 std::string QueryGrid::writtenText(std::int32_t row, std::size_t column) {
-  const std::string shown = cellText(row, column);
+  std::string shown = cellText(row, column);
   if (columns_.at(column).kind != ColumnKind::Check) return shown;
   return host_.translated(shown == "1" ? "Sì" : "No");
 }

@@ -474,7 +474,7 @@ const std::vector<AdoScenario>& adoScenarios() {
         "null"}},
       {"a recordset that only goes forward",
        forwardOnly,
-       {"int32 309", "error 3265", "error -2147217884", "error 3251", "error 3219", "250 rows",
+       {"int32 311", "error 3265", "error -2147217884", "error 3251", "error 3219", "250 rows",
         "error 3021", "error 3704"}},
       {"moving about", movingAbout, {"count: 600", "error 3001", "4 rows", "at: -1"}},
       {"filters", filters, {"count: 3", "error 3265", "error 3001", "count: 600"}},

@@ -14,6 +14,6 @@ ControlView viewOf(controls::Control& control, const RowRange& rows);
 /// The value of a control as text. StepError for a control that has none.
 std::string valueOf(const controls::Control& control);
 /// The text of a cell: of a column, or of a field of the recordset that no column shows.
-std::string cellTextOf(controls::QueryGrid& grid, std::int32_t row, const std::string& field);
+std::string cellTextOf(controls::QueryGrid& grid, std::int32_t place, const std::string& field);
 
 }  // namespace kebu::workbench

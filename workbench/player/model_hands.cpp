@@ -96,20 +96,20 @@ std::size_t ModelHands::columnOf(QueryGrid& grid, const std::string& field) {
   return static_cast<std::size_t>(at - columns.begin());
 }
 
-void ModelHands::sort(const std::string& name, const std::string& field) {
-  auto& grid = require<QueryGrid>(name, "a grid");
-  grid.tools().sortBy(columnOf(grid, field));
-  grid.tools().finish();
+void ModelHands::sort(const std::string& grid, const std::string& field) {
+  auto& found = require<QueryGrid>(grid, "a grid");
+  found.tools().sortBy(columnOf(found, field));
+  found.tools().finish();
 }
 
-void ModelHands::find(const std::string& name, const std::string& text, const std::string& field) {
-  auto& grid = require<QueryGrid>(name, "a grid");
-  grid.tools().find(text, field.empty() ? std::nullopt : std::optional(columnOf(grid, field)));
-  grid.tools().finish();
+void ModelHands::find(const std::string& grid, const std::string& text, const std::string& field) {
+  auto& found = require<QueryGrid>(grid, "a grid");
+  found.tools().find(text, field.empty() ? std::nullopt : std::optional(columnOf(found, field)));
+  found.tools().finish();
 }
 
-void ModelHands::findNext(const std::string& name, bool backwards) {
-  GridTools& tools = require<QueryGrid>(name, "a grid").tools();
+void ModelHands::findNext(const std::string& grid, bool backwards) {
+  GridTools& tools = require<QueryGrid>(grid, "a grid").tools();
   if (backwards) {
     tools.findPrevious();
   } else {
@@ -118,11 +118,11 @@ void ModelHands::findNext(const std::string& name, bool backwards) {
   tools.finish();
 }
 
-std::string ModelHands::copy(const std::string& name, CopiedPart part) {
-  auto& grid = require<QueryGrid>(name, "a grid");
-  GridTools& tools = grid.tools();
+std::string ModelHands::copy(const std::string& grid, CopiedPart part) {
+  auto& found = require<QueryGrid>(grid, "a grid");
+  GridTools& tools = found.tools();
   tools.finish();
-  const std::int32_t place = tools.placeOf(grid.currentRow());
+  const std::int32_t place = tools.placeOf(found.currentRow());
   std::string text;
   const auto take = [&](const std::string& copied) { text = copied; };
   switch (part) {
@@ -132,7 +132,7 @@ std::string ModelHands::copy(const std::string& name, CopiedPart part) {
       tools.copyRows(place, place, take);
       break;
     case CopiedPart::All:
-      tools.copyRows(1, grid.rowCount(), take);
+      tools.copyRows(1, found.rowCount(), take);
       break;
     case CopiedPart::Csv:
       tools.exportRows([&](std::string_view piece) { text += piece; }, [](bool) {});

@@ -289,7 +289,7 @@ std::string GridTools::status() const {
            translated("(Esc: annulla)");
   }
   const std::int32_t count = rows_.rowCount();
-  const std::string all = groupedNumber(count) + ' ' + translated(count == 1 ? "riga" : "righe");
+  std::string all = groupedNumber(count) + ' ' + translated(count == 1 ? "riga" : "righe");
   if (!search_) return all;
   if (search_->foundRows() == 0) return all + ", " + translated("nessuna corrisponde");
   return all + ", " + translated("trovate: ") + groupedNumber(search_->foundRows());

@@ -26,11 +26,13 @@ SortKey sortKeyOf(const Value& cell) {
 }
 
 RowSort::RowSort(GridRows& rows, std::size_t column, bool isDescending)
-    : rows_(rows), column_(column), isDescending_(isDescending) {
-  order_.resize(static_cast<std::size_t>(rows.rowCount()));
+    : rows_(rows),
+      column_(column),
+      isDescending_(isDescending),
+      order_(static_cast<std::size_t>(rows.rowCount())),
+      allSteps_(2 * std::int64_t{rows.rowCount()}) {
   std::iota(order_.begin(), order_.end(), 1);
   keys_.reserve(count());
-  allSteps_ = 2 * static_cast<std::int64_t>(count());
   for (std::size_t run = firstRun; run < count(); run *= 2) {
     allSteps_ += static_cast<std::int64_t>(count());
   }
