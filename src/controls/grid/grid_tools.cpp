@@ -240,6 +240,7 @@ void GridTools::start(Task task) {
   task_ = std::make_unique<Task>(std::move(task));
   work();
   if (rows_.rowCount() <= shortList) finish();
+  if (isBusy()) changed.raise();
 }
 
 void GridTools::work() {

@@ -94,7 +94,7 @@ class GridTools {
 
   std::string translated(const std::string& text) const { return translator_(text); }
 
-  /// The order or what is found has changed, or work ended.
+  /// The order or what is found has changed, or work began that is to be gone on with, or ended.
   Event<> changed;
   /// The current row is another one or at another place.
   Event<> moved;

@@ -107,7 +107,6 @@ void GridControl::attempt(const std::function<void()>& work) {
   } catch (const RuntimeError& error) {
     source_.tell(source_.tools().translated("Operazione non riuscita: ") + error.description());
   }
-  if (source_.tools().isBusy()) SetTimer(handle(), workTimer, workInterval, nullptr);
   invalidate();
 }
 
