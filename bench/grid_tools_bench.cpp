@@ -11,6 +11,7 @@
 #include "bench/made_up_rows.h"
 #include "common/convert.h"
 #include "controls/query_grid.h"
+#include "tests/support/no_host.h"
 
 namespace kebu::bench {
 
@@ -25,15 +26,6 @@ constexpr controls::GridColumn columns[] = {
 };
 constexpr std::size_t description = 1;
 constexpr std::size_t quantity = 2;
-
-class NoHost : public controls::ControlHost {
- public:
-  std::int16_t VisualizzaErrore(const std::string& /*procedure*/,
-                                const RuntimeError& error) override {
-    throw error;
-  }
-  std::int32_t message(const std::string& /*text*/, std::int32_t /*style*/) override { return 1; }
-};
 
 /// A grid of a million rows that are made up as they are read.
 struct LargeGrid {
@@ -61,7 +53,7 @@ struct LargeGrid {
     return values;
   }
 
-  NoHost host;
+  tests::NoHost host;
   Ref<ado::Recordset> rows = Ref<ado::Recordset>(std::make_shared<MadeUpRows>(rowCount));
   controls::QueryGrid grid{"QGRID", host};
   Nanoseconds longest{};

@@ -45,16 +45,10 @@ class MadeUpRows : public ado::Recordset, public std::enable_shared_from_this<Ma
     return all;
   }
   Value value(std::string_view field) const override {
-    const auto& all = fields();
-    const auto at =
-        std::find_if(all.begin(), all.end(), [&](const ado::Field& f) { return f.name == field; });
-    return valueAt(position_, static_cast<std::size_t>(at - all.begin()));
+    return valueAt(position_, ado::indexOf(fields(), field));
   }
   void setValue(std::string_view field, const Value& value) override {
-    const auto& all = fields();
-    const auto at =
-        std::find_if(all.begin(), all.end(), [&](const ado::Field& f) { return f.name == field; });
-    (*edits_)[{position_, static_cast<std::size_t>(at - all.begin())}] = value;
+    (*edits_)[{position_, ado::indexOf(fields(), field)}] = value;
   }
   Value originalValue(std::string_view field) const override { return value(field); }
   std::vector<RowValues> GetRows(std::int32_t rows, std::string_view field) override {

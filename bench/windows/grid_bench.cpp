@@ -10,6 +10,7 @@
 #include "bench/made_up_rows.h"
 #include "controls/form.h"
 #include "controls/query_grid.h"
+#include "tests/support/no_host.h"
 #include "tests/windows/resources.h"
 #include "windows/views/form/win32_desktop.h"
 #include "windows/views/window/inspection.h"
@@ -17,15 +18,6 @@
 namespace kebu::bench {
 
 namespace {
-
-class NoHost : public controls::ControlHost {
- public:
-  std::int16_t VisualizzaErrore(const std::string& /*procedure*/,
-                                const RuntimeError& error) override {
-    throw error;
-  }
-  std::int32_t message(const std::string& /*text*/, std::int32_t /*style*/) override { return 1; }
-};
 
 constexpr controls::ValueListItem kinds[] = {
     {0, "Nessuna"}, {1, "Anagrafico"}, {2, "Deposito"}, {3, "Da Priorità"}};
@@ -50,7 +42,7 @@ class GridForm : public controls::Form {
     Form::add(group);
   }
 
-  NoHost host;
+  tests::NoHost host;
   controls::GroupBox group{"GRP", "Listini"};
   controls::QueryGrid grid{"QGRID", host};
 };

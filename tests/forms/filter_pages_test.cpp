@@ -36,18 +36,25 @@ class Window : public controls::Form {
   explicit Window(controls::Desktop& desktop) : Form("FRM", desktop) {}
 };
 
-TEST(FilterPages, CreateTheirFiltersAsDefaultsAtTheFirstOpeningAndLoadThemAtLaterOnes) {
-  tests::TestWorkplace workplace;
-  workplace.open();
-  Window window(workplace.runtime().desktop);
-  Services services(workplace.runtime().platform, window);
-  services.setHost(workplace.plugin());
-  controls::RecordFrame profile("FME_ANAGRAFICA", services);
-  PageContext context(workplace.runtime(), services, profile);
-  context.company = std::int32_t{1};
-  const auto store = std::make_shared<RecordingStore>();
-  context.hostServices.savedFilters = store;
+/// Pages of their own beside the window's, on the services of an open plug-in.
+class FilterPagesTest : public testing::Test {
+ protected:
+  FilterPagesTest() {
+    workplace.open();
+    services.setHost(workplace.plugin());
+    context.company = std::int32_t{1};
+    context.hostServices.savedFilters = store;
+  }
 
+  tests::TestWorkplace workplace;
+  Window window{workplace.runtime().desktop};
+  Services services{workplace.runtime().platform, window};
+  controls::RecordFrame profile{"FME_ANAGRAFICA", services};
+  PageContext context{workplace.runtime(), services, profile};
+  std::shared_ptr<RecordingStore> store = std::make_shared<RecordingStore>();
+};
+
+TEST_F(FilterPagesTest, CreateTheirFiltersAsDefaultsAtTheFirstOpeningAndLoadThemAtLaterOnes) {
   FilterPages(context).ImpostaEnQuery();
   EXPECT_EQ(
       store->calls,
@@ -71,18 +78,9 @@ std::string composePredicate(const QueryColumn& column, const QueryCondition& co
 }
 
 // An empty condition publishes everything, so the save must not go on with it.
-TEST(FilterPages, CancelTheSaveWhenABuilderWasLeftByAbort) {
-  tests::TestWorkplace workplace;
-  workplace.open();
-  Window window(workplace.runtime().desktop);
-  Services services(workplace.runtime().platform, window);
-  services.setHost(workplace.plugin());
+TEST_F(FilterPagesTest, CancelTheSaveWhenABuilderWasLeftByAbort) {
   services.setLog(workplace.plugin()->ClsGlobal()->CreateLog());
-  controls::RecordFrame profile("FME_ANAGRAFICA", services);
   controls::RecordFrame parameters("FME_PARAMETRI", services);
-  PageContext context(workplace.runtime(), services, profile);
-  context.company = std::int32_t{1};
-  context.hostServices.savedFilters = std::make_shared<RecordingStore>();
   composerFails = false;
   FilterPages pages(context, {composePredicate, sql::composeConjunction});
   pages.ImpostaEnQuery();

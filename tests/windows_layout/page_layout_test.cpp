@@ -8,6 +8,7 @@
 #include "controls/navigator_bar.h"
 #include "controls/query_editor.h"
 #include "controls/query_grid.h"
+#include "tests/support/no_host.h"
 #include "windows/views/layout/frame_layout.h"
 
 namespace kebu::windows::layout {
@@ -15,15 +16,6 @@ namespace kebu::windows::layout {
 using namespace controls;
 
 namespace {
-
-class NoHost : public ControlHost {
- public:
-  std::int16_t VisualizzaErrore(const std::string& /*procedure*/,
-                                const RuntimeError& error) override {
-    throw error;
-  }
-  std::int32_t message(const std::string& /*text*/, std::int32_t /*style*/) override { return 1; }
-};
 
 class NoDesktop : public Desktop {
  public:
@@ -65,7 +57,7 @@ class PageLayoutTest : public testing::Test {
     }
   }
 
-  NoHost host;
+  tests::NoHost host;
   Metrics metrics;
   GroupBox page{"PAGE"};
   GroupBox first{"GRP_FIRST", "Dati"};

@@ -79,7 +79,7 @@ void CategoriesPage::profileStored() {
 
 bool CategoriesPage::confirm() {
   ConfermaModificheCategorie();
-  return !customersChanged_ && !articlesChanged_;
+  return !isChanged();
 }
 
 void CategoriesPage::INAV_CATCLIART_ButtonClick(const std::string& button) {

@@ -44,6 +44,7 @@ class CategoriesPage : public Page {
   /// Whether the user changed levels that are not stored. Proposed ones do not count.
   bool areCustomersChanged() const { return customersChanged_; }
   bool areArticlesChanged() const { return articlesChanged_; }
+  bool isChanged() const { return customersChanged_ || articlesChanged_; }
   /// What "Conferma" does; false when not all of it was stored.
   bool confirm();
 

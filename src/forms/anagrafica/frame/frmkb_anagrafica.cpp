@@ -419,8 +419,8 @@ void FRMKB_ANAGRAFICA::showWhere() {
   const auto translate = [this](const char* text) { return context_.translate(text); };
   const FrameStatus status = FME_ANAGRAFICA.status();
   const bool isLinked = FME_ANAGRAFICA.hasRecord() && status != FrameStatus::New;
-  const bool isChanged = status != FrameStatus::Browsing || categories_.areCustomersChanged() ||
-                         categories_.areArticlesChanged() || discounts_.hasPendingChanges();
+  const bool isChanged =
+      status != FrameStatus::Browsing || categories_.isChanged() || discounts_.hasPendingChanges();
   std::string text = translate("Ditta ") + toDisplay(context_.company) + ", " +
                      translate(isLinked ? "collegata" : "non collegata");
   if (isChanged) text += ", " + translate("modifiche non salvate");
@@ -436,7 +436,7 @@ void FRMKB_ANAGRAFICA::showWhere() {
 }
 
 bool FRMKB_ANAGRAFICA::concludePages(Procedure& p) {
-  const bool hasCategories = categories_.areCustomersChanged() || categories_.areArticlesChanged();
+  const bool hasCategories = categories_.isChanged();
   const bool hasDiscounts = discounts_.hasPendingChanges();
   if (!hasCategories && !hasDiscounts) return true;
   const std::int32_t answer = p.step([&] {
