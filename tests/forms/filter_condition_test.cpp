@@ -153,10 +153,11 @@ class FilterConditionTest : public testing::Test {
     return {answer.substr(first, end - first), answer.substr(answer.rfind(": ") + 2)};
   }
 
-  /// What is counted of the published articles.
-  std::string published(const std::string& what, const std::string& filter) {
-    return workplace.company().value("SELECT " + what + " FROM VGM19_KBWSPRODUCTS_KELMORIA v" +
-                                     " WHERE MG87_DITTA_CG18 = 1" + filter);
+  /// The articles of the rows that the preview lists without a filter.
+  std::multiset<std::string> publishedArticles() {
+    const auto articles = workplace.company().column(
+        "SELECT MG87_CODART_MG66 FROM VGM19_KBWSPRODUCTS_KELMORIA v WHERE MG87_DITTA_CG18 = 1");
+    return {articles.begin(), articles.end()};
   }
 
   std::string stored(const char* column) {
@@ -165,9 +166,9 @@ class FilterConditionTest : public testing::Test {
                                      " FROM GM04_PARAMETRITVRO WHERE GM04_DITTA_CG18 = 1");
   }
 
-  using Cells = std::multimap<std::string, Cell>;
+  using StoredValues = std::multimap<std::string, StoredValue>;
 
-  std::set<std::string> expectedArticles(const Source& source, const Cells& values,
+  std::set<std::string> expectedArticles(const Source& source, const StoredValues& values,
                                          const QueryCondition& condition) {
     std::set<std::string> articles;
     for (const auto& [article, unused] : allArticles) {
@@ -184,7 +185,7 @@ class FilterConditionTest : public testing::Test {
   }
 
   TestWorkplace workplace;
-  Cells allArticles;
+  StoredValues allArticles;
 };
 
 /// Two values that occur, in their order.
@@ -208,10 +209,11 @@ TEST_F(FilterConditionTest, ArticlesAreThoseThatTheFilterSays) {
     rows[std::string(source.field.dataField)] = editor.fieldCount();
   }
   workplace.hands().openPage(11);
+  const std::multiset<std::string> published = publishedArticles();
   int selecting = 0;
   for (const Source& source : sources) {
     const std::string name(source.field.dataField);
-    const Cells values =
+    const StoredValues values =
         read(workplace.company().session(), source.table, source.article, name, source.ones);
     const auto [low, high] = twoValues(source);
     for (const QueryCondition& condition : conditionsOn(source.field, low, high)) {
@@ -229,8 +231,15 @@ TEST_F(FilterConditionTest, ArticlesAreThoseThatTheFilterSays) {
                                            " WHERE MG66_DITTA_CG18 = 1" + filter));
       const auto expected = expectedArticles(source, values, condition);
       EXPECT_EQ(found, expected);
-      EXPECT_EQ(count, published("COUNT(DISTINCT MG87_CODART_MG66)", filter));
-      EXPECT_EQ(listed, published("COUNT(*)", filter));
+      std::size_t articles = 0;
+      std::size_t listedRows = 0;
+      for (const std::string& article : expected) {
+        const std::size_t rowsOfIt = published.count(article);
+        listedRows += rowsOfIt;
+        articles += rowsOfIt > 0 ? 1 : 0;
+      }
+      EXPECT_EQ(count, std::to_string(articles));
+      EXPECT_EQ(listed, std::to_string(listedRows));
       selecting += !expected.empty() && expected.size() < allArticles.size() ? 1 : 0;
     }
     workplace.hands().choose(QueryEditor::operatorName("ENHQUERY_ART", rows[name]), "clear");

@@ -27,7 +27,7 @@ int compare(const std::string& a, const std::string& b, bool isNumeric) {
 
 }  // namespace
 
-bool holds(const Cell& cell, bool isNumeric, const QueryCondition& condition) {
+bool holds(const StoredValue& cell, bool isNumeric, const QueryCondition& condition) {
   const auto& values = condition.values;
   const bool isEmpty = !cell || (!isNumeric && folded(*cell).empty());
   switch (condition.op) {
@@ -56,18 +56,19 @@ bool holds(const Cell& cell, bool isNumeric, const QueryCondition& condition) {
   return false;
 }
 
-std::multimap<std::string, Cell> read(engine::Session& session, const std::string& table,
-                                      const std::string& key, const std::string& column,
-                                      const std::vector<std::string>& ones) {
+std::multimap<std::string, StoredValue> read(engine::Session& session, const std::string& table,
+                                             const std::string& key, const std::string& column,
+                                             const std::vector<std::string>& ones) {
   std::string statement = "SELECT " + key + ", " + column;
   for (const std::string& one : ones) statement += ", " + one;
   const auto result = session.execute(statement + " FROM " + table);
-  std::multimap<std::string, Cell> cells;
+  std::multimap<std::string, StoredValue> cells;
   for (const auto& row : result.front().rows) {
     const bool wanted = std::all_of(row.begin() + 2, row.end(),
                                     [](const Value& value) { return toSqlNumber(value) == "1"; });
     if (wanted) {
-      cells.emplace(toDisplay(row[0]), row[1].isNull() ? Cell() : Cell(toDisplay(row[1])));
+      cells.emplace(toDisplay(row[0]),
+                    row[1].isNull() ? StoredValue() : StoredValue(toDisplay(row[1])));
     }
   }
   return cells;
