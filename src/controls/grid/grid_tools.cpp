@@ -82,7 +82,7 @@ void GridTools::rowsChanged() {
   forgetOrder();
   search_.reset();
   landedOn_ = 0;
-  if (settings_.sort && rows_.rowCount() > 0) startSort();
+  if (settings_.sort && rows_.rowCount() > 0) startSort(Sort::OfNewRows);
 }
 
 void GridTools::cellsChanged() {
@@ -108,7 +108,7 @@ void GridTools::sortBy(std::size_t column) {
   }
   keepSettings();
   if (settings_.sort) {
-    startSort();
+    startSort(Sort::ByTheUser);
     return;
   }
   forgetOrder();
@@ -116,7 +116,7 @@ void GridTools::sortBy(std::size_t column) {
   moved.raise();
 }
 
-void GridTools::startSort() {
+void GridTools::startSort(Sort kind) {
   const SortedBy by = *settings_.sort;
   auto sort = std::make_shared<RowSort>(rows_, by.column, by.isDescending);
   start({sort, "Ordinamento",
@@ -128,7 +128,7 @@ void GridTools::startSort() {
              places_[static_cast<std::size_t>(order_[i] - 1)] = static_cast<std::int32_t>(i) + 1;
            }
          },
-         true});
+         kind});
 }
 
 // ---- finding
@@ -258,7 +258,7 @@ void GridTools::work() {
   ended->ended(true);
   if (ended->task == search_) takeStep();
   changed.raise();
-  if (ended->isSort) moved.raise();
+  if (ended->sort == Sort::ByTheUser) moved.raise();
 }
 
 void GridTools::finish() {
@@ -273,7 +273,7 @@ void GridTools::stop() {
 
 void GridTools::cancel() {
   if (!task_) return;
-  const bool wasSorting = task_->isSort;
+  const bool wasSorting = task_->sort.has_value();
   stop();
   if (wasSorting) {
     // A column's head must not claim an order that was not made.

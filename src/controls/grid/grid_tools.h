@@ -100,15 +100,18 @@ class GridTools {
   Event<> moved;
 
  private:
+  /// New rows are looked at from the top: only a sort of the user's own leads to the current row.
+  enum class Sort { ByTheUser, OfNewRows };
+
   struct Task {
     std::shared_ptr<GridTask> task;
     const char* name;  ///< in Italian
     std::function<void(bool complete)> ended;
-    bool isSort = false;
+    std::optional<Sort> sort = std::nullopt;
   };
 
   void start(Task task);
-  void startSort();
+  void startSort(Sort kind);
   void startSearch();
   void forgetOrder();
   /// Ends the work where it is.

@@ -156,6 +156,17 @@ TEST_F(GridToolsTest, SortsOtherRowsAgainAlsoWhenTheyComeDuringTheSort) {
   EXPECT_EQ(tools.status(), "0 righe");
 }
 
+TEST_F(GridToolsTest, LeadsToTheCurrentRowOnlyAfterASortOfTheUsersOwn) {
+  int moves = 0;
+  const auto counting = tools.moved.connect([&] { ++moves; });
+  fillSample();
+  tools.sortBy(0);
+  EXPECT_EQ(moves, 1);
+  tools.rowsChanged();
+  EXPECT_TRUE(tools.isReordered());
+  EXPECT_EQ(moves, 1) << "new rows are looked at from the top";
+}
+
 TEST_F(GridToolsTest, FindsTheNextRowInTheOrderThatIsShown) {
   fillSample();
   tools.find("ute", std::nullopt);

@@ -1,6 +1,7 @@
 #include "forms/anagrafica/preview/preview_page.h"
 
 #include "common/convert.h"
+#include "controls/grid/grid_tools.h"
 #include "forms/anagrafica/preview/preview_columns.h"
 #include "sql/preview.h"
 
@@ -55,7 +56,7 @@ void PreviewPage::describeRows() {
   if (rows == 0) {
     text += translate("Nessuna riga corrisponde.");
   } else {
-    text += translate("Righe: ") + std::to_string(rows) + ".";
+    text += translate("Righe: ") + controls::groupedNumber(rows) + ".";
   }
   LBL_FILTROANTEPRIMA.setCaption(text);
 }

@@ -4,6 +4,7 @@
 #include <utility>
 
 #include "windows/support/text.h"
+#include "windows/views/drawing/edit_frame.h"
 #include "windows/views/drawing/painting.h"
 #include "windows/views/window/common_controls.h"
 #include "windows/views/window/window_text.h"
@@ -25,10 +26,11 @@ void GridFoot::open(HWND grid, const std::wstring& prompt, const std::wstring& t
   const CommonControls::Scope scope;
   prompt_ = prompt;
   if (!box_) {
-    box_ = CreateWindowExW(0, L"EDIT", L"", WS_CHILD | WS_BORDER | ES_AUTOHSCROLL, 0, 0, 0, 0, grid,
-                           nullptr, module_, nullptr);
+    box_ = CreateWindowExW(0, L"EDIT", L"", WS_CHILD | ES_AUTOHSCROLL, 0, 0, 0, 0, grid, nullptr,
+                           module_, nullptr);
     if (!box_) return;
     setFont(box_, theme_->font(), false);
+    frameEdit(box_, *theme_);
   }
   RECT client{};
   GetClientRect(grid, &client);
@@ -81,6 +83,7 @@ void GridFoot::paint(HDC dc, const RECT& client, const std::wstring& status) con
 
 void GridFoot::themeChanged() {
   setFont(box_, theme_->font());
+  if (box_) frameEdit(box_, *theme_);
 }
 
 }  // namespace kebu::windows
