@@ -1,5 +1,7 @@
 #pragma once
 
+#include <functional>
+
 namespace kebu::controls {
 
 class Form;
@@ -11,8 +13,9 @@ class Desktop {
  public:
   virtual ~Desktop() = default;
 
-  /// Brings the window onto the screen.
-  virtual void show(Form& form) = 0;
+  /// Brings the window onto the screen and sets it up. A window that is new there is seen when it
+  /// is set up, or when that takes long.
+  virtual void show(Form& form, const std::function<void()>& setUp) = 0;
   /// Lets the user work in `form`; returns when it is closed.
   virtual void runModal(Form& form) = 0;
   /// Takes the window off the screen.

@@ -100,8 +100,7 @@ void Form::Show(bool modal) {
     Form_Load();
   }
   setVisible(true);
-  desktop_.show(*this);
-  Form_Activate();
+  desktop_.show(*this, [this] { Form_Activate(); });
   if (modal) desktop_.runModal(*this);
 }
 

@@ -69,6 +69,33 @@ TEST_F(WindowTest, OpensModeless) {
   DestroyWindow(parent);
 }
 
+/// Looks for the window before every statement.
+class Onlooker : public workbench::StatementObserver {
+ public:
+  std::size_t statements = 0;
+  bool wasSeen = false;
+
+  void before(const std::string& /*text*/, bool /*edit*/) override {
+    ++statements;
+    HWND form = shownForm();
+    wasSeen |= form && IsWindowVisible(form);
+  }
+  void after(const std::string& /*text*/, bool /*edit*/, std::int64_t /*rows*/,
+             const RuntimeError* /*error*/) override {}
+};
+
+TEST_F(WindowTest, IsSeenWhenItIsSetUp) {
+  Onlooker onlooker;
+  DllHost host(*library, &onlooker);
+  host->open();
+  EXPECT_GT(onlooker.statements, 10);
+  EXPECT_FALSE(onlooker.wasSeen);
+  ASSERT_TRUE(shownForm());
+  EXPECT_TRUE(IsWindowVisible(shownForm()));
+  EXPECT_FALSE(GetUpdateRect(shownForm(), nullptr, FALSE)) << "it is painted at once";
+  host->close();
+}
+
 TEST_F(WindowTest, AnEarlierOneStaysOpen) {
   DllHost host(*library);
   host->open();

@@ -19,7 +19,7 @@ namespace {
 
 class NoDesktop : public Desktop {
  public:
-  void show(Form& /*form*/) override {}
+  void show(Form& /*form*/, const std::function<void()>& setUp) override { setUp(); }
   void runModal(Form& /*form*/) override {}
   void hide(Form& /*form*/) override {}
   void runLookup(LookupList& /*list*/) override {}

@@ -4,14 +4,14 @@
 
 namespace kebu::workbench {
 
-void ModelDesktop::show(controls::Form& form) {
+void ModelDesktop::show(controls::Form& form, const std::function<void()>& setUp) {
   hide(form);
   forms_.push_back(&form);
+  setUp();
 }
 
 void ModelDesktop::activate(controls::Form& form) {
-  show(form);
-  form.activate();
+  show(form, [&form] { form.activate(); });
 }
 
 void ModelDesktop::runModal(controls::Form& form) {

@@ -31,7 +31,7 @@ class ModelDesktop : public controls::Desktop {
  public:
   explicit ModelDesktop(User& user) : user_(user) {}
 
-  void show(controls::Form& form) override;
+  void show(controls::Form& form, const std::function<void()>& setUp) override;
   void runModal(controls::Form& form) override;
   void hide(controls::Form& form) override;
   void runLookup(controls::LookupList& list) override;

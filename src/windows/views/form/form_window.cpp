@@ -358,16 +358,19 @@ layout::Rect FormWindow::onScreen(const RECT& place) const {
   return layout::fitInto(toRect(place), toRect(workAreaAt(place)));
 }
 
+void FormWindow::prepare() {
+  const DpiContext resolution = DpiContext::of(handle());
+  prepared_ = GetTickCount();
+  moveToItsPlace();
+}
+
 // The window is laid out before it appears and painted as soon as it has, so that it is never seen
 // empty, whatever runs next.
 void FormWindow::show() {
   const DpiContext resolution = DpiContext::of(handle());
-  const bool wasShown = IsWindowVisible(handle()) != 0;
+  const bool wasShown = isOnScreen();
   showing_ = true;
-  if (!wasShown) {
-    moveToItsPlace();
-    layOut();
-  }
+  if (!wasShown) layOut();
   ShowWindow(handle(), IsIconic(handle()) ? SW_RESTORE : SW_SHOW);
   SetForegroundWindow(handle());
   if (wasShown) layOut();
@@ -415,7 +418,12 @@ void FormWindow::discardInput() {
 }
 
 void FormWindow::paintNow() {
+  constexpr DWORD longSetUp = 1000;
   const DpiContext resolution = DpiContext::of(handle());
+  if (!isOnScreen()) {
+    if (GetTickCount() - prepared_ < longSetUp) return;
+    show();
+  }
   if (layoutWanted_) layOut();
   for (View* view : inOrder_) {
     // The bar moves even while no message loop delivers its timer.

@@ -21,9 +21,13 @@ class FormWindow : public Window, public ViewSite, public KeyTarget {
   FormWindow(HINSTANCE module, controls::Form& form, HWND owner, std::function<void()> lost);
   ~FormWindow() override;
 
+  /// Puts it to its place, before it is shown for the first time.
+  void prepare();
   /// Shows and activates it.
   void show();
-  /// Lays out and paints what changed.
+  bool isOnScreen() const { return IsWindowVisible(handle()) != 0; }
+  /// Lays out and paints what changed. A window that is not shown yet appears when it has been set
+  /// up for a second.
   void paintNow();
   void setModal(bool modal) { modal_ = modal; }
   /// Shows that the window works, or no longer works.
@@ -52,9 +56,9 @@ class FormWindow : public Window, public ViewSite, public KeyTarget {
   /// Makes a page's window and views, unless it has them. It is done when the page is first
   /// shown, since its windows cost more than its models.
   void fillPage(const controls::GroupBox& page);
-  /// The page of the side bar that a control belongs to; nothing when it is none.
   /// Whether it stands on the window itself: a bar, or a button of a dialog.
   bool isBesidePages(const controls::Control& control) const;
+  /// The page of the side bar that a control belongs to; nothing when it is none.
   const controls::GroupBox* pageOf(const controls::Control& control) const;
   void listenTo(controls::GroupBox& group);
   /// The parent of the window of a control that is on no page.
@@ -104,6 +108,7 @@ class FormWindow : public Window, public ViewSite, public KeyTarget {
   bool hasSideBar_ = false;
   bool layoutWanted_ = false;
   bool showing_ = false;
+  DWORD prepared_ = 0;  ///< the time, in milliseconds
   bool activating_ = false;
   bool modal_ = false;
   bool busy_ = false;

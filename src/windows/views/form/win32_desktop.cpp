@@ -81,7 +81,7 @@ HWND Win32Desktop::ownerFor(const controls::Form* form) const {
   return shown_.empty() ? nullptr : shown_.begin()->second->window->handle();
 }
 
-void Win32Desktop::show(controls::Form& form) {
+void Win32Desktop::show(controls::Form& form, const std::function<void()>& setUp) {
   const CommonControls::Scope scope(commonControls_);
   auto at = shown_.find(&form);
   if (at == shown_.end()) {
@@ -93,7 +93,24 @@ void Win32Desktop::show(controls::Form& form) {
     }
     at = shown_.emplace(&form, std::move(shown)).first;
   }
-  at->second->window->show();
+  FormWindow& window = *at->second->window;
+  if (window.isOnScreen()) {
+    window.show();
+    setUp();
+    return;
+  }
+  window.prepare();
+  /// Shows the window also after a set-up that failed. A set-up may close the window, too.
+  struct Appearance {
+    ~Appearance() {
+      const auto now = desktop.shown_.find(&form);
+      if (now != desktop.shown_.end()) now->second->window->show();
+    }
+    Win32Desktop& desktop;
+    const controls::Form& form;
+  };
+  const Appearance appearance{*this, form};
+  setUp();
 }
 
 void Win32Desktop::hide(controls::Form& form) {

@@ -22,7 +22,7 @@ class Win32Desktop final : public controls::Desktop {
   Win32Desktop(HINSTANCE module, const CommonControls& commonControls);
   ~Win32Desktop() override;
 
-  void show(controls::Form& form) override;
+  void show(controls::Form& form, const std::function<void()>& setUp) override;
   void runModal(controls::Form& form) override;
   void hide(controls::Form& form) override;
   void runLookup(controls::LookupList& list) override;
