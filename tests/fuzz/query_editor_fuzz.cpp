@@ -34,7 +34,7 @@ constexpr QueryOperator operators[] = {
     QueryOperator::OneOf, QueryOperator::Empty,  QueryOperator::NotEmpty,
 };
 
-using Row = std::vector<workbench::Cell>;
+using Row = std::vector<workbench::StoredValue>;
 
 const std::vector<Row>& rows() {
   static const std::vector<Row> all = {
@@ -54,7 +54,7 @@ engine::Session& session() {
         "MG66_STATO int NULL)");
     for (const Row& row : rows()) {
       std::string values;
-      for (const workbench::Cell& cell : row) {
+      for (const workbench::StoredValue& cell : row) {
         std::string text = "NULL";
         if (cell) {
           text = "'";
