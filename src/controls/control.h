@@ -46,6 +46,9 @@ class Control : public host::NamedObject {
 
   const std::string& caption() const { return caption_; }
   void setCaption(const std::string& caption) { setShown(caption_, caption); }
+  /// The name by which assistive technology knows a control without a caption; "" for none.
+  const std::string& spokenName() const { return spokenName_; }
+  void setSpokenName(const std::string& name) { spokenName_ = name; }
   bool isEnabled() const { return enabled_; }
   void setEnabled(bool enabled) {
     if (enabled_ != enabled) setShown(enabled_, enabled);
@@ -101,6 +104,7 @@ class Control : public host::NamedObject {
  private:
   std::string name_;
   std::string caption_;
+  std::string spokenName_;
   bool enabled_ = true;
   bool visible_ = true;
   bool locked_ = false;

@@ -1,8 +1,9 @@
 #include "controls/form.h"
 
-#include "controls/key_table.h"
+#include <utility>
 
-#include <algorithm>
+#include "controls/key_table.h"
+#include "controls/lookup_list.h"
 
 namespace kebu::controls {
 
@@ -88,10 +89,27 @@ Button* Form::defaultButton() const {
 
 void Form::translate(const Translator& translator) {
   for (Control* control : controls()) control->translate(translator);
-  keysText_.clear();
-  for (const auto& [keys, action] : keyTable) {
-    keysText_ += translator(std::string(keys)) + ": " + translator(std::string(action)) + '\n';
+  translator_ = translator;
+}
+
+std::string Form::translated(std::string_view text) const {
+  return translator_ ? translator_(std::string(text)) : std::string(text);
+}
+
+void Form::showKeys() {
+  std::vector<RowValues> rows;
+  for (const KeyEntry& entry : keyTable) {
+    std::string action = translated(entry.action);
+    if (entry.place == KeyPlace::Grid) action = translated("in una griglia: ") + action;
+    rows.emplace_back(std::vector<Value>{Value(translated(entry.keys)), Value(action)});
   }
+  LookupList list(translated("Tasti"), {translated("Tasto"), translated("Che cosa fa")},
+                  std::move(rows));
+  list.setTexts({.search = translated("Cerca"),
+                 .take = "",
+                 .leave = translated("Chiudi"),
+                 .nothingFound = translated("Nessun risultato")});
+  desktop_.runLookup(list);
 }
 
 void Form::Show(bool modal) {

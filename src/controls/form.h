@@ -3,6 +3,7 @@
 #include <cstdint>
 #include <memory>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "common/ref.h"
@@ -30,6 +31,8 @@ class Form : public OfKind<ControlKind::Form>, public std::enable_shared_from_th
   /// The controls that edit a column.
   std::vector<BoundControl*> boundControls() const;
   void translate(const Translator& translator) override;
+  /// A text of a view's own in the user's language.
+  std::string translated(std::string_view text) const;
 
   /// The screen that it is shown on.
   Desktop& desktop() const { return desktop_; }
@@ -49,8 +52,8 @@ class Form : public OfKind<ControlKind::Form>, public std::enable_shared_from_th
   virtual void refreshPage() {}
   /// The page of the user guide that explains what is shown.
   virtual std::string guidePage() const { return "index"; }
-  /// The table of keys, for a user without the guide.
-  const std::string& keysText() const { return keysText_; }
+  /// The gesture: shows the table of keys in a list that can be searched.
+  void showKeys();
   /// The window came to the front.
   void activate() { Form_Activate(); }
   /// Closes the window unless Form_QueryUnload cancels; whether it is closed.
@@ -81,7 +84,7 @@ class Form : public OfKind<ControlKind::Form>, public std::enable_shared_from_th
 
   Desktop& desktop_;
   std::vector<Control*> outermost_;
-  std::string keysText_;
+  Translator translator_;
   std::int32_t left_ = 0;
   std::int32_t top_ = 0;
   bool loaded_ = false;

@@ -9,12 +9,21 @@ namespace kebu::controls {
 
 LookupList::LookupList(std::string title, std::vector<std::string> captions,
                        const Ref<ado::Recordset>& rows, SettingStore* store, Translator translator)
+    : LookupList(std::move(title), std::move(captions), allOf(rows), store, std::move(translator)) {
+}
+
+LookupList::LookupList(std::string title, std::vector<std::string> captions,
+                       std::vector<RowValues> rows, SettingStore* store, Translator translator)
     : title_(std::move(title)),
       captions_(std::move(captions)),
+      rows_(std::move(rows)),
       tools_(shownRows_, title_, store, std::move(translator)) {
-  if (!rows->EOF_()) rows_ = rows->GetRows(-1);
   current_ = rows_.empty() ? 0 : 1;
   search("");
+}
+
+std::vector<RowValues> LookupList::allOf(const Ref<ado::Recordset>& rows) {
+  return rows->EOF_() ? std::vector<RowValues>() : rows->GetRows(-1);
 }
 
 std::string LookupList::cellText(std::int32_t row, std::size_t column) const {

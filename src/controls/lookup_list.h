@@ -18,6 +18,8 @@ class LookupList {
   /// Reads all of `rows`. What the user arranges is kept in `store`, which may be null.
   LookupList(std::string title, std::vector<std::string> captions, const Ref<ado::Recordset>& rows,
              SettingStore* store = nullptr, Translator translator = untranslated);
+  LookupList(std::string title, std::vector<std::string> captions, std::vector<RowValues> rows,
+             SettingStore* store = nullptr, Translator translator = untranslated);
 
   const std::string& title() const { return title_; }
   const std::vector<std::string>& captions() const { return captions_; }
@@ -47,7 +49,7 @@ class LookupList {
   /// What the list's window says.
   struct Texts {
     std::string search = "Cerca";
-    std::string take = "Scegli";
+    std::string take = "Scegli";  ///< "" for a list that is only read
     std::string leave = "Annulla";
     std::string nothingFound = "Nessun risultato";
   };
@@ -60,6 +62,7 @@ class LookupList {
   std::optional<Value> chosen() const;
 
  private:
+  static std::vector<RowValues> allOf(const Ref<ado::Recordset>& rows);
   static std::string untranslated(const std::string& text) { return text; }
 
   /// The rows that are shown, as the tools read them; a row's number is its place before sorting.

@@ -115,6 +115,8 @@ void QueryEditor::addField(const QueryField& field) {
   Row& row = *rows_.emplace_back(std::make_unique<Row>(Name(), rows_.size() + 1, field));
   row.op.setCaption(translated(field.caption));
   row.op.setShowsCodes(false);
+  row.first.setSpokenName(row.op.caption());
+  row.second.setSpokenName(row.op.caption() + " (" + translated("fino a") + ")");
   row.op.setRows(field.isNumeric ? numberOperators_ : textOperators_);
   row.op.select(std::string(traitsOf(QueryOperator::Any).code));
   if (field.hasLookup) {

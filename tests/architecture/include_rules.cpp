@@ -49,6 +49,7 @@ constexpr Room plugIn[] = {
     {"src/windows/host", Foreign::Windows},
     {"src/windows/views/layout"},
     {"src/windows/views/window", Foreign::Windows},
+    {"src/windows/views/accessibility", Foreign::Windows},
     {"src/windows/views/drawing", Foreign::Windows},
     {"src/windows/views/controls", Foreign::Windows},
     {"src/windows/views/grid", Foreign::Windows},

@@ -11,6 +11,7 @@
 
 #include "controls/combo_box.h"
 #include "controls/form.h"
+#include "controls/key_table.h"
 #include "controls/navigator_bar.h"
 #include "controls/query_grid.h"
 #include "controls/simple_controls.h"
@@ -118,6 +119,15 @@ TEST(Guide, NamesEveryFieldOfTheWindow) {
   workplace.close();
   EXPECT_GT(seen, 200U);
   for (const std::string& text : missing) ADD_FAILURE() << "not in docs/guida: " << text;
+}
+
+TEST(Guide, HasTheTableOfKeys) {
+  const std::string page = readFile(project / "docs/guida/tasti.md");
+  for (const controls::KeyEntry& entry : controls::keyTable) {
+    const std::string line =
+        "| " + std::string(entry.keys) + " | " + std::string(entry.action) + " |\n";
+    EXPECT_NE(page.find(line), std::string::npos) << line;
+  }
 }
 
 TEST(Guide, HasAFileForEveryPage) {

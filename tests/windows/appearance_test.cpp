@@ -42,7 +42,7 @@ TEST_F(WindowTest, FollowsTheResolutionOfItsScreen) {
   host->open();
   pumpWaiting();
   const WindowReader reader(shownForm());
-  const auto box = [&] { return reader.control("TXT_GM03_NOTE"); };
+  const auto box = [&] { return reader.control("TXT_GM03_DESCRIZIONE"); };
   const windows::Inspection usual = box();
   changeResolution(2 * USER_DEFAULT_SCREEN_DPI);
   EXPECT_NEAR(static_cast<double>(heightOf(box())), 2.0 * static_cast<double>(heightOf(usual)), 4);
@@ -82,7 +82,7 @@ TEST_F(WindowTest, TextsStandOnOneLineAtEveryResolution) {
   for (const int dpi : {96, 120, 144, 192}) {
     changeResolution(dpi);
     for (const char* name :
-         {"TXT_GM03_NOTE", "TXT_GM03_IDDISPOSITIVO", "CMB_GM04_INDTIPOGIACENZA"}) {
+         {"TXT_GM03_DESCRIZIONE", "TXT_GM03_IDDISPOSITIVO", "CMB_GM04_INDTIPOGIACENZA"}) {
       const windows::Inspection field = reader.control(name);
       HWND const caption = GetWindow(field.window, GW_HWNDPREV);
       ASSERT_EQ(workbench::classOf(caption), L"Static") << name;
@@ -91,7 +91,7 @@ TEST_F(WindowTest, TextsStandOnOneLineAtEveryResolution) {
           << name << " at " << dpi;
     }
     // An edit control puts its text at the top, so its client area is as high as a line.
-    const windows::Inspection box = reader.control("TXT_GM03_NOTE");
+    const windows::Inspection box = reader.control("TXT_GM03_DESCRIZIONE");
     EXPECT_EQ(heightOf(box), lineHeightOf(box.window)) << dpi;
   }
   changeResolution(USER_DEFAULT_SCREEN_DPI);
@@ -117,7 +117,7 @@ TEST_F(WindowTest, WorksOnAWindowsWithoutResolutionsOfWindows) {
     DllHost host(*library);
     host->open();
     pumpWaiting();
-    usual = heightOf(WindowReader(shownForm()).control("TXT_GM03_NOTE"));
+    usual = heightOf(WindowReader(shownForm()).control("TXT_GM03_DESCRIZIONE"));
     host->close();
   }
   // Loaded anew, since a library asks for the functions once.
@@ -131,7 +131,7 @@ TEST_F(WindowTest, WorksOnAWindowsWithoutResolutionsOfWindows) {
   pumpWaiting();
   EXPECT_GT(hidden, 0);
   const WindowReader reader(shownForm());
-  const auto box = [&] { return reader.control("TXT_GM03_NOTE"); };
+  const auto box = [&] { return reader.control("TXT_GM03_DESCRIZIONE"); };
   EXPECT_EQ(heightOf(box()), usual);
   // A host that knows resolutions is told of them since Windows 8.1.
   changeResolution(2 * USER_DEFAULT_SCREEN_DPI);

@@ -1,6 +1,7 @@
 // The plug-in's window under the keyboard and the mouse: where the focus goes, and what keys do.
 #include <gtest/gtest.h>
 
+#include "tests/windows/held_keys.h"
 #include "tests/windows/window_fixture.h"
 #include "workbench/engine/execution/session.h"
 #include "workbench/windows/gestures.h"
@@ -36,14 +37,9 @@ class KeyboardTest : public WindowTest {
     pumpWaiting();
   }
   static void pressWithControl(HWND window, WPARAM key) {
-    BYTE state[256] = {};
-    GetKeyboardState(state);
-    state[VK_CONTROL] = 0x80;
-    SetKeyboardState(state);
+    const HeldKeys held({VK_CONTROL});
     pressKey(window, key);
     pumpWaiting();
-    state[VK_CONTROL] = 0;
-    SetKeyboardState(state);
   }
   bool isShown(const char* control) const { return reader().control(control).visible; }
 

@@ -15,6 +15,7 @@
 #include "tests/windows/import_patch.h"
 #include "tests/windows/resources.h"
 #include "tests/windows/window_fixture.h"
+#include "windows/views/window/window_text.h"
 #include "workbench/windows/gestures.h"
 #include "workbench/windows/window_reader.h"
 
@@ -131,7 +132,6 @@ TEST_F(WindowTest, OpensModal) {
 }
 
 std::wstring openedFile;
-std::wstring shownText;
 
 HINSTANCE WINAPI recordOpened(HWND, const wchar_t*, const wchar_t* file, const wchar_t*,
                               const wchar_t*, INT) {
@@ -139,28 +139,30 @@ HINSTANCE WINAPI recordOpened(HWND, const wchar_t*, const wchar_t* file, const w
   return reinterpret_cast<HINSTANCE>(INT_PTR{33});
 }
 
-int WINAPI recordShown(HWND, const wchar_t* text, const wchar_t*, UINT) {
-  shownText = text;
-  return IDOK;
+HWND shownList() {
+  return FindWindowW(L"kebu.lookup", nullptr);
 }
 
 TEST_F(WindowTest, F1OpensTheGuideAtThePage) {
   HMODULE module = GetModuleHandleW(L"KEBU_ANAGKELMORIA.dll");
   const ImportPatch shell(module, "ShellExecuteW", recordOpened);
-  const ImportPatch boxes(module, "MessageBoxW", recordShown);
   DllHost host(*library);
   host->open();
   pumpWaiting();
   openPage(shownForm(), "3");
   const auto pressF1 = [] {
     openedFile.clear();
-    shownText.clear();
-    PostMessageW(GetFocus(), WM_KEYDOWN, VK_F1, 0);
+    workbench::pressKey(GetFocus(), VK_F1);
     pumpWaiting();
   };
+  std::wstring title;
+  soon([&] {
+    title = windows::windowText(shownList());
+    workbench::pressKey(GetFocus(), VK_ESCAPE);
+  });
   pressF1();
   EXPECT_EQ(openedFile, L"") << "there is no guide beside the DLL";
-  EXPECT_NE(shownText.find(L"F10"), std::wstring::npos);
+  EXPECT_EQ(title, L"Tasti");
 
   const std::wstring dll = path();
   const std::wstring folder = dll.substr(0, dll.find_last_of(L"\\/")) + L"\\guida";
@@ -173,8 +175,19 @@ TEST_F(WindowTest, F1OpensTheGuideAtThePage) {
     CloseHandle(CreateFileW(file.c_str(), GENERIC_WRITE, 0, nullptr, CREATE_ALWAYS, 0, nullptr));
     pressF1();
     EXPECT_NE(openedFile.find(std::wstring(L"\\guida\\") + name), std::wstring::npos);
-    EXPECT_EQ(shownText, L"");
   }
+  // From a list, too.
+  openPage(shownForm(), "1");
+  DeleteFileW(page.c_str());
+  soon([&] {
+    pressF1();
+    workbench::pressKey(GetFocus(), VK_ESCAPE);
+  });
+  SetFocus(WindowReader(shownForm()).control("TXT_GM04_CODDOCWEB_MG36").window);
+  workbench::pressKey(GetFocus(), VK_F4);
+  pumpWaiting();
+  EXPECT_EQ(shownList(), nullptr);
+  EXPECT_NE(openedFile.find(L"\\guida\\index.html"), std::wstring::npos);
   for (const std::wstring& file : {index, page}) DeleteFileW(file.c_str());
   RemoveDirectoryW(folder.c_str());
   host->close();

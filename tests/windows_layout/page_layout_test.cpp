@@ -224,6 +224,50 @@ TEST_F(PageLayoutTest, AQueryEditorHasALineForEachField) {
   EXPECT_EQ(place(page, 900, 600).count(&family.first), 0U);
 }
 
+TEST_F(PageLayoutTest, AQueryEditorUsesAWidePageForTwoColumns) {
+  const QueryComposer nothing{[](const auto&, const auto&) { return std::string(); },
+                              [](const auto&) { return std::string(); }};
+  QueryEditor editor("EDITOR", host, nothing);
+  constexpr std::size_t fields = 5;
+  for (std::size_t i = 0; i < fields; ++i) {
+    editor.addField({"Standard", "Famiglia", "MG66_CODFAM", true, 0, true, true, false, false,
+                     false, false, 8});
+  }
+  editor.completeDeclaration();
+  page.add(editor);
+  std::vector<const Control*> shown{&editor.composedText(), &editor.countButton()};
+  for (std::size_t i = 0; i < fields; ++i) {
+    editor.row(i).op.choose("between");
+    shown.insert(shown.end(), {&editor.row(i).op, &editor.row(i).first, &editor.row(i).second});
+  }
+  const auto opOf = [&](Placements& placements, std::size_t i) {
+    return placements.at(&editor.row(i).op).bounds;
+  };
+  Placements wide = place(page, 1200, 600);
+  expectNoOverlap(wide, shown);
+  // Three fields stand in the first column, then two in the second one.
+  EXPECT_LT(opOf(wide, 1).top, opOf(wide, 2).top);
+  EXPECT_EQ(opOf(wide, 3).top, opOf(wide, 0).top);
+  EXPECT_GT(opOf(wide, 3).left, wide.at(&editor.row(0).second).lookup.right());
+  EXPECT_LE(wide.at(&editor.row(4).second).lookup.right(), 1200);
+  Placements narrow = place(page, 800, 600);
+  EXPECT_EQ(opOf(narrow, 3).left, opOf(narrow, 0).left);
+  EXPECT_LT(PageLayout(metrics, {}).naturalHeight(page.children(), 1200),
+            PageLayout(metrics, {}).naturalHeight(page.children(), 800));
+}
+
+TEST_F(PageLayoutTest, ABoxOfSeveralLinesTakesTheWidthAndTheirHeight) {
+  note.setLines(3);
+  second.add(name);
+  page.add(second);
+  const Placements placements = place(page, 900, 600);
+  const Placement& box = placements.at(&note);
+  EXPECT_EQ(box.bounds.height, placements.at(&name).bounds.height + 2 * metrics.lineHeight);
+  EXPECT_GT(box.bounds.width, metrics.px(widestField));
+  EXPECT_EQ(box.caption.height, placements.at(&name).caption.height) << "beside the first line";
+  expectNoOverlap(placements, {&note, &name});
+}
+
 TEST_F(PageLayoutTest, TheFrameLeavesTheRestToThePage) {
   class Frame : public Form {
    public:

@@ -410,7 +410,7 @@ std::string WindowHands::copy(const std::string& name, CopiedPart part) {
       pressWithControl(grid, 'C', true);
       break;
     case CopiedPart::All:
-      pressWithControl(grid, 'T', false);
+      pressWithControl(grid, 'T', true);
       break;
     case CopiedPart::Csv:
       return exported(grid);

@@ -43,6 +43,8 @@ ProfilePage::ProfilePage(PageContext& context, controls::NavigatorBar& navigator
   TXT_GM03_CODICEDISPOSITIVO.bind(frame, "GM03_CODICEDISPOSITIVO");
   TXT_GM03_DESCRIZIONE.bind(frame, "GM03_DESCRIZIONE");
   TXT_GM03_NOTE.bind(frame, "GM03_NOTE");
+  constexpr int noteLines = 3;
+  TXT_GM03_NOTE.setLines(noteLines);
 
   frame.setDeletedWith(
       "Vengono eliminati il profilo, i parametri, le attività, le categorie, i depositi e i "

@@ -28,12 +28,17 @@ void ButtonView::command(HWND /*from*/, UINT code) {
 void ButtonView::drawItem(const DRAWITEMSTRUCT& item) {
   drawPushButton(item, theme(),
                  {windowText(handle()), toWide(std::string(controls::keyOf(model_))),
-                  model_.isDefault(), behind()});
+                  model_.isDefault(), behind(), site().hovered() == item.hwndItem});
 }
 
 std::function<void()> ButtonView::actionFor(const Key& key) {
   if (key.isPlain(VK_RETURN)) return [this] { click(); };
   return {};
+}
+
+void ButtonView::describe(Inspection& inspection) {
+  View::describe(inspection);
+  write(inspection.shortcut, toWide(std::string(controls::keyOf(model_))));
 }
 
 void ButtonView::reachByMnemonic() {

@@ -17,6 +17,9 @@ class ButtonView : public View {
   bool hasMnemonic() const override { return true; }
   void reachByMnemonic() override;
 
+ protected:
+  void describe(Inspection& inspection) override;
+
  private:
   void click();
 

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "windows/support/text.h"
 #include "windows/views/window/guard.h"
 
 namespace kebu::windows {
@@ -43,6 +44,7 @@ void CheckBoxView::reachByMnemonic() {
 void CheckBoxView::describe(Inspection& inspection) {
   writeText(inspection, model_.isTicked() ? "1" : "0");
   if (model_.isTicked()) addMark(inspection, "chosen");
+  write(inspection.spoken, toWide(model_.caption()));
 }
 
 }  // namespace kebu::windows

@@ -76,6 +76,12 @@ std::wstring ComboBoxView::rowText(std::size_t index) const {
   return toWide(model_.showsCodes() ? toText(row.code) + " - " + row.caption : row.caption);
 }
 
+std::wstring ComboBoxView::lineIn(HWND window) const {
+  if (window != handle()) return FieldView::lineIn(window);
+  const int chosen = chosenIndex();
+  return chosen < 0 ? std::wstring() : rowText(static_cast<std::size_t>(chosen));
+}
+
 int ComboBoxView::chosenIndex() const {
   const auto* chosen = model_.selected();
   return chosen ? static_cast<int>(chosen - model_.rows().data()) : -1;

@@ -18,6 +18,7 @@ class ComboBoxView : public FieldView {
  protected:
   void describe(Inspection& inspection) override;
   bool describePart(Inspection& inspection) override;
+  std::wstring lineIn(HWND window) const override;
 
  private:
   void setHeights();

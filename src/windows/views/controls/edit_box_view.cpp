@@ -4,6 +4,7 @@
 
 #include <utility>
 
+#include "controls/simple_controls.h"
 #include "windows/support/text.h"
 #include "windows/views/drawing/edit_frame.h"
 #include "windows/views/drawing/push_button.h"
@@ -109,7 +110,8 @@ std::function<void()> EditBoxView::actionFor(const Key& key) {
 }
 
 void EditBoxView::drawItem(const DRAWITEMSTRUCT& item) {
-  drawPushButton(item, theme(), {L"\u2026", {}, false, behind()});
+  drawPushButton(item, theme(),
+                 {L"\u2026", {}, false, behind(), site().hovered() == item.hwndItem});
 }
 
 HBRUSH EditBoxView::colours(HDC dc, HWND window) {
@@ -136,12 +138,33 @@ void EditBoxView::describe(Inspection& inspection) {
   if (model_.hasLookup()) addMark(inspection, "look-up");
   if (model_.isUnknown()) addMark(inspection, "unknown");
   write(inspection.hint, toWide(model_.hint()));
+  const auto* const beside =
+      model_.description() ? controls::as<controls::Label>(*model_.description()) : nullptr;
+  const bool isUnknown = beside && beside->isUnknown() && beside->caption().empty();
+  if (beside) {
+    write(inspection.description, toWide(isUnknown ? beside->unknownText() : beside->caption()));
+  } else if (model_.text().empty()) {
+    write(inspection.description, toWide(model_.hint()));
+  }
 }
 
 bool EditBoxView::describePart(Inspection& inspection) {
   if (inspection.part != Inspected::Lookup || !lookup_) return false;
   describeWindow(inspection, lookup_.get());
+  const std::string& name = model_.caption().empty() ? model_.spokenName() : model_.caption();
+  write(inspection.spoken, toWide(translated("Elenco") + ": " + name));
+  write(inspection.shortcut, std::wstring(L"F4"));
   return true;
+}
+
+std::wstring EditBoxView::lineIn(HWND window) const {
+  const bool isHidden = window == handle() && (model_.isMasked() || model_.lines() > 1);
+  return isHidden ? std::wstring() : FieldView::lineIn(window);
+}
+
+std::optional<PartId> EditBoxView::partIn(HWND window) const {
+  if (lookup_ && window == lookup_.get()) return PartId{Inspected::Lookup, 0, 0};
+  return FieldView::partIn(window);
 }
 
 }  // namespace kebu::windows

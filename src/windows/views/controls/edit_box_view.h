@@ -19,10 +19,12 @@ class EditBoxView : public FieldView {
   HBRUSH colours(HDC dc, HWND window) override;
   std::function<void()> actionFor(const Key& key) override;
   bool commit() override;
+  std::optional<PartId> partIn(HWND window) const override;
 
  protected:
   bool isMarked() const override { return model_.isRequired(); }
   void enabledChanged() override;
+  std::wstring lineIn(HWND window) const override;
   void describe(Inspection& inspection) override;
   bool describePart(Inspection& inspection) override;
 

@@ -22,6 +22,11 @@ void FieldView::place(const layout::Placement& placement) {
   putWindow(handle(), placement.bounds);
 }
 
+void FieldView::standBehind(HWND previous) {
+  putBehind(caption_.get(), previous);
+  putBehind(handle(), caption_ ? caption_.get() : previous);
+}
+
 void FieldView::refresh() {
   makeCaption(GetParent(handle()));
   if (caption_) {

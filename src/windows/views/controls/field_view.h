@@ -13,6 +13,7 @@ class FieldView : public View {
 
   HWND handle() const override { return control_.get(); }
   void place(const layout::Placement& placement) override;
+  void standBehind(HWND previous) override;
   void refresh() override;
   void applyTheme() override;
   HBRUSH colours(HDC dc, HWND window) override;

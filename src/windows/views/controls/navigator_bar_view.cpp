@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "windows/support/text.h"
+#include "windows/views/accessibility/accessible_object.h"
 #include "windows/views/drawing/painting.h"
 #include "windows/views/drawing/push_button.h"
 #include "windows/views/layout/mnemonics.h"
@@ -70,6 +71,9 @@ LRESULT NavigatorBarView::answer(UINT message, WPARAM wParam, LPARAM lParam) {
     fill(reinterpret_cast<HDC>(wParam), clientArea(), theme().colours().window);
     return 1;
   }
+  if (message == WM_GETOBJECT) {
+    if (const auto object = answerGetObject(*this, {}, wParam, lParam)) return *object;
+  }
   if (const auto reflected = reflect(message, wParam, lParam)) return *reflected;
   return Window::answer(message, wParam, lParam);
 }
@@ -110,7 +114,7 @@ void NavigatorBarView::drawItem(const DRAWITEMSTRUCT& item) {
   drawPushButton(
       shown, theme(),
       {windowText(item.hwndItem), toWide(std::string(controls::functionKeyOf(button.key))),
-       button.key == "Conferma", theme().colours().window});
+       button.key == "Conferma", theme().colours().window, site().hovered() == item.hwndItem});
 }
 
 std::function<void()> NavigatorBarView::actionFor(const Key& key) {
@@ -134,8 +138,15 @@ void NavigatorBarView::setMnemonics(const std::vector<std::size_t>& letters) {
   refresh();
 }
 
+std::optional<PartId> NavigatorBarView::partIn(HWND window) const {
+  const auto index = indexOf(window);
+  if (!index) return View::partIn(window);
+  return PartId{Inspected::Item, 0, static_cast<std::int32_t>(*index)};
+}
+
 void NavigatorBarView::describe(Inspection& inspection) {
   View::describe(inspection);
+  write(inspection.spoken, toWide(translated("Comandi")));
   inspection.count = static_cast<std::int32_t>(buttons_.size());
 }
 
@@ -149,6 +160,7 @@ bool NavigatorBarView::describePart(Inspection& inspection) {
   inspection.enabled = all[*at].enabled;  // whether or not the bar is enabled
   writeName(inspection, all[*at].key);
   writeText(inspection, all[*at].caption);
+  write(inspection.shortcut, toWide(std::string(controls::functionKeyOf(all[*at].key))));
   return true;
 }
 

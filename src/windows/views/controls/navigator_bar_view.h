@@ -28,6 +28,7 @@ class NavigatorBarView : public View, private Window {
   bool focusButton(const std::string& key);
   /// Presses the button at `index`.
   void press(std::size_t index);
+  std::optional<PartId> partIn(HWND window) const override;
 
  protected:
   void describe(Inspection& inspection) override;

@@ -1,6 +1,7 @@
 #include "windows/views/controls/notice_list_view.h"
 
 #include "windows/support/text.h"
+#include "windows/views/accessibility/accessible_object.h"
 #include "windows/views/drawing/painting.h"
 #include "windows/views/drawing/push_button.h"
 #include "windows/views/layout/notice_layout.h"
@@ -71,6 +72,9 @@ LRESULT NoticeListView::answer(UINT message, WPARAM wParam, LPARAM lParam) {
     paint();
     return 0;
   }
+  if (message == WM_GETOBJECT) {
+    if (const auto object = answerGetObject(*this, {}, wParam, lParam)) return *object;
+  }
   if (const auto reflected = reflect(message, wParam, lParam)) return *reflected;
   return Window::answer(message, wParam, lParam);
 }
@@ -96,6 +100,12 @@ HBRUSH NoticeListView::colours(HDC dc, HWND /*window*/) {
   return theme().cardBrush();
 }
 
+std::optional<PartId> NoticeListView::partIn(HWND window) const {
+  const auto index = indexOf(window);
+  if (!index) return View::partIn(window);
+  return PartId{Inspected::Item, 0, static_cast<std::int32_t>(*index)};
+}
+
 std::optional<std::size_t> NoticeListView::indexOf(HWND button) const {
   for (std::size_t i = 0; i < lines_.size(); ++i) {
     if (button && lines_[i].button.get() == button) return i;
@@ -119,12 +129,18 @@ std::function<void()> NoticeListView::actionFor(const Key& key) {
 }
 
 void NoticeListView::drawItem(const DRAWITEMSTRUCT& item) {
-  drawPushButton(item, theme(), {windowText(item.hwndItem), {}, false, theme().colours().card});
+  drawPushButton(item, theme(),
+                 {windowText(item.hwndItem),
+                  {},
+                  false,
+                  theme().colours().card,
+                  site().hovered() == item.hwndItem});
 }
 
 void NoticeListView::describe(Inspection& inspection) {
   View::describe(inspection);
   inspection.count = static_cast<std::int32_t>(model_.notices().size());
+  write(inspection.spoken, toWide(translated("Avvisi")));
 }
 
 bool NoticeListView::describePart(Inspection& inspection) {
@@ -138,6 +154,8 @@ bool NoticeListView::describePart(Inspection& inspection) {
   describeWindow(inspection, acts ? line.button.get() : line.text.get());
   writeName(inspection, notices[*at].action);
   writeText(inspection, toUtf8(windowText(line.text.get())));
+  write(inspection.spoken, toWide(acts ? notices[*at].action : notices[*at].text));
+  if (acts) write(inspection.description, toWide(notices[*at].text));
   return true;
 }
 

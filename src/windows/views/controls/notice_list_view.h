@@ -23,6 +23,8 @@ class NoticeListView : public View, private Window {
   void drawItem(const DRAWITEMSTRUCT& item) override;
   HBRUSH colours(HDC dc, HWND window) override;
   std::function<void()> actionFor(const Key& key) override;
+  /// A notice's text is described by Windows itself.
+  std::optional<PartId> partIn(HWND window) const override;
 
  protected:
   void describe(Inspection& inspection) override;

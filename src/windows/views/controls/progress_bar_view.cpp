@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "windows/support/text.h"
+#include "windows/views/accessibility/accessible_object.h"
 #include "windows/views/drawing/painting.h"
 
 namespace kebu::windows {
@@ -47,6 +48,9 @@ LRESULT ProgressBarView::answer(UINT message, WPARAM wParam, LPARAM lParam) {
   switch (message) {
     case WM_ERASEBKGND:
       return 1;
+    case WM_GETOBJECT:
+      if (const auto object = answerGetObject(*this, {}, wParam, lParam)) return *object;
+      return Window::answer(message, wParam, lParam);
     case WM_TIMER:
       invalidate();
       return 0;

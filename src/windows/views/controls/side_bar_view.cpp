@@ -70,6 +70,8 @@ LRESULT CALLBACK SideBarView::listProcedure(HWND window, UINT message, WPARAM wP
     const int index = self.indexAt(lParam);
     self.pressed_ = index == self.chosenIndex() ? index : -1;
   }
+  if (message == WM_MOUSEMOVE && self.pointer_.moved()) self.pointerOn(self.indexAt(lParam));
+  if (message == WM_MOUSELEAVE) self.pointerOn(-1);
   self.movesByKey_ = message == WM_KEYDOWN || message == WM_CHAR;
   const LRESULT result = CallWindowProcW(self.listBox_, window, message, wParam, lParam);
   self.movesByKey_ = false;
@@ -80,6 +82,21 @@ LRESULT CALLBACK SideBarView::listProcedure(HWND window, UINT message, WPARAM wP
     }
   }
   return result;
+}
+
+void SideBarView::pointerOn(int index) {
+  const int before = std::exchange(hot_, index);
+  if (before == index) return;
+  for (const int each : {before, index}) {
+    RECT item{};
+    if (each < 0) continue;
+    SendMessageW(handle(), LB_GETITEMRECT, static_cast<WPARAM>(each),
+                 reinterpret_cast<LPARAM>(&item));
+    InvalidateRect(handle(), &item, FALSE);
+  }
+  if (index < 0) return;
+  TRACKMOUSEEVENT leaving{sizeof leaving, TME_LEAVE, handle(), 0};
+  TrackMouseEvent(&leaving);
 }
 
 void SideBarView::open(std::size_t index) {
@@ -120,6 +137,8 @@ void SideBarView::drawItem(const DRAWITEMSTRUCT& item) {
     InflateRect(&bar, 0, -theme().px(7));
     bar.right = bar.left + theme().px(3);
     fill(item.hDC, bar, colours.accent);
+  } else if (static_cast<int>(item.itemID) == hot_ && looksEnabled()) {
+    card(item.hDC, band, theme().px(6), colours.hover, colours.border);
   }
   if ((item.itemState & ODS_FOCUS) && !(item.itemState & ODS_NOFOCUSRECT)) {
     frame(item.hDC, band, colours.accent);
@@ -131,7 +150,8 @@ void SideBarView::drawItem(const DRAWITEMSTRUCT& item) {
     dot.left = dot.right - theme().px(8);
     dot.top = (band.top + band.bottom) / 2 - theme().px(4);
     dot.bottom = dot.top + theme().px(8);
-    card(item.hDC, dot, theme().px(8), colours.warning, colours.warning);
+    const Colour mark = chosen ? onChosen(colours, colours.warning) : colours.warning;
+    card(item.hDC, dot, theme().px(8), mark, mark);
     band.right = dot.left;
   }
   text(item.hDC, toWide(model_.links()[item.itemID].text), band,
@@ -148,6 +168,17 @@ void SideBarView::describe(Inspection& inspection) {
   View::describe(inspection);
   inspection.count = static_cast<std::int32_t>(model_.links().size());
   inspection.current = chosenIndex() + 1;
+  inspection.index = static_cast<std::int32_t>(SendMessageW(handle(), LB_GETCARETINDEX, 0, 0));
+  write(inspection.spoken, toWide(translated("Pagine")));
+}
+
+PartId SideBarView::partAt(POINT point) {
+  const int index = indexAt(MAKELPARAM(point.x, point.y));
+  return index < 0 ? PartId{} : PartId{Inspected::Item, 0, index};
+}
+
+bool SideBarView::goToPart(const PartId& part) {
+  return SendMessageW(handle(), LB_SETCURSEL, static_cast<WPARAM>(part.index), 0) != LB_ERR;
 }
 
 bool SideBarView::describePart(Inspection& inspection) {
@@ -161,7 +192,14 @@ bool SideBarView::describePart(Inspection& inspection) {
   writeName(inspection, std::to_string(links[*at].view));
   writeText(inspection, links[*at].text);
   if (static_cast<int>(*at) == chosenIndex()) addMark(inspection, "chosen");
-  if (links[*at].marked) addMark(inspection, "changed");
+  if (links[*at].marked) {
+    addMark(inspection, "changed");
+    write(inspection.description, toWide(translated("modifiche non salvate")));
+  }
+  constexpr std::size_t digits = 10;
+  if (*at < digits) {
+    write(inspection.shortcut, L"Ctrl+" + std::to_wstring((*at + 1) % digits));
+  }
   return true;
 }
 

@@ -5,6 +5,7 @@
 
 #include "controls/simple_controls.h"
 #include "windows/views/controls/view.h"
+#include "windows/views/window/pointer_watch.h"
 
 namespace kebu::windows {
 
@@ -24,10 +25,13 @@ class SideBarView : public View {
   void openAt(std::size_t index);
   /// To the link after the chosen one, or before it.
   void step(int by);
+  PartId partAt(POINT point) override;
+  bool goToPart(const PartId& part) override;
 
  protected:
   void describe(Inspection& inspection) override;
   bool describePart(Inspection& inspection) override;
+  std::wstring lineIn(HWND /*window*/) const override { return {}; }
 
  private:
   int chosenIndex() const;
@@ -39,7 +43,11 @@ class SideBarView : public View {
   std::vector<std::wstring> texts_;  ///< as the list has them
   WNDPROC listBox_ = nullptr;        ///< the list's own procedure
   bool movesByKey_ = false;          ///< while the list handles a key
-  int pressed_ = -1;                 ///< the chosen link, while the mouse is down on it
+  void pointerOn(int index);
+
+  PointerPlace pointer_;
+  int hot_ = -1;      ///< the link that the pointer is on
+  int pressed_ = -1;  ///< the chosen link, while the mouse is down on it
   OwnedWindow window_;
 };
 

@@ -3,6 +3,7 @@
 #include "common/convert.h"
 #include "common/error.h"
 #include "windows/support/text.h"
+#include "windows/views/accessibility/accessible_object.h"
 #include "windows/views/layout/mnemonics.h"
 #include "windows/views/window/dpi.h"
 #include "windows/views/window/guard.h"
@@ -12,6 +13,20 @@ namespace kebu::windows {
 namespace {
 
 constexpr const wchar_t* viewProperty = L"kebu.view";
+
+/// Describes a stock control to assistive technology. The control's usual procedure is kept in its
+/// user data.
+LRESULT CALLBACK stockProcedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
+  if (message == WM_GETOBJECT) {
+    View* const view = viewOf(window);
+    const auto part = view ? view->partIn(window) : std::nullopt;
+    std::optional<LRESULT> object;
+    if (part) guarded([&] { object = answerGetObject(*view, *part, wParam, lParam); });
+    if (object) return *object;
+  }
+  const auto usual = reinterpret_cast<WNDPROC>(GetWindowLongPtrW(window, GWLP_USERDATA));
+  return CallWindowProcW(usual, window, message, wParam, lParam);
+}
 
 }  // namespace
 
@@ -69,11 +84,26 @@ OwnedWindow View::createStock(const wchar_t* className, DWORD style, DWORD exten
   setFont(window.get(), theme().font(), false);
   if (theme().colours().isSystems) takeColours(window.get(), theme());
   adopt(window.get());
+  SetWindowLongPtrW(window.get(), GWLP_USERDATA, GetWindowLongPtrW(window.get(), GWLP_WNDPROC));
+  SetWindowLongPtrW(window.get(), GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(stockProcedure));
   return window;
 }
 
 void View::adopt(HWND window) {
   SetPropW(window, viewProperty, this);
+}
+
+Describable* View::groupAround() {
+  controls::Control* const group = control_.container();
+  return group && site_.isOnCard(control_) ? site_.viewFor(*group) : nullptr;
+}
+
+std::string View::captionAround() const {
+  for (const controls::Control* around = &control_; around; around = around->container()) {
+    if (!around->spokenName().empty()) return around->spokenName();
+    if (!around->caption().empty()) return around->caption();
+  }
+  return {};
 }
 
 bool View::inspect(Inspection& inspection) {
@@ -85,7 +115,42 @@ bool View::inspect(Inspection& inspection) {
   inspection.visible = control_.isShown();
   describe(inspection);
   if (!control_.acceptsChanges()) addMark(inspection, "locked");
+  if (control_.caption().empty() && !inspection.spoken[0]) {
+    write(inspection.spoken, toWide(captionAround()));
+  }
+  if (!inspection.shortcut[0] && mnemonic_ < control_.caption().size()) {
+    write(inspection.shortcut,
+          L"Alt+" + toWide(toUpperAscii(control_.caption().substr(mnemonic_, 1))));
+  }
   return true;
+}
+
+std::wstring View::tipOf(HWND window, POINT screen) {
+  std::vector<std::wstring> lines;
+  const std::wstring line = lineIn(window);
+  RECT client{};
+  GetClientRect(window, &client);
+  if (theme().metrics().textWidth(toUtf8(line)) > client.right) lines.push_back(line);
+  auto part = partIn(window);
+  if (part == PartId{}) {
+    POINT point = screen;
+    ScreenToClient(window, &point);
+    part = partAt(point);
+  }
+  if (part) {
+    Inspection answer;
+    answer.part = part->part;
+    answer.row = part->row;
+    answer.index = part->index;
+    if (inspect(answer)) {
+      for (const wchar_t* text : {answer.description, answer.shortcut}) {
+        if (*text) lines.emplace_back(text);
+      }
+    }
+  }
+  std::wstring tip;
+  for (const std::wstring& each : lines) tip += (tip.empty() ? L"" : L"\r\n") + each;
+  return tip;
 }
 
 View* viewOf(HWND window) {

@@ -3,11 +3,14 @@
 #include <functional>
 #include <optional>
 #include <string>
+#include <string_view>
+#include <vector>
 
 #include "common/event.h"
 #include "controls/control.h"
 #include "windows/support/handles.h"
 #include "windows/support/windows_api.h"
+#include "windows/views/accessibility/describable.h"
 #include "windows/views/drawing/theme.h"
 #include "windows/views/layout/page_layout.h"
 #include "windows/views/window/inspection.h"
@@ -17,6 +20,8 @@
 #include "windows/views/window/window_text.h"
 
 namespace kebu::windows {
+
+class View;
 
 /// What a view needs of the window that contains it.
 class ViewSite {
@@ -34,22 +39,27 @@ class ViewSite {
   virtual bool isBusy() const = 0;
   /// Whether the control stands on a card, not on the window itself.
   virtual bool isOnCard(const controls::Control& control) const = 0;
+  /// The view of another control; null while it has none.
+  virtual View* viewFor(const controls::Control& control) const = 0;
+  /// A text of a view's own in the user's language.
+  virtual std::string translated(std::string_view text) const = 0;
+  /// The control that the pointer is on; null for none.
+  virtual HWND hovered() const = 0;
 };
 
 /// Draws one model and turns input into calls of the model. It holds no rule of the system: after a
 /// refusal it shows what the model holds. A view's windows are its last members: while a window is
 /// destroyed it still sends notifications, the loss of the focus for one, and they use the others.
-class View {
+class View : public Describable {
  public:
   View(ViewSite& site, controls::Control& model, const char* kind);
-  virtual ~View() = default;
-  View(const View&) = delete;
-  View& operator=(const View&) = delete;
 
   controls::Control& control() const { return control_; }
   /// The control's window; null for a control that is not visible or is drawn by its page.
   virtual HWND handle() const { return nullptr; }
   virtual void place(const layout::Placement& placement);
+  /// Moves its windows behind another one in the tab order.
+  virtual void standBehind(HWND previous) { putBehind(handle(), previous); }
   /// Shows what the model holds now.
   virtual void refresh() {}
   /// The resolution or the colours changed; the control's window has the usual font.
@@ -61,6 +71,9 @@ class View {
   /// The brush behind it, with the colours set; null for the usual ones.
   virtual HBRUSH colours(HDC /*dc*/, HWND /*window*/) { return nullptr; }
   virtual std::function<void()> actionFor(const Key& /*key*/) { return {}; }
+  /// What a tip says of one of its windows at a point of the screen: the text that is cut off, what
+  /// else one should know, and the key that does the same; "" for nothing.
+  std::wstring tipOf(HWND window, POINT screen);
   /// Passes what the user typed to the model; false when it was refused.
   virtual bool commit() { return true; }
   /// The letter by which it is reached, as an index of a byte of its caption.
@@ -71,8 +84,14 @@ class View {
     if (handle()) SetFocus(handle());
   }
 
-  /// Answers about the control or a part of it; false when there is no such part.
-  bool inspect(Inspection& inspection);
+  bool inspect(Inspection& inspection) override;
+  HWND describedWindow() const override { return handle(); }
+  Describable* groupAround() override;
+  std::string translated(std::string_view text) const override { return site_.translated(text); }
+  /// The part that one of its windows shows; nothing where Windows' own description is right.
+  virtual std::optional<PartId> partIn(HWND window) const {
+    return window == handle() ? std::optional(PartId{}) : std::nullopt;
+  }
 
  protected:
   ViewSite& site() const { return site_; }
@@ -86,6 +105,8 @@ class View {
   void adopt(HWND window);
   virtual void describe(Inspection& inspection) { writeText(inspection, control_.caption()); }
   virtual bool describePart(Inspection& /*inspection*/) { return false; }
+  /// The text that one of its windows shows on one line.
+  virtual std::wstring lineIn(HWND window) const { return windowText(window); }
   /// The caption as a control takes it, with its letter marked.
   std::wstring markedCaption() const;
   /// Sets the colours of a text on what is behind the control; the brush for that.
@@ -93,6 +114,8 @@ class View {
 
  private:
   void modelChanged();
+  /// The caption of the nearest group, for a control without one of its own.
+  std::string captionAround() const;
 
   ViewSite& site_;
   controls::Control& control_;

@@ -7,6 +7,15 @@ namespace kebu::windows {
 GroupBoxView::GroupBoxView(ViewSite& site, controls::GroupBox& model, HWND page, const char* kind)
     : View(site, model, kind), page_(page) {}
 
+std::vector<Describable*> GroupBoxView::members() {
+  std::vector<Describable*> shown;
+  for (const controls::Control* child : controls::as<controls::GroupBox>(control())->children()) {
+    View* const view = child->isVisible() ? site().viewFor(*child) : nullptr;
+    if (view && view->describedWindow()) shown.push_back(view);
+  }
+  return shown;
+}
+
 void GroupBoxView::describe(Inspection& inspection) {
   View::describe(inspection);
   inspection.window = page_;

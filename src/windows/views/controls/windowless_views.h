@@ -14,6 +14,9 @@ class GroupBoxView : public View {
 
   void place(const layout::Placement& placement) override { bounds_ = placement.bounds; }
   void refresh() override { InvalidateRect(page_, nullptr, FALSE); }
+  HWND describedWindow() const override { return page_; }
+  bool hasOwnWindow() const override { return false; }
+  std::vector<Describable*> members() override;
 
  protected:
   void describe(Inspection& inspection) override;

@@ -4,6 +4,7 @@
 #include <vssym32.h>
 
 #include <algorithm>
+#include <vector>
 
 #include "windows/support/text.h"
 
@@ -68,6 +69,59 @@ void text(HDC dc, const std::wstring& text, RECT area, COLORREF colour, HFONT fo
   SetTextColor(dc, colour);
   DrawTextW(dc, text.c_str(), static_cast<int>(text.size()), &area,
             format | DT_SINGLELINE | DT_VCENTER | DT_END_ELLIPSIS);
+}
+
+namespace {
+
+/// A square in the middle of an area, in which marks are drawn with parts of its size.
+class MarkSquare {
+ public:
+  MarkSquare(const RECT& area, int size)
+      : left_((area.left + area.right - size) / 2),
+        top_((area.top + area.bottom - size) / 2),
+        size_(size) {}
+  /// In hundredths of the size.
+  POINT at(int x, int y) const {
+    return {left_ + MulDiv(x, size_, 100), top_ + MulDiv(y, size_, 100)};
+  }
+
+ private:
+  LONG left_;
+  LONG top_;
+  int size_;
+};
+
+void polygon(HDC dc, const std::vector<POINT>& corners, COLORREF colour) {
+  const Selected pen(dc, GetStockObject(DC_PEN));
+  const Selected brush(dc, GetStockObject(DC_BRUSH));
+  SetDCPenColor(dc, colour);
+  SetDCBrushColor(dc, colour);
+  Polygon(dc, corners.data(), static_cast<int>(corners.size()));
+}
+
+}  // namespace
+
+void tickMark(HDC dc, const RECT& area, int size, COLORREF colour) {
+  const MarkSquare square(area, size);
+  polygon(dc,
+          {square.at(0, 50), square.at(15, 35), square.at(38, 60), square.at(85, 8),
+           square.at(100, 22), square.at(38, 92)},
+          colour);
+}
+
+void warningMark(HDC dc, const RECT& area, int size, COLORREF colour) {
+  const MarkSquare square(area, size);
+  const Selected pen(dc, GetStockObject(DC_PEN));
+  const Selected brush(dc, GetStockObject(NULL_BRUSH));
+  SetDCPenColor(dc, colour);
+  const POINT corners[] = {square.at(50, 2), square.at(100, 94), square.at(0, 94)};
+  Polygon(dc, corners, 3);
+  const POINT top = square.at(50, 34);
+  const POINT bottom = square.at(50, 64);
+  const POINT dot = square.at(50, 78);
+  const int width = std::max(MulDiv(size, 10, 100), 1);
+  fill(dc, {top.x, top.y, top.x + width, bottom.y}, colour);
+  fill(dc, {dot.x, dot.y, dot.x + width, dot.y + width}, colour);
 }
 
 void checkBox(HDC dc, HWND window, const RECT& area, CheckState state, bool enabled, int size) {

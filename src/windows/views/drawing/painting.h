@@ -70,6 +70,10 @@ void card(HDC dc, const RECT& area, int radius, COLORREF inside, COLORREF border
 /// One line, cut off with dots where it does not fit; `format` as for DrawText.
 void text(HDC dc, const std::wstring& text, RECT area, COLORREF colour, HFONT font, UINT format);
 
+/// A tick, or a triangle with an exclamation mark, of a size in the middle of `area`.
+void tickMark(HDC dc, const RECT& area, int size, COLORREF colour);
+void warningMark(HDC dc, const RECT& area, int size, COLORREF colour);
+
 enum class CheckState { Off, Mixed, On };
 /// A check box in the visual style, in the middle of `area`.
 void checkBox(HDC dc, HWND window, const RECT& area, CheckState state, bool enabled, int size);

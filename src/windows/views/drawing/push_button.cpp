@@ -23,9 +23,11 @@ void drawPushButton(const DRAWITEMSTRUCT& item, const Theme& theme, const PushBu
   RECT area = item.rcItem;
   SetBkMode(item.hDC, TRANSPARENT);
   fill(item.hDC, area, face.behind);
-  const COLORREF inside = isMain ? colours.accent : pressed ? colours.chosen : colours.card;
+  const bool hovered = face.isHovered && enabled;
+  const Colour idle = hovered ? colours.hover : colours.card;
+  const COLORREF inside = isMain ? colours.accent : pressed ? colours.chosen : idle;
   card(item.hDC, area, theme.px(6), enabled ? inside : face.behind,
-       isMain ? colours.accent : colours.border);
+       isMain || hovered ? colours.accent : colours.border);
   if ((item.itemState & ODS_FOCUS) && !(item.itemState & ODS_NOFOCUSRECT)) {
     RECT ring = area;
     InflateRect(&ring, -theme.px(2), -theme.px(2));
@@ -33,7 +35,8 @@ void drawPushButton(const DRAWITEMSTRUCT& item, const Theme& theme, const PushBu
   }
   if (pressed) OffsetRect(&area, 0, 1);
 
-  const COLORREF ink = !enabled ? colours.faint : isMain ? colours.accentText : colours.text;
+  const Colour usual = pressed ? onChosen(colours, colours.text) : colours.text;
+  const COLORREF ink = !enabled ? colours.faint : isMain ? colours.accentText : usual;
   const UINT cues = item.itemState & ODS_NOACCEL ? DT_HIDEPREFIX : 0U;
   const int gap = face.key.empty() ? 0 : theme.px(10);
   const int textWidth = widthOf(item.hDC, face.text, theme.font());
@@ -42,8 +45,8 @@ void drawPushButton(const DRAWITEMSTRUCT& item, const Theme& theme, const PushBu
   text(item.hDC, face.text, area, ink, theme.font(), cues);
   area.left += textWidth + gap;
   if (!face.key.empty()) {
-    text(item.hDC, face.key, area, isMain || !enabled ? ink : colours.muted, theme.font(),
-         DT_NOPREFIX);
+    text(item.hDC, face.key, area, isMain || pressed || !enabled ? ink : colours.muted,
+         theme.font(), DT_NOPREFIX);
   }
 }
 

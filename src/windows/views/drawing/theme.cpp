@@ -28,8 +28,7 @@ int brightness(COLORREF colour) {
   return GetRValue(colour) * 3 + GetGValue(colour) * 6 + GetBValue(colour);
 }
 
-/// Whether the user asked for high contrast or for light text on dark. Stock controls then have the
-/// system's colours, and anything lighter beside them would dazzle.
+/// Whether the user asked for high contrast or for light text on dark.
 bool takesSystemColours() {
   return isHighContrast() ||
          brightness(GetSysColor(COLOR_WINDOW)) < brightness(GetSysColor(COLOR_WINDOWTEXT));
@@ -37,50 +36,17 @@ bool takesSystemColours() {
 
 }  // namespace
 
-Palette Palette::current() {
-  if (takesSystemColours()) {
-    const COLORREF window = GetSysColor(COLOR_WINDOW);
-    const COLORREF text = GetSysColor(COLOR_WINDOWTEXT);
-    const COLORREF chosen = GetSysColor(COLOR_HIGHLIGHT);
-    const COLORREF onChosen = GetSysColor(COLOR_HIGHLIGHTTEXT);
-    const COLORREF faint = GetSysColor(COLOR_GRAYTEXT);
-    return {.window = window,
-            .card = window,
-            .border = text,
-            .line = text,
-            .text = text,
-            .muted = text,
-            .faint = faint,
-            .accent = chosen,
-            .accentText = onChosen,
-            .chosen = window,
-            .chosenText = text,
-            .hover = window,
-            .locked = window,
-            .good = text,
-            .warning = text,
-            .isSystems = true};
-  }
-  return {.window = RGB(243, 245, 248),
-          .card = RGB(255, 255, 255),
-          .border = RGB(216, 221, 228),
-          .line = RGB(233, 236, 240),
-          .text = RGB(28, 36, 48),
-          .muted = RGB(84, 96, 112),
-          .faint = RGB(152, 161, 173),
-          .accent = RGB(24, 98, 168),
-          .accentText = RGB(255, 255, 255),
-          .chosen = RGB(222, 235, 248),
-          .chosenText = RGB(24, 98, 168),
-          .hover = RGB(236, 241, 247),
-          .locked = RGB(244, 246, 248),
-          .good = RGB(46, 139, 87),
-          .warning = RGB(214, 137, 16),
-          .isSystems = false};
+Palette currentPalette() {
+  if (!takesSystemColours()) return lightPalette;
+  return paletteOf({.window = GetSysColor(COLOR_WINDOW),
+                    .windowText = GetSysColor(COLOR_WINDOWTEXT),
+                    .highlight = GetSysColor(COLOR_HIGHLIGHT),
+                    .highlightText = GetSysColor(COLOR_HIGHLIGHTTEXT),
+                    .grayText = GetSysColor(COLOR_GRAYTEXT)});
 }
 
 Theme::Theme(int dpi)
-    : palette_(Palette::current()),
+    : palette_(currentPalette()),
       windowBrush_(CreateSolidBrush(palette_.window)),
       cardBrush_(CreateSolidBrush(palette_.card)),
       lockedBrush_(CreateSolidBrush(palette_.locked)) {

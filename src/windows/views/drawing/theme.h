@@ -1,32 +1,13 @@
 #pragma once
 
 #include "windows/support/handles.h"
+#include "windows/views/drawing/palette.h"
 #include "windows/views/layout/metrics.h"
 
 namespace kebu::windows {
 
-/// The colours of a window; the system's own where the user asked for high
-/// contrast or dark windows.
-struct Palette {
-  COLORREF window;  ///< behind everything
-  COLORREF card;    ///< behind a group of controls
-  COLORREF border;
-  COLORREF line;  ///< between rows
-  COLORREF text;
-  COLORREF muted;  ///< captions, descriptions
-  COLORREF faint;  ///< what cannot be used now
-  COLORREF accent;
-  COLORREF accentText;  ///< on the accent
-  COLORREF chosen;      ///< behind a chosen row or link
-  COLORREF chosenText;  ///< of a chosen link
-  COLORREF hover;
-  COLORREF locked;  ///< behind what cannot be edited
-  COLORREF good;
-  COLORREF warning;
-  bool isSystems;  ///< whether the colours are the system's own
-
-  static Palette current();
-};
+/// The colours that apply now: the usual ones, or the system's where the user asked for them.
+Palette currentPalette();
 
 /// Fonts, colours and sizes at one resolution.
 class Theme {

@@ -74,11 +74,15 @@ const controls::Control& outermost(const controls::Control& control) {
 
 FormWindow::FormWindow(HINSTANCE module, controls::Form& form, HWND owner,
                        std::function<void()> lost)
-    : module_(module), form_(form), lost_(std::move(lost)) {
+    : module_(module),
+      form_(form),
+      lost_(std::move(lost)),
+      pointer_([this](HWND control, POINT screen) { return tipOf(control, screen); }) {
   create(module, {L"kebu.form", WS_OVERLAPPEDWINDOW | WS_CLIPCHILDREN, WS_EX_CONTROLPARENT}, owner,
          {form.left(), form.top(), form.left() + usualSize.width, form.top() + usualSize.height},
          toWide(form.caption()));
   theme_ = std::make_unique<Theme>(dpiOf(handle()));
+  pointer_.watch(handle());
   build();
   // A form without a side bar is a dialog.
   const layout::Rect& size = hasSideBar_ ? usualSize : dialogSize;
@@ -97,6 +101,7 @@ FormWindow::~FormWindow() {
   subscriptions_.clear();
   groupSubscriptions_.clear();
   inOrder_.clear();
+  awaited_.clear();
   views_.clear();
   pages_.clear();
   loosePage_.reset();
@@ -119,6 +124,14 @@ void FormWindow::build() {
     const controls::GroupBox* const page = pageOf(*control);
     if (page && page == group && pages_.try_emplace(page).second) listenTo(*group);
     if (page && !pages_[page]) continue;
+    if (!isWanted(*control)) {
+      if (awaited_.contains(control)) continue;
+      awaited_.emplace(control, control->changed.connect([this, control] {
+        if (isWanted(*control)) requestLayout();
+      }));
+      continue;
+    }
+    const bool isLate = awaited_.erase(control) > 0;
     HWND parent = page ? pages_[page]->handle() : parentFor(*control);
     std::unique_ptr<View> view = makeView(*this, *control, parent);
     view->refresh();
@@ -129,6 +142,7 @@ void FormWindow::build() {
     }
     inOrder_.push_back(view.get());
     views_[control] = std::move(view);
+    if (isLate) putInTabOrder(inOrder_.size() - 1);
     if (group && group != page) listenTo(*group);
     if (auto* const resizing = controls::as<controls::ResizeManager>(*control)) {
       groupSubscriptions_.push_back(resizing->changed.connect([this] { requestLayout(); }));
@@ -136,18 +150,56 @@ void FormWindow::build() {
   }
 }
 
+bool FormWindow::isWanted(const controls::Control& control) const {
+  using controls::ControlKind;
+  if (&control == inspected_ || isBesidePages(control) || !control.container()) return true;
+  switch (control.kind()) {
+    case ControlKind::Button:
+    case ControlKind::CheckBox:
+    case ControlKind::ComboBox:
+    case ControlKind::EditBox:
+      return control.isShown();
+    case ControlKind::Label: {
+      const auto& label = static_cast<const controls::Label&>(control);
+      return control.isShown() && (!label.caption().empty() || label.isUnknown());
+    }
+    default:
+      return true;
+  }
+}
+
+bool FormWindow::isAnyAwaitedWanted() const {
+  return std::ranges::any_of(awaited_, [this](const auto& each) { return isWanted(*each.first); });
+}
+
+void FormWindow::putInTabOrder(std::size_t at) {
+  View& view = *inOrder_[at];
+  if (!view.handle()) return;
+  HWND const parent = GetParent(view.handle());
+  HWND previous = HWND_TOP;
+  for (std::size_t i = 0; i < at; ++i) {
+    HWND const window = inOrder_[i]->handle();
+    if (window && GetParent(window) == parent) previous = window;
+  }
+  view.standBehind(previous);
+}
+
 void FormWindow::listenTo(controls::GroupBox& group) {
   groupSubscriptions_.push_back(group.changed.connect([this, &group] { groupChanged(group); }));
 }
 
 void FormWindow::rebuildIfGrown() {
-  if (form_.controls().size() == controlsSeen_) return;
+  if (form_.controls().size() == controlsSeen_) {
+    if (isAnyAwaitedWanted()) build();
+    return;
+  }
   if (!hasSideBar_) {
     // The tab order is the order in which windows were made. On a page of the side bar, a window of
     // its own, later controls come last anyway; a dialog's few controls are made again.
     groupSubscriptions_.clear();
     mnemonics_.clear();
     inOrder_.clear();
+    awaited_.clear();
     views_.clear();
     loosePage_.reset();
     lastFocus_ = nullptr;
@@ -156,11 +208,7 @@ void FormWindow::rebuildIfGrown() {
 }
 
 std::unique_ptr<PageWindow> FormWindow::newPage() {
-  return std::make_unique<PageWindow>(
-      module_, handle(), *theme_,
-      [this](controls::Control& control, const layout::Placement& placement) {
-        if (View* const view = find(control)) view->place(placement);
-      });
+  return std::make_unique<PageWindow>(*this, handle());
 }
 
 void FormWindow::fillPage(const controls::GroupBox& page) {
@@ -449,6 +497,13 @@ void FormWindow::activated(HWND before) {
 
 // ---- messages
 
+std::wstring FormWindow::tipOf(HWND control, POINT screen) const {
+  View* const view = viewOf(control);
+  // A grid has tips of its own, for its cells.
+  const bool hasTip = view && view->control().kind() != controls::ControlKind::QueryGrid;
+  return hasTip ? view->tipOf(control, screen) : std::wstring();
+}
+
 bool FormWindow::inspect(Inspection& inspection) {
   if (layoutWanted_) layOut();
   const std::string name = toUtf8(inspection.control);
@@ -468,6 +523,11 @@ bool FormWindow::inspect(Inspection& inspection) {
   const controls::Control* const control = form_.find(name);
   if (!control) return false;
   if (const controls::GroupBox* const page = pageOf(*control)) fillPage(*page);
+  if (!find(*control)) {
+    inspected_ = control;
+    build();
+    inspected_ = nullptr;
+  }
   View* const view = find(*control);
   return view && view->inspect(inspection);
 }
@@ -511,6 +571,12 @@ LRESULT FormWindow::answer(UINT message, WPARAM wParam, LPARAM lParam) {
           std::min<LONG>(theme_->px(leastSize.height), area.bottom - area.top)};
       return 0;
     }
+    case WM_SETCURSOR:
+      pointer_.pointerMoved(reinterpret_cast<HWND>(wParam));
+      return Window::answer(message, wParam, lParam);
+    case WM_TIMER:
+      if (wParam == PointerWatch::timer) pointer_.tick();
+      return 0;
     case WM_DPICHANGED:
       changeDpi(HIWORD(wParam), *reinterpret_cast<const RECT*>(lParam));
       return 0;

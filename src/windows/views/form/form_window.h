@@ -10,6 +10,7 @@
 #include "windows/views/controls/view.h"
 #include "windows/views/form/page_window.h"
 #include "windows/views/window/keyboard.h"
+#include "windows/views/window/pointer_watch.h"
 #include "windows/views/window/window.h"
 
 namespace kebu::windows {
@@ -30,6 +31,8 @@ class FormWindow : public Window, public ViewSite, public KeyTarget {
   /// up for a second.
   void paintNow();
   void setModal(bool modal) { modal_ = modal; }
+  /// Opens the user guide at the page shown, or the table of keys where there is no guide.
+  void showGuide();
   /// Shows that the window works, or no longer works.
   void showBusy(bool busy);
   /// Drops the keys and mouse buttons that were pressed in it and are not answered yet.
@@ -46,10 +49,20 @@ class FormWindow : public Window, public ViewSite, public KeyTarget {
   bool commit() override;
   bool isBusy() const override { return busy_; }
   bool isOnCard(const controls::Control& control) const override;
+  View* viewFor(const controls::Control& control) const override { return find(control); }
+  std::string translated(std::string_view text) const override { return form_.translated(text); }
+  HWND hovered() const override { return pointer_.control(); }
   std::function<void()> actionFor(const Key& key) override;
 
-  /// Makes the views that are missing, but for those of pages without a window.
+  /// Makes the views that are missing, but for those of pages without a window and of controls of
+  /// which nothing is seen yet: windows cost more than models.
   void build();
+  /// Whether something of a control of a page can be seen, or was asked for.
+  bool isWanted(const controls::Control& control) const;
+  /// The same for one that waits for its view.
+  bool isAnyAwaitedWanted() const;
+  /// Puts a view that was made late into the tab order, which is the order of the windows.
+  void putInTabOrder(std::size_t at);
   /// Makes the views anew when the form has got more controls.
   void rebuildIfGrown();
   std::unique_ptr<PageWindow> newPage();
@@ -83,8 +96,7 @@ class FormWindow : public Window, public ViewSite, public KeyTarget {
   void keepFocusAlive();
   void focusMoved();
   std::function<void()> mnemonicAction(char letter);
-  /// Opens the user guide, or the table of keys where there is none.
-  void showGuide();
+  std::wstring tipOf(HWND control, POINT screen) const;
   bool inspect(Inspection& inspection);
   void activated(HWND before);
 
@@ -99,10 +111,14 @@ class FormWindow : public Window, public ViewSite, public KeyTarget {
   std::set<const controls::GroupBox*> covered_;  ///< visible pages under the shown one
   std::map<const controls::Control*, std::unique_ptr<View>> views_;
   std::vector<View*> inOrder_;
+  /// The controls that wait for their views, with what tells of their changes.
+  std::map<const controls::Control*, Subscription> awaited_;
+  const controls::Control* inspected_ = nullptr;  ///< its view is made in any case
   std::map<char, std::function<void()>> mnemonics_;
   std::vector<Subscription> subscriptions_;
   std::vector<Subscription> groupSubscriptions_;  ///< to the groups and the resize manager
   std::unique_ptr<KeyboardHook> keys_;
+  PointerWatch pointer_;
   HWND lastFocus_ = nullptr;
   std::size_t controlsSeen_ = 0;  ///< how many controls the form had at the last build
   bool hasSideBar_ = false;

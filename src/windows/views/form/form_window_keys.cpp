@@ -110,6 +110,11 @@ std::function<void()> FormWindow::actionFor(const Key& key) {
   if (key.code == VK_TAB && !key.control) return [this, back = key.shift] { moveFocus(back); };
   if (key.isPlain(VK_RETURN)) return [this] { moveToNextField(); };
   if (key.isPlain(VK_F1)) return [this] { showGuide(); };
+  if (key.code == VK_F1 && key.control && !key.shift) {
+    return [this] {
+      if (commit()) guarded([&] { form_.showKeys(); });
+    };
+  }
   if (key.isPlain(VK_F5)) {
     return [this] {
       if (commit()) guarded([&] { form_.refreshPage(); });
@@ -121,7 +126,8 @@ std::function<void()> FormWindow::actionFor(const Key& key) {
   const bool pageKey = key.code == VK_NEXT || key.code == VK_PRIOR;
   for (View* view : inOrder_) {
     if (!view->control().isShown()) continue;
-    if (auto* const links = dynamic_cast<SideBarView*>(view); links && pageKey && key.control) {
+    if (auto* const links = dynamic_cast<SideBarView*>(view);
+        links && pageKey && key.control && !key.shift) {
       return [links, down = key.code == VK_NEXT] { links->step(down ? 1 : -1); };
     }
     const bool isDigit = key.code >= '0' && key.code <= '9' && key.control && !key.shift;
@@ -140,7 +146,7 @@ std::function<void()> FormWindow::actionFor(const Key& key) {
 void FormWindow::showGuide() {
   const auto file = userGuideFile(toWide(form_.guidePage()));
   if (file && openUserGuide(handle(), *file)) return;
-  MessageBoxW(handle(), toWide(form_.keysText()).c_str(), toWide(form_.caption()).c_str(), MB_OK);
+  guarded([&] { form_.showKeys(); });
 }
 
 }  // namespace kebu::windows

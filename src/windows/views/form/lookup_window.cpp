@@ -20,8 +20,9 @@ constexpr int measuredRows = 200;  // at most, for the widths of the columns
 
 }  // namespace
 
-LookupWindow::LookupWindow(HINSTANCE module, controls::LookupList& list, HWND owner)
-    : module_(module), list_(list), theme_(dpiOf(owner)) {
+LookupWindow::LookupWindow(HINSTANCE module, controls::LookupList& list, HWND owner,
+                           std::function<void()> help)
+    : module_(module), list_(list), theme_(dpiOf(owner)), help_(std::move(help)) {
   int width = 40;
   for (std::size_t i = 0; i < list.captions().size(); ++i) {
     int widest = theme_.metrics().textWidth(list.captions()[i]) + theme_.px(12);
@@ -45,6 +46,7 @@ LookupWindow::LookupWindow(HINSTANCE module, controls::LookupList& list, HWND ow
          {L"kebu.lookup", WS_POPUPWINDOW | WS_CAPTION | WS_THICKFRAME | WS_CLIPCHILDREN,
           WS_EX_CONTROLPARENT | WS_EX_DLGMODALFRAME},
          owner, toRECT(place), toWide(list.title()));
+  pointer_.watch(handle());
   build();
   keys_ = std::make_unique<KeyboardHook>(handle(), *this);
   subscriptions_.push_back(list_.tools().changed.connect([this] { grid_->sourceChanged(); }));
@@ -75,9 +77,11 @@ void LookupWindow::build() {
   ShowWindow(grid_->handle(), SW_SHOWNA);
   nothingFound_ = make(L"STATIC", toWide(texts.nothingFound).c_str(), SS_CENTERIMAGE, 0);
   ShowWindow(nothingFound_, SW_HIDE);
-  take_ = make(L"BUTTON", toWide(texts.take).c_str(), WS_TABSTOP | BS_OWNERDRAW, 0);
+  if (!texts.take.empty()) {
+    take_ = make(L"BUTTON", toWide(texts.take).c_str(), WS_TABSTOP | BS_OWNERDRAW, 0);
+  }
   leave_ = make(L"BUTTON", toWide(texts.leave).c_str(), WS_TABSTOP | BS_OWNERDRAW, 0);
-  EnableWindow(take_, rowCount() > 0);
+  if (take_) EnableWindow(take_, rowCount() > 0);
 }
 
 void LookupWindow::layOut() {
@@ -97,7 +101,7 @@ void LookupWindow::layOut() {
   };
   const int buttonWidth = std::max(widthOf(list_.texts().take), widthOf(list_.texts().leave));
   const int right = edge + width;
-  moveWindow(take_, {right - 2 * buttonWidth - theme_.px(8), foot, buttonWidth, button});
+  if (take_) moveWindow(take_, {right - 2 * buttonWidth - theme_.px(8), foot, buttonWidth, button});
   moveWindow(leave_, {right - buttonWidth, foot, buttonWidth, button});
   moveWindow(nothingFound_, {edge, foot, right - 2 * buttonWidth - theme_.px(8) - edge, button});
   grid_->sourceChanged();
@@ -106,8 +110,8 @@ void LookupWindow::layOut() {
 
 void LookupWindow::renewTheme(int dpi) {
   theme_ = Theme(dpi);
-  for (HWND window : {hint_, search_, take_, leave_}) {
-    SendMessageW(window, WM_SETFONT, reinterpret_cast<WPARAM>(theme_.font()), FALSE);
+  for (HWND window : {hint_, search_, nothingFound_, take_, leave_}) {
+    setFont(window, theme_.font(), false);
   }
   frameEdit(search_, theme_);
   grid_->themeChanged();
@@ -130,7 +134,7 @@ void LookupWindow::selectRow(std::int32_t row) {
 void LookupWindow::search() {
   list_.search(toUtf8(windowText(search_)));
   const bool found = rowCount() > 0;
-  EnableWindow(take_, found);
+  if (take_) EnableWindow(take_, found);
   ShowWindow(nothingFound_, found ? SW_HIDE : SW_SHOWNA);
   if (!found) NotifyWinEvent(EVENT_SYSTEM_ALERT, nothingFound_, OBJID_CLIENT, CHILDID_SELF);
   grid_->sourceChanged();
@@ -138,6 +142,10 @@ void LookupWindow::search() {
 }
 
 void LookupWindow::take() {
+  if (!take_) {
+    leave();
+    return;
+  }
   if (currentRow() < 1) return;
   list_.choose(list_.current());
   done_ = true;
@@ -150,6 +158,7 @@ void LookupWindow::tell(const std::string& text) {
 std::function<void()> LookupWindow::actionFor(const Key& key) {
   if (key.mnemonic) return {};
   HWND focus = GetFocus();
+  if (key.isPlain(VK_F1)) return help_;
   if (key.code == 'F' && key.control) return [this] { SetFocus(search_); };
   if (focus == grid_->handle() && key.control) return grid_->actionFor(key);
   const bool takes = key.isPlain(VK_F10) || (key.isPlain(VK_RETURN) && focus != leave_);
@@ -179,13 +188,21 @@ bool LookupWindow::inspect(Inspection& inspection) {
       inspection.key[0] ? std::wcstol(inspection.key, nullptr, 10) : inspection.index);
   const bool hasRow = inspection.row >= 1 && inspection.row <= rowCount();
   const bool isControl = inspection.part == Inspected::Control;
+  const bool isHeads = inspection.part == Inspected::Row && inspection.row == 0;
   describeWindow(inspection, isControl ? handle() : grid_->handle());
   switch (inspection.part) {
     case Inspected::Control:
       writeText(inspection, list_.title());
+      inspection.index = static_cast<std::int32_t>(grid_->currentColumn());
       return true;
     case Inspected::Row:
+      if (isHeads) {
+        inspection.bounds = grid_->headsBounds();
+        write(inspection.spoken, toWide(translated("Intestazioni")));
+        return true;
+      }
       if (!hasRow) return false;
+      write(inspection.spoken, toWide(translated("Riga") + " " + std::to_string(inspection.row)));
       inspection.bounds = grid_->rowBounds(inspection.row);
       return true;
     case Inspected::Column:
@@ -197,6 +214,7 @@ bool LookupWindow::inspect(Inspection& inspection) {
       if (!hasRow || column >= columns_.size()) return false;
       inspection.bounds = grid_->cellBounds(inspection.row, column);
       writeText(inspection, cellText(inspection.row, column));
+      write(inspection.spoken, toWide(columns_[column].caption));
       return true;
     default:
       return false;
@@ -212,6 +230,12 @@ LRESULT LookupWindow::answer(UINT message, WPARAM wParam, LPARAM lParam) {
   switch (message) {
     case KeyboardHook::message:
       KeyboardHook::act(*this, wParam, lParam);
+      return 0;
+    case WM_SETCURSOR:
+      pointer_.pointerMoved(reinterpret_cast<HWND>(wParam));
+      return Window::answer(message, wParam, lParam);
+    case WM_TIMER:
+      if (wParam == PointerWatch::timer) pointer_.tick();
       return 0;
     case WM_SIZE:
       layOut();
@@ -243,9 +267,9 @@ LRESULT LookupWindow::answer(UINT message, WPARAM wParam, LPARAM lParam) {
     case WM_DRAWITEM: {
       const auto& item = *reinterpret_cast<const DRAWITEMSTRUCT*>(lParam);
       const bool isTake = item.hwndItem == take_;
-      drawPushButton(
-          item, theme_,
-          {windowText(item.hwndItem), isTake ? L"F10" : L"Esc", isTake, theme_.colours().window});
+      drawPushButton(item, theme_,
+                     {windowText(item.hwndItem), isTake ? L"F10" : L"Esc", isTake,
+                      theme_.colours().window, pointer_.control() == item.hwndItem});
       return TRUE;
     }
     case WM_COMMAND: {

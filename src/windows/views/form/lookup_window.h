@@ -1,5 +1,6 @@
 #pragma once
 
+#include <functional>
 #include <memory>
 #include <vector>
 
@@ -8,15 +9,18 @@
 #include "windows/views/grid/grid_control.h"
 #include "windows/views/window/inspection.h"
 #include "windows/views/window/keyboard.h"
+#include "windows/views/window/pointer_watch.h"
 #include "windows/views/window/window.h"
 
 namespace kebu::windows {
 
 /// The list of a look-up: typing leaves the rows that contain the text, Enter or a double click
 /// chooses a row, Esc closes the list.
-class LookupWindow : public Window, public GridSource, public KeyTarget {
+class LookupWindow : public Window, public GridSource, public KeyTarget, private Describable {
  public:
-  LookupWindow(HINSTANCE module, controls::LookupList& list, HWND owner);
+  /// `help` opens the user guide at the page from which the list was opened.
+  LookupWindow(HINSTANCE module, controls::LookupList& list, HWND owner,
+               std::function<void()> help);
   ~LookupWindow() override;
 
   void show();
@@ -47,12 +51,22 @@ class LookupWindow : public Window, public GridSource, public KeyTarget {
   void search();
   void take();
   void leave() { done_ = true; }
-  bool inspect(Inspection& inspection);
+  // Describes its list.
+  bool inspect(Inspection& inspection) override;
+  Describable* description() override { return this; }
+  HWND describedWindow() const override { return grid_->handle(); }
+  PartId partAt(POINT point) override { return grid_->partAt(point); }
+  bool goToPart(const PartId& part) override { return grid_->goToPart(part); }
+  std::string translated(std::string_view text) const override {
+    return list_.tools().translated(std::string(text));
+  }
 
   HINSTANCE module_;
   controls::LookupList& list_;
   Theme theme_;
   std::vector<Column> columns_;
+  std::function<void()> help_;
+  PointerWatch pointer_{[](HWND, POINT) { return std::wstring(); }};  ///< buttons need no tips
   bool done_ = false;
   HWND hint_ = nullptr;
   HWND search_ = nullptr;

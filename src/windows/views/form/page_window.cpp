@@ -3,16 +3,17 @@
 #include <algorithm>
 
 #include "windows/support/text.h"
+#include "windows/views/accessibility/accessible_object.h"
 #include "windows/views/controls/view.h"
 #include "windows/views/drawing/painting.h"
 #include "windows/views/window/dpi.h"
 
 namespace kebu::windows {
 
-PageWindow::PageWindow(HINSTANCE module, HWND parent, const Theme& theme, PlaceView placeView)
-    : theme_(theme), placeView_(std::move(placeView)) {
-  create(module, {L"kebu.page", WS_CHILD | WS_CLIPCHILDREN | WS_CLIPSIBLINGS, WS_EX_CONTROLPARENT},
-         parent, {});
+PageWindow::PageWindow(ViewSite& site, HWND parent) : site_(site), theme_(site.theme()) {
+  create(site.module(),
+         {L"kebu.page", WS_CHILD | WS_CLIPCHILDREN | WS_CLIPSIBLINGS, WS_EX_CONTROLPARENT}, parent,
+         {});
   if (theme_.colours().isSystems) takeColours(handle(), theme_);
 }
 
@@ -49,7 +50,7 @@ void PageWindow::placeAll(const std::vector<controls::Control*>& all,
                           layout::Placements& placements) {
   for (controls::Control* control : all) {
     const layout::Placement placement = placements[control];
-    placeView_(*control, placement);
+    if (View* const view = site_.viewFor(*control)) view->place(placement);
     if (auto* group = controls::as<controls::GroupBox>(*control)) {
       if (!placement.bounds.isEmpty()) {
         cards_.push_back({placement.bounds, group->caption(), group->looksEnabled()});
@@ -104,9 +105,28 @@ void PageWindow::paint() {
   }
 }
 
+bool PageWindow::inspect(Inspection& inspection) {
+  if (inspection.part != Inspected::Control) return false;
+  describeWindow(inspection, handle());
+  write(inspection.kind, std::wstring(L"Page"));
+  return true;
+}
+
+std::vector<Describable*> PageWindow::members() {
+  std::vector<Describable*> shown;
+  for (const controls::Control* control : controls) {
+    View* const view = control->isVisible() ? site_.viewFor(*control) : nullptr;
+    if (view && view->describedWindow()) shown.push_back(view);
+  }
+  return shown;
+}
+
 LRESULT PageWindow::answer(UINT message, WPARAM wParam, LPARAM lParam) {
   if (const auto reflected = reflect(message, wParam, lParam)) return *reflected;
   switch (message) {
+    case WM_GETOBJECT:
+      if (const auto object = answerGetObject(*this, {}, wParam, lParam)) return *object;
+      return Window::answer(message, wParam, lParam);
     case WM_ERASEBKGND:
       return 1;
     case WM_PAINT:

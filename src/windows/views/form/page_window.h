@@ -1,9 +1,10 @@
 #pragma once
 
-#include <functional>
+#include <string>
 #include <vector>
 
 #include "controls/simple_controls.h"
+#include "windows/views/controls/view.h"
 #include "windows/views/drawing/theme.h"
 #include "windows/views/layout/page_layout.h"
 #include "windows/views/window/window.h"
@@ -12,11 +13,9 @@ namespace kebu::windows {
 
 /// The window of a page: draws its groups as cards, and scrolls when it is not high enough for its
 /// controls.
-class PageWindow : public Window {
+class PageWindow : public Window, private Describable {
  public:
-  using PlaceView = std::function<void(controls::Control&, const layout::Placement&)>;
-
-  PageWindow(HINSTANCE module, HWND parent, const Theme& theme, PlaceView placeView);
+  PageWindow(ViewSite& site, HWND parent);
 
   /// The controls in it, in the order of the models.
   std::vector<controls::Control*> controls;
@@ -42,8 +41,13 @@ class PageWindow : public Window {
   void scrollTo(int offset);
   void paint();
 
+  bool inspect(Inspection& inspection) override;
+  HWND describedWindow() const override { return handle(); }
+  std::vector<Describable*> members() override;
+  std::string translated(std::string_view text) const override { return site_.translated(text); }
+
+  ViewSite& site_;
   const Theme& theme_;
-  PlaceView placeView_;
   std::vector<controls::ResizeManager::Registration> rules_;
   std::vector<Card> cards_;
   int offset_ = 0;

@@ -152,10 +152,23 @@ void Win32Desktop::endLost(controls::Form& form) {
   form.End();
 }
 
+FormWindow* Win32Desktop::formAround(HWND window) const {
+  for (; window; window = GetWindow(window, GW_OWNER)) {
+    for (const auto& [form, shown] : shown_) {
+      if (shown->window->handle() == window) return shown->window.get();
+    }
+  }
+  return nullptr;
+}
+
 void Win32Desktop::runLookup(controls::LookupList& list) {
   const CommonControls::Scope scope(commonControls_);
   const Interruption asking(*this);
-  LookupWindow window(module_, list, ownerFor(nullptr));
+  HWND const owner = ownerFor(nullptr);
+  // The form beneath, even where another list stands between.
+  LookupWindow window(module_, list, owner, [this, owner] {
+    if (FormWindow* const form = formAround(owner)) form->showGuide();
+  });
   window.show();
   const std::vector<HWND> disabled = disableOthers(window.handle());
   pump([&] { return window.isDone(); });

@@ -36,6 +36,8 @@ class Win32Desktop final : public controls::Desktop {
 
   /// The window over which another one opens.
   HWND ownerFor(const controls::Form* form) const;
+  /// The form's window that is `window` or owns it; null for none.
+  FormWindow* formAround(HWND window) const;
   void windowLost(controls::Form& form);
   /// The form ends as its window did.
   void endLost(controls::Form& form);

@@ -8,7 +8,7 @@
 
 namespace kebu::windows {
 
-/// Shows a text that is cut off in full while the pointer rests on it.
+/// Shows a text, such as one that is cut off, while the pointer rests on a part of the grid.
 class CellTip {
  public:
   /// `textAt` gives the text to show for a point of the grid; "" for none.

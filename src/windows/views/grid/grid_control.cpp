@@ -3,8 +3,10 @@
 #include <windowsx.h>
 
 #include <algorithm>
+#include <utility>
 
 #include "windows/support/text.h"
+#include "windows/views/accessibility/accessible_object.h"
 #include "windows/views/grid/column_ruler.h"
 #include "windows/views/window/context_menu.h"
 #include "windows/views/window/guard.h"
@@ -33,7 +35,7 @@ GridControl::GridControl(HINSTANCE module, HWND parent, const Theme& theme, Grid
       geometry_(theme.metrics()),
       editor_(module, theme),
       foot_(module, theme),
-      tip_([this](POINT point) { return cutTextAt(point); }) {
+      tip_([this](POINT point) { return tipAt(point); }) {
   create(module, {L"kebu.grid", WS_CHILD | WS_TABSTOP | WS_VSCROLL | WS_HSCROLL | WS_CLIPCHILDREN},
          parent, {});
   tip_.create(handle());
@@ -81,6 +83,42 @@ RECT GridControl::rowBounds(std::int32_t row) {
   RECT seen{};
   IntersectRect(&seen, &whole, &rows);
   return seen;
+}
+
+RECT GridControl::headsBounds() const {
+  RECT heads = clientArea();
+  heads.bottom = std::min<LONG>(heads.bottom, geometry_.headHeight());
+  return heads;
+}
+
+// ---- assistive technology
+
+PartId GridControl::partAt(POINT point) {
+  const layout::GridHit hit = geometry().hitTest(point.x, point.y);
+  if (hit.row < 0) return {};
+  if (hit.column < 0) return {Inspected::Row, hit.row, 0};
+  return {hit.row == 0 ? Inspected::Column : Inspected::Cell, hit.row, hit.column};
+}
+
+bool GridControl::goToPart(const PartId& part) {
+  const bool isCell = part.part == Inspected::Cell;
+  if (!isCell && part.part != Inspected::Row) return false;
+  return goTo(part.row, isCell ? static_cast<std::size_t>(part.index) : column_);
+}
+
+void GridControl::tellCell(DWORD event, std::int32_t row, std::size_t column) const {
+  tellChange(event, handle(),
+             cellChild(row, static_cast<std::int32_t>(column),
+                       static_cast<std::int32_t>(source_.columns().size())));
+}
+
+void GridControl::tellPosition() {
+  const std::int32_t row = source_.currentRow();
+  if (GetFocus() != handle() || row < 1) return;
+  const auto before = std::exchange(told_, {row, column_});
+  if (before == told_) return;
+  if (before.first != row) tellChange(EVENT_OBJECT_SELECTION, handle(), rowChild(row));
+  tellCell(EVENT_OBJECT_FOCUS, row, column_);
 }
 
 // ---- scrolling
@@ -131,6 +169,7 @@ void GridControl::wheelTurned(int delta, bool sideways) {
 
 void GridControl::showCurrentRow() {
   const std::int32_t row = source_.currentRow();
+  tellPosition();
   if (row < 1 || geometry().isInView(row)) return;
   commit();
   geometry().showRow(row);
@@ -148,6 +187,9 @@ void GridControl::showColumn(std::size_t column) {
 void GridControl::sourceChanged() {
   if (column_ >= source_.columns().size()) column_ = 0;
   if (anchor_ > source_.rowCount()) anchor_ = 0;
+  if (std::exchange(toldRows_, source_.rowCount()) != source_.rowCount()) {
+    tellChange(EVENT_OBJECT_REORDER, handle());
+  }
   measureColumns();
   updateScrollBars();
   foot_.layOut(clientArea());
@@ -177,6 +219,7 @@ bool GridControl::goTo(std::int32_t row, std::size_t column) {
   column_ = column;
   showCurrentRow();
   showColumn(column);
+  tellPosition();
   invalidate();
   return done;
 }
@@ -187,6 +230,7 @@ void GridControl::tick(std::int32_t row, std::size_t column) {
     return;
   }
   guarded([&] { source_.tick(row, column); });
+  tellCell(EVENT_OBJECT_STATECHANGE, row, column);
   invalidate();
 }
 
@@ -258,6 +302,18 @@ void GridControl::pointerMoved(POINT point) {
   }
   const layout::GridHit hit = geometry().hitTest(point.x, point.y);
   tip_.pointerOn((static_cast<std::int64_t>(hit.row) << 16) + hit.column);
+  if (pointer_.moved()) pointerOnRow(std::max(hit.row, 0));
+}
+
+void GridControl::pointerOnRow(std::int32_t row) {
+  const std::int32_t before = std::exchange(hotRow_, row);
+  if (before == row) return;
+  for (const std::int32_t each : {before, row}) {
+    const RECT bounds = rowBounds(each);
+    if (each > 0) InvalidateRect(handle(), &bounds, FALSE);
+  }
+  TRACKMOUSEEVENT leaving{sizeof leaving, TME_LEAVE, handle(), 0};
+  TrackMouseEvent(&leaving);
 }
 
 void GridControl::doubleClick(POINT point) {
@@ -466,6 +522,7 @@ void GridControl::store(const CellEditor::Entry& entry) {
   } else {
     source_.edit(entry.row, entry.column, toUtf8(entry.text));
   }
+  tellCell(EVENT_OBJECT_VALUECHANGE, entry.row, entry.column);
 }
 
 void GridControl::editorNotified(UINT code) {
@@ -498,7 +555,16 @@ LRESULT GridControl::answer(UINT message, WPARAM wParam, LPARAM lParam) {
     case WM_SIZE:
       sourceChanged();
       return 0;
+    case WM_GETOBJECT:
+      if (Describable* const described = source_.description()) {
+        if (const auto object = answerGetObject(*described, {}, wParam, lParam)) return *object;
+      }
+      break;
     case WM_SETFOCUS:
+      told_ = {};
+      tellPosition();
+      invalidate();
+      return 0;
     case WM_KILLFOCUS:
     case WM_ENABLE:
       invalidate();
@@ -520,6 +586,9 @@ LRESULT GridControl::answer(UINT message, WPARAM wParam, LPARAM lParam) {
       return 0;
     case WM_MOUSEMOVE:
       pointerMoved(point);
+      return 0;
+    case WM_MOUSELEAVE:
+      pointerOnRow(0);
       return 0;
     case WM_LBUTTONUP:
       if (resizing_ < 0) return 0;

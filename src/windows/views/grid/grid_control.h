@@ -17,6 +17,7 @@
 #include "windows/views/layout/grid_geometry.h"
 #include "windows/views/window/inspection.h"
 #include "windows/views/window/keyboard.h"
+#include "windows/views/window/pointer_watch.h"
 #include "windows/views/window/window.h"
 #include "windows/views/window/window_place.h"
 
@@ -54,6 +55,12 @@ class GridControl : public Window {
     if (source_.columns()[column].refusesAll) return {};
     return toRECT(geometry().seenPart(column, geometry_.tickAllBounds(column)));
   }
+  RECT headsBounds() const;
+  std::size_t currentColumn() const { return column_; }
+  PartId partAt(POINT point);
+  bool goToPart(const PartId& part);
+  /// The caption of a column; a code's is that of its description.
+  std::string headOf(std::size_t column) const;
   /// Whether all cells of a check column are ticked.
   bool isTickAllOn(std::size_t column) const;
 
@@ -80,6 +87,7 @@ class GridControl : public Window {
   void paintRow(HDC dc, std::int32_t row);
   /// Calls `paintOne` for each column, so that none is drawn over the one that stays in sight.
   void paintColumns(HDC dc, const std::function<void(std::size_t column)>& paintOne);
+  void paintRowMark(HDC dc, const RECT& area, int state, bool isChosenRow);
   void paintCell(HDC dc, std::int32_t row, std::size_t column, const RECT& area, bool isChosenRow);
 
   // grid_control_tools.cpp
@@ -100,13 +108,14 @@ class GridControl : public Window {
   void workOn();
   /// The first and last of the chosen rows; 0 without any.
   std::pair<std::int32_t, std::int32_t> chosenRows() const;
-  std::string headOf(std::size_t column) const;
-  std::wstring cutTextAt(POINT point);
+  /// What a tip says at a point: a text that is cut off, the meaning of a row's mark.
+  std::wstring tipAt(POINT point);
   std::function<void()> findBoxAction(const Key& key);
 
   void buttonDown(POINT point, bool shift);
   void rightButtonDown(POINT point);
   void pointerMoved(POINT point);
+  void pointerOnRow(std::int32_t row);
   void wheelTurned(int delta, bool sideways);
   void scrollSideways(int offset);
   void doubleClick(POINT point);
@@ -114,6 +123,9 @@ class GridControl : public Window {
   void character(wchar_t typed);
   bool goTo(std::int32_t row, std::size_t column);
   bool isEditable(std::int32_t row, std::size_t column);
+  /// Tells assistive technology where the user is, when that is another cell than it was told.
+  void tellPosition();
+  void tellCell(DWORD event, std::int32_t row, std::size_t column) const;
   void tick(std::int32_t row, std::size_t column);
   void tickAll(std::size_t column, bool on);
   void lookupCurrent();
@@ -134,7 +146,11 @@ class GridControl : public Window {
   std::int32_t anchor_ = 0;        ///< the row where choosing several rows began, or 0
   std::int32_t measuredRows_ = 0;  ///< how many rows there were when the columns were measured
   std::size_t column_ = 0;         ///< the current column
-  int resizing_ = -1;              ///< the column whose width the user changes, or -1
+  std::pair<std::int32_t, std::size_t> told_;  ///< where assistive technology knows the user to be
+  std::int32_t toldRows_ = 0;                  ///< how many rows it knows of
+  PointerPlace pointer_;
+  std::int32_t hotRow_ = 0;  ///< the row that the pointer is on, or 0
+  int resizing_ = -1;        ///< the column whose width the user changes, or -1
   int sidewaysWheel_ = 0;
   int wheel_ = 0;  ///< the wheel's turn that has not scrolled a row yet
 };

@@ -51,11 +51,17 @@ void GridControl::paintHeadOf(HDC dc, std::size_t index) {
   const Palette& colours = theme_->colours();
   const GridSource::Column& column = source_.columns()[index];
   RECT area = toRECT(geometry_.headBounds(index));
+  const auto& sorted = source_.tools().sortedBy();
   const bool isOpenCode = column.caption.empty();  // shares the next column's caption
   if (!isOpenCode) {
     RECT edge{area.right - 1, area.top + theme_->px(6), area.right, area.bottom - theme_->px(6)};
     fill(dc, edge, colours.border);
   }
+  // The caption of a description stands over its code, too.
+  const bool hasCode = index > 0 && source_.columns()[index - 1].caption.empty() &&
+                       geometry_.isShown(index - 1) && !geometry_.isFrozen(index - 1);
+  const bool codeHasMark = sorted && sorted->column + 1 == index;
+  if (hasCode && !codeHasMark) area.left = toRECT(geometry_.headBounds(index - 1)).left;
   area.left += theme_->px(8);
   if (column.kind == ColumnKind::Check && !column.refusesAll) {
     const RECT box = toRECT(geometry_.tickAllBounds(index));
@@ -64,7 +70,6 @@ void GridControl::paintHeadOf(HDC dc, std::size_t index) {
     area.left = box.right + theme_->px(5);
   }
   area.right -= theme_->px(6);
-  const auto& sorted = source_.tools().sortedBy();
   if (sorted && sorted->column == index) {
     RECT mark = area;
     mark.left = area.right - theme_->px(12);
@@ -96,25 +101,28 @@ void GridControl::paintRow(HDC dc, std::int32_t row) {
   RECT area = toRECT(geometry_.rowBounds(row));
   const auto [first, last] = chosenRows();
   const bool isChosen = row >= first && row <= last;
-  if (isChosen) fill(dc, area, colours.chosen);
+  const Colour plain = row == hotRow_ && source_.isEnabled() ? colours.hover : colours.card;
+  fill(dc, area, isChosen ? colours.chosen : plain);
   paintColumns(dc, [&](std::size_t column) {
     const RECT cell = toRECT(geometry_.cellBounds(row, column));
     if (!IsRectEmpty(&cell)) paintCell(dc, row, column, cell, isChosen);
   });
   if (source_.keepsRowState()) {
     RECT mark{0, area.top, geometry_.gutter(), area.bottom};
-    fill(dc, mark, isChosen ? colours.chosen : colours.card);
-    const int state = source_.rowState(row);
-    if (state == 1 || state == 2) {
-      const int size = theme_->px(9);
-      const int left = (geometry_.gutter() - size) / 2 + 1;
-      const int top = static_cast<int>(area.top + area.bottom - size) / 2;
-      const COLORREF colour = state == 1 ? colours.good : colours.warning;
-      card(dc, {left, top, left + size, top + size}, size, colour, colour);
-    }
+    fill(dc, mark, isChosen ? colours.chosen : plain);
+    paintRowMark(dc, mark, source_.rowState(row), isChosen);
   }
   area.top = area.bottom - 1;
   fill(dc, area, colours.line);
+}
+
+// The marks differ in their shape, too, for those who do not see the colours.
+void GridControl::paintRowMark(HDC dc, const RECT& area, int state, bool isChosenRow) {
+  const Palette& colours = theme_->colours();
+  const Colour good = isChosenRow ? onChosen(colours, colours.good) : colours.good;
+  const Colour warning = isChosenRow ? onChosen(colours, colours.warning) : colours.warning;
+  if (state == 1) tickMark(dc, area, theme_->px(10), good);
+  if (state == 2) warningMark(dc, area, theme_->px(12), warning);
 }
 
 void GridControl::paintCell(HDC dc, std::int32_t row, std::size_t column, const RECT& area,
@@ -141,17 +149,21 @@ void GridControl::paintCell(HDC dc, std::int32_t row, std::size_t column, const 
       RECT glyph = inside;
       glyph.left = glyph.right - theme_->px(12);
       const wchar_t* const sign = kind == ColumnKind::Lookup ? L"\u2026" : L"\u25BE";
-      text(dc, sign, glyph, colours.accent, theme_->font(), DT_CENTER | DT_NOPREFIX);
+      text(dc, sign, glyph, onChosen(colours, colours.accent), theme_->font(),
+           DT_CENTER | DT_NOPREFIX);
       inside.right = glyph.left;
     }
-    const COLORREF ink = !warning.empty()                  ? colours.warning
-                         : !source_.isEnabled() || locked  ? colours.faint
-                         : kind == ColumnKind::Description ? colours.muted
-                                                           : colours.text;
+    const Colour ink = !warning.empty()                  ? colours.warning
+                       : !source_.isEnabled() || locked  ? colours.faint
+                       : kind == ColumnKind::Description ? colours.muted
+                                                         : colours.text;
     const UINT align = isNumeric(kind) ? DT_RIGHT : DT_LEFT;
-    text(dc, toWide(shown), inside, ink, theme_->font(), align | DT_NOPREFIX);
+    text(dc, toWide(shown), inside, isChosenRow ? onChosen(colours, ink) : ink, theme_->font(),
+         align | DT_NOPREFIX);
   }
-  if (isCurrentCell && GetFocus() == handle()) frame(dc, area, colours.accent);
+  if (isCurrentCell && GetFocus() == handle()) {
+    frame(dc, area, onChosen(colours, colours.accent));
+  }
 }
 
 }  // namespace kebu::windows

@@ -214,8 +214,15 @@ void GridControl::keepWidth(std::size_t column) {
   if (width > 0 && source_.tools().width(column) != width) source_.tools().setWidth(column, width);
 }
 
-std::wstring GridControl::cutTextAt(POINT point) {
+std::wstring GridControl::tipAt(POINT point) {
   const layout::GridHit hit = geometry().hitTest(point.x, point.y);
+  if (hit.row > 0 && point.x < geometry_.gutter()) {
+    Inspection row;
+    row.part = Inspected::Row;
+    row.row = hit.row;
+    Describable* const described = source_.description();
+    return described && described->inspect(row) ? row.description : L"";
+  }
   if (hit.row < 0 || hit.column < 0) return {};
   const auto column = static_cast<std::size_t>(hit.column);
   const bool isCheck = source_.columns()[column].kind == controls::ColumnKind::Check;

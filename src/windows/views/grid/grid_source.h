@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "controls/query_grid.h"
+#include "windows/views/accessibility/describable.h"
 
 namespace kebu::windows {
 
@@ -47,6 +48,8 @@ class GridSource {
   virtual controls::GridTools& tools() = 0;
   /// What the rows are, for the name of a file.
   virtual std::string title() const = 0;
+  /// What describes the grid and its parts; null for a grid that nobody asks about.
+  virtual Describable* description() { return nullptr; }
   /// Tells the user of something that could not be done.
   virtual void tell(const std::string& text) = 0;
 

@@ -82,6 +82,17 @@ int QueryGridView::rowState(std::int32_t row) {
   return state;
 }
 
+std::string QueryGridView::stateInWords(std::int32_t row) {
+  switch (keepsRowState() ? rowState(row) : 0) {
+    case 1:
+      return translated("riga completa");
+    case 2:
+      return translated("riga incompleta");
+    default:
+      return {};
+  }
+}
+
 void QueryGridView::edit(std::int32_t row, std::size_t column, const std::string& text) {
   model_.edit(rowAt(row), fieldOf(column), Value(text));
 }
@@ -129,6 +140,7 @@ void QueryGridView::describe(Inspection& inspection) {
   inspection.count = model_.rowCount();
   inspection.columns = static_cast<std::int32_t>(columns_.size());
   inspection.current = currentRow();
+  inspection.index = static_cast<std::int32_t>(grid_.currentColumn());
   write(inspection.hint, toWide(tools().status()));
   if (tools().isBusy()) addMark(inspection, "busy");
 }
@@ -138,8 +150,15 @@ bool QueryGridView::describePart(Inspection& inspection) {
   inspection.bounds = {};
   const bool seen = IsWindowVisible(handle()) != 0;
   const std::int32_t row = inspection.row;
+  if (inspection.part == Inspected::Row && row == 0) {
+    if (seen) inspection.bounds = grid_.headsBounds();
+    write(inspection.spoken, toWide(translated("Intestazioni")));
+    return true;
+  }
   if (inspection.part == Inspected::Row) {
     if (row < 1 || row > model_.rowCount()) return false;
+    write(inspection.spoken, toWide(translated("Riga") + " " + std::to_string(row)));
+    write(inspection.description, toWide(stateInWords(row)));
     if (seen) inspection.bounds = grid_.rowBounds(row);
     const std::string state = toDisplay(model_.rowState(rowAt(row)));
     writeName(inspection, model_.rowStateField());
@@ -151,12 +170,15 @@ bool QueryGridView::describePart(Inspection& inspection) {
   const controls::QueryGrid::Column& column = model_.columns()[index];
   inspection.index = static_cast<std::int32_t>(index);
   writeName(inspection, column.field);
+  write(inspection.spoken, toWide(grid_.headOf(index)));
   switch (inspection.part) {
     case Inspected::Column:
       if (seen) inspection.bounds = grid_.headBounds(index);
       writeText(inspection, column.caption);
       if (const auto& sorted = tools().sortedBy(); sorted && sorted->column == index) {
         addMark(inspection, sorted->isDescending ? "sorted-down" : "sorted");
+        write(inspection.description,
+              toWide(translated(sorted->isDescending ? "decrescente" : "crescente")));
       }
       inspection.count =
           static_cast<std::int32_t>(model_.itemsOf(model_.currentRow(), column).size());
@@ -180,6 +202,13 @@ bool QueryGridView::describePart(Inspection& inspection) {
       if (row < 1 || row > model_.rowCount()) return false;
       if (seen) inspection.bounds = grid_.cellBounds(row, index);
       writeText(inspection, model_.cellText(rowAt(row), index));
+      if (column.kind == controls::ColumnKind::Check) {
+        addMark(inspection, "check");
+        if (model_.cellText(rowAt(row), index) == "1") addMark(inspection, "ticked");
+      }
+      write(inspection.description,
+            toWide(model_.isUnknown(rowAt(row), column.field) ? model_.unknownText()
+                                                              : stateInWords(row)));
       if (isChangeable(column.kind) && model_.isLocked(rowAt(row), column)) {
         addMark(inspection, "locked");
       }

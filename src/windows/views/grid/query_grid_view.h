@@ -16,6 +16,8 @@ class QueryGridView : public View, private GridSource {
   void applyTheme() override { grid_.themeChanged(); }
   std::function<void()> actionFor(const Key& key) override;
   bool commit() override { return grid_.commit(); }
+  PartId partAt(POINT point) override { return grid_.partAt(point); }
+  bool goToPart(const PartId& part) override { return grid_.goToPart(part); }
 
  protected:
   void describe(Inspection& inspection) override;
@@ -49,7 +51,10 @@ class QueryGridView : public View, private GridSource {
   const controls::GridTools& tools() const { return model_.tools(); }
   std::string title() const override;
   void tell(const std::string& text) override { model_.tell(text); }
+  Describable* description() override { return this; }
 
+  /// What a row's mark means, in words; "" for a row without one.
+  std::string stateInWords(std::int32_t row);
   /// The model's row at a place on the screen.
   std::int32_t rowAt(std::int32_t place) const { return tools().rowAt(place); }
   void readColumns();

@@ -196,12 +196,14 @@ int PageLayout::putField(const Control& field, const Rect& bounds) {
 }
 
 PageLayout::Block PageLayout::fieldBlock(Control& field) {
-  const auto place = [this, &field](const Rect& area) {
+  const auto* const box = controls::as<controls::EditBox>(field);
+  const int lines = box ? box->lines() : 1;
+  const auto place = [this, &field, lines](const Rect& area) {
     const Rect right = area.from(area.left + fieldColumn());
     if (captionColumn_) {
-      placements_[&field].caption = {area.left, area.top, captionColumn_, area.height};
+      placements_[&field].caption = {area.left, area.top, captionColumn_, metrics_.fieldHeight()};
     }
-    const int width = is<Shape::Check>(field)
+    const int width = is<Shape::Check>(field) || lines > 1
                           ? right.width
                           : std::min(fieldWidth(field), right.width - lookupWidth(field));
     const int end = putField(field, {right.left, area.top, width, area.height});
@@ -209,7 +211,9 @@ PageLayout::Block PageLayout::fieldBlock(Control& field) {
       placements_[description].bounds = area.from(end + metrics_.px(partGap));
     }
   };
-  return {.height = metrics_.fieldHeight(), .gap = metrics_.px(rowGap), .place = place};
+  return {.height = metrics_.fieldHeight() + (lines - 1) * metrics_.lineHeight,
+          .gap = metrics_.px(rowGap),
+          .place = place};
 }
 
 PageLayout::Block PageLayout::checksBlock(const Controls& checks) {
@@ -377,7 +381,7 @@ PageLayout::Blocks PageLayout::blocksOf(const Controls& controls, int width) {
     inTable = false;
     Control& control = *shown[i++];
     if (auto* editor = controls::as<controls::QueryEditor>(control)) {
-      blocks.push_back(editorBlock(*editor));
+      blocks.push_back(editorBlock(*editor, width));
     } else if (auto* group = controls::as<GroupBox>(control)) {
       std::vector<GroupBox*> run{group};
       const auto sideBySide = [&](const GroupBox& box) {

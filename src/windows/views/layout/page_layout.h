@@ -86,7 +86,7 @@ class PageLayout {
   /// A check box as the heading of the control below it, which it switches on.
   Block headingBlock(controls::Control& check, controls::Control& control);
   // query_editor_layout.cpp
-  Block editorBlock(controls::QueryEditor& editor);
+  Block editorBlock(controls::QueryEditor& editor, int width);
   void placeRow(const controls::QueryEditor::Row& row, const Rect& area);
   void placeValue(const controls::EditBox& box, const controls::Label& description,
                   std::size_t length, bool isList, const Rect& area);

@@ -2,7 +2,8 @@
 
 #include "windows/views/layout/page_layout.h"
 
-// The layout of a query editor: a line for each field, with its operator and one or two values.
+// The layout of a query editor: a line for each field, with its operator and one or two values, in
+// two columns where there is room.
 // Below the lines stand the warning, the condition in words and as composed text, and "Conta" with
 // its answer.
 namespace kebu::windows::layout {
@@ -17,32 +18,41 @@ constexpr int blockGap = 12;
 constexpr int operatorWidth = 118;
 constexpr int codeWidth = 120;
 constexpr int edges = 16;
+constexpr int twoColumnsFrom = 1040;  // the editor's width
+constexpr int columnGap = 28;
 constexpr int mostLines = 6;  // of the composed text, even where there is room for more
 
 }  // namespace
 
-PageLayout::Block PageLayout::editorBlock(QueryEditor& editor) {
+PageLayout::Block PageLayout::editorBlock(QueryEditor& editor, int width) {
+  const std::size_t columns = width >= metrics_.px(twoColumnsFrom) ? 2 : 1;
+  const std::size_t lines = (editor.fieldCount() + columns - 1) / columns;
   const int row = metrics_.fieldHeight() + metrics_.px(rowGap);
   const int inset = metrics_.px(padding);
   const int text = editor.composedText().lines() * metrics_.lineHeight + metrics_.px(8);
   const int warning = editor.warning().isVisible() ? row : 0;
   const int below = warning + metrics_.px(blockGap) + row + text + metrics_.px(rowGap) +
                     metrics_.fieldHeight() + metrics_.px(2);
-  const auto place = [this, &editor, row, inset, below, warning](const Rect& area) {
+  const auto place = [this, &editor, row, inset, below, warning, columns, lines](const Rect& area) {
     placements_[&editor].bounds = area;
     const Rect inner{area.left + inset, area.top + inset, area.width - 2 * inset,
                      area.height - 2 * inset};
-    int top = inner.top;
-    for (std::size_t field = 0; field < editor.fieldCount(); ++field) {
-      placeRow(editor.row(field), {inner.left, top, inner.width, metrics_.fieldHeight()});
-      top += row;
-    }
     if (editor.fieldCount() == 0) return;
+    const int gap = metrics_.px(columnGap);
+    const int count = static_cast<int>(columns);
+    const int column = (inner.width - (count - 1) * gap) / count;
+    // The order goes down the first column, and then down the second one.
+    for (std::size_t field = 0; field < editor.fieldCount(); ++field) {
+      const int left = inner.left + static_cast<int>(field / lines) * (column + gap);
+      const int down = inner.top + static_cast<int>(field % lines) * row;
+      placeRow(editor.row(field), {left, down, column, metrics_.fieldHeight()});
+    }
+    const int top = inner.top + static_cast<int>(lines) * row;
     // The composed text gets what is left.
     placeBelow(editor, {inner.left, top, inner.width, std::max(inner.bottom() - top, below)},
                warning);
   };
-  return {.height = 2 * inset + static_cast<int>(editor.fieldCount()) * row + below,
+  return {.height = 2 * inset + static_cast<int>(lines) * row + below,
           .gap = metrics_.px(blockGap),
           .grows = grows(editor),
           .place = place};

@@ -9,7 +9,7 @@ namespace kebu::windows {
 /// What can be asked about.
 enum class Inspected : std::uint32_t {
   Control,  ///< the control itself
-  Row,      ///< a row of a grid or list; `row` from 1
+  Row,      ///< a row of a grid or list; `row` from 1, or 0 for its heads
   Cell,     ///< `row`, and the column by `key` (its field) or `index`
   Column,   ///< a column's head, by `key` (its field) or `index`
   TickAll,  ///< the box in a column's head that sets all of its cells
@@ -21,7 +21,7 @@ enum class Inspected : std::uint32_t {
             ///< offers: the column, and `row` from 1; its code is the name
 };
 
-/// A question of a test or a screen reader to a window of the plug-in, and the answer: where a
+/// A question of a test to a window of the plug-in, and the answer: where a
 /// control is, and what its appearance alone does not show. It is sent to a form or look-up window
 /// with SendMessage(inspectMessage(), 0, address); the result is 1 when the part exists, else 0.
 struct Inspection {
@@ -30,7 +30,7 @@ struct Inspection {
   wchar_t control[64] = {};  ///< its name, case aside; "" for the window itself
   wchar_t key[128] = {};     ///< "" to go by `index`
   std::int32_t row = 0;      ///< from 1
-  std::int32_t index = 0;    ///< from 0
+  std::int32_t index = 0;    ///< from 0; in the answer about a grid or side bar, where the user is
 
   // The answer.
   HWND window = nullptr;  ///< of the control; null for one that is not drawn
@@ -48,9 +48,13 @@ struct Inspection {
   wchar_t text[2048] = {};  ///< as people read it
   wchar_t caption[128] = {};  ///< of a field
   wchar_t hint[128] = {};     ///< shown in an empty edit box
+  wchar_t spoken[128] = {};   ///< its name for assistive technology, where the texts above are not
+  wchar_t description[256] =
+      {};                     ///< what else one should know: a code's description, a row's state
+  wchar_t shortcut[64] = {};  ///< the key that does the same
   wchar_t marks[128] =
-      {};  ///< blank-separated: "read-only required masked look-up locked
-           ///< chosen some changed unknown unused running animated no-record", a row's state
+      {};  ///< blank-separated: "read-only required masked look-up locked chosen some changed
+           ///< unknown unused check ticked running animated no-record", a row's state
 };
 
 /// The number of the message, the same for every process.

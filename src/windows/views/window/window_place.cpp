@@ -28,9 +28,22 @@ void moveWindow(HWND window, const layout::Rect& place) {
                SWP_NOZORDER | SWP_NOACTIVATE | SWP_NOCOPYBITS);
 }
 
+void putBehind(HWND window, HWND previous) {
+  if (!window) return;
+  SetWindowPos(window, previous, 0, 0, 0, 0, SWP_NOMOVE | SWP_NOSIZE | SWP_NOACTIVATE);
+}
+
 void putWindow(HWND window, const layout::Rect& place) {
-  moveWindow(window, place);
-  ShowWindow(window, place.isEmpty() ? SW_HIDE : SW_SHOWNA);
+  const bool isVisible = (GetWindowLongPtrW(window, GWL_STYLE) & WS_VISIBLE) != 0;
+  if (place.isEmpty()) {
+    if (isVisible) ShowWindow(window, SW_HIDE);
+  } else if (isVisible) {
+    moveWindow(window, place);
+  } else {
+    // Both at once: each is a round through the window manager.
+    SetWindowPos(window, nullptr, place.left, place.top, place.width, place.height,
+                 SWP_NOZORDER | SWP_NOACTIVATE | SWP_NOCOPYBITS | SWP_SHOWWINDOW);
+  }
 }
 
 }  // namespace kebu::windows

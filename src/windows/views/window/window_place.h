@@ -19,6 +19,8 @@ RECT workAreaAt(const RECT& place);
 /// Whether a window would be seen if `outer` were, which may be hidden still.
 bool isShownIn(HWND outer, HWND window);
 void moveWindow(HWND window, const layout::Rect& place);
+/// Puts a window behind another one of the same parent, which the tabulator comes to before.
+void putBehind(HWND window, HWND previous);
 /// Moves a window and shows it; one with an empty place is hidden.
 void putWindow(HWND window, const layout::Rect& place);
 
