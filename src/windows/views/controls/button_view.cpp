@@ -9,7 +9,8 @@ namespace kebu::windows {
 ButtonView::ButtonView(ViewSite& site, controls::Button& model, HWND parent)
     : View(site, model, "Button"),
       model_(model),
-      window_(createStock(L"BUTTON", WS_TABSTOP | BS_OWNERDRAW, 0, parent)) {}
+      window_(createStock(L"BUTTON", WS_TABSTOP | BS_OWNERDRAW, 0, parent,
+                          site.placeOfNewView().bounds)) {}
 
 void ButtonView::refresh() {
   setWindowText(handle(), markedCaption());

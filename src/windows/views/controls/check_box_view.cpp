@@ -10,14 +10,19 @@ namespace kebu::windows {
 CheckBoxView::CheckBoxView(ViewSite& site, controls::CheckBox& model, HWND parent)
     : View(site, model, "CheckBox"),
       model_(model),
-      window_(createStock(L"BUTTON", WS_TABSTOP | BS_CHECKBOX, 0, parent)) {}
+      window_(createStock(L"BUTTON", WS_TABSTOP | BS_CHECKBOX, 0, parent,
+                          boxIn(site.placeOfNewView()))) {}
 
-void CheckBoxView::place(const layout::Placement& placement) {
-  // As wide as its text, so that a click beside it does nothing.
+// As wide as its text, so that a click beside it does nothing.
+layout::Rect CheckBoxView::boxIn(const layout::Placement& placement) const {
   layout::Rect bounds = placement.bounds;
   bounds.width =
       std::min(bounds.width, theme().metrics().textWidth(model_.caption()) + theme().px(28));
-  putWindow(handle(), bounds);
+  return bounds;
+}
+
+void CheckBoxView::place(const layout::Placement& placement) {
+  putWindow(handle(), boxIn(placement));
 }
 
 void CheckBoxView::refresh() {

@@ -21,6 +21,8 @@ class CheckBoxView : public View {
   void describe(Inspection& inspection) override;
 
  private:
+  layout::Rect boxIn(const layout::Placement& placement) const;
+
   controls::CheckBox& model_;
   OwnedWindow window_;
 };

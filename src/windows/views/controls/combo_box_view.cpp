@@ -19,9 +19,11 @@ constexpr int listHeight = 280;      // in 96ths of an inch
 
 ComboBoxView::ComboBoxView(ViewSite& site, controls::ComboBox& model, HWND parent)
     : FieldView(site, model, "ComboBox", parent), model_(model) {
+  layout::Rect open = site.placeOfNewView().bounds;
+  if (!open.isEmpty()) open.height += theme().px(listHeight);
   setControl(createStock(
       L"COMBOBOX", WS_TABSTOP | WS_VSCROLL | CBS_DROPDOWNLIST | CBS_OWNERDRAWFIXED | CBS_HASSTRINGS,
-      0, parent));
+      0, parent, open));
   setHeights();
 }
 

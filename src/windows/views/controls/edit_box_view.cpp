@@ -25,7 +25,7 @@ void EditBoxView::place(const layout::Placement& placement) {
   FieldView::place(placement);
   if (!lookup_ && !placement.lookup.isEmpty()) {
     // Reached with F4: the tabulator goes from value to value.
-    lookup_ = createStock(L"BUTTON", BS_OWNERDRAW, 0, GetParent(handle()));
+    lookup_ = createStock(L"BUTTON", BS_OWNERDRAW, 0, GetParent(handle()), placement.lookup);
     enableLookup();
   }
   if (lookup_) putWindow(lookup_.get(), placement.lookup);

@@ -13,7 +13,8 @@ FieldView::FieldView(ViewSite& site, controls::Control& model, const char* kind,
 
 void FieldView::makeCaption(HWND parent) {
   if (caption_ || control().caption().empty()) return;
-  caption_ = createStock(L"STATIC", SS_LEFT | SS_CENTERIMAGE | SS_ENDELLIPSIS, 0, parent);
+  caption_ = createStock(L"STATIC", SS_LEFT | SS_CENTERIMAGE | SS_ENDELLIPSIS, 0, parent,
+                         site().placeOfNewView().caption);
 }
 
 void FieldView::place(const layout::Placement& placement) {

@@ -12,7 +12,7 @@ LabelView::LabelView(ViewSite& site, controls::Label& model, HWND parent)
     : View(site, model, "Label"),
       label_(&model),
       role_(model.isWarning() ? Role::Warning : Role::Text),
-      window_(createStock(L"STATIC", style, 0, parent)) {
+      window_(createStock(L"STATIC", style, 0, parent, site.placeOfNewView().bounds)) {
   applyTheme();
 }
 

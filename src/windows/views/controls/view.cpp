@@ -57,6 +57,7 @@ void View::applyTheme() {
 }
 
 void View::setMnemonic(std::size_t at) {
+  if (mnemonic_ == at) return;
   mnemonic_ = at;
   refresh();
 }
@@ -77,9 +78,11 @@ HBRUSH View::setInk(HDC dc, COLORREF ink) const {
 }
 
 OwnedWindow View::createStock(const wchar_t* className, DWORD style, DWORD extendedStyle,
-                              HWND parent) {
-  OwnedWindow window(CreateWindowExW(extendedStyle, className, L"", style | WS_CHILD, 0, 0, 0, 0,
-                                     parent, nullptr, site_.module(), nullptr));
+                              HWND parent, const layout::Rect& place) {
+  const DWORD shown = place.isEmpty() ? 0U : WS_VISIBLE;
+  OwnedWindow window(CreateWindowExW(extendedStyle, className, L"", style | shown | WS_CHILD,
+                                     place.left, place.top, place.width, place.height, parent,
+                                     nullptr, site_.module(), nullptr));
   if (!window) throw RuntimeError(7, "The control could not be created.");
   setFont(window.get(), theme().font(), false);
   if (theme().colours().isSystems) takeColours(window.get(), theme());

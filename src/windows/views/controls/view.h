@@ -41,6 +41,12 @@ class ViewSite {
   virtual bool isOnCard(const controls::Control& control) const = 0;
   /// The view of another control; null while it has none.
   virtual View* viewFor(const controls::Control& control) const = 0;
+  /// The same for a control that has got a place, for which a view is made when there is something
+  /// to see.
+  virtual View* viewAt(controls::Control& control, const layout::Placement& placement) = 0;
+  /// Where the view that is being made will stand, so that its windows are created there: moving a
+  /// window costs nearly as much as creating it. Empty where that is not known.
+  virtual const layout::Placement& placeOfNewView() const = 0;
   /// A text of a view's own in the user's language.
   virtual std::string translated(std::string_view text) const = 0;
   /// The control that the pointer is on; null for none.
@@ -99,8 +105,9 @@ class View : public Describable {
   bool looksEnabled() const { return control_.looksEnabled(); }
   /// What is behind the control.
   COLORREF behind() const;
-  /// Creates a control of a system class that belongs to this view.
-  OwnedWindow createStock(const wchar_t* className, DWORD style, DWORD extendedStyle, HWND parent);
+  /// Creates a control of a system class that belongs to this view, shown if it has a place.
+  OwnedWindow createStock(const wchar_t* className, DWORD style, DWORD extendedStyle, HWND parent,
+                          const layout::Rect& place = {});
   /// Makes notifications of the window reach this view.
   void adopt(HWND window);
   virtual void describe(Inspection& inspection) { writeText(inspection, control_.caption()); }

@@ -83,6 +83,10 @@ void frameEdit(HWND edit, const Theme& theme) {
     SetPropW(edit, themeOf, const_cast<Theme*>(&theme));
     SetPropW(edit, usualProcedure, reinterpret_cast<HANDLE>(GetWindowLongPtrW(edit, GWLP_WNDPROC)));
     SetWindowLongPtrW(edit, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(procedure));
+    // One that has no size yet gets its frame with its size.
+    RECT area{};
+    GetWindowRect(edit, &area);
+    if (IsRectEmpty(&area)) return;
   }
   SetWindowPos(edit, nullptr, 0, 0, 0, 0,
                SWP_NOMOVE | SWP_NOSIZE | SWP_NOZORDER | SWP_NOACTIVATE | SWP_FRAMECHANGED);

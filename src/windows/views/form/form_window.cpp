@@ -27,7 +27,8 @@ namespace {
 constexpr UINT layOutMessage = WM_APP + 2;
 constexpr UINT focusMessage = WM_APP + 4;
 constexpr UINT beginMessage = WM_APP + 5;
-constexpr layout::Rect usualSize{0, 0, 1180, 760};  // in 96ths of an inch
+// In 96ths of an inch. The usual size has room for all columns of the price lists.
+constexpr layout::Rect usualSize{0, 0, 1560, 820};
 constexpr layout::Rect dialogSize{0, 0, 860, 680};
 constexpr layout::Rect leastSize{0, 0, 720, 480};
 
@@ -114,74 +115,80 @@ void FormWindow::build() {
   controlsSeen_ = controls.size();
   const auto sideBar = controls::ControlKind::SideBar;
   hasSideBar_ = std::ranges::find(controls, sideBar, &controls::Control::kind) != controls.end();
-  inOrder_.clear();
   for (controls::Control* control : controls) {
-    if (View* const made = find(*control)) {
-      inOrder_.push_back(made);
-      continue;
-    }
+    if (find(*control)) continue;
     auto* const group = controls::as<controls::GroupBox>(*control);
     const controls::GroupBox* const page = pageOf(*control);
     if (page && page == group && pages_.try_emplace(page).second) listenTo(*group);
     if (page && !pages_[page]) continue;
-    if (!isWanted(*control)) {
-      if (awaited_.contains(control)) continue;
+    const bool waits = isOnPage(*control) && !isBesidePages(*control) && !group;
+    if (!waits) {
+      make(*control);
+      if (group && group != page) listenTo(*group);
+    } else if (!awaited_.contains(control)) {
+      parentFor(*control);
       awaited_.emplace(control, control->changed.connect([this, control] {
-        if (isWanted(*control)) requestLayout();
+        if (isSeen(*control)) requestLayout();
       }));
-      continue;
     }
-    const bool isLate = awaited_.erase(control) > 0;
-    HWND parent = page ? pages_[page]->handle() : parentFor(*control);
-    std::unique_ptr<View> view = makeView(*this, *control, parent);
-    view->refresh();
-    // The tabulator comes to the pages first and to the bars last.
-    if (isBesidePages(*control) && view->handle()) {
-      SetWindowPos(view->handle(), HWND_BOTTOM, 0, 0, 0, 0,
-                   SWP_NOMOVE | SWP_NOSIZE | SWP_NOACTIVATE);
-    }
-    inOrder_.push_back(view.get());
-    views_[control] = std::move(view);
-    if (isLate) putInTabOrder(inOrder_.size() - 1);
-    if (group && group != page) listenTo(*group);
     if (auto* const resizing = controls::as<controls::ResizeManager>(*control)) {
       groupSubscriptions_.push_back(resizing->changed.connect([this] { requestLayout(); }));
     }
   }
+  orderViews();
 }
 
-bool FormWindow::isWanted(const controls::Control& control) const {
-  using controls::ControlKind;
-  if (&control == inspected_ || isBesidePages(control) || !control.container()) return true;
-  switch (control.kind()) {
-    case ControlKind::Button:
-    case ControlKind::CheckBox:
-    case ControlKind::ComboBox:
-    case ControlKind::EditBox:
-      return control.isShown();
-    case ControlKind::Label: {
-      const auto& label = static_cast<const controls::Label&>(control);
-      return control.isShown() && (!label.caption().empty() || label.isUnknown());
-    }
-    default:
-      return true;
+void FormWindow::make(controls::Control& control) {
+  const CommonControls::Scope scope;
+  awaited_.erase(&control);
+  std::unique_ptr<View> view = makeView(*this, control, parentFor(control));
+  view->refresh();
+  // The tabulator comes to the pages first and to the bars last.
+  if (isBesidePages(control)) putBehind(view->handle(), HWND_BOTTOM);
+  views_[&control] = std::move(view);
+}
+
+void FormWindow::orderViews() {
+  inOrder_.clear();
+  for (const controls::Control* control : form_.controls()) {
+    if (View* const view = find(*control)) inOrder_.push_back(view);
   }
 }
 
-bool FormWindow::isAnyAwaitedWanted() const {
-  return std::ranges::any_of(awaited_, [this](const auto& each) { return isWanted(*each.first); });
+View* FormWindow::viewAt(controls::Control& control, const layout::Placement& placement) {
+  if (View* const view = find(control)) return view;
+  if (placement.bounds.isEmpty() || !isSeen(control)) return nullptr;
+  placeOfNewView_ = placement;
+  make(control);
+  placeOfNewView_ = {};
+  View* const view = find(control);
+  made_.insert(view);
+  return view;
 }
 
-void FormWindow::putInTabOrder(std::size_t at) {
-  View& view = *inOrder_[at];
-  if (!view.handle()) return;
-  HWND const parent = GetParent(view.handle());
-  HWND previous = HWND_TOP;
-  for (std::size_t i = 0; i < at; ++i) {
-    HWND const window = inOrder_[i]->handle();
-    if (window && GetParent(window) == parent) previous = window;
+bool FormWindow::isSeen(const controls::Control& control) {
+  const auto* const label = controls::as<controls::Label>(control);
+  const bool isEmpty = label && label->caption().empty() && !label->isUnknown();
+  return control.isShown() && !isEmpty;
+}
+
+void FormWindow::putInTabOrder(const std::set<const View*>& late) {
+  const auto pageOfWindow = [this](const View& view) {
+    return view.handle() && !isBesidePages(view.control()) ? GetParent(view.handle()) : nullptr;
+  };
+  // All views of a page that are made together are made in their order.
+  std::set<HWND> older;
+  for (const View* view : inOrder_) {
+    if (!late.contains(view)) older.insert(pageOfWindow(*view));
   }
-  view.standBehind(previous);
+  std::map<HWND, HWND> previous;
+  for (View* view : inOrder_) {
+    HWND const page = pageOfWindow(*view);
+    if (!page || !older.contains(page)) continue;
+    HWND& before = previous.try_emplace(page, HWND_TOP).first->second;
+    if (late.contains(view)) view->standBehind(before);
+    before = view->handle();
+  }
 }
 
 void FormWindow::listenTo(controls::GroupBox& group) {
@@ -189,10 +196,7 @@ void FormWindow::listenTo(controls::GroupBox& group) {
 }
 
 void FormWindow::rebuildIfGrown() {
-  if (form_.controls().size() == controlsSeen_) {
-    if (isAnyAwaitedWanted()) build();
-    return;
-  }
+  if (form_.controls().size() == controlsSeen_) return;
   if (!hasSideBar_) {
     // The tab order is the order in which windows were made. On a page of the side bar, a window of
     // its own, later controls come last anyway; a dialog's few controls are made again.
@@ -200,6 +204,7 @@ void FormWindow::rebuildIfGrown() {
     mnemonics_.clear();
     inOrder_.clear();
     awaited_.clear();
+    made_.clear();
     views_.clear();
     loosePage_.reset();
     lastFocus_ = nullptr;
@@ -238,9 +243,11 @@ bool FormWindow::isBesidePages(const controls::Control& control) const {
 
 HWND FormWindow::parentFor(controls::Control& control) {
   if (!isOnPage(control) || isBesidePages(control)) return handle();
+  if (const controls::GroupBox* const page = pageOf(control)) return pages_[page]->handle();
   if (!loosePage_) loosePage_ = newPage();
-  if (!control.container()) {
-    loosePage_->controls.push_back(&control);
+  auto& loose = loosePage_->controls;
+  if (!control.container() && std::ranges::find(loose, &control) == loose.end()) {
+    loose.push_back(&control);
   }
   return loosePage_->handle();
 }
@@ -283,6 +290,7 @@ void FormWindow::layOut() {
   const layout::Rect area{0, 0, static_cast<int>(client.right), static_cast<int>(client.bottom)};
   layout::FrameLayout frame = layout::placeFrame(form_, theme_->metrics(), area);
   arrangePages(frame.page);
+  placeMadeViews();
   for (View* view : inOrder_) {
     controls::Control& control = view->control();
     if (!isBesidePages(control)) continue;
@@ -295,6 +303,13 @@ void FormWindow::layOut() {
   chooseMnemonics();
   keepFocusAlive();
   invalidate();
+}
+
+void FormWindow::placeMadeViews() {
+  if (made_.empty()) return;
+  orderViews();
+  putInTabOrder(made_);
+  made_.clear();
 }
 
 void FormWindow::arrangePages(const layout::Rect& place) {
@@ -520,13 +535,13 @@ bool FormWindow::inspect(Inspection& inspection) {
     writeName(inspection, form_.controls()[index]->Name());
     return true;
   }
-  const controls::Control* const control = form_.find(name);
+  controls::Control* const control = form_.find(name);
   if (!control) return false;
   if (const controls::GroupBox* const page = pageOf(*control)) fillPage(*page);
   if (!find(*control)) {
-    inspected_ = control;
-    build();
-    inspected_ = nullptr;
+    make(*control);
+    orderViews();
+    putInTabOrder({find(*control)});
   }
   View* const view = find(*control);
   return view && view->inspect(inspection);

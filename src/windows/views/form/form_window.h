@@ -50,19 +50,24 @@ class FormWindow : public Window, public ViewSite, public KeyTarget {
   bool isBusy() const override { return busy_; }
   bool isOnCard(const controls::Control& control) const override;
   View* viewFor(const controls::Control& control) const override { return find(control); }
+  View* viewAt(controls::Control& control, const layout::Placement& placement) override;
+  const layout::Placement& placeOfNewView() const override { return placeOfNewView_; }
   std::string translated(std::string_view text) const override { return form_.translated(text); }
   HWND hovered() const override { return pointer_.control(); }
   std::function<void()> actionFor(const Key& key) override;
 
-  /// Makes the views that are missing, but for those of pages without a window and of controls of
-  /// which nothing is seen yet: windows cost more than models.
+  /// Makes the views that are missing, but for those of pages without a window and of controls that
+  /// stand on a page: they get theirs when they have a place.
   void build();
-  /// Whether something of a control of a page can be seen, or was asked for.
-  bool isWanted(const controls::Control& control) const;
-  /// The same for one that waits for its view.
-  bool isAnyAwaitedWanted() const;
-  /// Puts a view that was made late into the tab order, which is the order of the windows.
-  void putInTabOrder(std::size_t at);
+  /// Makes the view of a control.
+  void make(controls::Control& control);
+  /// Puts the views into the order of the controls.
+  void orderViews();
+  /// Whether something of a control of a page can be seen.
+  static bool isSeen(const controls::Control& control);
+  /// Puts the views that were made after others into the tab order, which is the order of the
+  /// windows.
+  void putInTabOrder(const std::set<const View*>& late);
   /// Makes the views anew when the form has got more controls.
   void rebuildIfGrown();
   std::unique_ptr<PageWindow> newPage();
@@ -84,6 +89,8 @@ class FormWindow : public Window, public ViewSite, public KeyTarget {
   /// Brings a place for the window into the work area of its screen.
   layout::Rect onScreen(const RECT& place) const;
   void arrangePages(const layout::Rect& place);
+  /// Takes the views that the pages had made into the orders.
+  void placeMadeViews();
   void chooseMnemonics();
   /// Takes the fonts, sizes and colours that apply now.
   void renewTheme(int dpi);
@@ -113,7 +120,8 @@ class FormWindow : public Window, public ViewSite, public KeyTarget {
   std::vector<View*> inOrder_;
   /// The controls that wait for their views, with what tells of their changes.
   std::map<const controls::Control*, Subscription> awaited_;
-  const controls::Control* inspected_ = nullptr;  ///< its view is made in any case
+  layout::Placement placeOfNewView_;
+  std::set<const View*> made_;  ///< during the layout
   std::map<char, std::function<void()>> mnemonics_;
   std::vector<Subscription> subscriptions_;
   std::vector<Subscription> groupSubscriptions_;  ///< to the groups and the resize manager

@@ -50,7 +50,7 @@ void PageWindow::placeAll(const std::vector<controls::Control*>& all,
                           layout::Placements& placements) {
   for (controls::Control* control : all) {
     const layout::Placement placement = placements[control];
-    if (View* const view = site_.viewFor(*control)) view->place(placement);
+    if (View* const view = site_.viewAt(*control, placement)) view->place(placement);
     if (auto* group = controls::as<controls::GroupBox>(*control)) {
       if (!placement.bounds.isEmpty()) {
         cards_.push_back({placement.bounds, group->caption(), group->looksEnabled()});
