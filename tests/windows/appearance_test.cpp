@@ -30,8 +30,8 @@ LONG widthOf(const windows::Inspection& part) {
 
 /// Moves the window to a screen of another resolution, as Windows reports it.
 void changeResolution(int dpi) {
-  RECT suggested{0, 0, MulDiv(1180, dpi, USER_DEFAULT_SCREEN_DPI),
-                 MulDiv(760, dpi, USER_DEFAULT_SCREEN_DPI)};
+  RECT suggested{0, 0, MulDiv(1560, dpi, USER_DEFAULT_SCREEN_DPI),
+                 MulDiv(820, dpi, USER_DEFAULT_SCREEN_DPI)};
   SendMessageW(shownForm(), WM_DPICHANGED, MAKEWPARAM(dpi, dpi),
                reinterpret_cast<LPARAM>(&suggested));
   pumpWaiting();

@@ -24,7 +24,6 @@ ComboBoxView::ComboBoxView(ViewSite& site, controls::ComboBox& model, HWND paren
   setControl(createStock(
       L"COMBOBOX", WS_TABSTOP | WS_VSCROLL | CBS_DROPDOWNLIST | CBS_OWNERDRAWFIXED | CBS_HASSTRINGS,
       0, parent, open));
-  setHeights();
 }
 
 void ComboBoxView::place(const layout::Placement& placement) {
@@ -49,12 +48,16 @@ void ComboBoxView::applyTheme() {
   setHeights();
 }
 
+int ComboBoxView::rowHeight(const Theme& theme, bool isChosen) {
+  // The height of a combo follows from its chosen row's, and should be an edit box's.
+  constexpr int edges = 6;
+  return isChosen ? theme.metrics().fieldHeight() - edges
+                  : theme.metrics().lineHeight + theme.px(4);
+}
+
 void ComboBoxView::setHeights() {
-  // The height of a combo follows from its line's, and should be an edit box's.
-  const int edges = 6;
-  SendMessageW(handle(), CB_SETITEMHEIGHT, static_cast<WPARAM>(-1),
-               theme().metrics().fieldHeight() - edges);
-  SendMessageW(handle(), CB_SETITEMHEIGHT, 0, theme().metrics().lineHeight + theme().px(4));
+  SendMessageW(handle(), CB_SETITEMHEIGHT, static_cast<WPARAM>(-1), rowHeight(theme(), true));
+  SendMessageW(handle(), CB_SETITEMHEIGHT, 0, rowHeight(theme(), false));
 }
 
 // Drawn here, since a combo itself does not centre the chosen row's text between its edges.

@@ -14,6 +14,9 @@ class ComboBoxView : public FieldView {
   void applyTheme() override;
   void command(HWND from, UINT code) override;
   void drawItem(const DRAWITEMSTRUCT& item) override;
+  /// The height in pixels of a row of the list, or of the chosen row above it. The combo's parent
+  /// answers with it while the combo is being made: setting it later resizes the combo twice.
+  static int rowHeight(const Theme& theme, bool isChosen);
 
  protected:
   void describe(Inspection& inspection) override;

@@ -3,6 +3,9 @@
 #include <uxtheme.h>
 
 #include <cwchar>
+#include <map>
+#include <memory>
+#include <string>
 
 #include "windows/views/drawing/painting.h"
 #include "windows/views/window/dpi.h"
@@ -60,8 +63,14 @@ Theme::Theme(int dpi)
   TEXTMETRICW text{};
   GetTextMetricsW(screen.get(), &text);
   metrics_.lineHeight = static_cast<int>(text.tmHeight);
-  metrics_.textWidth = [font = font()](const std::string& measured) {
-    return TextRuler(font).widthOf(measured);
+  // A layout asks for the same few texts again and again.
+  metrics_.textWidth = [font = font(), known = std::make_shared<std::map<std::string, int>>()](
+                           const std::string& measured) {
+    constexpr std::size_t most = 2000;
+    const auto at = known->find(measured);
+    if (at != known->end()) return at->second;
+    if (known->size() >= most) known->clear();
+    return known->emplace(measured, TextRuler(font).widthOf(measured)).first->second;
   };
 }
 

@@ -4,6 +4,7 @@
 
 #include "windows/support/text.h"
 #include "windows/views/accessibility/accessible_object.h"
+#include "windows/views/controls/combo_box_view.h"
 #include "windows/views/controls/view.h"
 #include "windows/views/drawing/painting.h"
 #include "windows/views/window/dpi.h"
@@ -127,6 +128,12 @@ LRESULT PageWindow::answer(UINT message, WPARAM wParam, LPARAM lParam) {
     case WM_GETOBJECT:
       if (const auto object = answerGetObject(*this, {}, wParam, lParam)) return *object;
       return Window::answer(message, wParam, lParam);
+    case WM_MEASUREITEM: {
+      auto& item = *reinterpret_cast<MEASUREITEMSTRUCT*>(lParam);
+      const bool isChosen = item.itemID == static_cast<UINT>(-1);
+      item.itemHeight = static_cast<UINT>(ComboBoxView::rowHeight(theme_, isChosen));
+      return TRUE;
+    }
     case WM_ERASEBKGND:
       return 1;
     case WM_PAINT:
