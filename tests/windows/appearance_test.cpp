@@ -12,8 +12,12 @@
 #include "windows/support/handles.h"
 #include "windows/views/drawing/painting.h"
 #include "windows/views/form/win32_desktop.h"
+#include "windows/views/window/pointer_watch.h"
 #include "workbench/windows/gestures.h"
+#include "workbench/windows/settings_aside.h"
 #include "workbench/windows/window_reader.h"
+// After the headers that include Windows'.
+#include <commctrl.h>
 
 namespace kebu::tests {
 
@@ -49,6 +53,69 @@ TEST_F(WindowTest, FollowsTheResolutionOfItsScreen) {
   changeResolution(USER_DEFAULT_SCREEN_DPI);
   EXPECT_EQ(heightOf(box()), heightOf(usual));
   EXPECT_EQ(widthOf(box()), widthOf(usual));
+  host->close();
+}
+
+TEST_F(WindowTest, AllPricesAreInSightAtTheUsualSize) {
+  const workbench::SettingsAside unarranged;
+  DllHost host(*library);
+  host->open();
+  pumpWaiting();
+  openPage(shownForm(), "2");
+  HWND const grid = WindowReader(shownForm()).control("QGRID_LISTINI").window;
+  EXPECT_FALSE(GetWindowLongPtrW(grid, GWL_STYLE) & WS_HSCROLL);
+  // Of a smaller window not all of them are.
+  SetWindowPos(shownForm(), nullptr, 0, 0, 900, 700, SWP_NOMOVE | SWP_NOZORDER);
+  pumpWaiting();
+  EXPECT_TRUE(GetWindowLongPtrW(grid, GWL_STYLE) & WS_HSCROLL);
+  host->close();
+}
+
+/// The text of the tip that the window shows; "" for none.
+std::wstring shownTip() {
+  wchar_t text[512] = {};
+  TTTOOLINFOW tool{};
+  tool.cbSize = TTTOOLINFOW_V1_SIZE;
+  tool.hwnd = shownForm();
+  tool.lpszText = text;
+  HWND tip = nullptr;
+  while ((tip = FindWindowExW(nullptr, tip, TOOLTIPS_CLASSW, nullptr)) != nullptr) {
+    if (!IsWindowVisible(tip) || GetWindow(tip, GW_OWNER) != shownForm()) continue;
+    SendMessageW(tip, TTM_GETTEXTW, std::size(text), reinterpret_cast<LPARAM>(&tool));
+    return text;
+  }
+  return {};
+}
+
+/// Lets the pointer rest on the middle of a part.
+void restOn(const windows::Inspection& part) {
+  POINT middle{(part.bounds.left + part.bounds.right) / 2,
+               (part.bounds.top + part.bounds.bottom) / 2};
+  ClientToScreen(part.window, &middle);
+  SetCursorPos(middle.x, middle.y);
+  SendMessageW(shownForm(), WM_SETCURSOR, reinterpret_cast<WPARAM>(part.window),
+               MAKELPARAM(HTCLIENT, WM_MOUSEMOVE));
+  constexpr int ticks = 5;
+  for (int i = 0; i < ticks; ++i) {
+    SendMessageW(shownForm(), WM_TIMER, windows::PointerWatch::timer, 0);
+  }
+}
+
+TEST_F(WindowTest, ATipTellsWhatThePointerRestsOn) {
+  DllHost host(*library);
+  host->open();
+  pumpWaiting();
+  const WindowReader reader(shownForm());
+  restOn(reader.find(windows::Inspected::Lookup, "TXT_GM04_CODDOCWEB_MG36", {}).value());
+  EXPECT_EQ(shownTip(), L"Elenco: Documento ordini web\r\nF4");
+  const std::wstring words =
+      L"una descrizione che non sta tutta nel suo campo " + std::wstring(80, L'x') + L" fine";
+  HWND const box = reader.control("TXT_GM03_DESCRIZIONE").window;
+  SetWindowTextW(box, words.c_str());
+  restOn(reader.control("TXT_GM03_DESCRIZIONE"));
+  EXPECT_NE(shownTip().find(L"fine"), std::wstring::npos);
+  restOn(reader.control("TXT_GM03_CODICEDISPOSITIVO"));
+  EXPECT_EQ(shownTip().find(L"fine"), std::wstring::npos);
   host->close();
 }
 

@@ -146,6 +146,8 @@ std::wstring View::tipOf(HWND window, POINT screen) {
     answer.row = part->row;
     answer.index = part->index;
     if (inspect(answer)) {
+      // The button itself says nothing.
+      if (part->part == Inspected::Lookup) lines.emplace_back(answer.spoken);
       for (const wchar_t* text : {answer.description, answer.shortcut}) {
         if (*text) lines.emplace_back(text);
       }

@@ -386,7 +386,7 @@ void FormWindow::chooseMnemonics() {
 
 void FormWindow::renewTheme(int dpi) {
   *theme_ = Theme(dpi);
-  for (View* view : inOrder_) view->applyTheme();
+  for (const auto& [control, view] : views_) view->applyTheme();
   for (const auto& [page, window] : pages_) {
     if (window) takeColours(window->handle(), *theme_);
   }
@@ -540,8 +540,7 @@ bool FormWindow::inspect(Inspection& inspection) {
   if (const controls::GroupBox* const page = pageOf(*control)) fillPage(*page);
   if (!find(*control)) {
     make(*control);
-    orderViews();
-    putInTabOrder({find(*control)});
+    made_.insert(find(*control));  // the next layout takes it into the orders
   }
   View* const view = find(*control);
   return view && view->inspect(inspection);

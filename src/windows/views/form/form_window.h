@@ -121,7 +121,7 @@ class FormWindow : public Window, public ViewSite, public KeyTarget {
   /// The controls that wait for their views, with what tells of their changes.
   std::map<const controls::Control*, Subscription> awaited_;
   layout::Placement placeOfNewView_;
-  std::set<const View*> made_;  ///< during the layout
+  std::set<const View*> made_;  ///< views that are not in the orders yet
   std::map<char, std::function<void()>> mnemonics_;
   std::vector<Subscription> subscriptions_;
   std::vector<Subscription> groupSubscriptions_;  ///< to the groups and the resize manager

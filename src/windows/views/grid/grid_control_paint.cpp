@@ -121,8 +121,8 @@ void GridControl::paintRowMark(HDC dc, const RECT& area, int state, bool isChose
   const Palette& colours = theme_->colours();
   const Colour good = isChosenRow ? onChosen(colours, colours.good) : colours.good;
   const Colour warning = isChosenRow ? onChosen(colours, colours.warning) : colours.warning;
-  if (state == 1) tickMark(dc, area, theme_->px(10), good);
-  if (state == 2) warningMark(dc, area, theme_->px(12), warning);
+  if (state == completeRow) tickMark(dc, area, theme_->px(10), good);
+  if (state == incompleteRow) warningMark(dc, area, theme_->px(12), warning);
 }
 
 void GridControl::paintCell(HDC dc, std::int32_t row, std::size_t column, const RECT& area,

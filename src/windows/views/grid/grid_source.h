@@ -10,6 +10,10 @@
 
 namespace kebu::windows {
 
+/// States of a row that are marked.
+inline constexpr int completeRow = 1;
+inline constexpr int incompleteRow = 2;
+
 /// What a grid shows and acts on. Rows count from 1 in the order in which they are shown, columns
 /// from 0.
 class GridSource {
@@ -42,7 +46,7 @@ class GridSource {
     return controls::TickState::None;
   }
   virtual bool keepsRowState() const { return false; }
-  /// 1 in order, 2 incomplete, else not marked.
+  /// `completeRow`, `incompleteRow`, or another number for a row without a mark.
   virtual int rowState(std::int32_t /*row*/) { return 0; }
   /// What can be done with the rows beside editing them.
   virtual controls::GridTools& tools() = 0;

@@ -84,9 +84,9 @@ int QueryGridView::rowState(std::int32_t row) {
 
 std::string QueryGridView::stateInWords(std::int32_t row) {
   switch (keepsRowState() ? rowState(row) : 0) {
-    case 1:
+    case completeRow:
       return translated("riga completa");
-    case 2:
+    case incompleteRow:
       return translated("riga incompleta");
     default:
       return {};
@@ -206,9 +206,11 @@ bool QueryGridView::describePart(Inspection& inspection) {
         addMark(inspection, "check");
         if (model_.cellText(rowAt(row), index) == "1") addMark(inspection, "ticked");
       }
-      write(inspection.description,
-            toWide(model_.isUnknown(rowAt(row), column.field) ? model_.unknownText()
-                                                              : stateInWords(row)));
+      if (model_.isUnknown(rowAt(row), column.field)) {
+        write(inspection.description, toWide(model_.unknownText()));
+      } else if (keepsRowState() && rowState(row) == incompleteRow) {
+        write(inspection.description, toWide(stateInWords(row)));
+      }
       if (isChangeable(column.kind) && model_.isLocked(rowAt(row), column)) {
         addMark(inspection, "locked");
       }
