@@ -5,6 +5,7 @@
 #include <memory>
 #include <optional>
 
+#include "controls/combo_box.h"
 #include "controls/edit_box.h"
 #include "controls/form.h"
 #include "tests/windows/import_patch.h"
@@ -102,6 +103,8 @@ void restOn(const windows::Inspection& part) {
 }
 
 TEST_F(WindowTest, ATipTellsWhatThePointerRestsOn) {
+  POINT before{};
+  GetCursorPos(&before);
   DllHost host(*library);
   host->open();
   pumpWaiting();
@@ -117,6 +120,7 @@ TEST_F(WindowTest, ATipTellsWhatThePointerRestsOn) {
   restOn(reader.control("TXT_GM03_CODICEDISPOSITIVO"));
   EXPECT_EQ(shownTip().find(L"fine"), std::wstring::npos);
   host->close();
+  SetCursorPos(before.x, before.y);
 }
 
 /// Where the middle of the text is that a field or its caption shows, on the screen.
@@ -298,13 +302,15 @@ DWORD runAtResolution(DWORD dpi, const std::string& test) {
 class SmallForm : public controls::Form {
  public:
   explicit SmallForm(controls::Desktop& desktop) : Form("FRM", desktop) {
-    group.addAll(first, second);
+    choice.addRow(std::int32_t{1}, "Una");
+    group.addAll(first, second, choice);
     add(group);
   }
 
   controls::GroupBox group{"GRP", "Gruppo"};
   controls::EditBox first{"TXT_FIRST", "Primo"};
   controls::EditBox second{"TXT_SECOND", "Secondo"};
+  controls::ComboBox choice{"CMB_CHOICE", "Scelta"};
 };
 
 /// Where the second box is when the form is laid out by a host's thread of that kind, which calls
@@ -327,6 +333,12 @@ RECT placeOfSecondBox(DPI_AWARENESS_CONTEXT hosts) {
   return place;
 }
 
+LONG windowHeightOf(const char* control) {
+  RECT place{};
+  GetWindowRect(WindowReader(shownForm()).control(control).window, &place);
+  return place.bottom - place.top;
+}
+
 TEST(HostWithoutResolutions, LaysOutAsAnyOther) {
   constexpr UINT high = 192;
   if (GetDpiForSystem() != high) {
@@ -336,6 +348,15 @@ TEST(HostWithoutResolutions, LaysOutAsAnyOther) {
   const RECT usual = placeOfSecondBox(DPI_AWARENESS_CONTEXT_PER_MONITOR_AWARE);
   const RECT below = placeOfSecondBox(DPI_AWARENESS_CONTEXT_UNAWARE);
   EXPECT_GT(usual.right - usual.left, 0);
+  {
+    const windows::CommonControls commonControls(GetModuleHandleW(nullptr));
+    windows::Win32Desktop desktop(GetModuleHandleW(nullptr), commonControls);
+    const auto form = std::make_shared<SmallForm>(desktop);
+    form->Show(false);
+    pumpWaiting();
+    EXPECT_EQ(windowHeightOf("CMB_CHOICE"), windowHeightOf("TXT_FIRST"));
+    form->Unload();
+  }
   EXPECT_EQ(below.right - below.left, usual.right - usual.left);
   EXPECT_EQ(below.bottom - below.top, usual.bottom - usual.top);
 }

@@ -24,6 +24,15 @@ ComboBoxView::ComboBoxView(ViewSite& site, controls::ComboBox& model, HWND paren
   setControl(createStock(
       L"COMBOBOX", WS_TABSTOP | WS_VSCROLL | CBS_DROPDOWNLIST | CBS_OWNERDRAWFIXED | CBS_HASSTRINGS,
       0, parent, open));
+  if (!hasHeights()) setHeights();
+}
+
+// Not every system keeps to what it measured once the combo has got its font.
+bool ComboBoxView::hasHeights() const {
+  RECT area{};
+  GetWindowRect(handle(), &area);
+  return area.bottom - area.top == theme().metrics().fieldHeight() &&
+         SendMessageW(handle(), CB_GETITEMHEIGHT, 0, 0) == rowHeight(theme(), false);
 }
 
 void ComboBoxView::place(const layout::Placement& placement) {

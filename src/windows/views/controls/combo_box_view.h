@@ -24,6 +24,8 @@ class ComboBoxView : public FieldView {
   std::wstring lineIn(HWND window) const override;
 
  private:
+  /// Whether the combo is as high as a box, and its rows as they should be.
+  bool hasHeights() const;
   void setHeights();
   void fillRows();
   std::wstring rowText(std::size_t index) const;

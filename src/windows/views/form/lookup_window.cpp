@@ -15,7 +15,9 @@ namespace kebu::windows {
 
 namespace {
 
-constexpr int usualHeight = 460;   // in 96ths of an inch
+constexpr int usualHeight = 460;  // in 96ths of an inch
+constexpr int widestColumn = 320;
+constexpr int widestLastColumn = 560;
 constexpr int measuredRows = 200;  // at most, for the widths of the columns
 
 }  // namespace
@@ -29,7 +31,9 @@ LookupWindow::LookupWindow(HINSTANCE module, controls::LookupList& list, HWND ow
     for (std::int32_t row = 1; row <= std::min(list.rowCount(), measuredRows); ++row) {
       widest = std::max(widest, theme_.metrics().textWidth(list.cellText(row, i)));
     }
-    const int units = std::clamp(MulDiv(widest, 96, theme_.dpi()) + 20, 70, 320);
+    const bool isLast = i + 1 == list.captions().size();
+    const int most = isLast ? widestLastColumn : widestColumn;
+    const int units = std::clamp(MulDiv(widest, 96, theme_.dpi()) + 20, 70, most);
     columns_.push_back({std::to_string(i), list.captions()[i], units, controls::ColumnKind::Text});
     width += units;
   }
