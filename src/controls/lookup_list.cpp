@@ -17,8 +17,8 @@ LookupList::LookupList(std::string title, std::vector<std::string> captions,
     : title_(std::move(title)),
       captions_(std::move(captions)),
       rows_(std::move(rows)),
+      current_(rows_.empty() ? 0 : 1),
       tools_(shownRows_, title_, store, std::move(translator)) {
-  current_ = rows_.empty() ? 0 : 1;
   search("");
 }
 

@@ -284,6 +284,20 @@ TEST_F(AccessibilityTest, GridsTellRowsCellsAndTicks) {
   for (long i = 2; i <= prices.childCount(); ++i) states.insert(prices.child(i).description());
   EXPECT_TRUE(states.contains("riga completa"));
 
+  // The box in which a cell is edited.
+  HWND const cells = reader().control("QGRID_LISTINI").window;
+  SetFocus(cells);
+  workbench::pressKey(cells, VK_HOME);
+  workbench::pressKey(
+      cells, VK_RIGHT,
+      reader().find(Inspected::Column, "QGRID_LISTINI", {"GM57_NUMLIST_LI10", 0, 0}).value().index);
+  workbench::pressKey(cells, VK_F2);
+  pumpWaiting();
+  EXPECT_EQ(Node::of(GetFocus()).name(), "Listino anagrafico");
+  EXPECT_EQ(Node::of(GetFocus()).role(), ROLE_SYSTEM_TEXT);
+  workbench::pressKey(GetFocus(), VK_ESCAPE);
+  pumpWaiting();
+
   // A client may hold an object for longer than the window lives.
   const Node late = prices.child(2).child(1);
   (*host)->close();

@@ -88,8 +88,8 @@ constexpr Palette paletteOf(const SystemColours& system) {
 
 /// A text, or a mark that tells something, in one of the colours on another one.
 struct DrawnPair {
-  Colour Palette::*ink;
-  Colour Palette::*ground;
+  Colour Palette::*ink = nullptr;
+  Colour Palette::*ground = nullptr;
   bool isMark = false;
 };
 

@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "windows/support/text.h"
+#include "windows/views/accessibility/stock_description.h"
 #include "windows/views/drawing/edit_frame.h"
 #include "windows/views/drawing/push_button.h"
 #include "windows/views/window/dpi.h"
@@ -77,6 +78,7 @@ void LookupWindow::build() {
   hint_ = make(L"STATIC", toWide(texts.search).c_str(), SS_CENTERIMAGE, 0);
   search_ = make(L"EDIT", L"", WS_TABSTOP | ES_AUTOHSCROLL, 0);
   frameEdit(search_, theme_);
+  describeStock(search_, L"EditBox", toWide(texts.search));
   grid_ = std::make_unique<GridControl>(module_, handle(), theme_, *this);
   ShowWindow(grid_->handle(), SW_SHOWNA);
   nothingFound_ = make(L"STATIC", toWide(texts.nothingFound).c_str(), SS_CENTERIMAGE, 0);

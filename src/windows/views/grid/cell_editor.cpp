@@ -4,6 +4,7 @@
 #include <utility>
 
 #include "windows/support/text.h"
+#include "windows/views/accessibility/stock_description.h"
 #include "windows/views/window/common_controls.h"
 #include "windows/views/window/window_text.h"
 
@@ -29,6 +30,7 @@ bool CellEditor::create(const Place& place, Cell cell, const wchar_t* className,
                       area.bottom - area.top + listHeight, place.grid, nullptr, module_, nullptr);
   if (!control_) return false;
   setFont(control_, theme_->font(), false);
+  describeStock(control_, isList_ ? L"ComboBox" : L"EditBox", cell_.head);
   return true;
 }
 

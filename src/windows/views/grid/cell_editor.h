@@ -19,6 +19,7 @@ class CellEditor {
     std::int32_t row = 0;
     std::size_t column = 0;
     std::wstring text;  ///< before it is edited
+    std::wstring head;  ///< the caption of its column
   };
   /// Where the control stands.
   struct Place {

@@ -494,7 +494,8 @@ void GridControl::startEdit(const wchar_t* typed) {
   showCurrentRow();
   showColumn(column_);
   const CellEditor::Place place{handle(), cellBounds(row, column_)};
-  const CellEditor::Cell cell{row, column_, toWide(source_.cellText(row, column_))};
+  const CellEditor::Cell cell{row, column_, toWide(source_.cellText(row, column_)),
+                              toWide(headOf(column_))};
   if (isList) {
     editor_.openList(place, cell, source_.itemsOf(row, column_));
   } else {

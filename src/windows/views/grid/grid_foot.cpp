@@ -4,6 +4,7 @@
 #include <utility>
 
 #include "windows/support/text.h"
+#include "windows/views/accessibility/stock_description.h"
 #include "windows/views/drawing/edit_frame.h"
 #include "windows/views/drawing/painting.h"
 #include "windows/views/window/common_controls.h"
@@ -31,6 +32,7 @@ void GridFoot::open(HWND grid, const std::wstring& prompt, const std::wstring& t
     if (!box_) return;
     setFont(box_, theme_->font(), false);
     frameEdit(box_, *theme_);
+    describeStock(box_, L"EditBox", prompt_);
   }
   RECT client{};
   GetClientRect(grid, &client);
