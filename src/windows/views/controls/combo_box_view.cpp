@@ -105,8 +105,8 @@ void ComboBoxView::fillRows() {
   std::vector<std::wstring> texts;
   for (std::size_t i = 0; i < model_.rows().size(); ++i) texts.push_back(rowText(i));
   if (texts == shown_) return;
+  if (!shown_.empty()) SendMessageW(handle(), CB_RESETCONTENT, 0, 0);
   shown_ = std::move(texts);
-  SendMessageW(handle(), CB_RESETCONTENT, 0, 0);
   int widest = 0;
   for (const std::wstring& text : shown_) {
     SendMessageW(handle(), CB_ADDSTRING, 0, reinterpret_cast<LPARAM>(text.c_str()));

@@ -37,11 +37,17 @@ void EditBoxView::enableLookup() {
 
 void EditBoxView::refresh() {
   FieldView::refresh();
-  SendMessageW(handle(), EM_SETREADONLY, !model_.isEditable(), 0);
-  if (std::exchange(wasEditable_, model_.isEditable()) != model_.isEditable()) enabledChanged();
-  SendMessageW(handle(), EM_LIMITTEXT, model_.maxLength(), 0);
-  const std::wstring hint = toWide(model_.hint());
-  SendMessageW(handle(), EM_SETCUEBANNER, TRUE, reinterpret_cast<LPARAM>(hint.c_str()));
+  if (std::exchange(wasEditable_, model_.isEditable()) != model_.isEditable()) {
+    SendMessageW(handle(), EM_SETREADONLY, !model_.isEditable(), 0);
+    enabledChanged();
+  }
+  if (std::exchange(maxLength_, model_.maxLength()) != model_.maxLength()) {
+    SendMessageW(handle(), EM_LIMITTEXT, model_.maxLength(), 0);
+  }
+  if (std::exchange(hint_, model_.hint()) != model_.hint()) {
+    const std::wstring hint = toWide(hint_);
+    SendMessageW(handle(), EM_SETCUEBANNER, TRUE, reinterpret_cast<LPARAM>(hint.c_str()));
+  }
   enableLookup();
   // What is being typed stays until it is taken or refused.
   if (touched_ && model_.text() == shown_) return;

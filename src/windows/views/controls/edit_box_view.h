@@ -36,7 +36,10 @@ class EditBoxView : public FieldView {
 
   controls::EditBox& model_;
   std::string shown_;  ///< the model's text as last shown
+  // What the control was told last; at first what it is by itself.
   bool wasEditable_ = true;
+  std::optional<std::size_t> maxLength_;
+  std::string hint_;
   bool touched_ = false;
   bool showing_ = false;
   bool committing_ = false;

@@ -93,7 +93,6 @@ FormWindow::FormWindow(HINSTANCE module, controls::Form& form, HWND owner,
   subscriptions_.push_back(form_.changed.connect([this] { formChanged(); }));
   subscriptions_.push_back(form_.FocusWanted.connect(
       [this](controls::Control&) { PostMessageW(handle(), focusMessage, 0, 0); }));
-  requestLayout();
 }
 
 FormWindow::~FormWindow() {
@@ -433,7 +432,11 @@ void FormWindow::show() {
   const DpiContext resolution = DpiContext::of(handle());
   const bool wasShown = isOnScreen();
   showing_ = true;
-  if (!wasShown) layOut();
+  if (!wasShown) {
+    const RECT client = clientArea();
+    const bool isLaidOut = laidOut_.cx == client.right && laidOut_.cy == client.bottom;
+    if (layoutWanted_ || !isLaidOut) layOut();
+  }
   ShowWindow(handle(), IsIconic(handle()) ? SW_RESTORE : SW_SHOW);
   SetForegroundWindow(handle());
   if (wasShown) layOut();
