@@ -10,7 +10,7 @@ namespace kebu::bench {
 void measureProfile(PairedRunner& runner);
 /// Discount rules of a company with 100,000 prices: recomputing, loading, saving.
 void measureRules(PairedRunner& runner);
-/// The preview of 100,100 articles, and counting articles by a filter.
+/// The preview and the summary of 100,100 articles, and counting articles by a filter.
 void measurePreview(PairedRunner& runner);
 /// Sorting and finding in a grid of 1,000,000 rows.
 void measureGridTools(PairedRunner& runner);

@@ -74,11 +74,32 @@ void measureCounting(PairedRunner& runner) {
   workplace.close();
 }
 
+/// What "Riepilogo" counts, up to its lines.
+void measureSummary(PairedRunner& runner) {
+  BenchWorkplace workplace(manyArticles());
+  workplace.open();
+  workplace.user().inModalWindow = [&](controls::Form&) {
+    workplace.hands().clickButton("CMD_CHIUDI");
+  };
+  const auto open = [&] { workplace.hands().clickButton("BTN_RIEPILOGO"); };
+  const tests::Statements statements = workplace.statementsOf(open);
+  if (statements.empty()) throw std::logic_error("nothing was counted");
+  runner.compare({
+      .name = "the summary of 100,100 articles",
+      .floorName = "its statements",
+      .subject = [&] { return timeOf(open); },
+      .floor = [&] { return timeOf([&] { replay(workplace.company().session(), statements); }); },
+      .pairs = 15,
+  });
+  workplace.close();
+}
+
 }  // namespace
 
 void measurePreview(PairedRunner& runner) {
   if (runner.wants("previewing 100,100 articles")) measureOpeningThePreview(runner);
   if (runner.wants("counting articles")) measureCounting(runner);
+  if (runner.wants("the summary of 100,100 articles")) measureSummary(runner);
 }
 
 }  // namespace kebu::bench

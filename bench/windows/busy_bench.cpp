@@ -1,6 +1,6 @@
 // How long the window does not respond while the database works for it, and how long each action
 // takes: 100,000 discount rules are computed, selected, saved and loaded, and 100,100 articles
-// previewed.
+// previewed and summed up.
 //
 //   kebu_busy_bench PATH\KEBU_ANAGKELMORIA.dll
 #include <algorithm>
@@ -58,12 +58,16 @@ void measure(const char* what, HWND form, const std::function<void()>& action) {
             << " ms without a response" << std::endl;
 }
 
-/// Closes the filter's dialog by OK or Annulla as soon as it is shown.
-template <bool Accept>
+constexpr char accept[] = "CMD_OK";
+constexpr char leave[] = "CMD_ANNULLA";
+constexpr char close[] = "CMD_CHIUDI";
+
+/// Clicks a button of the dialog that is shown.
+template <const char* name>
 void CALLBACK closeDialog(HWND window, UINT, UINT_PTR timer, DWORD) {
   KillTimer(window, timer);
   const workbench::WindowReader dialog(tests::shownForm());
-  const auto button = dialog.control(Accept ? "CMD_OK" : "CMD_ANNULLA");
+  const auto button = dialog.control(name);
   workbench::clickOn(button.window, button.bounds);
 }
 
@@ -104,10 +108,12 @@ void run(const std::string& path) {
   measure("the stored rules", form, [&] { choose(1); });
   constexpr UINT delay = 1000;
   const auto openPreview = [&] { tests::openPage(form, articlesPreview); };
-  SetTimer(nullptr, 0, delay, closeDialog<false>);
+  SetTimer(nullptr, 0, delay, closeDialog<leave>);
   measure("dialog before the preview, left", form, openPreview);
-  SetTimer(nullptr, 0, delay, closeDialog<true>);
+  SetTimer(nullptr, 0, delay, closeDialog<accept>);
   measure("dialog and preview of the articles", form, openPreview);
+  SetTimer(nullptr, 0, delay, closeDialog<close>);
+  measure("summary", form, [&] { click(reader.control("BTN_RIEPILOGO")); });
   host->close();
 }
 

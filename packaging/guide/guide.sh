@@ -4,7 +4,7 @@
 
 need_guide_packages() { need_packages pandoc weasyprint fonts-dejavu-core wine wine64 xvfb openbox; }
 
-guide_pages=(index installazione primo-collegamento pagina-{1,2,3,6,7,8,9,10,11,12} esempi messaggi tasti diritti problemi)
+guide_pages=(index installazione primo-collegamento pagina-{1,2,3,6,7,8,9,10,11,12} riepilogo esempi messaggi tasti diritti problemi)
 
 # Numbers as Italians write them, without needless zeros; columns become those of a table.
 italian_rows() {
@@ -40,7 +40,7 @@ make_guide() (
   local picture
   for picture in "$work"/pictures/pagina-*.png; do
     # pagina-3-depositi.png is the picture of pagina-3.
-    page=$(basename "$picture" | sed -E 's/^(pagina-[0-9]+)-.*/\1/')
+    page=$(basename "$picture" | sed -E -e 's/\.png$//' -e 's/^(pagina-[0-9]+)-.*/\1/')
     cp "$picture" "$output/$page.png"
   done
   cp packaging/guide/guida.css "$output"

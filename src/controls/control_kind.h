@@ -23,6 +23,7 @@ enum class ControlKind : std::uint8_t {
   QueryGrid,
   RecordFrame,
   ResizeManager,
+  Sheet,
   SideBar,
   StatusBar,
   TitleBar,

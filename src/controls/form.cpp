@@ -87,6 +87,14 @@ Button* Form::defaultButton() const {
   return nullptr;
 }
 
+Button* Form::buttonOfKey(std::string_view key) const {
+  for (Control* control : outermost_) {
+    auto* const button = as<Button>(*control);
+    if (button && !key.empty() && button->key() == key && button->isVisible()) return button;
+  }
+  return nullptr;
+}
+
 void Form::translate(const Translator& translator) {
   for (Control* control : controls()) control->translate(translator);
   translator_ = translator;

@@ -39,6 +39,8 @@ class Form : public OfKind<ControlKind::Form>, public std::enable_shared_from_th
 
   /// The visible button that Enter and F10 click; null when there is none.
   Button* defaultButton() const;
+  /// The visible button that a key of its own clicks; null when there is none.
+  Button* buttonOfKey(std::string_view key) const;
 
   /// Loads the window when it is not yet loaded, shows and activates it. When
   /// `modal`, returns after it is closed.

@@ -11,7 +11,7 @@ void Label::translate(const Translator& translator) {
 
 std::string_view keyOf(const Button& button) {
   if (button.isDefault()) return "F10";
-  return button.isCancel() ? "Esc" : "";
+  return button.isCancel() ? std::string_view("Esc") : button.key();
 }
 
 void GroupBox::add(Control& child) {

@@ -69,6 +69,10 @@ class Button : public OfKind<ControlKind::Button> {
   void setDefault(bool isDefault) { default_ = isDefault; }
   bool isCancel() const { return cancel_; }
   void setCancel(bool isCancel) { cancel_ = isCancel; }
+  /// Another key that clicks it while its window is in front: "F1" to "F12", or "Ctrl+" and a
+  /// letter. "" for none.
+  const std::string& key() const { return key_; }
+  void setKey(const std::string& key) { key_ = key; }
 
   void click();
   Event<> ButtonClick;
@@ -76,10 +80,11 @@ class Button : public OfKind<ControlKind::Button> {
  private:
   bool default_ = false;
   bool cancel_ = false;
+  std::string key_;
 };
 
 /// The key that is shown on a button: "F10" on the default button, "Esc" on the cancel button, else
-/// "".
+/// its own, or "".
 std::string_view keyOf(const Button& button);
 
 /// Shows that long work is running: a moving bar with a text, or the part that is

@@ -15,6 +15,7 @@
 #include "controls/query_editor.h"
 #include "controls/query_grid.h"
 #include "controls/record_frame.h"
+#include "controls/sheet.h"
 #include "controls/simple_controls.h"
 
 namespace kebu::controls {
@@ -63,6 +64,8 @@ decltype(auto) visit(Subject& control, Visitor&& visitor) {
       return call(std::type_identity<RecordFrame>{});
     case ControlKind::ResizeManager:
       return call(std::type_identity<ResizeManager>{});
+    case ControlKind::Sheet:
+      return call(std::type_identity<Sheet>{});
     case ControlKind::SideBar:
       return call(std::type_identity<SideBar>{});
     case ControlKind::StatusBar:

@@ -102,9 +102,9 @@ TEST(Guide, NamesEveryFieldOfTheWindow) {
       }
     }
   };
-  workplace.user().inModalWindow = [&](controls::Form&) {
+  workplace.user().inModalWindow = [&](controls::Form& form) {
     check();
-    workplace.hands().clickButton("CMD_OK");
+    workplace.hands().clickButton(form.find("CMD_OK") ? "CMD_OK" : "CMD_CHIUDI");
   };
   for (const auto& page : forms::pageTable) {
     if (!page.view) continue;
@@ -116,6 +116,7 @@ TEST(Guide, NamesEveryFieldOfTheWindow) {
     workplace.hands().choose("CMB_LISTINISCONTO", listType);
     check();
   }
+  workplace.hands().clickButton("BTN_RIEPILOGO");
   workplace.close();
   EXPECT_GT(seen, 200U);
   for (const std::string& text : missing) ADD_FAILURE() << "not in docs/guida: " << text;

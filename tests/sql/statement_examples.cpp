@@ -12,6 +12,7 @@
 #include "sql/price_lists.h"
 #include "sql/profile.h"
 #include "sql/query_predicate.h"
+#include "sql/summary.h"
 #include "sql/synchronisation.h"
 #include "sql/working_tables.h"
 
@@ -175,6 +176,18 @@ ExamplePage synchronisationPage() {
               {"ImpostazioneInizialeAttivita", ImpostazioneInizialeAttivita(company)},
               {"TipoSincroStandard", TipoSincroStandard()},
               {"AttivitaDispositivo", AttivitaDispositivo(profile, company)},
+          }};
+}
+
+ExamplePage summaryPage() {
+  const std::string articles = "VGM19_KBWSPRODUCTS_KELMORIA";
+  return {"summary",
+          {
+              {"ListiniMemorizzati", ListiniMemorizzati(profile)},
+              {"ContaPrezzi", ContaPrezzi(articles, company, ofTools(), {1, 10})},
+              {"ContaPrezzi: without an active slot", ContaPrezzi(articles, company, "", {})},
+              {"DepositiMemorizzati", DepositiMemorizzati(profile, company)},
+              {"ContaRegole", ContaRegole(company, "20260115", "20260215")},
           }};
 }
 
@@ -361,9 +374,9 @@ ExamplePage rulesPage() {
 }  // namespace
 
 std::vector<ExamplePage> examplePages() {
-  return {categoriesPage(), depositsPage(),        candidatesPage(),   rulesPage(),
-          filtersPage(),    previewPage(),         priceListsPage(),   profilePage(),
-          predicatesPage(), synchronisationPage(), workingTablesPage()};
+  return {categoriesPage(), depositsPage(), candidatesPage(),      rulesPage(),
+          filtersPage(),    previewPage(),  priceListsPage(),      profilePage(),
+          predicatesPage(), summaryPage(),  synchronisationPage(), workingTablesPage()};
 }
 
 }  // namespace kebu::sql

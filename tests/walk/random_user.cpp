@@ -210,6 +210,9 @@ Words RandomUser::onControl(Form& form) {
             if (bar.links().empty()) return Words{"refresh"};
             return Words{"page", std::to_string(random_.of(bar.links()).view)};
           },
+          [&](Sheet&) {
+            return Words{"copy", name, random_.oneIn(2) ? "text" : "file"};
+          },
           [&](QueryEditor& editor) {
             if (editor.fieldCount() == 0) return Words{"refresh"};
             const auto field = random_.below(editor.fieldCount());

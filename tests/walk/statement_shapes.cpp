@@ -14,6 +14,7 @@
 #include "sql/preview.h"
 #include "sql/price_lists.h"
 #include "sql/profile.h"
+#include "sql/summary.h"
 
 namespace kebu::tests {
 
@@ -182,10 +183,16 @@ StatementShapes::StatementShapes(const std::filesystem::path& texts) {
   }
   for (const char* view : {"VGM16_KBWSUSERS_KELMORIA", "VGM16_KBWSUSERS_KELMORIA_PERS",
                            "VGM19_KBWSPRODUCTS_KELMORIA", "VGM19_KBWSPRODUCTS_KELMORIA_PERS"}) {
-    beginnings_.push_back(shapeOf(sql::ContaArticoli(view, company, "")));
-    beginnings_.push_back(shapeOf(sql::ContaClienti(view, company, "")));
-    beginnings_.push_back(shapeOf(sql::ArticoliPubblicati(view, company, "")));
-    beginnings_.push_back(shapeOf(sql::ClientiPubblicati(view, company, "")));
+    const std::string filter = " {filter}";
+    for (const std::string& statement :
+         {sql::ContaArticoli(view, company, filter), sql::ContaClienti(view, company, filter),
+          sql::ArticoliPubblicati(view, company, filter),
+          sql::ClientiPubblicati(view, company, filter),
+          sql::ContaPrezzi(view, company, filter, {})}) {
+      const std::size_t at = statement.find(filter);
+      aroundFilters_.push_back(
+          {shapeOf(statement.substr(0, at)), shapeOf(statement.substr(at + filter.size()))});
+    }
   }
 }
 
@@ -198,9 +205,12 @@ bool StatementShapes::know(const std::string& statement, bool edit) const {
   const bool isBroken = std::ranges::any_of(
       beforeTexts_, [&](const std::string& beginning) { return shape.starts_with(beginning); });
   if (isBroken) return true;
-  return std::any_of(beginnings_.begin(), beginnings_.end(), [&](const std::string& beginning) {
-    return shape.starts_with(beginning) &&
-           areConditions(std::string_view(shape).substr(beginning.size()));
+  return std::ranges::any_of(aroundFilters_, [&](const Around& around) {
+    const auto& [before, after] = around;
+    if (!shape.starts_with(before) || !shape.ends_with(after)) return false;
+    if (shape.size() < before.size() + after.size()) return false;
+    const std::size_t length = shape.size() - before.size() - after.size();
+    return areConditions(std::string_view(shape).substr(before.size(), length));
   });
 }
 

@@ -13,14 +13,20 @@ class StatementShapes {
   /// From the folder of pinned statement texts.
   explicit StatementShapes(const std::filesystem::path& texts);
 
-  /// Whether the statement has one of the shapes: that of a pinned text, which may be followed by
-  /// the conditions of a filter where it takes one, or that of a changed row of a table whose
+  /// Whether the statement has one of the shapes: that of a pinned text, with the conditions of a
+  /// filter where it takes one, or that of a changed row of a table whose
   /// rows ADO writes.
   bool know(const std::string& statement, bool edit) const;
 
  private:
+  /// What stands before and after the filter of a statement.
+  struct Around {
+    std::string before;
+    std::string after;
+  };
+
   std::set<std::string> whole_;
-  std::vector<std::string> beginnings_;  ///< of statements that a filter follows
+  std::vector<Around> aroundFilters_;
   /// Of statements up to a text whose quotes are not doubled, on purpose: it may break them.
   std::vector<std::string> beforeTexts_;
 };

@@ -215,7 +215,7 @@ std::optional<Words> Walker::nextWords() {
   // A dialog that is still open when the walk ends is left.
   constexpr int enough = 10;
   if (front && !front->isNamed("FRMKB_ANAGRAFICA") && ++dialogsClosed_ <= enough) {
-    return Words{"click", "CMD_ANNULLA"};
+    return Words{"keys", "Esc"};
   }
   return std::nullopt;
 }

@@ -113,9 +113,9 @@ void expectNoMessage(Player& player) {
   player.messages().clear();
 }
 
-std::string allOf(const std::vector<ItemView>& notices) {
+std::string allOf(const std::vector<ItemView>& items) {
   std::string texts;
-  for (const ItemView& each : notices) texts += (texts.empty() ? "" : " / ") + each.text;
+  for (const ItemView& each : items) texts += (texts.empty() ? "" : " / ") + each.text;
   return texts;
 }
 
@@ -147,7 +147,19 @@ void expectRefused(Player& player, const Words& step) {
   player.check(refused, join(step), "refused", "done");
 }
 
+/// One of the lines of a sheet, as it is read aloud.
+void expectLine(Player& player, const std::string& sheet, const std::string& expected) {
+  const auto lines = player.stage().hands.look(sheet, {}).items;
+  const bool isThere = std::any_of(lines.begin(), lines.end(),
+                                   [&](const ItemView& line) { return line.text == expected; });
+  player.check(isThere, sheet + " line", expected, isThere ? expected : allOf(lines));
+}
+
 void expectAspect(Player& player, const Words& subject, const std::string& expected) {
+  if (subject[1] == "line") {
+    expectLine(player, subject[0], expected);
+    return;
+  }
   if (subject[1] == "focused") {
     const std::string found = flagText(player.stage().hands.isFocused(subject[0]));
     player.check(found == flagText(toFlag(expected)), join(subject), expected, found);

@@ -48,6 +48,12 @@ void describe(ControlView& view, const NoticeList& list) {
   for (const Notice& notice : list.notices()) view.items.push_back({notice.text, notice.action});
 }
 
+void describe(ControlView& view, const Sheet& sheet) {
+  for (const SheetLine& line : sheet.lines()) {
+    view.items.push_back({readingOf(line), line.role == SheetLine::Role::Warning ? "warning" : ""});
+  }
+}
+
 void describe(ControlView& view, const SideBar& bar) {
   for (const SideBar::Link& link : bar.links()) {
     std::string mark = &link == bar.selected() ? "chosen" : "";
@@ -159,7 +165,7 @@ std::string valueOf(const Control& control) {
           },
           [](const OneOf<Label, NoticeList, TitleBar> auto& text) { return text.caption(); },
           [](const OneOf<Button, Form, GroupBox, MdiContainer, NavigatorBar, QueryGrid,
-                         ResizeManager> auto& other) -> std::string {
+                         ResizeManager, Sheet> auto& other) -> std::string {
             throw StepError(other.Name() + " holds no value");
           },
       });

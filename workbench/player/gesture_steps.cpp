@@ -67,17 +67,23 @@ void findPrevious(Player& player, const Words& arguments) {
 }
 
 void copy(Player& player, const Words& arguments) {
+  Hands& hands = player.stage().hands;
+  if (arguments[1] == "text" || arguments[1] == "file") {
+    player.keepCopied(hands.copySheet(arguments[0], arguments[1] == "file"));
+    return;
+  }
   const std::pair<const char*, CopiedPart> parts[] = {{"cell", CopiedPart::Cell},
                                                       {"row", CopiedPart::Row},
                                                       {"all", CopiedPart::All},
                                                       {"csv", CopiedPart::Csv}};
   for (const auto& [name, part] : parts) {
     if (arguments[1] == name) {
-      player.keepCopied(player.stage().hands.copy(arguments[0], part));
+      player.keepCopied(hands.copy(arguments[0], part));
       return;
     }
   }
-  throw StepError("\"" + arguments[1] + "\" is no part of a grid: cell, row, all or csv");
+  throw StepError("\"" + arguments[1] +
+                  "\" is no part of a grid (cell, row, all, csv) or of a sheet (text, file)");
 }
 
 namespace {
@@ -105,7 +111,7 @@ RangeEnd toEnd(const std::string& text) {
 
 namespace {
 
-constexpr std::string_view pressableKeys[] = {"F3", "F8", "F9", "F10", "Enter", "Esc"};
+constexpr std::string_view pressableKeys[] = {"F3", "F8", "F9", "F10", "F11", "Enter", "Esc"};
 
 }  // namespace
 

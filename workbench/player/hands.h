@@ -43,6 +43,8 @@ class Hands {
   virtual void findNext(const std::string& grid, bool backwards) = 0;
   /// Copies or exports a part of a grid; the text that comes out.
   virtual std::string copy(const std::string& grid, CopiedPart part) = 0;
+  /// Copies the text of a sheet, or saves it in a file; the text that comes out.
+  virtual std::string copySheet(const std::string& sheet, bool asFile) = 0;
   virtual void lookup(const std::string& box) = 0;
   virtual void lookupCell(const std::string& grid, std::int32_t row, const std::string& field) = 0;
   /// Asks for the details of a row, with the key for it.
@@ -52,7 +54,7 @@ class Hands {
                                  const std::string& entry) = 0;
   /// Presses the button of the first notice whose text contains `text`.
   virtual void pressNotice(const std::string& text) = 0;
-  /// Presses keys, one right after the other: "F3", "F8", "F9", "F10", "Enter", "Esc". Those that
+  /// Presses keys, one right after the other: "F3" to "F11", "Enter", "Esc". Those that
   /// come while the window works are lost; one that means nothing now does nothing.
   virtual void pressKeys(const std::vector<std::string>& keys) = 0;
   /// Reads again what the page shows, with the key for it.

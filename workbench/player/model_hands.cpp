@@ -8,6 +8,7 @@
 #include "controls/edit_box.h"
 #include "controls/navigator_bar.h"
 #include "controls/query_grid.h"
+#include "controls/sheet.h"
 #include "controls/simple_controls.h"
 #include "workbench/player/control_reader.h"
 #include "workbench/player/scenario.h"
@@ -118,6 +119,20 @@ void ModelHands::findNext(const std::string& grid, bool backwards) {
   tools.finish();
 }
 
+std::string ModelHands::copySheet(const std::string& name, bool asFile) {
+  auto& sheet = require<Sheet>(name, "a sheet");
+  std::string text;
+  const auto take = [&](const std::string& taken) { text = taken; };
+  const Subscription taking =
+      asFile ? sheet.SaveWanted.connect(take) : sheet.CopyWanted.connect(take);
+  if (asFile) {
+    sheet.save();
+  } else {
+    sheet.copy();
+  }
+  return text;
+}
+
 std::string ModelHands::copy(const std::string& grid, CopiedPart part) {
   auto& found = require<QueryGrid>(grid, "a grid");
   GridTools& tools = found.tools();
@@ -187,14 +202,27 @@ void ModelHands::pressKeys(const std::vector<std::string>& keys) {
   }
 }
 
+namespace {
+
+bool hasCancelButton(const Form& form) {
+  const auto all = form.controls();
+  return std::any_of(all.begin(), all.end(), [](const Control* control) {
+    const auto* const button = as<Button>(*control);
+    return button && button->isCancel();
+  });
+}
+
+}  // namespace
+
 void ModelHands::pressKey(const std::string& key) {
   Form& form = window();
   Button* const button = form.defaultButton();
   if (button && (key == "Enter" || key == "F10")) return button->click();
-  if (button && key == "Esc") {
+  if (key == "Esc" && hasCancelButton(form)) {
     form.Unload();
     return;
   }
+  if (Button* const own = form.buttonOfKey(key)) return own->click();
   for (Control* each : form.controls()) {
     auto* const bar = as<NavigatorBar>(*each);
     if (!bar || !bar->isShown()) continue;

@@ -30,6 +30,7 @@ class ModelHands : public Hands {
   void find(const std::string& grid, const std::string& text, const std::string& field) override;
   void findNext(const std::string& grid, bool backwards) override;
   std::string copy(const std::string& grid, CopiedPart part) override;
+  std::string copySheet(const std::string& sheet, bool asFile) override;
   void lookup(const std::string& box) override;
   void lookupCell(const std::string& grid, std::int32_t row, const std::string& field) override;
   void details(const std::string& grid, std::int32_t row) override;

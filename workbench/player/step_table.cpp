@@ -38,17 +38,17 @@ constexpr std::array table{
     Step{"find", 2, 3, "GRID TEXT [FIELD]", "looks for a text in all columns or one", steps::find},
     Step{"find-next", 1, 1, "GRID", "goes to the next row that contains the text", steps::findNext},
     Step{"find-previous", 1, 1, "GRID", "goes to the previous one", steps::findPrevious},
-    Step{"copy", 2, 2, "GRID cell|row|all|csv",
+    Step{"copy", 2, 2, "GRID cell|row|all|csv | SHEET text|file",
          "copies the current cell of the first column, the current row, or all rows, or exports "
-         "them to a file",
+         "them to a file; copies a sheet, or saves it in a file",
          steps::copy},
     Step{"lookup", 1, 4, "BOX [N] | GRID ROW FIELD [N] | EDITOR CAPTION 1|2 [N]",
          "opens a look-up, takes its row N; of a range's first or second value", steps::lookup},
     Step{"keys", 1, any, "KEY...",
-         "presses keys without a pause: F3, F8, F9, F10, Enter, Esc; while the window works they "
-         "are lost",
+         "presses keys without a pause: F3, F8, F9, F10, F11, Enter, Esc; while the window works "
+         "they are lost",
          steps::keys},
-    Step{"refresh", 0, 0, "", "reads again what a preview shows", steps::refresh},
+    Step{"refresh", 0, 0, "", "reads again what a preview or the summary shows", steps::refresh},
     Step{"details", 2, 2, "GRID N", "asks what a row stands for, with Alt+Enter", steps::details},
     Step{"row-menu", 3, 3, "GRID N CAPTION", "chooses an entry of a row's context menu",
          steps::rowMenu},
@@ -76,7 +76,7 @@ constexpr std::array table{
     Step{"expect", 2, any,
          "CONTROL [enabled|visible|editable|required|known|hint|focused|caption|row|rows|status] = "
          "VALUE | "
-         "BAR BUTTON enabled = VALUE | BAR VIEW changed = VALUE | "
+         "BAR BUTTON enabled = VALUE | BAR VIEW changed = VALUE | SHEET line = TEXT | "
          "GRID FIELD ticked = all|some|none | "
          "GRID ROW FIELD = VALUE | sql STATEMENT = VALUE | "
          "host PROPERTY = VALUE | message TEXT | no message | copied TEXT | notice TEXT | no "

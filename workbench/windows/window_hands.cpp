@@ -413,16 +413,24 @@ std::string WindowHands::copy(const std::string& name, CopiedPart part) {
       pressWithControl(grid, 'T', true);
       break;
     case CopiedPart::Csv:
-      return exported(grid);
+      return savedBy([&] { pressWithControl(grid, 'E', true); });
   }
   settle();
   return clipboardText();
 }
 
-std::string WindowHands::exported(HWND grid) {
-  const std::filesystem::path file = std::filesystem::temp_directory_path() / "workbench.csv";
+std::string WindowHands::copySheet(const std::string& sheet, bool asFile) {
+  const HWND window = reachable(sheet, "Sheet", "a sheet").window;
+  if (asFile) return savedBy([&] { pressWithControl(window, 'S', false); });
+  pressWithControl(window, 'C', false);
+  settle();
+  return clipboardText();
+}
+
+std::string WindowHands::savedBy(const std::function<void()>& gesture) {
+  const std::filesystem::path file = std::filesystem::temp_directory_path() / "workbench.file";
   std::filesystem::remove(file);
-  pressWithControl(grid, 'E', true);
+  gesture();
   if (!takeFileDialog(frontOf(thread_.id(), others_), file.wstring())) {
     throw StepError("no file dialog was opened");
   }

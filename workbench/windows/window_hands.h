@@ -39,6 +39,7 @@ class WindowHands : public Hands {
   void find(const std::string& grid, const std::string& text, const std::string& field) override;
   void findNext(const std::string& grid, bool backwards) override;
   std::string copy(const std::string& grid, CopiedPart part) override;
+  std::string copySheet(const std::string& sheet, bool asFile) override;
   void lookup(const std::string& box) override;
   void lookupCell(const std::string& grid, std::int32_t row, const std::string& field) override;
   void details(const std::string& grid, std::int32_t row) override;
@@ -81,8 +82,8 @@ class WindowHands : public Hands {
   /// Presses or releases Ctrl, perhaps with Shift.
   void holdControl(bool shift, bool down);
   void pressWithControl(HWND window, WPARAM key, bool shift);
-  /// Exports a grid to a file; the file's text.
-  std::string exported(HWND grid);
+  /// Answers the file dialog that a gesture opens; the text of the file that is written.
+  std::string savedBy(const std::function<void()>& gesture);
   void goToCell(const std::string& grid, std::int32_t row, const std::string& field);
   /// Waits until the window is idle; the user answers message boxes and lists meanwhile.
   void settle();

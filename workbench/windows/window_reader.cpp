@@ -118,6 +118,8 @@ void WindowReader::describeItems(ControlView& view, const Inspection& control) c
       view.items.push_back({nameOf(*item), textOf(*item)});
     } else if (kind == "NoticeList") {
       view.items.push_back({textOf(*item), nameOf(*item)});
+    } else if (kind == "Sheet") {
+      view.items.push_back({textOf(*item), isMarked(*item, "warning") ? "warning" : ""});
     } else if (kind == "StatusBar") {
       view.items.push_back({"\"" + textOf(*item) + "\"", ""});
     } else {
@@ -200,7 +202,7 @@ ControlView WindowReader::look(const std::string& name, const RowRange& rows) co
   }
   if (kind == "QueryGrid") view.hint = windows::toUtf8(found.hint);
   if (found.caption[0]) view.caption = windows::toUtf8(found.caption);
-  if (kind == "QueryEditor" || kind == "NavigatorBar" || kind == "NoticeList" ||
+  if (kind == "QueryEditor" || kind == "NavigatorBar" || kind == "NoticeList" || kind == "Sheet" ||
       kind == "SideBar" || kind == "StatusBar") {
     describeItems(view, found);
   } else if (kind == "QueryGrid") {

@@ -6,6 +6,7 @@
 #include "common/nulls.h"
 #include "sql/filters.h"
 #include "sql/preview.h"
+#include "sql/query_predicate.h"
 
 namespace kebu::forms {
 
@@ -15,15 +16,20 @@ std::string customerCondition(const controls::QueryEditor& editor) {
   return editor.ComponiCondizione();
 }
 
+std::string customerClause(const controls::QueryEditor::Item& item) {
+  return sql::composeConjunction({item.Condizione});
+}
+
+std::string articleClause(const controls::QueryEditor::Item& item) {
+  return item.Condizione.empty() ? "" : sql::CongiuntoArticoli(item.DataField, item.Condizione);
+}
+
 std::string articleCondition(const controls::QueryEditor& editor) {
   // The whole text is read and, on purpose, not used: only the items tell which table each belongs
   // to.
   static_cast<void>(editor.composedText().text());
   std::string condition;
-  for (const auto& item : editor.items()) {
-    if (!item.Condizione.empty())
-      condition += sql::CongiuntoArticoli(item.DataField, item.Condizione);
-  }
+  for (const auto& item : editor.items()) condition += articleClause(item);
   return condition;
 }
 
@@ -36,6 +42,7 @@ const FilterSubject& customersSubject() {
                                      .previewKind = 1,
                                      .countStatement = sql::ContaClienti,
                                      .condition = customerCondition,
+                                     .conditionOf = customerClause,
                                      .unrestricted = "nessuna restrizione: tutti i clienti",
                                      .counted = "Clienti selezionati: ",
                                      .listed = "con e-mail, nell'anteprima: "};
@@ -47,6 +54,7 @@ const FilterSubject& articlesSubject() {
                                      .previewKind = 2,
                                      .countStatement = sql::ContaArticoli,
                                      .condition = articleCondition,
+                                     .conditionOf = articleClause,
                                      .unrestricted = "nessuna restrizione: tutti gli articoli",
                                      .counted = "Articoli selezionati: ",
                                      .listed = "con le varianti, nell'anteprima: "};
@@ -82,6 +90,29 @@ void FilterEditor::prepare(const char* keySuffix, Procedure& p) {
     editor_.setUnrestrictedText(context_.translate(subject_.unrestricted));
     editor_.completeDeclaration();
   });
+}
+
+std::vector<FilterClause> FilterEditor::clauses() const {
+  std::vector<FilterClause> clauses;
+  const auto items = editor_.items();
+  for (std::size_t field = 0; field < items.size(); ++field) {
+    std::string condition = subject_.conditionOf(items[field]);
+    if (condition.empty()) continue;
+    clauses.push_back(
+        {editor_.row(field).op.caption() + ' ' + editor_.sentence(field), std::move(condition)});
+  }
+  return clauses;
+}
+
+std::vector<std::string> FilterEditor::unknownCodes() const {
+  std::vector<std::string> captions;
+  for (std::size_t field = 0; field < editor_.fieldCount(); ++field) {
+    const controls::QueryEditor::Row& row = editor_.row(field);
+    const bool isUnknown = (row.first.isVisible() && row.first.isUnknown()) ||
+                           (row.second.isVisible() && row.second.isUnknown());
+    if (isUnknown) captions.push_back(row.op.caption());
+  }
+  return captions;
 }
 
 const FilterField* FilterEditor::codesOf(const std::string& caption) const {

@@ -2,6 +2,7 @@
 
 #include <span>
 #include <string>
+#include <vector>
 
 #include "controls/query_editor.h"
 #include "forms/filters/filter_fields.h"
@@ -18,6 +19,8 @@ struct FilterSubject {
                                 const std::string& filter);
   /// The condition on the subject that the editor's choices come to.
   std::string (*condition)(const controls::QueryEditor& editor);
+  /// The condition that the choices on one field come to; "" when they restrict nothing.
+  std::string (*conditionOf)(const controls::QueryEditor::Item& item);
   const char* unrestricted;  ///< what the editor says while nothing is restricted, in Italian
   const char* counted;       ///< what is counted, in Italian
   const char* listed;        ///< what the preview lists of it, when that is another number
@@ -25,6 +28,12 @@ struct FilterSubject {
 
 const FilterSubject& customersSubject();
 const FilterSubject& articlesSubject();
+
+/// What is stated on one field of a filter.
+struct FilterClause {
+  std::string words;      ///< "Provincia uguale a MI"
+  std::string condition;  ///< as it is appended, with its own connector
+};
 
 /// Prepares an editor of customers or articles and answers its events, in the
 /// main window and in the selection dialogs. Errors are reported under the
@@ -38,6 +47,11 @@ class FilterEditor {
   void prepare(const char* keySuffix, Procedure& p);
   /// The condition that the editor's choices come to; "" for no restriction.
   std::string condition() const { return subject_.condition(editor_); }
+  /// The same field by field, without those that restrict nothing.
+  std::vector<FilterClause> clauses() const;
+  /// The captions of the fields on which a code is stated that was not found.
+  std::vector<std::string> unknownCodes() const;
+  const FilterSubject& subject() const { return subject_; }
 
  private:
   using Request = controls::QueryRequest;

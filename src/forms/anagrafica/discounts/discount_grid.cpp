@@ -41,7 +41,7 @@ constexpr ValueListItem priceFields[] = {{0, "Prezzo lordo"}, {1, "Prezzo netto"
 
 constexpr DiscountModeNames onPrice{
     .check = "CHK_SCONTOPREZZOART",
-    .checkCaption = "Sconti su prezzo",
+    .checkCaption = discountsOnPrice,
     .grid = "QGRID_SCONTOSUPREZZO",
     .setUp = "ImpostaQGRID_SCONTOSUPREZZO",
     .tableProcedure = "GetTempTableNameScontiSuPrezzo",
@@ -52,7 +52,7 @@ constexpr DiscountModeNames onPrice{
 };
 constexpr DiscountModeNames onGrid{
     .check = "CHK_GRIGLIASCONTI",
-    .checkCaption = "Griglie di sconto",
+    .checkCaption = discountGrids,
     .grid = "QGRID_SCONTOSUGRIGLIA",
     .setUp = "ImpostaQGRID_SCONTOSUGRIGLIA",
     .tableProcedure = "GetTempTableNameScontiSuGriglia",

@@ -8,6 +8,10 @@
 
 namespace kebu::forms {
 
+/// The two modes of discount rules.
+inline constexpr const char* discountsOnPrice = "Sconti su prezzo";
+inline constexpr const char* discountGrids = "Griglie di sconto";
+
 /// What the user sees of a list type of discount rules. What its two kinds are computed from and
 /// what is stored of them is in sql/discount_kinds.
 struct DiscountListType {

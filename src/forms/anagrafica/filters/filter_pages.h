@@ -40,6 +40,8 @@ class FilterPages : public Page {
   /// Says so when a stored condition is not the one that the page composes: saved filters are the
   /// user's, stored conditions the company's.
   void compareWithStored();
+  const FilterEditor& customersFilter() const { return customers_; }
+  const FilterEditor& articlesFilter() const { return articles_; }
   /// Shows the saved filters again.
   void reload();
 

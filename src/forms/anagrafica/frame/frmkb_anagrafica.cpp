@@ -6,6 +6,7 @@
 #include "common/convert.h"
 #include "common/nulls.h"
 #include "forms/anagrafica/frame/pages.h"
+#include "forms/anagrafica/summary/frmkb_riepilogo.h"
 #include "forms/procedure.h"
 #include "sql/working_tables.h"
 
@@ -42,7 +43,9 @@ FRMKB_ANAGRAFICA::FRMKB_ANAGRAFICA(const Runtime& runtime)
       filters_(context_),
       discounts_(context_, progress_, INAV_PAR),
       profile_(context_, INAV_PAR,
-               {parameters_, categories_, deposits_, priceLists_, filters_, synchronisation_}) {
+               {parameters_, categories_, deposits_, priceLists_, filters_, synchronisation_}),
+      summary_(context_, progress_,
+               {parameters_, filters_, synchronisation_, [this] { return hasUnsavedChanges(); }}) {
   trace_.initialized();
   buildPages();
   INAV_PAR.bind(FME_ANAGRAFICA);
@@ -59,6 +62,8 @@ FRMKB_ANAGRAFICA::FRMKB_ANAGRAFICA(const Runtime& runtime)
   }
   categories_.ChangedByUser.on([this] { markChangedPages(); });
   discounts_.PendingChanged.on([this] { markChangedPages(); });
+  BTN_RIEPILOGO.setKey("F11");
+  BTN_RIEPILOGO.ButtonClick.on([this] { VisualizzaRiepilogo(summary_); });
   SBAR_MAIN.OnClickItemLink.on(
       [this](const controls::SideBar::Link& link) { SBAR_MAIN_OnClickItemLink(link); });
   VLT_RESIZEFORM1.Setup.on([this](controls::ResizeManager&) { VLT_RESIZEFORM1_Setup(); });
@@ -91,7 +96,7 @@ void FRMKB_ANAGRAFICA::buildPages() {
   addAll(SBAR_MAIN, TITLEBAR, context_.notices, INAV_PAR, INAV_CATCLIART, FME_ANAGRAFICA,
          parameters_.FME_PARAMETRI);
   for (controls::GroupBox& group : groups_.all()) add(group);
-  addAll(progress_.STATUSBAR, progress_.PBAR, VLT_RESIZEFORM1, MDIActiveX1);
+  addAll(BTN_RIEPILOGO, progress_.STATUSBAR, progress_.PBAR, VLT_RESIZEFORM1, MDIActiveX1);
 }
 
 Ref<host::NamedObject> FRMKB_ANAGRAFICA::profileFrame() {
@@ -411,6 +416,11 @@ void FRMKB_ANAGRAFICA::markChangedPages() {
   showWhere();
 }
 
+bool FRMKB_ANAGRAFICA::hasUnsavedChanges() const {
+  return FME_ANAGRAFICA.status() != FrameStatus::Browsing || categories_.isChanged() ||
+         discounts_.hasPendingChanges();
+}
+
 void FRMKB_ANAGRAFICA::showWhere() {
   constexpr const char* cause = "not linked";
   constexpr std::size_t panel = 1;
@@ -419,11 +429,9 @@ void FRMKB_ANAGRAFICA::showWhere() {
   const auto translate = [this](const char* text) { return context_.translate(text); };
   const FrameStatus status = FME_ANAGRAFICA.status();
   const bool isLinked = FME_ANAGRAFICA.hasRecord() && status != FrameStatus::New;
-  const bool isChanged =
-      status != FrameStatus::Browsing || categories_.isChanged() || discounts_.hasPendingChanges();
   std::string text = translate("Ditta ") + toDisplay(context_.company) + ", " +
                      translate(isLinked ? "collegata" : "non collegata");
-  if (isChanged) text += ", " + translate("modifiche non salvate");
+  if (hasUnsavedChanges()) text += ", " + translate("modifiche non salvate");
   if (text != progress_.STATUSBAR.panels().front()) progress_.STATUSBAR.setPanelText(panel, text);
   if (isLinked || status == FrameStatus::New) {
     context_.notices.remove(cause);

@@ -21,6 +21,7 @@
 #include "forms/anagrafica/profile/profile_page.h"
 #include "forms/anagrafica/profile/synchronisation.h"
 #include "forms/anagrafica/progress_display.h"
+#include "forms/anagrafica/summary/summary_reader.h"
 #include "forms/page_context.h"
 #include "forms/procedure.h"
 #include "forms/runtime.h"
@@ -65,6 +66,7 @@ class FRMKB_ANAGRAFICA : public controls::Form, public host::WindowMembers {
   controls::NavigatorBar INAV_CATCLIART;
   controls::SideBar SBAR_MAIN{"SBAR_MAIN"};
   controls::TitleBar TITLEBAR{"TITLEBAR"};
+  controls::Button BTN_RIEPILOGO{"BTN_RIEPILOGO", "Riepilogo"};
   controls::ResizeManager VLT_RESIZEFORM1{"VLT_RESIZEFORM1"};
   controls::MdiContainer MDIActiveX1{"MDIActiveX1"};
 
@@ -95,6 +97,7 @@ class FRMKB_ANAGRAFICA : public controls::Form, public host::WindowMembers {
   void showRefused(controls::BoundControl& control);
   /// Marks the side bar's links to pages with changes of the user's that are not saved.
   void markChangedPages();
+  bool hasUnsavedChanges() const;
   /// Says in the status bar which company this is, whether it is linked, and whether there are
   /// changes that are not saved.
   void showWhere();
@@ -127,6 +130,7 @@ class FRMKB_ANAGRAFICA : public controls::Form, public host::WindowMembers {
   FilterPages filters_;
   DiscountsPage discounts_;
   ProfilePage profile_;
+  SummaryReader summary_;
   /// In the order in which they put their controls into the group boxes.
   const std::array<Page*, 8> pages_{&profile_,    &parameters_, &categories_, &discounts_,
                                     &priceLists_, &deposits_,   &preview_,    &filters_};

@@ -6,6 +6,7 @@
 #include "common/convert.h"
 #include "common/nulls.h"
 #include "forms/anagrafica/deposit_lookup.h"
+#include "forms/anagrafica/pricelists/price_sources.h"
 #include "forms/messages.h"
 #include "sql/price_lists.h"
 #include "sql/working_tables.h"
@@ -16,45 +17,19 @@ using controls::ColumnKind;
 
 namespace {
 
-/// Where a slot takes its price from.
-enum PriceSource : std::int32_t {
-  tsNessuna = 0,
-  tsListinoAnagArticolo = 1,
-  tsListinoMacrocat = 2,
-  tsListinoMacroarea = 3,
-  tsListinoDeposito = 4,
-  tsListinoScaglQt = 5,
-  tsPriorita = 6,
-};
-
-constexpr controls::ValueListItem slots[] = {
-    {1, "Prezzo 1"}, {2, "Prezzo 2"}, {3, "Prezzo 3"}, {4, "Prezzo 4"}, {5, "Prezzo 5"},
-    {6, "Prezzo 6"}, {7, "Prezzo 7"}, {8, "Prezzo 8"}, {9, "Prezzo 9"}, {10, "Prezzo 10"},
-};
-
-constexpr controls::ValueListItem sources[] = {
-    {tsNessuna, "Nessuna"},
-    {tsListinoAnagArticolo, "Listino Anagrafico articolo"},
-    {tsListinoMacrocat, "Listino Articolo/Macrocategoria"},
-    {tsListinoMacroarea, "Listino Articolo/Macroarea"},
-    {tsListinoDeposito, "Listino Articolo/Deposito"},
-    {tsListinoScaglQt, "Listino Articolo/Scaglioni di quantità"},
-    {tsPriorita, "Da Priorità prezzi e sconti"},
-};
-
 // A code column has no caption: that of its description stands for both.
 constexpr controls::GridColumn columns[] = {
     {.field = "GM57_CODPREZZO",
      .caption = "Tarvo",
      .width = 1000,
      .kind = ColumnKind::ValueList,
-     .items = slots},
+     .items = priceSlots},
     {.field = "GM57_FLGATTIVO", .caption = "Attivo", .width = 1000, .kind = ColumnKind::Check},
     {.field = "GM57_INDTIPO",
      .caption = "Tipologia listino",
      .width = 2750,
      .kind = ColumnKind::ValueList,
-     .items = sources},
+     .items = priceSources},
     {.field = "GM57_NUMLIST_LI10",
      .width = 500,
      .kind = ColumnKind::Lookup,
@@ -120,37 +95,14 @@ const UnusedColumns unusedColumns[] = {
     {tsPriorita, {"GM57_NUMLIST_LI10", "GM57_CATEGORIA", "GM57_DEPGIACENZE_MG58", "GM57_QUANTITA"}},
 };
 
-bool takesQuantity(std::int32_t type) {
-  return type == tsListinoScaglQt || type == tsPriorita;
-}
-
-/// The column without which a slot of the type has no price; "" for none.
-std::string_view keyOf(std::int32_t type) {
-  switch (type) {
-    case tsListinoAnagArticolo:
-      return "GM57_NUMLIST_LI10";
-    case tsListinoMacrocat:
-    case tsListinoMacroarea:
-      return "GM57_CATEGORIA";
-    case tsListinoDeposito:
-      return "GM57_DEPGIACENZE_MG58";
-    case tsListinoScaglQt:
-      return "GM57_QUANTITA";
-    case tsPriorita:
-      return "GM57_CLIFOR_CG44";
-    default:
-      return "";
-  }
-}
-
 /// Whether the column, or the code that it describes, is a key that only other types use.
 bool isUnusedKey(std::int32_t type, std::string_view field) {
   constexpr std::string_view suffix = "_DEC";
   if (field.ends_with(suffix)) field.remove_suffix(suffix.size());
-  if (field == keyOf(type) || (field == "GM57_QUANTITA" && takesQuantity(type))) return false;
+  if (field == priceKey(type) || (field == "GM57_QUANTITA" && takesQuantity(type))) return false;
   return field == "GM57_QUANTITA" ||
-         std::ranges::any_of(sources, [&](const controls::ValueListItem& source) {
-           return field == keyOf(source.code);
+         std::ranges::any_of(priceSources, [&](const controls::ValueListItem& source) {
+           return field == priceKey(source.code);
          });
 }
 
@@ -266,11 +218,9 @@ bool PriceListsPage::isActive(std::int32_t row) {
 }
 
 bool PriceListsPage::hasKey(std::int32_t row) {
-  const std::string_view key = keyOf(typeOf(row));
-  if (key.empty()) return true;
-  const Value value = QGRID_LISTINI.cell(row, key);
-  const bool isText = key == "GM57_CATEGORIA" || key == "GM57_DEPGIACENZE_MG58";
-  return isText ? !RTrimN(value).empty() : !equalAsVariants(CDecN(value), std::int32_t{0});
+  const std::int32_t type = typeOf(row);
+  const std::string_view key = priceKey(type);
+  return key.empty() || isPriceKeyGiven(type, QGRID_LISTINI.cell(row, key));
 }
 
 // As the working table's STATO, which has no value for type 6, on purpose.
@@ -311,15 +261,11 @@ void PriceListsPage::refreshNotices() {
   if (withoutSource.empty()) {
     context_.notices.remove(noSourceCause);
   } else {
-    context_.notices.show(
-        {.cause = noSourceCause,
-         .text = withoutSource + ": " +
-                 context_.translate("attivi senza tipologia di listino, non pubblicano nulla.")});
+    context_.notices.show({.cause = noSourceCause,
+                           .text = withoutSource + ": " + context_.translate(slotsWithoutSource)});
   }
   if (hasPrices && arePricesManaged && !arePricesManaged()) {
-    context_.notices.show({.cause = unmanagedCause,
-                           .text = context_.translate("I prezzi non sono gestiti: nei parametri "
-                                                      "non è scelta la gestione prezzi.")});
+    context_.notices.show({.cause = unmanagedCause, .text = context_.translate(pricesNotManaged)});
   } else {
     context_.notices.remove(unmanagedCause);
   }
@@ -432,25 +378,7 @@ void PriceListsPage::QGRID_LISTINI_DataFormatEXT(std::int32_t row, const std::st
 
 std::string PriceListsPage::describe(std::string_view field, std::int32_t type,
                                      const std::string& code) {
-  const sql::Company company = context_.companyKey();
-  std::string statement;
-  std::string_view column;
-  if (field == "GM57_NUMLIST_LI10") {
-    statement = sql::DescrizioneNumeroListino(company, code);
-    column = "MG44_DESCLIST";
-  } else if (field == "GM57_CATEGORIA" && type == tsListinoMacroarea) {
-    statement = sql::DescrizioneMacroarea(company, code);
-    column = "MG07_DESCRMACROAR";
-  } else if (field == "GM57_CATEGORIA") {
-    statement = sql::DescrizioneMacrocategoria(company, code);
-    column = "MG10_DESCRMACROCAT";
-  } else if (field == "GM57_DEPGIACENZE_MG58") {
-    statement = sql::DescrizioneDeposito(company, code);
-    column = "MG58_DESCRDEP";
-  } else {
-    statement = context_.hostServices.decodes->Customer(company.text, code);
-    column = "CG16_RAGSOANAG";
-  }
+  const auto [statement, column] = priceKeyDescription(context_, field, type, code);
   const auto known = descriptions_.find(statement);
   if (known != descriptions_.end()) return known->second;
   return descriptions_[statement] = context_.lookUpText(statement, column);

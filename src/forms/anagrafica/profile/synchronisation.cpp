@@ -32,7 +32,8 @@ std::string Synchronisation::GetPercorsoInstallazione() {
 }
 
 bool Synchronisation::SchedulaAttJob() {
-  return procedure(context_, "SchedulaAttJob", [&](Procedure& p) {
+  lastRequest_ = {.at = context_.now(), .isTaken = false};
+  lastRequest_->isTaken = procedure(context_, "SchedulaAttJob", [&](Procedure& p) {
     const Ref<ado::Command> command = p.step([&] { return context_.newCommand(); });
     p.step([&] { command->setActiveConnection(context_.connection); });
     p.step([&] { command->setCommandText("SPFW_NEWATTJOB"); });
@@ -54,6 +55,7 @@ bool Synchronisation::SchedulaAttJob() {
     p.step([&] { command->setActiveConnection(nullptr); });
     return isRequested;
   });
+  return lastRequest_->isTaken;
 }
 
 }  // namespace kebu::forms

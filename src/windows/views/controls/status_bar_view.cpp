@@ -11,9 +11,10 @@ namespace kebu::windows {
 StatusBarView::StatusBarView(ViewSite& site, controls::StatusBar& model, HWND parent)
     : View(site, model, "StatusBar"),
       model_(model),
-      window_(createStock(STATUSCLASSNAMEW,
-                          WS_VISIBLE | CCS_NORESIZE | CCS_NOPARENTALIGN | SBARS_SIZEGRIP, 0,
-                          parent)) {}
+      window_(createStock(
+          STATUSCLASSNAMEW,
+          WS_VISIBLE | CCS_NORESIZE | CCS_NOPARENTALIGN | SBARS_SIZEGRIP | WS_CLIPSIBLINGS, 0,
+          parent)) {}
 
 void StatusBarView::place(const layout::Placement& placement) {
   View::place(placement);

@@ -53,6 +53,7 @@ Place placeOf(controls::ControlKind kind) {
     case ControlKind::Label:
     case ControlKind::QueryEditor:
     case ControlKind::QueryGrid:
+    case ControlKind::Sheet:
       return Place::OnPage;
     case ControlKind::Form:
     case ControlKind::MdiContainer:
@@ -234,10 +235,9 @@ bool FormWindow::isOnCard(const controls::Control& control) const {
   return group && (group->container() || !hasSideBar_);
 }
 
-bool FormWindow::isBesidePages(const controls::Control& control) const {
-  const bool isDialogButton =
-      !hasSideBar_ && !control.container() && controls::as<controls::Button>(control);
-  return isDialogButton || placeOf(control.kind()) == Place::AmongBars;
+bool FormWindow::isBesidePages(const controls::Control& control) {
+  const bool isOuterButton = !control.container() && controls::as<controls::Button>(control);
+  return isOuterButton || placeOf(control.kind()) == Place::AmongBars;
 }
 
 HWND FormWindow::parentFor(controls::Control& control) {

@@ -74,8 +74,8 @@ class FormWindow : public Window, public ViewSite, public KeyTarget {
   /// Makes a page's window and views, unless it has them. It is done when the page is first
   /// shown, since its windows cost more than its models.
   void fillPage(const controls::GroupBox& page);
-  /// Whether it stands on the window itself: a bar, or a button of a dialog.
-  bool isBesidePages(const controls::Control& control) const;
+  /// Whether it stands on the window itself: a bar, or a button in no group.
+  static bool isBesidePages(const controls::Control& control);
   /// The page of the side bar that a control belongs to; nothing when it is none.
   const controls::GroupBox* pageOf(const controls::Control& control) const;
   void listenTo(controls::GroupBox& group);

@@ -2,6 +2,7 @@
 
 #include "common/convert.h"
 #include "controls/query_grid.h"
+#include "controls/sheet.h"
 #include "windows/support/text.h"
 #include "windows/views/controls/navigator_bar_view.h"
 #include "windows/views/controls/side_bar_view.h"
@@ -10,6 +11,19 @@
 #include "windows/views/window/user_guide.h"
 
 namespace kebu::windows {
+
+namespace {
+
+/// The key as a button has it: "F11", "Ctrl+C"; "" for one that no button can have.
+std::string buttonKeyOf(const Key& key) {
+  const bool isLetter = key.code >= 'A' && key.code <= 'Z';
+  if (key.control && !key.shift && isLetter) return "Ctrl+" + std::string(1, static_cast<char>(key.code));
+  const bool isFunctionKey = key.code >= VK_F1 && key.code <= VK_F12;
+  if (!isFunctionKey || !key.isPlain(key.code)) return "";
+  return "F" + std::to_string(key.code - VK_F1 + 1);
+}
+
+}  // namespace
 
 bool FormWindow::commit() {
   View* const view = viewOf(GetFocus());
@@ -34,7 +48,8 @@ void FormWindow::focusFirst() {
   for (View* view : inOrder_) {
     const auto* const box = controls::as<controls::EditBox>(view->control());
     const bool isField = controls::as<controls::BoundControl>(view->control()) ||
-                         controls::as<controls::QueryGrid>(view->control());
+                         controls::as<controls::QueryGrid>(view->control()) ||
+                         controls::as<controls::Sheet>(view->control());
     if (!isField || (box && !box->isEditable()) || !view->control().acceptsChanges()) continue;
     if (!IsWindowVisible(view->handle()) || !IsWindowEnabled(view->handle())) continue;
     SetFocus(view->handle());
@@ -101,8 +116,10 @@ std::function<void()> FormWindow::actionFor(const Key& key) {
   if (focused) {
     if (auto action = focused->actionFor(key)) return action;
   }
-  controls::Button* const button = form_.defaultButton();
-  if (button && (key.isPlain(VK_RETURN) || key.isPlain(VK_F10))) {
+  const bool isDefaultKey = key.isPlain(VK_RETURN) || key.isPlain(VK_F10);
+  controls::Button* const button =
+      isDefaultKey ? form_.defaultButton() : form_.buttonOfKey(buttonKeyOf(key));
+  if (button) {
     return [this, button] {
       if (commit()) guarded([&] { button->click(); });
     };

@@ -9,6 +9,7 @@
 #include "windows/views/controls/navigator_bar_view.h"
 #include "windows/views/controls/notice_list_view.h"
 #include "windows/views/controls/progress_bar_view.h"
+#include "windows/views/controls/sheet_view.h"
 #include "windows/views/controls/side_bar_view.h"
 #include "windows/views/controls/status_bar_view.h"
 #include "windows/views/controls/windowless_views.h"
@@ -51,6 +52,7 @@ std::unique_ptr<View> makeView(ViewSite& site, controls::Control& control, HWND 
                                       make<controls::QueryEditor, QueryEditorView>(site, parent),
                                       make<controls::QueryGrid, QueryGridView>(site, parent),
                                       make<controls::RecordFrame, RecordFrameView>(site, parent),
+                                      make<controls::Sheet, SheetView>(site, parent),
                                       make<controls::SideBar, SideBarView>(site, parent),
                                       make<controls::StatusBar, StatusBarView>(site, parent),
                                       make<controls::TitleBar, LabelView>(site, parent),

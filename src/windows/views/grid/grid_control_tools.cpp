@@ -187,7 +187,7 @@ void GridControl::copyRows(std::int32_t first, std::int32_t last) {
 
 void GridControl::exportRows() {
   if (!commit()) return;
-  const auto path = askForCsvFile(handle(), toWide(source_.title()));
+  const auto path = askForFile(handle(), csvFile, toWide(source_.title()));
   if (!path) return;
   attempt([&] {
     const auto file = std::make_shared<FileInTheMaking>(*path);

@@ -27,17 +27,18 @@ bool copyToClipboard(HWND owner, const std::string& text) {
   return isSet;
 }
 
-std::optional<std::wstring> askForCsvFile(HWND owner, const std::wstring& suggestedName) {
+std::optional<std::wstring> askForFile(HWND owner, const FileKind& kind,
+                                       const std::wstring& suggestedName) {
   constexpr DWORD longestPath = 32768;
   std::wstring path = suggestedName;
   path.resize(longestPath);
   OPENFILENAMEW dialog{};
   dialog.lStructSize = sizeof dialog;
   dialog.hwndOwner = GetAncestor(owner, GA_ROOT);
-  dialog.lpstrFilter = L"CSV (*.csv)\0*.csv\0";
+  dialog.lpstrFilter = kind.filter;
   dialog.lpstrFile = path.data();
   dialog.nMaxFile = longestPath;
-  dialog.lpstrDefExt = L"csv";
+  dialog.lpstrDefExt = kind.extension;
   dialog.Flags = OFN_OVERWRITEPROMPT | OFN_NOCHANGEDIR | OFN_HIDEREADONLY | OFN_PATHMUSTEXIST;
   if (!GetSaveFileNameW(&dialog)) return std::nullopt;
   return std::wstring(path.c_str());

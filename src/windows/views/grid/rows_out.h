@@ -11,9 +11,18 @@ namespace kebu::windows {
 /// Puts a text on the clipboard; false when another program holds it.
 bool copyToClipboard(HWND owner, const std::string& text);
 
-/// Asks the user where to write a CSV file; nothing when the dialog is left. An existing file is
+/// A kind of file that the user can name.
+struct FileKind {
+  const wchar_t* filter;     ///< as the system's file dialog takes it
+  const wchar_t* extension;  ///< of a name without one
+};
+inline constexpr FileKind csvFile{L"CSV (*.csv)\0*.csv\0", L"csv"};
+inline constexpr FileKind textFile{L"TXT (*.txt)\0*.txt\0", L"txt"};
+
+/// Asks the user where to write a file; nothing when the dialog is left. An existing file is
 /// overwritten only when the user agrees.
-std::optional<std::wstring> askForCsvFile(HWND owner, const std::wstring& suggestedName);
+std::optional<std::wstring> askForFile(HWND owner, const FileKind& kind,
+                                       const std::wstring& suggestedName);
 
 /// A file that appears under its name only when it is complete. Until then, and when it is not
 /// completed, a file of that name stays as it was.

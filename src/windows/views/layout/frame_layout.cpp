@@ -26,28 +26,43 @@ std::vector<const controls::Control*> shown(const controls::Form& form) {
   return found;
 }
 
+int widthOf(const controls::Button& button, const Metrics& metrics) {
+  const std::string key(controls::keyOf(button));
+  const int shown = key.empty() ? 0 : metrics.textWidth(key) + metrics.px(10);
+  return std::max(metrics.textWidth(button.caption()) + shown + metrics.px(32), metrics.px(110));
+}
+
+/// Puts buttons in front of the right end of the status bar, before its size grip.
+void placeOnStatusBar(const std::vector<const controls::Button*>& buttons, const Metrics& metrics,
+                      const Rect& bar, Placements& placements) {
+  constexpr int grip = 20;
+  const int inset = metrics.px(2);
+  int right = bar.right() - metrics.px(grip);
+  for (const auto* button : buttons) {
+    const int width = widthOf(*button, metrics);
+    right -= width;
+    placements[button].bounds = {right, bar.top + inset, width, bar.height - 2 * inset};
+    right -= metrics.px(partGap);
+  }
+}
+
 /// Puts a dialog's buttons into one line: those that end the dialog to the right, others to the
 /// left.
 void placeButtons(const std::vector<const controls::Button*>& buttons, const Metrics& metrics,
                   const Rect& line, Placements& placements) {
   const int gapBetween = metrics.px(partGap);
-  const auto widthOf = [&](const controls::Button& button) {
-    const std::string key(controls::keyOf(button));
-    const int shown = key.empty() ? 0 : metrics.textWidth(key) + metrics.px(10);
-    return std::max(metrics.textWidth(button.caption()) + shown + metrics.px(32), metrics.px(110));
-  };
   const auto endsDialog = [](const controls::Button& button) {
     return button.isDefault() || button.isCancel();
   };
   int endingWidth = -gapBetween;
   for (const auto* button : buttons) {
-    if (endsDialog(*button)) endingWidth += widthOf(*button) + gapBetween;
+    if (endsDialog(*button)) endingWidth += widthOf(*button, metrics) + gapBetween;
   }
   int left = line.left;
   int endingLeft = std::max(line.right() - endingWidth, line.left);
   for (const auto* button : buttons) {
     int& at = endsDialog(*button) ? endingLeft : left;
-    const int width = widthOf(*button);
+    const int width = widthOf(*button, metrics);
     placements[button].bounds = {at, line.top, width, line.height};
     at += width + gapBetween;
   }
@@ -55,9 +70,8 @@ void placeButtons(const std::vector<const controls::Button*>& buttons, const Met
 
 }  // namespace
 
-std::vector<const controls::Button*> dialogButtons(const controls::Form& form) {
+std::vector<const controls::Button*> outerButtons(const controls::Form& form) {
   std::vector<const controls::Button*> buttons;
-  if (!shown<controls::SideBar>(form).empty()) return buttons;
   for (const auto* button : shown<controls::Button>(form)) {
     buttons.push_back(controls::as<controls::Button>(*button));
   }
@@ -67,10 +81,13 @@ std::vector<const controls::Button*> dialogButtons(const controls::Form& form) {
 FrameLayout placeFrame(const controls::Form& form, const Metrics& metrics, const Rect& area) {
   FrameLayout frame;
   Rect rest = area;
+  std::vector<const controls::Button*> buttons = outerButtons(form);
   for (const auto* bar : shown<controls::StatusBar>(form)) {
     const int height = metrics.lineHeight + metrics.px(9);
     frame.bars[bar].bounds = {rest.left, rest.bottom() - height, rest.width, height};
+    placeOnStatusBar(buttons, metrics, frame.bars[bar].bounds, frame.bars);
     rest.height -= height;
+    buttons.clear();
   }
   for (const auto* bar : shown<controls::SideBar>(form)) {
     const int width = metrics.px(sideBarWidth);
@@ -96,7 +113,7 @@ FrameLayout placeFrame(const controls::Form& form, const Metrics& metrics, const
   for (const auto* bar : shown<controls::NavigatorBar>(form)) {
     dockToTop(bar, metrics.fieldHeight() + metrics.px(6));
   }
-  if (const auto buttons = dialogButtons(form); !buttons.empty()) {
+  if (!buttons.empty()) {
     const int height = metrics.fieldHeight() + metrics.px(6);
     placeButtons(buttons, metrics, {rest.left, rest.bottom() - height, rest.width, height},
                  frame.bars);

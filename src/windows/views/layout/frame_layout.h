@@ -7,11 +7,8 @@
 
 namespace kebu::windows::layout {
 
-/// The buttons of a dialog, a form without a side bar: those that stand in no group.
-std::vector<const controls::Button*> dialogButtons(const controls::Form& form);
-
-/// The places of the side bar, title, navigator bars and status bar of a window, and of a dialog's
-/// buttons at its foot.
+/// The places of the side bar, title, navigator bars and status bar of a window, and of the buttons
+/// that stand in no group: on the status bar, or without one at the foot of the window.
 struct FrameLayout {
   Placements bars;
   Rect page;  ///< the room that they leave

@@ -52,6 +52,7 @@ Shape shapeOf(const Control& control) {
     case ControlKind::QueryEditor:
       return Shape::Group;
     case ControlKind::QueryGrid:
+    case ControlKind::Sheet:
       return Shape::Whole;
     // None of these stands on a page.
     case ControlKind::Form:

@@ -142,6 +142,15 @@ void ParameterPage::CaricoCombo(std::span<const FixedChoiceCombo> others) {
   });
 }
 
+std::vector<std::string> ParameterPage::unknownCodes() const {
+  std::vector<std::string> captions;
+  for (const controls::EditBox* box : {&TXT_GM04_CODDOCWEB_MG36, &TXT_GM04_DEPDOCWEB_MG58,
+                                       &TXT_NUMLIST, &TXT_GM04_DEPGIACENZE_MG58}) {
+    if (box->isUnknown()) captions.push_back(box->caption());
+  }
+  return captions;
+}
+
 void ParameterPage::open(const std::string& statement) {
   FME_PARAMETRI.setDataSource(nullptr);
   if (!rows_) {

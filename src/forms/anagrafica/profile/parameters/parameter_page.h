@@ -3,6 +3,7 @@
 #include <deque>
 #include <span>
 #include <string>
+#include <vector>
 
 #include "controls/check_box.h"
 #include "controls/combo_box.h"
@@ -58,6 +59,8 @@ class ParameterPage : public Page {
   void ShowChild();
   void ClearChild();
   void FME_PARAMETRI_ChangeStatus();
+  /// The captions of the boxes that show a code which was not found.
+  std::vector<std::string> unknownCodes() const;
   /// Stores the number of customer notes by itself, apart from the profile's save.
   void storeCustomerNotes(Procedure& p);
 
