@@ -41,6 +41,7 @@ constexpr Room plugIn[] = {
     {"src/forms/anagrafica/discounts"},
     {"src/forms/anagrafica/preview"},
     {"src/forms/anagrafica/profile"},
+    {"src/forms/anagrafica/summary"},
     {"src/forms/anagrafica/frame"},
     {"src/plugin"},
     {"src/windows/types", Foreign::Windows},

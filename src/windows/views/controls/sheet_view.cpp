@@ -4,7 +4,7 @@
 
 #include "windows/support/text.h"
 #include "windows/views/drawing/painting.h"
-#include "windows/views/grid/rows_out.h"
+#include "windows/views/window/text_out.h"
 
 namespace kebu::windows {
 

@@ -17,7 +17,9 @@ namespace {
 /// The key as a button has it: "F11", "Ctrl+C"; "" for one that no button can have.
 std::string buttonKeyOf(const Key& key) {
   const bool isLetter = key.code >= 'A' && key.code <= 'Z';
-  if (key.control && !key.shift && isLetter) return "Ctrl+" + std::string(1, static_cast<char>(key.code));
+  if (key.control && !key.shift && isLetter) {
+    return "Ctrl+" + std::string(1, static_cast<char>(key.code));
+  }
   const bool isFunctionKey = key.code >= VK_F1 && key.code <= VK_F12;
   if (!isFunctionKey || !key.isPlain(key.code)) return "";
   return "F" + std::to_string(key.code - VK_F1 + 1);

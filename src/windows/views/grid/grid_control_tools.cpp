@@ -5,9 +5,9 @@
 #include "windows/support/text.h"
 #include "windows/views/grid/column_ruler.h"
 #include "windows/views/grid/grid_control.h"
-#include "windows/views/grid/rows_out.h"
 #include "windows/views/window/context_menu.h"
 #include "windows/views/window/guard.h"
+#include "windows/views/window/text_out.h"
 
 namespace kebu::windows {
 

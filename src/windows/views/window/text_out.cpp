@@ -1,4 +1,4 @@
-#include "windows/views/grid/rows_out.h"
+#include "windows/views/window/text_out.h"
 
 #include <commdlg.h>
 
