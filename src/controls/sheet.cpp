@@ -49,7 +49,7 @@ std::string readingOf(const SheetLine& line) {
   return text;
 }
 
-void Sheet::setLines(std::vector<SheetLine> lines) {
+void Sheet::setLines(const std::vector<SheetLine>& lines) {
   setShown(lines_, lines);
 }
 

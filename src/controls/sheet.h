@@ -48,7 +48,7 @@ class Sheet : public OfKind<ControlKind::Sheet> {
 
   const std::vector<SheetLine>& lines() const { return lines_; }
   /// In the user's language.
-  void setLines(std::vector<SheetLine> lines);
+  void setLines(const std::vector<SheetLine>& lines);
 
   /// The caption and the lines in columns, with bars made of signs. Lines end with CR and LF.
   std::string text() const;

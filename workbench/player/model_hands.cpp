@@ -119,16 +119,16 @@ void ModelHands::findNext(const std::string& grid, bool backwards) {
   tools.finish();
 }
 
-std::string ModelHands::copySheet(const std::string& name, bool asFile) {
-  auto& sheet = require<Sheet>(name, "a sheet");
+std::string ModelHands::copySheet(const std::string& sheet, bool asFile) {
+  auto& copied = require<Sheet>(sheet, "a sheet");
   std::string text;
   const auto take = [&](const std::string& taken) { text = taken; };
   const Subscription taking =
-      asFile ? sheet.SaveWanted.connect(take) : sheet.CopyWanted.connect(take);
+      asFile ? copied.SaveWanted.connect(take) : copied.CopyWanted.connect(take);
   if (asFile) {
-    sheet.save();
+    copied.save();
   } else {
-    sheet.copy();
+    copied.copy();
   }
   return text;
 }
