@@ -161,7 +161,12 @@ void SummaryReader::readPublished(Summary::Published& published, const FilterEdi
 
 void SummaryReader::readExclusions(Summary::Published& published, const FilterEditor& filter,
                                    const std::string& view, Procedure& p) {
-  const std::vector<FilterClause> clauses = p.step([&] { return filter.clauses(); });
+  const auto stated = p.step([&] { return std::optional(filter.clauses()); });
+  if (!stated) {
+    published.isStated.reset();
+    return;
+  }
+  const std::vector<FilterClause>& clauses = *stated;
   std::vector<Summary::Exclusion>& exclusions = published.exclusions;
   for (const FilterClause& clause : clauses) exclusions.push_back({clause.words, {}});
   for (std::size_t i = 0; i < clauses.size(); ++i) {
