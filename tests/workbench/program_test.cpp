@@ -59,6 +59,7 @@ TEST_F(ProgramTest, TellsOfACommandLineThatMakesNoSense) {
   expectComplaint("", "a command is wanted: new, play, sql, --version or --help");
   expectComplaint("dance", "unknown command dance, see workbench --help");
   expectComplaint("new", "use: workbench new DATABASE");
+  expectComplaint("new ''", "use: workbench new DATABASE");
   expectComplaint("play", "use: workbench play SCENARIO [options]");
   expectComplaint("play a b", "use: workbench play SCENARIO [options]");
   expectComplaint("play a --firm 2", "unknown option --firm");
@@ -81,6 +82,8 @@ TEST_F(ProgramTest, TellsOfFilesThatCannotBeUsed) {
                   folder_.string() + " is not a database file");
   expectComplaint("new " + text, text + " exists already");
   expectComplaint("new " + none + "/x.db", "there is no folder " + none);
+  expectComplaint("new :memory:",
+                  ":memory: cannot be made: :memory:: cannot be the name of a file");
   expectComplaint("play " + good + " --statements " + none + "/x", none + "/x cannot be written");
   expectComplaint("play " + good + " --translations " + none, none + " cannot be read");
   const std::string wrong = write("wrong.tsv", "Conferma\tConfirm\nAnnulla\n");
@@ -95,6 +98,21 @@ TEST_F(ProgramTest, TellsOfFilesThatCannotBeUsed) {
     EXPECT_EQ(result.err.find("workbench: " + text + " cannot be opened: "), 0U) << result.err;
   }
   EXPECT_EQ(read(text).size(), 54U) << "a file that is no database is left as it is";
+}
+
+TEST_F(ProgramTest, TellsOfOutputThatCannotBeWritten) {
+  if (!fs::exists("/dev/full")) GTEST_SKIP() << "the system has no /dev/full";
+  const std::string scenario = write("x.scenario", "open\nprint GRPMAIN_PAR\nclose\n");
+  for (const std::string& command :
+       {std::string("--help"), std::string("--version"), std::string("sql -e 'select 1 as A'"),
+        "play " + scenario, "play " + scenario + " --statements /dev/full"}) {
+    const std::string toFull = command.ends_with("full") ? path("out") : "/dev/full";
+    const std::string whole =
+        std::string(WORKBENCH_PROGRAM) + " " + command + " >" + toFull + " 2>" + path("err");
+    const int status = std::system(whole.c_str());
+    EXPECT_EQ(WEXITSTATUS(status), 1) << command;
+    EXPECT_NE(read(path("err")).find("cannot be written"), std::string::npos) << command;
+  }
 }
 
 TEST_F(ProgramTest, ADatabaseFileKeepsWhatWasDone) {
@@ -148,6 +166,7 @@ TEST_F(ProgramTest, AScenarioThatCannotGoOnNamesItsLine) {
   const std::pair<const char*, const char*> cases[] = {
       {"open\njump\n", ":2: unknown step \"jump\"\n"},
       {"open\n\npage\n", ":3: wrong number of arguments, use: page N\n"},
+      {"set WindowState wide\nopen\n", ":1: error 13: Type mismatch\n"},
       {"open\ntype TXT_NONE x\n", ":2: FRMKB_ANAGRAFICA has no control TXT_NONE\n"},
       {"print TXT_NUMLIST\n", ":1: no window is open\n"},
       {"open\npage 99\n", ":2: SBAR_MAIN has no link to view 99\n"},

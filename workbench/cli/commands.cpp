@@ -83,7 +83,9 @@ Manners mannersOf(const CommandLine& line) {
 
 int newCommand(const std::vector<std::string>& words) {
   const CommandLine line(words, {});
-  if (line.operands().size() != 1) throw CommandError("use: workbench new DATABASE");
+  if (line.operands().size() != 1 || line.operands().front().empty()) {
+    throw CommandError("use: workbench new DATABASE");
+  }
   createCompanyFile(line.operands().front());
   return 0;
 }

@@ -54,7 +54,9 @@ int run(const std::vector<std::string>& words) {
 
 int main(int argc, char** argv) {
   try {
-    return run(programWords(argc, argv));
+    const int exitCode = run(programWords(argc, argv));
+    if (!std::cout.flush()) throw CommandError("the output cannot be written");
+    return exitCode;
   } catch (const std::exception& error) {
     std::cout.flush();
     std::cerr << "workbench: " << error.what() << '\n';

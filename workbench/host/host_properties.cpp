@@ -29,6 +29,12 @@ template <auto Set>
 void setValue(Cinterface& plugin, const std::string& value) {
   (plugin.*Set)(Value(value));
 }
+void checkFlag(const std::string& value) {
+  toFlag(value);
+}
+void checkNumber(const std::string& value) {
+  toInt32(Value(value));
+}
 template <auto Get>
 std::string getFlag(Cinterface& plugin) {
   return (plugin.*Get)() ? "true" : "false";
@@ -52,37 +58,46 @@ std::string getActiveFrame(Cinterface& plugin) {
 }
 
 constexpr std::array properties{
-    HostProperty{"ClsGlobal", nullptr, getObject<&Cinterface::ClsGlobal>},
-    HostProperty{"ActiveFrame", nullptr, getActiveFrame},
-    HostProperty{"ActiveNavigator", nullptr, getObject<&Cinterface::ActiveNavigator>},
-    HostProperty{"ActiveDll", nullptr, getObject<&Cinterface::ActiveDll>},
-    HostProperty{"StatusBar", nullptr, getObject<&Cinterface::StatusBar>},
-    HostProperty{"CanInsert", setFlag<&Cinterface::setCanInsert>, getFlag<&Cinterface::CanInsert>},
-    HostProperty{"CanDelete", setFlag<&Cinterface::setCanDelete>, getFlag<&Cinterface::CanDelete>},
-    HostProperty{"CanUpdate", setFlag<&Cinterface::setCanUpdate>, getFlag<&Cinterface::CanUpdate>},
-    HostProperty{"CanQbe", setFlag<&Cinterface::setCanQbe>, getFlag<&Cinterface::CanQbe>},
-    HostProperty{"WindowState", setNumber<&Cinterface::setWindowState>,
+    HostProperty{"ClsGlobal", nullptr, nullptr, getObject<&Cinterface::ClsGlobal>},
+    HostProperty{"ActiveFrame", nullptr, nullptr, getActiveFrame},
+    HostProperty{"ActiveNavigator", nullptr, nullptr, getObject<&Cinterface::ActiveNavigator>},
+    HostProperty{"ActiveDll", nullptr, nullptr, getObject<&Cinterface::ActiveDll>},
+    HostProperty{"StatusBar", nullptr, nullptr, getObject<&Cinterface::StatusBar>},
+    HostProperty{"CanInsert", setFlag<&Cinterface::setCanInsert>, checkFlag,
+                 getFlag<&Cinterface::CanInsert>},
+    HostProperty{"CanDelete", setFlag<&Cinterface::setCanDelete>, checkFlag,
+                 getFlag<&Cinterface::CanDelete>},
+    HostProperty{"CanUpdate", setFlag<&Cinterface::setCanUpdate>, checkFlag,
+                 getFlag<&Cinterface::CanUpdate>},
+    HostProperty{"CanQbe", setFlag<&Cinterface::setCanQbe>, checkFlag,
+                 getFlag<&Cinterface::CanQbe>},
+    HostProperty{"WindowState", setNumber<&Cinterface::setWindowState>, checkNumber,
                  getNumber<&Cinterface::WindowState>},
-    HostProperty{"WindowModal", setFlag<&Cinterface::setWindowModal>,
+    HostProperty{"WindowModal", setFlag<&Cinterface::setWindowModal>, checkFlag,
                  getFlag<&Cinterface::WindowModal>},
-    HostProperty{"ProgramMode", setNumber<&Cinterface::setProgramMode>,
+    HostProperty{"ProgramMode", setNumber<&Cinterface::setProgramMode>, checkNumber,
                  getNumber<&Cinterface::ProgramMode>},
-    HostProperty{"MenuModulo", setValue<&Cinterface::setMenuModulo>,
+    HostProperty{"MenuModulo", setValue<&Cinterface::setMenuModulo>, nullptr,
                  getValue<&Cinterface::MenuModulo>},
-    HostProperty{"MenuPadre", setValue<&Cinterface::setMenuPadre>,
+    HostProperty{"MenuPadre", setValue<&Cinterface::setMenuPadre>, nullptr,
                  getValue<&Cinterface::MenuPadre>},
-    HostProperty{"MenuProg", setValue<&Cinterface::setMenuProg>, getValue<&Cinterface::MenuProg>},
-    HostProperty{"Caption", setValue<&Cinterface::setCaption>, getValue<&Cinterface::Caption>},
-    HostProperty{"hwndParent", setNumber<&Cinterface::setHwndParent>,
+    HostProperty{"MenuProg", setValue<&Cinterface::setMenuProg>, nullptr,
+                 getValue<&Cinterface::MenuProg>},
+    HostProperty{"Caption", setValue<&Cinterface::setCaption>, nullptr,
+                 getValue<&Cinterface::Caption>},
+    HostProperty{"hwndParent", setNumber<&Cinterface::setHwndParent>, checkNumber,
                  getNumber<&Cinterface::hwndParent>},
-    HostProperty{"Connection", nullptr, getObject<&Cinterface::Connection>},
-    HostProperty{"Cwindow", nullptr, getObject<&Cinterface::Cwindow>},
-    HostProperty{"Top", setValue<&Cinterface::setTop>, getValue<&Cinterface::Top>},
-    HostProperty{"Left", setValue<&Cinterface::setLeft>, getValue<&Cinterface::Left>},
-    HostProperty{"ClsVoceMenu", nullptr, getObject<&Cinterface::ClsVoceMenu>},
-    HostProperty{"IsActive", setFlag<&Cinterface::setIsActive>, getFlag<&Cinterface::IsActive>},
-    HostProperty{"IsCalled", setFlag<&Cinterface::setIsCalled>, getFlag<&Cinterface::IsCalled>},
-    HostProperty{"Filtro", setValue<&Cinterface::setFiltro>, getValue<&Cinterface::Filtro>},
+    HostProperty{"Connection", nullptr, nullptr, getObject<&Cinterface::Connection>},
+    HostProperty{"Cwindow", nullptr, nullptr, getObject<&Cinterface::Cwindow>},
+    HostProperty{"Top", setValue<&Cinterface::setTop>, nullptr, getValue<&Cinterface::Top>},
+    HostProperty{"Left", setValue<&Cinterface::setLeft>, nullptr, getValue<&Cinterface::Left>},
+    HostProperty{"ClsVoceMenu", nullptr, nullptr, getObject<&Cinterface::ClsVoceMenu>},
+    HostProperty{"IsActive", setFlag<&Cinterface::setIsActive>, checkFlag,
+                 getFlag<&Cinterface::IsActive>},
+    HostProperty{"IsCalled", setFlag<&Cinterface::setIsCalled>, checkFlag,
+                 getFlag<&Cinterface::IsCalled>},
+    HostProperty{"Filtro", setValue<&Cinterface::setFiltro>, nullptr,
+                 getValue<&Cinterface::Filtro>},
 };
 
 }  // namespace

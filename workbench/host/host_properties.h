@@ -13,6 +13,8 @@ struct HostProperty {
   std::string_view name;
   /// Null for a property whose value is an object.
   void (*set)(host::Cinterface& plugin, const std::string& value);
+  /// RuntimeError when the property does not take the value; null where it takes every text.
+  void (*check)(const std::string& value);
   std::string (*get)(host::Cinterface& plugin);
 };
 

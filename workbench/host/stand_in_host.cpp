@@ -36,6 +36,7 @@ StandInHost::~StandInHost() {
 }
 
 void StandInHost::set(const HostProperty& property, const std::string& value) {
+  if (property.check) property.check(value);
   properties_[&property] = value;
   if (plugin()) property.set(*plugin(), value);
 }

@@ -33,7 +33,8 @@ class StandInHost {
   void use(std::int32_t window) { window_ = window; }
   std::int32_t window() const { return window_; }
 
-  /// Sets the property of the current plug-in and of those that open() creates later.
+  /// Sets the property of the current plug-in and of those that open() creates later. RuntimeError
+  /// when the property does not take the value.
   void set(const HostProperty& property, const std::string& value);
   bool isOpen() const { return static_cast<bool>(plugin()); }
   /// Null while the window is not open.

@@ -103,10 +103,18 @@ BoundQuery QueryBinder::select(const ast::Select& node, const ast::Query& whole,
   if (isAggregated() && !findings.ungrouped.empty()) throw ungrouped(findings, 8120, "select list");
   std::string order;
   if (!whole.orderBy.empty()) {
-    findings.ungrouped.clear();
+    const bool wasAggregated = isAggregated();
+    const std::vector<std::string> listed = std::exchange(findings.ungrouped, {});
     order = orderBy(whole, result.columns, bounds, node.distinct, scope);
     if (isAggregated() && !findings.ungrouped.empty()) {
       throw ungrouped(findings, 8127, "ORDER BY clause");
+    }
+    if (isAggregated() && !wasAggregated) {
+      // The aggregate that makes all rows one group stands in the order alone, which SQLite refuses.
+      findings.ungrouped = listed;
+      if (!listed.empty()) throw ungrouped(findings, 8120, "select list");
+      tail = " FROM (SELECT count(*)" + tail + ")";
+      order.clear();
     }
   }
   const bool aggregated = isAggregated();

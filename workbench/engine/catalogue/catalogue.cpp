@@ -23,18 +23,23 @@ auto lookUp(const Map& map, const std::string& key) -> typename Map::mapped_type
   return found == map.end() ? nullptr : found->second;
 }
 
+/// Whether a name names the database in the place of its database: without one it does.
+bool isIn(std::string_view database, const ast::ObjectName& name) {
+  const auto& parts = name.parts;
+  if (parts.size() > 3) return false;
+  return parts.size() < 3 || parts[0].empty() || equalsIgnoringCase(parts[0], database);
+}
+
 /// Whether a name, as far as it names schema and database, is one of this database. Temporary
 /// tables may be named with tempdb or without.
 bool isHere(const ast::ObjectName& name) {
   const auto& parts = name.parts;
-  const auto isPart = [&](std::size_t fromEnd, std::string_view expected) {
-    const std::string& part = parts[parts.size() - fromEnd];
-    return part.empty() || equalsIgnoringCase(part, expected);
-  };
-  if (parts.size() > 3) return false;
-  if (parts.size() > 1 && !isPart(2, "dbo")) return false;
-  if (parts.size() < 3 || isPart(3, Catalogue::databaseName)) return true;
-  return name.last().starts_with('#') && isPart(3, "tempdb");
+  if (parts.size() > 1) {
+    const std::string& schema = parts[parts.size() - 2];
+    if (!schema.empty() && !equalsIgnoringCase(schema, "dbo")) return false;
+  }
+  return isIn(Catalogue::databaseName, name) ||
+         (name.last().starts_with('#') && isIn("tempdb", name));
 }
 
 std::string storageClass(const SqlType& type) {
@@ -223,6 +228,7 @@ ModulePtr Catalogue::module(const ast::ObjectName& name) const {
 const SystemView* Catalogue::systemView(const ast::ObjectName& name) const {
   const auto& parts = name.parts;
   if (parts.size() < 2 || !equalsIgnoringCase(parts[parts.size() - 2], "sys")) return nullptr;
+  if (!isIn(databaseName, name)) return nullptr;
   const auto& views = systemViews();
   const auto found = std::find_if(views.begin(), views.end(), [&](const SystemView& view) {
     return equalsIgnoringCase(view.name, name.last());

@@ -97,6 +97,8 @@ constexpr std::array translations{
                 "Could not allocate a new page for the database: the disk is full."},
     Translation{"database disk image is malformed", 824,
                 "The database file is damaged: SQLite cannot read a page of it."},
+    Translation{"malformed database schema", 824,
+                "The database file is damaged: SQLite cannot read its schema."},
     Translation{"file is not a database", 824, "The database file is damaged: it is no database."},
     Translation{"disk I/O error", 823, "The operating system reported an error of the disk."},
 };
@@ -145,8 +147,9 @@ std::shared_ptr<Database> Database::openFile(const std::string& path) {
     throw fileError(path, isOther ? "is not a database" : sqlite3_errmsg(handle.get()));
   }
   if (id != applicationId) throw fileError(path, "is not a database of the workbench");
-  std::shared_ptr<Database> database(new Database(std::move(handle)));
+  std::shared_ptr<Database> database;
   try {
+    database.reset(new Database(std::move(handle)));
     database->load();
   } catch (const RuntimeError& error) {
     throw fileError(path, error.description());
@@ -159,6 +162,8 @@ std::shared_ptr<Database> Database::createFile(const std::string& path) {
   std::shared_ptr<Database> database(
       new Database(open(path, SQLITE_OPEN_READWRITE | SQLITE_OPEN_CREATE)));
   database->setUp();
+  // SQLite takes some names, such as "" and ":memory:", for databases without a file.
+  if (!std::filesystem::exists(path)) throw fileError(path, "cannot be the name of a file");
   return database;
 }
 
