@@ -1,10 +1,12 @@
 #pragma once
 
+#include <algorithm>
 #include <cstdint>
 #include <functional>
 #include <string>
 #include <vector>
 
+#include "common/error.h"
 #include "common/ref.h"
 #include "common/value.h"
 
@@ -57,5 +59,20 @@ class Connection : public ErrorSource {
   /// as at first: nothing is called.
   virtual void whileExecuting(std::function<void()> meanwhile) = 0;
 };
+
+/// Whether the error, with which the last call failed, tells that there is no connection: it was
+/// never opened, or the provider has lost it and says so by a state of class 08. `connection` may
+/// be null.
+inline bool tellsOfNoConnection(const RuntimeError& error, const Connection* connection) {
+  constexpr std::int32_t invalidConnection = 3709;
+  constexpr std::int32_t objectIsClosed = 3704;
+  if (error.number() == invalidConnection) return true;
+  if (connection == nullptr) return false;
+  if (error.number() == objectIsClosed) return !connection->isOpen();
+  const Errors errors = connection->errors();
+  return std::ranges::any_of(errors, [&](const Error& entry) {
+    return entry.number == error.number() && entry.sqlState.starts_with("08");
+  });
+}
 
 }  // namespace kebu::ado

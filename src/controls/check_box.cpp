@@ -2,6 +2,7 @@
 
 #include "common/convert.h"
 #include "common/nulls.h"
+#include "controls/control_host.h"
 
 namespace kebu::controls {
 
@@ -17,6 +18,7 @@ void CheckBox::show(const Value& stored) {
 }
 
 void CheckBox::tick(bool on) {
+  const Gesture gesture(gestureHost());
   requireChangesAccepted();
   if (on == ticked_ || !writeToRecord(static_cast<std::int16_t>(on ? 1 : 0))) return;
   setTicked(on);

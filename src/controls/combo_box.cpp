@@ -3,6 +3,7 @@
 #include <utility>
 
 #include "common/convert.h"
+#include "controls/control_host.h"
 
 namespace kebu::controls {
 
@@ -42,6 +43,7 @@ void ComboBox::setText(const std::string& code) {
 }
 
 void ComboBox::choose(const std::string& code) {
+  const Gesture gesture(gestureHost());
   requireChangesAccepted();
   const auto row = rowOf(code);
   if (!row) throw GestureRefused(Name() + " has no entry \"" + code + "\"");

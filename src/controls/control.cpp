@@ -9,6 +9,10 @@ void Control::translate(const Translator& translator) {
   if (!caption_.empty()) setCaption(translator(caption_));
 }
 
+ControlHost* Control::gestureHost() const {
+  return gestureHost_ || !container_ ? gestureHost_ : container_->gestureHost();
+}
+
 void Control::requireReachable() const {
   if (!isShown()) throw GestureRefused(name_ + " is not visible");
   if (!isReachable()) throw GestureRefused(name_ + " is disabled");

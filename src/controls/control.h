@@ -13,6 +13,8 @@
 
 namespace kebu::controls {
 
+class ControlHost;
+
 /// A gesture that a person could not have made: on a control that is disabled
 /// or out of sight, or on something that is not there.
 class GestureRefused : public std::runtime_error {
@@ -73,6 +75,9 @@ class Control : public host::NamedObject {
   /// or disabled, so is the control.
   Control* container() const { return container_; }
   void setContainer(Control& container) { container_ = &container; }
+  /// Where gestures on the control and on what it contains are carried out; null for nowhere.
+  ControlHost* gestureHost() const;
+  void setGestureHost(ControlHost& host) { gestureHost_ = &host; }
   /// Whether a person can use it: isShown() and looksEnabled().
   bool isReachable() const { return isShown() && looksEnabled(); }
   /// Whether it and all its containers are visible.
@@ -110,6 +115,7 @@ class Control : public host::NamedObject {
   bool locked_ = false;
   Size size_;
   Control* container_ = nullptr;
+  ControlHost* gestureHost_ = nullptr;
 };
 
 /// The base of a class of controls that is a kind of its own.

@@ -1,6 +1,7 @@
 #include "controls/edit_box.h"
 
 #include "common/convert.h"
+#include "controls/control_host.h"
 #include "controls/simple_controls.h"
 
 namespace kebu::controls {
@@ -28,6 +29,7 @@ void EditBox::requireEditable() const {
 }
 
 void EditBox::type(const std::string& text) {
+  const Gesture gesture(gestureHost());
   requireEditable();
   if (maxLength_ && characterCount(text) > maxLength_) {
     throw GestureRefused(Name() + " takes " + std::to_string(maxLength_) +
@@ -56,6 +58,7 @@ void EditBox::enter(const Value& code) {
 }
 
 void EditBox::lookup() {
+  const Gesture gesture(gestureHost());
   requireEditable();
   if (!hasLookup()) throw GestureRefused(Name() + " has no look-up");
   StartLookup.raise(*this);

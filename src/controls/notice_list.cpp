@@ -2,6 +2,8 @@
 
 #include <algorithm>
 
+#include "controls/control_host.h"
+
 namespace kebu::controls {
 
 NoticeList::NoticeList(std::string name) : OfKind(std::move(name)) {
@@ -40,6 +42,7 @@ void NoticeList::listChanged() {
 }
 
 void NoticeList::press(std::size_t index) {
+  const Gesture gesture(gestureHost());
   requireReachable();
   if (index >= notices_.size() || notices_[index].action.empty()) {
     throw GestureRefused(Name() + " has no such button");

@@ -89,6 +89,7 @@ QueryEditor::QueryEditor(std::string name, ControlHost& host, const QueryCompose
       answer_(Name() + ".ESITO"),
       warning_(Name() + ".AVVISO"),
       condition_(Name() + ".PAROLE") {
+  setGestureHost(host);
   text_.setEditable(false);
   text_.setLines(3);
   warning_.setWarning(true);

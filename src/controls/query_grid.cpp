@@ -293,6 +293,7 @@ void QueryGrid::commit(const std::string& field, const Value& value) {
 }
 
 void QueryGrid::edit(std::int32_t row, const std::string& field, const Value& value) {
+  const Gesture gesture(&host_);
   requireChangesAccepted();
   const Column& column = requireCell(row, field);
   const bool fixed =
@@ -312,6 +313,7 @@ void QueryGrid::edit(std::int32_t row, const std::string& field, const Value& va
 }
 
 void QueryGrid::tickCell(std::int32_t row, const std::string& field) {
+  const Gesture gesture(&host_);
   requireChangesAccepted();
   if (requireCell(row, field).kind != ColumnKind::Check) {
     throw GestureRefused(field + " of " + Name() + " is not a check column");
@@ -326,6 +328,7 @@ void QueryGrid::tickCell(std::int32_t row, const std::string& field) {
 }
 
 void QueryGrid::tickAll(const std::string& field, bool on) {
+  const Gesture gesture(&host_);
   requireChangesAccepted();
   if (rowCount() == 0) return;
   if (requireCell(std::max(currentRow(), 1), field).kind != ColumnKind::Check) {
@@ -347,6 +350,7 @@ void QueryGrid::tickAll(const std::string& field, bool on) {
 }
 
 void QueryGrid::lookup(std::int32_t row, const std::string& field) {
+  const Gesture gesture(&host_);
   requireChangesAccepted();
   if (requireCell(row, field).kind != ColumnKind::Lookup) {
     throw GestureRefused(field + " of " + Name() + " has no look-up");

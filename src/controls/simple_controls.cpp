@@ -2,6 +2,8 @@
 
 #include <algorithm>
 
+#include "controls/control_host.h"
+
 namespace kebu::controls {
 
 void Label::translate(const Translator& translator) {
@@ -29,6 +31,7 @@ Control* GroupBox::find(std::string_view name) {
 }
 
 void Button::click() {
+  const Gesture gesture(gestureHost());
   requireChangesAccepted();
   ButtonClick.raise();
 }

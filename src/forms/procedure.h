@@ -137,6 +137,7 @@ class TitledReporter : public ErrorReporter {
 template <class Body>
 auto procedure(PageContext& context, const ProcedureName& called, Body&& body)
     -> std::invoke_result_t<Body&, Procedure&> {
+  const controls::Gesture gesture(&context.services);
   TitledReporter reporter(context.services, called.errorTitle);
   return trap(reporter, called.name, [&](Steps& steps) {
     Procedure p(context, steps);

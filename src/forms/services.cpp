@@ -1,5 +1,7 @@
 #include "forms/services.h"
 
+#include <utility>
+
 #include "ado/recordset.h"
 #include "common/convert.h"
 #include "common/swallowed_errors.h"
@@ -58,11 +60,47 @@ std::int16_t Services::VisualizzaErrore(const std::string& procedure, const Runt
     platform_.messageBox("Classe Log non settata", msgbox::okOnly, form_.caption());
     return static_cast<std::int16_t>(ErrorAnswer::Abort);
   }
+  // A recordset that is missing because an error was ignored is a consequence of the loss.
+  const bool isMissing = error.number() == RuntimeError::objectNotSet().number();
+  const bool isLoss = tellsOfLoss(error);
+  if (answerToLoss_ && (isLoss || isMissing)) return *answerToLoss_;
   held_.log->SetError(error.number(), error.description(), error.source());
   if (held_.connection) held_.log->SetConnectionErrors(*held_.connection);
   constexpr std::int32_t style =
       msgbox::abortRetryIgnore | msgbox::critical | msgbox::defaultButton2 | msgbox::systemModal;
-  return held_.log->ShowError(title, form_.caption(), procedure, style);
+  const std::int16_t answer = held_.log->ShowError(title, form_.caption(), procedure, style);
+  const bool isRetry = answer == static_cast<std::int16_t>(ErrorAnswer::Retry);
+  if (isLoss && !isRetry && gestures_ > 0) answerToLoss_ = answer;
+  if (isLoss) ConnectionLost.raise();
+  return answer;
+}
+
+void Services::setConnection(const Ref<ado::Connection>& connection) {
+  held_.connection = connection;
+  connectionLost_ = false;
+}
+
+bool Services::tellsOfLoss(const RuntimeError& error) {
+  bool isLoss = false;
+  ignoringErrors(platform_, "ConnectionLost",
+                 [&] { isLoss = ado::tellsOfNoConnection(error, held_.connection.get()); });
+  if (isLoss) connectionLost_ = true;
+  return isLoss;
+}
+
+void Services::endGesture() {
+  if (--gestures_ == 0) answerToLoss_.reset();
+}
+
+void Services::letUserWork(const std::function<void()>& work) {
+  struct OuterGestures {
+    int& current;
+    int count = std::exchange(current, 0);
+    ~OuterGestures() { current = count; }
+  };
+  const OuterGestures outer{gestures_};
+  answerToLoss_.reset();
+  work();
 }
 
 std::int16_t Services::VisualizzaErrore(const std::string& procedure) {
@@ -86,6 +124,7 @@ std::int32_t Services::message(const std::string& text, std::int32_t style) {
 
 void Services::work(const std::function<void()>& command) {
   const controls::Work working(form_.desktop());
+  const controls::Gesture gesture(this);
   command();
 }
 

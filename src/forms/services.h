@@ -6,6 +6,7 @@
 #include <type_traits>
 
 #include "ado/connection.h"
+#include "common/event.h"
 #include "common/platform.h"
 #include "controls/control_host.h"
 #include "controls/form.h"
@@ -26,7 +27,7 @@ class Services : public controls::ControlHost {
   void setHost(const Ref<host::Cinterface>& value) { held_.host = value; }
   const Ref<host::Cinterface>& host() const { return held_.host; }
   void setLog(const Ref<host::LogService>& log) { held_.log = log; }
-  void setConnection(const Ref<ado::Connection>& connection) { held_.connection = connection; }
+  void setConnection(const Ref<ado::Connection>& connection);
   /// Releases all of these.
   void release() { held_ = {}; }
 
@@ -45,6 +46,16 @@ class Services : public controls::ControlHost {
                                 const std::string& title);
   /// The same for a procedure of the host's, whose error is not known here. Raises no error.
   std::int16_t VisualizzaErrore(const std::string& procedure);
+  /// A lost connection is told once in a gesture: what fails for the same reason behind it is
+  /// answered like the first box, unless that was Retry.
+  void beginGesture() override { ++gestures_; }
+  void endGesture() override;
+  /// Whether an error told that the connection is lost, or could not be opened.
+  bool isConnectionLost() const { return connectionLost_; }
+  /// Lets the user work in another window, where gestures begin anew.
+  void letUserWork(const std::function<void()>& work);
+  /// The connection was found lost.
+  Event<> ConnectionLost;
   /// A message of the host's store, titled with the window's caption.
   std::int32_t showMessage(std::int32_t id, std::int32_t style);
   /// A text that is translated already, titled with the window's caption.
@@ -63,6 +74,7 @@ class Services : public controls::ControlHost {
 
  private:
   Ref<host::MessageService> messages() const;
+  bool tellsOfLoss(const RuntimeError& error);
   /// What the host's message service answers; nothing where it is absent or fails.
   template <class Question>
   auto askHost(const char* place, Question&& question) const
@@ -76,6 +88,10 @@ class Services : public controls::ControlHost {
     Ref<host::Cinterface> host = {};
   };
   HostObjects held_;
+  int gestures_ = 0;  ///< that are being carried out, one within the other
+  /// The answer to the box that told of the lost connection in the current gesture.
+  std::optional<std::int16_t> answerToLoss_;
+  bool connectionLost_ = false;
 };
 
 }  // namespace kebu::forms

@@ -5,7 +5,6 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
-#include <cstdlib>
 #include <filesystem>
 #include <fstream>
 #include <iterator>
@@ -13,6 +12,7 @@
 #include <sstream>
 
 #include "tests/faults/faulty_run.h"
+#include "tests/support/environment.h"
 #include "tests/support/random.h"
 #include "workbench/company/company.h"
 
@@ -125,7 +125,7 @@ void expectWorkingWindow(FaultyRun& run) {
 void FaultWalk::walk(std::size_t position, msgbox::Answer answer) {
   SCOPED_TRACE(answerName(answer) + " at statement " + std::to_string(position) + ": " +
                statements_[position - 1]);
-  FaultyRun run(demo(), company_, {{position, answer}});
+  FaultyRun run(demo().clone(), company_, {{position, answer}});
   const bool played = run.play(scenario_);
   expectOneBox(run);
   expectSameUntil(position, statements_, run.statements());
@@ -136,18 +136,18 @@ void FaultWalk::walk(std::size_t position, msgbox::Answer answer) {
     EXPECT_TRUE(played) << run.complaints();
     EXPECT_EQ(run.errors().size(), 1);
     EXPECT_EQ(run.statements(), repeated);
-    EXPECT_EQ(run.rows(), rows_);
+    EXPECT_EQ(writtenRows(run.session()), rows_);
   }
   expectWorkingWindow(run);
   expectNothingEscaped(run);
 }
 
 void FaultWalk::playUsually() {
-  FaultyRun usual(demo(), company_, {});
+  FaultyRun usual(demo().clone(), company_, {});
   ASSERT_TRUE(usual.play(scenario_)) << usual.complaints();
   ASSERT_EQ(usual.errors(), Lines());
   statements_ = usual.statements();
-  rows_ = usual.rows();
+  rows_ = writtenRows(usual.session());
   ASSERT_FALSE(statements_.empty());
 }
 
@@ -168,11 +168,6 @@ TEST_P(FaultWalk, EveryStatementCanFail) {
     if (!walked.insert(statements_[position - 1]).second) continue;
     for (const auto answer : {msgbox::abort, msgbox::retry, msgbox::ignore}) walk(position, answer);
   }
-}
-
-std::uint64_t numberFrom(const char* variable, std::uint64_t usual) {
-  const char* const text = std::getenv(variable);
-  return text ? std::stoull(text) : usual;
 }
 
 /// Two faults by chance. The second one may be a statement that only the first fault brings about.
@@ -206,7 +201,7 @@ TEST_P(FaultWalk, TwoStatementsCanFail) {
               (fault.isCarriedOut ? ", carried out;" : ", not run;");
     }
     SCOPED_TRACE(told);
-    FaultyRun run(demo(), company_, faults);
+    FaultyRun run(demo().clone(), company_, faults);
     run.play(scenario_);
     run.endFaults();  // the second may not have come
     EXPECT_FALSE(run.errors().empty()) << "the fault was not reported";

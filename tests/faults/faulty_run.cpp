@@ -2,6 +2,7 @@
 
 #include "common/error.h"
 #include "tests/support/statement_recorder.h"
+#include "tests/support/written_tables.h"
 #include "workbench/player/result_text.h"
 
 namespace kebu::tests {
@@ -9,11 +10,6 @@ namespace kebu::tests {
 using workbench::queryText;
 
 namespace {
-
-constexpr const char* writtenTables[] = {
-    "GM03_DISPOSITIVI", "GM04_PARAMETRITVRO", "GM08_ATTIVITADISPO",   "GM13_TIPISINCRO",
-    "GM56_KBDEPOSITI",  "GM57_KBLISTINI",     "GM61_KBDISCOUNTRULES", "FW01_JOB",
-};
 
 std::string rowText(const std::vector<Value>& row) {
   std::string text;
@@ -44,25 +40,25 @@ void FaultyStatements::raise(bool isCarriedOut) const {
 std::int32_t FaultPlayer::answer(const workbench::ShownMessage& box) {
   if (!workbench::offers(box.style, msgbox::abort)) return Player::answer(box);
   errors_.push_back(box.text);
-  return errors_.size() <= faults_.size() ? faults_[errors_.size() - 1].answer : msgbox::abort;
+  if (errors_.size() <= faults_.size()) return faults_[errors_.size() - 1].answer;
+  return otherErrors ? otherErrors(box.text) : msgbox::abort;
 }
 
-FaultyRun::FaultyRun(const engine::Database& company, std::int32_t number, const Faults& faults)
+FaultyRun::FaultyRun(const std::shared_ptr<engine::Database>& company, std::int32_t number,
+                     const Faults& faults)
     : player_(nowhere_, complaints_, faults),
       statements_(faults),
-      workplace_({.user = player_,
-                  .database = company.clone(),
-                  .observer = &statements_,
-                  .company = number}) {}
+      workplace_(
+          {.user = player_, .database = company, .observer = &statements_, .company = number}) {}
 
 bool FaultyRun::play(const workbench::Scenario& scenario) {
   return player_.play(scenario, workplace_.stage(noFaults_));
 }
 
-Lines FaultyRun::rows() {
+Lines writtenRows(engine::Session& session) {
   Lines lines;
   for (const std::string table : writtenTables) {
-    for (const engine::ResultSet& result : workplace_.session().execute("SELECT * FROM " + table)) {
+    for (const engine::ResultSet& result : session.execute("SELECT * FROM " + table)) {
       for (const auto& row : result.rows) lines.push_back(table + rowText(row));
     }
   }

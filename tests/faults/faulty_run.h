@@ -2,6 +2,8 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <functional>
+#include <memory>
 #include <ostream>
 #include <sstream>
 #include <string>
@@ -47,7 +49,8 @@ class FaultyStatements : public workbench::StatementObserver {
   Lines log_;
 };
 
-/// A player who answers the first error boxes as the faults say, and all that follow with Abort.
+/// A player who answers the first error boxes as the faults say, and all that follow with Abort or
+/// as `otherErrors` says.
 class FaultPlayer : public workbench::Player {
  public:
   FaultPlayer(std::ostream& out, std::ostream& err, Faults faults)
@@ -56,15 +59,21 @@ class FaultPlayer : public workbench::Player {
   std::int32_t answer(const workbench::ShownMessage& box) override;
   const Lines& errors() const { return errors_; }
 
+  std::function<msgbox::Answer(const std::string& error)> otherErrors = nullptr;
+
  private:
   Faults faults_;
   Lines errors_;
 };
 
-/// A scenario played on a company of its own while statements fail.
+/// The rows of the tables that the plug-in writes, dates left out.
+Lines writtenRows(engine::Session& session);
+
+/// A scenario played on a company while statements fail.
 class FaultyRun {
  public:
-  FaultyRun(const engine::Database& company, std::int32_t number, const Faults& faults);
+  FaultyRun(const std::shared_ptr<engine::Database>& company, std::int32_t number,
+            const Faults& faults);
 
   /// Whether all lines could be played and all expectations held.
   bool play(const workbench::Scenario& scenario);
@@ -80,8 +89,10 @@ class FaultyRun {
   const Lines& errors() const { return player_.errors(); }
   /// The player's messages about lines that could not be played and expectations not met.
   std::string complaints() const { return complaints_.str(); }
-  /// The rows that the pages write, dates left out.
-  Lines rows();
+  void answerErrors(std::function<msgbox::Answer(const std::string& error)> answer) {
+    player_.otherErrors = std::move(answer);
+  }
+  engine::Session& session() { return workplace_.session(); }
 
  private:
   std::ostream nowhere_{nullptr};

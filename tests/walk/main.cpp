@@ -1,6 +1,6 @@
-// kebu_walk [--seed N] [--gestures N] [--seconds N] [--manner 0|1|2|3]: random walks, each of a
-// hundred gestures on a company of its own. The seed names the first walk; each further one has the
-// next seed. kebu_walk --again FILE: the walk that a scenario describes, held to the same rules.
+// kebu_walk [--seed N] [--gestures N] [--seconds N]: random walks, each of a hundred
+// gestures on a company of its own. The seed names the first walk; each further one has the next
+// seed. kebu_walk --again FILE: the walk that a scenario describes, held to the same rules.
 
 #include <algorithm>
 #include <chrono>
@@ -31,7 +31,7 @@ struct Options {
 
 /// Every kind of walk in turn: without faults, where pages are compared with the tables, with
 /// faults, and with a second window.
-Manner mannerOf(std::uint64_t seed) {
+WalkKind kindOf(std::uint64_t seed) {
   return {.gestures = gesturesOfWalk, .faults = seed % 4 != 0, .windows = seed % 4 == 3 ? 2 : 1};
 }
 
@@ -67,7 +67,7 @@ int run(const Options& options) {
   std::uint64_t seed = options.seed;
   for (; gestures < options.gestures; ++seed) {
     if (options.seconds > 0 && passed() >= options.seconds) break;
-    RandomUser user(seed, mannerOf(seed));
+    RandomUser user(seed, kindOf(seed));
     WalkOutcome outcome = walk(ground, user);
     if (outcome.broken) {
       std::cout << "seed " << seed << ": ";

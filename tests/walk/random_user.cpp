@@ -107,7 +107,7 @@ msgbox::Answer RandomUser::answer(const workbench::ShownMessage& box) {
 }
 
 Words RandomUser::beforeOpening() {
-  if (manner_.faults && preparations_ > 0) {
+  if (kind_.faults && preparations_ > 0) {
     --preparations_;
     switch (random_.below(5)) {
       case 0:
@@ -126,20 +126,28 @@ Words RandomUser::beforeOpening() {
 }
 
 Words RandomUser::fault(const Moment& moment) {
+  if (random_.oneIn(6)) {
+    isServerAway_ = true;
+    return {"server", "off"};
+  }
   std::string text = random_.of(pieces);
   if (!moment.statements.empty() && !random_.oneIn(3)) {
     const std::string part = partOf(random_.of(moment.statements), random_);
     if (!part.empty() && !namesWorkingTable(part)) text = part;
   }
+  if (random_.oneIn(6)) {
+    isServerAway_ = true;
+    return {"server", "off", text};
+  }
   return {random_.oneIn(3) ? "lose" : "fail", text, std::to_string(1 + random_.below(3))};
 }
 
 Words RandomUser::atHost() {
-  switch (random_.below(manner_.faults ? 6 : 2)) {
+  switch (random_.below(kind_.faults ? 6 : 2)) {
     case 0:
       return {"close"};
     case 1:
-      if (manner_.windows > 1) return {"window", std::to_string(1 + random_.below(2))};
+      if (kind_.windows > 1) return {"window", std::to_string(1 + random_.below(2))};
       return {"activate"};
     case 2:
       return {"refuse", "tsClose"};
@@ -151,7 +159,7 @@ Words RandomUser::atHost() {
 }
 
 std::optional<Words> RandomUser::next(const Moment& moment) {
-  if (made_ >= manner_.gestures) return std::nullopt;
+  if (made_ >= kind_.gestures) return std::nullopt;
   ++made_;
   boxes_ = 0;
   if (!moment.isOpen) {
@@ -159,7 +167,11 @@ std::optional<Words> RandomUser::next(const Moment& moment) {
     if (words.front() == "open") preparations_ = static_cast<int>(random_.below(3));
     return words;
   }
-  if (manner_.faults && random_.oneIn(20)) return fault(moment);
+  if (isServerAway_ && random_.oneIn(6)) {
+    isServerAway_ = false;
+    return Words{"server", "on"};
+  }
+  if (kind_.faults && random_.oneIn(20)) return fault(moment);
   if (!moment.front) return Words{"close"};
   // Only the window itself can be gone from, not a dialog that is open in it.
   if (moment.front->isNamed("FRMKB_ANAGRAFICA") && random_.oneIn(40)) return atHost();

@@ -9,7 +9,7 @@
 namespace kebu::tests {
 
 /// How a random user walks.
-struct Manner {
+struct WalkKind {
   std::size_t gestures = 100;
   bool faults = false;  ///< statements fail, answers are lost, services and rights are missing
   int windows = 1;
@@ -18,7 +18,7 @@ struct Manner {
 /// A user who makes random gestures on whatever stands in the window in front.
 class RandomUser : public GestureSource {
  public:
-  RandomUser(std::uint64_t seed, const Manner& manner) : random_(seed), manner_(manner) {}
+  RandomUser(std::uint64_t seed, const WalkKind& kind) : random_(seed), kind_(kind) {}
 
   std::optional<workbench::Words> next(const Moment& moment) override;
   msgbox::Answer answer(const workbench::ShownMessage& box) override;
@@ -33,11 +33,11 @@ class RandomUser : public GestureSource {
   std::string number(std::size_t count);
 
   Random random_;
-  Manner manner_;
+  WalkKind kind_;
   std::size_t made_ = 0;
   std::size_t boxes_ = 0;          ///< answered since the last gesture
   int preparations_ = 0;           ///< made before the window opens
-  bool opens_ = false;             ///< the next step opens the window
+  bool isServerAway_ = false;      ///< the database's
   std::vector<std::string> seen_;  ///< codes that the window showed
 };
 

@@ -17,6 +17,13 @@ void describe(std::vector<std::string>& lines, Control& control) {
             [&](GroupBox& group) {
               for (Control* child : group.children()) describe(lines, *child);
             },
+            [&](QueryEditor& editor) {
+              for (std::size_t i = 0; i < editor.fieldCount(); ++i) {
+                const QueryEditor::Row& row = editor.row(i);
+                lines.push_back(name + ": " + row.op.caption() + ' ' + row.op.text() + ' ' +
+                                row.first.text() + ' ' + row.second.text());
+              }
+            },
             [&](EditBox& box) { lines.push_back(name + ": " + box.text()); },
             [&](ComboBox& combo) {
               // A level that nothing supplies has no entry or "Seleziona...".

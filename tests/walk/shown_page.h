@@ -8,8 +8,7 @@
 namespace kebu::tests {
 
 /// What a page shows of the database, a line for each value: those of all its boxes, combos, check
-/// boxes and labels, and the cells of its grids. Without the parts of query editors, whose
-/// conditions the host keeps.
+/// boxes and labels, the cells of its grids, and the conditions of its query editors.
 std::vector<std::string> shownIn(controls::Control& page);
 
 /// The first line in which both differ, as "one | other"; "" when they are equal.

@@ -10,8 +10,9 @@
 #include "common/convert.h"
 #include "controls/visit.h"
 #include "tests/support/statement_recorder.h"
-#include "tests/support/test_user.h"
+#include "tests/support/written_tables.h"
 #include "tests/walk/shown_page.h"
+#include "workbench/ado/ado_error.h"
 #include "workbench/ado/statement_faults.h"
 #include "workbench/engine/sqlite.h"
 #include "workbench/player/model_workplace.h"
@@ -23,13 +24,6 @@ using workbench::ModelWorkplace;
 using workbench::Words;
 
 namespace {
-
-/// The tables that the plug-in and the ERP's procedures write.
-constexpr const char* writtenTables[] = {
-    "GM02_ATTIVITADITTA", "GM03_DISPOSITIVI", "GM04_PARAMETRITVRO", "GM08_ATTIVITADISPO",
-    "GM13_TIPISINCRO",    "GM19_DETTCONF",    "GM56_KBDEPOSITI",    "GM57_KBLISTINI",
-    "FW01_JOB",           "KB01_AGGPREZZI",   "KB02_PREZZIART",     "GM61_KBDISCOUNTRULES",
-};
 
 /// What belongs to somebody else and must stay: the other application's profile, and the other
 /// company's rules. Saved price lists switch off incomplete slots of every profile, on purpose.
@@ -53,7 +47,8 @@ constexpr const char* profileTables[] = {"GM03_DISPOSITIVI", "GM04_PARAMETRITVRO
                                          "GM56_KBDEPOSITI"};
 
 /// The pages that the profile's bar saves, and those of the categories' bar.
-constexpr const char* profilePages[] = {"GRPMAIN_PAR", "GRPMAIN_LISTINI", "GRPMAIN_GIACENZE"};
+constexpr const char* profilePages[] = {"GRPMAIN_PAR", "GRPMAIN_LISTINI", "GRPMAIN_GIACENZE",
+                                        "GRPMAIN_FILTROART", "GRPMAIN_FILTROCLI"};
 constexpr const char* categoryPages[] = {"GRPMAIN_CATCLIENTI", "GRPMAIN_CATART"};
 
 using Rows = std::vector<std::vector<std::string>>;  // of each query
@@ -130,6 +125,10 @@ class Walker : public workbench::Player, public workbench::StatementObserver {
   // The observer of statements.
   void before(const std::string& text, bool edit) override;
   void carriedOut(const std::string& text) override { faults_.raiseAfter(text); }
+  void opening() override {
+    if (faults_.isServerAway()) throw workbench::adoerror::noServer();
+  }
+  int outages() const override { return faults_.outages(); }
   void after(const std::string&, bool, std::int64_t, const RuntimeError*) override {}
   void secondConnection(const std::string& text, const std::string& unread) override {
     broken("a statement runs while rows of another are unread: " + shapeOf(text) + " | " +
@@ -160,6 +159,7 @@ class Walker : public workbench::Player, public workbench::StatementObserver {
   std::deque<std::string> statements_;         ///< the last ones
   bool checked_ = true;                        ///< the last step
   bool troubled_ = false;  ///< there were errors or other windows: pages may differ from the tables
+  bool lossIsTold_ = false;  ///< in the current gesture, by a box that was not answered with Retry
   bool closing_ = false;
   int dialogsClosed_ = 0;
   ModelWorkplace workplace_;
@@ -169,6 +169,10 @@ std::int32_t Walker::answer(const workbench::ShownMessage& box) {
   if (workbench::offers(box.style, msgbox::abort)) troubled_ = true;
   if (closing_) return leaving(box);
   const msgbox::Answer answer = source_.answer(box);
+  if (box.text.find("\r\n[DBNETLIB]") != std::string::npos) {
+    if (lossIsTold_) broken("a lost connection was told twice in a gesture: " + box.text);
+    lossIsTold_ = answer != msgbox::retry;
+  }
   if (!outcome_.steps.empty()) outcome_.steps.back().answers.push_back(answer);
   return answer;
 }
@@ -224,10 +228,12 @@ const workbench::ScenarioLine* Walker::nextLine() {
   checkLastStep();
   const auto words = nextWords();
   if (!words) return nullptr;
-  static const std::string disturbing[] = {"fail", "lose", "without", "refuse", "set", "window"};
+  static const std::string disturbing[] = {"fail", "lose",   "without", "refuse",
+                                           "set",  "window", "server"};
   if (std::ranges::find(disturbing, words->front()) != std::end(disturbing)) troubled_ = true;
   outcome_.steps.push_back({*words});
   checked_ = false;
+  lossIsTold_ = false;
   lines_.push_back({static_cast<int>(lines_.size()) + 1, words->front(), *words});
   return &lines_.back();
 }
@@ -263,20 +269,27 @@ void Walker::checkLastStep() {
 
 void Walker::compareWithFresh(std::span<const char* const> pages) {
   ++outcome_.comparisons;
-  TestUser user;
-  user.answerTo = leaving;
-  ModelWorkplace fresh({.user = user, .database = workplace_.database()});
-  fresh.host().open();
+  // In the same host, which keeps the saved filters.
+  workbench::StandInHost& host = workplace_.host();
+  const std::int32_t window = host.window();
+  Form& form = *workplace_.desktop().front();
+  constexpr std::int32_t freshWindow = 3;
+  closing_ = true;
+  host.use(freshWindow);
+  host.open();
+  Form& fresh = *workplace_.desktop().front();
   for (const char* const page : pages) {
-    controls::Control* const shown = workplace_.desktop().front()->find(page);
-    controls::Control* const read = fresh.desktop().front()->find(page);
+    controls::Control* const shown = form.find(page);
+    controls::Control* const read = fresh.find(page);
     const std::string difference = firstDifference(shownIn(*shown), shownIn(*read));
     if (!difference.empty()) {
       broken("after \"" + outcome_.steps.back().words[2] +
              "\" the page differs from a fresh one: " + difference);
     }
   }
-  fresh.host().close();
+  if (!host.close()) broken("a fresh window cannot be closed");
+  host.use(window);
+  closing_ = false;
 }
 
 void Walker::closeWindows() {

@@ -30,6 +30,7 @@ struct WalkOutcome {
 /// that must hold whatever a user does:
 /// - no error leaves the plug-in
 /// - the window can always be closed, and leaves no working table
+/// - a lost connection is told once in a gesture
 /// - nothing is changed but the company's own rows of the plug-in's tables and what the ERP's
 ///   procedures write
 /// - the profile is only written when the user saves

@@ -37,16 +37,34 @@ Outcome untilFirstError(std::vector<engine::BatchEvent> events) {
 }  // namespace
 
 void AdoConnection::Open() {
-  if (session_) throw adoerror::open();
+  if (isOpen()) throw adoerror::open();
+  errors_.clear();
+  try {
+    if (observer_ != nullptr) observer_->opening();
+  } catch (const RuntimeError& error) {
+    keep(error);
+    throw;
+  }
+  outagesBefore_ = observer_ != nullptr ? observer_->outages() : 0;
   session_ = std::make_unique<engine::Session>(database_);
 }
 
 void AdoConnection::Close() {
-  if (!session_) throw adoerror::closed();
+  if (!isOpen()) throw adoerror::closed();
+  lost_ = false;
   session_.reset();
 }
 
+void AdoConnection::requireServer() {
+  if (observer_ == nullptr || observer_->outages() == outagesBefore_) return;
+  // The server ends the session, and with it the session's temporary tables.
+  session_.reset();
+  lost_ = true;
+  throw adoerror::connectionLost();
+}
+
 engine::Session& AdoConnection::session() const {
+  if (lost_) throw adoerror::connectionLost();
   if (!session_) throw adoerror::badConnection();
   return *session_;
 }
@@ -62,6 +80,9 @@ void AdoConnection::keep(const RuntimeError& error) {
   if (const auto* sql = dynamic_cast<const engine::SqlError*>(&error)) {
     entry.nativeError = sql->nativeError();
     entry.sqlState = sql->sqlState();
+  } else if (const auto* lost = dynamic_cast<const adoerror::ConnectionError*>(&error)) {
+    entry.nativeError = lost->nativeError();
+    entry.sqlState = lost->sqlState();
   }
   errors_.push_back(std::move(entry));
 }
@@ -78,6 +99,7 @@ void AdoConnection::observed(const std::string& text, bool edit, std::int32_t ti
   }
   try {
     if (heard) observer_->before(text, edit);
+    requireServer();
     const std::int32_t seconds = heard ? observer_->secondsOf(text) : 0;
     if (timeout != 0 && seconds > timeout) throw adoerror::timeout();
     const auto [rows, hidden] = work();
@@ -91,9 +113,10 @@ void AdoConnection::observed(const std::string& text, bool edit, std::int32_t ti
 }
 
 std::vector<engine::ResultSet> AdoConnection::run(const std::string& text, std::int32_t timeout) {
-  engine::Session& current = session();
+  if (!isOpen()) throw adoerror::badConnection();
   Outcome outcome;
   observed(text, false, timeout, [&] {
+    engine::Session& current = session();
     outcome = untilFirstError(current.run(text));
     if (outcome.results.empty() && outcome.error) throw engine::SqlError(*outcome.error);
     return std::pair(rowsOf(current, outcome.results), outcome.error);
@@ -102,8 +125,9 @@ std::vector<engine::ResultSet> AdoConnection::run(const std::string& text, std::
 }
 
 void AdoConnection::edit(const std::string& statement) {
-  engine::Session& current = session();
+  if (!isOpen()) throw adoerror::badConnection();
   observed(statement, true, commandTimeout_, [&] {
+    engine::Session& current = session();
     current.execute(statement);
     if (current.rowsAffected() < 1) throw adoerror::rowNotFound();
     if (current.rowsAffected() > 1) throw adoerror::tooManyRows();
@@ -112,12 +136,12 @@ void AdoConnection::edit(const std::string& statement) {
 }
 
 Ref<ado::Recordset> AdoConnection::Execute(const std::string& text) {
-  if (!session_) throw adoerror::closed();
+  if (!isOpen()) throw adoerror::closed();
   return AdoRecordset::ofResults(*this, text, run(text));
 }
 
 void AdoConnection::ExecuteNoRecords(const std::string& text) {
-  if (!session_) throw adoerror::closed();
+  if (!isOpen()) throw adoerror::closed();
   run(text);
 }
 

@@ -30,7 +30,8 @@ class AdoConnection : public ado::Connection, public std::enable_shared_from_thi
   std::string connectionString() const override { return connectionString_; }
   void Open() override;
   void Close() override;
-  bool isOpen() const override { return session_ != nullptr; }
+  /// Also while it is lost: ADO does not notice before somebody closes it.
+  bool isOpen() const override { return session_ != nullptr || lost_; }
   void setCommandTimeout(std::int32_t seconds) override { commandTimeout_ = seconds; }
   Ref<ado::Recordset> Execute(const std::string& text) override;
   void ExecuteNoRecords(const std::string& text) override;
@@ -50,7 +51,7 @@ class AdoConnection : public ado::Connection, public std::enable_shared_from_thi
   /// meanwhile would go over a second connection, of which the observer is told.
   void occupy(const std::shared_ptr<UnreadRows>& rows) { unread_ = rows; }
   const Manners& manners() const { return manners_; }
-  /// RuntimeError 3709 when the connection is closed.
+  /// RuntimeError 3709 when the connection is closed, ConnectionError when it is lost.
   engine::Session& session() const;
 
   /// The connection behind a reference; 3709 for none, a closed one or one of another kind.
@@ -60,6 +61,8 @@ class AdoConnection : public ado::Connection, public std::enable_shared_from_thi
   template <class Work>
   void observed(const std::string& text, bool edit, std::int32_t timeout, Work&& work);
   void keep(const RuntimeError& error);
+  /// ConnectionError when the server went away since the connection was opened.
+  void requireServer();
 
   std::shared_ptr<engine::Database> database_;
   StatementObserver* observer_;
@@ -68,6 +71,8 @@ class AdoConnection : public ado::Connection, public std::enable_shared_from_thi
   std::int32_t commandTimeout_ = ado::usualTimeout;
   std::weak_ptr<UnreadRows> unread_;
   std::unique_ptr<engine::Session> session_;
+  int outagesBefore_ = 0;  ///< of the server, when it was opened
+  bool lost_ = false;
   ado::Errors errors_;
 };
 

@@ -1,5 +1,9 @@
 #pragma once
 
+#include <cstdint>
+#include <string>
+#include <utility>
+
 #include "common/error.h"
 #include "workbench/engine/values/sql_error.h"
 
@@ -64,6 +68,32 @@ inline RuntimeError badValue() {
 }
 inline RuntimeError backward() {
   return make(-2147217884, "Rowset does not support fetching backward.");
+}
+
+/// An error of the provider that the server knows nothing of, with a state of class 08.
+class ConnectionError : public RuntimeError {
+ public:
+  ConnectionError(std::int32_t nativeError, std::string text, std::string sqlState)
+      : RuntimeError(-2147467259, std::move(text), engine::SqlError::providerName),
+        nativeError_(nativeError),
+        sqlState_(std::move(sqlState)) {}
+
+  std::int32_t nativeError() const { return nativeError_; }
+  const std::string& sqlState() const { return sqlState_; }
+
+ private:
+  std::int32_t nativeError_;
+  std::string sqlState_;
+};
+inline ConnectionError noServer() {
+  return {17, "[DBNETLIB][ConnectionOpen (Connect()).]SQL Server does not exist or access denied.",
+          "08001"};
+}
+inline ConnectionError connectionLost() {
+  return {11,
+          "[DBNETLIB][ConnectionWrite (send()).]General network error. Check your network "
+          "documentation.",
+          "08S01"};
 }
 
 }  // namespace kebu::workbench::adoerror

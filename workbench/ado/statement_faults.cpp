@@ -23,7 +23,23 @@ std::optional<std::string> StatementFaults::take(std::vector<Fault>& faults,
   return text;
 }
 
+void StatementFaults::stopServer(const std::string& text) {
+  if (!text.empty()) {
+    stopsServer_ = text;
+    return;
+  }
+  stopsServer_.reset();
+  away_ = true;
+  ++outages_;
+}
+
+void StatementFaults::startServer() {
+  stopsServer_.reset();
+  away_ = false;
+}
+
 void StatementFaults::raiseFor(const std::string& statement) {
+  if (stopsServer_ && statement.find(*stopsServer_) != std::string::npos) stopServer();
   const auto text = take(faults_, statement);
   if (!text) return;
   throw engine::SqlError(userError,

@@ -17,6 +17,12 @@ class StatementFaults {
   void loseAnswer(const std::string& text, std::int32_t times) { lost_.push_back({text, times}); }
   /// The next statement that contains `text` is taken to last so many seconds.
   void slowDown(const std::string& text, std::int32_t seconds) { slow_.push_back({text, seconds}); }
+  /// The server goes away: at once, or when a statement that contains `text` is sent, which is not
+  /// carried out. What was open then is lost for good, and nothing can be opened until it is back.
+  void stopServer(const std::string& text = {});
+  void startServer();
+  bool isServerAway() const { return away_; }
+  int outages() const { return outages_; }
   /// Throws the error that is planned for the statement, if any.
   void raiseFor(const std::string& statement);
   /// The same for a statement that was carried out.
@@ -46,6 +52,9 @@ class StatementFaults {
   std::vector<Fault> faults_;
   std::vector<Fault> lost_;
   std::vector<Slow> slow_;
+  std::optional<std::string> stopsServer_;  ///< the text of the statement
+  bool away_ = false;
+  int outages_ = 0;
   std::vector<std::string> notes_;
 };
 

@@ -25,6 +25,10 @@ class StatementObserver {
   /// `error`: with which it failed, or null.
   virtual void after(const std::string& text, bool edit, std::int64_t rows,
                      const RuntimeError* error) = 0;
+  /// A connection is about to be opened. A RuntimeError that it throws makes that fail.
+  virtual void opening() {}
+  /// How often the server went away so far. A connection that was open then is lost for good.
+  virtual int outages() const { return 0; }
   /// The statement is about to run while rows of another one, forward-only on the server, are
   /// unread: a real provider would open a second connection for it, which does not see what
   /// belongs to the first.

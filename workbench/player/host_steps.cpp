@@ -71,6 +71,17 @@ void lose(Player& player, const Words& arguments) {
   player.stage().faults.loseAnswer(arguments[0], timesOf(arguments));
 }
 
+void server(Player& player, const Words& arguments) {
+  StatementFaults& faults = player.stage().faults;
+  const bool on = toFlag(arguments[0]);
+  if (on && arguments.size() > 1) throw StepError("the server is back at once");
+  if (on) {
+    faults.startServer();
+  } else {
+    faults.stopServer(arguments.size() > 1 ? arguments[1] : "");
+  }
+}
+
 void slow(Player& player, const Words& arguments) {
   const std::int32_t seconds = toNumber(arguments[1]);
   if (seconds < 1) throw StepError("a slow statement lasts at least a second");

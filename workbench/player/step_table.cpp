@@ -66,6 +66,10 @@ constexpr std::array table{
     Step{"lose", 1, 2, "TEXT [TIMES]",
          "the next statements that contain TEXT are carried out, but their answer is lost",
          steps::lose},
+    Step{"server", 1, 2, "off [TEXT] | on",
+         "the database server goes away, at once or when a statement that contains TEXT is sent; "
+         "is back",
+         steps::server},
     Step{"slow", 2, 2, "TEXT SECONDS", "the next statement that contains TEXT lasts so long",
          steps::slow},
     Step{"sql", 1, 1, "STATEMENT", "runs a statement on a connection of its own", steps::sql},

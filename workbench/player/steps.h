@@ -20,6 +20,7 @@ void refuse(Player& player, const Words& arguments);
 void answer(Player& player, const Words& arguments);
 void fail(Player& player, const Words& arguments);
 void lose(Player& player, const Words& arguments);
+void server(Player& player, const Words& arguments);
 void slow(Player& player, const Words& arguments);
 void sql(Player& player, const Words& arguments);
 

@@ -151,7 +151,7 @@ void showDialog(SelectionCaller& caller, const char* name) {
   procedure(caller.context, name, [&](Procedure& p) {
     const auto dialog = p.step([&] { return std::make_shared<Dialog>(caller); });
     if (!dialog) return;
-    p.step([&] { dialog->Show(true); });
+    p.step([&] { caller.context.services.letUserWork([&] { dialog->Show(true); }); });
     dialog->clearCaller();
   });
 }

@@ -19,6 +19,8 @@ namespace {
 /// In place of the page to show: none.
 constexpr std::int32_t noView = -1;
 
+constexpr const char* connectionLostCause = "connection lost";
+
 constexpr std::int32_t customerCategoriesView = 6;
 constexpr std::int32_t articleCategoriesView = 7;
 
@@ -66,6 +68,7 @@ FRMKB_ANAGRAFICA::FRMKB_ANAGRAFICA(const Runtime& runtime)
   BTN_RIEPILOGO.ButtonClick.on([this] { VisualizzaRiepilogo(summary_); });
   SBAR_MAIN.OnClickItemLink.on(
       [this](const controls::SideBar::Link& link) { SBAR_MAIN_OnClickItemLink(link); });
+  services_.ConnectionLost.on([this] { showConnectionLost(); });
   VLT_RESIZEFORM1.Setup.on([this](controls::ResizeManager&) { VLT_RESIZEFORM1_Setup(); });
   MDIActiveX1.FormLoad.on([this] { MDIActiveX1_FormLoad(); });
 }
@@ -95,7 +98,11 @@ void FRMKB_ANAGRAFICA::buildPages() {
   for (Page* page : pages_) page->place(groups_);
   addAll(SBAR_MAIN, TITLEBAR, context_.notices, INAV_PAR, INAV_CATCLIART, FME_ANAGRAFICA,
          parameters_.FME_PARAMETRI);
-  for (controls::GroupBox& group : groups_.all()) add(group);
+  for (controls::GroupBox& group : groups_.all()) {
+    group.setGestureHost(services_);
+    add(group);
+  }
+  context_.notices.setGestureHost(services_);
   addAll(BTN_RIEPILOGO, progress_.STATUSBAR, progress_.PBAR, VLT_RESIZEFORM1, MDIActiveX1);
 }
 
@@ -229,8 +236,10 @@ void FRMKB_ANAGRAFICA::openConnection(Procedure& p) {
   p.step([&] { context_.connection->setConnectionString(text); });
   // A long statement is for the user to wait for.
   p.step([&] { context_.connection->setCommandTimeout(0); });
-  p.step([&] { context_.connection->Open(); });
+  // Known before it is opened, so that errors of the opening are told with the provider's.
   services_.setConnection(context_.connection);
+  p.step([&] { context_.connection->Open(); });
+  if (!services_.isConnectionLost()) context_.notices.remove(connectionLostCause);
   p.step([&] { host()->setConnection(context_.connection); });
 }
 
@@ -443,6 +452,14 @@ void FRMKB_ANAGRAFICA::showWhere() {
   }
 }
 
+void FRMKB_ANAGRAFICA::showConnectionLost() {
+  context_.notices.show(
+      {.cause = connectionLostCause,
+       .text = context_.translate(
+           "Manca la connessione con il database: chiudere la finestra e riaprirla. Ciò che non è "
+           "stato salvato va inserito di nuovo.")});
+}
+
 bool FRMKB_ANAGRAFICA::concludePages(Procedure& p) {
   const bool hasCategories = categories_.isChanged();
   const bool hasDiscounts = discounts_.hasPendingChanges();
@@ -480,7 +497,8 @@ void FRMKB_ANAGRAFICA::Form_QueryUnload(bool& cancel) {
 
 void FRMKB_ANAGRAFICA::Form_Unload() {
   procedure(context_, "Form_Unload", [&](Procedure& p) {
-    if (!context_.connection) return;
+    // The tables of a connection that is lost are gone with it.
+    if (!context_.connection || services_.isConnectionLost()) return;
     for (const std::string& table : {deposits_.workingTable(), priceLists_.workingTable()}) {
       if (table.empty()) continue;  // naming it failed and the user went on
       p.run(sql::EliminaTabellaLavoro(table));

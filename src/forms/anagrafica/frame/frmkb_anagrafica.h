@@ -101,6 +101,7 @@ class FRMKB_ANAGRAFICA : public controls::Form, public host::WindowMembers {
   /// Says in the status bar which company this is, whether it is linked, and whether there are
   /// changes that are not saved.
   void showWhere();
+  void showConnectionLost();
   /// Asks whether to save the changes of the marked pages; whether the window may close.
   bool concludePages(Procedure& p);
   void ExecuteFormEvent(const std::string& event, bool& cancel);
