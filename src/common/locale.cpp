@@ -175,6 +175,22 @@ std::optional<Decimal> Locale::parseDecimal(std::string_view text) const {
   return negative ? -value.value() : value;
 }
 
+bool Locale::groupsThreeDigits(std::string_view number) const {
+  constexpr std::size_t group = 3;
+  const auto isDigit = [](char c) { return c >= '0' && c <= '9'; };
+  std::string_view whole = number.substr(0, number.find(decimalSeparator));
+  const auto isAround = [&](char c) { return !isDigit(c) && c != groupSeparator; };
+  while (!whole.empty() && isAround(whole.front())) whole.remove_prefix(1);
+  while (!whole.empty() && isAround(whole.back())) whole.remove_suffix(1);
+  for (std::size_t place = whole.rfind(groupSeparator); place != std::string_view::npos;
+       place = whole.rfind(groupSeparator)) {
+    if (place == 0 || whole.size() - place - 1 != group) return false;
+    whole = whole.substr(0, place);
+    if (whole.find(groupSeparator) == std::string_view::npos && whole.size() > group) return false;
+  }
+  return true;
+}
+
 std::string Locale::format(const Decimal& value) const {
   return value.toShortestString(decimalSeparator);
 }

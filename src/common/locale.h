@@ -23,6 +23,9 @@ struct Locale {
   /// after, group separators anywhere before the decimal separator. Nothing
   /// when it is none.
   std::optional<Decimal> parseDecimal(std::string_view text) const;
+  /// Whether the group separators of a number stand where they group three digits, as in "1.234,5".
+  /// In "1.5" the point was meant for something else.
+  bool groupsThreeDigits(std::string_view number) const;
   std::string format(const Decimal& value) const;
   /// Reads "d/m/yy[yy][ h:m[:s]]" in this locale's order ("-" and "." separate
   /// too) and "yyyy-mm-dd"; two-digit years from 30 on are of the 1900s.

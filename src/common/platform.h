@@ -47,6 +47,9 @@ class Platform : public SettingStore {
   virtual std::int32_t messageBox(const std::string& prompt, std::int32_t buttons,
                                   const std::string& title) = 0;
   virtual Date now() = 0;
+  /// Whether the system's ANSI code page has every character of the text (UTF-8). Columns of type
+  /// char and varchar are taken to be in it: they keep no others.
+  virtual bool fitsCodePage(const std::string& text) = 0;
 };
 
 }  // namespace kebu

@@ -23,6 +23,8 @@ class ControlHost : public ErrorReporter {
   virtual void endGesture() {}
   /// A part of a message in the user's language.
   virtual std::string translated(const std::string& text) { return text; }
+  /// Whether the database keeps every character of a text in a column that is not Unicode.
+  virtual bool keepsText(const std::string& /*text*/) { return true; }
   /// Where the user's arrangements are kept; null for nowhere.
   virtual SettingStore* settingStore() { return nullptr; }
 };

@@ -295,6 +295,8 @@ void QueryEditor::checkValue(const Row& row, const std::string& text, bool& canc
     } else if (isList && characterCount(value) > row.field.length) {
       refusal = "\"" + value + "\"" + translated(" supera i ") + std::to_string(row.field.length) +
                 translated(" caratteri.");
+    } else if (!host_.keepsText(value)) {
+      refusal = "\"" + value + "\". " + translated("Il database non conserva alcuni caratteri.");
     }
     if (refusal.empty()) continue;
     host_.message(row.op.caption() + ": " + refusal, msgbox::exclamation);

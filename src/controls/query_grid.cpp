@@ -274,7 +274,7 @@ bool QueryGrid::store(const std::string& field, const Value& value) {
     step([&] {
       const auto& fields = rows_->fields();
       const ado::Field& target = fields[ado::requireIndex(fields, field)];
-      stored = !losesDecimals(target, value);
+      stored = !isLossy(host_, target, value);
       try {
         if (stored) write({{field, value}});
       } catch (const RuntimeError& error) {

@@ -65,7 +65,7 @@ bool RecordFrame::take(const BoundControl& control, const Value& value) {
   const auto& fields = rows_->fields();
   const ado::Field& field = fields[ado::requireIndex(fields, control.DBField())];
   try {
-    if (!losesDecimals(field, value)) {
+    if (!isLossy(host_, field, value)) {
       setField(control.DBField(), value);
       return true;
     }

@@ -7,9 +7,9 @@
 
 namespace kebu::controls {
 
-/// Whether the field holds whole numbers and the value is one with decimals, which would be
-/// rounded.
-bool losesDecimals(const ado::Field& field, const Value& value);
+/// Whether the field would keep something else than was meant: a number with more decimals than it
+/// keeps, or with a point of another locale, or a text with characters that the database lacks.
+bool isLossy(ControlHost& host, const ado::Field& field, const Value& value);
 
 /// Tells the user that the value is not taken, naming the field by its caption and what the field
 /// takes instead.

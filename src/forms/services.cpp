@@ -128,6 +128,14 @@ void Services::work(const std::function<void()>& command) {
   command();
 }
 
+bool Services::confirmKept(const std::string& text) {
+  if (keepsText(text)) return true;
+  showText(TranslateString("Valore non valido: ") + "\"" + text + "\". " +
+               TranslateString("Il database non conserva alcuni caratteri."),
+           msgbox::exclamation);
+  return false;
+}
+
 void Services::showInHostStatusBar(std::int32_t panel, const std::string& text) {
   ignoringErrors(platform_, "StatusBar", [&] {
     const Ref<host::StatusBar> bar = held_.host ? held_.host->StatusBar() : nullptr;

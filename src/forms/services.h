@@ -62,6 +62,9 @@ class Services : public controls::ControlHost {
   std::int32_t showText(const std::string& text, std::int32_t style);
   void work(const std::function<void()>& command) override;
   std::string translated(const std::string& text) override { return TranslateString(text); }
+  bool keepsText(const std::string& text) override { return platform_.fitsCodePage(text); }
+  /// The same for a text that the user entered: tells them when it is not kept.
+  bool confirmKept(const std::string& text);
   SettingStore* settingStore() override { return &platform_; }
   /// Translates and shows `text` titled with the window's caption.
   std::int32_t message(const std::string& text, std::int32_t style) override;

@@ -100,6 +100,19 @@ TEST(Locale, ReadsDates) {
   EXPECT_EQ(english().parseDate("3/5/2024"), Date::make(2024, 3, 5));
 }
 
+TEST(Locale, KnowsWherePointsGroupThreeDigits) {
+  for (const char* number : {"", "5", "1234", "1.234", "12.345,67", "-1.234.567", "1.234,5-", "1,5",
+                             "1,2345", " 123.456 ", "1e5"}) {
+    EXPECT_TRUE(Locale::italian().groupsThreeDigits(number)) << number;
+  }
+  for (const char* number :
+       {"1.5", "1.23,4", "1234.567", "1.2345", ".123", "1..234", "1.234.5", "1."}) {
+    EXPECT_FALSE(Locale::italian().groupsThreeDigits(number)) << number;
+  }
+  EXPECT_TRUE(english().groupsThreeDigits("1,234.5"));
+  EXPECT_FALSE(english().groupsThreeDigits("1,5"));
+}
+
 TEST(Locale, WritesDates) {
   EXPECT_EQ(Locale::italian().format(Date{2024, 3, 5}), "05/03/2024");
   EXPECT_EQ(Locale::italian().format(Date{2024, 3, 5, 7, 8, 9}), "05/03/2024 07:08:09");

@@ -34,6 +34,7 @@ class RecordingPlatform : public Platform {
     return msgbox::ok;
   }
   Date now() override { return {}; }
+  bool fitsCodePage(const std::string& /*text*/) override { return true; }
   std::string setting(const std::string& name) override { return settings_[name]; }
   void keepSetting(const std::string& name, const std::string& value) override {
     settings_[name] = value;

@@ -3,6 +3,8 @@
 #include <chrono>
 #include <ctime>
 
+#include "workbench/engine/values/code_page.h"
+
 namespace kebu::workbench {
 
 std::optional<Guid> LocalPlatform::createGuid() {
@@ -23,6 +25,10 @@ void LocalPlatform::outputDebugString(const std::string& text) {
 std::int32_t LocalPlatform::messageBox(const std::string& prompt, std::int32_t buttons,
                                        const std::string& title) {
   return user_.answer({title, prompt, buttons});
+}
+
+bool LocalPlatform::fitsCodePage(const std::string& text) {
+  return engine::inCodePage(text) == text;
 }
 
 Date LocalPlatform::now() {

@@ -25,6 +25,7 @@ class LocalPlatform : public Platform {
   std::int32_t messageBox(const std::string& prompt, std::int32_t buttons,
                           const std::string& title) override;
   Date now() override;
+  bool fitsCodePage(const std::string& text) override;
   std::string setting(const std::string& name) override { return settings_[name]; }
   void keepSetting(const std::string& name, const std::string& value) override {
     settings_[name] = value;

@@ -56,6 +56,10 @@ std::int32_t SystemPlatform::messageBox(const std::string& prompt, std::int32_t 
                      static_cast<UINT>(buttons));
 }
 
+bool SystemPlatform::fitsCodePage(const std::string& text) {
+  return fitsAnsi(text);
+}
+
 Date SystemPlatform::now() {
   SYSTEMTIME time{};
   GetLocalTime(&time);

@@ -14,6 +14,7 @@ class SystemPlatform final : public Platform {
   std::int32_t messageBox(const std::string& prompt, std::int32_t buttons,
                           const std::string& title) override;
   Date now() override;
+  bool fitsCodePage(const std::string& text) override;
   std::string setting(const std::string& name) override;
   void keepSetting(const std::string& name, const std::string& value) override;
 };

@@ -46,4 +46,15 @@ std::string toAnsi(std::string_view text) {
   return toCodePage(toWide(text), CP_ACP);
 }
 
+bool fitsAnsi(std::string_view text) {
+  if (isAscii(text) || GetACP() == CP_UTF8) return true;
+  const std::wstring wide = toWide(text);
+  std::string bytes(wide.size() * 4, '\0');  // of the longest code pages
+  BOOL isReplaced = FALSE;
+  const int written =
+      WideCharToMultiByte(CP_ACP, WC_NO_BEST_FIT_CHARS, wide.data(), static_cast<int>(wide.size()),
+                          bytes.data(), static_cast<int>(bytes.size()), nullptr, &isReplaced);
+  return written > 0 && isReplaced == FALSE;
+}
+
 }  // namespace kebu::windows

@@ -12,5 +12,7 @@ std::wstring toWide(std::string_view text);
 std::string toUtf8(std::wstring_view text);
 /// In the system's ANSI code page, which OutputDebugStringA takes.
 std::string toAnsi(std::string_view text);
+/// Whether that code page has every character of the text.
+bool fitsAnsi(std::string_view text);
 
 }  // namespace kebu::windows

@@ -63,6 +63,11 @@ void CategoryLevels::handleEvents(Level& level) {
   });
   level.classification.AfterItem.on([this, &level] { AfterItem(level); });
   level.classification.ChangeRow.on([this, &level] { ChangeRow(level); });
+  for (controls::EditBox* box : {&level.code, &level.description}) {
+    box->BeforeItem.on([this, &level](const std::string& text, bool& cancel) {
+      cancel = cancel || !confirmText(level, text);
+    });
+  }
   level.code.AfterItem.on([this] { modified_(); });
   level.description.AfterItem.on([this] { modified_(); });
   if (kind_.entity == articleCategories.entity) {
@@ -70,6 +75,14 @@ void CategoryLevels::handleEvents(Level& level) {
     level.code.LostFocus.on([this, &level] { TXT_COD_ART_AZ_LostFocus(level); });
     level.code.StartLookup.on([this, &level](controls::EditBox&) { lookUpCode(level); });
   }
+}
+
+bool CategoryLevels::confirmText(const Level& level, const std::string& text) {
+  if (text.empty() || chosen(level) != 0) return context_.services.confirmKept(text);
+  context_.services.message(
+      "Scegliere prima la classificazione: senza di essa il livello non viene memorizzato.",
+      msgbox::exclamation);
+  return false;
 }
 
 void CategoryLevels::place(controls::GroupBox& group) {

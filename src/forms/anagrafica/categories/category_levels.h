@@ -57,6 +57,8 @@ class CategoryLevels {
   void AfterItem(Level& level);
   void ChangeRow(Level& level);
   void TXT_COD_ART_AZ_LostFocus(Level& level);
+  /// Whether the level can store the text; tells the user when it cannot.
+  bool confirmText(const Level& level, const std::string& text);
   void lookUpCode(Level& level);
   host::LookupDefinition configuratorVariants() const;
   std::string comboEvent(const char* name) const { return std::string(kind_.combos) + name; }
