@@ -192,6 +192,14 @@ std::string fixedText(Content content, const RuleOptions& options) {
 
 }  // namespace
 
+std::vector<std::string_view> testiRegola(const DiscountKind& kind) {
+  std::vector<std::string_view> names;
+  for (const SavedColumn& column : savedColumns) {
+    if (contentOf(column, kind) == Content::Text) names.push_back(column.name);
+  }
+  return names;
+}
+
 std::string EliminaTabellaSconti(const std::string& table) {
   return join({"IF OBJECT_ID('TEMPDB.DBO.", table, "') IS NOT NULL DROP TABLE ", table});
 }

@@ -52,6 +52,9 @@ struct RuleOptions {
 /// What is written into a column of a stored rule.
 enum class SavedContent : std::uint8_t;
 
+/// The columns whose texts the INSERT of the kind takes as they stand: a quote in one breaks it.
+std::vector<std::string_view> testiRegola(const DiscountKind& kind);
+
 /// The statements by which rows of a kind's working table become stored rules.
 class RuleStatements {
  public:

@@ -82,6 +82,11 @@ bool isOne(const Value& value) {
   return equalAsVariants(CDecN(value), Value(std::int16_t{1}));
 }
 
+/// The cause of the notice of a rule that cannot be stored.
+std::string quoteCause(const controls::QueryGrid& grid) {
+  return "quote in " + grid.Name();
+}
+
 }  // namespace
 
 DiscountGrid::DiscountGrid(PageContext& context, ProgressDisplay& progress, sql::DiscountMode mode)
@@ -100,6 +105,12 @@ DiscountGrid::DiscountGrid(PageContext& context, ProgressDisplay& progress, sql:
   });
   grid.cellLocked = [this](std::int32_t row, const std::string& field) {
     return isLocked(row, field);
+  };
+  grid.setRowStateField(selected);
+  grid.rowStateOf = [this](std::int32_t row) {
+    constexpr std::int32_t incomplete = 2;
+    const bool isRefused = isOne(grid.cell(row, selected)) && hasQuote(row);
+    return isRefused ? Value(incomplete) : Value(Null{});
   };
   grid.rowMenu = [this](std::int32_t row) { return rowMenu(row); };
   grid.showDetails = [this] { showDetails(); };
@@ -121,6 +132,7 @@ void DiscountGrid::renameTable() {
 
 void DiscountGrid::Imposta(const sql::DiscountKind& kind) {
   kind_ = &kind;
+  context_.notices.remove(quoteCause(grid));
   procedure(context_, names_.setUp, [&](Procedure& p) {
     const auto translate = [this](const std::string& text) { return context_.translate(text); };
     const auto add = [&](const GridColumn& column) {
@@ -178,9 +190,32 @@ void DiscountGrid::OnEdited() {
 }
 
 void DiscountGrid::SelectionBoxClick(const std::string& field) {
-  procedure(context_, eventName("_SelectionBoxClick"), [&](Procedure&) {
+  procedure(context_, eventName("_SelectionBoxClick"), [&](Procedure& p) {
     if (field == selected && context_.loaded) Modified.raise();
+    if (field == selected) p.step([&] { tellOfQuote(); });
   });
+}
+
+bool DiscountGrid::hasQuote(std::int32_t row) {
+  if (!kind_) return false;
+  return std::ranges::any_of(sql::testiRegola(*kind_), [&](std::string_view column) {
+    return toDisplay(grid.cell(row, column)).find('\'') != std::string::npos;
+  });
+}
+
+void DiscountGrid::tellOfQuote() {
+  const std::int32_t row = grid.currentRow();
+  const bool ticks = !isOne(grid.cell(row, selected));
+  if (!ticks || !hasQuote(row)) {
+    context_.notices.remove(quoteCause(grid));
+    return;
+  }
+  const auto translate = [this](const char* text) { return context_.translate(text); };
+  context_.notices.show(
+      {.cause = quoteCause(grid),
+       .text = check.caption() + ": \"" + toDisplay(grid.cell(row, "GM61_NOMEREGOLA")) + "\": " +
+               translate("un testo della regola contiene un apostrofo, il database ne rifiuterà "
+                         "il salvataggio.")});
 }
 
 void DiscountGrid::RowChanged() {
