@@ -6,7 +6,8 @@ long_parts=(
   "walk|random gestures in the window, each run with other ones: seeds from SEED, MINUTES long (25)"
   "fuzz|libFuzzer on the engine, scenarios, database files, conditions, conversions: SEED, MINUTES (25)"
   "faults|the whole fault walk; then two faults at a time in each of its scenarios, lost answers too: SEED"
-  "openings|the real window opened and closed 200 times, nothing left behind (Wine)"
+  "durability|500 kills while saving, full disks, damaged files, 100 pairs of processes: SEED"
+  "openings|the window opened 10,000 times natively and 1,000 times for real, nothing left behind (Wine)"
   "heap|every scenario in the real window on a heap that finds uses of freed memory (Wine)"
   "x86|the 32-bit DLL in a 32-bit Debian: COM checks, 40 openings, all scenarios (as root)"
   "acceptance|the acceptance run with every scenario, on the workbench's own database (Wine)"
@@ -84,14 +85,27 @@ long_faults() (
   KEBU_FAULT_WALK=all KEBU_FAULT_SEED=$seed KEBU_FAULT_PAIRS=500 build/debug/tests/faults/kebu_fault_tests --gtest_brief
 )
 
+long_durability() (
+  need_native_packages
+  build debug durability_tests
+  local seed
+  seed=$(seed_of_run)
+  say "seed $seed"
+  KEBU_DURABILITY_SEED=$seed KEBU_KILLS=500 KEBU_FULL_DISKS=200 KEBU_DAMAGED_FILES=500 KEBU_PROCESS_PAIRS=100 \
+    build/debug/tests/durability/durability_tests --gtest_brief
+)
+
 long_openings() (
+  need_native_packages
   need_windows_packages
+  build release plugin_tests
+  KEBU_OPENINGS=10000 build/release/tests/plugin/plugin_tests --gtest_brief --gtest_filter='Openings.*' || exit 1
   build windows-x64
   source tools/wine.sh
   start_virtual_screen
   wine_limit=1700
   in_wine build/windows-x64/tests/windows/window_tests.exe --gtest_brief \
-    'build\windows-x64\workbench\KEBU_ANAGKELMORIA.dll' 200
+    'build\windows-x64\workbench\KEBU_ANAGKELMORIA.dll' 1000
 )
 
 # Besides the scenarios: the tests that open, close and lose windows.
