@@ -42,6 +42,11 @@ bool isSameValue(const std::string& given, const std::string& kept) {
   }
 }
 
+std::shared_ptr<engine::Database> newCompany() {
+  static const std::shared_ptr<engine::Database> demo = workbench::demoCompany();
+  return demo->clone();
+}
+
 /// The window on the demo company, whose user leaves whatever asks and notes that they were told.
 class NastyValues : public testing::Test {
  protected:
@@ -80,7 +85,7 @@ class NastyValues : public testing::Test {
     return toDisplay(results.at(0).rows.at(0).at(0));
   }
 
-  TestWorkplace workplace_;
+  TestWorkplace workplace_{newCompany()};
   std::vector<std::string> told_;
 };
 

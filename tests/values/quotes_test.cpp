@@ -8,6 +8,8 @@
 #include <string>
 #include <vector>
 
+#include "common/convert.h"
+#include "common/nulls.h"
 #include "controls/edit_box.h"
 #include "controls/query_grid.h"
 #include "forms/anagrafica/frame/pages.h"
@@ -132,6 +134,34 @@ TEST_F(Quotes, BreakTheListedStatementsOnly) {
   for (const BreakingStatement& statement : breaking) {
     EXPECT_TRUE(broken.contains(statement.name)) << statement.name << " was not broken";
   }
+}
+
+TEST_F(Quotes, MarkTheRuleThatTheDatabaseWillRefuse) {
+  constexpr std::int32_t marked = 2;
+  TestCompany(database_).execute(
+      "UPDATE GM61_KBDISCOUNTRULES SET GM61_NOMEREGOLA = 'Prezzo dell''anno' WHERE GM61_ID = 2");
+  workbench::ModelHands& hands = workplace_.hands();
+  workplace_.host().open();
+  hands.openPage(forms::DiscountsPage::view);
+  hands.choose("CMB_LISTINISCONTO", "1");
+  auto& grid = dynamic_cast<controls::QueryGrid&>(
+      *workplace_.desktop().front()->find("QGRID_SCONTOSUPREZZO"));
+  const auto isTold = [&] {
+    return std::ranges::any_of(hands.notices(), [](const workbench::ItemView& notice) {
+      return notice.text.find("\"Prezzo dell'anno\": un testo") != std::string::npos;
+    });
+  };
+  EXPECT_EQ(toInt32(CDecN(grid.rowState(2))), marked) << "stored rules are ticked";
+  EXPECT_EQ(toInt32(CDecN(grid.rowState(1))), 0);
+  hands.tickCell("QGRID_SCONTOSUPREZZO", 2, "GM61_ATTIVA");
+  EXPECT_EQ(toInt32(CDecN(grid.rowState(2))), 0);
+  EXPECT_FALSE(isTold());
+  hands.tickCell("QGRID_SCONTOSUPREZZO", 2, "GM61_ATTIVA");
+  EXPECT_EQ(toInt32(CDecN(grid.rowState(2))), marked);
+  EXPECT_TRUE(isTold());
+  hands.tickCell("QGRID_SCONTOSUPREZZO", 1, "GM61_ATTIVA");
+  EXPECT_TRUE(isTold()) << "another rule changes nothing";
+  workplace_.host().close();
 }
 
 TEST_F(Quotes, HaveNoRoomForHarm) {

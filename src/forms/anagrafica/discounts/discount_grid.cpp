@@ -205,8 +205,8 @@ bool DiscountGrid::hasQuote(std::int32_t row) {
 
 void DiscountGrid::tellOfQuote() {
   const std::int32_t row = grid.currentRow();
-  const bool ticks = !isOne(grid.cell(row, selected));
-  if (!ticks || !hasQuote(row)) {
+  if (!hasQuote(row)) return;
+  if (isOne(grid.cell(row, selected))) {
     context_.notices.remove(quoteCause(grid));
     return;
   }

@@ -62,7 +62,7 @@ class DiscountGrid {
   bool isLocked(std::int32_t row, const std::string& field);
   /// Whether the row holds a text that breaks the statement which stores the rule.
   bool hasQuote(std::int32_t row);
-  /// Tells of the current row when it is being ticked and cannot be stored.
+  /// Tells of the current row, whose tick is being changed, when it cannot be stored.
   void tellOfQuote();
   /// The given name of a procedure: "QGRID_SCONTOSUPREZZO" and then "_OnEdited".
   std::string eventName(const char* event) const { return grid.Name() + event; }
