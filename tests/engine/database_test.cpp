@@ -86,6 +86,10 @@ TEST_F(DatabaseFile, TellsThatItsCatalogueIsDamaged) {
   EXPECT_NE(openError(path("a.db")).find("damaged"), std::string::npos);
   change(path("a.db"), "UPDATE kb_catalog SET text = 'CREATE TABL'");
   EXPECT_NE(openError(path("a.db")).find("TABL"), std::string::npos);
+  change(path("a.db"),
+         "UPDATE kb_catalog SET text = 'CREATE TABLE T (A int, B int)'; CREATE TABLE T (A, C)");
+  EXPECT_NE(openError(path("a.db")).find("table T is not stored as its catalogue says"),
+            std::string::npos);
 }
 
 TEST_F(DatabaseFile, TellsThatAValueIsDamaged) {

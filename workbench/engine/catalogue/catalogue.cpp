@@ -285,6 +285,14 @@ TablePtr Catalogue::byPhysicalName(std::string_view name) const {
   return found == tables_.end() ? nullptr : found->second;
 }
 
+std::vector<TablePtr> Catalogue::permanentTables() const {
+  std::vector<TablePtr> found;
+  for (const auto& [key, table] : tables_) {
+    if (!table->temporary) found.push_back(table);
+  }
+  return found;
+}
+
 std::vector<TablePtr> Catalogue::temporariesOf(int session) const {
   std::vector<TablePtr> result;
   for (const auto& [key, table] : tables_) {

@@ -92,6 +92,8 @@ class Catalogue {
   void remove(const Table& table);
   void remove(const Module& module);
   std::vector<TablePtr> temporariesOf(int session) const;
+  /// The tables that are kept in the file.
+  std::vector<TablePtr> permanentTables() const;
   /// The table that SQLite knows by this name, or null.
   TablePtr byPhysicalName(std::string_view name) const;
 

@@ -151,6 +151,7 @@ std::shared_ptr<Database> Database::openFile(const std::string& path) {
   try {
     database.reset(new Database(std::move(handle)));
     database->load();
+    database->checkTables();
   } catch (const RuntimeError& error) {
     throw fileError(path, error.description());
   }
@@ -217,6 +218,18 @@ void Database::load() {
   if (wholeNumber(prepared(handle(), "PRAGMA user_version")) == collationVersion) return;
   run("REINDEX KB");
   run("PRAGMA user_version = " + std::to_string(collationVersion));
+}
+
+void Database::checkTables() const {
+  for (const TablePtr& table : catalogue_.permanentTables()) {
+    std::string columns;
+    for (const TableColumn& column : table->columns) {
+      columns += (columns.empty() ? "t." : ", t.") + quoted(column.name);
+    }
+    if (!prepared(handle(), "SELECT " + columns + " FROM " + table->sqliteName() + " AS t")) {
+      throw SqlError(824, "the table " + table->name + " is not stored as its catalogue says");
+    }
+  }
 }
 
 void Database::run(const std::string& sql) {

@@ -67,6 +67,8 @@ class Database {
   static Handle open(const std::string& path, int flags);
   void setUp();
   void load();
+  /// SqlError when a table is not stored as the catalogue says, as in a damaged file.
+  void checkTables() const;
   struct UniqueIndex {
     std::string name;
     std::string sql;
