@@ -98,8 +98,8 @@ long_durability() (
 long_openings() (
   need_native_packages
   need_windows_packages
-  build release plugin_tests
-  KEBU_OPENINGS=10000 build/release/tests/plugin/plugin_tests --gtest_brief --gtest_filter='Openings.*' || exit 1
+  build walk plugin_tests
+  KEBU_OPENINGS=10000 build/walk/tests/plugin/plugin_tests --gtest_brief --gtest_filter='Openings.*' || exit 1
   build windows-x64
   source tools/wine.sh
   start_virtual_screen
