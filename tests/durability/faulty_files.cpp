@@ -84,6 +84,12 @@ constexpr sqlite3_io_methods methods = {
     .xFileControl = Forwarded<&sqlite3_io_methods::xFileControl>::call,
     .xSectorSize = Forwarded<&sqlite3_io_methods::xSectorSize>::call,
     .xDeviceCharacteristics = Forwarded<&sqlite3_io_methods::xDeviceCharacteristics>::call,
+    .xShmMap = nullptr,
+    .xShmLock = nullptr,
+    .xShmBarrier = nullptr,
+    .xShmUnmap = nullptr,
+    .xFetch = nullptr,
+    .xUnfetch = nullptr,
 };
 
 int open(sqlite3_vfs*, sqlite3_filename name, sqlite3_file* file, int flags, int* outFlags) {

@@ -154,7 +154,7 @@ void FaultWalk::playUsually() {
 /// The statements of opening and closing the window. Every scenario has them; those of company 1
 /// are walked through once, with the scenario opening, unless KEBU_FAULT_WALK is "all".
 std::set<std::string> openingStatements() {
-  FaultyRun run(demo(), 1, {});
+  FaultyRun run(demo().clone(), 1, {});
   EXPECT_TRUE(run.play(Scenario::parse("opening", "open\nclose")));
   return {run.statements().begin(), run.statements().end()};
 }
