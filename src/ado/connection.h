@@ -53,11 +53,11 @@ class Connection : public ErrorSource {
   /// Runs one statement without making a recordset, which is faster for the many
   /// statements of a loop. Does not call the function of whileExecuting.
   virtual void ExecuteNoRecords(const std::string& text) = 0;
-  /// From now on `meanwhile` may be called many times a second while a statement
-  /// of Execute or of a recordset's Open or Requery runs, so that a window can be
-  /// painted. It must not use the connection or that recordset. An empty function,
-  /// as at first: nothing is called.
-  virtual void whileExecuting(std::function<void()> meanwhile) = 0;
+  /// From now on `goOn` may be called many times a second while a statement of Execute or of a
+  /// recordset's Open or Requery runs, so that a window can be painted. It must not use the
+  /// connection or that recordset. When it gives false the statement is cancelled, and fails with
+  /// RuntimeError 3712. An empty function, as at first: nothing is called.
+  virtual void whileExecuting(std::function<bool()> goOn) = 0;
 };
 
 /// Whether the error, with which the last call failed, tells that there is no connection: it was

@@ -23,6 +23,8 @@ class RuntimeError : public std::exception {
   /// Whether a changed row was not found: somebody else deleted it or changed one of the
   /// changed fields since it was read.
   bool isConflict() const { return number_ == -2147217864; }
+  /// Whether the user interrupted the statement.
+  bool isCancelled() const { return number_ == operationCancelled; }
   const char* what() const noexcept override { return description_.c_str(); }
 
   static RuntimeError invalidCall() { return {5, "Invalid procedure call or argument"}; }
@@ -35,6 +37,10 @@ class RuntimeError : public std::exception {
   /// ADO's error for more characters than a field holds.
   static RuntimeError textTooLong() {
     return {tooLong, "Multiple-step operation generated errors. Check each status value.", "ADODB"};
+  }
+  /// ADO's error for a statement that was cancelled.
+  static RuntimeError cancelled() {
+    return {operationCancelled, "Operation has been canceled by the user.", "ADODB"};
   }
   static RuntimeError internalError(const std::string& detail = {}) {
     return {51, detail.empty() ? "Internal error" : "Internal error: " + detail};
@@ -51,6 +57,7 @@ class RuntimeError : public std::exception {
 
  private:
   static constexpr std::int32_t tooLong = -2147217887;
+  static constexpr std::int32_t operationCancelled = 3712;
 
   std::int32_t number_;
   std::string description_;

@@ -46,6 +46,7 @@ void ProgressBar::start() {
 void ProgressBar::setMaximum(std::int32_t maximum) {
   maximum_ = maximum;
   position_ = 0;
+  timeLeft_ = TimeLeft();
   changed.raise();
 }
 
@@ -60,6 +61,28 @@ bool ProgressBar::setPosition(std::int32_t position) {
 std::optional<std::int32_t> ProgressBar::percent() const {
   if (maximum_ <= 0) return std::nullopt;
   return static_cast<std::int32_t>(std::int64_t{100} * position_ / maximum_);
+}
+
+std::string ProgressBar::detail() const {
+  const Progress progress{position_, maximum_};
+  if (!running_ || maximum_ <= 0) return "";
+  return progressText(progress, timeLeft_.estimate(progress), translator_);
+}
+
+void ProgressBar::setInterruptible(bool interruptible) {
+  if (interruptible) interrupted_ = false;
+  setShown(interruptible_, interruptible);
+}
+
+void ProgressBar::interrupt() {
+  if (!interruptible_) throw GestureRefused("what " + Name() + " shows cannot be interrupted");
+  interrupted_ = true;
+}
+
+void ProgressBar::translate(const Translator& translator) {
+  Control::translate(translator);
+  interruptCaption_ = translator(interruptCaption_);
+  translator_ = translator;
 }
 
 void ProgressBar::stop() {

@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "controls/control.h"
+#include "controls/progress.h"
 
 namespace kebu::controls {
 
@@ -97,6 +98,9 @@ class ProgressBar : public OfKind<ControlKind::ProgressBar> {
   void setAnimated(bool animated) { setShown(animated_, animated); }
   const std::string& text() const { return text_; }
   void setText(const std::string& text) { setShown(text_, text); }
+  /// How far the work is and how long it will still take, in words; "" while that is not known.
+  std::string detail() const;
+  void translate(const Translator& translator) override;
   /// Whether the text stays when the bar stops.
   void setKeepsText(bool keeps) { keepsText_ = keeps; }
   void moveTo(std::int32_t left, std::int32_t top) {
@@ -118,12 +122,27 @@ class ProgressBar : public OfKind<ControlKind::ProgressBar> {
   /// Hides the bar.
   void stop();
 
+  /// Whether the user may interrupt the work.
+  bool isInterruptible() const { return interruptible_; }
+  void setInterruptible(bool interruptible);
+  /// What the button for it is called, with its key.
+  const std::string& interruptCaption() const { return interruptCaption_; }
+  /// The gesture; GestureRefused when the work is not to be interrupted.
+  void interrupt();
+  /// Whether the user has interrupted what is or was interruptible last.
+  bool isInterrupted() const { return interrupted_; }
+
  private:
   bool animated_ = false;
   bool keepsText_ = true;
   bool running_ = false;
+  bool interruptible_ = false;
+  bool interrupted_ = false;
+  std::string interruptCaption_ = "Interrompi (Esc)";
   std::int32_t maximum_ = 0;
   std::int32_t position_ = 0;
+  TimeLeft timeLeft_;
+  Translator translator_ = [](const std::string& text) { return text; };
   std::string text_;
   std::int32_t left_ = 0;
   std::int32_t top_ = 0;

@@ -51,11 +51,12 @@ class FilterPagesTest : public testing::Test {
   Services services{workplace.runtime().platform, window};
   controls::RecordFrame profile{"FME_ANAGRAFICA", services};
   PageContext context{workplace.runtime(), services, profile};
+  controls::ProgressBar bar{"PBAR"};
   std::shared_ptr<RecordingStore> store = std::make_shared<RecordingStore>();
 };
 
 TEST_F(FilterPagesTest, CreateTheirFiltersAsDefaultsAtTheFirstOpeningAndLoadThemAtLaterOnes) {
-  FilterPages(context).ImpostaEnQuery();
+  FilterPages(context, bar).ImpostaEnQuery();
   EXPECT_EQ(
       store->calls,
       (std::vector<std::string>{
@@ -65,7 +66,7 @@ TEST_F(FilterPagesTest, CreateTheirFiltersAsDefaultsAtTheFirstOpeningAndLoadThem
           "load KB_ART: Filtro articoli Tarvo"}));
 
   store->calls.clear();
-  FilterPages(context).ImpostaEnQuery();
+  FilterPages(context, bar).ImpostaEnQuery();
   EXPECT_EQ(store->calls, (std::vector<std::string>{"load KB_CLI: Filtro clienti Tarvo",
                                                     "load KB_ART: Filtro articoli Tarvo"}));
   workplace.close();
@@ -82,7 +83,7 @@ TEST_F(FilterPagesTest, CancelTheSaveWhenABuilderWasLeftByAbort) {
   services.setLog(workplace.plugin()->ClsGlobal()->CreateLog());
   controls::RecordFrame parameters("FME_PARAMETRI", services);
   composerFails = false;
-  FilterPages pages(context, {composePredicate, sql::composeConjunction});
+  FilterPages pages(context, bar, {composePredicate, sql::composeConjunction});
   pages.ImpostaEnQuery();
   const auto saves = [&](msgbox::Answer answer) {
     workplace.user().boxes.clear();

@@ -250,7 +250,7 @@ TEST(AdoAdapters, RaiseAnErrorOfAsynchronousWorkThatIsInErrorsOnly) {
   const auto real = std::make_shared<SilentConnection>();
   const Ref<ado::Connection> connection =
       windows::wrapConnection(windows::automated<SilentConnection>(real, silentMembers).get());
-  connection->whileExecuting([] {});
+  connection->whileExecuting([] { return true; });
   const auto numberOf = [&] {
     try {
       connection->Execute("STATEMENT");

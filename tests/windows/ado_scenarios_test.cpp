@@ -45,7 +45,7 @@ class ComObjects {
   explicit ComObjects(const workbench::Manners& manners = {}) : manners_(manners) {}
 
   /// With `meanwhile` each statement executes asynchronously.
-  Ref<ado::Connection> connect(const std::function<void()>& meanwhile) {
+  Ref<ado::Connection> connect(const std::function<bool()>& meanwhile) {
     const Ref<ado::Connection> connection = objects.newConnection();
     connection->whileExecuting(meanwhile);
     return connection;
@@ -61,7 +61,7 @@ class ComObjects {
       objects_, [this] { return workbench::newConnection(database_, nullptr, manners_); }};
 };
 
-Transcript runThroughCom(const AdoScenario& scenario, const std::function<void()>& meanwhile,
+Transcript runThroughCom(const AdoScenario& scenario, const std::function<bool()>& meanwhile,
                          const workbench::Manners& manners = {}) {
   ComObjects com(manners);
   AdoSide side{com.objects, [&] { return com.connect(meanwhile); }};
@@ -77,11 +77,13 @@ TEST_P(AdoScenarioTest, GivesTheSameThroughCom) {
 }
 
 TEST_P(AdoScenarioTest, GivesTheSameWithAsynchronousStatements) {
-  expectSame(runOnEngine(GetParam()), runThroughCom(GetParam(), [] {}), GetParam().landmarks);
+  expectSame(runOnEngine(GetParam()), runThroughCom(GetParam(), [] { return true; }),
+             GetParam().landmarks);
 }
 
 TEST_P(AdoScenarioTest, GivesTheSameWhereTheStateHidesErrors) {
-  expectSame(runOnEngine(GetParam()), runThroughCom(GetParam(), [] {}, {.silentState = true}),
+  expectSame(runOnEngine(GetParam()),
+             runThroughCom(GetParam(), [] { return true; }, {.silentState = true}),
              GetParam().landmarks);
 }
 
@@ -112,6 +114,7 @@ TEST(WhileExecuting, RunsWhileTheConnectionWorks) {
     } catch (const RuntimeError& error) {
       refusal = error.number();
     }
+    return true;
   });
   const auto count = [](const Ref<ado::Recordset>& rows) { return describe(rows->value("N")); };
   EXPECT_EQ(count(connection->Execute(slowCount)), "int32 12");
@@ -131,6 +134,39 @@ TEST(WhileExecuting, RunsWhileTheConnectionWorks) {
   connection->whileExecuting({});
   EXPECT_EQ(count(connection->Execute(slowCount)), "int32 12");
   EXPECT_EQ(calls, 0) << "not without a function to call";
+}
+
+TEST(WhileExecuting, CancelsTheStatementWhenToldSo) {
+  ComObjects com;
+  const Ref<ado::Connection> connection = com.objects.newConnection();
+  connection->Open();
+  int calls = 0;
+  connection->whileExecuting([&] { return ++calls < 2; });
+  const auto numberOf = [](const std::function<void()>& work) {
+    try {
+      work();
+    } catch (const RuntimeError& error) {
+      return error.number();
+    }
+    return 0;
+  };
+  constexpr std::int32_t cancelled = 3712;
+  // Some minutes for the engine.
+  const std::string endless =
+      "SELECT COUNT(*) AS N FROM T A, T B, T C, T D WHERE A.K + B.K + C.K + D.K = 7";
+  EXPECT_EQ(numberOf([&] { connection->Execute(endless); }), cancelled);
+  calls = 0;
+  const Ref<ado::Recordset> rows = com.objects.newRecordset();
+  rows->setCursorLocation(ado::CursorLocation::Client);
+  EXPECT_EQ(numberOf([&] {
+              rows->Open(endless, connection, ado::CursorType::Static, ado::LockType::ReadOnly);
+            }),
+            cancelled);
+  EXPECT_FALSE(rows->isOpen());
+  // The connection is as before.
+  connection->whileExecuting([] { return true; });
+  EXPECT_EQ(describe(connection->Execute("SELECT COUNT(*) AS N FROM T WHERE K = 1")->value("N")),
+            "int32 1");
 }
 
 }  // namespace

@@ -1,6 +1,8 @@
 #include "workbench/ado/ado_connection.h"
 
+#include <chrono>
 #include <optional>
+#include <thread>
 #include <utility>
 
 #include "workbench/ado/ado_error.h"
@@ -92,6 +94,7 @@ template <class Work>
 void AdoConnection::observed(const std::string& text, bool edit, std::int32_t timeout,
                              Work&& work) {
   errors_.clear();
+  if (!asynchronous_) cancelled_ = false;  // a cancellation that came too late
   const bool heard = observer_ != nullptr && observer_->isListening();
   if (heard) {
     const auto unread = unread_.lock();
@@ -102,13 +105,40 @@ void AdoConnection::observed(const std::string& text, bool edit, std::int32_t ti
     requireServer();
     const std::int32_t seconds = heard ? observer_->secondsOf(text) : 0;
     if (timeout != 0 && seconds > timeout) throw adoerror::timeout();
+    if (heard && observer_->isInterrupted(text)) awaitCancel();
     const auto [rows, hidden] = work();
     if (heard && !hidden) observer_->carriedOut(text);
     if (heard) observer_->after(text, edit, rows, hidden ? &*hidden : nullptr);
-  } catch (const RuntimeError& error) {
+  } catch (const RuntimeError& caught) {
+    if (!cancelled_.exchange(false)) {
+      keep(caught);
+      if (heard) observer_->after(text, edit, 0, &caught);
+      throw;
+    }
+    const RuntimeError error = RuntimeError::cancelled();
     keep(error);
     if (heard) observer_->after(text, edit, 0, &error);
-    throw;
+    throw error;
+  }
+}
+
+void AdoConnection::cancel() {
+  cancelled_ = true;
+  if (session_) session_->interrupt();
+}
+
+void AdoConnection::setAsynchronous(bool asynchronous) {
+  asynchronous_ = asynchronous;
+  cancelled_ = false;
+}
+
+void AdoConnection::awaitCancel() {
+  constexpr int most = 300;
+  constexpr std::chrono::milliseconds pause(10);
+  for (int i = 0; i < most && (goOn_ || asynchronous_); ++i) {
+    if (goOn_ && !goOn_()) cancelled_ = true;
+    if (cancelled_) throw RuntimeError::cancelled();
+    if (asynchronous_) std::this_thread::sleep_for(pause);
   }
 }
 

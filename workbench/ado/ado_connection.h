@@ -1,5 +1,6 @@
 #pragma once
 
+#include <atomic>
 #include <cstdint>
 #include <functional>
 #include <memory>
@@ -35,8 +36,12 @@ class AdoConnection : public ado::Connection, public std::enable_shared_from_thi
   void setCommandTimeout(std::int32_t seconds) override { commandTimeout_ = seconds; }
   Ref<ado::Recordset> Execute(const std::string& text) override;
   void ExecuteNoRecords(const std::string& text) override;
-  /// Never calls it: a statement runs on the caller's own thread.
-  void whileExecuting(std::function<void()> /*meanwhile*/) override {}
+  /// Calls it only while a statement is interrupted: statements run on the caller's own thread.
+  void whileExecuting(std::function<bool()> goOn) override { goOn_ = std::move(goOn); }
+  /// The statement that runs on another thread fails with 3712, unless it has ended.
+  void cancel();
+  /// From here to setAsynchronous(false) a statement runs on a thread of its own.
+  void setAsynchronous(bool asynchronous);
   ado::Errors errors() const override { return errors_; }
   void clearErrors() { errors_.clear(); }
   std::int32_t commandTimeout() const { return commandTimeout_; }
@@ -63,12 +68,17 @@ class AdoConnection : public ado::Connection, public std::enable_shared_from_thi
   void keep(const RuntimeError& error);
   /// ConnectionError when the server went away since the connection was opened.
   void requireServer();
+  /// Waits for the user's interruption; 3712 when the statement was cancelled.
+  void awaitCancel();
 
   std::shared_ptr<engine::Database> database_;
   StatementObserver* observer_;
   Manners manners_;
   std::string connectionString_;
   std::int32_t commandTimeout_ = ado::usualTimeout;
+  std::function<bool()> goOn_;
+  std::atomic<bool> cancelled_ = false;
+  std::atomic<bool> asynchronous_ = false;
   std::weak_ptr<UnreadRows> unread_;
   std::unique_ptr<engine::Session> session_;
   int outagesBefore_ = 0;  ///< of the server, when it was opened

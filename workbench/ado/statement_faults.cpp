@@ -69,4 +69,16 @@ std::int32_t StatementFaults::secondsOf(const std::string& statement) {
   return seconds;
 }
 
+bool StatementFaults::isInterrupted(const std::string& statement) {
+  const auto due = std::find_if(interruptions_.begin(), interruptions_.end(),
+                                [&](const Interruption& interruption) {
+                                  return statement.find(interruption.text) != std::string::npos;
+                                });
+  if (due == interruptions_.end()) return false;
+  const std::function<void()> gesture = std::move(due->gesture);
+  interruptions_.erase(due);
+  gesture();
+  return true;
+}
+
 }  // namespace kebu::workbench

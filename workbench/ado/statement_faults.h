@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <functional>
 #include <optional>
 #include <string>
 #include <utility>
@@ -23,12 +24,19 @@ class StatementFaults {
   void startServer();
   bool isServerAway() const { return away_; }
   int outages() const { return outages_; }
+  /// While the next statement that contains `text` works, the user makes the gesture that
+  /// interrupts it.
+  void interrupt(const std::string& text, std::function<void()> gesture) {
+    interruptions_.push_back({text, std::move(gesture)});
+  }
   /// Throws the error that is planned for the statement, if any.
   void raiseFor(const std::string& statement);
   /// The same for a statement that was carried out.
   void raiseAfter(const std::string& statement);
   /// The seconds that the statement is to last, 0 when nothing is planned for it.
   std::int32_t secondsOf(const std::string& statement);
+  /// Whether the user interrupts the statement; he does it now.
+  bool isInterrupted(const std::string& statement);
 
   /// A fault of the plug-in's: it ran `statement` while rows of another one were unread.
   void noteSecondConnection(const std::string& statement, const std::string& unread);
@@ -46,6 +54,11 @@ class StatementFaults {
     std::int32_t seconds;
   };
 
+  struct Interruption {
+    std::string text;
+    std::function<void()> gesture;
+  };
+
   /// The text of the fault that is due for the statement, which is used up; nothing without one.
   static std::optional<std::string> take(std::vector<Fault>& faults, const std::string& statement);
 
@@ -55,6 +68,7 @@ class StatementFaults {
   std::optional<std::string> stopsServer_;  ///< the text of the statement
   bool away_ = false;
   int outages_ = 0;
+  std::vector<Interruption> interruptions_;
   std::vector<std::string> notes_;
 };
 

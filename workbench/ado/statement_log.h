@@ -18,6 +18,7 @@ class StatementLog : public StatementObserver {
   std::int32_t secondsOf(const std::string& text) override { return faults_.secondsOf(text); }
   void opening() override;
   int outages() const override { return faults_.outages(); }
+  bool isInterrupted(const std::string& text) override { return faults_.isInterrupted(text); }
   void carriedOut(const std::string& text) override { faults_.raiseAfter(text); }
   void after(const std::string& text, bool edit, std::int64_t rows,
              const RuntimeError* error) override;

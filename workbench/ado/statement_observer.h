@@ -19,6 +19,9 @@ class StatementObserver {
   /// The seconds that the statement is to be taken to last, asked after `before`. Beyond its
   /// time-out it fails without being run.
   virtual std::int32_t secondsOf(const std::string& /*text*/) { return 0; }
+  /// Whether the user interrupts the statement, asked after `before`. It is then taken to last
+  /// until it is cancelled, or some seconds where it cannot be.
+  virtual bool isInterrupted(const std::string& /*text*/) { return false; }
   /// It was carried out. A RuntimeError that is thrown here reaches the plug-in in the place of
   /// the result, as when the connection breaks before the answer arrives.
   virtual void carriedOut(const std::string& /*text*/) {}

@@ -57,6 +57,8 @@ class Hands {
   /// Presses keys, one right after the other: "F3" to "F11", "Enter", "Esc". Those that
   /// come while the window works are lost; one that means nothing now does nothing.
   virtual void pressKeys(const std::vector<std::string>& keys) = 0;
+  /// Interrupts the work that the window is at. Called while a statement works, on any thread.
+  virtual void interrupt() = 0;
   /// Reads again what the page shows, with the key for it.
   virtual void refresh() = 0;
   /// Whether the control was given the focus by the window.

@@ -88,6 +88,11 @@ void slow(Player& player, const Words& arguments) {
   player.stage().faults.slowDown(arguments[0], seconds);
 }
 
+void interrupt(Player& player, const Words& arguments) {
+  player.stage().faults.interrupt(arguments[0],
+                                  [&hands = player.stage().hands] { hands.interrupt(); });
+}
+
 void sql(Player& player, const Words& arguments) {
   for (const engine::ResultSet& result : player.stage().sql(arguments[0])) {
     writeResult(player.out(), result, "  ");

@@ -1,6 +1,10 @@
 #include "workbench/player/model_desktop.h"
 
 #include <algorithm>
+#include <utility>
+
+#include "controls/form.h"
+#include "controls/simple_controls.h"
 
 namespace kebu::workbench {
 
@@ -25,6 +29,19 @@ void ModelDesktop::hide(controls::Form& form) {
 void ModelDesktop::runLookup(controls::LookupList& list) {
   ModelList shown(list);
   user_.chooseFrom(shown);
+}
+
+void ModelDesktop::repaint() {
+  if (!std::exchange(interrupts_, false) || !front()) return;
+  for (controls::Control* control : front()->controls()) {
+    auto* const bar = controls::as<controls::ProgressBar>(*control);
+    if (bar && bar->isInterruptible()) bar->interrupt();
+  }
+}
+
+void ModelDesktop::beginWork() {
+  ++works_;
+  interrupts_ = false;
 }
 
 bool ModelDesktop::shows(const controls::Form& form) const {

@@ -35,20 +35,23 @@ class ModelDesktop : public controls::Desktop {
   void runModal(controls::Form& form) override;
   void hide(controls::Form& form) override;
   void runLookup(controls::LookupList& list) override;
-  void repaint() override {}
-  void beginWork() override { ++works_; }
+  void repaint() override;
+  void beginWork() override;
 
   /// Another window of the user's comes to the front.
   void activate(controls::Form& form);
   /// The window in front; null when none is shown.
   controls::Form* front() const { return forms_.empty() ? nullptr : forms_.back(); }
   bool shows(const controls::Form& form) const;
+  /// The user interrupts the work that is going on, if it offers that.
+  void interruptSoon() { interrupts_ = true; }
   /// How many works there have been.
   int works() const { return works_; }
 
  private:
   User& user_;
   int works_ = 0;
+  bool interrupts_ = false;
   std::vector<controls::Form*> forms_;  // the front window is the last
 };
 

@@ -40,6 +40,7 @@ class ModelHands : public Hands {
   void pressKeys(const std::vector<std::string>& keys) override;
   void refresh() override { window().refreshPage(); }
   bool isFocused(const std::string& name) override;
+  void interrupt() override { desktop_.interruptSoon(); }
   void activateWindow() override;
   void windowOpened(std::int32_t number) override { windows_[number] = desktop_.front(); }
   void toFront(std::int32_t number) override { desktop_.activate(*windows_.at(number)); }

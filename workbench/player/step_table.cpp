@@ -72,6 +72,9 @@ constexpr std::array table{
          steps::server},
     Step{"slow", 2, 2, "TEXT SECONDS", "the next statement that contains TEXT lasts so long",
          steps::slow},
+    Step{"interrupt", 1, 1, "TEXT",
+         "the user interrupts the next statement that contains TEXT, where the window offers it",
+         steps::interrupt},
     Step{"sql", 1, 1, "STATEMENT", "runs a statement on a connection of its own", steps::sql},
     Step{"print", 1, 3, "CONTROL | GRID FIRST [LAST] | host",
          "prints what the user sees; in a grid * is locked, ~ unused, ? not found, + in order, ! "

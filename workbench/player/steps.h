@@ -22,6 +22,7 @@ void fail(Player& player, const Words& arguments);
 void lose(Player& player, const Words& arguments);
 void server(Player& player, const Words& arguments);
 void slow(Player& player, const Words& arguments);
+void interrupt(Player& player, const Words& arguments);
 void sql(Player& player, const Words& arguments);
 
 // gesture_steps.cpp

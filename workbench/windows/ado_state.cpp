@@ -7,8 +7,22 @@
 
 namespace kebu::workbench {
 
+namespace {
+
+/// On the thread of an asynchronous statement, until its end.
+struct AsynchronousWork {
+  AdoConnection& connection;
+  ~AsynchronousWork() { connection.setAsynchronous(false); }
+};
+
+}  // namespace
+
 bool RecordsetState::isExecuting() const {
   return coming.valid() && coming.wait_for(std::chrono::seconds(0)) != std::future_status::ready;
+}
+
+void RecordsetState::cancel() const {
+  if (isExecuting()) worker->cancel();
 }
 
 std::int32_t RecordsetState::state() {
@@ -57,8 +71,14 @@ bool isAsynchronous(const windows::Arguments& arguments, std::size_t at) {
 
 void runAsynchronously(const std::shared_ptr<RecordsetState>& recordset,
                        ConnectionState& connection, std::function<Ref<ado::Recordset>()> work) {
-  recordset->hidesError = connection.own()->manners().silentState;
-  recordset->coming = std::async(std::launch::async, std::move(work));
+  recordset->worker = connection.own();
+  recordset->hidesError = recordset->worker->manners().silentState;
+  recordset->worker->setAsynchronous(true);
+  recordset->coming =
+      std::async(std::launch::async, [work = std::move(work), worker = recordset->worker] {
+        const AsynchronousWork ending{*worker};
+        return work();
+      });
   connection.last = recordset;
 }
 

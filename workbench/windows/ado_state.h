@@ -27,6 +27,7 @@ struct RecordsetState {
   /// The rows of a statement that executes asynchronously, on a thread of its own; until they are
   /// there the recordset stays as it was.
   std::future<Ref<ado::Recordset>> coming;
+  std::shared_ptr<AdoConnection> worker;  ///< on which that statement runs
   windows::ComPtr<IDispatch> connection;
   std::string source;
   ado::CursorLocation location = ado::CursorLocation::Server;
@@ -37,6 +38,8 @@ struct RecordsetState {
 
   AdoRecordset& own() const { return dynamic_cast<AdoRecordset&>(*rows); }
   bool isExecuting() const;
+  /// Ends the statement that executes, if one does.
+  void cancel() const;
   /// ADO's State. The first call after an asynchronous statement raises its error, if its
   /// connection's manners do not hide it.
   std::int32_t state();

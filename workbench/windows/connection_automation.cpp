@@ -80,6 +80,11 @@ constexpr Member<ConnectionState> connectionMembers[] = {
        return Variant(c.isExecuting() ? state | stateExecuting : state);
      }},
     {L"Execute", execute},
+    {L"Cancel",
+     [](ConnectionState& c, Argument) {
+       if (const auto recordset = c.last.lock()) recordset->cancel();
+       return nothing();
+     }},
     {L"Version", [](ConnectionState&, Argument) { return Variant("the workbench's"); }},
     {L"Provider", [](ConnectionState&, Argument) { return Variant("Workbench"); }},
     {L"CommandTimeout",

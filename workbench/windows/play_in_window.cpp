@@ -87,7 +87,9 @@ int lineOfFirstFault(const Scenario& scenario) {
   for (const ScenarioLine& line : scenario.lines()) {
     if (line.words.empty()) continue;
     const std::string& step = line.words.front();
-    if (step == "fail" || step == "lose" || step == "slow") return line.number;
+    if (step == "fail" || step == "lose" || step == "slow" || step == "interrupt") {
+      return line.number;
+    }
   }
   return 0;
 }

@@ -287,6 +287,11 @@ constexpr Member<RecordsetObject> recordsetMembers[] = {
        return nothing();
      }},
     {L"Close", on<doing<&ado::Recordset::Close>>},
+    {L"Cancel",
+     [](RecordsetObject& r, Argument) {
+       r.state->cancel();
+       return nothing();
+     }},
     {L"State", [](RecordsetObject& r, Argument) { return Variant(r.state->state()); }},
     {L"NextRecordset",
      [](RecordsetObject& r, Argument) {

@@ -520,6 +520,10 @@ void WindowHands::pressKeys(const std::vector<std::string>& keys) {
   settle();
 }
 
+void WindowHands::interrupt() {
+  pressKey(front(), VK_ESCAPE);
+}
+
 void WindowHands::refresh() {
   HWND focused = focus();
   pressKey(focused ? focused : front(), VK_F5);

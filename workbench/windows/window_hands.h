@@ -49,6 +49,7 @@ class WindowHands : public Hands {
   void pressKeys(const std::vector<std::string>& keys) override;
   void refresh() override;
   bool isFocused(const std::string& control) override;
+  void interrupt() override;
   void activateWindow() override;
   void windowOpened(std::int32_t number) override;
   void toFront(std::int32_t number) override;

@@ -34,8 +34,8 @@ class RowsAsText final : public GridTask {
              std::function<void(std::string_view piece)> write);
 
   bool work() override;
-  std::int32_t percent() const override {
-    return percentOf(static_cast<std::int64_t>(written_), static_cast<std::int64_t>(rows_.size()));
+  Progress progress() const override {
+    return {static_cast<std::int64_t>(written_), static_cast<std::int64_t>(rows_.size())};
   }
 
  private:

@@ -3,8 +3,6 @@
 #include <algorithm>
 #include <utility>
 
-#include "common/locale.h"
-
 namespace kebu::controls {
 
 namespace {
@@ -12,16 +10,6 @@ namespace {
 constexpr std::int32_t shortList = 4096;  // rows
 
 }  // namespace
-
-std::string groupedNumber(std::int64_t number) {
-  std::string text = std::to_string(number);
-  const std::string separator(1, runtimeLocale().groupSeparator);
-  const std::ptrdiff_t sign = number < 0 ? 1 : 0;
-  for (auto at = static_cast<std::ptrdiff_t>(text.size()) - 3; at > sign; at -= 3) {
-    text.insert(static_cast<std::size_t>(at), separator);
-  }
-  return text;
-}
 
 GridTools::GridTools(GridRows& rows, std::string name, SettingStore* store, Translator translator)
     : rows_(rows), name_(std::move(name)), store_(store), translator_(std::move(translator)) {}
@@ -176,7 +164,7 @@ void GridTools::takeStep() {
   const std::int32_t count = rows_.rowCount();
   const std::int32_t row = *step_ == 0 ? origin_ : rows_.currentRow();
   const std::int32_t from = placeOf(std::max(row, 1));
-  const bool isComplete = search_->percent() == 100;
+  const bool isComplete = search_->progress().isComplete();
   if (!isComplete) {
     // Rows are read from the first one on: in that order alone the next one is known early.
     if (isReordered() || *step_ < 0) return;
@@ -286,8 +274,9 @@ void GridTools::cancel() {
 
 std::string GridTools::status() const {
   if (task_) {
-    return translated(task_->name) + "... " + std::to_string(task_->task->percent()) + " % " +
-           translated("(Esc: annulla)");
+    const Progress progress = task_->task->progress();
+    return translated(task_->name) + "... " +
+           progressText(progress, task_->timeLeft.estimate(progress), translator_);
   }
   const std::int32_t count = rows_.rowCount();
   std::string all = groupedNumber(count) + ' ' + translated(count == 1 ? "riga" : "righe");

@@ -89,7 +89,8 @@ class GridTools {
   /// Does all that is left.
   void finish();
   void cancel();
-  /// What the grid's foot says: the number of rows, what was found, or how far the work is.
+  /// What the grid's foot says: the number of rows, what was found, or how far the work is and how
+  /// long it will still take.
   std::string status() const;
 
   std::string translated(const std::string& text) const { return translator_(text); }
@@ -108,6 +109,7 @@ class GridTools {
     const char* name;  ///< in Italian
     std::function<void(bool complete)> ended;
     std::optional<Sort> sort = std::nullopt;
+    TimeLeft timeLeft = TimeLeft();
   };
 
   void start(Task task);
@@ -143,8 +145,5 @@ class GridTools {
   std::int32_t checkedTo_ = 0;  ///< up to here there is none to go to, during the search
   std::unique_ptr<Task> task_;
 };
-
-/// A whole number as people read it: "1.000.000".
-std::string groupedNumber(std::int64_t number);
 
 }  // namespace kebu::controls

@@ -17,7 +17,7 @@ class RowSearch final : public GridTask {
   RowSearch(GridRows& rows, const std::string& text, std::optional<std::size_t> column);
 
   bool work() override;
-  std::int32_t percent() const override { return percentOf(read_, total_); }
+  Progress progress() const override { return {read_, total_}; }
   /// By row, from 1; what has been found so far.
   bool isFound(std::int32_t row) const { return found_[static_cast<std::size_t>(row)]; }
   std::int32_t foundRows() const { return foundRows_; }

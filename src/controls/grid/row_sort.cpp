@@ -38,8 +38,9 @@ RowSort::RowSort(GridRows& rows, std::size_t column, bool isDescending)
   }
 }
 
-std::int32_t RowSort::percent() const {
-  return percentOf(steps_, allSteps_);
+Progress RowSort::progress() const {
+  const auto total = static_cast<std::int64_t>(count());
+  return {allSteps_ == 0 ? total : total * steps_ / allSteps_, total};
 }
 
 bool RowSort::work() {

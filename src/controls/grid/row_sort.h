@@ -24,7 +24,8 @@ class RowSort final : public GridTask {
   RowSort(GridRows& rows, std::size_t column, bool isDescending);
 
   bool work() override;
-  std::int32_t percent() const override;
+  /// A row is handled in several phases; it counts in parts.
+  Progress progress() const override;
   /// The rows in their new order, when all is done.
   std::vector<std::int32_t> takeOrder() { return std::move(order_); }
 

@@ -4,6 +4,7 @@
 
 #include "common/convert.h"
 #include "common/nulls.h"
+#include "forms/interruptible.h"
 #include "sql/filters.h"
 #include "sql/preview.h"
 #include "sql/query_predicate.h"
@@ -62,8 +63,8 @@ const FilterSubject& articlesSubject() {
 }
 
 FilterEditor::FilterEditor(PageContext& context, controls::QueryEditor& editor,
-                           const FilterSubject& subject)
-    : context_(context), editor_(editor), subject_(subject) {
+                           controls::ProgressBar& bar, const FilterSubject& subject)
+    : context_(context), editor_(editor), bar_(bar), subject_(subject) {
   editor_.setTranslator([this](const std::string& text) { return context_.translate(text); });
   editor_.StartLookup.on([this](const Request& request, std::optional<Value>& chosen) {
     StartLookup(request, chosen);
@@ -183,7 +184,16 @@ void FilterEditor::Conta(std::string& answer) {
     const std::string filter = p.step([&] { return condition(); });
     const std::string view = p.lookUpText(sql::NomeTabella(subject_.previewKind), "Tabella");
     if (view.empty()) return;  // which view it is could not be read
-    const auto rows = p.read(subject_.countStatement(view, p.company(), filter));
+    const std::string statement = subject_.countStatement(view, p.company(), filter);
+    Ref<ado::Recordset> rows;
+    const bool isInterrupted = p.step([&] {
+      return !runInterruptibly(context_, bar_, "Conteggio in corso...",
+                               [&] { rows = context_.connection->Execute(statement); });
+    });
+    if (isInterrupted) {
+      answer = context_.translate("Conteggio interrotto.");
+      return;
+    }
     const std::string counted = RTrimN(p.value(rows, "QUANTI"));
     const std::string listed = RTrimN(p.value(rows, "ELENCATI"));
     if (counted.empty()) return;

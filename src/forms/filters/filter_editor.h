@@ -40,7 +40,9 @@ struct FilterClause {
 /// editor's name: "ENHQUERY_CLI_StartLookup".
 class FilterEditor {
  public:
-  FilterEditor(PageContext& context, controls::QueryEditor& editor, const FilterSubject& subject);
+  /// `bar` is shown while rows are counted.
+  FilterEditor(PageContext& context, controls::QueryEditor& editor, controls::ProgressBar& bar,
+               const FilterSubject& subject);
 
   /// Hands the editor the host's objects and declares its fields. Its saved filters
   /// are kept under the host application's code and `keySuffix`.
@@ -70,6 +72,7 @@ class FilterEditor {
 
   PageContext& context_;
   controls::QueryEditor& editor_;
+  controls::ProgressBar& bar_;
   const FilterSubject& subject_;
 };
 

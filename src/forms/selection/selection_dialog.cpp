@@ -34,10 +34,10 @@ SelectionDialog::SelectionDialog(const Kind& kind, SelectionCaller& caller)
       trace_(caller.context.runtime().platform, kind.name),
       caller_(&caller),
       context_(caller.context),
-      filter_(context_, editor_, kind.subject()) {
+      filter_(context_, editor_, PBAR_CONTA, kind.subject()) {
   trace_.initialized();
   setCaption(kind.caption);
-  addAll(editor_, CMD_FILTROPROFILO, CMD_OK, CMD_ANNULLA);
+  addAll(editor_, CMD_FILTROPROFILO, CMD_OK, CMD_ANNULLA, PBAR_CONTA);
   CMD_OK.setDefault(true);
   CMD_ANNULLA.setCancel(true);
   CMD_FILTROPROFILO.setVisible(caller.profileFilter != nullptr);

@@ -54,6 +54,7 @@ class SelectionDialog : public controls::Form {
   controls::Button CMD_FILTROPROFILO{"CMD_FILTROPROFILO", "Filtro del profilo"};
   controls::Button CMD_OK{"CMD_OK", "OK"};
   controls::Button CMD_ANNULLA{"CMD_ANNULLA", "Annulla"};
+  controls::ProgressBar PBAR_CONTA{"PBAR_CONTA"};
 
  private:
   void CMD_FILTROPROFILO_ButtonClick();

@@ -2,6 +2,7 @@
 
 #include <utility>
 
+#include "common/trap.h"
 #include "windows/ado/ado_constants.h"
 #include "windows/ado/ado_objects.h"
 #include "windows/ado/error_collection.h"
@@ -51,8 +52,8 @@ void AdoConnection::ExecuteNoRecords(const std::string& text) {
   });
 }
 
-void AdoConnection::whileExecuting(std::function<void()> meanwhile) {
-  meanwhile_ = std::move(meanwhile);
+void AdoConnection::whileExecuting(std::function<bool()> goOn) {
+  goOn_ = std::move(goOn);
 }
 
 void AdoConnection::clearErrors() const {
@@ -60,8 +61,12 @@ void AdoConnection::clearErrors() const {
 }
 
 void AdoConnection::await(const Dispatch& worker) const {
-  windows::await(object_, meanwhile_);
-  windows::await(worker, meanwhile_);
+  if (!windows::await(object_, goOn_) || !windows::await(worker, goOn_)) {
+    // What ADO says of a cancelled statement differs by version and provider. It may say it when
+    // the state is read next.
+    ignoringErrors([&] { static_cast<void>(worker.number(L"State")); });
+    throw RuntimeError::cancelled();
+  }
   // Not every version raises the error when the state is read. Warnings have other numbers.
   for (const ado::Error& error : errors()) {
     if (error.number < 0) throw RuntimeError(error.number, error.description, error.source);

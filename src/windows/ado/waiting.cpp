@@ -26,17 +26,27 @@ class ApartmentWait {
 
 }  // namespace
 
-void await(const Dispatch& object, const std::function<void()>& meanwhile) {
+bool await(const Dispatch& object, const std::function<bool()>& goOn) {
   constexpr DWORD longest = 16;  // milliseconds
   const ApartmentWait wait;
-  // The first pauses are short, so that a quick statement is not delayed.
-  DWORD pause = 0;
-  // Reading the state also raises the statement's error, once.
-  while (object && (object.number(L"State") & (stateExecuting | stateFetching)) != 0) {
-    wait(pause);
-    if (pause == longest) meanwhile();
-    pause = std::clamp<DWORD>(2 * pause, 1, longest);
+  bool isCancelled = false;
+  try {
+    // The first pauses are short, so that a quick statement is not delayed.
+    DWORD pause = 0;
+    // Reading the state also raises the statement's error, once.
+    while (object && (object.number(L"State") & (stateExecuting | stateFetching)) != 0) {
+      wait(pause);
+      const bool isStopped = pause == longest && !goOn();
+      if (isStopped && !isCancelled) {
+        isCancelled = true;
+        object.call(L"Cancel");
+      }
+      pause = std::clamp<DWORD>(2 * pause, 1, longest);
+    }
+  } catch (const RuntimeError&) {
+    if (!isCancelled) throw;
   }
+  return !isCancelled;
 }
 
 }  // namespace kebu::windows

@@ -211,6 +211,10 @@ Program& Session::programOf(const ModulePtr& module) {
   return program;
 }
 
+void Session::interrupt() {
+  sqlite3_interrupt(database_->handle());
+}
+
 std::int64_t Session::lastRowId() const {
   return sqlite3_last_insert_rowid(database_->handle());
 }

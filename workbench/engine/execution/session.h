@@ -76,6 +76,8 @@ class Session {
   std::vector<ResultSet> execute(const std::string& batch);
   /// The rows that the last batch inserted, changed and deleted; -1 when it only read.
   std::int64_t rowsAffected() const { return state_.rowsAffected; }
+  /// Ends what runs in the database, with an error; may be called on another thread.
+  void interrupt();
   /// For the interpreters.
   SessionState& state() { return state_; }
   /// The id of the row last inserted.

@@ -20,12 +20,13 @@ struct FilterPages::Filter {
   std::function<std::optional<std::string>()> condition;
 };
 
-FilterPages::FilterPages(PageContext& context, const QueryComposer& composer)
+FilterPages::FilterPages(PageContext& context, controls::ProgressBar& bar,
+                         const QueryComposer& composer)
     : ENHQUERY_CLI("ENHQUERY_CLI", context.services, composer),
       ENHQUERY_ART("ENHQUERY_ART", context.services, composer),
       context_(context),
-      customers_(context, ENHQUERY_CLI, customersSubject()),
-      articles_(context, ENHQUERY_ART, articlesSubject()) {
+      customers_(context, ENHQUERY_CLI, bar, customersSubject()),
+      articles_(context, ENHQUERY_ART, bar, articlesSubject()) {
   for (controls::QueryEditor* editor : {&ENHQUERY_CLI, &ENHQUERY_ART}) {
     // A changed filter is saved with the profile.
     editor->CurrentRecordChanged.on([this, editor](const std::string&) {

@@ -18,7 +18,9 @@ namespace kebu::forms {
 /// conditions are stored with the profile's parameters.
 class FilterPages : public Page {
  public:
-  explicit FilterPages(PageContext& context, const QueryComposer& composer = sql::queryComposer);
+  /// `bar` is shown while rows are counted.
+  FilterPages(PageContext& context, controls::ProgressBar& bar,
+              const QueryComposer& composer = sql::queryComposer);
 
   controls::QueryEditor ENHQUERY_CLI;
   controls::QueryEditor ENHQUERY_ART;

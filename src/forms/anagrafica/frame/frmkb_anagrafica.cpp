@@ -42,7 +42,7 @@ FRMKB_ANAGRAFICA::FRMKB_ANAGRAFICA(const Runtime& runtime)
       deposits_(context_),
       priceLists_(context_, progress_),
       preview_(context_, progress_),
-      filters_(context_),
+      filters_(context_, progress_.PBAR),
       discounts_(context_, progress_, INAV_PAR),
       profile_(context_, INAV_PAR,
                {parameters_, categories_, deposits_, priceLists_, filters_, synchronisation_}),

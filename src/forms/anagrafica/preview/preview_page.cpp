@@ -3,6 +3,7 @@
 #include "common/convert.h"
 #include "controls/grid/grid_tools.h"
 #include "forms/anagrafica/preview/preview_columns.h"
+#include "forms/interruptible.h"
 #include "sql/preview.h"
 
 namespace kebu::forms {
@@ -36,6 +37,7 @@ void PreviewPage::loadAgain() {
 
 void PreviewPage::read() {
   const bool customers = shown_.kind == PreviewKind::Customers;
+  isInterrupted_ = false;
   progress_.ImpostaMessaggioStato(
       customers ? "Caricamento clienti in corso..." : "Caricamento articoli in corso...", true);
   if (customers) {
@@ -58,6 +60,7 @@ void PreviewPage::describeRows() {
   } else {
     text += translate("Righe: ") + controls::groupedNumber(rows) + ".";
   }
+  if (isInterrupted_) text = translate("Lettura interrotta, F5 la ripete. ") + text;
   LBL_FILTROANTEPRIMA.setCaption(text);
 }
 
@@ -113,10 +116,13 @@ void PreviewPage::CaricaArticoli() {
 }
 
 void PreviewPage::show(const std::string& statement, Procedure& p) {
-  const Ref<ado::Recordset> rows = p.step([&] {
-    const auto painted = context_.paintedMeanwhile();
-    return context_.openReadable(statement);
+  Ref<ado::Recordset> rows;
+  isInterrupted_ = p.step([&] {
+    return !runInterruptibly(context_, progress_.PBAR, "",
+                             [&] { rows = context_.openReadable(statement); });
   });
+  // The rows of before stay.
+  if (isInterrupted_) return;
   p.show(QGRID_ART, rows);
 }
 

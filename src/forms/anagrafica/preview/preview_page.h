@@ -61,6 +61,7 @@ class PreviewPage : public Page {
     std::string filterWords;
   };
   Shown shown_;
+  bool isInterrupted_ = false;  ///< the last reading of rows, by the user
 };
 
 }  // namespace kebu::forms

@@ -26,7 +26,7 @@ void ProgressBarView::place(const layout::Placement& placement) {
   // In the upper part of the page, centred.
   const layout::Rect& page = placement.bounds;
   const int width = std::min(theme().px(360), page.width);
-  const int height = theme().metrics().lineHeight + theme().px(48);
+  const int height = 2 * theme().metrics().lineHeight + theme().px(52);
   SetWindowPos(handle(), HWND_TOP, page.left + (page.width - width) / 2,
                page.top + (page.height - height) / 3, width, height, SWP_NOACTIVATE);
 }
@@ -71,7 +71,16 @@ void ProgressBarView::paint() const {
   InflateRect(&area, -theme().px(18), -theme().px(12));
   RECT words = area;
   words.bottom = words.top + theme().metrics().lineHeight + theme().px(4);
+  if (model_.isInterruptible()) {
+    const RECT button = interruptButton();
+    card(buffer.dc(), button, theme().px(6), colours.card, colours.border);
+    text(buffer.dc(), toWide(model_.interruptCaption()), button, colours.text, theme().font(),
+         DT_CENTER | DT_NOPREFIX);
+    words.right = button.left - theme().px(8);
+  }
   text(buffer.dc(), toWide(model_.text()), words, colours.text, theme().font(), DT_NOPREFIX);
+  OffsetRect(&words, 0, theme().metrics().lineHeight + theme().px(4));
+  text(buffer.dc(), toWide(model_.detail()), words, colours.muted, theme().font(), DT_NOPREFIX);
   RECT track = area;
   track.top = area.bottom - theme().px(6);
   fill(buffer.dc(), track, colours.line);
@@ -89,6 +98,20 @@ void ProgressBarView::paint() const {
   const RECT moving{std::max(from, track.left), track.top, std::min(from + piece, track.right),
                     track.bottom};
   fill(buffer.dc(), moving, colours.accent);
+}
+
+RECT ProgressBarView::interruptButton() const {
+  RECT button = clientArea();
+  InflateRect(&button, -theme().px(18), -theme().px(10));
+  const std::string& caption = model_.interruptCaption();
+  button.left = button.right - theme().metrics().textWidth(caption) - theme().px(20);
+  button.bottom = button.top + theme().metrics().lineHeight + theme().px(10);
+  return button;
+}
+
+bool ProgressBarView::isOnInterruptButton(POINT point) const {
+  const RECT button = interruptButton();
+  return model_.isInterruptible() && PtInRect(&button, point) != 0;
 }
 
 void ProgressBarView::describe(Inspection& inspection) {

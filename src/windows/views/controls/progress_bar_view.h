@@ -14,6 +14,8 @@ class ProgressBarView : public View, private Window {
   HWND handle() const override { return Window::handle(); }
   void place(const layout::Placement& placement) override;
   void refresh() override;
+  /// Whether a point of its window is on the button that interrupts the work.
+  bool isOnInterruptButton(POINT point) const;
 
  protected:
   void describe(Inspection& inspection) override;
@@ -21,6 +23,7 @@ class ProgressBarView : public View, private Window {
  private:
   LRESULT answer(UINT message, WPARAM wParam, LPARAM lParam) override;
   void paint() const;
+  RECT interruptButton() const;
 
   controls::ProgressBar& model_;
 };

@@ -1,12 +1,16 @@
 #include "windows/views/form/form_window.h"
 
+#include <windowsx.h>
+
 #include <algorithm>
+#include <optional>
 
 #include "common/convert.h"
 #include "controls/navigator_bar.h"
 #include "controls/query_grid.h"
 #include "windows/support/text.h"
 #include "windows/views/controls/navigator_bar_view.h"
+#include "windows/views/controls/progress_bar_view.h"
 #include "windows/views/controls/side_bar_view.h"
 #include "windows/views/drawing/painting.h"
 #include "windows/views/form/view_factory.h"
@@ -31,6 +35,17 @@ constexpr UINT beginMessage = WM_APP + 5;
 constexpr layout::Rect usualSize{0, 0, 1560, 820};
 constexpr layout::Rect dialogSize{0, 0, 860, 680};
 constexpr layout::Rect leastSize{0, 0, 720, 480};
+
+/// Takes a message of that kind to the window, or to one inside it, out of the queue.
+std::optional<MSG> takeMessage(HWND window, UINT kind) {
+  MSG message{};
+  // WM_QUIT comes whatever is asked for, and must stay.
+  if (!PeekMessageW(&message, window, kind, kind, PM_NOREMOVE) || message.message != kind) {
+    return std::nullopt;
+  }
+  PeekMessageW(&message, window, kind, kind, PM_REMOVE);
+  return message;
+}
 
 /// Where the views of a kind of control stand.
 enum class Place { AmongBars, OnPage, Nowhere };
@@ -498,6 +513,23 @@ void FormWindow::paintNow() {
     }
   }
   RedrawWindow(handle(), nullptr, nullptr, RDW_UPDATENOW | RDW_ALLCHILDREN);
+  takeInterruption();
+}
+
+// Of all keys and clicks during a work these alone count.
+void FormWindow::takeInterruption() {
+  for (View* view : inOrder_) {
+    auto* const bar = controls::as<controls::ProgressBar>(view->control());
+    if (!bar || !bar->isInterruptible() || !bar->isRunning()) continue;
+    while (const auto pressed = takeMessage(handle(), WM_KEYDOWN)) {
+      if (pressed->wParam == VK_ESCAPE) guarded([&] { bar->interrupt(); });
+    }
+    const auto* const shown = dynamic_cast<ProgressBarView*>(view);
+    while (const auto clicked = takeMessage(view->handle(), WM_LBUTTONDOWN)) {
+      const POINT point{GET_X_LPARAM(clicked->lParam), GET_Y_LPARAM(clicked->lParam)};
+      if (shown && shown->isOnInterruptButton(point)) guarded([&] { bar->interrupt(); });
+    }
+  }
 }
 
 void FormWindow::activated(HWND before) {

@@ -104,6 +104,8 @@ class FormWindow : public Window, public ViewSite, public KeyTarget {
   void focusMoved();
   std::function<void()> mnemonicAction(char letter);
   std::wstring tipOf(HWND control, POINT screen) const;
+  /// Lets the user interrupt the work that the window is at, if it offers that.
+  void takeInterruption();
   bool inspect(Inspection& inspection);
   void activated(HWND before);
 

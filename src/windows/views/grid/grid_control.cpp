@@ -242,6 +242,10 @@ void GridControl::tickAll(std::size_t column, bool on) {
 
 void GridControl::buttonDown(POINT point, bool shift) {
   SetFocus(handle());
+  if (isOnStopButton(point)) {
+    stopWork();
+    return;
+  }
   const layout::GridHit hit = geometry().hitTest(point.x, point.y);
   if (hit.onEdge) {
     resizing_ = hit.column;
@@ -439,10 +443,7 @@ std::function<void()> GridControl::actionFor(const Key& key) {
     }
   }
   if (key.isPlain(VK_ESCAPE) && source_.tools().isBusy()) {
-    return [this] {
-      source_.tools().cancel();
-      invalidate();
-    };
+    return [this] { stopWork(); };
   }
   if (foot_.isOpen()) {
     if (auto action = findBoxAction(key)) return action;

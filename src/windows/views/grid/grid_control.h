@@ -106,6 +106,10 @@ class GridControl : public Window {
   /// Tells the user of errors.
   void attempt(const std::function<void()>& work);
   void workOn();
+  /// What the button in the foot says that stops long work; "" while there is none.
+  std::wstring stopCaption() const;
+  bool isOnStopButton(POINT point) const;
+  void stopWork();
   /// The first and last of the chosen rows; 0 without any.
   std::pair<std::int32_t, std::int32_t> chosenRows() const;
   /// What a tip says at a point: a text that is cut off, the meaning of a row's mark.

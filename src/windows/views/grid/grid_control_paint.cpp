@@ -33,7 +33,7 @@ void GridControl::paint() {
     if (IntersectRect(&touched, &bounds, &buffer.area())) paintRow(buffer.dc(), row);
   }
   paintHead(buffer.dc());
-  foot_.paint(buffer.dc(), clientArea(), toWide(source_.tools().status()));
+  foot_.paint(buffer.dc(), clientArea(), toWide(source_.tools().status()), stopCaption());
   frame(buffer.dc(), clientArea(), colours.border);
 }
 

@@ -121,6 +121,23 @@ void GridControl::workOn() {
   if (!tools.isBusy()) KillTimer(handle(), workTimer);
 }
 
+std::wstring GridControl::stopCaption() const {
+  controls::GridTools& tools = source_.tools();
+  return tools.isBusy() ? toWide(tools.translated("Interrompi (Esc)")) : std::wstring();
+}
+
+bool GridControl::isOnStopButton(POINT point) const {
+  const std::wstring caption = stopCaption();
+  if (caption.empty()) return false;
+  const RECT button = foot_.stopBounds(clientArea(), caption);
+  return PtInRect(&button, point) != 0;
+}
+
+void GridControl::stopWork() {
+  source_.tools().cancel();
+  invalidate();
+}
+
 void GridControl::sortBy(std::size_t column) {
   if (!commit()) return;
   anchor_ = 0;

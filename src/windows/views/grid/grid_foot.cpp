@@ -16,6 +16,7 @@ namespace {
 
 constexpr int boxWidth = 200;  // in 96ths of an inch
 constexpr int margin = 8;
+constexpr int stopMargin = 10;
 
 }  // namespace
 
@@ -65,7 +66,16 @@ void GridFoot::layOut(const RECT& client) {
                strip.bottom - strip.top - 2, SWP_NOZORDER | SWP_NOACTIVATE);
 }
 
-void GridFoot::paint(HDC dc, const RECT& client, const std::wstring& status) const {
+RECT GridFoot::stopBounds(const RECT& client, const std::wstring& stop) const {
+  RECT button = bounds(client);
+  InflateRect(&button, -theme_->px(2), -theme_->px(2));
+  button.left =
+      button.right - theme_->metrics().textWidth(toUtf8(stop)) - theme_->px(2 * stopMargin);
+  return button;
+}
+
+void GridFoot::paint(HDC dc, const RECT& client, const std::wstring& status,
+                     const std::wstring& stop) const {
   const Palette& colours = theme_->colours();
   const RECT strip = bounds(client);
   fill(dc, strip, colours.locked);
@@ -79,6 +89,12 @@ void GridFoot::paint(HDC dc, const RECT& client, const std::wstring& status) con
     GetWindowRect(box_, &box);
     MapWindowPoints(nullptr, GetParent(box_), reinterpret_cast<POINT*>(&box), 2);
     line.left = box.right + theme_->px(margin);
+  }
+  if (!stop.empty()) {
+    const RECT button = stopBounds(client, stop);
+    card(dc, button, theme_->px(4), colours.card, colours.border);
+    text(dc, stop, button, colours.text, theme_->font(), DT_CENTER | DT_NOPREFIX);
+    line.right = button.left - theme_->px(margin);
   }
   text(dc, status, line, colours.muted, theme_->font(), DT_LEFT | DT_NOPREFIX);
 }

@@ -27,7 +27,11 @@ class GridFoot {
   /// What the user typed.
   std::wstring entered() const;
   void layOut(const RECT& client);
-  void paint(HDC dc, const RECT& client, const std::wstring& status) const;
+  /// `stop` is the caption of the button that stops long work; "" for none.
+  void paint(HDC dc, const RECT& client, const std::wstring& status,
+             const std::wstring& stop) const;
+  /// Where that button is.
+  RECT stopBounds(const RECT& client, const std::wstring& stop) const;
   void themeChanged();
 
  private:
