@@ -24,6 +24,7 @@ inline constexpr KeyEntry keyTable[] = {
     {"F1", "apre la guida alla pagina mostrata"},
     {"Ctrl+F1", "elenca i tasti"},
     {"F3, F10, F9, F8", "Nuovo, Conferma, Annulla, Elimina"},
+    {"Ctrl+F10", "mostra che cosa cambia con Conferma"},
     {"F5", "rilegge un'anteprima o il riepilogo"},
     {"F11", "apre il riepilogo"},
     {"Ctrl+Pag giù, Ctrl+Pag su", "pagina successiva, precedente"},

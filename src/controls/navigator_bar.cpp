@@ -98,6 +98,7 @@ void NavigatorBar::refreshButtons() {
 
 void NavigatorBar::translate(const Translator& translator) {
   for (Button& button : buttons_) button.caption = translator(button.key);
+  changesCaption_ = translator(changesName);
   changed.raise();
 }
 
@@ -112,6 +113,15 @@ void NavigatorBar::press(const std::string& name) {
     ButtonClick.raise(cancel, key);
     if (!cancel && frame_) act(key);
   });
+}
+
+void NavigatorBar::askChanges() {
+  requireReachable();
+  if (!showsChanges()) throw GestureRefused(Name() + " does not show changes");
+  if (!isButtonEnabled(confirmButton)) {
+    throw GestureRefused("\"" + std::string(confirmButton) + "\" of " + Name() + " is disabled");
+  }
+  host_.work([this] { ChangesAsked.raise(); });
 }
 
 NavigatorBar::Button* NavigatorBar::buttonOf(const std::string& name) {

@@ -46,6 +46,14 @@ class NavigatorBar : public OfKind<ControlKind::NavigatorBar> {
   /// from calling the frame.
   Event<bool&, const std::string&> ButtonClick;
 
+  /// Whether the user can be shown what "Conferma" would change.
+  bool showsChanges() const { return ChangesAsked.hasHandlers(); }
+  /// What the button for it is called.
+  const std::string& changesCaption() const { return changesCaption_; }
+  /// The gesture that asks for it; refused while "Conferma" is disabled.
+  void askChanges();
+  Event<> ChangesAsked;
+
  private:
   Button* buttonOf(const std::string& name);
   bool permits(const std::string& key) const;
@@ -56,9 +64,15 @@ class NavigatorBar : public OfKind<ControlKind::NavigatorBar> {
   Rights rights_;
   bool followsFrame_ = true;
   std::vector<Button> buttons_;
+  std::string changesCaption_ = changesName;
+
+  static constexpr const char* changesName = "Che cosa cambia con Conferma";
 };
 
 /// The function key that presses a button of a bar, by the button's key: "F10". "" for none.
 std::string_view functionKeyOf(std::string_view button);
+
+/// Whose changes the bar can show.
+inline constexpr const char* confirmButton = "Conferma";
 
 }  // namespace kebu::controls

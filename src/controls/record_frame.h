@@ -72,6 +72,8 @@ class RecordFrame : public OfKind<ControlKind::RecordFrame> {
   /// The record's rows; shows the current one in the bound controls.
   void setDataSource(const Ref<ado::Recordset>& rows);
   const Ref<ado::Recordset>& dataSource() const { return rows_; }
+  /// The controls that show and edit columns of the record.
+  const std::vector<BoundControl*>& boundControls() const { return controls_; }
 
   /// Goes to Browsing, which raises ChangeStatus: pages show the current record.
   void showRecord() { setStatus(FrameStatus::Browsing); }

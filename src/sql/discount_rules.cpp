@@ -1,5 +1,6 @@
 #include "sql/discount_rules.h"
 
+#include <algorithm>
 #include <utility>
 
 #include "common/convert.h"
@@ -79,6 +80,10 @@ std::string text(const Value& value) {
 
 std::string day(const Value& value) {
   return quoted(GetAnsiDate(value));
+}
+
+bool isStepColumn(std::string_view column) {
+  return column.starts_with("GM61_GRIGLIAVAL");
 }
 
 std::string stepColumns() {
@@ -251,7 +256,7 @@ std::string RegoleSelezionate(const std::string& table, const DiscountKind& kind
 
 RuleStatements::RuleStatements(Company company, const DiscountKind& kind,
                                const std::vector<std::string>& columns, const RuleOptions& options)
-    : kind_(kind), company_(std::move(company)) {
+    : kind_(kind), company_(std::move(company)), options_(options) {
   for (std::size_t i = 0; i < columns.size(); ++i) columns_.emplace(columns[i], i);
   std::string names;
   for (const SavedColumn& column : savedColumns) {
@@ -259,7 +264,12 @@ RuleStatements::RuleStatements(Company company, const DiscountKind& kind,
     if (content == Content::Absent) continue;
     if (!names.empty()) names += nextColumn;
     names += content == Content::Steps ? stepColumns() : std::string(column.name);
-    values_.push_back({content, indexOf(column.name), fixedText(content, options)});
+    values_.push_back({column.name, content, indexOf(column.name), fixedText(content, options)});
+  }
+  for (const auto& [column, index] : columns_) {
+    const bool isWritten =
+        std::ranges::find(values_, column, &WrittenValue::column) != values_.end();
+    if (!isWritten && column != "GM61_ID" && !isStepColumn(column)) unwritten_.push_back(column);
   }
   insert_ = lines({"INSERT INTO  ", " GM61_KBDISCOUNTRULES ", " (", names, " )", " VALUES ", " ("});
 }
@@ -340,6 +350,44 @@ std::string RuleStatements::LeggiOrigine(const Row& row) const {
   compareDay("_DATAINIZIOVAL", "GM61_DATAINIZIO");
   compareDay("_DATAFINEVAL", "GM61_DATAFINE");
   return script.text();
+}
+
+std::vector<SavedValue> RuleStatements::savedValues(const Row& row) const {
+  std::vector<SavedValue> saved;
+  for (const WrittenValue& written : values_) {
+    if (written.content == Content::Steps || written.content == Content::Today) continue;
+    saved.push_back({written.column, savedValue(written, row)});
+  }
+  for (const std::string_view column : unwritten_) saved.push_back({column, Null{}});
+  return saved;
+}
+
+Value RuleStatements::savedValue(const WrittenValue& written, const Row& row) const {
+  const Value& own = written.index == nowhere ? nothing : row.at(written.index);
+  switch (written.content) {
+    case Content::Zero:
+      return std::int16_t{0};
+    case Content::One:
+      return std::int16_t{1};
+    case Content::Number:
+    case Content::Text:
+    case Content::Day:
+      return own;
+    case Content::Amount:
+      return CDecN(own);
+    case Content::Published:
+      return CDecN(publishedValue(row));
+    case Content::StruckThroughPrices:
+      return CDecN(options_.struckThroughPrices);
+    case Content::NoOtherDiscounts:
+      return CDecN(options_.noOtherDiscounts);
+    case Content::SingleUse:
+      return CDecN(options_.singleUse);
+    case Content::Application:
+      return CDecN(options_.application);
+    default:
+      return Null{};
+  }
 }
 
 std::string RuleStatements::InserisciRegola(const Row& row,

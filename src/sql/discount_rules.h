@@ -49,6 +49,12 @@ struct RuleOptions {
   std::string today;          ///< GM61_DATAULTAGG, as "yyyymmdd"
 };
 
+/// A column of a stored rule, and the value that a save writes into it.
+struct SavedValue {
+  std::string_view column;
+  Value value;
+};
+
 /// What is written into a column of a stored rule.
 enum class SavedContent : std::uint8_t;
 
@@ -77,10 +83,14 @@ class RuleStatements {
   /// Inserts the row into GM61_KBDISCOUNTRULES; `steps` are for discount grids, of which the first
   /// ten are written.
   std::string InserisciRegola(const Row& row, const std::vector<RuleStep>& steps) const;
+  /// What InserisciRegola stores in each column of the row, but for the key, the steps and the day
+  /// of the save. The names are valid as long as this object.
+  std::vector<SavedValue> savedValues(const Row& row) const;
 
  private:
   /// A value of the INSERT.
   struct WrittenValue {
+    std::string_view column;
     SavedContent content;
     std::size_t index;  ///< of the row's value that it comes from
     std::string fixed;  ///< the text, when it is the same in all rows; else ""
@@ -88,12 +98,15 @@ class RuleStatements {
 
   std::size_t indexOf(std::string_view column) const;
   const Value& publishedValue(const Row& row) const;
+  Value savedValue(const WrittenValue& written, const Row& row) const;
 
   const DiscountKind& kind_;
   Company company_;
+  RuleOptions options_;
   std::map<std::string, std::size_t, std::less<>> columns_;
-  std::string insert_;                ///< the INSERT up to its first value
-  std::vector<WrittenValue> values_;  ///< the INSERT's, in its order
+  std::string insert_;                       ///< the INSERT up to its first value
+  std::vector<WrittenValue> values_;         ///< the INSERT's, in its order
+  std::vector<std::string_view> unwritten_;  ///< the row's other columns, which are stored as NULL
 };
 
 }  // namespace kebu::sql

@@ -31,6 +31,7 @@ constexpr Room plugIn[] = {
     {"src/controls"},
     {"src/sql", Foreign::None, true},
     {"src/forms"},
+    {"src/forms/changes"},
     {"src/forms/filters"},
     {"src/forms/selection"},
     {"src/forms/anagrafica"},

@@ -117,6 +117,9 @@ TEST(Guide, NamesEveryFieldOfTheWindow) {
     check();
   }
   workplace.hands().clickButton("BTN_RIEPILOGO");
+  workplace.hands().openPage(1);
+  workplace.hands().type("TXT_GM03_NOTE", "nota");
+  workplace.hands().askChanges("INAV_PAR");
   workplace.close();
   EXPECT_GT(seen, 200U);
   for (const std::string& text : missing) ADD_FAILURE() << "not in docs/guida: " << text;

@@ -212,6 +212,7 @@ Words RandomUser::onControl(Form& form) {
             return Words{"type", name, text()};
           },
           [&](NavigatorBar& bar) {
+            if (random_.oneIn(4)) return Words{"changes", name};
             return Words{"press", name, random_.of(bar.buttons()).key};
           },
           [&](NoticeList& list) {

@@ -16,6 +16,10 @@ void press(Player& player, const Words& arguments) {
   player.stage().hands.press(arguments[0], arguments[1]);
 }
 
+void changes(Player& player, const Words& arguments) {
+  player.stage().hands.askChanges(arguments[0]);
+}
+
 void click(Player& player, const Words& arguments) {
   player.stage().hands.clickButton(arguments[0]);
 }
@@ -111,7 +115,8 @@ RangeEnd toEnd(const std::string& text) {
 
 namespace {
 
-constexpr std::string_view pressableKeys[] = {"F3", "F8", "F9", "F10", "F11", "Enter", "Esc"};
+constexpr std::string_view pressableKeys[] = {"F3",  "F8",       "F9",    "F10",
+                                              "F11", "Ctrl+F10", "Enter", "Esc"};
 
 }  // namespace
 

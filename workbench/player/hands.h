@@ -27,6 +27,8 @@ class Hands {
 
   virtual void openPage(std::int32_t view) = 0;
   virtual void press(const std::string& bar, const std::string& button) = 0;
+  /// Asks what "Conferma" of a navigator bar would change, with the arrow beside it.
+  virtual void askChanges(const std::string& bar) = 0;
   virtual void clickButton(const std::string& button) = 0;
   virtual void type(const std::string& box, const std::string& text) = 0;
   virtual void choose(const std::string& combo, const std::string& code) = 0;
@@ -54,7 +56,7 @@ class Hands {
                                  const std::string& entry) = 0;
   /// Presses the button of the first notice whose text contains `text`.
   virtual void pressNotice(const std::string& text) = 0;
-  /// Presses keys, one right after the other: "F3" to "F11", "Enter", "Esc". Those that
+  /// Presses keys, one right after the other: "F3" to "F11", "Ctrl+F10", "Enter", "Esc". Those that
   /// come while the window works are lost; one that means nothing now does nothing.
   virtual void pressKeys(const std::vector<std::string>& keys) = 0;
   /// Interrupts the work that the window is at. Called while a statement works, on any thread.

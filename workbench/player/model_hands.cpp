@@ -49,6 +49,10 @@ void ModelHands::press(const std::string& bar, const std::string& button) {
   require<NavigatorBar>(bar, "a navigator bar").press(button);
 }
 
+void ModelHands::askChanges(const std::string& bar) {
+  require<NavigatorBar>(bar, "a navigator bar").askChanges();
+}
+
 void ModelHands::clickButton(const std::string& button) {
   require<Button>(button, "a button").click();
 }
@@ -226,6 +230,7 @@ void ModelHands::pressKey(const std::string& key) {
   for (Control* each : form.controls()) {
     auto* const bar = as<NavigatorBar>(*each);
     if (!bar || !bar->isShown()) continue;
+    if (key == "Ctrl+F10") return bar->askChanges();
     for (const auto& shown : bar->buttons()) {
       if (functionKeyOf(shown.key) == key) return bar->press(shown.key);
     }

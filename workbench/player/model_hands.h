@@ -17,6 +17,7 @@ class ModelHands : public Hands {
 
   void openPage(std::int32_t view) override;
   void press(const std::string& bar, const std::string& button) override;
+  void askChanges(const std::string& bar) override;
   void clickButton(const std::string& button) override;
   void type(const std::string& box, const std::string& text) override;
   void choose(const std::string& combo, const std::string& code) override;

@@ -26,6 +26,7 @@ constexpr std::array table{
          steps::refuse},
     Step{"page", 1, 1, "N", "clicks the side bar's link to view N", steps::page},
     Step{"press", 2, 2, "BAR CAPTION", "presses a button of a navigator bar", steps::press},
+    Step{"changes", 1, 1, "BAR", "asks in a dialog what Conferma would change", steps::changes},
     Step{"click", 1, 1, "BUTTON", "clicks a button", steps::click},
     Step{"type", 2, 2, "BOX TEXT", "enters an edit box, replaces its text, leaves it", steps::type},
     Step{"choose", 2, 2, "COMBO CODE", "picks the entry with that code", steps::choose},
@@ -45,8 +46,8 @@ constexpr std::array table{
     Step{"lookup", 1, 4, "BOX [N] | GRID ROW FIELD [N] | EDITOR CAPTION 1|2 [N]",
          "opens a look-up, takes its row N; of a range's first or second value", steps::lookup},
     Step{"keys", 1, any, "KEY...",
-         "presses keys without a pause: F3, F8, F9, F10, F11, Enter, Esc; while the window works "
-         "they are lost",
+         "presses keys without a pause: F3, F8, F9, F10, F11, Ctrl+F10, Enter, Esc; while the window "
+         "works they are lost",
          steps::keys},
     Step{"refresh", 0, 0, "", "reads again what a preview or the summary shows", steps::refresh},
     Step{"details", 2, 2, "GRID N", "asks what a row stands for, with Alt+Enter", steps::details},

@@ -28,6 +28,7 @@ void sql(Player& player, const Words& arguments);
 // gesture_steps.cpp
 void page(Player& player, const Words& arguments);
 void press(Player& player, const Words& arguments);
+void changes(Player& player, const Words& arguments);
 void click(Player& player, const Words& arguments);
 void type(Player& player, const Words& arguments);
 void choose(Player& player, const Words& arguments);

@@ -188,6 +188,15 @@ void WindowHands::press(const std::string& bar, const std::string& button) {
   settle();
 }
 
+void WindowHands::askChanges(const std::string& bar) {
+  reachable(bar, "NavigatorBar", "a navigator bar");
+  const auto button = reader().find(Inspected::Lookup, bar, {});
+  if (!button) throw GestureRefused(bar + " does not show changes");
+  if (!button->enabled) throw GestureRefused("\"Conferma\" of " + bar + " is disabled");
+  clickOn(button->window, button->bounds);
+  settle();
+}
+
 void WindowHands::clickButton(const std::string& button) {
   const Inspection found = changeable(button, "Button", "a button");
   clickOn(found.window, found.bounds);
@@ -513,6 +522,8 @@ void WindowHands::pressKeys(const std::vector<std::string>& keys) {
       pressKey(target, VK_RETURN);
     } else if (key == "Esc") {
       pressKey(target, VK_ESCAPE);
+    } else if (key == "Ctrl+F10") {
+      pressWithControl(target, VK_F10, false);
     } else {
       pressKey(target, VK_F1 + static_cast<WPARAM>(std::stoi(key.substr(1))) - 1);
     }

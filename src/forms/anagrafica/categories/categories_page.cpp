@@ -249,6 +249,36 @@ bool CategoriesPage::compareWithStored(const Ref<ado::Recordset>& rows, Procedur
   return true;
 }
 
+void CategoriesPage::addChanges(PlannedChanges& changes) {
+  if (equalAsVariants(context_.profileId(), std::int32_t{0})) {
+    changes.note(context_.translate("Salvare prima il profilo di collegamento."));
+    return;
+  }
+  for (const CategoryLevels* levels : {&customers_, &articles_}) {
+    const controls::GroupBox& group = levels == &customers_ ? GRP_CATCLI : GRP_CATART;
+    std::int32_t number = 0;
+    for (const auto& level : levels->levels()) {
+      const auto before = contentIn(loaded_, {levels->kind().entity, ++number});
+      // A code below 0 is kept where it is stored, but not stored anew.
+      if (!before && CategoryLevels::chosen(level) <= 0) continue;
+      changes.add(group.caption() + ", " + level.classification.caption(), read(level, before),
+                  read(level, CategoryLevels::contentOf(level)));
+    }
+  }
+  if (GRP_CATART.isShown()) parameters_.addCustomerNotes(changes);
+}
+
+std::optional<ReadRow> CategoriesPage::read(
+    const CategoryLevels::Level& level,
+    const std::optional<CategoryLevels::Content>& content) const {
+  if (!content) return std::nullopt;
+  const std::string& code = content->classification;
+  const std::string caption = level.classification.captionOf(code);
+  return ReadRow{{context_.translate("Classificazione"), code, caption.empty() ? code : caption},
+                 {level.code.caption(), content->code, content->code},
+                 {level.description.caption(), content->description, content->description}};
+}
+
 std::optional<CategoryLevels::Content> CategoriesPage::contentIn(const Contents& contents,
                                                                  const LevelKey& key) {
   const auto at = contents.find(key);

@@ -11,6 +11,7 @@
 #include "forms/anagrafica/categories/classification_catalogue.h"
 #include "forms/anagrafica/page.h"
 #include "forms/anagrafica/profile/parameters/parameter_page.h"
+#include "forms/changes/planned_changes.h"
 #include "forms/page_context.h"
 #include "forms/page_load.h"
 #include "forms/procedure.h"
@@ -48,6 +49,9 @@ class CategoriesPage : public Page {
   /// What "Conferma" does; false when not all of it was stored.
   bool confirm();
 
+  /// Adds what "Conferma" would do.
+  void addChanges(PlannedChanges& changes);
+
   /// areCustomersChanged() or areArticlesChanged() may have changed.
   Event<> ChangedByUser;
 
@@ -68,6 +72,9 @@ class CategoriesPage : public Page {
   void showConfirmed();
   void markChanged(bool& which);
   void clearChanged();
+  /// A level as people read it; nothing for one that is not stored.
+  std::optional<ReadRow> read(const CategoryLevels::Level& level,
+                              const std::optional<CategoryLevels::Content>& content) const;
 
   PageContext& context_;
   controls::NavigatorBar& navigator_;

@@ -33,6 +33,7 @@ class CategoryLevels {
 
   const CategoryKind& kind() const { return kind_; }
   std::deque<Level>& levels() { return levels_; }
+  const std::deque<Level>& levels() const { return levels_; }
   void place(controls::GroupBox& group);
 
   /// Empties every level.

@@ -9,6 +9,8 @@
 #include "common/nulls.h"
 #include "forms/anagrafica/discounts/list_types.h"
 #include "forms/anagrafica/discounts/rule_details.h"
+#include "forms/changes/grid_changes.h"
+#include "forms/changes/record_changes.h"
 #include "forms/procedure.h"
 #include "sql/discount_rules.h"
 
@@ -114,6 +116,7 @@ DiscountGrid::DiscountGrid(PageContext& context, ProgressDisplay& progress, sql:
   };
   grid.rowMenu = [this](std::int32_t row) { return rowMenu(row); };
   grid.showDetails = [this] { showDetails(); };
+  grid.OnEditing.on([this](const std::string&, bool&) { OnEditing(); });
   grid.OnEdited.on([this](const std::string&) { OnEdited(); });
   grid.SelectionBoxClick.on([this](const std::string& field, bool&) { SelectionBoxClick(field); });
   grid.RowChanged.on([this] { RowChanged(); });
@@ -175,6 +178,11 @@ bool DiscountGrid::isLocked(std::int32_t row, const std::string& field) {
   return !isEdited || !isOne(grid.cell(row, selected));
 }
 
+void DiscountGrid::OnEditing() {
+  procedure(context_, eventName("_OnEditing"),
+            [&](Procedure& p) { p.step([&] { stored.rowChanges(rows()); }); });
+}
+
 void DiscountGrid::OnEdited() {
   procedure(context_, eventName("_OnEdited"), [&](Procedure& p) {
     if (!rows()) return;
@@ -191,6 +199,7 @@ void DiscountGrid::OnEdited() {
 
 void DiscountGrid::SelectionBoxClick(const std::string& field) {
   procedure(context_, eventName("_SelectionBoxClick"), [&](Procedure& p) {
+    p.step([&] { stored.rowChanges(rows()); });
     if (field == selected && context_.loaded) Modified.raise();
     if (field == selected) p.step([&] { tellOfQuote(); });
   });
@@ -246,10 +255,43 @@ void DiscountGrid::SelectAllClickEXT(bool selecting, bool& cancel) {
   progress_.during(eventName("_SelectAllClickEXT"), "Seleziona/deseleziona in corso...",
                    [&](Procedure& p) {
                      const auto painted = context_.paintedMeanwhile();
+                     p.step([&] { stored.rowsChange(rows()); });
                      p.run(sql::SelezionaTutte(table_, selecting));
                      p.step([&] { grid.requery(); });
                      Modified.raise();
                    });
+}
+
+std::string DiscountGrid::nameOf(const sql::RuleStatements& statements,
+                                 const RowValues& row) const {
+  const auto text = [&](std::string_view column) { return RTrimN(statements.value(row, column)); };
+  std::string name = text("GM61_NOMEREGOLA");
+  for (const GridColumn& column : listTypeOf(*kind_).columns) {
+    if (column.caption.empty()) break;
+    const std::string part =
+        text(column.field == articleOfMode ? "GM61_CODART_MG66" : column.field);
+    if (!part.empty()) name += ", " + part;
+  }
+  return name;
+}
+
+ReadColumn DiscountGrid::readColumn(std::string_view column, const Value& value,
+                                    const std::vector<sql::SavedValue>& rule) const {
+  const auto itemsOf = [&](std::string_view field) {
+    const auto at = std::ranges::find(grid.columns(), field, &controls::QueryGrid::Column::field);
+    return at == grid.columns().end() ? controls::QueryGrid::Items() : at->items;
+  };
+  std::string caption = grid.captionOf(column);
+  if (column == "GM61_VALORESCONTO") caption = context_.translate("Valore pubblicato");
+  if (caption.empty()) caption = column;
+  if (column == selected) return readFlag(context_, caption, value);
+  if (column == names_.typeField) return {caption, value, captionIn(itemsOf(column), value)};
+  if (column == erpField) {
+    const auto type = std::ranges::find(rule, names_.typeField, &sql::SavedValue::column);
+    const bool isSecond = type != rule.end() && isOne(type->value);
+    return {caption, value, captionIn(itemsOf(isSecond ? priceList : erpField), value)};
+  }
+  return {caption, value, RTrimN(value)};
 }
 
 void DiscountGrid::showDetails() {

@@ -2,10 +2,14 @@
 
 #include <cstdint>
 #include <string>
+#include <string_view>
+#include <vector>
 
 #include "controls/check_box.h"
 #include "controls/query_grid.h"
+#include "forms/anagrafica/discounts/stored_rules.h"
 #include "forms/anagrafica/progress_display.h"
+#include "forms/changes/planned_changes.h"
 #include "forms/page_context.h"
 #include "sql/discount_kinds.h"
 
@@ -23,6 +27,8 @@ class DiscountGrid {
 
   controls::CheckBox check;
   controls::QueryGrid grid;
+  /// Which of the rows are stored.
+  StoredRules stored;
 
   sql::DiscountMode mode() const { return mode_; }
   bool isOn() const { return check.isTicked(); }
@@ -39,12 +45,19 @@ class DiscountGrid {
   /// Shows no rows.
   void empty() { grid.setDataSource(nullptr); }
 
+  /// A rule as people call it: its name and what it is recognised by.
+  std::string nameOf(const sql::RuleStatements& statements, const RowValues& row) const;
+  /// A column of a stored rule as people read it; `rule` is the whole rule.
+  ReadColumn readColumn(std::string_view column, const Value& value,
+                        const std::vector<sql::SavedValue>& rule) const;
+
   /// The user changed something that is saved.
   Event<> Modified;
   /// The current row's date of the last save, when it has one.
   Event<const Date&> LastUpdate;
 
  private:
+  void OnEditing();
   void OnEdited();
   void SelectionBoxClick(const std::string& field);
   void RowChanged();

@@ -28,6 +28,12 @@ constexpr FixedChoice::Row ruleApplicationRows[] = {
 };
 constexpr FixedChoice ruleApplication{ruleApplicationRows, 1, false};
 
+// The columns of a rule that carry the options.
+constexpr const char* struckThroughPrices = "GM61_FLGPRZBARRATI";
+constexpr const char* noOtherDiscounts = "GM61_FLGNONTRATTAREALTRISC";
+constexpr const char* singleUse = "GM61_FLGMONOUSO";
+constexpr const char* application = "GM61_INDREGOLEINCLUSIONE";
+
 }  // namespace
 
 DiscountOptions::DiscountOptions(PageContext& context, controls::NavigatorBar& navigator)
@@ -63,14 +69,21 @@ void DiscountOptions::reset() {
   CMB_REGAPPLICAZIONE.select(ruleApplication.initial);
 }
 
+const controls::BoundControl* DiscountOptions::controlOf(std::string_view column) const {
+  if (column == struckThroughPrices) return &CHK_VISPREZZIBARRATI;
+  if (column == noOtherDiscounts) return &CHK_NONTRATTAREALTRISCONTI;
+  if (column == singleUse) return &CHK_MONOUSO;
+  return column == application ? &CMB_REGAPPLICAZIONE : nullptr;
+}
+
 void DiscountOptions::show(const Ref<ado::Recordset>& rule, Procedure& p) {
   const auto tick = [&](controls::CheckBox& box, const char* column) {
     box.setTicked(toBoolean(CDecN(p.value(rule, column))));
   };
-  tick(CHK_VISPREZZIBARRATI, "GM61_FLGPRZBARRATI");
-  tick(CHK_NONTRATTAREALTRISCONTI, "GM61_FLGNONTRATTAREALTRISC");
-  tick(CHK_MONOUSO, "GM61_FLGMONOUSO");
-  CMB_REGAPPLICAZIONE.select(CDecN(p.value(rule, "GM61_INDREGOLEINCLUSIONE")));
+  tick(CHK_VISPREZZIBARRATI, struckThroughPrices);
+  tick(CHK_NONTRATTAREALTRISCONTI, noOtherDiscounts);
+  tick(CHK_MONOUSO, singleUse);
+  CMB_REGAPPLICAZIONE.select(CDecN(p.value(rule, application)));
 }
 
 sql::RuleOptions DiscountOptions::values() const {

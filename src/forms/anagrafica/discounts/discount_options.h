@@ -1,6 +1,7 @@
 #pragma once
 
 #include <array>
+#include <string_view>
 
 #include "controls/check_box.h"
 #include "controls/combo_box.h"
@@ -33,6 +34,8 @@ class DiscountOptions {
 
   /// Sets the options to what new rules have.
   void reset();
+  /// The control of the option that a column of a rule carries; null for another column.
+  const controls::BoundControl* controlOf(std::string_view column) const;
   /// Shows the options that a stored rule carries.
   void show(const Ref<ado::Recordset>& rule, Procedure& p);
   /// The options as rules carry them when they are stored today.

@@ -57,8 +57,10 @@ void DiscountsPage::place(PageGroups& groups) {
 }
 
 void DiscountsPage::release() {
-  onPrice.empty();
-  byGrid.empty();
+  for (DiscountGrid* mode : {&onPrice, &byGrid}) {
+    mode->empty();
+    mode->stored.none();
+  }
 }
 
 void DiscountsPage::viewShown(std::int32_t number) {
@@ -226,12 +228,14 @@ void DiscountsPage::CaricaListini(DiscountGrid& mode) {
       progress_.during(called, "Caricamento listini in corso...", [&](Procedure& p) {
         const auto painted = context_.paintedMeanwhile();
         dropTable(mode, p);
+        mode.stored.none();
         mode.renameTable();
         p.run(sql::CaricaRegole(mode.table(), p.company(), kind));
         const auto rows =
             p.openWorkingTable(sql::RigheRegole(mode.table()), ado::CursorType::Dynamic);
         p.show(mode.grid, rows);
         if (p.step([&] { return rows && !rows->EOF_(); })) {
+          mode.stored.loaded(rows);
           showStored(mode, p);
         } else {
           mode.check.setTicked(false);
@@ -266,6 +270,7 @@ void DiscountsPage::AggiornaListini(DiscountGrid& mode, bool hasStored) {
           priceRows_ = p.step([&] { return rows ? rows->RecordCount() : 0; });
         }
         p.show(mode.grid, rows);
+        mode.stored.otherRows();
       });
   if (done) {
     context_.notices.remove(recomputingCause(mode));
@@ -285,12 +290,13 @@ void DiscountsPage::EliminaListini() {
     names += (names.empty() ? "" : ", ") + mode.check.caption();
   };
   procedure(context_, {"EliminaListini", errorTitle}, [&](Procedure& p) {
-    for (const DiscountGrid* mode : {&onPrice, &byGrid}) {
+    for (DiscountGrid* mode : {&onPrice, &byGrid}) {
       if (mode->isOn()) add(kept, *mode);
       if (mode->isOn() || !mode->rows() || loadOf(*mode).hasFailed()) continue;
       const std::string listType = toSqlNumber(CDecN(options.CMB_LISTINISCONTO.value()));
       const auto painted = context_.paintedMeanwhile();
       p.run(sql::EliminaRegole(p.company(), mode->mode(), listType));
+      mode->stored.none();
       add(deleted, *mode);
     }
   });

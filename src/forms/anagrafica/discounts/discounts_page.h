@@ -3,7 +3,9 @@
 #include <array>
 #include <cstdint>
 #include <optional>
+#include <set>
 #include <string>
+#include <vector>
 
 #include "controls/navigator_bar.h"
 #include "controls/simple_controls.h"
@@ -11,6 +13,7 @@
 #include "forms/anagrafica/discounts/discount_options.h"
 #include "forms/anagrafica/page.h"
 #include "forms/anagrafica/progress_display.h"
+#include "forms/changes/planned_changes.h"
 #include "forms/page_context.h"
 #include "forms/page_load.h"
 #include "forms/procedure.h"
@@ -43,6 +46,8 @@ class DiscountsPage : public Page {
   bool hasPendingChanges() const { return pending_; }
   /// What "Conferma" does; false when not all of it was stored.
   bool confirm();
+  /// Adds what it would do.
+  void addChanges(PlannedChanges& changes, Procedure& p);
 
   /// hasPendingChanges() may have changed.
   Event<> PendingChanged;
@@ -57,6 +62,7 @@ class DiscountsPage : public Page {
     bool deleted = false;                     ///< the rules stored before are gone
     std::optional<std::int32_t> ticked = {};  ///< how many rules were to be stored, once known
     std::int32_t stored = 0;
+    std::set<StoredRules::Id> storedIds = {};
     bool isComplete() const { return ticked == stored; }
   };
 
@@ -82,6 +88,11 @@ class DiscountsPage : public Page {
   void storeTicked(const sql::DiscountKind& kind, const DiscountGrid& mode, SaveResult& result,
                    Procedure& p);
   void saved(const sql::DiscountKind& kind, const DiscountGrid& mode, const SaveResult& result);
+  // rule_changes.cpp
+  void addChanges(const DiscountGrid& mode, PlannedChanges& changes, Procedure& p);
+  /// A rule as people read it.
+  ReadRow read(const DiscountGrid& mode, const std::vector<sql::SavedValue>& values) const;
+  void addNotes(const DiscountGrid& mode, std::int32_t kept, PlannedChanges& changes) const;
   void setModified(bool modified);
   void setPending(bool pending);
   PageLoad& loadOf(const DiscountGrid& mode) { return loads_[&mode == &onPrice ? 0 : 1]; }

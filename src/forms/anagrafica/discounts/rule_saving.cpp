@@ -42,6 +42,7 @@ bool DiscountsPage::RegistraListini(DiscountGrid& mode) {
     result.deleted = true;
     storeTicked(kind, mode, result, p);
   });
+  if (result.deleted) mode.stored.saved(mode.rows(), result.storedIds, options.values());
   saved(kind, mode, result);
   return result.isComplete();
 }
@@ -100,6 +101,7 @@ void DiscountsPage::storeTicked(const sql::DiscountKind& kind, const DiscountGri
       p.step([&] {
         context_.connection->ExecuteNoRecords(statements.InserisciRegola(row, steps));
         ++result.stored;
+        result.storedIds.insert(StoredRules::idOf(statements.value(row, "GM61_ID")));
       });
     }
   }

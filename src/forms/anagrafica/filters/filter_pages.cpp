@@ -148,6 +148,14 @@ bool FilterPages::store(const Filter& filter, controls::RecordFrame& parameters,
   return true;
 }
 
+CompletedValues FilterPages::conditions() {
+  CompletedValues written;
+  for (const Filter& filter : {customers(), articles()}) {
+    written.push_back({filter.column, filter.filter.condition(), context_.translate(filter.name)});
+  }
+  return written;
+}
+
 void FilterPages::reload() {
   procedure(context_, "ImpostaEnQuery", [&](Procedure& p) {
     for (const Filter& filter : {customers(), articles()}) {

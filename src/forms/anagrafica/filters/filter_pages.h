@@ -7,6 +7,7 @@
 #include "controls/record_frame.h"
 #include "controls/simple_controls.h"
 #include "forms/anagrafica/page.h"
+#include "forms/changes/record_changes.h"
 #include "forms/filters/filter_editor.h"
 #include "forms/page_context.h"
 #include "forms/procedure.h"
@@ -37,6 +38,8 @@ class FilterPages : public Page {
   /// that differ into the parameter row. Cancels when the bounds of a range are
   /// the wrong way round, or a condition's builder was left by Abort.
   void storeConditions(controls::RecordFrame& parameters, bool& cancel, Procedure& p);
+  /// The conditions as storeConditions writes them. Errors of their builders are raised.
+  CompletedValues conditions();
   /// The row in which the conditions are stored.
   void setParameters(const controls::RecordFrame& parameters) { parameters_ = &parameters; }
   /// Says so when a stored condition is not the one that the page composes: saved filters are the

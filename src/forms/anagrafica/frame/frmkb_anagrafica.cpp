@@ -7,6 +7,7 @@
 #include "common/nulls.h"
 #include "forms/anagrafica/frame/pages.h"
 #include "forms/anagrafica/summary/frmkb_riepilogo.h"
+#include "forms/changes/changes_dialog.h"
 #include "forms/procedure.h"
 #include "sql/working_tables.h"
 
@@ -66,6 +67,20 @@ FRMKB_ANAGRAFICA::FRMKB_ANAGRAFICA(const Runtime& runtime)
   discounts_.PendingChanged.on([this] { markChangedPages(); });
   BTN_RIEPILOGO.setKey("F11");
   BTN_RIEPILOGO.ButtonClick.on([this] { VisualizzaRiepilogo(summary_); });
+  INAV_PAR.ChangesAsked.on([this] {
+    MostraModifiche([this](PlannedChanges& changes, Procedure& p) {
+      if (view_ == DiscountsPage::view) {
+        discounts_.addChanges(changes, p);
+      } else {
+        p.step([&] { profile_.addChanges(changes); });
+      }
+    });
+  });
+  INAV_CATCLIART.ChangesAsked.on([this] {
+    MostraModifiche([this](PlannedChanges& changes, Procedure& p) {
+      p.step([&] { categories_.addChanges(changes); });
+    });
+  });
   SBAR_MAIN.OnClickItemLink.on(
       [this](const controls::SideBar::Link& link) { SBAR_MAIN_OnClickItemLink(link); });
   services_.ConnectionLost.on([this] { showConnectionLost(); });
@@ -395,6 +410,15 @@ void FRMKB_ANAGRAFICA::VLT_RESIZEFORM1_Setup() {
       const std::string name(entry.control);
       if (find(name)) VLT_RESIZEFORM1.registerControl(name, entry.rule);
     }
+  });
+}
+
+void FRMKB_ANAGRAFICA::MostraModifiche(
+    const std::function<void(PlannedChanges&, Procedure&)>& add) {
+  procedure(context_, "MostraModifiche", [&](Procedure& p) {
+    PlannedChanges changes;
+    add(changes, p);
+    p.step([&] { showChanges(context_, changes); });
   });
 }
 

@@ -2,6 +2,7 @@
 
 #include <array>
 #include <cstdint>
+#include <functional>
 #include <string>
 
 #include "common/instance_trace.h"
@@ -22,6 +23,7 @@
 #include "forms/anagrafica/profile/synchronisation.h"
 #include "forms/anagrafica/progress_display.h"
 #include "forms/anagrafica/summary/summary_reader.h"
+#include "forms/changes/planned_changes.h"
 #include "forms/page_context.h"
 #include "forms/procedure.h"
 #include "forms/runtime.h"
@@ -90,6 +92,8 @@ class FRMKB_ANAGRAFICA : public controls::Form, public host::WindowMembers {
   /// Locks the pages that the user's rights do not allow to be changed.
   void lockByRights();
   void showRights();
+  /// Lists what "Conferma" of the page that is shown would change; `add` adds it.
+  void MostraModifiche(const std::function<void(PlannedChanges&, Procedure&)>& add);
   /// Reads the rows of a preview again.
   void refreshPage() override;
   std::string guidePage() const override { return "pagina-" + std::to_string(view_); }

@@ -3,6 +3,7 @@
 #include "common/convert.h"
 #include "common/nulls.h"
 #include "controls/row_editing.h"
+#include "forms/changes/record_changes.h"
 #include "forms/procedure.h"
 #include "sql/deposits.h"
 #include "sql/working_tables.h"
@@ -75,6 +76,7 @@ void DepositsPage::ImpostaRstDepositi() {
   const bool isShown = procedure(context_, "ImpostaRstDepositi", [&](Procedure& p) {
     const Ref<ado::Recordset> rows = p.openWorkingTable(sql::RigheDepositi(workingTable_));
     p.show(QGRID_DEP, rows);
+    p.step([&] { stored_.keep(QGRID_DEP); });
     return true;
   });
   load_.ended(isMade && isShown);
@@ -82,8 +84,25 @@ void DepositsPage::ImpostaRstDepositi() {
 
 bool DepositsPage::ConfermaModificheDepositi() {
   return procedure(context_, "ConfermaModificheDepositi", [&](Procedure& p) {
-    return p.run(sql::SalvaDepositi(workingTable_, p.profile()));
+    const bool isSaved = p.run(sql::SalvaDepositi(workingTable_, p.profile()));
+    if (isSaved) p.step([&] { stored_.keep(QGRID_DEP); });
+    return isSaved;
   });
+}
+
+// A deposit is stored as long as it is active.
+void DepositsPage::addChanges(PlannedChanges& changes) {
+  const auto read = [&](const CellReader& valueOf) -> std::optional<ReadRow> {
+    if (!toBoolean(CDecN(valueOf("FLG_ATTIVO")))) return std::nullopt;
+    return ReadRow{readFlag(context_, QGRID_DEP.captionOf("FLG_PREF"), valueOf("FLG_PREF"))};
+  };
+  for (std::int32_t row = 1; row <= QGRID_DEP.rowCount(); ++row) {
+    const std::string name = context_.translate("Deposito") + ' ' +
+                             RTrimN(QGRID_DEP.cell(row, "MG58_CODDEP")) + " - " +
+                             RTrimN(QGRID_DEP.cell(row, "MG58_DESCRDEP"));
+    changes.add(name, read([&](const std::string& field) { return stored_.value(row, field); }),
+                read([&](const std::string& field) { return QGRID_DEP.cell(row, field); }));
+  }
 }
 
 bool DepositsPage::CheckPredefinito() {

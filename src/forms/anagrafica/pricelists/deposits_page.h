@@ -4,6 +4,7 @@
 
 #include "controls/query_grid.h"
 #include "forms/anagrafica/page.h"
+#include "forms/changes/grid_changes.h"
 #include "forms/page_context.h"
 #include "forms/page_load.h"
 
@@ -28,6 +29,8 @@ class DepositsPage : public Page {
   void ImpostaRstDepositi();
   /// Writes the working table to the profile's deposits; whether it was written.
   bool ConfermaModificheDepositi();
+  /// Adds what ConfermaModificheDepositi would do.
+  void addChanges(PlannedChanges& changes);
   /// How many deposits are published.
   std::int32_t activeCount() { return QGRID_DEP.tickedRows("FLG_ATTIVO"); }
 
@@ -42,6 +45,7 @@ class DepositsPage : public Page {
   PageContext& context_;
   PageLoad load_;
   std::string workingTable_;
+  StoredRows stored_;
 };
 
 }  // namespace kebu::forms

@@ -195,6 +195,7 @@ void PriceListsPage::ImpostaRstListini() {
     context_.notices.remove(switchedOffCause);
     const Ref<ado::Recordset> rows = p.openWorkingTable(sql::RigheListini(workingTable_));
     p.show(QGRID_LISTINI, rows);
+    p.step([&] { stored_.keep(QGRID_LISTINI); });
     return true;
   });
   load_.ended(hasSlots && isMade && isShown);
@@ -203,10 +204,35 @@ void PriceListsPage::ImpostaRstListini() {
 bool PriceListsPage::ConfermaModificheListini() {
   return procedure(context_, "ConfermaModificheListini", [&](Procedure& p) {
     const bool isSaved = p.run(sql::SalvaListini(workingTable_));
-    const bool isSwitchedOff = p.run(sql::DisattivaListiniIncompleti(p.profile()));
+    const bool areSwitchedOff = p.run(sql::DisattivaListiniIncompleti(p.profile()));
     p.step([&] { showSwitchedOff(); });
-    return isSaved && isSwitchedOff;
+    if (isSaved) p.step([&] { stored_.keep(QGRID_LISTINI); });
+    return isSaved && areSwitchedOff;
   });
+}
+
+void PriceListsPage::addChanges(PlannedChanges& changes) {
+  constexpr const char* active = "GM57_FLGATTIVO";
+  const auto read = [&](const CellReader& valueOf) {
+    return readCells(context_, QGRID_LISTINI, "GM57_CODPREZZO", valueOf);
+  };
+  for (std::int32_t row = 1; row <= QGRID_LISTINI.rowCount(); ++row) {
+    changes.add(QGRID_LISTINI.cellText(row, 0),
+                read([&](const std::string& field) { return stored_.value(row, field); }),
+                read([&](const std::string& field) {
+                  const bool isReset = field == active && isSwitchedOff(row);
+                  return isReset ? Value(std::int16_t{0}) : QGRID_LISTINI.cell(row, field);
+                }));
+  }
+}
+
+void PriceListsPage::addNewSlots(PlannedChanges& changes) const {
+  const std::string caption = QGRID_LISTINI.captionOf("GM57_INDTIPO");
+  const std::string none = context_.translate(std::string(sources[0].caption));
+  for (const controls::ValueListItem& slot : slots) {
+    changes.add(context_.translate(std::string(slot.caption)), std::nullopt,
+                ReadRow{{caption, Value(sources[0].code), none}});
+  }
 }
 
 std::int32_t PriceListsPage::typeOf(std::int32_t row) {
@@ -228,6 +254,11 @@ Value PriceListsPage::stateOf(std::int32_t row) {
   const std::int32_t type = typeOf(row);
   if (type < tsNessuna || type >= tsPriorita) return Null{};
   return std::int16_t{hasKey(row) ? std::int16_t{1} : std::int16_t{2}};
+}
+
+// Those that take their price by priority are set inactive even when they are not active.
+bool PriceListsPage::isSwitchedOff(std::int32_t row) {
+  return !hasKey(row) && (isActive(row) || typeOf(row) == tsPriorita);
 }
 
 // Which slots the save's second statement has switched off follows from the rows that were saved.

@@ -10,6 +10,7 @@
 #include "controls/simple_controls.h"
 #include "forms/anagrafica/page.h"
 #include "forms/anagrafica/progress_display.h"
+#include "forms/changes/grid_changes.h"
 #include "forms/page_context.h"
 #include "forms/page_load.h"
 #include "forms/procedure.h"
@@ -38,6 +39,10 @@ class PriceListsPage : public Page {
   /// Writes the working table to the profile's slots and switches incomplete ones off.
   /// Whether both were done.
   bool ConfermaModificheListini();
+  /// Adds what ConfermaModificheListini would do to the profile's slots.
+  void addChanges(PlannedChanges& changes);
+  /// Adds the slots that a new profile gets.
+  void addNewSlots(PlannedChanges& changes) const;
   /// How many slots are published.
   std::int32_t activeCount() { return QGRID_LISTINI.tickedRows("GM57_FLGATTIVO"); }
   /// Says what the active slots do not publish.
@@ -65,6 +70,8 @@ class PriceListsPage : public Page {
   /// Whether the key that its type needs is given.
   bool hasKey(std::int32_t row);
   Value stateOf(std::int32_t row);
+  /// Whether a save switches the slot off: it has no key.
+  bool isSwitchedOff(std::int32_t row);
   /// Shows the slots as inactive that a save has switched off.
   void showSwitchedOff();
 
@@ -77,6 +84,7 @@ class PriceListsPage : public Page {
   ProgressDisplay& progress_;
   PageLoad load_;
   std::string workingTable_;
+  StoredRows stored_;
   /// The type of the row whose type cell is being edited.
   std::int32_t typeBefore_ = 0;
   /// Descriptions read so far, by the statement that reads them.

@@ -83,16 +83,31 @@ void ProfilePage::FME_ANAGRAFICA_BeforeUpdate(bool& cancel) {
   // An Abort cancels the save.
   const bool done = procedure(context_, "FME_ANAGRAFICA_BeforeUpdate", [&](Procedure& p) {
     if (cancel) return true;
-    controls::RecordFrame& frame = context_.profile;
-    p.set(frame, "GM03_DITTA_CG18", context_.company);
-    for (const FixedValue& fixed : fixedValues) p.set(frame, fixed.column, fixed.value);
-    if (NVL(p.value(frame, "GM03_DESCRIZIONE"), "") == Value("")) {
-      p.set(frame, "GM03_DESCRIZIONE", "Merkal");
+    for (const CompletedValue& set : p.step([&] { return completedValues(); })) {
+      p.set(context_.profile, set.column, set.value);
     }
     dependents_.filters.storeConditions(dependents_.parameters.FME_PARAMETRI, cancel, p);
     return true;
   });
   cancel = cancel || !done;
+}
+
+CompletedValues ProfilePage::completedValues() const {
+  CompletedValues completed{{"GM03_DITTA_CG18", context_.company}};
+  for (const FixedValue& fixed : fixedValues) completed.push_back({fixed.column, fixed.value});
+  if (NVL(context_.profile.field("GM03_DESCRIZIONE"), "") == Value("")) {
+    completed.push_back({"GM03_DESCRIZIONE", "Merkal"});
+  }
+  return completed;
+}
+
+// In the order in which a save writes.
+void ProfilePage::addChanges(PlannedChanges& changes) {
+  addRecord(changes, context_, context_.translate("Profilo"), context_.profile, completedValues());
+  dependents_.parameters.addChanges(changes, dependents_.filters.conditions());
+  dependents_.deposits.addChanges(changes);
+  dependents_.priceLists.addChanges(changes);
+  if (!isStored(context_.profile)) dependents_.priceLists.addNewSlots(changes);
 }
 
 void ProfilePage::FME_ANAGRAFICA_AfterUpdate() {

@@ -10,6 +10,7 @@
 #include "forms/anagrafica/pricelists/price_lists_page.h"
 #include "forms/anagrafica/profile/parameters/parameter_page.h"
 #include "forms/anagrafica/profile/synchronisation.h"
+#include "forms/changes/record_changes.h"
 #include "forms/page_context.h"
 
 namespace kebu::forms {
@@ -44,8 +45,12 @@ class ProfilePage : public Page {
   /// Binds the frames to the company's profile and shows it.
   void ImpostaVirtualFrame();
   void FME_ANAGRAFICA_ChangeStatus(controls::FrameStatus status, controls::FrameStatus previous);
+  /// Adds what a save of the profile would do.
+  void addChanges(PlannedChanges& changes);
 
  private:
+  /// What every save sets in the profile's row.
+  CompletedValues completedValues() const;
   void FME_ANAGRAFICA_BeforeUpdate(bool& cancel);
   void FME_ANAGRAFICA_AfterUpdate();
   void FME_ANAGRAFICA_BeforeDelete(bool& cancel);

@@ -23,6 +23,9 @@ WPARAM virtualKey(std::string_view name) {
   return number == 0 ? 0 : VK_F1 + number - 1;
 }
 
+constexpr DWORD buttonStyle = WS_VISIBLE | WS_TABSTOP | BS_OWNERDRAW;
+constexpr int changesWidth = 26;  // in 96ths of an inch
+
 }  // namespace
 
 NavigatorBarView::NavigatorBarView(ViewSite& site, controls::NavigatorBar& model, HWND parent)
@@ -32,7 +35,9 @@ NavigatorBarView::NavigatorBarView(ViewSite& site, controls::NavigatorBar& model
   create(site.module(), {L"kebu.navigator", WS_CHILD, WS_EX_CONTROLPARENT}, parent, {});
   adopt(handle());
   for (std::size_t i = 0; i < model.buttons().size(); ++i) {
-    buttons_.push_back(createStock(L"BUTTON", WS_VISIBLE | WS_TABSTOP | BS_OWNERDRAW, 0, handle()));
+    buttons_.push_back(createStock(L"BUTTON", buttonStyle, 0, handle()));
+    if (!model.showsChanges() || model.buttons()[i].key != controls::confirmButton) continue;
+    changesButton_ = createStock(L"BUTTON", buttonStyle, 0, handle());
   }
 }
 
@@ -50,7 +55,14 @@ void NavigatorBarView::arrange() {
     const int key = controls::functionKeyOf(button.key).empty() ? 0 : theme().px(34);
     const int width = std::max(text + key + theme().px(28), theme().px(96));
     moveWindow(buttons_[i].get(), {left, 0, width, static_cast<int>(area.bottom)});
-    left += width + theme().px(8);
+    left += width;
+    if (changesButton_ && button.key == controls::confirmButton) {
+      const int arrow = theme().px(changesWidth);
+      moveWindow(changesButton_.get(),
+                 {left + theme().px(2), 0, arrow, static_cast<int>(area.bottom)});
+      left += theme().px(2) + arrow;
+    }
+    left += theme().px(8);
   }
 }
 
@@ -59,6 +71,10 @@ void NavigatorBarView::refresh() {
     const controls::NavigatorBar::Button& button = model_.buttons()[i];
     setWindowText(buttons_[i].get(), toWide(layout::withMnemonic(button.caption, mnemonics_[i])));
     EnableWindow(buttons_[i].get(), looksEnabled() && button.enabled);
+    if (changesButton_ && button.key == controls::confirmButton) {
+      setWindowText(changesButton_.get(), toWide(model_.changesCaption()));
+      EnableWindow(changesButton_.get(), looksEnabled() && button.enabled);
+    }
   }
 }
 
@@ -87,6 +103,10 @@ std::optional<std::size_t> NavigatorBarView::indexOf(HWND window) const {
 
 void NavigatorBarView::command(HWND from, UINT code) {
   if (code != BN_CLICKED) return;
+  if (changesButton_ && from == changesButton_.get()) {
+    askChanges();
+    return;
+  }
   if (const auto index = indexOf(from)) press(*index);
 }
 
@@ -105,7 +125,21 @@ void NavigatorBarView::press(std::size_t index) {
   guarded([&] { model_.press(key); });
 }
 
+void NavigatorBarView::askChanges() {
+  if (site().commit()) guarded([&] { model_.askChanges(); });
+}
+
+void NavigatorBarView::drawChangesButton(const DRAWITEMSTRUCT& item) const {
+  DRAWITEMSTRUCT shown = item;
+  if (site().isBusy()) shown.itemState |= ODS_DISABLED;
+  drawPushButton(shown, theme(), {.behind = theme().colours().window, .pointsDown = true});
+}
+
 void NavigatorBarView::drawItem(const DRAWITEMSTRUCT& item) {
+  if (changesButton_ && item.hwndItem == changesButton_.get()) {
+    drawChangesButton(item);
+    return;
+  }
   const auto index = indexOf(item.hwndItem);
   if (!index) return;
   const auto& button = model_.buttons()[*index];
@@ -118,6 +152,9 @@ void NavigatorBarView::drawItem(const DRAWITEMSTRUCT& item) {
 }
 
 std::function<void()> NavigatorBarView::actionFor(const Key& key) {
+  const bool asksChanges = (key.code == VK_F10 && key.control && !key.shift && !key.mnemonic) ||
+                           (key.isPlain(VK_RETURN) && GetFocus() == changesButton_.get());
+  if (changesButton_ && asksChanges) return [this] { askChanges(); };
   for (std::size_t i = 0; i < buttons_.size(); ++i) {
     const WPARAM wanted = virtualKey(controls::functionKeyOf(model_.buttons()[i].key));
     const bool isMeant = (wanted != 0 && key.isPlain(wanted)) ||
@@ -151,6 +188,10 @@ void NavigatorBarView::describe(Inspection& inspection) {
 }
 
 bool NavigatorBarView::describePart(Inspection& inspection) {
+  if (inspection.part == Inspected::Lookup && changesButton_) {
+    describeWindow(inspection, changesButton_.get());
+    return true;
+  }
   const auto& all = model_.buttons();
   const auto at = itemAsked(inspection, all.size(), [&](std::size_t i, const std::string& key) {
     return all[i].key == key || all[i].caption == key;

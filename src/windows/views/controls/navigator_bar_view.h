@@ -39,10 +39,14 @@ class NavigatorBarView : public View, private Window {
   void arrange();
   /// The button of a window; nothing for another window.
   std::optional<std::size_t> indexOf(HWND window) const;
+  /// Shows what "Conferma" would change.
+  void askChanges();
+  void drawChangesButton(const DRAWITEMSTRUCT& item) const;
 
   controls::NavigatorBar& model_;
   std::vector<std::size_t> mnemonics_;
   std::vector<OwnedWindow> buttons_;
+  OwnedWindow changesButton_;  ///< the arrow beside "Conferma"; null on a bar that shows no changes
 };
 
 }  // namespace kebu::windows

@@ -64,6 +64,17 @@ void card(HDC dc, const RECT& area, int radius, COLORREF inside, COLORREF border
   RoundRect(dc, area.left, area.top, area.right, area.bottom, radius, radius);
 }
 
+void downArrow(HDC dc, const RECT& area, int size, COLORREF colour) {
+  const Selected pen(dc, GetStockObject(DC_PEN));
+  const Selected brush(dc, GetStockObject(DC_BRUSH));
+  SetDCPenColor(dc, colour);
+  SetDCBrushColor(dc, colour);
+  const LONG x = (area.left + area.right) / 2;
+  const LONG y = (area.top + area.bottom - size) / 2;
+  const POINT corners[] = {{x - size, y}, {x + size, y}, {x, y + size}};
+  Polygon(dc, corners, 3);
+}
+
 void text(HDC dc, const std::wstring& text, RECT area, COLORREF colour, HFONT font, UINT format) {
   const Selected selected(dc, font);
   SetTextColor(dc, colour);

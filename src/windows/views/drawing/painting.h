@@ -67,6 +67,8 @@ void fill(HDC dc, const RECT& area, COLORREF colour);
 void frame(HDC dc, const RECT& area, COLORREF colour);
 /// A filled area with round corners and a line around it.
 void card(HDC dc, const RECT& area, int radius, COLORREF inside, COLORREF border);
+/// A filled triangle that points down, in the middle of `area`; `size` is half its width.
+void downArrow(HDC dc, const RECT& area, int size, COLORREF colour);
 /// One line, cut off with dots where it does not fit; `format` as for DrawText.
 void text(HDC dc, const std::wstring& text, RECT area, COLORREF colour, HFONT font, UINT format);
 

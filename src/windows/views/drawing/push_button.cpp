@@ -37,6 +37,10 @@ void drawPushButton(const DRAWITEMSTRUCT& item, const Theme& theme, const PushBu
 
   const Colour usual = pressed ? onChosen(colours, colours.text) : colours.text;
   const COLORREF ink = !enabled ? colours.faint : isMain ? colours.accentText : usual;
+  if (face.pointsDown) {
+    downArrow(item.hDC, area, theme.px(4), ink);
+    return;
+  }
   const UINT cues = item.itemState & ODS_NOACCEL ? DT_HIDEPREFIX : 0U;
   const int gap = face.key.empty() ? 0 : theme.px(10);
   const int textWidth = widthOf(item.hDC, face.text, theme.font());

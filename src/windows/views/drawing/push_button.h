@@ -14,6 +14,7 @@ struct PushButtonFace {
   bool isMain = false;
   COLORREF behind = 0;
   bool isHovered = false;  ///< the pointer is on it
+  bool pointsDown = false;  ///< an arrow in place of the text
 };
 
 /// Draws a button of style BS_OWNERDRAW.

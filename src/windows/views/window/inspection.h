@@ -16,7 +16,8 @@ enum class Inspected : std::uint32_t {
   Item,     ///< a bar's button, a side bar's link, a combo's row, a status panel, a
             ///< query editor's field: by `key` (button key, view number, code,
             ///< caption) or `index`
-  Lookup,   ///< the button that opens the look-up of an edit box
+  Lookup,   ///< the button that opens the look-up of an edit box, or a navigator bar's list of
+            ///< changes
   Choice,   ///< an entry of the list of values that the current row's cell of a column
             ///< offers: the column, and `row` from 1; its code is the name
 };

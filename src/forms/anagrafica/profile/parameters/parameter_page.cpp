@@ -181,11 +181,7 @@ void ParameterPage::FME_PARAMETRI_BeforeUpdate(bool& cancel) {
   // An Abort cancels the save.
   cancel = !procedure(context_, "FME_PARAMETRI_BeforeUpdate", [&](Procedure& p) {
     const auto field = [&](const char* name) { return p.value(FME_PARAMETRI, name); };
-    const auto set = [&](const char* name, const Value& value) {
-      p.set(FME_PARAMETRI, name, value);
-    };
-    const std::int16_t zero = 0;
-    const Value kind = NVL(field("GM04_INDTIPODEPIMP"), zero);
+    const Value kind = NVL(field("GM04_INDTIPODEPIMP"), Value(fromDocument));
     const Value document = field("GM04_CODDOCWEB_MG36");
 
     if (equalAsVariants(kind, Value(asGiven)) && isBlank(field("GM04_DEPDOCWEB_MG58"))) {
@@ -201,20 +197,39 @@ void ParameterPage::FME_PARAMETRI_BeforeUpdate(bool& cancel) {
         FME_PARAMETRI.Refused.raise(TXT_GM04_CODDOCWEB_MG36);
         return false;
       }
-      // The default deposit of the document type is used instead.
-      set("GM04_DEPDOCWEB_MG58", Null{});
     }
-    for (const char* column : zeroedColumns) set(column, zero);
-    if (isBlank(field("GM04_INDTIPOGIACENZA"))) set("GM04_INDTIPOGIACENZA", zero);
-    const Value profileId = context_.profileId();
-    if (!equalAsVariants(CDecN(field("GM04_IDDISPOSITIVO_GM03")), profileId)) {
-      set("GM04_IDDISPOSITIVO_GM03", profileId);
-    }
-    if (!equalAsVariants(CDecN(field("GM04_DITTA_CG18")), context_.company)) {
-      set("GM04_DITTA_CG18", context_.company);
+    for (const CompletedValue& set : p.step([&] { return completedValues(); })) {
+      p.set(FME_PARAMETRI, set.column, set.value);
     }
     return true;
   });
+}
+
+CompletedValues ParameterPage::completedValues() const {
+  const auto field = [&](const char* name) { return FME_PARAMETRI.field(name); };
+  constexpr std::int16_t zero = 0;
+  CompletedValues completed;
+  const Value kind = NVL(field("GM04_INDTIPODEPIMP"), Value(fromDocument));
+  if (equalAsVariants(kind, Value(fromDocument)) && !isBlank(field("GM04_CODDOCWEB_MG36"))) {
+    // The default deposit of the document type is used instead.
+    completed.push_back({"GM04_DEPDOCWEB_MG58", Null{}});
+  }
+  for (const char* column : zeroedColumns) completed.push_back({column, zero});
+  if (isBlank(field("GM04_INDTIPOGIACENZA"))) completed.push_back({"GM04_INDTIPOGIACENZA", zero});
+  const Value profileId = context_.profileId();
+  if (!equalAsVariants(CDecN(field("GM04_IDDISPOSITIVO_GM03")), profileId)) {
+    completed.push_back({"GM04_IDDISPOSITIVO_GM03", profileId});
+  }
+  if (!equalAsVariants(CDecN(field("GM04_DITTA_CG18")), context_.company)) {
+    completed.push_back({"GM04_DITTA_CG18", context_.company});
+  }
+  return completed;
+}
+
+void ParameterPage::addChanges(PlannedChanges& changes, const CompletedValues& conditions) const {
+  CompletedValues completed = completedValues();
+  completed.insert(completed.end(), conditions.begin(), conditions.end());
+  addRecord(changes, context_, context_.translate("Parametri"), FME_PARAMETRI, completed);
 }
 
 void ParameterPage::tellDefaultDepositMissing(const std::string& document) {
@@ -253,12 +268,16 @@ void ParameterPage::FME_PARAMETRI_UpdateBatchAll(bool& cancel) {
   });
 }
 
+Value ParameterPage::customerNotes() const {
+  const std::string& text = TXT_GM04_NUMNOTECLIENTI.text();
+  return equalAsVariants(CDecN(text), std::int32_t{0}) ? Value(Null{}) : Value(text);
+}
+
 void ParameterPage::storeCustomerNotes(Procedure& p) {
   if (!FME_PARAMETRI.hasRecord()) return;
-  const std::string& text = TXT_GM04_NUMNOTECLIENTI.text();
-  const bool none = p.step([&] { return equalAsVariants(CDecN(text), std::int32_t{0}); });
+  const Value notes = p.step([&] { return customerNotes(); });
   p.step([&] {
-    FME_PARAMETRI.setField("GM04_NUMNOTECLIENTI", none ? Value(Null{}) : Value(text));
+    FME_PARAMETRI.setField("GM04_NUMNOTECLIENTI", notes);
     rows_->Update();
   });
   p.step([&] {
@@ -270,6 +289,15 @@ void ParameterPage::storeCustomerNotes(Procedure& p) {
     }
   });
   p.step([&] { TXT_GM04_NUMNOTECLIENTI.refreshFromRecord(); });
+}
+
+void ParameterPage::addCustomerNotes(PlannedChanges& changes) const {
+  if (!FME_PARAMETRI.hasRecord()) return;
+  const auto read = [&](const Value& value) {
+    return ReadRow{{TXT_GM04_NUMNOTECLIENTI.caption(), value, RTrimN(value)}};
+  };
+  changes.add(context_.translate("Parametri"), read(rows_->originalValue("GM04_NUMNOTECLIENTI")),
+              read(customerNotes()));
 }
 
 bool ParameterPage::VerificaDepositoDocumento(const std::string& document) {

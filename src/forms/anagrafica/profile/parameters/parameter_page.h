@@ -11,6 +11,7 @@
 #include "controls/simple_controls.h"
 #include "forms/anagrafica/fixed_choice.h"
 #include "forms/anagrafica/page.h"
+#include "forms/changes/record_changes.h"
 #include "forms/page_context.h"
 #include "forms/procedure.h"
 
@@ -64,6 +65,11 @@ class ParameterPage : public Page {
   /// Stores the number of customer notes by itself, apart from the profile's save.
   void storeCustomerNotes(Procedure& p);
 
+  /// Adds what a save of the profile would do to the row; `conditions` are those of the filters.
+  void addChanges(PlannedChanges& changes, const CompletedValues& conditions) const;
+  /// Adds what storeCustomerNotes would do.
+  void addCustomerNotes(PlannedChanges& changes) const;
+
  private:
   void bindControls();
   void handleEvents();
@@ -72,6 +78,10 @@ class ParameterPage : public Page {
   void FME_PARAMETRI_BeforeUpdate(bool& cancel);
   void FME_PARAMETRI_UpdateBatchAll(bool& cancel);
   void tellDefaultDepositMissing(const std::string& document);
+  /// What every save sets, once it is not refused.
+  CompletedValues completedValues() const;
+  /// The number of customer notes as it is stored by itself: none for 0.
+  Value customerNotes() const;
   bool VerificaDepositoDocumento(const std::string& document);
   void decodeDeposit(const char* name, controls::EditBox& box, const std::string& code,
                      std::string& description);
