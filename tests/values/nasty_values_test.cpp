@@ -371,7 +371,9 @@ TEST_F(NastyHost, TranslatesAndAnswersAnything) {
     EXPECT_TRUE(openAndClose(global));
     for (const std::string& statement : statements.statements()) {
       const bool isLongEnough = trim(value.text).size() > 5;
-      if (isLongEnough) EXPECT_EQ(statement.find(value.text), std::string::npos) << statement;
+      if (isLongEnough) {
+        EXPECT_EQ(statement.find(value.text), std::string::npos) << statement;
+      }
     }
   }
 }

@@ -46,7 +46,8 @@ constexpr std::array table{
     Step{"lookup", 1, 4, "BOX [N] | GRID ROW FIELD [N] | EDITOR CAPTION 1|2 [N]",
          "opens a look-up, takes its row N; of a range's first or second value", steps::lookup},
     Step{"keys", 1, any, "KEY...",
-         "presses keys without a pause: F3, F8, F9, F10, F11, Ctrl+F10, Enter, Esc; while the window "
+         "presses keys without a pause: F3, F8, F9, F10, F11, Ctrl+F10, Enter, Esc; while the "
+         "window "
          "works they are lost",
          steps::keys},
     Step{"refresh", 0, 0, "", "reads again what a preview or the summary shows", steps::refresh},

@@ -110,7 +110,8 @@ BoundQuery QueryBinder::select(const ast::Select& node, const ast::Query& whole,
       throw ungrouped(findings, 8127, "ORDER BY clause");
     }
     if (isAggregated() && !wasAggregated) {
-      // The aggregate that makes all rows one group stands in the order alone, which SQLite refuses.
+      // The aggregate that makes all rows one group stands in the order alone, which SQLite
+      // refuses.
       findings.ungrouped = listed;
       if (!listed.empty()) throw ungrouped(findings, 8120, "select list");
       tail = " FROM (SELECT count(*)" + tail + ")";

@@ -228,10 +228,10 @@ void PriceListsPage::addChanges(PlannedChanges& changes) {
 
 void PriceListsPage::addNewSlots(PlannedChanges& changes) const {
   const std::string caption = QGRID_LISTINI.captionOf("GM57_INDTIPO");
-  const std::string none = context_.translate(std::string(sources[0].caption));
-  for (const controls::ValueListItem& slot : slots) {
+  const std::string none = context_.translate(std::string(priceSources[0].caption));
+  for (const controls::ValueListItem& slot : priceSlots) {
     changes.add(context_.translate(std::string(slot.caption)), std::nullopt,
-                ReadRow{{caption, Value(sources[0].code), none}});
+                ReadRow{{caption, Value(priceSources[0].code), none}});
   }
 }
 

@@ -13,7 +13,7 @@ struct PushButtonFace {
   std::wstring key;   ///< shown after it in a quieter colour
   bool isMain = false;
   COLORREF behind = 0;
-  bool isHovered = false;  ///< the pointer is on it
+  bool isHovered = false;   ///< the pointer is on it
   bool pointsDown = false;  ///< an arrow in place of the text
 };
 

@@ -50,7 +50,8 @@ struct Inspection {
   wchar_t caption[128] = {};  ///< of a field
   wchar_t hint[128] = {};     ///< shown in an empty edit box
   wchar_t spoken[128] = {};   ///< its name for assistive technology, where the texts above are not
-  wchar_t description[256] = {};  ///< what else one should know: a code's description, a row's state
+  wchar_t description[256] =
+      {};                     ///< what else one should know: a code's description, a row's state
   wchar_t shortcut[64] = {};  ///< the key that does the same
   /// Blank-separated: "read-only required masked look-up locked chosen some changed unknown unused
   /// check ticked running animated no-record warning", a row's state.
