@@ -159,19 +159,28 @@ class Walker : public workbench::Player, public workbench::StatementObserver {
   std::deque<std::string> statements_;         ///< the last ones
   bool checked_ = true;                        ///< the last step
   bool troubled_ = false;  ///< there were errors or other windows: pages may differ from the tables
-  bool lossIsTold_ = false;  ///< in the current gesture, by a box that was not answered with Retry
+  /// How often a lost connection may still be told in the current step, by a box that is not
+  /// answered with Retry: once for each gesture of the step.
+  std::size_t lossesToTell_ = 0;
   bool closing_ = false;
   int dialogsClosed_ = 0;
   ModelWorkplace workplace_;
 };
+
+/// How many gestures a step is: a condition's operator and its values are chosen one after the
+/// other.
+std::size_t gesturesOf(const Words& words) {
+  constexpr std::size_t before = 3;
+  return words.front() == "condition" ? words.size() - before : 1;
+}
 
 std::int32_t Walker::answer(const workbench::ShownMessage& box) {
   if (workbench::offers(box.style, msgbox::abort)) troubled_ = true;
   if (closing_) return leaving(box);
   const msgbox::Answer answer = source_.answer(box);
   if (box.text.find("\r\n[DBNETLIB]") != std::string::npos) {
-    if (lossIsTold_) broken("a lost connection was told twice in a gesture: " + box.text);
-    lossIsTold_ = answer != msgbox::retry;
+    if (lossesToTell_ == 0) broken("a lost connection was told twice in a gesture: " + box.text);
+    if (answer != msgbox::retry && lossesToTell_ > 0) --lossesToTell_;
   }
   if (!outcome_.steps.empty()) outcome_.steps.back().answers.push_back(answer);
   return answer;
@@ -233,7 +242,7 @@ const workbench::ScenarioLine* Walker::nextLine() {
   if (std::ranges::find(disturbing, words->front()) != std::end(disturbing)) troubled_ = true;
   outcome_.steps.push_back({*words});
   checked_ = false;
-  lossIsTold_ = false;
+  lossesToTell_ = gesturesOf(*words);
   lines_.push_back({static_cast<int>(lines_.size()) + 1, words->front(), *words});
   return &lines_.back();
 }
