@@ -28,7 +28,7 @@ Value StoredRows::value(std::int32_t row, std::string_view field) const {
 }
 
 std::string captionIn(const controls::QueryGrid::Items& items, const Value& value) {
-  const std::string text = RTrimN(value);
+  std::string text = RTrimN(value);
   if (text.empty()) return text;
   const auto item = std::ranges::find_if(
       items, [&](const auto& each) { return equalAsVariants(Value(each.first), value); });

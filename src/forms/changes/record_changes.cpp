@@ -30,7 +30,7 @@ const CompletedValue* completedOf(const CompletedValues& completed, const std::s
 
 /// A value as a control shows it.
 std::string shownText(const controls::BoundControl& control, const Value& value) {
-  const std::string text = RTrimN(value);
+  std::string text = RTrimN(value);
   if (text.empty()) return text;
   if (const auto* const combo = controls::as<controls::ComboBox>(control)) {
     const std::string caption = combo->captionOf(value);

@@ -18,6 +18,7 @@ using SavedValues = std::vector<sql::SavedValue>;
 
 std::vector<std::string> namesOf(const std::vector<ado::Field>& fields) {
   std::vector<std::string> names;
+  names.reserve(fields.size());
   for (const ado::Field& field : fields) names.push_back(field.name);
   return names;
 }
