@@ -115,10 +115,10 @@ void AdoConnection::observed(const std::string& text, bool edit, std::int32_t ti
       if (heard) observer_->after(text, edit, 0, &caught);
       throw;
     }
-    const RuntimeError error = RuntimeError::cancelled();
-    keep(error);
-    if (heard) observer_->after(text, edit, 0, &error);
-    throw error;
+    const RuntimeError cancelled = RuntimeError::cancelled();
+    keep(cancelled);
+    if (heard) observer_->after(text, edit, 0, &cancelled);
+    throw RuntimeError(cancelled);
   }
 }
 
