@@ -4,6 +4,7 @@
 #include <utility>
 
 #include "common/convert.h"
+#include "controls/grid/grid_tools.h"
 #include "forms/anagrafica/discounts/list_types.h"
 #include "forms/anagrafica/pricelists/price_sources.h"
 #include "forms/filters/filter_editor.h"
@@ -58,7 +59,9 @@ class Writer {
   void part(std::string label, const Figure& figure, const Figure& whole);
 
   std::string unknown();
-  std::string number(const Figure& figure) { return figure ? std::to_string(*figure) : unknown(); }
+  std::string number(const Figure& figure) {
+    return figure ? controls::groupedNumber(*figure) : unknown();
+  }
   std::string ofWhole(const Figure& figure, const Figure& whole) {
     return number(figure) + translated(" di ") + number(whole);
   }
@@ -195,12 +198,13 @@ void Writer::writeDeposits() {
 }
 
 std::string Writer::wordsOf(const Summary::Rules& rules) const {
-  std::string words = std::to_string(rules.active);
+  std::string words = controls::groupedNumber(rules.active);
   if (rules.expiring > 0) {
     words += translated(", in scadenza entro ") + std::to_string(Summary::daysAhead) +
-             translated(" giorni: ") + std::to_string(rules.expiring);
+             translated(" giorni: ") + controls::groupedNumber(rules.expiring);
   }
-  if (rules.expired > 0) words += translated(", scadute: ") + std::to_string(rules.expired);
+  if (rules.expired > 0)
+    words += translated(", scadute: ") + controls::groupedNumber(rules.expired);
   return words;
 }
 
@@ -212,7 +216,7 @@ void Writer::writeRules() {
   }
   std::int64_t all = 0;
   for (const Summary::Rules& rules : *summary_.rules) all += rules.active;
-  entry(translated("Regole attive"), std::to_string(all));
+  entry(translated("Regole attive"), controls::groupedNumber(all));
   for (const DiscountListType& type : discountListTypes) {
     if (type.number == 0) continue;
     for (const bool onPrice : {true, false}) {
@@ -243,7 +247,8 @@ void Writer::writeJob() {
 }
 
 void Writer::warnOf(const char* text, const Figure& figure) {
-  if (figure.value_or(0) > 0) add(Role::Warning, translated(text) + std::to_string(*figure));
+  if (figure.value_or(0) > 0)
+    add(Role::Warning, translated(text) + controls::groupedNumber(*figure));
 }
 
 void Writer::warnOfSlots() {

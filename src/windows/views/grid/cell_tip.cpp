@@ -24,6 +24,10 @@ void CellTip::create(HWND grid) {
 void CellTip::pointerOn(std::int64_t part) {
   if (part == part_) return;
   part_ = part;
+  hide();
+}
+
+void CellTip::hide() {
   if (tip_) SendMessageW(tip_, TTM_POP, 0, 0);
 }
 

@@ -19,6 +19,8 @@ class CellTip {
   void create(HWND grid);
   /// The pointer is on a part of that number, which differs from part to part.
   void pointerOn(std::int64_t part);
+  /// Something else stands below the pointer now.
+  void hide();
   /// Answers a notification of the tip; false when it is none of its own.
   bool notified(HWND grid, NMHDR* header);
 

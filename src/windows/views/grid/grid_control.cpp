@@ -124,6 +124,7 @@ void GridControl::tellPosition() {
 // ---- scrolling
 
 void GridControl::updateScrollBars() {
+  tip_.hide();
   geometry().clampPosition();
   setScrollBar(SB_VERT, geometry_.verticalRange());
   // The client area changes when the vertical bar appears or disappears.
