@@ -127,8 +127,8 @@ function verdictOf() {
       const result = run(command, args, { cwd: build });
       if (result.error?.code === 'ETIMEDOUT') return 'time-out';
       if (result.status === 0) continue;
-      const failed = /(?:\[  FAILED  \] |\*\*\*Failed.*|- )(\S+)/.exec(result.stdout);
-      return `caught by ${failed ? failed[1] : command.split('/').pop()}`;
+      const failed = /\[  FAILED  \] (\S+)|\d+ - (\S+) \(/.exec(result.stdout);
+      return `caught by ${failed ? failed[1] ?? failed[2] : command.split('/').pop()}`;
     }
   }
   return 'survived';
