@@ -1,10 +1,12 @@
 #include <algorithm>
 #include <chrono>
+#include <functional>
 #include <iostream>
 #include <memory>
 #include <optional>
 #include <stdexcept>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "bench/benchmarks.h"
@@ -113,6 +115,43 @@ void measureFinding(PairedRunner& runner, const char* name, std::optional<std::s
   printLongest(large);
 }
 
+void measureExporting(PairedRunner& runner, const char* name) {
+  if (!runner.wants(name)) return;
+  LargeGrid large;
+  runner.compare({
+      .name = name,
+      .floorName = "reading them, and joining their texts",
+      .subject =
+          [&] {
+            std::string file;
+            bool isComplete = false;
+            const Nanoseconds time = large.work([&](controls::GridTools& tools) {
+              tools.exportRows([&](std::string_view piece) { file += piece; },
+                               [&](bool complete) { isComplete = complete; });
+            });
+            if (!isComplete || std::ranges::count(file, '\n') != rowCount + 1) {
+              throw std::logic_error("not all rows were exported");
+            }
+            return time;
+          },
+      .floor =
+          [&] {
+            return timeOf([&] {
+              std::string file;
+              std::vector<std::vector<Value>> read;
+              for (const controls::GridColumn& column : columns)
+                read.push_back(large.read(column.field));
+              for (std::size_t row = 0; row < read.front().size(); ++row) {
+                for (const std::vector<Value>& column : read) file += toDisplay(column[row]) + ';';
+                file += '\n';
+              }
+            });
+          },
+      .pairs = 5,
+  });
+  printLongest(large);
+}
+
 }  // namespace
 
 void measureGridTools(PairedRunner& runner) {
@@ -120,6 +159,7 @@ void measureGridTools(PairedRunner& runner) {
   measureSorting(runner, "sorting 1,000,000 rows by a number", quantity);
   measureFinding(runner, "finding in a column of 1,000,000 rows", description);
   measureFinding(runner, "finding in all columns of 1,000,000 rows", std::nullopt);
+  measureExporting(runner, "exporting 1,000,000 rows to CSV");
 }
 
 }  // namespace kebu::bench
