@@ -65,8 +65,12 @@ void AdoConnection::requireServer() {
   throw adoerror::connectionLost();
 }
 
-engine::Session& AdoConnection::session() const {
-  if (lost_) throw adoerror::connectionLost();
+engine::Session& AdoConnection::session() {
+  if (lost_) {
+    errors_.clear();  // of the call before
+    keep(adoerror::connectionLost());
+    throw adoerror::connectionLost();
+  }
   if (!session_) throw adoerror::badConnection();
   return *session_;
 }

@@ -57,7 +57,7 @@ class AdoConnection : public ado::Connection, public std::enable_shared_from_thi
   void occupy(const std::shared_ptr<UnreadRows>& rows) { unread_ = rows; }
   const Manners& manners() const { return manners_; }
   /// RuntimeError 3709 when the connection is closed, ConnectionError when it is lost.
-  engine::Session& session() const;
+  engine::Session& session();
 
   /// The connection behind a reference; 3709 for none, a closed one or one of another kind.
   static std::shared_ptr<AdoConnection> behind(const Ref<ado::Connection>& connection);
