@@ -116,19 +116,8 @@ class Node {
   ComPtr<IAccessible> object_;
 };
 
-class AccessibilityTest : public WindowTest {
+class AccessibilityTest : public OpenWindowTest {
  protected:
-  void open() {
-    host.emplace(*library);
-    (*host)->open();
-    pumpWaiting();
-  }
-  void TearDown() override {
-    if (host) (*host)->close();
-    host.reset();
-    WindowTest::TearDown();
-  }
-  WindowReader reader() const { return WindowReader(shownForm()); }
   Node node(const char* control) const { return Node::of(reader().control(control).window); }
   static Node shownPage() {
     HWND page = nullptr;
@@ -137,8 +126,6 @@ class AccessibilityTest : public WindowTest {
     }
     return Node(nullptr);
   }
-
-  std::optional<DllHost> host;
 };
 
 /// A node with all that it contains, but for rows after the first few.

@@ -97,24 +97,13 @@ std::vector<Chord> chordsOf(const controls::KeyEntry& entry) {
 
 constexpr std::string_view mnemonics = "Alt+lettera sottolineata";
 
-class KeyTableTest : public WindowTest {
+class KeyTableTest : public OpenWindowTest {
  protected:
   void open(const std::string& page) {
-    if (!host) {
-      host.emplace(*library);
-      (*host)->open();
-      pumpWaiting();
-    }
+    OpenWindowTest::open();
     openPage(shownForm(), page);
   }
-  void TearDown() override {
-    if (host) (*host)->close();
-    host.reset();
-    WindowTest::TearDown();
-  }
 
-  WindowReader reader() const { return WindowReader(shownForm()); }
-  HWND windowOf(const char* control) const { return reader().control(control).window; }
   void focus(HWND window) {
     SetFocus(window);
     pumpWaiting();
@@ -173,8 +162,6 @@ class KeyTableTest : public WindowTest {
     }
     return taken;
   }
-
-  std::optional<DllHost> host;
 };
 
 TEST_F(KeyTableTest, NamesEveryKeyThatTheWindowActsOn) {

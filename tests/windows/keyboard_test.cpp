@@ -15,21 +15,8 @@ using windows::Inspected;
 using workbench::pressKey;
 using workbench::WindowReader;
 
-class KeyboardTest : public WindowTest {
+class KeyboardTest : public OpenWindowTest {
  protected:
-  void open() {
-    host.emplace(*library);
-    (*host)->open();
-    pumpWaiting();
-  }
-  void TearDown() override {
-    if (host) (*host)->close();
-    host.reset();
-    WindowTest::TearDown();
-  }
-
-  WindowReader reader() const { return WindowReader(shownForm()); }
-  HWND windowOf(const char* control) const { return reader().control(control).window; }
   /// Presses a key in the window, which gets the focus.
   void press(HWND window, WPARAM key) {
     SetFocus(window);
@@ -42,8 +29,6 @@ class KeyboardTest : public WindowTest {
     pumpWaiting();
   }
   bool isShown(const char* control) const { return reader().control(control).visible; }
-
-  std::optional<DllHost> host;
 };
 
 TEST_F(KeyboardTest, LookupListsAreFilteredByTyping) {

@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <memory>
+#include <optional>
 #include <stdexcept>
 
 #include "tests/windows/arguments.h"
@@ -10,6 +11,7 @@
 #include "windows/support/text.h"
 #include "windows/support/windows_api.h"
 #include "workbench/windows/plugin_library.h"
+#include "workbench/windows/window_reader.h"
 
 namespace kebu::tests {
 
@@ -30,6 +32,27 @@ class WindowTest : public testing::Test {
 
   std::unique_ptr<workbench::PluginLibrary> library =
       std::make_unique<workbench::PluginLibrary>(path());
+};
+
+/// A test in the window that a host has opened, until the test ends.
+class OpenWindowTest : public WindowTest {
+ protected:
+  void open() {
+    if (host) return;
+    host.emplace(*library);
+    (*host)->open();
+    pumpWaiting();
+  }
+  void TearDown() override {
+    if (host) (*host)->close();
+    host.reset();
+    WindowTest::TearDown();
+  }
+
+  workbench::WindowReader reader() const { return workbench::WindowReader(shownForm()); }
+  HWND windowOf(const char* control) const { return reader().control(control).window; }
+
+  std::optional<DllHost> host;
 };
 
 }  // namespace kebu::tests

@@ -1,7 +1,7 @@
 #include "forms/anagrafica/preview/preview_page.h"
 
 #include "common/convert.h"
-#include "controls/grid/grid_tools.h"
+#include "controls/progress.h"
 #include "forms/anagrafica/preview/preview_columns.h"
 #include "forms/interruptible.h"
 #include "sql/preview.h"

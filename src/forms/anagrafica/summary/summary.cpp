@@ -4,7 +4,7 @@
 #include <utility>
 
 #include "common/convert.h"
-#include "controls/grid/grid_tools.h"
+#include "controls/progress.h"
 #include "forms/anagrafica/discounts/list_types.h"
 #include "forms/anagrafica/pricelists/price_sources.h"
 #include "forms/filters/filter_editor.h"
