@@ -15,8 +15,8 @@ esac
 # Runs a program for at most wine_limit seconds, without Wine's messages about the missing 32-bit version.
 in_wine() { timeout -k 5 "${wine_limit:-600}" wine "$@" 2> >(sed -e '/wine32/d' -e '/multiarch/d' -e '/^wine: configuration/d' -e '/^$/d' >&2); }
 
-# Starts a virtual screen with a window manager. It must exist before Wine's server, which keeps the
-# screen that it was started with.
+# start_virtual_screen [bare]: starts a virtual screen, with a window manager unless it is bare. It must exist
+# before Wine's server, which keeps the screen that it was started with.
 start_virtual_screen() {
   local number pids=()
   mkdir -p build
@@ -24,8 +24,10 @@ start_virtual_screen() {
   pids+=("$SCREEN_PID")
   read -r -t 30 number <&"${SCREEN[0]}" || fail "the virtual screen does not start, see build/screen.log"
   export DISPLAY=:$number
-  openbox >/dev/null 2>&1 &
-  pids+=("$!")
+  if [[ ${1:-} != bare ]]; then
+    openbox >/dev/null 2>&1 &
+    pids+=("$!")
+  fi
   # shellcheck disable=SC2064 # the processes of now
   trap "wineserver -k 2>/dev/null || true; kill ${pids[*]} 2>/dev/null || true" EXIT
 }

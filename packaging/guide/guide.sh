@@ -2,13 +2,44 @@
 # tools/setup.sh and the build windows-x64. Its pictures are taken of the real window, its numbers are read
 # from the demo company, both with the workbench under Wine.
 
-need_guide_packages() { need_packages pandoc weasyprint fonts-dejavu-core wine wine64 xvfb openbox; }
+need_guide_packages() {
+  need_packages pandoc weasyprint fonts-dejavu-core faketime locales wine wine64 xvfb
+}
 
 guide_pages=(index installazione primo-collegamento pagina-{1,2,3,6,7,8,9,10,11,12} riepilogo esempi messaggi tasti diritti problemi)
 
 # Numbers as Italians write them, without needless zeros; columns become those of a table.
 italian_rows() {
   sed -E -e 's/([0-9])\.([0-9]+)/\1,\2/g' -e 's/(,[0-9]*[1-9])0+\b/\1/g' -e 's/,0+\b//g' -e 's/\t/ | /g'
+}
+
+# A Wine for the pictures, so that they are the same whenever and wherever they are taken: Italian, with the
+# system's own window frames, a caret that does not blink, and a clock that stands still at the package's
+# time. Waiting takes as long as ever.
+prepare_wine_for_pictures() {
+  local work=build/guide-tools time
+  time=$(date -u -d "@$(package_time)" '+%F %T')
+  mkdir -p "$work/locale" "$work/fonts"
+  [[ -d $work/locale/it_IT.UTF-8 ]] || localedef -i it_IT -f UTF-8 "$work/locale/it_IT.UTF-8"
+  # The font with the signs on a frame's buttons. The package is not installed: its other fonts would
+  # change how Wine draws all texts.
+  if [[ ! -f $work/fonts/usr/share/wine/fonts/marlett.ttf ]]; then
+    (cd "$work" && apt-get -qq download fonts-wine && dpkg-deb -x fonts-wine_*.deb fonts) ||
+      fail "the package fonts-wine cannot be fetched"
+  fi
+  unset "${!LC_@}"
+  export WINEPREFIX=$PWD/$work/wine LOCPATH=$PWD/$work/locale LANG=it_IT.UTF-8
+  # shellcheck disable=SC2016 # the dynamic linker replaces $LIB
+  export TZ=UTC FAKETIME=$time FAKETIME_DONT_FAKE_MONOTONIC=1 LD_PRELOAD='/usr/$LIB/faketime/libfaketime.so.1'
+  in_wine reg add 'HKCU\Software\Wine\X11 Driver' /v Managed /d N /f >/dev/null
+  in_wine reg add 'HKCU\Control Panel\Desktop' /v CursorBlinkRate /d -1 /f >/dev/null
+  cp "$work/fonts/usr/share/wine/fonts/marlett.ttf" "$WINEPREFIX/drive_c/windows/Fonts"
+}
+
+# play_for_pictures SCENARIO OPTION...
+play_for_pictures() {
+  in_wine "$windows_workbench" play "$@" --pictures build/guide/pictures >build/guide/pictures.log 2>&1 ||
+    { tail -n 5 build/guide/pictures.log; fail "the guide's pictures cannot be taken"; }
 }
 
 # fill_in FILE: the page with each {{statement}} replaced by its rows on the demo company. Rows that are a
@@ -32,16 +63,20 @@ make_guide() (
   local output=$1 work=build/guide page format=markdown-smart-implicit_figures navigation=
   windows_preset=windows-x64
   source tools/wine.sh
-  start_virtual_screen
+  start_virtual_screen bare
   rm -rf "$work"
   mkdir -p "$work/pictures" "$output"
-  in_wine "$windows_workbench" play workbench/scenarios/pagine.scenario --pictures "$work/pictures" \
-    >"$work/pictures.log" 2>&1 || { tail -n 5 "$work/pictures.log"; fail "the guide's pictures cannot be taken"; }
+  prepare_wine_for_pictures
+  play_for_pictures workbench/scenarios/pagine.scenario
+  play_for_pictures packaging/guide/finestre.scenario --company 2
   local picture
-  for picture in "$work"/pictures/pagina-*.png; do
+  for picture in "$work"/pictures/*.png; do
     # pagina-3-depositi.png is the picture of pagina-3.
     page=$(basename "$picture" | sed -E -e 's/\.png$//' -e 's/^(pagina-[0-9]+)-.*/\1/')
     cp "$picture" "$output/$page.png"
+  done
+  for picture in $(grep -h -o '!\[[^]]*\]([^)]*)' docs/guida/*.md | sed -E 's/.*\((.*)\)/\1/'); do
+    [[ -f $output/$picture ]] || fail "the guide shows $picture, which was not taken"
   done
   cp packaging/guide/guida.css "$output"
   for page in "${guide_pages[@]}"; do

@@ -66,7 +66,12 @@ class ScreenCopy {
   windows::OwnedBitmap bitmap_;
 };
 
-/// The screen shows what a window has drawn a little later, and piece by piece.
+bool hasOneColour(const Pixels& pixels) {
+  return std::ranges::all_of(pixels, [&](std::uint32_t pixel) { return pixel == pixels.front(); });
+}
+
+/// The screen shows what a window has drawn a little later, and piece by piece. A new window is
+/// black at first.
 void waitUntilDrawn(HWND window, const RECT& place) {
   RedrawWindow(window, nullptr, nullptr, RDW_UPDATENOW | RDW_ALLCHILDREN);
   constexpr DWORD pause = 80;  // milliseconds
@@ -75,7 +80,7 @@ void waitUntilDrawn(HWND window, const RECT& place) {
   for (int i = 0; i < longest; ++i) {
     Sleep(pause);
     Pixels now = ScreenCopy(place).pixels();
-    if (now == before) return;
+    if (now == before && !hasOneColour(now)) return;
     before = std::move(now);
   }
 }
