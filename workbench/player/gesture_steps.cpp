@@ -115,8 +115,8 @@ RangeEnd toEnd(const std::string& text) {
 
 namespace {
 
-constexpr std::string_view pressableKeys[] = {"F3",  "F8",       "F9",    "F10",
-                                              "F11", "Ctrl+F10", "Enter", "Esc"};
+constexpr std::string_view pressableKeys[] = {"F3",      "F8",       "F9",    "F10", "F11",
+                                              "Ctrl+F1", "Ctrl+F10", "Enter", "Esc"};
 
 }  // namespace
 
@@ -186,7 +186,10 @@ void condition(Player& player, const Words& arguments) {
 }
 
 void picture(Player& player, const Words& arguments) {
-  player.stage().hands.takePicture(arguments[0]);
+  Hands& hands = player.stage().hands;
+  if (arguments.size() == 1) return hands.takePicture(arguments[0]);
+  if (arguments[1] != "next") throw StepError("a picture is of the window, or of the next box");
+  hands.takePictureOfNext(arguments[0]);
 }
 
 }  // namespace kebu::workbench::steps

@@ -56,8 +56,8 @@ class Hands {
                                  const std::string& entry) = 0;
   /// Presses the button of the first notice whose text contains `text`.
   virtual void pressNotice(const std::string& text) = 0;
-  /// Presses keys, one right after the other: "F3" to "F11", "Ctrl+F10", "Enter", "Esc". Those that
-  /// come while the window works are lost; one that means nothing now does nothing.
+  /// Presses keys, one right after the other: "F3" to "F11", "Ctrl+F1", "Ctrl+F10", "Enter", "Esc".
+  /// Those that come while the window works are lost; one that means nothing now does nothing.
   virtual void pressKeys(const std::vector<std::string>& keys) = 0;
   /// Interrupts the work that the window is at. Called while a statement works, on any thread.
   virtual void interrupt() = 0;
@@ -72,6 +72,8 @@ class Hands {
   virtual void toFront(std::int32_t number) = 0;
   /// Saves a picture of the window under that name. Does nothing without a screen.
   virtual void takePicture(const std::string& name) = 0;
+  /// Saves a picture of the next message box or look-up list, before it is answered.
+  virtual void takePictureOfNext(const std::string& name) = 0;
 
   /// `rows` is used for a grid.
   virtual ControlView look(const std::string& control, const RowRange& rows) = 0;

@@ -227,6 +227,7 @@ void ModelHands::pressKey(const std::string& key) {
     return;
   }
   if (Button* const own = form.buttonOfKey(key)) return own->click();
+  if (key == "Ctrl+F1") return form.showKeys();
   for (Control* each : form.controls()) {
     auto* const bar = as<NavigatorBar>(*each);
     if (!bar || !bar->isShown()) continue;

@@ -46,6 +46,7 @@ class ModelHands : public Hands {
   void windowOpened(std::int32_t number) override { windows_[number] = desktop_.front(); }
   void toFront(std::int32_t number) override { desktop_.activate(*windows_.at(number)); }
   void takePicture(const std::string& /*name*/) override {}
+  void takePictureOfNext(const std::string& /*name*/) override {}
 
   ControlView look(const std::string& name, const RowRange& rows) override;
   std::string value(const std::string& name) override;

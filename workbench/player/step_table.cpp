@@ -46,9 +46,8 @@ constexpr std::array table{
     Step{"lookup", 1, 4, "BOX [N] | GRID ROW FIELD [N] | EDITOR CAPTION 1|2 [N]",
          "opens a look-up, takes its row N; of a range's first or second value", steps::lookup},
     Step{"keys", 1, any, "KEY...",
-         "presses keys without a pause: F3, F8, F9, F10, F11, Ctrl+F10, Enter, Esc; while the "
-         "window "
-         "works they are lost",
+         "presses keys without a pause: F3, F8, F9, F10, F11, Ctrl+F1, Ctrl+F10, Enter, Esc; while "
+         "the window works they are lost",
          steps::keys},
     Step{"refresh", 0, 0, "", "reads again what a preview or the summary shows", steps::refresh},
     Step{"details", 2, 2, "GRID N", "asks what a row stands for, with Alt+Enter", steps::details},
@@ -60,8 +59,11 @@ constexpr std::array table{
          "states a condition on a field: =, <>, between, starts, contains, in, empty, not-empty, "
          "clear",
          steps::condition},
-    Step{"picture", 1, 1, "NAME", "keeps a picture of the window, where there is a screen",
-         steps::picture},
+    Step{
+        "picture", 1, 2, "NAME [next]",
+        "keeps a picture of the window, or of the next message box or look-up list, where there is "
+        "a screen",
+        steps::picture},
     Step{"answer", 1, any, "BUTTON...", "queues the answers to the message boxes to come",
          steps::answer},
     Step{"fail", 1, 2, "TEXT [TIMES]", "the next statements that contain TEXT fail", steps::fail},

@@ -10,6 +10,7 @@
 #include "workbench/windows/apartment.h"
 #include "workbench/windows/class_objects.h"
 #include "workbench/windows/dll_plugin.h"
+#include "workbench/windows/person.h"
 #include "workbench/windows/settings_aside.h"
 #include "workbench/windows/trace_listener.h"
 #include "workbench/windows/window_hands.h"
@@ -28,6 +29,23 @@ struct Played {
   StatementFaults& faults;
 };
 
+/// Who sees the host's message boxes. The scenario answers them without a window; only a box of
+/// which a picture is wanted is shown, and then the hands answer it like the system's own boxes.
+class HostUser final : public User {
+ public:
+  HostUser(Player& player, const WindowHands& hands) : player_(player), hands_(hands) {}
+
+  std::int32_t answer(const ShownMessage& box) override {
+    return hands_.wantsNextPicture() ? Person().answer(box) : player_.answer(box);
+  }
+  void chooseFrom(ShownList& list) override { player_.chooseFrom(list); }
+  void workIn(controls::Form& form) override { player_.workIn(form); }
+
+ private:
+  Player& player_;
+  const WindowHands& hands_;
+};
+
 bool play(const Scenario& scenario, const PlayOptions& options, const PlayOutput& output,
           Player& player, const Played& played) {
   // The host is declared last, so that the plug-in is released before anything that it still uses.
@@ -36,9 +54,10 @@ bool play(const Scenario& scenario, const PlayOptions& options, const PlayOutput
   const PluginLibrary plugin(PluginLibrary::besideProgram());
   WindowThread thread;
   WindowHands hands(thread, player, options.pictures);
+  HostUser user(player, hands);
   const auto journal = [&](const std::string& entry) { output.steps << "  " << entry << '\n'; };
   StandInHost host([&] { return newPlugin(plugin); },
-                   {player, played.company, options.company, options.translations, journal});
+                   {user, played.company, options.company, options.translations, journal});
 
   const auto atHost = [&](std::function<void()> work) { hands.atHost(std::move(work)); };
   SqlRunner sql = played.sql;
@@ -50,12 +69,12 @@ bool play(const Scenario& scenario, const PlayOptions& options, const PlayOutput
     };
   }
   bool passed = false;
-  std::thread user([&] {
+  std::thread scenarioThread([&] {
     passed = player.play(scenario, {host, hands, sql, played.faults, atHost});
     thread.leave();
   });
   thread.pump();
-  user.join();
+  scenarioThread.join();
   return passed;
 }
 

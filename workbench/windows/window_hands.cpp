@@ -4,6 +4,7 @@
 #include <filesystem>
 #include <fstream>
 #include <iterator>
+#include <utility>
 
 #include "common/convert.h"
 #include "controls/control.h"
@@ -122,8 +123,10 @@ void WindowHands::settle() {
     thread_.settle();
     HWND window = frontOf(thread_.id(), others_);
     if (window && isSystemBox(window)) {
+      keepNextPicture(window);
       pressSystemBox(window, user_.answer(readSystemBox(window)));
     } else if (window && isList(window)) {
+      keepNextPicture(window);
       WindowList list(window, thread_);
       user_.chooseFrom(list);
       thread_.settle();
@@ -517,15 +520,19 @@ void WindowHands::pressNotice(const std::string& text) {
 void WindowHands::pressKeys(const std::vector<std::string>& keys) {
   const HWND focused = focus();
   const HWND target = focused ? focused : front();
-  for (const std::string& key : keys) {
+  constexpr std::string_view control = "Ctrl+";
+  const auto functionKey = [](std::string_view key) {
+    return VK_F1 + static_cast<WPARAM>(std::stoi(std::string(key.substr(1)))) - 1;
+  };
+  for (const std::string_view key : keys) {
     if (key == "Enter") {
       pressKey(target, VK_RETURN);
     } else if (key == "Esc") {
       pressKey(target, VK_ESCAPE);
-    } else if (key == "Ctrl+F10") {
-      pressWithControl(target, VK_F10, false);
+    } else if (key.starts_with(control)) {
+      pressWithControl(target, functionKey(key.substr(control.size())), false);
     } else {
-      pressKey(target, VK_F1 + static_cast<WPARAM>(std::stoi(key.substr(1))) - 1);
+      pressKey(target, functionKey(key));
     }
   }
   settle();
@@ -582,9 +589,18 @@ void WindowHands::toFront(std::int32_t number) {
 }
 
 void WindowHands::takePicture(const std::string& name) {
+  keepPicture(front(), name);
+}
+
+void WindowHands::keepPicture(HWND window, const std::string& name) {
   if (!pictures_) return;
   const std::filesystem::path folder(*pictures_);
-  savePicture(front(), (folder / (name + ".png")).wstring());
+  savePicture(window, (folder / (name + ".png")).wstring());
+}
+
+void WindowHands::keepNextPicture(HWND window) {
+  if (nextPicture_.empty()) return;
+  keepPicture(window, std::exchange(nextPicture_, {}));
 }
 
 ControlView WindowHands::look(const std::string& control, const RowRange& rows) {

@@ -55,6 +55,9 @@ class WindowHands : public Hands {
   void windowOpened(std::int32_t number) override;
   void toFront(std::int32_t number) override;
   void takePicture(const std::string& name) override;
+  void takePictureOfNext(const std::string& name) override { nextPicture_ = name; }
+  /// Whether a picture of the next box is still to be taken.
+  bool wantsNextPicture() const { return pictures_ && !nextPicture_.empty(); }
 
   ControlView look(const std::string& control, const RowRange& rows) override;
   std::string value(const std::string& control) override;
@@ -89,10 +92,14 @@ class WindowHands : public Hands {
   void goToCell(const std::string& grid, std::int32_t row, const std::string& field);
   /// Waits until the window is idle; the user answers message boxes and lists meanwhile.
   void settle();
+  void keepPicture(HWND window, const std::string& name);
+  /// The picture that takePictureOfNext asked for.
+  void keepNextPicture(HWND window);
 
   WindowThread& thread_;
   User& user_;
   std::optional<std::string> pictures_;
+  std::string nextPicture_;               ///< the name to keep the next box under; "" for none
   std::map<std::int32_t, HWND> windows_;  ///< by the host's number
   std::set<HWND> others_;                 ///< of those, the ones that the user does not work in
 };
