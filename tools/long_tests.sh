@@ -12,7 +12,6 @@ long_parts=(
   "x86|the 32-bit DLL in a 32-bit Debian: COM checks, 40 openings, all scenarios (as root)"
   "acceptance|the acceptance run with every scenario, on the workbench's own database (Wine)"
   "package|the packages: installed, upgraded and removed, rows compared, built twice (Wine)"
-  "tidy|clang-tidy over every source, the tests included"
   "bench|the benchmarks; fails when one is above its aim"
 )
 
@@ -155,12 +154,6 @@ long_package() (
   reproducibility_check || failed=1
   exit "$failed"
 )
-
-long_tidy() {
-  need_native_packages
-  build debug
-  tools/tidy.sh build/debug all
-}
 
 long_bench() { bench/run; }
 
