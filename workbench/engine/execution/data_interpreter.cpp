@@ -124,7 +124,7 @@ void DataInterpreter::select(const ast::Query& node) {
     row.reserve(ready->columns.size());
     for (int i = 0; i < width; ++i) {
       const SqlType& type = result.columns[static_cast<std::size_t>(i)].type;
-      statement.append(row, i, type);
+      row.push_back(statement.value(i, type));
       if (type.kind == TypeKind::Guid) putInBraces(row.back());
     }
   }

@@ -246,7 +246,7 @@ Cell Session::callFunction(const std::string& name, CellArguments args) {
   for (std::size_t i = 0; i < module->tree.parameters.size(); ++i) {
     const auto& parameter = module->tree.parameters[i];
     const std::string variable = toUpperAscii(parameter.name);
-    frame.variables[variable] = {parameter.type, valueOf(cellOf(args[i]), parameter.type)};
+    frame.variables[variable] = {parameter.type, valueOf(args[i], parameter.type)};
   }
   Execution execution(*this, programOf(module), frame, nullptr);
   Interpreter interpreter(execution);
