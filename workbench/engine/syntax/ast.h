@@ -4,6 +4,7 @@
 #include <optional>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <variant>
 #include <vector>
 
@@ -308,6 +309,11 @@ struct Statement {
                If, While, Return, Break, Continue, Raise, Nothing>
       node;
 };
+
+template <class Node>
+StatementPtr makeStatement(std::string_view at, Node node) {
+  return std::make_shared<const Statement>(Statement{at, std::move(node)});
+}
 
 struct Parameter {
   std::string name;

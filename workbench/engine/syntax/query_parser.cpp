@@ -31,15 +31,13 @@ ast::QueryPtr QueryParser::query() {
   const auto at = reader_.peek().text;
   std::vector<ast::Cte> ctes;
   if (reader_.accept("WITH")) {
-    commaSeparated(reader_, [&] {
+    ctes = commaSeparated(reader_, [this] {
       ast::Cte cte;
       cte.name = reader_.name();
       if (reader_.isSymbol("(")) cte.columns = reader_.nameList();
       reader_.expect("AS");
-      reader_.expectSymbol("(");
-      cte.query = query();
-      reader_.expectSymbol(")");
-      ctes.push_back(std::move(cte));
+      cte.query = inParentheses(reader_, [this] { return query(); });
+      return cte;
     });
   }
   auto body = std::make_shared<ast::Query>(*setOperations());
@@ -77,26 +75,15 @@ ast::QueryPtr QueryParser::intersections() {
 
 ast::QueryPtr QueryParser::operand() {
   const auto at = reader_.peek().text;
-  if (reader_.acceptSymbol("(")) {
-    auto inner = query();
-    reader_.expectSymbol(")");
-    return inner;
-  }
+  if (reader_.isSymbol("(")) return inParentheses(reader_, [this] { return query(); });
   if (reader_.accept("VALUES")) return makeQuery(at, ast::Values{rows()});
   return makeQuery(at, select());
 }
 
 std::vector<std::vector<ast::ExprPtr>> QueryParser::rows() {
-  std::vector<std::vector<ast::ExprPtr>> result;
-  commaSeparated(reader_, [&] {
-    auto& row = result.emplace_back();
-    reader_.expectSymbol("(");
-    commaSeparated(reader_, [&] {
-      row.push_back(reader_.accept("DEFAULT") ? nullptr : expressions_.expression());
-    });
-    reader_.expectSymbol(")");
+  return commaSeparated(reader_, [this] {
+    return listInParentheses(reader_, [this] { return expressions_.valueOrDefault(); });
   });
-  return result;
 }
 
 ast::Select QueryParser::select() {
@@ -109,7 +96,7 @@ ast::Select QueryParser::select() {
     result.top = expressions_.primary();
     if (reader_.isAny({"PERCENT"})) reader_.fail("TOP … PERCENT is not known");
   }
-  commaSeparated(reader_, [&] { result.items.push_back(selectItem()); });
+  result.items = commaSeparated(reader_, [this] { return selectItem(); });
   if (reader_.accept("INTO")) result.into = reader_.objectName();
   if (reader_.accept("FROM")) result.from = sources();
   if (reader_.accept("WHERE")) result.where = expressions_.condition();
@@ -164,15 +151,13 @@ void QueryParser::tableHints() {
   const bool bare = reader_.isSymbol("(") && isWord(reader_.peek(1), "NOLOCK");
   if (!with && !bare) return;
   if (with) reader_.take();
-  reader_.expectSymbol("(");
-  commaSeparated(reader_, [&] {
+  listInParentheses(reader_, [this] {
     static constexpr std::array<std::string_view, 11> known{
         "NOLOCK",   "ROWLOCK",         "UPDLOCK",       "HOLDLOCK",     "READPAST", "TABLOCK",
         "TABLOCKX", "READUNCOMMITTED", "READCOMMITTED", "SERIALIZABLE", "XLOCK"};
     if (!reader_.isAny(known)) reader_.fail("A table hint that is not known");
-    reader_.take();
+    return reader_.take();
   });
-  reader_.expectSymbol(")");
 }
 
 ast::SourcePtr QueryParser::sources() {

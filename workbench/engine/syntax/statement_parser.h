@@ -17,8 +17,6 @@ class StatementParser {
   ast::Module module();
 
  private:
-  using ExprPtr = ast::ExprPtr;
-
   ast::Declare declare();
   ast::StatementPtr set();
   ast::Insert insert();
@@ -27,7 +25,6 @@ class StatementParser {
   ast::Merge merge();
   ast::MergeBranch mergeBranch();
   std::vector<ast::Assignment> assignments();
-  ExprPtr valueOrDefault();
   ast::StatementPtr create();
   ast::CreateIndex createIndex(bool unique);
   ast::ColumnDef columnDef(ast::CreateTable& table);

@@ -43,6 +43,7 @@ class TokenReader {
   bool acceptSymbol(std::string_view symbol);
   void expect(std::string_view keyword);
   void expectSymbol(std::string_view symbol);
+  void skipSemicolons();
 
   /// A name that is no reserved word.
   std::string name();
@@ -94,12 +95,29 @@ class TokenReader {
   int depth_ = 0;
 };
 
-/// Runs `item` once, and once more after every comma.
+/// What `item` reads, once and once more after every comma.
 template <class Item>
-void commaSeparated(TokenReader& reader, Item&& item) {
+auto commaSeparated(TokenReader& reader, Item&& item) {
+  std::vector<decltype(item())> items;
   do {
-    item();
+    items.push_back(item());
   } while (reader.acceptSymbol(","));
+  return items;
+}
+
+/// What `content` reads between parentheses.
+template <class Content>
+auto inParentheses(TokenReader& reader, Content&& content) {
+  reader.expectSymbol("(");
+  auto result = content();
+  reader.expectSymbol(")");
+  return result;
+}
+
+/// ( item, item … )
+template <class Item>
+auto listInParentheses(TokenReader& reader, Item&& item) {
+  return inParentheses(reader, [&] { return commaSeparated(reader, item); });
 }
 
 }  // namespace kebu::engine
