@@ -26,7 +26,7 @@ constexpr Severity others[] = {
 
 int SqlError::severity() const {
   for (const auto& [severity, numbers] : others) {
-    if (std::ranges::find(numbers, nativeError_) != numbers.end()) return severity;
+    if (std::ranges::find(numbers, nativeError()) != numbers.end()) return severity;
   }
   return usual;
 }
