@@ -93,20 +93,17 @@ Interpreter::Flow Interpreter::fail(const ast::Statement& node, SqlError& error)
 }
 
 Interpreter::Flow Interpreter::dispatch(const ast::Statement& node) {
-  SessionState& state = execution_.session().state();
   return std::visit(
       [&](const auto& kind) {
         if constexpr (requires { data_.run(kind); }) {
           data_.run(kind);
-          state.lastError = 0;
-          return Flow::Next;
         } else if constexpr (requires { definitions_.run(kind); }) {
           definitions_.run(kind);
-          state.lastError = 0;
-          return Flow::Next;
         } else {
           return run(kind);
         }
+        execution_.session().state().lastError = 0;
+        return Flow::Next;
       },
       node.node);
 }

@@ -42,10 +42,12 @@ class PreparedStatement {
   std::vector<Slot> slots_;
 };
 
-/// Resets a statement at the end of a block, also when an error leaves it.
+/// Starts a statement, and resets it at the end of a block, also when an error leaves it.
 class Running {
  public:
-  explicit Running(PreparedStatement& statement) : statement_(statement) {}
+  Running(PreparedStatement& statement, const Frame& frame) : statement_(statement) {
+    statement_.start(frame);
+  }
   Running(const Running&) = delete;
   Running& operator=(const Running&) = delete;
   ~Running() { statement_.reset(); }
