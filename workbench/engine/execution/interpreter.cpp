@@ -8,6 +8,7 @@
 #include "common/overloaded.h"
 #include "workbench/engine/execution/batch_checker.h"
 #include "workbench/engine/execution/session.h"
+#include "workbench/engine/nesting_level.h"
 
 namespace kebu::engine {
 namespace {
@@ -204,7 +205,7 @@ Interpreter::Flow Interpreter::run(const ast::Exec& node) {
     }
     target.value = called.value(*parameter.defaultValue, &parameter.type);
   }
-  const CallLevel level(session.state());
+  const NestingLevel level(session.state().depth, nestingLimit, nestedTooDeeply);
   const ProcedureScope scope(session);
   Interpreter(called).run({module->tree.body});
   return Flow::Next;

@@ -6,6 +6,7 @@
 
 #include "common/convert.h"
 #include "workbench/engine/execution/interpreter.h"
+#include "workbench/engine/nesting_level.h"
 #include "workbench/engine/values/cast.h"
 
 namespace kebu::engine {
@@ -104,11 +105,6 @@ std::shared_ptr<Program> parsed(const std::string& batch,
 }
 
 }  // namespace
-
-CallLevel::CallLevel(SessionState& state) : state_(state) {
-  if (state.depth == nestingLimit) throw nestedTooDeeply();
-  ++state.depth;
-}
 
 ProcedureScope::ProcedureScope(Session& session)
     : session_(session),
@@ -241,7 +237,7 @@ Value Session::globalVariable(const std::string& name) const {
 
 Cell Session::callFunction(const std::string& name, CellArguments args) {
   const ModulePtr module = database_->catalogue().module({{name}, {}});
-  const CallLevel level(state_);
+  const NestingLevel level(state_.depth, nestingLimit, nestedTooDeeply);
   Frame frame;
   for (std::size_t i = 0; i < module->tree.parameters.size(); ++i) {
     const auto& parameter = module->tree.parameters[i];

@@ -32,18 +32,6 @@ struct SessionState {
 
 class Session;
 
-/// A call of a procedure or function, until its end. SqlError 217 for too many levels.
-class CallLevel {
- public:
-  explicit CallLevel(SessionState& state);
-  CallLevel(const CallLevel&) = delete;
-  CallLevel& operator=(const CallLevel&) = delete;
-  ~CallLevel() { --state_.depth; }
-
- private:
-  SessionState& state_;
-};
-
 /// A call of a procedure, until its end: SCOPE_IDENTITY and XACT_ABORT are its own, and so are
 /// the local temporary tables that it makes.
 class ProcedureScope {

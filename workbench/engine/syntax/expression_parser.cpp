@@ -62,14 +62,6 @@ constexpr std::array dateFunctions{"DATEADD", "DATEDIFF", "DATEPART", "DATENAME"
 
 }  // namespace
 
-ExpressionParser::CaseLevel::CaseLevel(ExpressionParser& parser) : parser_(parser) {
-  constexpr int deepest = 10;
-  if (++parser_.caseDepth_ <= deepest) return;
-  --parser_.caseDepth_;
-  throw errorAt(parser_.reader_.batch(), parser_.reader_.peek().text, 125,
-                "Case expressions may only be nested to level 10,");
-}
-
 ast::Literal literalOf(const Token& token) {
   ast::Literal literal;
   if (token.kind == TokenKind::Text) {
@@ -112,7 +104,7 @@ ExprPtr ExpressionParser::condition() {
 }
 
 ExprPtr ExpressionParser::expression() {
-  const TokenReader::Level level(reader_);
+  const auto level = reader_.nested();
   return value(sum());
 }
 
@@ -128,7 +120,7 @@ ExprPtr ExpressionParser::value(ExprPtr expr) const {
 /// A parenthesis begins a value or a condition, and only what follows tells which: both are
 /// read by the same functions.
 ExprPtr ExpressionParser::conditionOrValue() {
-  const TokenReader::Level level(reader_);
+  const auto level = reader_.nested();
   return chain(LogicalOperator::Or, &ExpressionParser::conjunction);
 }
 
@@ -152,7 +144,7 @@ ExprPtr ExpressionParser::chain(LogicalOperator op, ExprPtr (ExpressionParser::*
 ExprPtr ExpressionParser::negation() {
   const auto at = reader_.peek().text;
   if (!reader_.accept("NOT")) return predicate();
-  const TokenReader::Level level(reader_);
+  const auto level = reader_.nested();
   ExprPtr operand = negation();
   if (!isCondition(*operand)) reader_.fail();
   return negate(at, std::move(operand));
@@ -246,7 +238,7 @@ ExprPtr ExpressionParser::unary() {
   const auto at = reader_.peek().text;
   const bool minus = reader_.acceptSymbol("-");
   if (!minus && !reader_.acceptSymbol("+")) return primary();
-  const TokenReader::Level level(reader_);
+  const auto level = reader_.nested();
   ExprPtr operand = value(unary());
   return minus ? make(at, ast::Negative{std::move(operand)}) : operand;
 }
@@ -286,7 +278,11 @@ ExprPtr ExpressionParser::primary() {
 
 ExprPtr ExpressionParser::caseExpression() {
   const auto at = reader_.peek().text;
-  const CaseLevel level(*this);
+  constexpr int deepestCase = 10;
+  const NestingLevel level(caseDepth_, deepestCase, [this] {
+    return errorAt(reader_.batch(), reader_.peek().text, 125,
+                   "Case expressions may only be nested to level 10,");
+  });
   reader_.take();
   ast::Case result;
   ExprPtr operand;

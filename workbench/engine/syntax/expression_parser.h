@@ -59,18 +59,6 @@ class ExpressionParser {
   ExprPtr call(std::string schema, std::string name, std::string_view at);
   ast::Over over();
 
-  /// Counts nested CASEs. SqlError 125 for more than SQL Server allows.
-  class CaseLevel {
-   public:
-    explicit CaseLevel(ExpressionParser& parser);
-    CaseLevel(const CaseLevel&) = delete;
-    CaseLevel& operator=(const CaseLevel&) = delete;
-    ~CaseLevel() { --parser_.caseDepth_; }
-
-   private:
-    ExpressionParser& parser_;
-  };
-
   TokenReader& reader_;
   const LiteralTypes* literals_;
   int caseDepth_ = 0;

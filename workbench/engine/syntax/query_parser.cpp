@@ -27,7 +27,7 @@ QueryParser::QueryParser(TokenReader& reader, const LiteralTypes* literals)
 }
 
 ast::QueryPtr QueryParser::query() {
-  const TokenReader::Level level(reader_);
+  const auto level = reader_.nested();
   const auto at = reader_.peek().text;
   std::vector<ast::Cte> ctes;
   if (reader_.accept("WITH")) {
@@ -161,7 +161,7 @@ void QueryParser::tableHints() {
 }
 
 ast::SourcePtr QueryParser::sources() {
-  const TokenReader::Level level(reader_);
+  const auto level = reader_.nested();
   ast::SourcePtr left = joined();
   for (int links = 1; reader_.isSymbol(","); ++links) {
     reader_.checkChain(links);

@@ -23,7 +23,7 @@ std::vector<ast::StatementPtr> StatementParser::statementsToEnd() {
 ast::StatementPtr StatementParser::statement() {
   const auto at = reader_.peek().text;
   auto& expressions = queries_.expressions();
-  const TokenReader::Level level(reader_);
+  const auto level = reader_.nested();
   if (reader_.isSymbol("(") || reader_.atQuery()) return makeStatement(at, queries_.query());
   if (reader_.accept("INSERT")) return makeStatement(at, insert());
   if (reader_.accept("UPDATE")) return makeStatement(at, update());

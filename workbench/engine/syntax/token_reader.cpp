@@ -197,13 +197,6 @@ bool TokenReader::atQuery() const {
          });
 }
 
-TokenReader::Level::Level(TokenReader& reader) : reader_(reader) {
-  constexpr int deepest = 128;
-  if (++reader_.depth_ <= deepest) return;
-  --reader_.depth_;
-  throw reader_.tooDeep();
-}
-
 void TokenReader::checkChain(int links) const {
   constexpr int longest = 400;
   if (links > longest) throw tooDeep();

@@ -7,6 +7,7 @@
 #include <string_view>
 #include <vector>
 
+#include "workbench/engine/nesting_level.h"
 #include "workbench/engine/syntax/ast.h"
 #include "workbench/engine/syntax/lexer.h"
 
@@ -62,18 +63,12 @@ class TokenReader {
   /// what follows its parenthesis.
   bool atQuery() const;
 
-  /// Counts the nesting of what is being parsed, which is parsed recursively. SqlError 191 when
-  /// it is too deep for the program's stack.
-  class Level {
-   public:
-    explicit Level(TokenReader& reader);
-    Level(const Level&) = delete;
-    Level& operator=(const Level&) = delete;
-    ~Level() { --reader_.depth_; }
-
-   private:
-    TokenReader& reader_;
-  };
+  /// A level of what is being parsed, which is parsed recursively. SqlError 191 when it is too deep
+  /// for the program's stack.
+  NestingLevel<int> nested() {
+    constexpr int deepest = 128;
+    return {depth_, deepest, [this] { return tooDeep(); }};
+  }
   /// SqlError 191 when so many links in a chain, such as a + b + …, are too many.
   void checkChain(int links) const;
 
