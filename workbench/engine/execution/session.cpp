@@ -177,28 +177,15 @@ std::shared_ptr<Program> Session::programForLiterals(const std::string& batch,
   const std::string exactForm = form + batch;
   if (auto known = keptProgram(form)) return known;
   if (auto known = keptProgram(exactForm)) return known;
+  if (programs_.size() == programsKept) programs_.clear();
   const auto program = parsed(batch, literals);
-  return keepProgram(program->batch.liftable ? form : exactForm, program);
-}
-
-std::shared_ptr<Program> Session::keptProgram(const std::string& key) {
-  // A loop runs one form again and again. Comparing a long key is quicker than hashing it.
-  if (!programs_.empty() && programs_.front().first == key) return programs_.front().second;
-  const auto found = byKey_.find(key);
-  if (found == byKey_.end()) return nullptr;
-  programs_.splice(programs_.begin(), programs_, found->second);
-  return programs_.front().second;
-}
-
-std::shared_ptr<Program> Session::keepProgram(const std::string& key,
-                                              const std::shared_ptr<Program>& program) {
-  programs_.emplace_front(key, program);
-  byKey_[programs_.front().first] = programs_.begin();
-  if (programs_.size() > programsKept) {
-    byKey_.erase(programs_.back().first);
-    programs_.pop_back();
-  }
+  programs_[program->batch.liftable ? form : exactForm] = program;
   return program;
+}
+
+std::shared_ptr<Program> Session::keptProgram(const std::string& key) const {
+  const auto found = programs_.find(key);
+  return found == programs_.end() ? nullptr : found->second;
 }
 
 Program& Session::programOf(const ModulePtr& module) {

@@ -2,7 +2,6 @@
 
 #include <cstddef>
 #include <cstdint>
-#include <list>
 #include <map>
 #include <memory>
 #include <optional>
@@ -86,16 +85,13 @@ class Session {
   std::shared_ptr<Program> programForLiterals(const std::string& batch,
                                               std::vector<ast::Literal>& literals);
   std::vector<BatchEvent> run(Program& program, const std::vector<ast::Literal>& literals);
-  std::shared_ptr<Program> keptProgram(const std::string& key);
-  std::shared_ptr<Program> keepProgram(const std::string& key,
-                                       const std::shared_ptr<Program>& program);
+  std::shared_ptr<Program> keptProgram(const std::string& key) const;
 
   std::shared_ptr<Database> database_;
   int id_;
   SessionState state_;
-  std::list<std::pair<std::string, std::shared_ptr<Program>>>
-      programs_;  ///< the most recently used first
-  std::unordered_map<std::string_view, decltype(programs_)::iterator> byKey_;
+  /// By the text or form that they serve. When there are too many, all are forgotten.
+  std::unordered_map<std::string, std::shared_ptr<Program>> programs_;
   std::map<ModulePtr, Program> modules_;
 };
 
