@@ -130,6 +130,7 @@ struct FunctionRef {
   std::vector<ExprPtr> args;
   std::string alias;
 };
+/// Those up to Full have a condition.
 enum class JoinKind { Inner, Left, Right, Full, Cross, CrossApply, OuterApply };
 struct Join {
   JoinKind kind;

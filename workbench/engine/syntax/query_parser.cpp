@@ -1,6 +1,7 @@
 #include "workbench/engine/syntax/query_parser.h"
 
 #include <array>
+#include <string_view>
 #include <utility>
 
 namespace kebu::engine {
@@ -173,43 +174,42 @@ ast::SourcePtr QueryParser::sources() {
   return left;
 }
 
+/// The kind of the join that begins here; nothing when none does.
+std::optional<ast::JoinKind> QueryParser::joinKind() {
+  if (reader_.accept("CROSS", "APPLY")) return ast::JoinKind::CrossApply;
+  if (reader_.accept("OUTER", "APPLY")) return ast::JoinKind::OuterApply;
+  if (reader_.accept("CROSS", "JOIN")) return ast::JoinKind::Cross;
+  if (reader_.accept("INNER", "JOIN") || reader_.accept("JOIN")) return ast::JoinKind::Inner;
+  static constexpr std::pair<std::string_view, ast::JoinKind> outerJoins[] = {
+      {"LEFT", ast::JoinKind::Left},
+      {"RIGHT", ast::JoinKind::Right},
+      {"FULL", ast::JoinKind::Full}};
+  for (const auto& [word, kind] : outerJoins) {
+    if (!reader_.accept(word)) continue;
+    reader_.accept("OUTER");
+    reader_.expect("JOIN");
+    return kind;
+  }
+  return std::nullopt;
+}
+
 ast::SourcePtr QueryParser::joined() {
   ast::SourcePtr left = singleSource();
   for (int links = 1;; ++links) {
     reader_.checkChain(links);
     const auto at = reader_.peek().text;
-    ast::JoinKind kind = ast::JoinKind::Inner;
-    if (reader_.accept("CROSS", "APPLY")) {
-      kind = ast::JoinKind::CrossApply;
-    } else if (reader_.accept("OUTER", "APPLY")) {
-      kind = ast::JoinKind::OuterApply;
-    } else if (reader_.accept("CROSS", "JOIN")) {
-      kind = ast::JoinKind::Cross;
-    } else if (reader_.isAny({"LEFT", "RIGHT", "FULL"})) {
-      kind = reader_.is("LEFT")    ? ast::JoinKind::Left
-             : reader_.is("RIGHT") ? ast::JoinKind::Right
-                                   : ast::JoinKind::Full;
-      reader_.take();
-      reader_.accept("OUTER");
-      reader_.expect("JOIN");
-    } else if (reader_.accept("INNER", "JOIN") || reader_.accept("JOIN")) {
-      kind = ast::JoinKind::Inner;
-    } else {
-      return left;
-    }
-    const bool conditional = kind == ast::JoinKind::Inner || kind == ast::JoinKind::Left ||
-                             kind == ast::JoinKind::Right || kind == ast::JoinKind::Full;
-    // "a JOIN b JOIN c ON … ON …": the inner join belongs to the right side.
+    const auto kind = joinKind();
+    if (!kind) return left;
     ast::SourcePtr right = singleSource();
-    if (conditional && !reader_.is("ON")) {
-      reader_.fail("A join without its ON directly behind it is not known");
-    }
     ast::ExprPtr on;
-    if (conditional) {
-      reader_.expect("ON");
+    if (*kind <= ast::JoinKind::Full) {
+      // "a JOIN b JOIN c ON … ON …": the inner join belongs to the right side.
+      if (!reader_.accept("ON")) {
+        reader_.fail("A join without its ON directly behind it is not known");
+      }
       on = expressions_.condition();
     }
-    left = makeSource(at, ast::Join{kind, left, std::move(right), std::move(on)});
+    left = makeSource(at, ast::Join{*kind, left, std::move(right), std::move(on)});
   }
 }
 

@@ -135,21 +135,21 @@ ast::StatementPtr StatementParser::set() {
   }
   if (reader_.accept("IDENTITY_INSERT")) {
     ast::ObjectName table = reader_.objectName();
-    const bool on = reader_.accept("ON");
-    if (!on && !reader_.accept("OFF")) reader_.fail();
-    return makeStatement(at, ast::SetIdentityInsert{std::move(table), on});
+    return makeStatement(at, ast::SetIdentityInsert{std::move(table), onOrOff()});
   }
-  if (reader_.accept("XACT_ABORT")) {
-    const bool on = reader_.accept("ON");
-    if (!on) reader_.expect("OFF");
-    return makeStatement(at, ast::SetXactAbort{on});
-  }
+  if (reader_.accept("XACT_ABORT")) return makeStatement(at, ast::SetXactAbort{onOrOff()});
   static constexpr std::array<std::string_view, 6> switches{
       "NOCOUNT", "ANSI_NULLS", "QUOTED_IDENTIFIER", "ANSI_PADDING", "ANSI_WARNINGS", "ARITHABORT"};
   if (!reader_.isAny(switches)) reader_.fail("A setting that is not known");
   reader_.take();
-  if (!reader_.accept("ON") && !reader_.accept("OFF")) reader_.fail();
+  onOrOff();
   return makeStatement(at, ast::Nothing{});
+}
+
+bool StatementParser::onOrOff() {
+  const bool on = reader_.accept("ON");
+  if (!on) reader_.expect("OFF");
+  return on;
 }
 
 ast::Insert StatementParser::insert() {

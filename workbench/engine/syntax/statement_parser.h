@@ -19,6 +19,7 @@ class StatementParser {
  private:
   ast::Declare declare();
   ast::StatementPtr set();
+  bool onOrOff();
   ast::Insert insert();
   ast::Update update();
   ast::Delete deleteRows();
