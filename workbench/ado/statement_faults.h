@@ -41,7 +41,7 @@ class StatementFaults {
   void raiseAfter(const std::string& statement);
   /// The seconds that the statement is to last, 0 when nothing is planned for it.
   std::int32_t secondsOf(const std::string& statement);
-  /// Whether the user interrupts the statement; he does it now.
+  /// Whether the user interrupts the statement. The gesture for it is made now.
   bool isInterrupted(const std::string& statement);
 
   /// A fault of the plug-in's: it ran `statement` while rows of another one were unread.
@@ -59,7 +59,7 @@ class StatementFaults {
     std::int32_t seconds = 0;
     std::function<void()> gesture = {};
   };
-  /// The plan of the kind that is due for the statement; it then is left for one statement less.
+  /// The plan of the kind that is due for the statement, which then has one statement less to come.
   std::optional<Plan> take(Kind kind, const std::string& statement);
 
   std::vector<Plan> plans_;
