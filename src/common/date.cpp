@@ -63,10 +63,8 @@ std::optional<Date> Date::fromDayNumber(std::int64_t days, std::int64_t millisec
 }
 
 std::string Date::toAnsi() const {
-  std::string text = "00000000";
-  write(text, 0, 4, year);
-  write(text, 4, 2, month);
-  write(text, 6, 2, day);
+  std::string text = toIso().substr(0, 10);
+  std::erase(text, '-');
   return text;
 }
 

@@ -83,12 +83,9 @@ std::shared_ptr<AdoConnection> AdoConnection::behind(const Ref<ado::Connection>&
 
 void AdoConnection::keep(const RuntimeError& error) {
   ado::Error entry{error.number(), error.description(), error.source(), 0, {}};
-  if (const auto* sql = dynamic_cast<const engine::SqlError*>(&error)) {
-    entry.nativeError = sql->nativeError();
-    entry.sqlState = sql->sqlState();
-  } else if (const auto* lost = dynamic_cast<const adoerror::ConnectionError*>(&error)) {
-    entry.nativeError = lost->nativeError();
-    entry.sqlState = lost->sqlState();
+  if (const auto* const own = dynamic_cast<const engine::ProviderError*>(&error)) {
+    entry.nativeError = own->nativeError();
+    entry.sqlState = own->sqlState();
   }
   errors_.push_back(std::move(entry));
 }

@@ -56,7 +56,7 @@ class AdoConnection : public ado::Connection, public std::enable_shared_from_thi
   /// meanwhile would go over a second connection, of which the observer is told.
   void occupy(const std::shared_ptr<UnreadRows>& rows) { unread_ = rows; }
   const Manners& manners() const { return manners_; }
-  /// RuntimeError 3709 when the connection is closed, ConnectionError when it is lost.
+  /// RuntimeError 3709 when the connection is closed, a ProviderError when it is lost.
   engine::Session& session();
 
   /// The connection behind a reference; 3709 for none, a closed one or one of another kind.
@@ -66,7 +66,7 @@ class AdoConnection : public ado::Connection, public std::enable_shared_from_thi
   template <class Work>
   void observed(const std::string& text, bool edit, std::int32_t timeout, Work&& work);
   void keep(const RuntimeError& error);
-  /// ConnectionError when the server went away since the connection was opened.
+  /// ProviderError when the server went away since the connection was opened.
   void requireServer();
   /// Waits for the user's interruption; 3712 when the statement was cancelled.
   void awaitCancel();

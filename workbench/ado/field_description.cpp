@@ -1,6 +1,8 @@
 #include "workbench/ado/field_description.h"
 
 #include <algorithm>
+#include <array>
+#include <cstddef>
 #include <cstdint>
 
 namespace kebu::workbench {
@@ -8,34 +10,14 @@ namespace {
 
 using engine::TypeKind;
 
-ado::DataType dataTypeOf(TypeKind kind) {
-  switch (kind) {
-    case TypeKind::Char:
-      return ado::DataType::Char;
-    case TypeKind::VarChar:
-      return ado::DataType::VarChar;
-    case TypeKind::NChar:
-      return ado::DataType::WChar;
-    case TypeKind::NVarChar:
-      return ado::DataType::VarWChar;
-    case TypeKind::Guid:
-      return ado::DataType::Guid;
-    case TypeKind::Bit:
-      return ado::DataType::Boolean;
-    case TypeKind::TinyInt:
-      return ado::DataType::UnsignedTinyInt;
-    case TypeKind::SmallInt:
-      return ado::DataType::SmallInt;
-    case TypeKind::BigInt:
-    case TypeKind::Decimal:
-      return ado::DataType::Numeric;
-    case TypeKind::Date:
-    case TypeKind::DateTime:
-      return ado::DataType::DBTimeStamp;
-    default:
-      return ado::DataType::Integer;
-  }
-}
+/// In the order of TypeKind, that of NULL alone first.
+constexpr std::array dataTypes{ado::DataType::Integer,     ado::DataType::Char,
+                               ado::DataType::VarChar,     ado::DataType::WChar,
+                               ado::DataType::VarWChar,    ado::DataType::Guid,
+                               ado::DataType::Boolean,     ado::DataType::UnsignedTinyInt,
+                               ado::DataType::SmallInt,    ado::DataType::Integer,
+                               ado::DataType::Numeric,     ado::DataType::Numeric,
+                               ado::DataType::DBTimeStamp, ado::DataType::DBTimeStamp};
 
 }  // namespace
 
@@ -43,7 +25,7 @@ ado::Field describeField(const engine::ResultColumn& column) {
   const engine::SqlType& type = column.type;
   ado::Field field;
   field.name = column.name;
-  field.type = dataTypeOf(type.kind);
+  field.type = dataTypes.at(static_cast<std::size_t>(type.kind));
   if (type.isText()) field.definedSize = type.size < 0 ? -1 : std::max(type.size, 1);
   if (type.isNumber()) {
     // The digits of the type, not those of a literal that it may come from.

@@ -24,30 +24,18 @@ std::size_t sequenceLength(std::string_view text) {
 }
 
 void appendEscaped(std::string& out, char c) {
-  switch (c) {
-    case '"':
-      out += "\\\"";
-      break;
-    case '\\':
-      out += "\\\\";
-      break;
-    case '\n':
-      out += "\\n";
-      break;
-    case '\r':
-      out += "\\r";
-      break;
-    case '\t':
-      out += "\\t";
-      break;
-    default:
-      if (static_cast<unsigned char>(c) < 0x20) {
-        char code[8];
-        std::snprintf(code, sizeof code, "\\u%04x", static_cast<unsigned>(c));
-        out += code;
-      } else {
-        out += c;
-      }
+  static constexpr std::string_view characters = "\"\\\n\r\t";
+  static constexpr std::string_view letters = "\"\\nrt";
+  const std::size_t at = characters.find(c);
+  if (at != std::string_view::npos) {
+    out += '\\';
+    out += letters[at];
+  } else if (static_cast<unsigned char>(c) < 0x20) {
+    char code[8];
+    std::snprintf(code, sizeof code, "\\u%04x", static_cast<unsigned>(c));
+    out += code;
+  } else {
+    out += c;
   }
 }
 

@@ -53,38 +53,29 @@ int compared(const Value& field, const Value& value) {
 
 }  // namespace
 
-struct RowFilter::OperatorName {
+struct RowFilter::Operator {
   std::string_view text;
-  Operator op;
+  /// Whether it holds for a field that is less than the value (negative), equal (0) or greater.
+  /// Null for LIKE, which takes a pattern.
+  bool (*holds)(int order);
 };
 
-const RowFilter::OperatorName RowFilter::operatorNames[] = {
-    {"=", Operator::Equal},   {"<>", Operator::Different}, {"<", Operator::Less},
-    {"<=", Operator::AtMost}, {">", Operator::Greater},    {">=", Operator::AtLeast},
-    {"LIKE", Operator::Like},
+const RowFilter::Operator RowFilter::operators[] = {
+    {"=", [](int order) { return order == 0; }},
+    {"<>", [](int order) { return order != 0; }},
+    {"<", [](int order) { return order < 0; }},
+    {"<=", [](int order) { return order <= 0; }},
+    {">", [](int order) { return order > 0; }},
+    {">=", [](int order) { return order >= 0; }},
+    {"LIKE", nullptr},
 };
 
 bool RowFilter::holds(const Condition& condition, const Value& field) {
-  if (condition.value.isNull()) return (condition.op == Operator::Equal) == field.isNull();
+  if (condition.value.isNull()) return (condition.op->text == "=") == field.isNull();
   if (field.isNull()) return false;
-  if (condition.op == Operator::Like) {
-    return engine::matchesLike(toText(field), condition.value.as<std::string>());
-  }
-  const int order = compared(field, condition.value);
-  switch (condition.op) {
-    case Operator::Equal:
-      return order == 0;
-    case Operator::Different:
-      return order != 0;
-    case Operator::Less:
-      return order < 0;
-    case Operator::AtMost:
-      return order <= 0;
-    case Operator::Greater:
-      return order > 0;
-    default:
-      return order >= 0;
-  }
+  return condition.op->holds
+             ? condition.op->holds(compared(field, condition.value))
+             : engine::matchesLike(toText(field), condition.value.as<std::string>());
 }
 
 RowFilter::RowFilter(const std::string& text, const RowSet& rows) {
@@ -96,15 +87,13 @@ RowFilter::RowFilter(const std::string& text, const RowSet& rows) {
     if (name.kind != engine::TokenKind::Word && name.kind != engine::TokenKind::Name)
       throw adoerror::badArgument();
     const std::size_t field = rows.indexOf(engine::nameOf(name));
-    const auto* const found = std::find_if(
-        std::begin(operatorNames), std::end(operatorNames), [&](const OperatorName& known) {
-          return equalsIgnoringCase(known.text, tokens[at + 1].text);
-        });
-    if (found == std::end(operatorNames)) throw adoerror::badArgument();
+    const auto* const op = std::ranges::find_if(operators, [&](const Operator& known) {
+      return equalsIgnoringCase(known.text, tokens[at + 1].text);
+    });
+    if (op == std::end(operators)) throw adoerror::badArgument();
     at += 2;
     const Value value = readValue(tokens, at);
-    const bool asText = found->op == Operator::Like;
-    conditions_.push_back({field, found->op, comparable(value, rows.types[field], asText)});
+    conditions_.push_back({field, op, comparable(value, rows.types[field], !op->holds)});
   }
 }
 

@@ -18,14 +18,13 @@ class RowFilter {
   bool passesAll() const { return conditions_.empty(); }
 
  private:
-  enum class Operator { Equal, Different, Less, AtMost, Greater, AtLeast, Like };
+  struct Operator;
+  static const Operator operators[];
   struct Condition {
     std::size_t field = 0;
-    Operator op = Operator::Equal;
+    const Operator* op = nullptr;
     Value value;  ///< as the field's values are compared with it
   };
-  struct OperatorName;
-  static const OperatorName operatorNames[];
 
   static bool holds(const Condition& condition, const Value& field);
 

@@ -12,15 +12,15 @@ constexpr std::int32_t userError = 50000;  // the number of RAISERROR with a tex
 
 }  // namespace
 
-std::optional<std::string> StatementFaults::take(std::vector<Fault>& faults,
-                                                 const std::string& statement) {
-  const auto due = std::find_if(faults.begin(), faults.end(), [&](const Fault& fault) {
-    return statement.find(fault.text) != std::string::npos;
+std::optional<StatementFaults::Plan> StatementFaults::take(Kind kind,
+                                                           const std::string& statement) {
+  const auto due = std::find_if(plans_.begin(), plans_.end(), [&](const Plan& plan) {
+    return plan.kind == kind && statement.find(plan.text) != std::string::npos;
   });
-  if (due == faults.end()) return std::nullopt;
-  std::string text = due->text;
-  if (--due->left == 0) faults.erase(due);
-  return text;
+  if (due == plans_.end()) return std::nullopt;
+  const Plan taken = *due;
+  if (--due->left == 0) plans_.erase(due);
+  return taken;
 }
 
 void StatementFaults::stopServer(const std::string& text) {
@@ -40,18 +40,18 @@ void StatementFaults::startServer() {
 
 void StatementFaults::raiseFor(const std::string& statement) {
   if (stopsServer_ && statement.find(*stopsServer_) != std::string::npos) stopServer();
-  const auto text = take(faults_, statement);
-  if (!text) return;
+  const auto fault = take(Kind::Fails, statement);
+  if (!fault) return;
   throw engine::SqlError(userError,
-                         "The statement was made to fail: it contains \"" + *text + "\".");
+                         "The statement was made to fail: it contains \"" + fault->text + "\".");
 }
 
 void StatementFaults::raiseAfter(const std::string& statement) {
-  const auto text = take(lost_, statement);
-  if (!text) return;
+  const auto fault = take(Kind::LosesAnswer, statement);
+  if (!fault) return;
   throw engine::SqlError(
       userError,
-      "The answer was lost: the statement was carried out, it contains \"" + *text + "\".");
+      "The answer was lost: the statement was carried out, it contains \"" + fault->text + "\".");
 }
 
 void StatementFaults::noteSecondConnection(const std::string& statement,
@@ -60,25 +60,14 @@ void StatementFaults::noteSecondConnection(const std::string& statement,
 }
 
 std::int32_t StatementFaults::secondsOf(const std::string& statement) {
-  const auto due = std::find_if(slow_.begin(), slow_.end(), [&](const Slow& slow) {
-    return statement.find(slow.text) != std::string::npos;
-  });
-  if (due == slow_.end()) return 0;
-  const std::int32_t seconds = due->seconds;
-  slow_.erase(due);
-  return seconds;
+  const auto slow = take(Kind::IsSlow, statement);
+  return slow ? slow->seconds : 0;
 }
 
 bool StatementFaults::isInterrupted(const std::string& statement) {
-  const auto due = std::find_if(interruptions_.begin(), interruptions_.end(),
-                                [&](const Interruption& interruption) {
-                                  return statement.find(interruption.text) != std::string::npos;
-                                });
-  if (due == interruptions_.end()) return false;
-  const std::function<void()> gesture = std::move(due->gesture);
-  interruptions_.erase(due);
-  gesture();
-  return true;
+  const auto interruption = take(Kind::IsInterrupted, statement);
+  if (interruption) interruption->gesture();
+  return interruption.has_value();
 }
 
 }  // namespace kebu::workbench

@@ -1,7 +1,8 @@
 #include "workbench/cli/command_line.h"
 
 #include <algorithm>
-#include <charconv>
+
+#include "common/whole_number.h"
 
 namespace kebu::workbench {
 
@@ -35,13 +36,11 @@ std::optional<std::string> CommandLine::option(const std::string& name) const {
 std::int32_t CommandLine::number(const std::string& name, std::int32_t usual) const {
   const auto text = option(name);
   if (!text) return usual;
-  std::int32_t value = 0;
-  const char* const end = text->data() + text->size();
-  const auto [at, error] = std::from_chars(text->data(), end, value);
-  if (error != std::errc() || at != end || value < 1) {
+  const auto value = wholeNumberIn(*text);
+  if (!value || *value < 1) {
     throw CommandError("option " + name + " wants a number, not \"" + *text + "\"");
   }
-  return value;
+  return *value;
 }
 
 }  // namespace kebu::workbench

@@ -5,6 +5,8 @@
 #include <memory>
 #include <string>
 
+#include "common/convert.h"
+
 namespace kebu::engine {
 
 struct CloseHandle {
@@ -18,22 +20,12 @@ using Prepared = std::unique_ptr<sqlite3_stmt, FinalizeStatement>;
 
 /// A name as SQLite takes it.
 inline std::string quoted(const std::string& name) {
-  std::string result = "\"";
-  for (const char c : name) {
-    result += c;
-    if (c == '"') result += c;
-  }
-  return result + '"';
+  return '"' + replaceAll(name, "\"", "\"\"") + '"';
 }
 
 /// A text as SQLite takes it.
 inline std::string textLiteral(const std::string& text) {
-  std::string result = "'";
-  for (const char c : text) {
-    result += c;
-    if (c == '\'') result += c;
-  }
-  return result + '\'';
+  return "'" + replaceAll(text, "'", "''") + "'";
 }
 
 }  // namespace kebu::engine

@@ -77,32 +77,18 @@ const ErpCodes& erpCodes(std::string_view table) {
   return *at;
 }
 
-namespace {
-
-std::string where(const ErpCodes& codes, const std::string& company,
-                  std::span<const std::string> values, bool openIfEmpty) {
+std::string whereKeys(const ErpCodes& codes, const std::string& company,
+                      std::span<const std::string> values, EmptyValue empty) {
   if (values.size() > codes.keys.size()) {
     throw RuntimeError(5, "The table " + std::string(codes.table) + " has fewer levels.");
   }
   std::string text = " WHERE " + std::string(codes.name.substr(0, 4)) + "_DITTA_CG18 = " + company;
   if (!codes.condition.empty()) text += " AND " + std::string(codes.condition);
   for (std::size_t i = 0; i < values.size(); ++i) {
-    if (openIfEmpty && values[i].empty()) continue;
+    if (empty == EmptyValue::LeavesKeyOpen && values[i].empty()) continue;
     text += " AND " + std::string(codes.keys[i]) + " = '" + replaceAll(values[i], "'", "''") + "'";
   }
   return text;
-}
-
-}  // namespace
-
-std::string whereKeys(const ErpCodes& codes, const std::string& company,
-                      std::span<const std::string> values) {
-  return where(codes, company, values, false);
-}
-
-std::string whereGivenKeys(const ErpCodes& codes, const std::string& company,
-                           std::span<const std::string> values) {
-  return where(codes, company, values, true);
 }
 
 }  // namespace kebu::workbench

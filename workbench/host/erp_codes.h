@@ -19,11 +19,10 @@ struct ErpCodes {
 /// RuntimeError 5 for a table that holds no codes.
 const ErpCodes& erpCodes(std::string_view table);
 
+/// What an empty value of a key stands for: itself, or any.
+enum class EmptyValue { IsCompared, LeavesKeyOpen };
 /// " WHERE …" for the company and the first of the table's keys, as many as there are values.
 std::string whereKeys(const ErpCodes& codes, const std::string& company,
-                      std::span<const std::string> values);
-/// The same, but an empty value does not restrict its key.
-std::string whereGivenKeys(const ErpCodes& codes, const std::string& company,
-                           std::span<const std::string> values);
+                      std::span<const std::string> values, EmptyValue empty);
 
 }  // namespace kebu::workbench

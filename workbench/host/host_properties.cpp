@@ -17,87 +17,64 @@ bool toFlag(const std::string& text) {
   return toBoolean(Value(text));
 }
 
-template <auto Set>
-void setFlag(Cinterface& plugin, const std::string& value) {
-  (plugin.*Set)(toFlag(value));
+template <auto Set, auto Get>
+constexpr HostProperty flag(std::string_view name) {
+  return {name, [](Cinterface& plugin, const std::string& value) { (plugin.*Set)(toFlag(value)); },
+          [](const std::string& value) { toFlag(value); },
+          [](Cinterface& plugin) { return std::string((plugin.*Get)() ? "true" : "false"); }};
 }
-template <auto Set>
-void setNumber(Cinterface& plugin, const std::string& value) {
-  (plugin.*Set)(toInt32(Value(value)));
+
+template <auto Set, auto Get>
+constexpr HostProperty number(std::string_view name) {
+  return {name, [](Cinterface& plugin, const std::string& value) { (plugin.*Set)(toInt32(value)); },
+          [](const std::string& value) { toInt32(value); },
+          [](Cinterface& plugin) { return std::to_string((plugin.*Get)()); }};
 }
-template <auto Set>
-void setValue(Cinterface& plugin, const std::string& value) {
-  (plugin.*Set)(Value(value));
+
+template <auto Set, auto Get>
+constexpr HostProperty value(std::string_view name) {
+  return {name, [](Cinterface& plugin, const std::string& value) { (plugin.*Set)(Value(value)); },
+          nullptr, [](Cinterface& plugin) { return toDisplay((plugin.*Get)()); }};
 }
-void checkFlag(const std::string& value) {
-  toFlag(value);
-}
-void checkNumber(const std::string& value) {
-  toInt32(Value(value));
-}
+
+/// Tells whether there is an object.
 template <auto Get>
-std::string getFlag(Cinterface& plugin) {
-  return (plugin.*Get)() ? "true" : "false";
+constexpr HostProperty object(std::string_view name) {
+  return {name, nullptr, nullptr,
+          [](Cinterface& plugin) { return std::string((plugin.*Get)() ? "set" : "none"); }};
 }
-template <auto Get>
-std::string getNumber(Cinterface& plugin) {
-  return std::to_string((plugin.*Get)());
-}
-template <auto Get>
-std::string getValue(Cinterface& plugin) {
-  return toDisplay((plugin.*Get)());
-}
-/// For an object, whether there is one.
-template <auto Get>
-std::string getObject(Cinterface& plugin) {
-  return (plugin.*Get)() ? "set" : "none";
-}
-std::string getActiveFrame(Cinterface& plugin) {
+
+std::string activeFrame(Cinterface& plugin) {
   const auto frame = plugin.ActiveFrame();
   return frame ? frame->Name() : "none";
 }
 
 constexpr std::array properties{
-    HostProperty{"ClsGlobal", nullptr, nullptr, getObject<&Cinterface::ClsGlobal>},
-    HostProperty{"ActiveFrame", nullptr, nullptr, getActiveFrame},
-    HostProperty{"ActiveNavigator", nullptr, nullptr, getObject<&Cinterface::ActiveNavigator>},
-    HostProperty{"ActiveDll", nullptr, nullptr, getObject<&Cinterface::ActiveDll>},
-    HostProperty{"StatusBar", nullptr, nullptr, getObject<&Cinterface::StatusBar>},
-    HostProperty{"CanInsert", setFlag<&Cinterface::setCanInsert>, checkFlag,
-                 getFlag<&Cinterface::CanInsert>},
-    HostProperty{"CanDelete", setFlag<&Cinterface::setCanDelete>, checkFlag,
-                 getFlag<&Cinterface::CanDelete>},
-    HostProperty{"CanUpdate", setFlag<&Cinterface::setCanUpdate>, checkFlag,
-                 getFlag<&Cinterface::CanUpdate>},
-    HostProperty{"CanQbe", setFlag<&Cinterface::setCanQbe>, checkFlag,
-                 getFlag<&Cinterface::CanQbe>},
-    HostProperty{"WindowState", setNumber<&Cinterface::setWindowState>, checkNumber,
-                 getNumber<&Cinterface::WindowState>},
-    HostProperty{"WindowModal", setFlag<&Cinterface::setWindowModal>, checkFlag,
-                 getFlag<&Cinterface::WindowModal>},
-    HostProperty{"ProgramMode", setNumber<&Cinterface::setProgramMode>, checkNumber,
-                 getNumber<&Cinterface::ProgramMode>},
-    HostProperty{"MenuModulo", setValue<&Cinterface::setMenuModulo>, nullptr,
-                 getValue<&Cinterface::MenuModulo>},
-    HostProperty{"MenuPadre", setValue<&Cinterface::setMenuPadre>, nullptr,
-                 getValue<&Cinterface::MenuPadre>},
-    HostProperty{"MenuProg", setValue<&Cinterface::setMenuProg>, nullptr,
-                 getValue<&Cinterface::MenuProg>},
-    HostProperty{"Caption", setValue<&Cinterface::setCaption>, nullptr,
-                 getValue<&Cinterface::Caption>},
-    HostProperty{"hwndParent", setNumber<&Cinterface::setHwndParent>, checkNumber,
-                 getNumber<&Cinterface::hwndParent>},
-    HostProperty{"Connection", nullptr, nullptr, getObject<&Cinterface::Connection>},
-    HostProperty{"Cwindow", nullptr, nullptr, getObject<&Cinterface::Cwindow>},
-    HostProperty{"Top", setValue<&Cinterface::setTop>, nullptr, getValue<&Cinterface::Top>},
-    HostProperty{"Left", setValue<&Cinterface::setLeft>, nullptr, getValue<&Cinterface::Left>},
-    HostProperty{"ClsVoceMenu", nullptr, nullptr, getObject<&Cinterface::ClsVoceMenu>},
-    HostProperty{"IsActive", setFlag<&Cinterface::setIsActive>, checkFlag,
-                 getFlag<&Cinterface::IsActive>},
-    HostProperty{"IsCalled", setFlag<&Cinterface::setIsCalled>, checkFlag,
-                 getFlag<&Cinterface::IsCalled>},
-    HostProperty{"Filtro", setValue<&Cinterface::setFiltro>, nullptr,
-                 getValue<&Cinterface::Filtro>},
+    object<&Cinterface::ClsGlobal>("ClsGlobal"),
+    HostProperty{"ActiveFrame", nullptr, nullptr, activeFrame},
+    object<&Cinterface::ActiveNavigator>("ActiveNavigator"),
+    object<&Cinterface::ActiveDll>("ActiveDll"),
+    object<&Cinterface::StatusBar>("StatusBar"),
+    flag<&Cinterface::setCanInsert, &Cinterface::CanInsert>("CanInsert"),
+    flag<&Cinterface::setCanDelete, &Cinterface::CanDelete>("CanDelete"),
+    flag<&Cinterface::setCanUpdate, &Cinterface::CanUpdate>("CanUpdate"),
+    flag<&Cinterface::setCanQbe, &Cinterface::CanQbe>("CanQbe"),
+    number<&Cinterface::setWindowState, &Cinterface::WindowState>("WindowState"),
+    flag<&Cinterface::setWindowModal, &Cinterface::WindowModal>("WindowModal"),
+    number<&Cinterface::setProgramMode, &Cinterface::ProgramMode>("ProgramMode"),
+    value<&Cinterface::setMenuModulo, &Cinterface::MenuModulo>("MenuModulo"),
+    value<&Cinterface::setMenuPadre, &Cinterface::MenuPadre>("MenuPadre"),
+    value<&Cinterface::setMenuProg, &Cinterface::MenuProg>("MenuProg"),
+    value<&Cinterface::setCaption, &Cinterface::Caption>("Caption"),
+    number<&Cinterface::setHwndParent, &Cinterface::hwndParent>("hwndParent"),
+    object<&Cinterface::Connection>("Connection"),
+    object<&Cinterface::Cwindow>("Cwindow"),
+    value<&Cinterface::setTop, &Cinterface::Top>("Top"),
+    value<&Cinterface::setLeft, &Cinterface::Left>("Left"),
+    object<&Cinterface::ClsVoceMenu>("ClsVoceMenu"),
+    flag<&Cinterface::setIsActive, &Cinterface::IsActive>("IsActive"),
+    flag<&Cinterface::setIsCalled, &Cinterface::IsCalled>("IsCalled"),
+    value<&Cinterface::setFiltro, &Cinterface::Filtro>("Filtro"),
 };
 
 }  // namespace

@@ -73,7 +73,7 @@ host::LookupDefinition Lookups::Codes(const std::string& table, const std::strin
   return {std::string(codes.title),
           "SELECT " + code + ", " + std::string(codes.description) + " FROM " +
               std::string(codes.name) + " WITH (NOLOCK)" +
-              whereGivenKeys(codes, company, upperKeys) + " ORDER BY " + code,
+              whereKeys(codes, company, upperKeys, EmptyValue::LeavesKeyOpen) + " ORDER BY " + code,
           captions};
 }
 

@@ -14,11 +14,22 @@ constexpr std::int32_t buttonsMask = 0x0F;
 constexpr std::int32_t iconMask = 0xF0;
 constexpr std::int32_t defaultMask = 0x300;
 
-constexpr std::array okOnly{msgbox::ok};
-constexpr std::array okCancel{msgbox::ok, msgbox::cancel};
-constexpr std::array abortRetryIgnore{msgbox::abort, msgbox::retry, msgbox::ignore};
-constexpr std::array yesNoCancel{msgbox::yes, msgbox::no, msgbox::cancel};
-constexpr std::array yesNo{msgbox::yes, msgbox::no};
+constexpr msgbox::Answer okOnly[] = {msgbox::ok};
+constexpr msgbox::Answer okCancel[] = {msgbox::ok, msgbox::cancel};
+constexpr msgbox::Answer abortRetryIgnore[] = {msgbox::abort, msgbox::retry, msgbox::ignore};
+constexpr msgbox::Answer yesNoCancel[] = {msgbox::yes, msgbox::no, msgbox::cancel};
+constexpr msgbox::Answer yesNo[] = {msgbox::yes, msgbox::no};
+
+/// By the buttons' part of a style.
+constexpr std::span<const msgbox::Answer> buttonSets[] = {okOnly, okCancel, abortRetryIgnore,
+                                                          yesNoCancel, yesNo};
+
+constexpr std::pair<std::int32_t, std::string_view> icons[] = {
+    {msgbox::critical, "critical"},
+    {msgbox::question, "question"},
+    {msgbox::exclamation, "exclamation"},
+    {msgbox::information, "information"},
+};
 
 constexpr std::array<std::pair<msgbox::Answer, std::string_view>, 7> names{{
     {msgbox::ok, "ok"},
@@ -33,18 +44,8 @@ constexpr std::array<std::pair<msgbox::Answer, std::string_view>, 7> names{{
 }  // namespace
 
 std::span<const msgbox::Answer> buttonsOf(std::int32_t style) {
-  switch (style & buttonsMask) {
-    case msgbox::okCancel:
-      return okCancel;
-    case msgbox::abortRetryIgnore:
-      return abortRetryIgnore;
-    case msgbox::yesNoCancel:
-      return yesNoCancel;
-    case msgbox::yesNo:
-      return yesNo;
-    default:
-      return okOnly;
-  }
+  const auto index = static_cast<std::size_t>(style & buttonsMask);
+  return index < std::size(buttonSets) ? buttonSets[index] : okOnly;
 }
 
 bool offers(std::int32_t style, std::int32_t answer) {
@@ -78,23 +79,9 @@ std::optional<msgbox::Answer> answerByName(std::string_view name) {
 }
 
 std::string describeIcon(std::int32_t style) {
-  std::string words;
-  switch (style & iconMask) {
-    case msgbox::critical:
-      words = "critical";
-      break;
-    case msgbox::question:
-      words = "question";
-      break;
-    case msgbox::exclamation:
-      words = "exclamation";
-      break;
-    case msgbox::information:
-      words = "information";
-      break;
-    default:
-      words = "plain";
-      break;
+  std::string words = "plain";
+  for (const auto& [icon, name] : icons) {
+    if ((style & iconMask) == icon) words = name;
   }
   if (style & msgbox::systemModal) words += ", system-modal";
   return words;

@@ -1,7 +1,9 @@
 #pragma once
 
+#include <cstdint>
 #include <functional>
 #include <string>
+#include <utility>
 
 #include "host/services.h"
 
@@ -10,32 +12,44 @@ namespace kebu::workbench {
 /// Called with a text for each registered object.
 using RegistrationListener = std::function<void(const std::string&)>;
 
-/// The host's layout model. It never replaces a registered object by another.
-class LayoutModel : public host::LayoutModel {
+/// An object model of the host's in its role. It never replaces a registered object by another.
+template <class Role>
+class ObjectModel : public Role {
  public:
-  explicit LayoutModel(RegistrationListener listener);
+  /// `name`: by which the listener is told what was registered where.
+  ObjectModel(std::string name, RegistrationListener listener)
+      : name_(std::move(name)), listener_(std::move(listener)) {}
+
   void Initialize(const Ref<host::Cinterface>& /*host*/) override {}
   Ref<host::NamedObject> Register(const std::string& name, const Ref<host::NamedObject>& object,
-                                  std::int32_t kind, const std::string& description) override;
+                                  std::int32_t kind, const std::string& description) override {
+    listener_(name_ + ": " + name + ", kind " + std::to_string(kind) + ", \"" + description + "\"");
+    return object;
+  }
 
  private:
+  std::string name_;
   RegistrationListener listener_;
+};
+
+class LayoutModel : public ObjectModel<host::LayoutModel> {
+ public:
+  explicit LayoutModel(RegistrationListener listener)
+      : ObjectModel("layout", std::move(listener)) {}
 };
 
 /// Runs the user's script for an event and returns whether the script refuses it.
 using ScriptRunner = std::function<bool(const std::string& event)>;
 
-/// The host's script model.
-class ScriptModel : public host::ScriptModel {
+class ScriptModel : public ObjectModel<host::ScriptModel> {
  public:
-  ScriptModel(RegistrationListener listener, ScriptRunner runner);
-  void Initialize(const Ref<host::Cinterface>& /*host*/) override {}
-  Ref<host::NamedObject> Register(const std::string& name, const Ref<host::NamedObject>& object,
-                                  std::int32_t kind, const std::string& description) override;
-  void RunEvent(const std::string& event, bool& cancel) override;
+  ScriptModel(RegistrationListener listener, ScriptRunner runner)
+      : ObjectModel("script", std::move(listener)), runner_(std::move(runner)) {}
+  void RunEvent(const std::string& event, bool& cancel) override {
+    if (runner_(event)) cancel = true;
+  }
 
  private:
-  RegistrationListener listener_;
   ScriptRunner runner_;
 };
 

@@ -23,7 +23,7 @@ std::string SqlDecodes::Code(const std::string& table, const std::string& compan
                              const std::vector<std::string>& keys) {
   const ErpCodes& codes = erpCodes(table);
   return "SELECT " + std::string(codes.description) + " FROM " + std::string(codes.name) +
-         " WITH (NOLOCK)" + whereKeys(codes, company, keys);
+         " WITH (NOLOCK)" + whereKeys(codes, company, keys, EmptyValue::IsCompared);
 }
 
 }  // namespace kebu::workbench

@@ -12,7 +12,7 @@ namespace {
 
 constexpr std::int32_t usualRows = 50;
 
-const char* flagText(bool flag) {
+std::string flagText(bool flag) {
   return flag ? "true" : "false";
 }
 
@@ -66,14 +66,11 @@ const GridView& gridOf(const ControlView& view) {
 }
 
 constexpr Aspect aspects[] = {
-    {"enabled", true, [](const ControlView& v) { return std::string(flagText(v.enabled)); }},
-    {"visible", true, [](const ControlView& v) { return std::string(flagText(v.visible)); }},
-    {"editable", true,
-     [](const ControlView& v) { return std::string(flagText(!isMarked(v, "read-only"))); }},
-    {"required", true,
-     [](const ControlView& v) { return std::string(flagText(isMarked(v, "required"))); }},
-    {"known", true,
-     [](const ControlView& v) { return std::string(flagText(!isMarked(v, "unknown"))); }},
+    {"enabled", true, [](const ControlView& v) { return flagText(v.enabled); }},
+    {"visible", true, [](const ControlView& v) { return flagText(v.visible); }},
+    {"editable", true, [](const ControlView& v) { return flagText(!isMarked(v, "read-only")); }},
+    {"required", true, [](const ControlView& v) { return flagText(isMarked(v, "required")); }},
+    {"known", true, [](const ControlView& v) { return flagText(!isMarked(v, "unknown")); }},
     {"hint", false, [](const ControlView& v) { return v.hint; }},
     {"caption", false, [](const ControlView& v) { return v.caption; }},
     {"rows", false,
@@ -90,6 +87,15 @@ constexpr Aspect aspects[] = {
 bool sameValue(const std::string& expected, const std::string& found) {
   return expected == found || (expected == "on" && found == "1") ||
          (expected == "off" && found == "0");
+}
+
+void checkText(Player& player, const Words& subject, const std::string& expected,
+               const std::string& found) {
+  player.check(expected == found, join(subject), expected, found);
+}
+
+void checkFlag(Player& player, const Words& subject, const std::string& expected, bool found) {
+  checkText(player, subject, flagText(toFlag(expected)), flagText(found));
 }
 
 void expectMessage(Player& player, const std::string& text) {
@@ -156,21 +162,15 @@ void expectLine(Player& player, const std::string& sheet, const std::string& exp
 }
 
 void expectAspect(Player& player, const Words& subject, const std::string& expected) {
-  if (subject[1] == "line") {
-    expectLine(player, subject[0], expected);
-    return;
-  }
+  if (subject[1] == "line") return expectLine(player, subject[0], expected);
   if (subject[1] == "focused") {
-    const std::string found = flagText(player.stage().hands.isFocused(subject[0]));
-    player.check(found == flagText(toFlag(expected)), join(subject), expected, found);
-    return;
+    return checkFlag(player, subject, expected, player.stage().hands.isFocused(subject[0]));
   }
   const auto* const aspect = std::find_if(std::begin(aspects), std::end(aspects),
                                           [&](const Aspect& a) { return a.name == subject[1]; });
   if (aspect == std::end(aspects)) throw StepError("controls have no \"" + subject[1] + "\"");
-  const std::string found = aspect->of(player.stage().hands.look(subject[0], {}));
-  const std::string wanted = aspect->isFlag ? flagText(toFlag(expected)) : expected;
-  player.check(wanted == found, join(subject), wanted, found);
+  checkText(player, subject, aspect->isFlag ? flagText(toFlag(expected)) : expected,
+            aspect->of(player.stage().hands.look(subject[0], {})));
 }
 
 void expectContent(Player& player, const std::string& control, const std::string& expected) {
@@ -189,19 +189,15 @@ void expectLink(Player& player, const Words& subject, const std::string& expecte
     return link.text.starts_with(subject[1] + ": ");
   });
   if (at == links.end()) throw StepError(subject[0] + " has no link to view " + subject[1]);
-  const std::string wanted = flagText(toFlag(expected));
-  const std::string found = flagText(at->mark.find("changed") != std::string::npos);
-  player.check(wanted == found, join(subject), wanted, found);
+  checkFlag(player, subject, expected, at->mark.find("changed") != std::string::npos);
 }
 
 void expectValue(Player& player, const Words& subject, const std::string& expected) {
   Hands& hands = player.stage().hands;
   if (subject.size() == 2 && subject[0] == "sql") {
-    const std::string found = firstRowText(player.stage().sql(subject[1]));
-    player.check(expected == found, join(subject), expected, found);
+    checkText(player, subject, expected, firstRowText(player.stage().sql(subject[1])));
   } else if (subject.size() == 2 && subject[0] == "host") {
-    const std::string found = hostValue(player, subject[1]);
-    player.check(expected == found, join(subject), expected, found);
+    checkText(player, subject, expected, hostValue(player, subject[1]));
   } else if (subject.size() == 1) {
     expectContent(player, subject[0], expected);
   } else if (subject.size() == 2) {
@@ -210,12 +206,9 @@ void expectValue(Player& player, const Words& subject, const std::string& expect
     const std::string found = hands.cellText(subject[0], toNumber(subject[1]), subject[2]);
     player.check(sameValue(expected, found), join(subject), expected, found);
   } else if (subject[2] == "enabled") {
-    const std::string wanted = flagText(toFlag(expected));
-    const std::string found = flagText(hands.isButtonEnabled(subject[0], subject[1]));
-    player.check(wanted == found, join(subject), wanted, found);
+    checkFlag(player, subject, expected, hands.isButtonEnabled(subject[0], subject[1]));
   } else if (subject[2] == "ticked") {
-    const std::string found = hands.tickState(subject[0], subject[1]);
-    player.check(expected == found, join(subject), expected, found);
+    checkText(player, subject, expected, hands.tickState(subject[0], subject[1]));
   } else if (subject[2] == "changed") {
     expectLink(player, subject, expected);
   } else {

@@ -8,54 +8,10 @@ namespace kebu::workbench::steps {
 using controls::QueryEditor;
 using controls::RangeEnd;
 
-void page(Player& player, const Words& arguments) {
-  player.stage().hands.openPage(toNumber(arguments[0]));
-}
-
-void press(Player& player, const Words& arguments) {
-  player.stage().hands.press(arguments[0], arguments[1]);
-}
-
-void changes(Player& player, const Words& arguments) {
-  player.stage().hands.askChanges(arguments[0]);
-}
-
-void click(Player& player, const Words& arguments) {
-  player.stage().hands.clickButton(arguments[0]);
-}
-
-void type(Player& player, const Words& arguments) {
-  player.stage().hands.type(arguments[0], arguments[1]);
-}
-
-void choose(Player& player, const Words& arguments) {
-  player.stage().hands.choose(arguments[0], arguments[1]);
-}
-
-void tick(Player& player, const Words& arguments) {
-  player.stage().hands.tick(arguments[0], toFlag(arguments[1]));
-}
-
-void row(Player& player, const Words& arguments) {
-  player.stage().hands.selectRow(arguments[0], toNumber(arguments[1]));
-}
-
 void edit(Player& player, const Words& arguments) {
   const std::string& text = arguments[3];
   player.stage().hands.edit(arguments[0], toNumber(arguments[1]), arguments[2],
                             text == "NULL" ? Value(Null{}) : Value(text));
-}
-
-void tickCell(Player& player, const Words& arguments) {
-  player.stage().hands.tickCell(arguments[0], toNumber(arguments[1]), arguments[2]);
-}
-
-void tickAll(Player& player, const Words& arguments) {
-  player.stage().hands.tickAll(arguments[0], arguments[1], toFlag(arguments[2]));
-}
-
-void sort(Player& player, const Words& arguments) {
-  player.stage().hands.sort(arguments[0], arguments[1]);
 }
 
 void find(Player& player, const Words& arguments) {
@@ -76,10 +32,10 @@ void copy(Player& player, const Words& arguments) {
     player.keepCopied(hands.copySheet(arguments[0], arguments[1] == "file"));
     return;
   }
-  const std::pair<const char*, CopiedPart> parts[] = {{"cell", CopiedPart::Cell},
-                                                      {"row", CopiedPart::Row},
-                                                      {"all", CopiedPart::All},
-                                                      {"csv", CopiedPart::Csv}};
+  static constexpr std::pair<const char*, CopiedPart> parts[] = {{"cell", CopiedPart::Cell},
+                                                                 {"row", CopiedPart::Row},
+                                                                 {"all", CopiedPart::All},
+                                                                 {"csv", CopiedPart::Csv}};
   for (const auto& [name, part] : parts) {
     if (arguments[1] == name) {
       player.keepCopied(hands.copy(arguments[0], part));
@@ -111,10 +67,6 @@ RangeEnd toEnd(const std::string& text) {
   return text == "1" ? RangeEnd::First : RangeEnd::Second;
 }
 
-}  // namespace
-
-namespace {
-
 constexpr std::string_view pressableKeys[] = {"F3",      "F8",       "F9",    "F10", "F11",
                                               "Ctrl+F1", "Ctrl+F10", "Enter", "Esc"};
 
@@ -142,22 +94,6 @@ void keys(Player& player, const Words& arguments) {
     }
   }
   player.stage().hands.pressKeys(arguments);
-}
-
-void refresh(Player& player, const Words& /*arguments*/) {
-  player.stage().hands.refresh();
-}
-
-void details(Player& player, const Words& arguments) {
-  player.stage().hands.details(arguments[0], toNumber(arguments[1]));
-}
-
-void rowMenu(Player& player, const Words& arguments) {
-  player.stage().hands.chooseFromRowMenu(arguments[0], toNumber(arguments[1]), arguments[2]);
-}
-
-void notice(Player& player, const Words& arguments) {
-  player.stage().hands.pressNotice(arguments[0]);
 }
 
 void condition(Player& player, const Words& arguments) {

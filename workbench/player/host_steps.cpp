@@ -22,10 +22,6 @@ void close(Player& player, const Words& /*arguments*/) {
   player.out() << "  " << (closed ? "true" : "false") << '\n';
 }
 
-void activate(Player& player, const Words& /*arguments*/) {
-  player.stage().hands.activateWindow();
-}
-
 void set(Player& player, const Words& arguments) {
   const HostProperty* const property = findHostProperty(arguments[0]);
   if (!property) throw StepError("the host knows no property " + arguments[0]);

@@ -2,9 +2,9 @@
 
 #include <algorithm>
 #include <array>
-#include <charconv>
 #include <limits>
 
+#include "common/whole_number.h"
 #include "workbench/player/scenario.h"
 #include "workbench/player/steps.h"
 
@@ -14,28 +14,36 @@ namespace {
 
 constexpr std::size_t any = std::numeric_limits<std::size_t>::max();
 
+using steps::gesture;
+
 constexpr std::array table{
     Step{"open", 0, 0, "", "the host creates the plug-in and shows its window", steps::open},
     Step{"close", 0, 0, "", "the host closes the window; prints true or false", steps::close},
     Step{"window", 1, 1, "N", "goes to window N of several on the company; open opens it",
          steps::window},
-    Step{"activate", 0, 0, "", "the window comes to the front again", steps::activate},
+    Step{"activate", 0, 0, "", "the window comes to the front again",
+         gesture<&Hands::activateWindow>},
     Step{"set", 2, 2, "PROPERTY VALUE", "a property that the host gives the plug-in", steps::set},
     Step{"without", 1, 1, "SERVICE", "the host does not offer a service", steps::without},
     Step{"refuse", 1, 1, "EVENT", "the user's script refuses the next event (tsOpen, tsClose)",
          steps::refuse},
-    Step{"page", 1, 1, "N", "clicks the side bar's link to view N", steps::page},
-    Step{"press", 2, 2, "BAR CAPTION", "presses a button of a navigator bar", steps::press},
-    Step{"changes", 1, 1, "BAR", "asks in a dialog what Conferma would change", steps::changes},
-    Step{"click", 1, 1, "BUTTON", "clicks a button", steps::click},
-    Step{"type", 2, 2, "BOX TEXT", "enters an edit box, replaces its text, leaves it", steps::type},
-    Step{"choose", 2, 2, "COMBO CODE", "picks the entry with that code", steps::choose},
-    Step{"tick", 2, 2, "CHECK on|off", "sets a check box", steps::tick},
-    Step{"row", 2, 2, "GRID N", "moves to a row", steps::row},
+    Step{"page", 1, 1, "N", "clicks the side bar's link to view N", gesture<&Hands::openPage>},
+    Step{"press", 2, 2, "BAR CAPTION", "presses a button of a navigator bar",
+         gesture<&Hands::press>},
+    Step{"changes", 1, 1, "BAR", "asks in a dialog what Conferma would change",
+         gesture<&Hands::askChanges>},
+    Step{"click", 1, 1, "BUTTON", "clicks a button", gesture<&Hands::clickButton>},
+    Step{"type", 2, 2, "BOX TEXT", "enters an edit box, replaces its text, leaves it",
+         gesture<&Hands::type>},
+    Step{"choose", 2, 2, "COMBO CODE", "picks the entry with that code", gesture<&Hands::choose>},
+    Step{"tick", 2, 2, "CHECK on|off", "sets a check box", gesture<&Hands::tick>},
+    Step{"row", 2, 2, "GRID N", "moves to a row", gesture<&Hands::selectRow>},
     Step{"edit", 4, 4, "GRID N FIELD VALUE", "edits a cell; NULL empties it", steps::edit},
-    Step{"tick-cell", 3, 3, "GRID N FIELD", "clicks a check cell", steps::tickCell},
-    Step{"tick-all", 3, 3, "GRID FIELD on|off", "clicks a column's select-all", steps::tickAll},
-    Step{"sort", 2, 2, "GRID FIELD", "clicks a column's head, which sorts the rows", steps::sort},
+    Step{"tick-cell", 3, 3, "GRID N FIELD", "clicks a check cell", gesture<&Hands::tickCell>},
+    Step{"tick-all", 3, 3, "GRID FIELD on|off", "clicks a column's select-all",
+         gesture<&Hands::tickAll>},
+    Step{"sort", 2, 2, "GRID FIELD", "clicks a column's head, which sorts the rows",
+         gesture<&Hands::sort>},
     Step{"find", 2, 3, "GRID TEXT [FIELD]", "looks for a text in all columns or one", steps::find},
     Step{"find-next", 1, 1, "GRID", "goes to the next row that contains the text", steps::findNext},
     Step{"find-previous", 1, 1, "GRID", "goes to the previous one", steps::findPrevious},
@@ -49,12 +57,14 @@ constexpr std::array table{
          "presses keys without a pause: F3, F8, F9, F10, F11, Ctrl+F1, Ctrl+F10, Enter, Esc; while "
          "the window works they are lost",
          steps::keys},
-    Step{"refresh", 0, 0, "", "reads again what a preview or the summary shows", steps::refresh},
-    Step{"details", 2, 2, "GRID N", "asks what a row stands for, with Alt+Enter", steps::details},
+    Step{"refresh", 0, 0, "", "reads again what a preview or the summary shows",
+         gesture<&Hands::refresh>},
+    Step{"details", 2, 2, "GRID N", "asks what a row stands for, with Alt+Enter",
+         gesture<&Hands::details>},
     Step{"row-menu", 3, 3, "GRID N CAPTION", "chooses an entry of a row's context menu",
-         steps::rowMenu},
+         gesture<&Hands::chooseFromRowMenu>},
     Step{"notice", 1, 1, "TEXT", "presses the button of the notice that contains the text",
-         steps::notice},
+         gesture<&Hands::pressNotice>},
     Step{"condition", 3, any, "EDITOR CAPTION OPERATOR [VALUE...]",
          "states a condition on a field: =, <>, between, starts, contains, in, empty, not-empty, "
          "clear",
@@ -117,18 +127,13 @@ void runStep(Player& player, const Words& words) {
 namespace steps {
 
 bool isNumber(const std::string& text) {
-  std::int32_t number = 0;
-  const char* const end = text.data() + text.size();
-  const auto [at, error] = std::from_chars(text.data(), end, number);
-  return error == std::errc() && at == end;
+  return wholeNumberIn(text).has_value();
 }
 
 std::int32_t toNumber(const std::string& text) {
-  std::int32_t number = 0;
-  const char* const end = text.data() + text.size();
-  const auto [at, error] = std::from_chars(text.data(), end, number);
-  if (error != std::errc() || at != end) throw StepError("\"" + text + "\" is not a number");
-  return number;
+  const auto number = wholeNumberIn(text);
+  if (!number) throw StepError("\"" + text + "\" is not a number");
+  return *number;
 }
 
 bool toFlag(const std::string& text) {

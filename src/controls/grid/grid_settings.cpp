@@ -1,7 +1,8 @@
 #include "controls/grid/grid_settings.h"
 
-#include <charconv>
 #include <sstream>
+
+#include "common/whole_number.h"
 
 namespace kebu::controls {
 
@@ -9,13 +10,6 @@ namespace {
 
 constexpr char entryEnd = ';';
 constexpr std::int32_t widestColumn = 4000;
-
-std::optional<std::int32_t> numberIn(const std::string& text) {
-  std::int32_t number = 0;
-  const char* const end = text.data() + text.size();
-  const auto [at, error] = std::from_chars(text.data(), end, number);
-  return error == std::errc() && at == end ? std::optional(number) : std::nullopt;
-}
 
 }  // namespace
 
@@ -45,12 +39,12 @@ GridSettings GridSettings::fromText(const std::string& text, const GridRows& row
     std::string field;
     std::string value;
     words >> kind >> column >> field >> value;
-    const auto index = static_cast<std::size_t>(numberIn(column).value_or(-1));
+    const auto index = static_cast<std::size_t>(wholeNumberIn(column).value_or(-1));
     if (index >= rows.columnCount() || rows.field(index) != field) continue;
     if (kind == "sort" && (value == "up" || value == "down")) {
       settings.sort = SortedBy{index, value == "down"};
     }
-    const std::int32_t width = numberIn(value).value_or(0);
+    const std::int32_t width = wholeNumberIn(value).value_or(0);
     if (kind == "width" && width > 0 && width <= widestColumn) settings.widths[index] = width;
   }
   return settings;

@@ -43,8 +43,4 @@ Ref<ado::Recordset> wrapRecordset(IDispatch* object) {
   return wrap<AdoRecordset>(ComPtr<IDispatch>(object));
 }
 
-Ref<ado::Command> wrapCommand(IDispatch* object) {
-  return wrap<AdoCommand>(ComPtr<IDispatch>(object));
-}
-
 }  // namespace kebu::windows

@@ -20,6 +20,5 @@ class AdoLibrary : public ado::Library {
 
 Ref<ado::Connection> wrapConnection(IDispatch* object);
 Ref<ado::Recordset> wrapRecordset(IDispatch* object);
-Ref<ado::Command> wrapCommand(IDispatch* object);
 
 }  // namespace kebu::windows

@@ -1,6 +1,7 @@
 #include "workbench/engine/catalogue/catalogue.h"
 
 #include <algorithm>
+#include <array>
 #include <utility>
 
 #include "common/convert.h"
@@ -62,19 +63,6 @@ const std::vector<SystemView>& systemViews() {
       objects("VIEWS", " WHERE kind = 'V'"), objects("TABLES", " WHERE kind = 'U'"),
       objects("PROCEDURES", " WHERE kind = 'P'"), objects("OBJECTS", "")};
   return views;
-}
-
-const char* kindName(ast::ModuleKind kind) {
-  switch (kind) {
-    case ast::ModuleKind::View:
-      return "V";
-    case ast::ModuleKind::Procedure:
-      return "P";
-    case ast::ModuleKind::TableFunction:
-      return "IF";
-    default:
-      return "FN";
-  }
 }
 
 }  // namespace
@@ -215,6 +203,11 @@ bool Table::hasKey(const std::vector<std::string>& names) const {
   });
 }
 
+const char* Module::kind() const {
+  static constexpr std::array kinds{"V", "P", "IF", "FN"};
+  return kinds.at(static_cast<std::size_t>(tree.kind));
+}
+
 TablePtr Catalogue::table(const ast::ObjectName& name, int session) const {
   if (!isHere(name)) return nullptr;
   return lookUp(tables_, keyOf(name.last(), session));
@@ -246,7 +239,7 @@ std::int64_t Catalogue::objectId(std::string_view name, std::string_view kind, i
   if (found == ids_.end()) return 0;
   const std::string wanted = toUpperAscii(trim(kind));
   const ModulePtr module = lookUp(modules_, key);
-  const std::string actual = module ? kindName(module->tree.kind) : "U";
+  const std::string actual = module ? module->kind() : "U";
   return wanted.empty() || wanted == actual ? found->second : 0;
 }
 

@@ -63,6 +63,9 @@ using TablePtr = std::shared_ptr<const Table>;
 struct Module {
   std::string text;
   ast::Module tree;
+
+  /// Its kind as sys.objects tells it.
+  const char* kind() const;
 };
 using ModulePtr = std::shared_ptr<const Module>;
 

@@ -93,6 +93,11 @@ const Scope::Member* targetIn(const Scope& scope, const ast::ObjectName& name,
   return nullptr;
 }
 
+/// " WHERE …", or "" without a condition.
+std::string boundWhere(BindingContext& context, const ast::ExprPtr& condition, const Scope& scope) {
+  return condition ? " WHERE " + ExpressionBinder(context).condition(*condition, scope) : "";
+}
+
 }  // namespace
 
 bool Compiled::busy() const {
@@ -135,9 +140,10 @@ std::string boundDefault(BindingContext& context, const Table& table, int index)
                 table.name);
 }
 
-std::string boundAssignments(BindingContext& context, const Table& table,
-                             const std::vector<ast::Assignment>& set, const Scope& scope) {
-  std::string sql;
+std::vector<BoundAssignment> boundAssignments(BindingContext& context, const Table& table,
+                                              const std::vector<ast::Assignment>& set,
+                                              const Scope& scope) {
+  std::vector<BoundAssignment> bound;
   std::vector<std::string> assigned;
   for (const auto& assignment : set) {
     checkNamedOnce(assignment.column, assigned.begin(), assigned.end());
@@ -145,10 +151,18 @@ std::string boundAssignments(BindingContext& context, const Table& table,
     const int index = requireColumn(table, assignment.column);
     if (index == table.identity) throw identityError(table, true);
     const TableColumn& column = table.columns[static_cast<std::size_t>(index)];
-    sql += (sql.empty() ? "" : ", ") + quoted(column.name) + " = ";
-    sql += assignment.value ? stored(ExpressionBinder(context).value(*assignment.value, scope),
-                                     column, table.name)
-                            : boundDefault(context, table, index);
+    bound.push_back({quoted(column.name), assignment.value ? stored(ExpressionBinder(context).value(
+                                                                        *assignment.value, scope),
+                                                                    column, table.name)
+                                                           : boundDefault(context, table, index)});
+  }
+  return bound;
+}
+
+std::string assignmentList(const std::vector<BoundAssignment>& assignments) {
+  std::string sql;
+  for (const auto& [column, value] : assignments) {
+    sql += (sql.empty() ? "" : ", ") + column + " = " + value;
   }
   return sql;
 }
@@ -260,9 +274,8 @@ Compiled Compiler::update(const ast::Update& node) {
     const TablePtr table = context.table(node.table);
     compiled.base = table;
     scope.members.push_back(SourceBinder(context).member(table, {}));
-    const std::string set = boundAssignments(context, *table, node.set, scope);
-    const std::string where =
-        node.where ? " WHERE " + ExpressionBinder(context).condition(*node.where, scope) : "";
+    const std::string set = assignmentList(boundAssignments(context, *table, node.set, scope));
+    const std::string where = boundWhere(context, node.where, scope);
     add(compiled,
         "UPDATE " + table->sqliteName() + " AS " + scope.members[0].sqliteAlias + " SET " + set +
             where,
@@ -283,23 +296,16 @@ Compiled Compiler::update(const ast::Update& node) {
   compiled.base = target->base;
   const Table& table = *target->base;
   std::string list = target->sqliteAlias + ".rowid AS kb_row";
-  std::string set;
-  std::vector<std::string> assigned;
-  for (std::size_t i = 0; i < node.set.size(); ++i) {
-    checkNamedOnce(node.set[i].column, assigned.begin(), assigned.end());
-    assigned.push_back(node.set[i].column);
+  auto assignments = boundAssignments(context, table, node.set, scope);
+  for (std::size_t i = 0; i < assignments.size(); ++i) {
     const std::string name = "v" + std::to_string(i + 1);
-    const std::string assignment = boundAssignments(context, table, {node.set[i]}, scope);
-    const std::string column =
-        quoted(table.columns[static_cast<std::size_t>(table.indexOf(node.set[i].column))].name);
-    list += ", " + assignment.substr(column.size() + 3) + " AS " + name;
-    set += (i > 0 ? ", " : "") + column + " = kb_new." + name;
+    list += ", " + std::exchange(assignments[i].value, "kb_new." + name) + " AS " + name;
   }
-  const std::string where =
-      node.where ? " WHERE " + ExpressionBinder(context).condition(*node.where, scope) : "";
+  const std::string where = boundWhere(context, node.where, scope);
   add(compiled,
-      "UPDATE " + table.sqliteName() + " AS kb_old SET " + set + " FROM (SELECT " + list +
-          " FROM " + from + where + ") AS kb_new WHERE kb_old.rowid = kb_new.kb_row",
+      "UPDATE " + table.sqliteName() + " AS kb_old SET " + assignmentList(assignments) +
+          " FROM (SELECT " + list + " FROM " + from + where +
+          ") AS kb_new WHERE kb_old.rowid = kb_new.kb_row",
       context);
   return compiled;
 }
@@ -311,8 +317,7 @@ Compiled Compiler::remove(const ast::Delete& node) {
   if (!node.from) {
     const TablePtr table = context.table(node.table);
     scope.members.push_back(SourceBinder(context).member(table, {}));
-    const std::string where =
-        node.where ? " WHERE " + ExpressionBinder(context).condition(*node.where, scope) : "";
+    const std::string where = boundWhere(context, node.where, scope);
     add(compiled,
         "DELETE FROM " + table->sqliteName() + " AS " + scope.members[0].sqliteAlias + where,
         context);
@@ -322,8 +327,7 @@ Compiled Compiler::remove(const ast::Delete& node) {
   const Scope::Member* target =
       targetIn(scope, node.table, database_.catalogue().table(node.table, session_));
   if (target == nullptr) throw unknownObject(node.table);
-  const std::string where =
-      node.where ? " WHERE " + ExpressionBinder(context).condition(*node.where, scope) : "";
+  const std::string where = boundWhere(context, node.where, scope);
   add(compiled,
       "DELETE FROM " + target->base->sqliteName() + " WHERE rowid IN (SELECT " +
           target->sqliteAlias + ".rowid FROM " + from + where + ")",

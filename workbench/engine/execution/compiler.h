@@ -75,9 +75,16 @@ class Compiler {
   Purpose purpose_;
 };
 
-/// The assignments of an UPDATE as SQLite takes them: "a = x, …".
-std::string boundAssignments(BindingContext& context, const Table& table,
-                             const std::vector<ast::Assignment>& set, const Scope& scope);
+/// An assignment of an UPDATE as SQLite takes it.
+struct BoundAssignment {
+  std::string column;
+  std::string value;
+};
+std::vector<BoundAssignment> boundAssignments(BindingContext& context, const Table& table,
+                                              const std::vector<ast::Assignment>& set,
+                                              const Scope& scope);
+/// "a = x, …"
+std::string assignmentList(const std::vector<BoundAssignment>& assignments);
 /// The columns of an INSERT: the named ones, and those that get their default.
 struct InsertTargets {
   std::vector<int> columns;    ///< those that the values are for

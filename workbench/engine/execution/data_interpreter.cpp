@@ -116,15 +116,14 @@ void DataInterpreter::select(const ast::Query& node) {
     result.columns.push_back({column.name, column.type, ready->base ? column.baseColumn : ""});
   if (ready->base) result.table = ready->base->name;
   PreparedStatement& statement = ready->steps[0];
-  statement.start(execution_.frame());
-  const Running running(statement);
+  const Running running(statement, execution_.frame());
   const auto width = static_cast<int>(ready->columns.size());
   while (statement.step()) {
     auto& row = result.rows.emplace_back();
     row.reserve(ready->columns.size());
     for (int i = 0; i < width; ++i) {
       const SqlType& type = result.columns[static_cast<std::size_t>(i)].type;
-      statement.append(row, i, type);
+      row.push_back(statement.value(i, type));
       if (type.kind == TypeKind::Guid) putInBraces(row.back());
     }
   }
@@ -139,8 +138,7 @@ void DataInterpreter::select(const ast::Query& node) {
 void DataInterpreter::assign(const ast::Query& node, const ast::Select& select) {
   const auto ready = execution_.compiled(&node, [&](Compiler c) { return c.query(node); });
   PreparedStatement& statement = ready->steps[0];
-  statement.start(execution_.frame());
-  const Running running(statement);
+  const Running running(statement, execution_.frame());
   std::int64_t rows = 0;
   for (; statement.step(); ++rows) {
     for (std::size_t i = 0; i < select.items.size(); ++i) {

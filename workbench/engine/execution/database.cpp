@@ -262,11 +262,9 @@ void Database::dropTable(const Table& table) {
 }
 
 void Database::createModule(const ModulePtr& module) {
-  static constexpr const char* kinds[] = {"V", "P", "IF", "FN"};
-  const std::string name = textLiteral(module->tree.name.last());
-  run("INSERT INTO main.kb_catalog (kind, name, text) VALUES ('" +
-      std::string(kinds[static_cast<std::size_t>(module->tree.kind)]) + "', " + name + ", " +
-      textLiteral(module->text) + ") ON CONFLICT (name) DO UPDATE SET text = excluded.text");
+  run("INSERT INTO main.kb_catalog (kind, name, text) VALUES ('" + std::string(module->kind()) +
+      "', " + textLiteral(module->tree.name.last()) + ", " + textLiteral(module->text) +
+      ") ON CONFLICT (name) DO UPDATE SET text = excluded.text");
   catalogue_.add(module);
 }
 

@@ -45,16 +45,14 @@ std::shared_ptr<Compiled> Execution::keep(const void* node, std::shared_ptr<Comp
 Value Execution::value(const ast::Expr& expr, const SqlType* type) {
   const auto ready = compiled(&expr, [&](Compiler c) { return c.value(expr, type); });
   PreparedStatement& statement = ready->steps[0];
-  statement.start(frame_);
-  const Running running(statement);
+  const Running running(statement, frame_);
   return statement.step() ? statement.value(0, ready->columns[0].type) : Value(Null{});
 }
 
 bool Execution::condition(const ast::Expr& expr) {
   const auto ready = compiled(&expr, [&](Compiler c) { return c.condition(expr); });
   PreparedStatement& statement = ready->steps[0];
-  statement.start(frame_);
-  const Running running(statement);
+  const Running running(statement, frame_);
   return statement.step() && statement.integer(0) != 0;
 }
 

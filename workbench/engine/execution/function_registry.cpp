@@ -1,9 +1,8 @@
 #include "workbench/engine/execution/function_registry.h"
 
 #include <exception>
-#include <memory>
-#include <span>
-#include <type_traits>
+#include <functional>
+#include <utility>
 
 #include "workbench/engine/execution/database.h"
 #include "workbench/engine/functions/collation.h"
@@ -34,39 +33,25 @@ void guarded(sqlite3_context* context, Database& database, Body&& body) {
 
 constexpr SqlType wideWhole{TypeKind::Decimal, 38, 0, 0};
 
-template <class Function>
 struct Registered {
-  Database* database;
-  Function function;
-
-  Cell operator()(CellArguments args) const {
-    if constexpr (std::is_same_v<Function, SystemFunction>) {
-      return function(*database, args);
-    } else {
-      return function(args);
-    }
-  }
+  Database& database;
+  std::function<Cell(CellArguments)> function;
 };
 
-template <class Function>
 void call(sqlite3_context* context, int count, sqlite3_value** values) {
-  const auto& registered = *static_cast<Registered<Function>*>(sqlite3_user_data(context));
-  guarded(context, *registered.database, [&] {
-    setResult(context, registered({values, static_cast<std::size_t>(count)}));
+  const auto& registered = *static_cast<Registered*>(sqlite3_user_data(context));
+  guarded(context, registered.database, [&] {
+    setResult(context, registered.function({values, static_cast<std::size_t>(count)}));
   });
 }
 
-template <class Function>
-void define(Database& database, std::span<const NamedFunction<Function>> entries) {
-  for (const auto& entry : entries) {
-    auto registered =
-        std::make_unique<Registered<Function>>(Registered<Function>{&database, entry.function});
-    const int flags = SQLITE_UTF8 | (entry.deterministic ? SQLITE_DETERMINISTIC : 0);
-    // From here on SQLite owns it, also when the call fails.
-    sqlite3_create_function_v2(database.handle(), entry.name, entry.argumentCount, flags,
-                               registered.release(), call<Function>, nullptr, nullptr,
-                               [](void* data) { delete static_cast<Registered<Function>*>(data); });
-  }
+void define(Database& database, const char* name, int argumentCount, int flags,
+            std::function<Cell(CellArguments)> function) {
+  // From here on SQLite owns it, also when the call fails.
+  auto* const registered = new Registered{database, std::move(function)};
+  sqlite3_create_function_v2(database.handle(), name, argumentCount, SQLITE_UTF8 | flags,
+                             registered, call, nullptr, nullptr,
+                             [](void* data) { delete static_cast<Registered*>(data); });
 }
 
 // kb_sum adds wide decimals. All of a call have the same scale, so that it can add them as
@@ -76,7 +61,7 @@ void sumStep(sqlite3_context* context, int, sqlite3_value** values) {
   auto** total = static_cast<Decimal**>(sqlite3_aggregate_context(context, sizeof(Decimal*)));
   if (*total == nullptr) *total = new Decimal();
   guarded(context, *static_cast<Database*>(sqlite3_user_data(context)),
-          [&] { **total = **total + valueOf(cellOf(values[0]), wideWhole).as<Decimal>(); });
+          [&] { **total = **total + valueOf(values[0], wideWhole).as<Decimal>(); });
 }
 
 /// The sum so far. A window without rows that are not null has none, or 0 once it had some.
@@ -92,7 +77,7 @@ void sumInverse(sqlite3_context* context, int, sqlite3_value** values) {
   auto** total = static_cast<Decimal**>(sqlite3_aggregate_context(context, 0));
   if (sqlite3_value_type(values[0]) == SQLITE_NULL || total == nullptr || *total == nullptr) return;
   guarded(context, *static_cast<Database*>(sqlite3_user_data(context)),
-          [&] { **total = **total - valueOf(cellOf(values[0]), wideWhole).as<Decimal>(); });
+          [&] { **total = **total - valueOf(values[0], wideWhole).as<Decimal>(); });
 }
 
 void sumFinal(sqlite3_context* context) {
@@ -126,9 +111,18 @@ void singleFinal(sqlite3_context* context) {
 
 void registerFunctions(Database& database) {
   for (const auto table : {numberFunctions(), textFunctions(), dateFunctions()}) {
-    define(database, table);
+    for (const auto& [name, count, function] : table) {
+      define(database, name, count, SQLITE_DETERMINISTIC,
+             [function = function](CellArguments args) {
+               return anyNull(args) ? Cell() : function(args);
+             });
+    }
   }
-  define(database, systemFunctions());
+  for (const auto& [name, count, function] : systemFunctions()) {
+    define(database, name, count, 0, [&database, function = function](CellArguments args) {
+      return function(database, args);
+    });
+  }
   const auto compare = [](void*, int sizeA, const void* a, int sizeB, const void* b) {
     return compareTexts({static_cast<const char*>(a), static_cast<std::size_t>(sizeA)},
                         {static_cast<const char*>(b), static_cast<std::size_t>(sizeB)});

@@ -8,6 +8,7 @@
 #include "common/overloaded.h"
 #include "workbench/engine/execution/batch_checker.h"
 #include "workbench/engine/execution/session.h"
+#include "workbench/engine/nesting_level.h"
 
 namespace kebu::engine {
 namespace {
@@ -93,20 +94,17 @@ Interpreter::Flow Interpreter::fail(const ast::Statement& node, SqlError& error)
 }
 
 Interpreter::Flow Interpreter::dispatch(const ast::Statement& node) {
-  SessionState& state = execution_.session().state();
   return std::visit(
       [&](const auto& kind) {
         if constexpr (requires { data_.run(kind); }) {
           data_.run(kind);
-          state.lastError = 0;
-          return Flow::Next;
         } else if constexpr (requires { definitions_.run(kind); }) {
           definitions_.run(kind);
-          state.lastError = 0;
-          return Flow::Next;
         } else {
           return run(kind);
         }
+        execution_.session().state().lastError = 0;
+        return Flow::Next;
       },
       node.node);
 }
@@ -207,7 +205,7 @@ Interpreter::Flow Interpreter::run(const ast::Exec& node) {
     }
     target.value = called.value(*parameter.defaultValue, &parameter.type);
   }
-  const CallLevel level(session.state());
+  const NestingLevel level(session.state().depth, nestingLimit, nestedTooDeeply);
   const ProcedureScope scope(session);
   Interpreter(called).run({module->tree.body});
   return Flow::Next;

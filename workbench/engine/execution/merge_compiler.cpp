@@ -66,7 +66,7 @@ class MergeCompiler {
     Scope scope;
     const std::string source = SourceBinder(context_).source(*node_.source, scope);
     const std::size_t sources = scope.members.size();
-    scope.members.push_back(SourceBinder(context_).member(table_, alias()));
+    scope.members.push_back(SourceBinder(context_).member(table_, node_.alias));
     const Scope::Member target = scope.members.back();
     const std::string on = ExpressionBinder(context_).condition(*node_.on, scope);
     std::string matched;
@@ -102,7 +102,9 @@ class MergeCompiler {
            target.sqliteAlias + " ON " + on;
   }
 
-  std::string alias() const { return node_.alias; }
+  std::string assignments(const ast::MergeBranch& branch, const Scope& scope) {
+    return assignmentList(boundAssignments(context_, *table_, branch.set, scope));
+  }
 
   void branch(Compiled& compiled, const ast::MergeBranch& node, std::size_t number) {
     const std::string chosen = "branch = " + std::to_string(number);
@@ -130,7 +132,7 @@ class MergeCompiler {
                         " WHERE " + chosen);
       return;
     }
-    Scope::Member target = SourceBinder(context_).member(table_, alias());
+    Scope::Member target = SourceBinder(context_).member(table_, node_.alias);
     const std::string rows = target.sqliteAlias + ".rowid";
     const std::string aliased = table_->sqliteName() + " AS " + target.sqliteAlias;
     if (node.when == When::NotMatchedBySource) {
@@ -142,8 +144,7 @@ class MergeCompiler {
         where += " AND " + ExpressionBinder(context_).condition(*node.condition, own);
       add(compiled, node.action == Action::Delete
                         ? "DELETE FROM " + aliased + where
-                        : "UPDATE " + aliased + " SET " +
-                              boundAssignments(context_, *table_, node.set, own) + where);
+                        : "UPDATE " + aliased + " SET " + assignments(node, own) + where);
       return;
     }
     scope.members.push_back(std::move(target));
@@ -151,8 +152,7 @@ class MergeCompiler {
       add(compiled, "DELETE FROM " + aliased + " WHERE " + rows + " IN (SELECT target FROM " +
                         scratch_ + " WHERE " + chosen + ")");
     } else {
-      add(compiled, "UPDATE " + aliased + " SET " +
-                        boundAssignments(context_, *table_, node.set, scope) + " FROM " + scratch_ +
+      add(compiled, "UPDATE " + aliased + " SET " + assignments(node, scope) + " FROM " + scratch_ +
                         " AS " + scratchMember_.sqliteAlias + " WHERE " + rows + " = " +
                         scratchMember_.sqliteAlias + ".target AND " + scratchMember_.sqliteAlias +
                         "." + chosen);

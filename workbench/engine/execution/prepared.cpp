@@ -20,16 +20,11 @@ PreparedStatement::PreparedStatement(Database& database, const std::string& sql,
 void PreparedStatement::start(const Frame& frame) {
   int place = 0;
   for (const auto& slot : slots_) {
-    ++place;
-    if (slot.literal >= 0) {
-      bind(statement_.get(), place,
-           storedAs(frame.literals->at(static_cast<std::size_t>(slot.literal)).value, slot.type));
-    } else if (slot.variable.starts_with("@@")) {
-      bind(statement_.get(), place,
-           storedAs(database_.current()->globalVariable(slot.variable), slot.type));
-    } else {
-      bind(statement_.get(), place, storedAs(frame.variables.at(slot.variable).value, slot.type));
-    }
+    const Value value =
+        slot.literal >= 0 ? frame.literals->at(static_cast<std::size_t>(slot.literal)).value
+        : slot.variable.starts_with("@@") ? database_.current()->globalVariable(slot.variable)
+                                          : frame.variables.at(slot.variable).value;
+    bind(statement_.get(), ++place, storedAs(value, slot.type));
   }
 }
 
@@ -41,8 +36,7 @@ bool PreparedStatement::step() {
 }
 
 std::int64_t PreparedStatement::run(const Frame& frame) {
-  start(frame);
-  const Running running(*this);
+  const Running running(*this, frame);
   while (step()) {
   }
   return sqlite3_changes64(database_.handle());

@@ -31,9 +31,6 @@ class PreparedStatement {
   std::int64_t run(const Frame& frame);
   /// A column of the row that step() went to.
   Value value(int column, const SqlType& type) const { return valueOf(at(column), type); }
-  void append(std::vector<Value>& values, int column, const SqlType& type) const {
-    engine::append(values, at(column), type);
-  }
   std::int64_t integer(int column) const { return sqlite3_value_int64(at(column)); }
   bool busy() const { return sqlite3_stmt_busy(statement_.get()) != 0; }
 
@@ -45,10 +42,12 @@ class PreparedStatement {
   std::vector<Slot> slots_;
 };
 
-/// Resets a statement at the end of a block, also when an error leaves it.
+/// Starts a statement, and resets it at the end of a block, also when an error leaves it.
 class Running {
  public:
-  explicit Running(PreparedStatement& statement) : statement_(statement) {}
+  Running(PreparedStatement& statement, const Frame& frame) : statement_(statement) {
+    statement_.start(frame);
+  }
   Running(const Running&) = delete;
   Running& operator=(const Running&) = delete;
   ~Running() { statement_.reset(); }

@@ -6,6 +6,7 @@
 
 #include "common/convert.h"
 #include "workbench/engine/execution/interpreter.h"
+#include "workbench/engine/nesting_level.h"
 #include "workbench/engine/values/cast.h"
 
 namespace kebu::engine {
@@ -105,11 +106,6 @@ std::shared_ptr<Program> parsed(const std::string& batch,
 
 }  // namespace
 
-CallLevel::CallLevel(SessionState& state) : state_(state) {
-  if (state.depth == nestingLimit) throw nestedTooDeeply();
-  ++state.depth;
-}
-
 ProcedureScope::ProcedureScope(Session& session)
     : session_(session),
       outerTables_(session.database().catalogue().temporariesOf(session.id())),
@@ -181,28 +177,15 @@ std::shared_ptr<Program> Session::programForLiterals(const std::string& batch,
   const std::string exactForm = form + batch;
   if (auto known = keptProgram(form)) return known;
   if (auto known = keptProgram(exactForm)) return known;
+  if (programs_.size() == programsKept) programs_.clear();
   const auto program = parsed(batch, literals);
-  return keepProgram(program->batch.liftable ? form : exactForm, program);
-}
-
-std::shared_ptr<Program> Session::keptProgram(const std::string& key) {
-  // A loop runs one form again and again. Comparing a long key is quicker than hashing it.
-  if (!programs_.empty() && programs_.front().first == key) return programs_.front().second;
-  const auto found = byKey_.find(key);
-  if (found == byKey_.end()) return nullptr;
-  programs_.splice(programs_.begin(), programs_, found->second);
-  return programs_.front().second;
-}
-
-std::shared_ptr<Program> Session::keepProgram(const std::string& key,
-                                              const std::shared_ptr<Program>& program) {
-  programs_.emplace_front(key, program);
-  byKey_[programs_.front().first] = programs_.begin();
-  if (programs_.size() > programsKept) {
-    byKey_.erase(programs_.back().first);
-    programs_.pop_back();
-  }
+  programs_[program->batch.liftable ? form : exactForm] = program;
   return program;
+}
+
+std::shared_ptr<Program> Session::keptProgram(const std::string& key) const {
+  const auto found = programs_.find(key);
+  return found == programs_.end() ? nullptr : found->second;
 }
 
 Program& Session::programOf(const ModulePtr& module) {
@@ -241,12 +224,12 @@ Value Session::globalVariable(const std::string& name) const {
 
 Cell Session::callFunction(const std::string& name, CellArguments args) {
   const ModulePtr module = database_->catalogue().module({{name}, {}});
-  const CallLevel level(state_);
+  const NestingLevel level(state_.depth, nestingLimit, nestedTooDeeply);
   Frame frame;
   for (std::size_t i = 0; i < module->tree.parameters.size(); ++i) {
     const auto& parameter = module->tree.parameters[i];
     const std::string variable = toUpperAscii(parameter.name);
-    frame.variables[variable] = {parameter.type, valueOf(cellOf(args[i]), parameter.type)};
+    frame.variables[variable] = {parameter.type, valueOf(args[i], parameter.type)};
   }
   Execution execution(*this, programOf(module), frame, nullptr);
   Interpreter interpreter(execution);

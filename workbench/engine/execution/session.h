@@ -2,7 +2,6 @@
 
 #include <cstddef>
 #include <cstdint>
-#include <list>
 #include <map>
 #include <memory>
 #include <optional>
@@ -31,18 +30,6 @@ struct SessionState {
 };
 
 class Session;
-
-/// A call of a procedure or function, until its end. SqlError 217 for too many levels.
-class CallLevel {
- public:
-  explicit CallLevel(SessionState& state);
-  CallLevel(const CallLevel&) = delete;
-  CallLevel& operator=(const CallLevel&) = delete;
-  ~CallLevel() { --state_.depth; }
-
- private:
-  SessionState& state_;
-};
 
 /// A call of a procedure, until its end: SCOPE_IDENTITY and XACT_ABORT are its own, and so are
 /// the local temporary tables that it makes.
@@ -98,16 +85,13 @@ class Session {
   std::shared_ptr<Program> programForLiterals(const std::string& batch,
                                               std::vector<ast::Literal>& literals);
   std::vector<BatchEvent> run(Program& program, const std::vector<ast::Literal>& literals);
-  std::shared_ptr<Program> keptProgram(const std::string& key);
-  std::shared_ptr<Program> keepProgram(const std::string& key,
-                                       const std::shared_ptr<Program>& program);
+  std::shared_ptr<Program> keptProgram(const std::string& key) const;
 
   std::shared_ptr<Database> database_;
   int id_;
   SessionState state_;
-  std::list<std::pair<std::string, std::shared_ptr<Program>>>
-      programs_;  ///< the most recently used first
-  std::unordered_map<std::string_view, decltype(programs_)::iterator> byKey_;
+  /// By the text or form that they serve. When there are too many, all are forgotten.
+  std::unordered_map<std::string, std::shared_ptr<Program>> programs_;
   std::map<ModulePtr, Program> modules_;
 };
 

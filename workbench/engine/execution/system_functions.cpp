@@ -1,7 +1,11 @@
-// Functions that ask the database and the session whose statement runs.
+// Functions that ask the clock, or the database and the session whose statement runs: their results
+// may differ from call to call.
 
+#include <algorithm>
 #include <array>
+#include <chrono>
 #include <cstdio>
+#include <ctime>
 #include <random>
 
 #include "workbench/engine/execution/database.h"
@@ -24,6 +28,19 @@ Cell newId(Database&, CellArguments) {
                 static_cast<unsigned>(a & 0xFFF), static_cast<unsigned>(b >> 48 & 0x3FFF) | 0x8000U,
                 static_cast<unsigned>(b >> 32 & 0xFFFF), static_cast<unsigned>(b & 0xFFFFFFFF));
   return Cell::text(text.data());
+}
+
+/// The local time.
+Cell now(Database&, CellArguments) {
+  const auto instant = std::chrono::system_clock::now();
+  const std::time_t seconds = std::chrono::system_clock::to_time_t(instant);
+  const auto sinceEpoch =
+      std::chrono::duration_cast<std::chrono::milliseconds>(instant.time_since_epoch()).count();
+  const std::tm* local = std::localtime(&seconds);
+  const auto date =
+      Date::make(local->tm_year + 1900, local->tm_mon + 1, local->tm_mday, local->tm_hour,
+                 local->tm_min, std::min(local->tm_sec, 59), static_cast<int>(sinceEpoch % 1000));
+  return Cell::of(millisecondsOf(*date));
 }
 
 int sessionId(const Database& database) {
@@ -59,11 +76,12 @@ Cell callFunction(Database& database, CellArguments args) {
 }
 
 constexpr std::array entries{
-    NamedFunction<SystemFunction>{"kb_newid", 0, false, newId},
-    NamedFunction<SystemFunction>{"kb_object_id", 2, false, objectId},
-    NamedFunction<SystemFunction>{"kb_ident_current", 1, false, identCurrent},
-    NamedFunction<SystemFunction>{"kb_scope_identity", 0, false, scopeIdentity},
-    NamedFunction<SystemFunction>{"kb_call", -1, false, callFunction},
+    NamedFunction<SystemFunction>{"kb_newid", 0, newId},
+    NamedFunction<SystemFunction>{"kb_now", 0, now},
+    NamedFunction<SystemFunction>{"kb_object_id", 2, objectId},
+    NamedFunction<SystemFunction>{"kb_ident_current", 1, identCurrent},
+    NamedFunction<SystemFunction>{"kb_scope_identity", 0, scopeIdentity},
+    NamedFunction<SystemFunction>{"kb_call", -1, callFunction},
 };
 
 }  // namespace

@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <array>
-#include <chrono>
 #include <optional>
 
 #include "workbench/engine/functions/functions.h"
@@ -84,7 +83,6 @@ Date movedBy(const Date& date, std::int64_t number, std::int64_t milliseconds) {
 
 /// kb_dateadd(part, number, date, type): `number` is an int.
 Cell dateAdd(CellArguments args) {
-  if (anyNull(args)) return {};
   const Part& part = partAt(args, 0);
   const std::int64_t number = integerAt(args, 1);
   const Date date = dateAt(args, 2);
@@ -101,7 +99,6 @@ Cell dateAdd(CellArguments args) {
 
 /// kb_datediff(part, from, to): the boundaries of the part that lie between.
 Cell dateDiff(CellArguments args) {
-  if (anyNull(args)) return {};
   const Part& part = partAt(args, 0);
   if (part.months > 0) {
     return Cell::of(monthsOf(dateAt(args, 2)) / part.months -
@@ -117,7 +114,6 @@ Cell dateDiff(CellArguments args) {
 
 /// kb_datepart(part, date)
 Cell datePart(CellArguments args) {
-  if (anyNull(args)) return {};
   const Part& part = partAt(args, 0);
   const Date date = dateAt(args, 1);
   switch (part.months) {
@@ -146,24 +142,10 @@ Cell datePart(CellArguments args) {
   }
 }
 
-/// The local time.
-Cell now(CellArguments) {
-  const auto instant = std::chrono::system_clock::now();
-  const std::time_t seconds = std::chrono::system_clock::to_time_t(instant);
-  const auto sinceEpoch =
-      std::chrono::duration_cast<std::chrono::milliseconds>(instant.time_since_epoch()).count();
-  const std::tm* local = std::localtime(&seconds);
-  const auto date =
-      Date::make(local->tm_year + 1900, local->tm_mon + 1, local->tm_mday, local->tm_hour,
-                 local->tm_min, std::min(local->tm_sec, 59), static_cast<int>(sinceEpoch % 1000));
-  return Cell::of(millisecondsOf(*date));
-}
-
 constexpr std::array entries{
-    FunctionEntry{"kb_dateadd", 4, true, dateAdd},
-    FunctionEntry{"kb_datediff", 3, true, dateDiff},
-    FunctionEntry{"kb_datepart", 2, true, datePart},
-    FunctionEntry{"kb_now", 0, false, now},
+    FunctionEntry{"kb_dateadd", 4, dateAdd},
+    FunctionEntry{"kb_datediff", 3, dateDiff},
+    FunctionEntry{"kb_datepart", 2, datePart},
 };
 
 }  // namespace

@@ -14,19 +14,18 @@ SqlType typeAt(CellArguments args, std::size_t index) {
 }
 
 Decimal decimalAt(CellArguments args, std::size_t index, const SqlType& type) {
-  return valueOf(cellOf(args[index]), type).as<Decimal>();
+  return valueOf(args[index], type).as<Decimal>();
 }
 
 /// kb_cast(value, from, to, style)
 Cell castCell(CellArguments args) {
   const SqlType to = typeAt(args, 2);
-  const Value value = valueOf(cellOf(args[0]), typeAt(args, 1));
+  const Value value = valueOf(args[0], typeAt(args, 1));
   return storedAs(castTo(value, to, static_cast<int>(integerAt(args, 3))), to);
 }
 
 /// kb_range(value, least, greatest, type name)
 Cell rangeChecked(CellArguments args) {
-  if (sqlite3_value_type(args[0]) == SQLITE_NULL) return {};
   Cell value = cellOf(args[0]);
   if (value.integer < integerAt(args, 1) || value.integer > integerAt(args, 2)) {
     const std::string type(textAt(args, 3));
@@ -43,7 +42,6 @@ Cell rangeChecked(CellArguments args) {
 /// kb_divide(a, b) and kb_modulo(a, b) of integers
 template <bool modulo>
 Cell divided(CellArguments args) {
-  if (anyNull(args)) return {};
   const std::int64_t divisor = integerAt(args, 1);
   if (divisor == 0) throw SqlError(8134, "Divide by zero error encountered.", "22012");
   const std::int64_t dividend = integerAt(args, 0);
@@ -69,8 +67,6 @@ Decimal calculated(char op, const Decimal& a, const Decimal& b, int scale) {
 
 /// kb_decimal(op, a, type, b, type, result type)
 Cell decimalOperation(CellArguments args) {
-  if (sqlite3_value_type(args[1]) == SQLITE_NULL || sqlite3_value_type(args[3]) == SQLITE_NULL)
-    return {};
   const SqlType result = typeAt(args, 5);
   const Decimal value = calculated(textAt(args, 0).front(), decimalAt(args, 1, typeAt(args, 2)),
                                    decimalAt(args, 3, typeAt(args, 4)), result.scale);
@@ -79,9 +75,8 @@ Cell decimalOperation(CellArguments args) {
 
 /// kb_round(value, type, digits, cut): the result is of the same type.
 Cell rounded(CellArguments args) {
-  if (anyNull(args)) return {};
   const SqlType type = typeAt(args, 1);
-  const Value value = valueOf(cellOf(args[0]), type);
+  const Value value = valueOf(args[0], type);
   Decimal number = castTo(value, SqlType::decimal(38, type.scale)).as<Decimal>();
   auto digits = static_cast<int>(integerAt(args, 2));
   if (digits >= type.scale) return cellOf(args[0]);
@@ -96,7 +91,6 @@ Cell rounded(CellArguments args) {
 /// kb_floor(value, type, result type) and kb_ceiling
 template <int step>
 Cell wholeNumber(CellArguments args) {
-  if (anyNull(args)) return {};
   const Decimal number = decimalAt(args, 0, typeAt(args, 1));
   Decimal whole = number.truncated(0);
   const bool beyond = step < 0 ? whole > number : whole < number;
@@ -106,7 +100,6 @@ Cell wholeNumber(CellArguments args) {
 
 /// kb_str(decimal(38,8), length, decimals)
 Cell str(CellArguments args) {
-  if (anyNull(args)) return {};
   const Decimal number = decimalAt(args, 0, SqlType::decimal(38, 8));
   const std::string text = number.roundedAway(static_cast<int>(integerAt(args, 2))).toString();
   constexpr std::int64_t longest = 8000;
@@ -117,15 +110,15 @@ Cell str(CellArguments args) {
 }
 
 constexpr std::array entries{
-    FunctionEntry{"kb_cast", 4, true, castCell},
-    FunctionEntry{"kb_range", 4, true, rangeChecked},
-    FunctionEntry{"kb_divide", 2, true, divided<false>},
-    FunctionEntry{"kb_modulo", 2, true, divided<true>},
-    FunctionEntry{"kb_decimal", 6, true, decimalOperation},
-    FunctionEntry{"kb_round", 4, true, rounded},
-    FunctionEntry{"kb_floor", 3, true, wholeNumber<-1>},
-    FunctionEntry{"kb_ceiling", 3, true, wholeNumber<1>},
-    FunctionEntry{"kb_str", 3, true, str},
+    FunctionEntry{"kb_cast", 4, castCell},
+    FunctionEntry{"kb_range", 4, rangeChecked},
+    FunctionEntry{"kb_divide", 2, divided<false>},
+    FunctionEntry{"kb_modulo", 2, divided<true>},
+    FunctionEntry{"kb_decimal", 6, decimalOperation},
+    FunctionEntry{"kb_round", 4, rounded},
+    FunctionEntry{"kb_floor", 3, wholeNumber<-1>},
+    FunctionEntry{"kb_ceiling", 3, wholeNumber<1>},
+    FunctionEntry{"kb_str", 3, str},
 };
 
 }  // namespace

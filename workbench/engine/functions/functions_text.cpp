@@ -15,7 +15,6 @@ namespace {
 
 /// kb_like(text, pattern[, escape])
 Cell like(CellArguments args) {
-  if (anyNull(args)) return {};
   const std::string_view escape = args.size() > 2 ? textAt(args, 2) : std::string_view();
   if (args.size() > 2 && characterCount(escape) != 1) {
     throw SqlError(506, "The invalid escape character \"" + std::string(escape) +
@@ -27,7 +26,6 @@ Cell like(CellArguments args) {
 /// kb_fit(text, size, table, column): the text as a column of the size takes it. Blanks at its
 /// end are dropped when they do not fit; SqlError 2628 for more.
 Cell fit(CellArguments args) {
-  if (sqlite3_value_type(args[0]) == SQLITE_NULL) return {};
   const std::string_view text = textAt(args, 0);
   const auto size = static_cast<std::size_t>(integerAt(args, 1));
   if (text.size() <= size || characterCount(text) <= size) return Cell::text(std::string(text));
@@ -42,14 +40,12 @@ Cell fit(CellArguments args) {
 
 template <char32_t (*change)(char32_t)>
 Cell eachCharacter(CellArguments args) {
-  if (anyNull(args)) return {};
   std::u32string text = decoded(textAt(args, 0));
   std::transform(text.begin(), text.end(), text.begin(), change);
   return Cell::text(encoded(text));
 }
 
 Cell reversed(CellArguments args) {
-  if (anyNull(args)) return {};
   std::u32string text = decoded(textAt(args, 0));
   std::reverse(text.begin(), text.end());
   return Cell::text(encoded(text));
@@ -64,12 +60,10 @@ std::size_t lengthAt(CellArguments args, std::size_t index) {
 }
 
 Cell left(CellArguments args) {
-  if (anyNull(args)) return {};
   return Cell::text(std::string(firstCharacters(textAt(args, 0), lengthAt(args, 1))));
 }
 
 Cell right(CellArguments args) {
-  if (anyNull(args)) return {};
   const std::u32string text = decoded(textAt(args, 0));
   const std::size_t length = std::min(lengthAt(args, 1), text.size());
   return Cell::text(encoded(std::u32string_view(text).substr(text.size() - length)));
@@ -77,7 +71,6 @@ Cell right(CellArguments args) {
 
 /// kb_substring(text, start, length): a start before the first character shortens the result.
 Cell substring(CellArguments args) {
-  if (anyNull(args)) return {};
   const std::u32string text = decoded(textAt(args, 0));
   const auto size = static_cast<std::int64_t>(text.size());
   const std::int64_t start = integerAt(args, 1) - 1;
@@ -90,7 +83,7 @@ Cell substring(CellArguments args) {
 }
 
 Cell replicate(CellArguments args) {
-  if (anyNull(args) || integerAt(args, 1) < 0) return {};
+  if (integerAt(args, 1) < 0) return {};
   std::string result;
   constexpr std::size_t most = 8000;
   const std::string_view text = textAt(args, 0);
@@ -102,7 +95,6 @@ Cell replicate(CellArguments args) {
 
 /// Finds what to replace without regard to case, as comparisons do.
 Cell replace(CellArguments args) {
-  if (anyNull(args)) return {};
   const std::u32string text = decoded(textAt(args, 0));
   const std::u32string folded = lowered(textAt(args, 0));
   const std::u32string what = lowered(textAt(args, 1));
@@ -121,14 +113,12 @@ Cell replace(CellArguments args) {
 }
 
 Cell length(CellArguments args) {
-  if (anyNull(args)) return {};
   return Cell::of(
       static_cast<std::int64_t>(characterCount(withoutTrailingBlanks(textAt(args, 0)))));
 }
 
 /// kb_charindex(what, text, start)
 Cell charIndex(CellArguments args) {
-  if (anyNull(args)) return {};
   const std::u32string what = lowered(textAt(args, 0));
   const std::u32string text = lowered(textAt(args, 1));
   const auto start = static_cast<std::size_t>(std::max<std::int64_t>(integerAt(args, 2), 1) - 1);
@@ -137,19 +127,19 @@ Cell charIndex(CellArguments args) {
 }
 
 constexpr std::array entries{
-    FunctionEntry{"kb_like", 2, true, like},
-    FunctionEntry{"kb_like", 3, true, like},
-    FunctionEntry{"kb_fit", 4, true, fit},
-    FunctionEntry{"kb_upper", 1, true, eachCharacter<upper>},
-    FunctionEntry{"kb_lower", 1, true, eachCharacter<lower>},
-    FunctionEntry{"kb_reverse", 1, true, reversed},
-    FunctionEntry{"kb_left", 2, true, left},
-    FunctionEntry{"kb_right", 2, true, right},
-    FunctionEntry{"kb_substring", 3, true, substring},
-    FunctionEntry{"kb_replicate", 2, true, replicate},
-    FunctionEntry{"kb_replace", 3, true, replace},
-    FunctionEntry{"kb_len", 1, true, length},
-    FunctionEntry{"kb_charindex", 3, true, charIndex},
+    FunctionEntry{"kb_like", 2, like},
+    FunctionEntry{"kb_like", 3, like},
+    FunctionEntry{"kb_fit", 4, fit},
+    FunctionEntry{"kb_upper", 1, eachCharacter<upper>},
+    FunctionEntry{"kb_lower", 1, eachCharacter<lower>},
+    FunctionEntry{"kb_reverse", 1, reversed},
+    FunctionEntry{"kb_left", 2, left},
+    FunctionEntry{"kb_right", 2, right},
+    FunctionEntry{"kb_substring", 3, substring},
+    FunctionEntry{"kb_replicate", 2, replicate},
+    FunctionEntry{"kb_replace", 3, replace},
+    FunctionEntry{"kb_len", 1, length},
+    FunctionEntry{"kb_charindex", 3, charIndex},
 };
 
 }  // namespace

@@ -4,6 +4,7 @@
 #include <optional>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <variant>
 #include <vector>
 
@@ -129,6 +130,7 @@ struct FunctionRef {
   std::vector<ExprPtr> args;
   std::string alias;
 };
+/// Those up to Full have a condition.
 enum class JoinKind { Inner, Left, Right, Full, Cross, CrossApply, OuterApply };
 struct Join {
   JoinKind kind;
@@ -308,6 +310,11 @@ struct Statement {
                If, While, Return, Break, Continue, Raise, Nothing>
       node;
 };
+
+template <class Node>
+StatementPtr makeStatement(std::string_view at, Node node) {
+  return std::make_shared<const Statement>(Statement{at, std::move(node)});
+}
 
 struct Parameter {
   std::string name;

@@ -7,24 +7,18 @@
 #include "workbench/engine/syntax/statement_parser.h"
 
 namespace kebu::engine {
-namespace {
 
-template <class Node>
-ast::StatementPtr make(std::string_view at, Node node) {
-  return std::make_shared<const ast::Statement>(ast::Statement{at, std::move(node)});
-}
-
-}  // namespace
+using ast::makeStatement;
 
 ast::StatementPtr StatementParser::create() {
   const auto at = reader_.peek().text;
   const bool alter = reader_.accept("ALTER");
   if (!alter) {
     reader_.expect("CREATE");
-    if (reader_.accept("TABLE")) return make(at, createTable());
+    if (reader_.accept("TABLE")) return makeStatement(at, createTable());
     const bool unique = reader_.accept("UNIQUE");
     if (!reader_.accept("CLUSTERED")) reader_.accept("NONCLUSTERED");
-    if (reader_.accept("INDEX")) return make(at, createIndex(unique));
+    if (reader_.accept("INDEX")) return makeStatement(at, createIndex(unique));
     if (unique) reader_.fail();
   }
   if (!reader_.isAny({"VIEW", "PROCEDURE", "PROC", "FUNCTION"})) {
@@ -32,7 +26,7 @@ ast::StatementPtr StatementParser::create() {
   }
   // Parsing here finds syntax errors. The text itself goes into the catalogue.
   const ast::Module parsed = module();
-  return make(at, ast::CreateModule{parsed.kind, parsed.name, textSince(at), alter});
+  return makeStatement(at, ast::CreateModule{parsed.kind, parsed.name, textSince(at), alter});
 }
 
 ast::CreateTable StatementParser::createTable() {
@@ -99,14 +93,11 @@ void StatementParser::tableConstraint(ast::CreateTable& table) {
 }
 
 std::vector<std::string> StatementParser::keyColumns() {
-  std::vector<std::string> columns;
-  reader_.expectSymbol("(");
-  commaSeparated(reader_, [&] {
-    columns.push_back(reader_.name());
+  return listInParentheses(reader_, [this] {
+    std::string column = reader_.name();
     if (!reader_.accept("ASC")) reader_.accept("DESC");
+    return column;
   });
-  reader_.expectSymbol(")");
-  return columns;
 }
 
 void StatementParser::skipIndexOptions() {
@@ -121,9 +112,7 @@ ast::CreateIndex StatementParser::createIndex(bool unique) {
   index.name = reader_.name();
   reader_.expect("ON");
   index.table = reader_.objectName();
-  reader_.expectSymbol("(");
-  index.columns = queries_.expressions().orderItems();
-  reader_.expectSymbol(")");
+  index.columns = inParentheses(reader_, [this] { return queries_.expressions().orderItems(); });
   if (reader_.accept("INCLUDE")) reader_.nameList();
   skipIndexOptions();
   return index;
@@ -144,17 +133,17 @@ ast::Drop StatementParser::drop() {
   result.kind = kind->second;
   reader_.take();
   result.ifExists = reader_.accept("IF", "EXISTS");
-  commaSeparated(reader_, [&] {
-    result.names.push_back(reader_.objectName());
+  result.names = commaSeparated(reader_, [&] {
+    ast::ObjectName name = reader_.objectName();
     if (result.kind == ast::ObjectKind::Index && reader_.accept("ON")) reader_.objectName();
+    return name;
   });
   return result;
 }
 
 std::vector<ast::Parameter> StatementParser::parameters() {
-  std::vector<ast::Parameter> result;
-  if (reader_.peek().kind != TokenKind::Variable) return result;
-  commaSeparated(reader_, [&] {
+  if (reader_.peek().kind != TokenKind::Variable) return {};
+  return commaSeparated(reader_, [this] {
     ast::Parameter parameter;
     if (reader_.peek().kind != TokenKind::Variable) reader_.fail();
     parameter.name = std::string(reader_.peek().text);
@@ -163,9 +152,8 @@ std::vector<ast::Parameter> StatementParser::parameters() {
     parameter.type = reader_.type();
     if (reader_.acceptSymbol("=")) parameter.defaultValue = queries_.expressions().expression();
     if (reader_.isAny({"OUTPUT", "OUT"})) reader_.fail("An output parameter is not known");
-    result.push_back(std::move(parameter));
+    return parameter;
   });
-  return result;
 }
 
 ast::Module StatementParser::module() {
@@ -186,14 +174,12 @@ ast::Module StatementParser::module() {
     if (parenthesis) reader_.expectSymbol(")");
     reader_.expect("AS");
     const auto at = reader_.peek().text;
-    result.body = make(at, ast::Block{statementsToEnd()});
+    result.body = makeStatement(at, ast::Block{statementsToEnd()});
     return result;
   }
   reader_.expect("FUNCTION");
   result.name = reader_.objectName();
-  reader_.expectSymbol("(");
-  result.parameters = parameters();
-  reader_.expectSymbol(")");
+  result.parameters = inParentheses(reader_, [this] { return parameters(); });
   reader_.expect("RETURNS");
   if (reader_.accept("TABLE")) {
     result.kind = ast::ModuleKind::TableFunction;

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <array>
 #include <optional>
+#include <span>
 #include <utility>
 
 #include "common/convert.h"
@@ -43,19 +44,14 @@ std::optional<Decimal> parsedNumber(const std::string& digits) {
 }
 
 /// The token's operator, if it is one of those given.
-template <class Operator, std::size_t size>
-std::optional<Operator> operatorAt(
-    const Token& token, const std::array<std::pair<std::string_view, Operator>, size>& operators) {
+template <class Operator>
+std::optional<Operator> operatorAt(const Token& token,
+                                   std::span<const OperatorSymbol<Operator>> operators) {
   if (token.kind != TokenKind::Symbol) return std::nullopt;
   for (const auto& [symbol, op] : operators) {
     if (token.text == symbol) return op;
   }
   return std::nullopt;
-}
-
-std::size_t charactersOf(std::string_view utf8) {
-  return static_cast<std::size_t>(
-      std::count_if(utf8.begin(), utf8.end(), [](char c) { return (c & 0xC0) != 0x80; }));
 }
 
 // The size of a text type without one in CAST and CONVERT. In a declaration it is 1.
@@ -66,21 +62,13 @@ constexpr std::array dateFunctions{"DATEADD", "DATEDIFF", "DATEPART", "DATENAME"
 
 }  // namespace
 
-ExpressionParser::CaseLevel::CaseLevel(ExpressionParser& parser) : parser_(parser) {
-  constexpr int deepest = 10;
-  if (++parser_.caseDepth_ <= deepest) return;
-  --parser_.caseDepth_;
-  throw errorAt(parser_.reader_.batch(), parser_.reader_.peek().text, 125,
-                "Case expressions may only be nested to level 10,");
-}
-
 ast::Literal literalOf(const Token& token) {
   ast::Literal literal;
   if (token.kind == TokenKind::Text) {
     // Without N in front a text is one of the database's code page.
     const bool isUnicode = token.text.front() != '\'';
     std::string text = isUnicode ? textOf(token) : inCodePage(textOf(token));
-    const auto size = static_cast<int>(charactersOf(text));
+    const auto size = static_cast<int>(characterCount(text));
     literal.type = SqlType::text(std::max(size, 1));
     if (isUnicode) literal.type.kind = TypeKind::NVarChar;
     literal.value = std::move(text);
@@ -116,8 +104,12 @@ ExprPtr ExpressionParser::condition() {
 }
 
 ExprPtr ExpressionParser::expression() {
-  const TokenReader::Level level(reader_);
+  const auto level = reader_.nested();
   return value(sum());
+}
+
+ExprPtr ExpressionParser::valueOrDefault() {
+  return reader_.accept("DEFAULT") ? nullptr : expression();
 }
 
 ExprPtr ExpressionParser::value(ExprPtr expr) const {
@@ -128,7 +120,7 @@ ExprPtr ExpressionParser::value(ExprPtr expr) const {
 /// A parenthesis begins a value or a condition, and only what follows tells which: both are
 /// read by the same functions.
 ExprPtr ExpressionParser::conditionOrValue() {
-  const TokenReader::Level level(reader_);
+  const auto level = reader_.nested();
   return chain(LogicalOperator::Or, &ExpressionParser::conjunction);
 }
 
@@ -152,7 +144,7 @@ ExprPtr ExpressionParser::chain(LogicalOperator op, ExprPtr (ExpressionParser::*
 ExprPtr ExpressionParser::negation() {
   const auto at = reader_.peek().text;
   if (!reader_.accept("NOT")) return predicate();
-  const TokenReader::Level level(reader_);
+  const auto level = reader_.nested();
   ExprPtr operand = negation();
   if (!isCondition(*operand)) reader_.fail();
   return negate(at, std::move(operand));
@@ -160,29 +152,20 @@ ExprPtr ExpressionParser::negation() {
 
 ExprPtr ExpressionParser::predicate() {
   const auto at = reader_.peek().text;
-  if (reader_.accept("EXISTS")) {
-    reader_.expectSymbol("(");
-    auto inner = query();
-    reader_.expectSymbol(")");
-    return make(at, ast::Exists{std::move(inner)});
-  }
+  if (reader_.accept("EXISTS")) return make(at, ast::Exists{inParentheses(reader_, query)});
   ExprPtr left = sum();
   return isCondition(*left) ? left : comparisonTail(std::move(left));
 }
 
 ExprPtr ExpressionParser::comparisonTail(ExprPtr left) {
-  static constexpr std::array<std::pair<std::string_view, ComparisonOperator>, 9> operators{
-      {{"=", ComparisonOperator::Equal},
-       {"<>", ComparisonOperator::NotEqual},
-       {"!=", ComparisonOperator::NotEqual},
-       {"<", ComparisonOperator::Less},
-       {">", ComparisonOperator::Greater},
-       {"<=", ComparisonOperator::LessOrEqual},
-       {">=", ComparisonOperator::GreaterOrEqual},
-       {"!<", ComparisonOperator::GreaterOrEqual},
-       {"!>", ComparisonOperator::LessOrEqual}}};
+  static constexpr OperatorSymbol<ComparisonOperator> operators[] = {
+      {"=", ComparisonOperator::Equal},           {"<>", ComparisonOperator::NotEqual},
+      {"!=", ComparisonOperator::NotEqual},       {"<", ComparisonOperator::Less},
+      {">", ComparisonOperator::Greater},         {"<=", ComparisonOperator::LessOrEqual},
+      {">=", ComparisonOperator::GreaterOrEqual}, {"!<", ComparisonOperator::GreaterOrEqual},
+      {"!>", ComparisonOperator::LessOrEqual}};
   const auto at = reader_.peek().text;
-  if (const auto op = operatorAt(reader_.peek(), operators)) {
+  if (const auto op = operatorAt<ComparisonOperator>(reader_.peek(), operators)) {
     reader_.take();
     ExprPtr right = expression();
     return make(at, ast::Comparison{*op, std::move(left), std::move(right)});
@@ -205,15 +188,10 @@ ExprPtr ExpressionParser::comparisonTail(ExprPtr left) {
                          {make(at, ast::Comparison{ComparisonOperator::GreaterOrEqual, left, low}),
                           make(at, ast::Comparison{ComparisonOperator::LessOrEqual, left, high})}});
   } else if (reader_.accept("IN")) {
-    reader_.expectSymbol("(");
-    ast::In in{std::move(left), {}, nullptr};
-    if (reader_.atQuery()) {
-      in.query = query();
-    } else {
-      in.list = list();
-    }
-    reader_.expectSymbol(")");
-    test = make(at, std::move(in));
+    test = inParentheses(reader_, [&] {
+      return reader_.atQuery() ? make(at, ast::In{left, {}, query()})
+                               : make(at, ast::In{left, list(), nullptr});
+    });
   } else if (reader_.accept("LIKE")) {
     ast::Like like;
     like.operand = std::move(left);
@@ -227,32 +205,30 @@ ExprPtr ExpressionParser::comparisonTail(ExprPtr left) {
 }
 
 ExprPtr ExpressionParser::sum() {
-  static constexpr std::array<std::pair<std::string_view, ArithmeticOperator>, 5> operators{
-      {{"+", ArithmeticOperator::Add},
-       {"-", ArithmeticOperator::Subtract},
-       {"&", ArithmeticOperator::BitAnd},
-       {"|", ArithmeticOperator::BitOr},
-       {"^", ArithmeticOperator::BitXor}}};
-  ExprPtr left = term();
-  for (int links = 1; const auto op = operatorAt(reader_.peek(), operators); ++links) {
-    reader_.checkChain(links);
-    const auto at = reader_.take().text;
-    ExprPtr right = value(term());
-    left = make(at, ast::Arithmetic{*op, value(std::move(left)), std::move(right)});
-  }
-  return left;
+  static constexpr OperatorSymbol<ArithmeticOperator> operators[] = {
+      {"+", ArithmeticOperator::Add},
+      {"-", ArithmeticOperator::Subtract},
+      {"&", ArithmeticOperator::BitAnd},
+      {"|", ArithmeticOperator::BitOr},
+      {"^", ArithmeticOperator::BitXor}};
+  return arithmetic(operators, &ExpressionParser::term);
 }
 
 ExprPtr ExpressionParser::term() {
-  static constexpr std::array<std::pair<std::string_view, ArithmeticOperator>, 3> operators{
-      {{"*", ArithmeticOperator::Multiply},
-       {"/", ArithmeticOperator::Divide},
-       {"%", ArithmeticOperator::Modulo}}};
-  ExprPtr left = unary();
+  static constexpr OperatorSymbol<ArithmeticOperator> operators[] = {
+      {"*", ArithmeticOperator::Multiply},
+      {"/", ArithmeticOperator::Divide},
+      {"%", ArithmeticOperator::Modulo}};
+  return arithmetic(operators, &ExpressionParser::unary);
+}
+
+ExprPtr ExpressionParser::arithmetic(std::span<const OperatorSymbol<ArithmeticOperator>> operators,
+                                     ExprPtr (ExpressionParser::*operand)()) {
+  ExprPtr left = (this->*operand)();
   for (int links = 1; const auto op = operatorAt(reader_.peek(), operators); ++links) {
     reader_.checkChain(links);
     const auto at = reader_.take().text;
-    ExprPtr right = value(unary());
+    ExprPtr right = value((this->*operand)());
     left = make(at, ast::Arithmetic{*op, value(std::move(left)), std::move(right)});
   }
   return left;
@@ -262,7 +238,7 @@ ExprPtr ExpressionParser::unary() {
   const auto at = reader_.peek().text;
   const bool minus = reader_.acceptSymbol("-");
   if (!minus && !reader_.acceptSymbol("+")) return primary();
-  const TokenReader::Level level(reader_);
+  const auto level = reader_.nested();
   ExprPtr operand = value(unary());
   return minus ? make(at, ast::Negative{std::move(operand)}) : operand;
 }
@@ -289,10 +265,9 @@ ExprPtr ExpressionParser::primary() {
   }
   const auto at = token.text;
   if (reader_.isSymbol("(")) {
-    reader_.take();
-    ExprPtr inner = reader_.atQuery() ? make(at, ast::Subquery{query()}) : conditionOrValue();
-    reader_.expectSymbol(")");
-    return inner;
+    return inParentheses(reader_, [&] {
+      return reader_.atQuery() ? make(at, ast::Subquery{query()}) : conditionOrValue();
+    });
   }
   if (reader_.accept("NULL")) return make(at, ast::Literal{{}, Null{}, -1});
   if (reader_.is("CASE")) return caseExpression();
@@ -303,7 +278,11 @@ ExprPtr ExpressionParser::primary() {
 
 ExprPtr ExpressionParser::caseExpression() {
   const auto at = reader_.peek().text;
-  const CaseLevel level(*this);
+  constexpr int deepestCase = 10;
+  const NestingLevel level(caseDepth_, deepestCase, [this] {
+    return errorAt(reader_.batch(), reader_.peek().text, 125,
+                   "Case expressions may only be nested to level 10,");
+  });
   reader_.take();
   ast::Case result;
   ExprPtr operand;
@@ -326,25 +305,23 @@ ExprPtr ExpressionParser::caseExpression() {
 
 ExprPtr ExpressionParser::castExpression() {
   const auto at = reader_.take().text;
-  reader_.expectSymbol("(");
-  ExprPtr operand = expression();
-  reader_.expect("AS");
-  const SqlType type = reader_.type(castSize);
-  reader_.expectSymbol(")");
-  return make(at, ast::Cast{std::move(operand), type, 0});
+  return inParentheses(reader_, [&] {
+    ExprPtr operand = expression();
+    reader_.expect("AS");
+    return make(at, ast::Cast{std::move(operand), reader_.type(castSize), 0});
+  });
 }
 
 ExprPtr ExpressionParser::convertExpression() {
   const auto at = reader_.take().text;
-  reader_.expectSymbol("(");
-  const SqlType type = reader_.type(castSize);
-  reader_.expectSymbol(",");
-  ast::Cast cast;
-  cast.operand = expression();
-  cast.type = type;
-  if (reader_.acceptSymbol(",")) cast.style = reader_.wholeNumber();
-  reader_.expectSymbol(")");
-  return make(at, std::move(cast));
+  return inParentheses(reader_, [&] {
+    ast::Cast cast;
+    cast.type = reader_.type(castSize);
+    reader_.expectSymbol(",");
+    cast.operand = expression();
+    if (reader_.acceptSymbol(",")) cast.style = reader_.wholeNumber();
+    return make(at, std::move(cast));
+  });
 }
 
 ExprPtr ExpressionParser::nameOrCall() {
@@ -389,17 +366,16 @@ ExprPtr ExpressionParser::call(std::string schema, std::string name, std::string
 }
 
 ast::Over ExpressionParser::over() {
-  ast::Over result;
-  reader_.expectSymbol("(");
-  if (reader_.accept("PARTITION", "BY")) result.partitionBy = list();
-  if (reader_.accept("ORDER", "BY")) result.orderBy = orderItems();
-  reader_.expectSymbol(")");
-  return result;
+  return inParentheses(reader_, [this] {
+    ast::Over result;
+    if (reader_.accept("PARTITION", "BY")) result.partitionBy = list();
+    if (reader_.accept("ORDER", "BY")) result.orderBy = orderItems();
+    return result;
+  });
 }
 
 std::vector<ast::OrderItem> ExpressionParser::orderItems() {
-  std::vector<ast::OrderItem> items;
-  commaSeparated(reader_, [&] {
+  return commaSeparated(reader_, [this] {
     // A number is the position of an output column, and so part of the form.
     ast::OrderItem item;
     if (reader_.peek().kind == TokenKind::Integer) {
@@ -411,15 +387,12 @@ std::vector<ast::OrderItem> ExpressionParser::orderItems() {
     }
     item.descending = reader_.accept("DESC");
     if (!item.descending) reader_.accept("ASC");
-    items.push_back(std::move(item));
+    return item;
   });
-  return items;
 }
 
 std::vector<ExprPtr> ExpressionParser::list() {
-  std::vector<ExprPtr> items;
-  commaSeparated(reader_, [&] { items.push_back(expression()); });
-  return items;
+  return commaSeparated(reader_, [this] { return expression(); });
 }
 
 }  // namespace kebu::engine

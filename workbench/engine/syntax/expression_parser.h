@@ -1,11 +1,17 @@
 #pragma once
 
 #include <functional>
+#include <span>
+#include <string_view>
+#include <utility>
 
 #include "workbench/engine/syntax/parser.h"
 #include "workbench/engine/syntax/token_reader.h"
 
 namespace kebu::engine {
+
+template <class Operator>
+using OperatorSymbol = std::pair<std::string_view, Operator>;
 
 /// Expressions and conditions, which T-SQL keeps apart by their place only.
 class ExpressionParser {
@@ -16,6 +22,8 @@ class ExpressionParser {
 
   /// A value.
   ast::ExprPtr expression();
+  /// A value, or null for DEFAULT.
+  ast::ExprPtr valueOrDefault();
   /// A value without operators around it, where an operator's sign means something else.
   ast::ExprPtr primary();
   /// A condition: OR of ANDs. SqlError 4145 for a value.
@@ -39,6 +47,9 @@ class ExpressionParser {
   ExprPtr value(ExprPtr expr) const;
   ExprPtr sum();
   ExprPtr term();
+  /// Operands that operators of one rank join, from the left to the right.
+  ExprPtr arithmetic(std::span<const OperatorSymbol<ArithmeticOperator>> operators,
+                     ExprPtr (ExpressionParser::*operand)());
   ExprPtr unary();
   ExprPtr literal();
   ExprPtr caseExpression();
@@ -47,18 +58,6 @@ class ExpressionParser {
   ExprPtr nameOrCall();
   ExprPtr call(std::string schema, std::string name, std::string_view at);
   ast::Over over();
-
-  /// Counts nested CASEs. SqlError 125 for more than SQL Server allows.
-  class CaseLevel {
-   public:
-    explicit CaseLevel(ExpressionParser& parser);
-    CaseLevel(const CaseLevel&) = delete;
-    CaseLevel& operator=(const CaseLevel&) = delete;
-    ~CaseLevel() { --parser_.caseDepth_; }
-
-   private:
-    ExpressionParser& parser_;
-  };
 
   TokenReader& reader_;
   const LiteralTypes* literals_;

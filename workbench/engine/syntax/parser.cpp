@@ -13,8 +13,7 @@ auto parseWhole(std::string_view text, Read&& read) {
   const auto tokens = tokenize(text);
   TokenReader reader(text, tokens);
   auto result = read(reader);
-  while (reader.acceptSymbol(";")) {
-  }
+  reader.skipSemicolons();
   if (!reader.atEnd()) reader.fail();
   return result;
 }

@@ -1,6 +1,7 @@
 #include "workbench/engine/syntax/query_parser.h"
 
 #include <array>
+#include <string_view>
 #include <utility>
 
 namespace kebu::engine {
@@ -27,19 +28,17 @@ QueryParser::QueryParser(TokenReader& reader, const LiteralTypes* literals)
 }
 
 ast::QueryPtr QueryParser::query() {
-  const TokenReader::Level level(reader_);
+  const auto level = reader_.nested();
   const auto at = reader_.peek().text;
   std::vector<ast::Cte> ctes;
   if (reader_.accept("WITH")) {
-    commaSeparated(reader_, [&] {
+    ctes = commaSeparated(reader_, [this] {
       ast::Cte cte;
       cte.name = reader_.name();
       if (reader_.isSymbol("(")) cte.columns = reader_.nameList();
       reader_.expect("AS");
-      reader_.expectSymbol("(");
-      cte.query = query();
-      reader_.expectSymbol(")");
-      ctes.push_back(std::move(cte));
+      cte.query = inParentheses(reader_, [this] { return query(); });
+      return cte;
     });
   }
   auto body = std::make_shared<ast::Query>(*setOperations());
@@ -77,26 +76,15 @@ ast::QueryPtr QueryParser::intersections() {
 
 ast::QueryPtr QueryParser::operand() {
   const auto at = reader_.peek().text;
-  if (reader_.acceptSymbol("(")) {
-    auto inner = query();
-    reader_.expectSymbol(")");
-    return inner;
-  }
+  if (reader_.isSymbol("(")) return inParentheses(reader_, [this] { return query(); });
   if (reader_.accept("VALUES")) return makeQuery(at, ast::Values{rows()});
   return makeQuery(at, select());
 }
 
 std::vector<std::vector<ast::ExprPtr>> QueryParser::rows() {
-  std::vector<std::vector<ast::ExprPtr>> result;
-  commaSeparated(reader_, [&] {
-    auto& row = result.emplace_back();
-    reader_.expectSymbol("(");
-    commaSeparated(reader_, [&] {
-      row.push_back(reader_.accept("DEFAULT") ? nullptr : expressions_.expression());
-    });
-    reader_.expectSymbol(")");
+  return commaSeparated(reader_, [this] {
+    return listInParentheses(reader_, [this] { return expressions_.valueOrDefault(); });
   });
-  return result;
 }
 
 ast::Select QueryParser::select() {
@@ -109,7 +97,7 @@ ast::Select QueryParser::select() {
     result.top = expressions_.primary();
     if (reader_.isAny({"PERCENT"})) reader_.fail("TOP … PERCENT is not known");
   }
-  commaSeparated(reader_, [&] { result.items.push_back(selectItem()); });
+  result.items = commaSeparated(reader_, [this] { return selectItem(); });
   if (reader_.accept("INTO")) result.into = reader_.objectName();
   if (reader_.accept("FROM")) result.from = sources();
   if (reader_.accept("WHERE")) result.where = expressions_.condition();
@@ -164,19 +152,17 @@ void QueryParser::tableHints() {
   const bool bare = reader_.isSymbol("(") && isWord(reader_.peek(1), "NOLOCK");
   if (!with && !bare) return;
   if (with) reader_.take();
-  reader_.expectSymbol("(");
-  commaSeparated(reader_, [&] {
+  listInParentheses(reader_, [this] {
     static constexpr std::array<std::string_view, 11> known{
         "NOLOCK",   "ROWLOCK",         "UPDLOCK",       "HOLDLOCK",     "READPAST", "TABLOCK",
         "TABLOCKX", "READUNCOMMITTED", "READCOMMITTED", "SERIALIZABLE", "XLOCK"};
     if (!reader_.isAny(known)) reader_.fail("A table hint that is not known");
-    reader_.take();
+    return reader_.take();
   });
-  reader_.expectSymbol(")");
 }
 
 ast::SourcePtr QueryParser::sources() {
-  const TokenReader::Level level(reader_);
+  const auto level = reader_.nested();
   ast::SourcePtr left = joined();
   for (int links = 1; reader_.isSymbol(","); ++links) {
     reader_.checkChain(links);
@@ -188,43 +174,42 @@ ast::SourcePtr QueryParser::sources() {
   return left;
 }
 
+/// The kind of the join that begins here; nothing when none does.
+std::optional<ast::JoinKind> QueryParser::joinKind() {
+  if (reader_.accept("CROSS", "APPLY")) return ast::JoinKind::CrossApply;
+  if (reader_.accept("OUTER", "APPLY")) return ast::JoinKind::OuterApply;
+  if (reader_.accept("CROSS", "JOIN")) return ast::JoinKind::Cross;
+  if (reader_.accept("INNER", "JOIN") || reader_.accept("JOIN")) return ast::JoinKind::Inner;
+  static constexpr std::pair<std::string_view, ast::JoinKind> outerJoins[] = {
+      {"LEFT", ast::JoinKind::Left},
+      {"RIGHT", ast::JoinKind::Right},
+      {"FULL", ast::JoinKind::Full}};
+  for (const auto& [word, kind] : outerJoins) {
+    if (!reader_.accept(word)) continue;
+    reader_.accept("OUTER");
+    reader_.expect("JOIN");
+    return kind;
+  }
+  return std::nullopt;
+}
+
 ast::SourcePtr QueryParser::joined() {
   ast::SourcePtr left = singleSource();
   for (int links = 1;; ++links) {
     reader_.checkChain(links);
     const auto at = reader_.peek().text;
-    ast::JoinKind kind = ast::JoinKind::Inner;
-    if (reader_.accept("CROSS", "APPLY")) {
-      kind = ast::JoinKind::CrossApply;
-    } else if (reader_.accept("OUTER", "APPLY")) {
-      kind = ast::JoinKind::OuterApply;
-    } else if (reader_.accept("CROSS", "JOIN")) {
-      kind = ast::JoinKind::Cross;
-    } else if (reader_.isAny({"LEFT", "RIGHT", "FULL"})) {
-      kind = reader_.is("LEFT")    ? ast::JoinKind::Left
-             : reader_.is("RIGHT") ? ast::JoinKind::Right
-                                   : ast::JoinKind::Full;
-      reader_.take();
-      reader_.accept("OUTER");
-      reader_.expect("JOIN");
-    } else if (reader_.accept("INNER", "JOIN") || reader_.accept("JOIN")) {
-      kind = ast::JoinKind::Inner;
-    } else {
-      return left;
-    }
-    const bool conditional = kind == ast::JoinKind::Inner || kind == ast::JoinKind::Left ||
-                             kind == ast::JoinKind::Right || kind == ast::JoinKind::Full;
-    // "a JOIN b JOIN c ON … ON …": the inner join belongs to the right side.
+    const auto kind = joinKind();
+    if (!kind) return left;
     ast::SourcePtr right = singleSource();
-    if (conditional && !reader_.is("ON")) {
-      reader_.fail("A join without its ON directly behind it is not known");
-    }
     ast::ExprPtr on;
-    if (conditional) {
-      reader_.expect("ON");
+    if (*kind <= ast::JoinKind::Full) {
+      // "a JOIN b JOIN c ON … ON …": the inner join belongs to the right side.
+      if (!reader_.accept("ON")) {
+        reader_.fail("A join without its ON directly behind it is not known");
+      }
       on = expressions_.condition();
     }
-    left = makeSource(at, ast::Join{kind, left, std::move(right), std::move(on)});
+    left = makeSource(at, ast::Join{*kind, left, std::move(right), std::move(on)});
   }
 }
 

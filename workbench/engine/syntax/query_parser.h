@@ -1,5 +1,7 @@
 #pragma once
 
+#include <optional>
+
 #include "workbench/engine/syntax/expression_parser.h"
 
 namespace kebu::engine {
@@ -24,6 +26,7 @@ class QueryParser {
   ast::QueryPtr operand();
   ast::Select select();
   ast::SelectItem selectItem();
+  std::optional<ast::JoinKind> joinKind();
   ast::SourcePtr joined();
   std::string alias();
   void tableHints();

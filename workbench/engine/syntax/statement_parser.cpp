@@ -8,20 +8,13 @@
 #include "common/convert.h"
 
 namespace kebu::engine {
-namespace {
 
-template <class Node>
-ast::StatementPtr make(std::string_view at, Node node) {
-  return std::make_shared<const ast::Statement>(ast::Statement{at, std::move(node)});
-}
-
-}  // namespace
+using ast::makeStatement;
 
 std::vector<ast::StatementPtr> StatementParser::statementsToEnd() {
   std::vector<ast::StatementPtr> statements;
   while (true) {
-    while (reader_.acceptSymbol(";")) {
-    }
+    reader_.skipSemicolons();
     if (reader_.atEnd()) return statements;
     statements.push_back(statement());
   }
@@ -30,46 +23,45 @@ std::vector<ast::StatementPtr> StatementParser::statementsToEnd() {
 ast::StatementPtr StatementParser::statement() {
   const auto at = reader_.peek().text;
   auto& expressions = queries_.expressions();
-  const TokenReader::Level level(reader_);
-  if (reader_.isSymbol("(") || reader_.atQuery()) return make(at, queries_.query());
-  if (reader_.accept("INSERT")) return make(at, insert());
-  if (reader_.accept("UPDATE")) return make(at, update());
-  if (reader_.accept("DELETE")) return make(at, deleteRows());
-  if (reader_.accept("MERGE")) return make(at, merge());
-  if (reader_.accept("DECLARE")) return make(at, declare());
+  const auto level = reader_.nested();
+  if (reader_.isSymbol("(") || reader_.atQuery()) return makeStatement(at, queries_.query());
+  if (reader_.accept("INSERT")) return makeStatement(at, insert());
+  if (reader_.accept("UPDATE")) return makeStatement(at, update());
+  if (reader_.accept("DELETE")) return makeStatement(at, deleteRows());
+  if (reader_.accept("MERGE")) return makeStatement(at, merge());
+  if (reader_.accept("DECLARE")) return makeStatement(at, declare());
   if (reader_.accept("SET")) return set();
   if (reader_.is("BEGIN") && !isWord(reader_.peek(1), "TRAN") &&
       !isWord(reader_.peek(1), "TRANSACTION") && !isWord(reader_.peek(1), "TRY")) {
     reader_.take();
-    return make(at, block());
+    return makeStatement(at, block());
   }
   if (reader_.accept("IF")) {
     ast::If result;
     result.condition = expressions.condition();
     result.then = statement();
     const auto place = reader_.place();
-    while (reader_.acceptSymbol(";")) {
-    }
+    reader_.skipSemicolons();
     if (reader_.accept("ELSE")) {
       result.otherwise = statement();
     } else {
       reader_.rewind(place);
     }
-    return make(at, std::move(result));
+    return makeStatement(at, std::move(result));
   }
   if (reader_.accept("WHILE")) {
     ast::While loop;
     loop.condition = expressions.condition();
     loop.body = statement();
-    return make(at, std::move(loop));
+    return makeStatement(at, std::move(loop));
   }
   if (reader_.is("CREATE") || reader_.is("ALTER")) return create();
-  if (reader_.accept("DROP")) return make(at, drop());
+  if (reader_.accept("DROP")) return makeStatement(at, drop());
   if (reader_.accept("TRUNCATE")) {
     reader_.expect("TABLE");
-    return make(at, ast::Truncate{reader_.objectName()});
+    return makeStatement(at, ast::Truncate{reader_.objectName()});
   }
-  if (reader_.accept("EXEC") || reader_.accept("EXECUTE")) return make(at, exec());
+  if (reader_.accept("EXEC") || reader_.accept("EXECUTE")) return makeStatement(at, exec());
   if (reader_.accept("RETURN")) {
     ast::Return result;
     const bool hasValue =
@@ -78,24 +70,24 @@ ast::StatementPtr StatementParser::statement() {
         reader_.is("NULL") ||
         (reader_.atName() && (reader_.isSymbol("(", 1) || reader_.isSymbol(".", 1)));
     if (hasValue) result.value = expressions.expression();
-    return make(at, std::move(result));
+    return makeStatement(at, std::move(result));
   }
-  if (reader_.accept("BREAK")) return make(at, ast::Break{});
-  if (reader_.accept("CONTINUE")) return make(at, ast::Continue{});
+  if (reader_.accept("BREAK")) return makeStatement(at, ast::Break{});
+  if (reader_.accept("CONTINUE")) return makeStatement(at, ast::Continue{});
   if (reader_.accept("PRINT")) {
     expressions.expression();
-    return make(at, ast::Nothing{});
+    return makeStatement(at, ast::Nothing{});
   }
   if (reader_.is("RAISERROR") || reader_.is("THROW")) return raise();
   if (reader_.accept("USE")) {
     reader_.name();
-    return make(at, ast::Nothing{});
+    return makeStatement(at, ast::Nothing{});
   }
   // EXEC may be left out at the beginning of a batch.
   if (reader_.atName() && reader_.literalsBefore() == 0 &&
       at.data() == reader_.batch().data() + reader_.batch().find_first_not_of(" \t\r\n") &&
       reader_.peek().kind == TokenKind::Word && (reader_.peek(1).kind == TokenKind::End)) {
-    return make(at, exec());
+    return makeStatement(at, exec());
   }
   reader_.fail("A statement that is not known");
 }
@@ -103,8 +95,7 @@ ast::StatementPtr StatementParser::statement() {
 ast::Block StatementParser::block() {
   ast::Block result;
   while (true) {
-    while (reader_.acceptSymbol(";")) {
-    }
+    reader_.skipSemicolons();
     if (reader_.accept("END")) return result;
     if (reader_.atEnd()) reader_.fail();
     result.statements.push_back(statement());
@@ -112,16 +103,14 @@ ast::Block StatementParser::block() {
 }
 
 ast::Declare StatementParser::declare() {
-  ast::Declare result;
-  commaSeparated(reader_, [&] {
+  return {commaSeparated(reader_, [this] {
     ast::Declaration variable;
     variable.name = reader_.variable();
     reader_.accept("AS");
     variable.type = reader_.type();
     if (reader_.acceptSymbol("=")) variable.value = queries_.expressions().expression();
-    result.variables.push_back(std::move(variable));
-  });
-  return result;
+    return variable;
+  })};
 }
 
 ast::StatementPtr StatementParser::set() {
@@ -138,28 +127,29 @@ ast::StatementPtr StatementParser::set() {
       const auto variable = std::make_shared<const ast::Expr>(ast::Expr{at, ast::Variable{name}});
       auto sum = std::make_shared<const ast::Expr>(
           ast::Expr{at, ast::Arithmetic{op, variable, queries_.expressions().expression()}});
-      return make(at, ast::SetVariable{std::move(name), std::move(sum)});
+      return makeStatement(at, ast::SetVariable{std::move(name), std::move(sum)});
     }
     reader_.expectSymbol("=");
-    return make(at, ast::SetVariable{std::move(name), queries_.expressions().expression()});
+    return makeStatement(at,
+                         ast::SetVariable{std::move(name), queries_.expressions().expression()});
   }
   if (reader_.accept("IDENTITY_INSERT")) {
     ast::ObjectName table = reader_.objectName();
-    const bool on = reader_.accept("ON");
-    if (!on && !reader_.accept("OFF")) reader_.fail();
-    return make(at, ast::SetIdentityInsert{std::move(table), on});
+    return makeStatement(at, ast::SetIdentityInsert{std::move(table), onOrOff()});
   }
-  if (reader_.accept("XACT_ABORT")) {
-    const bool on = reader_.accept("ON");
-    if (!on) reader_.expect("OFF");
-    return make(at, ast::SetXactAbort{on});
-  }
+  if (reader_.accept("XACT_ABORT")) return makeStatement(at, ast::SetXactAbort{onOrOff()});
   static constexpr std::array<std::string_view, 6> switches{
       "NOCOUNT", "ANSI_NULLS", "QUOTED_IDENTIFIER", "ANSI_PADDING", "ANSI_WARNINGS", "ARITHABORT"};
   if (!reader_.isAny(switches)) reader_.fail("A setting that is not known");
   reader_.take();
-  if (!reader_.accept("ON") && !reader_.accept("OFF")) reader_.fail();
-  return make(at, ast::Nothing{});
+  onOrOff();
+  return makeStatement(at, ast::Nothing{});
+}
+
+bool StatementParser::onOrOff() {
+  const bool on = reader_.accept("ON");
+  if (!on) reader_.expect("OFF");
+  return on;
 }
 
 ast::Insert StatementParser::insert() {
@@ -174,18 +164,12 @@ ast::Insert StatementParser::insert() {
   return result;
 }
 
-ast::ExprPtr StatementParser::valueOrDefault() {
-  return reader_.accept("DEFAULT") ? nullptr : queries_.expressions().expression();
-}
-
 std::vector<ast::Assignment> StatementParser::assignments() {
-  std::vector<ast::Assignment> result;
-  commaSeparated(reader_, [&] {
-    ast::ObjectName column = reader_.objectName();
+  return commaSeparated(reader_, [this] {
+    const ast::ObjectName column = reader_.objectName();
     reader_.expectSymbol("=");
-    result.push_back({column.last(), valueOrDefault(), column.at});
+    return ast::Assignment{column.last(), queries_.expressions().valueOrDefault(), column.at};
   });
-  return result;
 }
 
 ast::Update StatementParser::update() {
@@ -247,9 +231,8 @@ ast::MergeBranch StatementParser::mergeBranch() {
     branch.action = Action::Insert;
     if (reader_.isSymbol("(")) branch.columns = reader_.nameList();
     reader_.expect("VALUES");
-    reader_.expectSymbol("(");
-    commaSeparated(reader_, [&] { branch.values.push_back(valueOrDefault()); });
-    reader_.expectSymbol(")");
+    branch.values =
+        listInParentheses(reader_, [this] { return queries_.expressions().valueOrDefault(); });
   } else if (reader_.accept("DELETE")) {
     branch.action = Action::Delete;
   } else {
@@ -268,15 +251,15 @@ ast::Exec StatementParser::exec() {
            reader_.isSymbol("-") || reader_.is("NULL") || reader_.is("DEFAULT");
   };
   if (!atArgument()) return result;
-  commaSeparated(reader_, [&] {
+  result.args = commaSeparated(reader_, [&] {
     if (!atArgument()) reader_.fail();
     ast::Argument argument;
     if (reader_.peek().kind == TokenKind::Variable && reader_.isSymbol("=", 1)) {
       argument.name = reader_.variable();
       reader_.take();
     }
-    argument.value = valueOrDefault();
-    result.args.push_back(std::move(argument));
+    argument.value = queries_.expressions().valueOrDefault();
+    return argument;
   });
   return result;
 }
@@ -292,14 +275,14 @@ ast::StatementPtr StatementParser::raise() {
     result.message = queries_.expressions().expression();
     reader_.expectSymbol(",");
     queries_.expressions().expression();
-    return make(at, std::move(result));
+    return makeStatement(at, std::move(result));
   }
   reader_.expect("RAISERROR");
   reader_.expectSymbol("(");
   result.message = queries_.expressions().expression();
   while (reader_.acceptSymbol(",")) queries_.expressions().expression();
   reader_.expectSymbol(")");
-  return make(at, std::move(result));
+  return makeStatement(at, std::move(result));
 }
 
 std::string_view StatementParser::textSince(std::string_view from) const {

@@ -17,17 +17,15 @@ class StatementParser {
   ast::Module module();
 
  private:
-  using ExprPtr = ast::ExprPtr;
-
   ast::Declare declare();
   ast::StatementPtr set();
+  bool onOrOff();
   ast::Insert insert();
   ast::Update update();
   ast::Delete deleteRows();
   ast::Merge merge();
   ast::MergeBranch mergeBranch();
   std::vector<ast::Assignment> assignments();
-  ExprPtr valueOrDefault();
   ast::StatementPtr create();
   ast::CreateIndex createIndex(bool unique);
   ast::ColumnDef columnDef(ast::CreateTable& table);

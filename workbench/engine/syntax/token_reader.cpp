@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <array>
 #include <charconv>
+#include <iterator>
 
 #include "common/convert.h"
 #include "workbench/engine/syntax/keywords.h"
@@ -19,37 +20,31 @@ bool isKeyword(const Token& token) {
 
 struct TypeName {
   std::string_view name;
-  TypeKind kind;
+  SqlType type;
 };
-constexpr std::array typeNames{TypeName{"BIT", TypeKind::Bit},
-                               TypeName{"TINYINT", TypeKind::TinyInt},
-                               TypeName{"SMALLINT", TypeKind::SmallInt},
-                               TypeName{"INT", TypeKind::Int},
-                               TypeName{"INTEGER", TypeKind::Int},
-                               TypeName{"BIGINT", TypeKind::BigInt},
-                               TypeName{"DECIMAL", TypeKind::Decimal},
-                               TypeName{"NUMERIC", TypeKind::Decimal},
-                               TypeName{"DEC", TypeKind::Decimal},
-                               TypeName{"CHAR", TypeKind::Char},
-                               TypeName{"VARCHAR", TypeKind::VarChar},
-                               TypeName{"NCHAR", TypeKind::NChar},
-                               TypeName{"NVARCHAR", TypeKind::NVarChar},
-                               TypeName{"SYSNAME", TypeKind::NVarChar},
-                               TypeName{"TEXT", TypeKind::VarChar},
-                               TypeName{"NTEXT", TypeKind::NVarChar},
-                               TypeName{"MONEY", TypeKind::Decimal},
-                               TypeName{"SMALLMONEY", TypeKind::Decimal},
-                               TypeName{"DATE", TypeKind::Date},
-                               TypeName{"DATETIME", TypeKind::DateTime},
-                               TypeName{"SMALLDATETIME", TypeKind::DateTime},
-                               TypeName{"DATETIME2", TypeKind::DateTime},
-                               TypeName{"UNIQUEIDENTIFIER", TypeKind::Guid}};
-
-template <class Range, class Projection>
-auto find(const Range& range, std::string_view name, Projection projection) {
-  return std::find_if(range.begin(), range.end(),
-                      [&](const auto& item) { return equalsIgnoringCase(projection(item), name); });
-}
+constexpr TypeName typeNames[] = {{"BIT", {TypeKind::Bit}},
+                                  {"TINYINT", {TypeKind::TinyInt}},
+                                  {"SMALLINT", {TypeKind::SmallInt}},
+                                  {"INT", {TypeKind::Int}},
+                                  {"INTEGER", {TypeKind::Int}},
+                                  {"BIGINT", {TypeKind::BigInt}},
+                                  {"DECIMAL", {TypeKind::Decimal, 18}},
+                                  {"NUMERIC", {TypeKind::Decimal, 18}},
+                                  {"DEC", {TypeKind::Decimal, 18}},
+                                  {"CHAR", {TypeKind::Char}},
+                                  {"VARCHAR", {TypeKind::VarChar}},
+                                  {"NCHAR", {TypeKind::NChar}},
+                                  {"NVARCHAR", {TypeKind::NVarChar}},
+                                  {"SYSNAME", {TypeKind::NVarChar, 0, 0, 128}},
+                                  {"TEXT", {TypeKind::VarChar, 0, 0, -1}},
+                                  {"NTEXT", {TypeKind::NVarChar, 0, 0, -1}},
+                                  {"MONEY", {TypeKind::Decimal, 19, 4}},
+                                  {"SMALLMONEY", {TypeKind::Decimal, 10, 4}},
+                                  {"DATE", {TypeKind::Date}},
+                                  {"DATETIME", {TypeKind::DateTime}},
+                                  {"SMALLDATETIME", {TypeKind::DateTime}},
+                                  {"DATETIME2", {TypeKind::DateTime}},
+                                  {"UNIQUEIDENTIFIER", {TypeKind::Guid}}};
 
 }  // namespace
 
@@ -100,11 +95,16 @@ void TokenReader::expectSymbol(std::string_view symbol) {
   if (!acceptSymbol(symbol)) fail();
 }
 
+void TokenReader::skipSemicolons() {
+  while (acceptSymbol(";")) {
+  }
+}
+
 bool TokenReader::atName() const {
   const Token& token = peek();
   if (token.kind == TokenKind::Name) return true;
   return token.kind == TokenKind::Word && !isKeyword(token) &&
-         find(clauses, token.text, [](auto word) { return word; }) == clauses.end();
+         std::ranges::none_of(clauses, [&](auto word) { return isWord(token, word); });
 }
 
 std::string TokenReader::name() {
@@ -128,11 +128,7 @@ ast::ObjectName TokenReader::objectName() {
 }
 
 std::vector<std::string> TokenReader::nameList() {
-  std::vector<std::string> names;
-  expectSymbol("(");
-  commaSeparated(*this, [&] { names.push_back(name()); });
-  expectSymbol(")");
-  return names;
+  return listInParentheses(*this, [this] { return name(); });
 }
 
 std::string TokenReader::variable() {
@@ -154,18 +150,14 @@ int TokenReader::wholeNumber() {
 SqlType TokenReader::type(int defaultSize) {
   if (peek().kind != TokenKind::Word && peek().kind != TokenKind::Name) fail();
   const std::string text = nameOf(peek());
-  const auto found = find(typeNames, text, [](const TypeName& type) { return type.name; });
-  if (found == typeNames.end()) {
+  const auto* const found = std::ranges::find_if(
+      typeNames, [&](const TypeName& type) { return equalsIgnoringCase(type.name, text); });
+  if (found == std::end(typeNames)) {
     throw errorAt(batch_, peek().text, 2715, "Cannot find data type " + text);
   }
   take();
-  SqlType result{found->kind};
-  const auto is = [&](std::string_view word) { return found->name == word; };
-  if (is("MONEY")) return SqlType::decimal(19, 4);
-  if (is("SMALLMONEY")) return SqlType::decimal(10, 4);
-  if (is("SYSNAME")) result.size = 128;
-  if (is("TEXT") || is("NTEXT")) result.size = -1;
-  if (result.kind == TypeKind::Decimal) result.precision = 18;
+  SqlType result = found->type;
+  if (result.scale > 0) return result;  // money: its digits are fixed
   if (result.isText() && result.size == 0) result.size = defaultSize;
   if (!acceptSymbol("(")) return result;
   if (accept("MAX")) {
@@ -203,13 +195,6 @@ bool TokenReader::atQuery() const {
   return isSymbol(")", end) || std::any_of(continuing.begin(), continuing.end(), [&](auto keyword) {
            return isWord(peek(end), keyword);
          });
-}
-
-TokenReader::Level::Level(TokenReader& reader) : reader_(reader) {
-  constexpr int deepest = 128;
-  if (++reader_.depth_ <= deepest) return;
-  --reader_.depth_;
-  throw reader_.tooDeep();
 }
 
 void TokenReader::checkChain(int links) const {

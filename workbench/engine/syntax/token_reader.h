@@ -7,6 +7,7 @@
 #include <string_view>
 #include <vector>
 
+#include "workbench/engine/nesting_level.h"
 #include "workbench/engine/syntax/ast.h"
 #include "workbench/engine/syntax/lexer.h"
 
@@ -43,6 +44,7 @@ class TokenReader {
   bool acceptSymbol(std::string_view symbol);
   void expect(std::string_view keyword);
   void expectSymbol(std::string_view symbol);
+  void skipSemicolons();
 
   /// A name that is no reserved word.
   std::string name();
@@ -61,18 +63,12 @@ class TokenReader {
   /// what follows its parenthesis.
   bool atQuery() const;
 
-  /// Counts the nesting of what is being parsed, which is parsed recursively. SqlError 191 when
-  /// it is too deep for the program's stack.
-  class Level {
-   public:
-    explicit Level(TokenReader& reader);
-    Level(const Level&) = delete;
-    Level& operator=(const Level&) = delete;
-    ~Level() { --reader_.depth_; }
-
-   private:
-    TokenReader& reader_;
-  };
+  /// A level of what is being parsed, which is parsed recursively. SqlError 191 when it is too deep
+  /// for the program's stack.
+  NestingLevel<int> nested() {
+    constexpr int deepest = 128;
+    return {depth_, deepest, [this] { return tooDeep(); }};
+  }
   /// SqlError 191 when so many links in a chain, such as a + b + …, are too many.
   void checkChain(int links) const;
 
@@ -94,12 +90,29 @@ class TokenReader {
   int depth_ = 0;
 };
 
-/// Runs `item` once, and once more after every comma.
+/// What `item` reads, once and once more after every comma.
 template <class Item>
-void commaSeparated(TokenReader& reader, Item&& item) {
+auto commaSeparated(TokenReader& reader, Item&& item) {
+  std::vector<decltype(item())> items;
   do {
-    item();
+    items.push_back(item());
   } while (reader.acceptSymbol(","));
+  return items;
+}
+
+/// What `content` reads between parentheses.
+template <class Content>
+auto inParentheses(TokenReader& reader, Content&& content) {
+  reader.expectSymbol("(");
+  auto result = content();
+  reader.expectSymbol(")");
+  return result;
+}
+
+/// ( item, item … )
+template <class Item>
+auto listInParentheses(TokenReader& reader, Item&& item) {
+  return inParentheses(reader, [&] { return commaSeparated(reader, item); });
 }
 
 }  // namespace kebu::engine

@@ -4,6 +4,7 @@
 #include <array>
 #include <charconv>
 #include <cstdio>
+#include <iterator>
 #include <string>
 #include <utility>
 
@@ -105,50 +106,42 @@ Value toDecimal(const Value& value, const SqlType& to) {
   return rounded;
 }
 
+/// CONVERT's styles: y, m, d are the parts of the date, t is the time of day, f with milliseconds.
+constexpr std::pair<int, std::string_view> dateStyles[] = {
+    {23, "y-m-d"},    {101, "m/d/y"},   {103, "d/m/y"},   {104, "d.m.y"},
+    {105, "d-m-y"},   {108, "t"},       {111, "y/m/d"},   {112, "ymd"},
+    {120, "y-m-d t"}, {121, "y-m-d f"}, {126, "y-m-dTf"},
+};
+
+/// Such as "Jan  5 2024  1:05PM".
+std::string dateInWords(const Date& date) {
+  static constexpr std::array months{"Jan", "Feb", "Mar", "Apr", "May", "Jun",
+                                     "Jul", "Aug", "Sep", "Oct", "Nov", "Dec"};
+  const int hour = date.hour % 12 == 0 ? 12 : date.hour % 12;
+  std::array<char, 40> text{};
+  std::snprintf(text.data(), text.size(), "%s %2d %04d %2d:%02d%s", months.at(date.month - 1U),
+                date.day, date.year, hour, date.minute, date.hour < 12 ? "AM" : "PM");
+  return text.data();
+}
+
 std::string dateText(const Date& date, int style) {
-  const auto format = [&](const char* pattern, auto... parts) {
-    std::array<char, 40> buffer{};
-    std::snprintf(buffer.data(), buffer.size(), pattern, parts...);
-    return std::string(buffer.data());
-  };
-  const int year = date.year;
-  switch (style) {
-    case 101:
-      return format("%02d/%02d/%04d", date.month, date.day, year);
-    case 103:
-      return format("%02d/%02d/%04d", date.day, date.month, year);
-    case 104:
-      return format("%02d.%02d.%04d", date.day, date.month, year);
-    case 105:
-      return format("%02d-%02d-%04d", date.day, date.month, year);
-    case 108:
-      return format("%02d:%02d:%02d", date.hour, date.minute, date.second);
-    case 111:
-      return format("%04d/%02d/%02d", year, date.month, date.day);
-    case 112:
-      return date.toAnsi();
-    case 120:
-      return date.toIso().substr(0, 19);
-    case 121:
-      return date.toIso();
-    case 23:
-      return date.toIso().substr(0, 10);
-    case 126: {
-      std::string text = date.toIso();
-      text[10] = 'T';
-      return text;
-    }
-    case 0:
-    case 100: {
-      static constexpr std::array months{"Jan", "Feb", "Mar", "Apr", "May", "Jun",
-                                         "Jul", "Aug", "Sep", "Oct", "Nov", "Dec"};
-      const int hour = date.hour % 12 == 0 ? 12 : date.hour % 12;
-      return format("%s %2d %04d %2d:%02d%s", months.at(date.month - 1U), date.day, year, hour,
-                    date.minute, date.hour < 12 ? "AM" : "PM");
-    }
-    default:
-      throw SqlError(281, std::to_string(style) + " is not a style that is known for dates.");
+  if (style == 0 || style == 100) return dateInWords(date);
+  const auto* const found =
+      std::ranges::find(dateStyles, style, &std::pair<int, std::string_view>::first);
+  if (found == std::end(dateStyles)) {
+    throw SqlError(281, std::to_string(style) + " is not a style that is known for dates.");
   }
+  const std::string iso = date.toIso();  // yyyy-mm-dd hh:mm:ss.mmm
+  std::string text;
+  for (const char part : found->second) {
+    text += part == 'y'   ? iso.substr(0, 4)
+            : part == 'm' ? iso.substr(5, 2)
+            : part == 'd' ? iso.substr(8, 2)
+            : part == 't' ? iso.substr(11, 8)
+            : part == 'f' ? iso.substr(11)
+                          : std::string(1, part);
+  }
+  return text;
 }
 
 std::string plainText(const Value& value, const SqlType& to, int style) {

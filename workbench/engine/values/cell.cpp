@@ -47,47 +47,29 @@ std::string_view bytesOf(sqlite3_value* value) {
   return {data, static_cast<std::size_t>(sqlite3_value_bytes(value))};
 }
 
-/// Calls `take` with the value that an integer of SQLite represents.
-template <class Take>
-auto deliverInteger(std::int64_t integer, const SqlType& type, Take&& take) {
+/// The value that an integer of SQLite represents.
+Value fromInteger(std::int64_t integer, const SqlType& type) {
   switch (type.kind) {
     case TypeKind::Bit:
-      return take(integer != 0);
+      return integer != 0;
     case TypeKind::TinyInt:
     case TypeKind::SmallInt:
-      return take(static_cast<std::int16_t>(integer));
+      return static_cast<std::int16_t>(integer);
     case TypeKind::BigInt:
-      return take(Decimal(integer));
+      return Decimal(integer);
     case TypeKind::Decimal:
-      return take(Decimal::scaled(integer, type.scale));
+      return Decimal::scaled(integer, type.scale);
     case TypeKind::Date:
     case TypeKind::DateTime:
-      return take(dateFromMilliseconds(integer));
+      return dateFromMilliseconds(integer);
     default:
-      return take(static_cast<std::int32_t>(integer));
+      return static_cast<std::int32_t>(integer);
   }
 }
 
 // SQLite gives a floating-point number only where integers overflowed 64 bits.
 SqlError integerTooLarge() {
   return {8115, "Arithmetic overflow error converting expression to data type bigint."};
-}
-
-/// Calls `take` with the value that SQLite's value represents.
-template <class Take>
-auto deliver(sqlite3_value* cell, const SqlType& type, Take&& take) {
-  switch (sqlite3_value_type(cell)) {
-    case SQLITE_INTEGER:
-      return deliverInteger(sqlite3_value_int64(cell), type, take);
-    case SQLITE_TEXT:
-      return take(bytesOf(cell));
-    case SQLITE_BLOB:
-      return take(fromSortableBytes(bytesOf(cell), type.scale));
-    case SQLITE_FLOAT:
-      throw integerTooLarge();
-    default:
-      return take(Null{});
-  }
 }
 
 }  // namespace
@@ -146,7 +128,7 @@ void setResult(sqlite3_context* context, const Cell& cell) {
 Value valueOf(Cell cell, const SqlType& type) {
   switch (cell.kind) {
     case Cell::Kind::Integer:
-      return deliverInteger(cell.integer, type, [](auto value) { return Value(value); });
+      return fromInteger(cell.integer, type);
     case Cell::Kind::Text:
       return std::move(cell.bytes);
     case Cell::Kind::Blob:
@@ -157,11 +139,7 @@ Value valueOf(Cell cell, const SqlType& type) {
 }
 
 Value valueOf(sqlite3_value* cell, const SqlType& type) {
-  return deliver(cell, type, [](auto value) { return Value(value); });
-}
-
-void append(std::vector<Value>& values, sqlite3_value* cell, const SqlType& type) {
-  deliver(cell, type, [&](auto value) { values.emplace_back(value); });
+  return valueOf(cellOf(cell), type);
 }
 
 Cell storedAs(const Value& value, const SqlType& type) {

@@ -5,7 +5,6 @@
 #include <cstdint>
 #include <string>
 #include <string_view>
-#include <vector>
 
 #include "common/value.h"
 #include "workbench/engine/values/types.h"
@@ -32,7 +31,6 @@ void setResult(sqlite3_context* context, const Cell& cell);
 /// The value that a cell of a column of this type holds.
 Value valueOf(Cell cell, const SqlType& type);
 Value valueOf(sqlite3_value* cell, const SqlType& type);
-void append(std::vector<Value>& values, sqlite3_value* cell, const SqlType& type);
 /// The cell for a value that is already of the type. SqlError 8115 when a
 /// decimal has more digits than can be kept.
 Cell storedAs(const Value& value, const SqlType& type);

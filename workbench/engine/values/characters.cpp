@@ -10,18 +10,13 @@ constexpr char32_t broken = 0xFFFD;
 void append(std::string& utf8, char32_t c) {
   if (c < 0x80) {
     utf8 += static_cast<char>(c);
-  } else if (c < 0x800) {
-    utf8 += static_cast<char>(0xC0 | c >> 6);
-    utf8 += static_cast<char>(0x80 | (c & 0x3F));
-  } else if (c < 0x10000) {
-    utf8 += static_cast<char>(0xE0 | c >> 12);
-    utf8 += static_cast<char>(0x80 | (c >> 6 & 0x3F));
-    utf8 += static_cast<char>(0x80 | (c & 0x3F));
-  } else {
-    utf8 += static_cast<char>(0xF0 | c >> 18);
-    utf8 += static_cast<char>(0x80 | (c >> 12 & 0x3F));
-    utf8 += static_cast<char>(0x80 | (c >> 6 & 0x3F));
-    utf8 += static_cast<char>(0x80 | (c & 0x3F));
+    return;
+  }
+  const int following = c < 0x800 ? 1 : c < 0x10000 ? 2 : 3;
+  const char32_t lead = 0xFF80U >> following & 0xFF;  // begins with a bit for every byte
+  utf8 += static_cast<char>(lead | c >> (6 * following));
+  for (int i = following - 1; i >= 0; --i) {
+    utf8 += static_cast<char>(0x80 | (c >> (6 * i) & 0x3F));
   }
 }
 

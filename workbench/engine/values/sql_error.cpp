@@ -1,36 +1,34 @@
 #include "workbench/engine/values/sql_error.h"
 
 #include <algorithm>
-#include <array>
+#include <span>
 
 namespace kebu::engine {
 namespace {
 
 struct Severity {
-  std::int32_t number;
   int severity;
+  std::span<const std::int32_t> numbers;
 };
 
+constexpr std::int32_t wrongBatch[] = {102, 104, 105, 108, 109, 110, 113,  120,  121,
+                                       125, 130, 134, 137, 144, 145, 147,  156,  157,
+                                       164, 174, 178, 191, 195, 264, 1007, 1033, 4145};
+constexpr std::int32_t duplicateKey[] = {2601, 2627};
+constexpr std::int32_t outOfSpace[] = {701, 1101};
+constexpr std::int32_t damagedFile[] = {823, 824};
+
 constexpr int usual = 16;
-constexpr std::array others{
-    Severity{102, 15},  Severity{104, 15},  Severity{105, 15},  Severity{108, 15},
-    Severity{109, 15},  Severity{110, 15},  Severity{113, 15},  Severity{120, 15},
-    Severity{121, 15},  Severity{125, 15},  Severity{130, 15},  Severity{134, 15},
-    Severity{137, 15},  Severity{144, 15},  Severity{145, 15},  Severity{147, 15},
-    Severity{156, 15},  Severity{157, 15},  Severity{164, 15},  Severity{174, 15},
-    Severity{178, 15},  Severity{191, 15},  Severity{195, 15},  Severity{264, 15},
-    Severity{1007, 15}, Severity{1033, 15}, Severity{4145, 15}, Severity{701, 17},
-    Severity{823, 24},  Severity{824, 24},  Severity{1101, 17}, Severity{2601, 14},
-    Severity{2627, 14},
-};
+constexpr Severity others[] = {
+    {14, duplicateKey}, {15, wrongBatch}, {17, outOfSpace}, {24, damagedFile}};
 
 }  // namespace
 
 int SqlError::severity() const {
-  const auto* const found = std::find_if(others.begin(), others.end(), [&](const Severity& one) {
-    return one.number == nativeError_;
-  });
-  return found == others.end() ? usual : found->severity;
+  for (const auto& [severity, numbers] : others) {
+    if (std::ranges::find(numbers, nativeError()) != numbers.end()) return severity;
+  }
+  return usual;
 }
 
 void SqlError::setPlace(int line, const std::string& procedure) {

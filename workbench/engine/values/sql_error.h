@@ -8,20 +8,35 @@
 
 namespace kebu::engine {
 
-/// An error of the database, with SQL Server's number in nativeError(). number() is the
-/// HRESULT that ADO reports for any error of a provider.
-class SqlError : public RuntimeError {
+/// An error of the provider, with its own number and the state of the SQL standard. number() is the
+/// HRESULT that ADO reports.
+class ProviderError : public RuntimeError {
  public:
-  static constexpr std::int32_t providerNumber = -2147217900;
   static constexpr const char* providerName = "KEBU Engine";
 
-  SqlError(std::int32_t nativeError, std::string text, std::string sqlState = "42000")
-      : RuntimeError(providerNumber, std::move(text), providerName),
+  ProviderError(std::int32_t number, std::int32_t nativeError, std::string text,
+                std::string sqlState)
+      : RuntimeError(number, std::move(text), providerName),
         nativeError_(nativeError),
         sqlState_(std::move(sqlState)) {}
 
   std::int32_t nativeError() const { return nativeError_; }
   const std::string& sqlState() const { return sqlState_; }
+
+ private:
+  std::int32_t nativeError_;
+  std::string sqlState_;
+};
+
+/// An error of the database, with SQL Server's number in nativeError(). ADO reports all of them by
+/// one HRESULT.
+class SqlError : public ProviderError {
+ public:
+  static constexpr std::int32_t providerNumber = -2147217900;
+
+  SqlError(std::int32_t nativeError, std::string text, std::string sqlState = "42000")
+      : ProviderError(providerNumber, nativeError, std::move(text), std::move(sqlState)) {}
+
   /// SQL Server's severity: 15 for a batch that is wrong by itself, mostly 16 otherwise.
   int severity() const;
   /// Whether it ends its batch although others of its number do not, as THROW does.
@@ -35,8 +50,6 @@ class SqlError : public RuntimeError {
   void setPlace(int line, const std::string& procedure);
 
  private:
-  std::int32_t nativeError_;
-  std::string sqlState_;
   bool endsBatch_ = false;
   int line_ = 0;
   std::string procedure_;

@@ -12,24 +12,32 @@ namespace {
 
 struct KindInfo {
   const char* name;
-  int digits;  ///< of integers
+  int digits = 0;  ///< of an integer, as its bounds
+  std::int64_t least = std::numeric_limits<std::int64_t>::min();
+  std::int64_t greatest = std::numeric_limits<std::int64_t>::max();
 };
 
+template <class Integer>
+constexpr KindInfo integer(const char* name) {
+  using Limits = std::numeric_limits<Integer>;
+  return {name, Limits::digits10 + 1, Limits::min(), Limits::max()};
+}
+
 constexpr std::array<KindInfo, 14> kinds{{
-    {"int", 0},  // NULL alone
-    {"char", 0},
-    {"varchar", 0},
-    {"nchar", 0},
-    {"nvarchar", 0},
-    {"uniqueidentifier", 0},
-    {"bit", 1},
-    {"tinyint", 3},
-    {"smallint", 5},
-    {"int", 10},
-    {"bigint", 19},
-    {"decimal", 0},
-    {"date", 0},
-    {"datetime", 0},
+    {"int"},  // NULL alone
+    {"char"},
+    {"varchar"},
+    {"nchar"},
+    {"nvarchar"},
+    {"uniqueidentifier"},
+    integer<bool>("bit"),
+    integer<std::uint8_t>("tinyint"),
+    integer<std::int16_t>("smallint"),
+    integer<std::int32_t>("int"),
+    integer<std::int64_t>("bigint"),
+    {"decimal"},
+    {"date"},
+    {"datetime"},
 }};
 
 const KindInfo& infoOf(TypeKind kind) {
@@ -99,32 +107,11 @@ SqlType unify(const SqlType& a, const SqlType& b) {
 }
 
 std::int64_t leastOf(TypeKind kind) {
-  switch (kind) {
-    case TypeKind::Bit:
-    case TypeKind::TinyInt:
-      return 0;
-    case TypeKind::SmallInt:
-      return std::numeric_limits<std::int16_t>::min();
-    case TypeKind::Int:
-      return std::numeric_limits<std::int32_t>::min();
-    default:
-      return std::numeric_limits<std::int64_t>::min();
-  }
+  return infoOf(kind).least;
 }
 
 std::int64_t greatestOf(TypeKind kind) {
-  switch (kind) {
-    case TypeKind::Bit:
-      return 1;
-    case TypeKind::TinyInt:
-      return std::numeric_limits<std::uint8_t>::max();
-    case TypeKind::SmallInt:
-      return std::numeric_limits<std::int16_t>::max();
-    case TypeKind::Int:
-      return std::numeric_limits<std::int32_t>::max();
-    default:
-      return std::numeric_limits<std::int64_t>::max();
-  }
+  return infoOf(kind).greatest;
 }
 
 SqlType arithmeticType(ArithmeticOperator op, const SqlType& a, const SqlType& b) {

@@ -129,26 +129,19 @@ void NavigatorBarView::askChanges() {
   if (site().commit()) guarded([&] { model_.askChanges(); });
 }
 
-void NavigatorBarView::drawChangesButton(const DRAWITEMSTRUCT& item) const {
-  DRAWITEMSTRUCT shown = item;
-  if (site().isBusy()) shown.itemState |= ODS_DISABLED;
-  drawPushButton(shown, theme(), {.behind = theme().colours().window, .pointsDown = true});
-}
-
 void NavigatorBarView::drawItem(const DRAWITEMSTRUCT& item) {
-  if (changesButton_ && item.hwndItem == changesButton_.get()) {
-    drawChangesButton(item);
-    return;
-  }
-  const auto index = indexOf(item.hwndItem);
-  if (!index) return;
-  const auto& button = model_.buttons()[*index];
   DRAWITEMSTRUCT shown = item;
   if (site().isBusy()) shown.itemState |= ODS_DISABLED;
-  drawPushButton(
-      shown, theme(),
-      {windowText(item.hwndItem), toWide(std::string(controls::functionKeyOf(button.key))),
-       button.key == "Conferma", theme().colours().window, site().hovered() == item.hwndItem});
+  const COLORREF behind = theme().colours().window;
+  if (changesButton_ && item.hwndItem == changesButton_.get()) {
+    drawPushButton(shown, theme(), {.behind = behind, .pointsDown = true});
+  } else if (const auto index = indexOf(item.hwndItem)) {
+    const auto& button = model_.buttons()[*index];
+    drawPushButton(
+        shown, theme(),
+        {windowText(item.hwndItem), toWide(std::string(controls::functionKeyOf(button.key))),
+         button.key == "Conferma", behind, site().hovered() == item.hwndItem});
+  }
 }
 
 std::function<void()> NavigatorBarView::actionFor(const Key& key) {

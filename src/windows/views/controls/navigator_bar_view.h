@@ -41,7 +41,6 @@ class NavigatorBarView : public View, private Window {
   std::optional<std::size_t> indexOf(HWND window) const;
   /// Shows what "Conferma" would change.
   void askChanges();
-  void drawChangesButton(const DRAWITEMSTRUCT& item) const;
 
   controls::NavigatorBar& model_;
   std::vector<std::size_t> mnemonics_;
