@@ -197,6 +197,12 @@ TEST_F(QueryGridTest, RequeriedRowsAreShown) {
   EXPECT_EQ(grid.cellText(2, 3), "1");
   grid.tickCell(2, "SCELTO");
   EXPECT_EQ(first("SELECT SUM(SCELTO) FROM T"), "2");
+  // The recordset cannot be read while its statement runs.
+  std::int32_t shownMeanwhile = -1;
+  faults.whileRunning = [&] { shownMeanwhile = grid.rowCount(); };
+  grid.requery();
+  EXPECT_EQ(shownMeanwhile, 0);
+  EXPECT_EQ(grid.rowCount(), 3);
 }
 
 }  // namespace

@@ -211,6 +211,17 @@ TEST_F(GridToolsTest, FindsTheNextRowInTheOrderThatIsShown) {
   EXPECT_EQ(rows.current, 5);
 }
 
+TEST_F(GridToolsTest, FindsWhatCellsHoldAfterAnEdit) {
+  fillSample();
+  tools.find("ute", std::nullopt);
+  rows.rows[2][0] = "ute 3";
+  tools.cellsChanged();
+  EXPECT_EQ(tools.status(), "6 righe") << "how many there are now is not known";
+  tools.findNext();
+  EXPECT_EQ(rows.current, 3);
+  EXPECT_EQ(tools.status(), "6 righe, trovate: 3");
+}
+
 TEST_F(GridToolsTest, GoesToAnEarlyHitBeforeAllRowsAreRead) {
   fillMany(50000);
   tools.find("riga 49000", 0);
