@@ -54,6 +54,18 @@ TEST_F(QueryGridTest, DescriptionsAreMadeWhenRowsChangeNotWhenTheyAreDrawn) {
   EXPECT_EQ(made, 3);
 }
 
+TEST_F(QueryGridTest, DescribesInTheFirstColumnAndNeedsNoCaptionInTheLast) {
+  run("CREATE TABLE T (ID int NOT NULL PRIMARY KEY) INSERT INTO T (ID) VALUES (7)");
+  grid.DataFormatEXT.on(
+      [](std::int32_t, const std::string& field, std::string& text) { text = field; });
+  const auto asIs = [](const std::string& text) { return text; };
+  grid.addColumn({"ID_DEC", "Descrizione", 1000, ColumnKind::Description}, asIs);
+  grid.addColumn({"ID", "", 1000}, asIs);
+  grid.setDataSource(open("SELECT * FROM T"));
+  EXPECT_EQ(grid.cellText(1, 0), "ID_DEC");
+  EXPECT_EQ(grid.captionOf("ID"), "");
+}
+
 TEST_F(QueryGridTest, SortsByWhatIsShownWhileRowsKeepTheirNumbers) {
   fill(300);
   run("UPDATE T SET SCELTO = 1 WHERE ID = 4");

@@ -247,6 +247,16 @@ TEST_F(GridToolsTest, GoesToAnEarlyHitBeforeAllRowsAreRead) {
   EXPECT_EQ(rows.current, 50000);
 }
 
+TEST_F(GridToolsTest, ASortEndsTheSearchBefore) {
+  fillMany(50000);
+  tools.find("riga 49999", 0);
+  EXPECT_TRUE(tools.isBusy());
+  tools.sortBy(1);
+  tools.finish();
+  EXPECT_EQ(tools.status(), "50.000 righe");
+  EXPECT_EQ(rows.current, 1);
+}
+
 TEST_F(GridToolsTest, CopiesPlacesWithHeadsAsASpreadsheetTakesThem) {
   fillSample();
   tools.sortBy(0);
