@@ -176,8 +176,11 @@ TEST_F(QueryGridTest, CellsShowAndTakeTheListThatTheyBorrow) {
   grid.addColumn({"LISTA", "", 0, ColumnKind::ValueList, colours},
                  [](const std::string& text) { return text; });
   grid.GetCellRenderColumn.on([&](std::int32_t row, const std::string& field, std::string& lender) {
+    EXPECT_GE(row, 1);
+    EXPECT_TRUE(field == "MISURA" || field == "LISTA") << field << " has no list";
     if (field == "MISURA" && row == 2) lender = "LISTA";
   });
+  EXPECT_EQ(grid.cellText(2, 0), "2");
   EXPECT_EQ(grid.cellText(1, 1), "Grande");
   EXPECT_EQ(grid.cellText(2, 1), "Rosso");
   EXPECT_EQ(grid.cellText(2, 5), "");
