@@ -2,12 +2,15 @@
 // none notices, a survivor, shows code that is not tested, or that makes no difference.
 //
 //   tools/mutate [--count N] [--seed N] [--list]     N changes (20), drawn by the seed; or only their list
+//   tools/mutate --only PATH:LINE [--only ...]       all changes of a line
 //
-// It works on a copy of the committed sources in build/mutants. Tests are built and run in groups, those that
-// notice most first; the first failure ends a change. The score goes into bench/README.md.
+// Every possible change is drawn with the same probability, so that the score holds for all of them. It works
+// on a copy of the committed sources in build/mutants. Tests are built and run in groups, those that notice
+// most first, and in the end everything that ./test runs natively; the first failure ends a change. The score
+// goes into bench/README.md.
 
 import { spawnSync } from 'node:child_process';
-import { existsSync, mkdirSync, readFileSync, writeFileSync } from 'node:fs';
+import { mkdirSync, readFileSync, writeFileSync } from 'node:fs';
 import { dirname, join } from 'node:path';
 import { fileURLToPath } from 'node:url';
 import { parseArgs } from 'node:util';
@@ -34,20 +37,22 @@ const changes = [
   ['call', /^( {2,}[a-zA-Z_][\w.]*(?:->\w+)?\([^;{}]*\);)$/g, () => ';'],
 ];
 
+const slowest = 300; // seconds; a change that lets a test run for ever is noticed, too
+
 /** Groups of tests by how much they notice for their time: what is built, and what is run. */
-const ctest = (names) => ['ctest', '--test-dir', build, '--stop-on-failure', '-j2', '-R', names];
+const ctest = (...options) => ['ctest', '--test-dir', build, '--stop-on-failure', '-j2', ...options];
 const programs = (names) => names.map((name) => [join(build, 'tests', name), '--gtest_brief', '--gtest_fail_fast']);
 const groups = [
-  { targets: ['workbench'], run: [ctest('^scenario\\.')] },
+  { targets: ['workbench'], run: [ctest('-R', '^scenario\\.')] },
   {
     targets: ['controls_tests', 'statement_tests', 'forms_tests', 'plugin_tests', 'discount_tests'],
     run: programs(['controls/controls_tests', 'sql/statement_tests', 'forms/forms_tests', 'plugin/plugin_tests',
       'discounts/discount_tests']),
   },
-  { targets: ['value_tests', 'kebu_walk'], run: [...programs(['values/value_tests']), ctest('^walk$')] },
-  { targets: ['kebu_fault_tests'], run: programs(['faults/kebu_fault_tests']) },
+  { targets: ['value_tests', 'kebu_walk'], run: [...programs(['values/value_tests']), ctest('-R', '^walk$')] },
+  { targets: ['kebu_fault_tests'], run: [ctest('-R', 'FaultWalk')] },
+  { targets: ['all'], run: [ctest('-E', '^scenario\\.|^walk$|FaultWalk')] },
 ];
-const slowest = 300_000; // milliseconds; a change that lets a test run for ever is noticed, too
 
 /** The same numbers for the same seed. */
 function randomFrom(seed) {
@@ -60,9 +65,12 @@ function randomFrom(seed) {
   };
 }
 
-function run(command, args, options = {}) {
-  return spawnSync(command, args, { encoding: 'utf8', maxBuffer: 1 << 28, timeout: slowest, ...options });
-}
+const run = (command, args, options = {}) =>
+  spawnSync(command, args, { encoding: 'utf8', maxBuffer: 1 << 28, ...options });
+
+/** A test. What it started ends with it when it takes too long. */
+const runTest = (command) => run('timeout', ['--kill-after=5', String(slowest), ...command], { cwd: build });
+const timedOut = [124, 137]; // exit codes of timeout
 
 function must(command, args, options) {
   const result = run(command, args, options);
@@ -102,19 +110,11 @@ function sources() {
   return listed.split('\n').filter((path) => path.endsWith('.cpp'));
 }
 
+/** Writes only files that differ, so that the next run builds little; files that are gone are removed. */
 function copySources() {
   mkdirSync(copy, { recursive: true });
-  // Only files that differ are written, so that the next run builds little.
-  const commit = must('git', ['-C', root, 'rev-parse', 'HEAD']).trim();
-  for (const path of must('git', ['-C', root, 'ls-files']).split('\n').filter(Boolean)) {
-    const blob = spawnSync('git', ['-C', root, 'show', `${commit}:${path}`], { maxBuffer: 1 << 28 });
-    if (blob.status !== 0) continue;
-    const target = join(copy, path);
-    if (existsSync(target) && readFileSync(target).equals(blob.stdout)) continue;
-    mkdirSync(dirname(target), { recursive: true });
-    const mode = path.startsWith('tools/') || !path.includes('.') ? 0o755 : 0o644;
-    writeFileSync(target, blob.stdout, { mode });
-  }
+  const env = { ...process.env, GIT_INDEX_FILE: join(root, 'build/mutants/index') };
+  must('git', ['-C', root, '--work-tree', copy, 'read-tree', '--reset', '-u', 'HEAD'], { env });
 }
 
 const make = (targets) => run('cmake', ['--build', build, '--parallel', '2', '--target', ...targets]);
@@ -123,15 +123,34 @@ const make = (targets) => run('cmake', ['--build', build, '--parallel', '2', '--
 function verdictOf() {
   for (const group of groups) {
     if (make(group.targets).status !== 0) return 'does not compile';
-    for (const [command, ...args] of group.run) {
-      const result = run(command, args, { cwd: build });
-      if (result.error?.code === 'ETIMEDOUT') return 'time-out';
+    for (const command of group.run) {
+      const result = runTest(command);
       if (result.status === 0) continue;
+      if (timedOut.includes(result.status)) return 'caught by the time it takes';
       const failed = /\[  FAILED  \] (\S+)|\d+ - (\S+) \(/.exec(result.stdout);
-      return `caught by ${failed ? failed[1] ?? failed[2] : command.split('/').pop()}`;
+      return `caught by ${failed ? failed[1] ?? failed[2] : command[0].split('/').pop()}`;
     }
   }
   return 'survived';
+}
+
+function number(option, text) {
+  if (!/^\d+$/.test(text)) throw new Error(`${option} takes a number, not ${text}`);
+  return Number(text);
+}
+
+const drawn = (mutants, random) =>
+  mutants
+    .map((mutant) => ({ mutant, key: random() }))
+    .sort((a, b) => a.key - b.key)
+    .map(({ mutant }) => mutant);
+
+function chosen(mutants, lines) {
+  return lines.flatMap((line) => {
+    const found = mutants.filter((mutant) => `${mutant.path}:${mutant.line}` === line);
+    if (found.length === 0) throw new Error(`nothing can be changed at ${line}`);
+    return found;
+  });
 }
 
 function main() {
@@ -140,22 +159,22 @@ function main() {
       count: { type: 'string', default: '20' },
       seed: { type: 'string', default: '1' },
       list: { type: 'boolean', default: false },
+      only: { type: 'string', multiple: true, default: [] },
     },
   });
-  const random = randomFrom(Number(values.seed));
   const all = sources().flatMap((path) => mutantsOf(path, must('git', ['-C', root, 'show', `HEAD:${path}`])));
-  const drawn = all.map((mutant) => ({ mutant, key: random() })).sort((a, b) => a.key - b.key);
-  const queue = drawn.map(({ mutant }) => mutant);
-  const wanted = Number(values.count);
+  const queue = values.only.length > 0 ? chosen(all, values.only) : drawn(all, randomFrom(number('--seed', values.seed)));
+  const wanted = values.only.length > 0 ? queue.length : number('--count', values.count);
   if (values.list) {
     for (const m of queue.slice(0, wanted)) console.log(`${m.path}:${m.line}: ${m.before}\n    ${m.after}`);
     console.log(`${all.length} changes are possible`);
     return;
   }
   copySources();
-  must('cmake', ['-S', copy, '-B', build, '-G', 'Ninja', '-DCMAKE_BUILD_TYPE=Debug', '-DCMAKE_CXX_FLAGS_DEBUG=-O0']);
+  must('cmake', ['-S', copy, '-B', build, '-G', 'Ninja', '-DCMAKE_BUILD_TYPE=Debug', '-DCMAKE_CXX_FLAGS_DEBUG=-O0',
+    '-DKEBU_BENCH=OFF']);
   for (const group of groups) {
-    const made = run('cmake', ['--build', build, '--parallel', '2', '--target', ...group.targets], { timeout: 0 });
+    const made = make(group.targets);
     if (made.status !== 0) throw new Error(`the unchanged sources cannot be built:\n${made.stdout.slice(-2000)}`);
   }
   const unchanged = verdictOf();
@@ -183,7 +202,7 @@ function main() {
     if (verdict === 'survived') survivors.push(mutant);
     else caught += 1;
   }
-  console.log(`${caught} of ${caught + survivors.length} caught, seed ${values.seed}`);
+  console.log(`${caught} of ${caught + survivors.length} caught`);
   for (const mutant of survivors) console.log(`survived: ${mutant.path}:${mutant.line}: ${mutant.before} -> ${mutant.after}`);
 }
 

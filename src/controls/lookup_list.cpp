@@ -65,8 +65,7 @@ std::int32_t LookupList::rowAt(std::int32_t place) const {
 }
 
 std::int32_t LookupList::currentPlace() const {
-  const std::int32_t row = shownRows_.currentRow();
-  return row == 0 ? 0 : tools_.placeOf(row);
+  return tools_.placeOf(shownRows_.currentRow());
 }
 
 std::vector<Value> LookupList::ShownRows::cells(std::size_t column, std::int32_t first,

@@ -64,7 +64,7 @@ void QueryGrid::setDataSource(const Ref<ado::Recordset>& rows) {
   tools_.rowsChanged();
   cache_.setScattered(tools_.isReordered());
   changed.raise();
-  if (rowCount() > 0) RowChanged.raise();
+  RowChanged.raise();
 }
 
 void QueryGrid::tell(const std::string& text) {

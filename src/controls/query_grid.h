@@ -167,6 +167,7 @@ class QueryGrid : public OfKind<ControlKind::QueryGrid>, private GridRows {
   /// Chooses an entry of the row's context menu, by its caption without the key.
   void choose(std::int32_t row, std::string_view entry);
 
+  /// Another row is the current one, or none.
   Event<> RowChanged;
   /// Editing of a cell of the current row begins; the flag refuses it.
   Event<const std::string&, bool&> OnEditing;

@@ -138,38 +138,36 @@ void RecordFrame::refreshControls() {
   for (RecordFrame* child : children_) child->refreshControls();
 }
 
-bool RecordFrame::New() {
-  if (!rights_.canInsert) return false;
-  return trap(host_, Name(), [&](Steps& step) {
+void RecordFrame::New() {
+  if (!rights_.canInsert) return;
+  trap(host_, Name(), [&](Steps& step) {
     step([&] { rows_->AddNew(); });
     setStatus(FrameStatus::New);
     refreshControls();
-    return true;
   });
 }
 
-bool RecordFrame::Update() {
-  if (!hasRecord()) return false;
+void RecordFrame::Update() {
+  if (!hasRecord()) return;
   if (!maySave()) {
     host_.message(mayChange() ? "Prima di salvare ricaricare i dati che non sono stati letti."
                               : "Manca il diritto di salvare il record.",
                   msgbox::exclamation);
-    return false;
+    return;
   }
-  if (!approveUpdate()) return false;
+  if (!approveUpdate()) return;
 
   const FrameStatus before = status_;
   setStatus(FrameStatus::Saving);
   if (!write()) {
     // The record itself may be stored by now even if its children are not.
     setStatus(isRecordChanged() ? before : FrameStatus::Editing);
-    return false;
+    return;
   }
   AfterUpdate.raise();
   // A statement that the user chose to skip leaves its change pending.
   setStatus(isRecordChanged() ? before : FrameStatus::Browsing);
   refreshControls();
-  return status_ == FrameStatus::Browsing;
 }
 
 bool RecordFrame::isComplete() {
@@ -245,20 +243,19 @@ void RecordFrame::discardChanges() {
   ignoringErrors([&] { discardEdits(); });
 }
 
-bool RecordFrame::Undo() {
+void RecordFrame::Undo() {
   const bool undone = trap(host_, Name(), [&](Steps& step) {
     step([&] { discardEdits(); });
     return true;
   });
-  if (!undone) return false;
+  if (!undone) return;
   setStatus(FrameStatus::Browsing);
   refreshControls();
   AfterUndo.raise();
-  return true;
 }
 
-bool RecordFrame::Delete() {
-  if (!hasRecord() || !rights_.canDelete) return false;
+void RecordFrame::Delete() {
+  if (!hasRecord() || !rights_.canDelete) return;
   bool cancel = false;
   BeforeDelete.raise(cancel);
   const bool deleted = !cancel && trap(host_, Name(), [&](Steps& step) {
@@ -271,12 +268,11 @@ bool RecordFrame::Delete() {
   });
   if (!deleted) {
     DeleteBrokenOff.raise();
-    return false;
+    return;
   }
   AfterDelete.raise();
   setStatus(FrameStatus::Browsing);
   refreshControls();
-  return true;
 }
 
 void RecordFrame::discardEdits() {

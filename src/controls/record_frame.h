@@ -110,12 +110,11 @@ class RecordFrame : public OfKind<ControlKind::RecordFrame> {
   /// Tells the user that somebody else changed or deleted the record meanwhile.
   void tellConflict();
 
-  /// The user's actions. False when a right or a value is missing, a handler refused, or
-  /// the procedure was left after an error.
-  bool New();
-  bool Update();
-  bool Delete();
-  bool Undo();
+  /// The user's actions. Nothing is done when a right or a value is missing or a handler refuses.
+  void New();
+  void Update();
+  void Delete();
+  void Undo();
   /// Asks whether to save pending changes (with Cancel when `cancellable`), and
   /// saves or discards them.
   void ConcludiModifiche(bool cancellable);

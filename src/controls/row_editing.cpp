@@ -13,11 +13,10 @@ Decimal decimalFor(const ado::Field& field, const Value& value) {
   const Decimal rounded = toDecimal(value).roundedAway(field.numericScale);
   const Decimal whole = rounded.truncated(0);
   const std::string digits = whole.toString();
-  const std::size_t count = digits.size() - (digits.starts_with('-') ? 1 : 0);
-  const std::size_t most = field.precision > field.numericScale
-                               ? static_cast<std::size_t>(field.precision - field.numericScale)
-                               : 0;
-  if (!whole.isZero() && count > most) throw RuntimeError::overflow();
+  const int count = static_cast<int>(digits.size()) - (digits.starts_with('-') ? 1 : 0);
+  if (!whole.isZero() && count > field.precision - field.numericScale) {
+    throw RuntimeError::overflow();
+  }
   return rounded;
 }
 

@@ -38,6 +38,11 @@ TEST(FixedRows, MovesAndReadsAsARecordsetDoes) {
   EXPECT_EQ(clone->GetRows(2, "ONE").back().front(), Value("b"));
   EXPECT_EQ(clone->value("ONE"), Value("c"));
 
+  rows->setFilter("");
+  EXPECT_EQ(rows->AbsolutePosition(), 1) << "a filter that is set leads to the first row";
+  EXPECT_EQ(rows->GetRows(-1).size(), 3U);
+  EXPECT_EQ(errorOf([&] { rows->setFilter("ONE = 'a'"); }), 3251);
+
   EXPECT_EQ(errorOf([&] { rows->GetRows(1); }), 3021);
   EXPECT_EQ(errorOf([&] { rows->MoveNext(); }), 3021);
   EXPECT_EQ(errorOf([&] { rows->setAbsolutePosition(4); }), 3021);

@@ -102,14 +102,20 @@ TEST_F(QueryEditorTest, ItemsAndTheWholeTextSayTheSame) {
 }
 
 TEST_F(QueryEditorTest, BoxesFollowTheOperator) {
+  const auto descriptionsShown = [&] {
+    return std::pair(row(0).firstDescription.isVisible(), row(0).secondDescription.isVisible());
+  };
   EXPECT_TRUE(row(0).first.isVisible());
   EXPECT_FALSE(row(0).second.isVisible());
+  EXPECT_EQ(descriptionsShown(), std::pair(true, false));
   row(0).op.choose("between");
+  EXPECT_EQ(descriptionsShown(), std::pair(true, true));
   row(0).first.type("A");
   row(0).second.type("B");
   EXPECT_EQ(editor.condition("FAM"), (QueryCondition{Op::Range, {"A", "B"}}));
   row(0).op.choose("in");
   EXPECT_FALSE(row(0).second.isVisible());
+  EXPECT_EQ(descriptionsShown(), std::pair(false, false)) << "several codes have no description";
   EXPECT_EQ(editor.condition("FAM"), (QueryCondition{Op::OneOf, {"A"}}));
   row(0).first.type("A; B;C");
   EXPECT_EQ(editor.condition("FAM"), (QueryCondition{Op::OneOf, {"A", "B", "C"}}));

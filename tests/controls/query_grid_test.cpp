@@ -54,6 +54,18 @@ TEST_F(QueryGridTest, DescriptionsAreMadeWhenRowsChangeNotWhenTheyAreDrawn) {
   EXPECT_EQ(made, 3);
 }
 
+TEST_F(QueryGridTest, DescribesInTheFirstColumnAndNeedsNoCaptionInTheLast) {
+  run("CREATE TABLE T (ID int NOT NULL PRIMARY KEY) INSERT INTO T (ID) VALUES (7)");
+  grid.DataFormatEXT.on(
+      [](std::int32_t, const std::string& field, std::string& text) { text = field; });
+  const auto asIs = [](const std::string& text) { return text; };
+  grid.addColumn({"ID_DEC", "Descrizione", 1000, ColumnKind::Description}, asIs);
+  grid.addColumn({"ID", "", 1000}, asIs);
+  grid.setDataSource(open("SELECT * FROM T"));
+  EXPECT_EQ(grid.cellText(1, 0), "ID_DEC");
+  EXPECT_EQ(grid.captionOf("ID"), "");
+}
+
 TEST_F(QueryGridTest, SortsByWhatIsShownWhileRowsKeepTheirNumbers) {
   fill(300);
   run("UPDATE T SET SCELTO = 1 WHERE ID = 4");
@@ -164,8 +176,11 @@ TEST_F(QueryGridTest, CellsShowAndTakeTheListThatTheyBorrow) {
   grid.addColumn({"LISTA", "", 0, ColumnKind::ValueList, colours},
                  [](const std::string& text) { return text; });
   grid.GetCellRenderColumn.on([&](std::int32_t row, const std::string& field, std::string& lender) {
+    EXPECT_GE(row, 1);
+    EXPECT_TRUE(field == "MISURA" || field == "LISTA") << field << " has no list";
     if (field == "MISURA" && row == 2) lender = "LISTA";
   });
+  EXPECT_EQ(grid.cellText(2, 0), "2");
   EXPECT_EQ(grid.cellText(1, 1), "Grande");
   EXPECT_EQ(grid.cellText(2, 1), "Rosso");
   EXPECT_EQ(grid.cellText(2, 5), "");
@@ -197,6 +212,12 @@ TEST_F(QueryGridTest, RequeriedRowsAreShown) {
   EXPECT_EQ(grid.cellText(2, 3), "1");
   grid.tickCell(2, "SCELTO");
   EXPECT_EQ(first("SELECT SUM(SCELTO) FROM T"), "2");
+  // The recordset cannot be read while its statement runs.
+  std::int32_t shownMeanwhile = -1;
+  faults.whileRunning = [&] { shownMeanwhile = grid.rowCount(); };
+  grid.requery();
+  EXPECT_EQ(shownMeanwhile, 0);
+  EXPECT_EQ(grid.rowCount(), 3);
 }
 
 }  // namespace

@@ -37,9 +37,13 @@ TEST(QueryList, IsTypedWithSemicolonsAndQuotes) {
 
 TEST(SavedFilter, ComesBackAsItWasWritten) {
   const std::vector<SavedCondition> conditions{
-      {"A", {Op::Equal, {"x\ty\n\\n"}}},      {"B", {Op::Range, {"", "2"}}},
-      {"C", {Op::Range, {"1", ""}}},          {"D", {Op::NotEmpty, {}}},
-      {"E", {Op::OneOf, {"a", "b;c", "\r"}}}, {"F", {Op::Equal, {""}}},
+      {"A", {Op::Equal, {"x\ty\n\\n"}}},
+      {"B", {Op::Range, {"", "2"}}},
+      {"C", {Op::Range, {"1", ""}}},
+      {"D", {Op::NotEmpty, {}}},
+      {"E", {Op::OneOf, {"a", "b;c", "\r"}}},
+      {"F", {Op::Equal, {""}}},
+      {"G", {Op::Equal, {"\\"}}},
   };
   EXPECT_EQ(readFilter(writeFilter(conditions)), conditions);
   EXPECT_FALSE(writeFilter({}).empty()) << "an empty text tells that nothing is saved";

@@ -47,6 +47,21 @@ TEST(Sheet, IsWrittenInColumnsWithBars) {
   EXPECT_EQ(sheet.fileText(), "\xEF\xBB\xBF" + sheet.text());
 }
 
+TEST(Sheet, LongLabelsAndValuesPushWhatFollowsToTheRight) {
+  const std::string label(61, 'l');
+  const std::string value(31, 'v');
+  Sheet sheet("SHEET");
+  sheet.setLines({{Role::Entry, label, "1"},
+                  {Role::Entry, "a", "2", Share{1, 1}},
+                  {Role::Entry, "b", value, Share{0, 1}}});
+  const std::string text = sheet.text();
+  EXPECT_NE(text.find(label + "  1\r\n"), std::string::npos) << text;
+  EXPECT_NE(text.find("\r\na" + std::string(61, ' ') + "2" + std::string(31, ' ') + "[#"),
+            std::string::npos)
+      << text;
+  EXPECT_NE(text.find(value + "  [."), std::string::npos) << text;
+}
+
 TEST(Sheet, ALineIsReadWithItsPercentageInPlaceOfTheBar) {
   EXPECT_EQ(readingOf({Role::Entry, "Pubblicati", "225 di 260", Share{225, 260}}),
             "Pubblicati: 225 di 260 (87 %)");

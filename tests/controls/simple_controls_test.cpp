@@ -76,6 +76,7 @@ TEST(ProgressBar, LooksDifferentAtWholePercents) {
   ProgressBar bar("BAR");
   bar.start();
   EXPECT_EQ(bar.percent(), std::nullopt);
+  EXPECT_EQ(bar.detail(), "");
   EXPECT_FALSE(bar.setPosition(1));
   bar.setMaximum(1000);
   int drawn = 0;
@@ -83,6 +84,9 @@ TEST(ProgressBar, LooksDifferentAtWholePercents) {
   for (std::int32_t done = 1; done <= 1000; ++done) bar.setPosition(done);
   EXPECT_EQ(drawn, 100);
   EXPECT_EQ(bar.percent(), 100);
+  EXPECT_EQ(bar.detail(), "1.000 di 1.000");
+  bar.stop();
+  EXPECT_EQ(bar.detail(), "");
   bar.start();
   EXPECT_EQ(bar.percent(), std::nullopt);
 }

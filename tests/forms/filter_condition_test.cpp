@@ -5,6 +5,7 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <map>
 
 #include "common/convert.h"
 #include "tests/forms/filter_oracle.h"
@@ -298,6 +299,42 @@ TEST_F(FilterConditionTest, CustomersAreThoseThatTheFilterSays) {
   }
   EXPECT_GT(selecting, 80);
   EXPECT_EQ(workplace.user().boxes, std::vector<ShownMessage>());
+}
+
+TEST_F(FilterConditionTest, BoxesTakeWhatTheirColumnsHold) {
+  struct Filter {
+    const char* editor;
+    std::int32_t page;
+    const char* rows;
+  };
+  const Filter filters[] = {
+      {"ENHQUERY_CLI", 10, "SELECT * FROM VGM16_KBWSUSERS_KELMORIA"},
+      {"ENHQUERY_ART", 11,
+       "SELECT * FROM MG66_ANAGRART INNER JOIN MG87_ARTDESC ON MG87_CODART_MG66 = MG66_CODART"},
+  };
+  // Digits of a number. A longer name is looked for by its beginning.
+  const std::map<std::string_view, std::size_t> others{
+      {"CG44_CLIFOR", 6}, {"Azienda", 40}, {"MG66_INDSTATO_MG6W", 2}};
+  const auto connection = workplace.newConnection();
+  connection->Open();
+  for (const Filter& filter : filters) {
+    const auto rows = connection->Execute(filter.rows);
+    const QueryEditor& editor = workplace.editor(filter.editor);
+    workplace.hands().openPage(filter.page);
+    for (std::size_t row = 1; row <= editor.fieldCount(); ++row) {
+      const std::string_view name = editor.row(row - 1).field.dataField;
+      SCOPED_TRACE(name);
+      const auto other = others.find(name);
+      const auto column = static_cast<std::size_t>(
+          rows->fields()[ado::requireIndex(rows->fields(), name)].definedSize);
+      const std::string longest(other == others.end() ? column : other->second, '1');
+      const std::string box = QueryEditor::valueName(filter.editor, row, RangeEnd::First);
+      workplace.hands().choose(QueryEditor::operatorName(filter.editor, row), "=");
+      EXPECT_THROW(workplace.hands().type(box, longest + '1'), controls::GestureRefused);
+      workplace.hands().type(box, longest);
+      EXPECT_EQ(workplace.hands().value(box), longest);
+    }
+  }
 }
 
 TEST_F(FilterConditionTest, ACustomerCodeOfSevenDigitsIsNotDecoded) {

@@ -113,6 +113,19 @@ TEST_F(SelectionDialogTest, NothingStatedIsAFilterTooAndNothingIsRemembered) {
   }
 }
 
+TEST_F(SelectionDialogTest, TheEditorOfCustomersFollowsTheWindow) {
+  workplace.user().inModalWindow = [&](controls::Form& form) {
+    const auto* const manager =
+        controls::as<controls::ResizeManager>(*form.find("VLT_RESIZEFORM1"));
+    ASSERT_EQ(manager->registrations().size(), 1U);
+    EXPECT_EQ(manager->registrations()[0].control, "ENHQUERY");
+    EXPECT_EQ(manager->registrations()[0].rule, 1 + 2 + 4 + 8);
+    hands().clickButton("CMD_ANNULLA");
+  };
+  VisualizzaFiltroClienti(caller);
+  EXPECT_FALSE(caller.isFilterObtained);
+}
+
 TEST_F(SelectionDialogTest, ARangeTheWrongWayRoundKeepsTheDialogOpen) {
   workplace.user().inModalWindow = [&](controls::Form& form) {
     hands().choose("ENHQUERY(1).OPERATORE", "between");

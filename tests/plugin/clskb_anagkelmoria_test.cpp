@@ -64,11 +64,13 @@ TEST_F(PluginTest, WindowLivesFromShowToClose) {
   plugin->setCaption("Collegamento");
   plugin->setLeft(std::int32_t{0});
   plugin->setTop(std::int32_t{40});
+  plugin->setHwndParent(7);
   EXPECT_TRUE(plugin->ShowForm().isEmpty());
   ASSERT_NE(desktop.front(), nullptr);
   EXPECT_EQ(desktop.front()->caption(), "Collegamento");
   EXPECT_EQ(desktop.front()->left(), 100);
   EXPECT_EQ(desktop.front()->top(), 40);
+  EXPECT_EQ(control<controls::MdiContainer>("MDIActiveX1").parentWindow(), 7);
   EXPECT_FALSE(plugin->Cwindow());
   EXPECT_EQ(plugin->ActiveFrame()->Name(), "FME_ANAGRAFICA");
   // A connection of the window's own, which a second activation keeps.

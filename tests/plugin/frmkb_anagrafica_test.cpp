@@ -155,6 +155,22 @@ TEST_F(WindowTest, HostStatusBarShowsWhatTheWindowsOwnShows) {
   EXPECT_GT(tracedAs("StatusBar"), 0U);
 }
 
+TEST_F(WindowTest, ASaveTellsItsTime) {
+  show();
+  const struct {
+    int hour;
+    int minute;
+    const char* told;
+  } saves[] = {{9, 5, "Salvato 09:05: "}, {10, 10, "Salvato 10:10: "}, {23, 59, "Salvato 23:59: "}};
+  for (const auto& [hour, minute, told] : saves) {
+    platform.clock = *Date::make(2026, 11, 26, hour, minute);
+    control<controls::EditBox>("TXT_GM03_NOTE").type(told);
+    press("Conferma");
+    const std::string& notices = control<controls::NoticeList>("NOTICES").caption();
+    EXPECT_NE(notices.find(told), std::string::npos) << notices;
+  }
+}
+
 TEST_F(WindowTest, ProceduresOfTheDiscountRulesTitleTheirErrors) {
   show();
   openPage(discountRules);

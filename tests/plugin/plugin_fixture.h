@@ -33,7 +33,7 @@ class RecordingPlatform : public Platform {
     boxes.push_back({title, prompt, style});
     return msgbox::ok;
   }
-  Date now() override { return {}; }
+  Date now() override { return clock; }
   bool fitsCodePage(const std::string& /*text*/) override { return true; }
   std::string setting(const std::string& name) override { return settings_[name]; }
   void keepSetting(const std::string& name, const std::string& value) override {
@@ -42,6 +42,7 @@ class RecordingPlatform : public Platform {
 
   bool guidsWork = true;
   bool traceWorks = true;
+  Date clock;
   std::vector<std::string> trace;
   std::vector<ShownMessage> boxes;
 

@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include <functional>
 #include <string>
 #include <vector>
 
@@ -36,12 +37,14 @@ class RecordingHost : public ControlHost {
 class EditFaults : public workbench::StatementObserver {
  public:
   void before(const std::string& text, bool edit) override {
+    if (whileRunning) whileRunning();
     if (edit && !failing.empty() && text.find(failing) != std::string::npos) {
       throw RuntimeError(-2147217900, "made to fail");
     }
   }
   void after(const std::string&, bool, std::int64_t, const RuntimeError*) override {}
   std::string failing;
+  std::function<void()> whileRunning;  ///< what happens during each statement
 };
 
 /// Controls over a small database.

@@ -8,6 +8,7 @@
 #include "controls/navigator_bar.h"
 #include "controls/query_editor.h"
 #include "controls/query_grid.h"
+#include "tests/support/no_desktop.h"
 #include "tests/support/no_host.h"
 #include "windows/views/layout/frame_layout.h"
 
@@ -16,15 +17,6 @@ namespace kebu::windows::layout {
 using namespace controls;
 
 namespace {
-
-class NoDesktop : public Desktop {
- public:
-  void show(Form& /*form*/, const std::function<void()>& setUp) override { setUp(); }
-  void runModal(Form& /*form*/) override {}
-  void hide(Form& /*form*/) override {}
-  void runLookup(LookupList& /*list*/) override {}
-  void repaint() override {}
-};
 
 /// A page with a control of each kind.
 class PageLayoutTest : public testing::Test {

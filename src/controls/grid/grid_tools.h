@@ -43,7 +43,7 @@ class GridTools {
 
   // The order.
 
-  /// The row at a place, and the place of a row; both count from 1.
+  /// The row at a place, and the place of a row. Both count from 1; 0 stands for none.
   std::int32_t rowAt(std::int32_t place) const;
   std::int32_t placeOf(std::int32_t row) const;
   /// Whether rows are shown in another order than they were read in.

@@ -211,6 +211,17 @@ TEST_F(GridToolsTest, FindsTheNextRowInTheOrderThatIsShown) {
   EXPECT_EQ(rows.current, 5);
 }
 
+TEST_F(GridToolsTest, FindsWhatCellsHoldAfterAnEdit) {
+  fillSample();
+  tools.find("ute", std::nullopt);
+  rows.rows[2][0] = "ute 3";
+  tools.cellsChanged();
+  EXPECT_EQ(tools.status(), "6 righe") << "how many there are now is not known";
+  tools.findNext();
+  EXPECT_EQ(rows.current, 3);
+  EXPECT_EQ(tools.status(), "6 righe, trovate: 3");
+}
+
 TEST_F(GridToolsTest, GoesToAnEarlyHitBeforeAllRowsAreRead) {
   fillMany(50000);
   tools.find("riga 49000", 0);
@@ -234,6 +245,16 @@ TEST_F(GridToolsTest, GoesToAnEarlyHitBeforeAllRowsAreRead) {
   tools.findNext();  // begins again
   tools.finish();
   EXPECT_EQ(rows.current, 50000);
+}
+
+TEST_F(GridToolsTest, ASortEndsTheSearchBefore) {
+  fillMany(50000);
+  tools.find("riga 49999", 0);
+  EXPECT_TRUE(tools.isBusy());
+  tools.sortBy(1);
+  tools.finish();
+  EXPECT_EQ(tools.status(), "50.000 righe");
+  EXPECT_EQ(rows.current, 1);
 }
 
 TEST_F(GridToolsTest, CopiesPlacesWithHeadsAsASpreadsheetTakesThem) {

@@ -36,8 +36,7 @@ constexpr const char* application = "GM61_INDREGOLEINCLUSIONE";
 
 }  // namespace
 
-DiscountOptions::DiscountOptions(PageContext& context, controls::NavigatorBar& navigator)
-    : context_(context), navigator_(navigator) {
+DiscountOptions::DiscountOptions(PageContext& context) : context_(context) {
   for (controls::CheckBox* box :
        {&CHK_VISPREZZIBARRATI, &CHK_NONTRATTAREALTRISCONTI, &CHK_MONOUSO}) {
     box->AfterChange.on([this, box] { optionChanged(box->Name() + "_AfterChange"); });
@@ -56,10 +55,7 @@ std::array<FixedChoiceCombo, 2> DiscountOptions::fixedChoices() {
 }
 
 void DiscountOptions::optionChanged(const std::string& name) {
-  procedure(context_, name, [&](Procedure&) {
-    if (context_.loaded) navigator_.setButtonEnabled("Conferma", true);
-  });
-  Modified.raise();
+  procedure(context_, name, [&](Procedure&) { Modified.raise(); });
 }
 
 void DiscountOptions::reset() {

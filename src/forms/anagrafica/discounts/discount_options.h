@@ -5,7 +5,6 @@
 
 #include "controls/check_box.h"
 #include "controls/combo_box.h"
-#include "controls/navigator_bar.h"
 #include "controls/simple_controls.h"
 #include "forms/anagrafica/fixed_choice.h"
 #include "forms/page_context.h"
@@ -18,7 +17,7 @@ namespace kebu::forms {
 /// options that every stored rule carries.
 class DiscountOptions {
  public:
-  DiscountOptions(PageContext& context, controls::NavigatorBar& navigator);
+  explicit DiscountOptions(PageContext& context);
 
   controls::GroupBox GRB_GENERALESCONTI{"GRB_GENERALESCONTI", "Generale"};
   controls::ComboBox CMB_LISTINISCONTO{"CMB_LISTINISCONTO", "Tipologia sconto"};
@@ -48,7 +47,6 @@ class DiscountOptions {
   void optionChanged(const std::string& name);
 
   PageContext& context_;
-  controls::NavigatorBar& navigator_;
 };
 
 }  // namespace kebu::forms

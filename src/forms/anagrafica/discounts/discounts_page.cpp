@@ -27,7 +27,7 @@ std::string dayMonthYear(const Date& date) {
 
 DiscountsPage::DiscountsPage(PageContext& context, ProgressDisplay& progress,
                              controls::NavigatorBar& navigator)
-    : options(context, navigator),
+    : options(context),
       onPrice(context, progress, sql::DiscountMode::OnPrice),
       byGrid(context, progress, sql::DiscountMode::Grid),
       context_(context),
