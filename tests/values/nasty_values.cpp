@@ -48,7 +48,7 @@ std::span<const NastyValue> nastyValues() {
       {"Blanks", "   "},
       {"HardBlank", "\xC2\xA0"},
       {"Long", std::string(300, 'x')},
-      {"VeryLong", std::string(100'000, 'y')},
+      {"VeryLong", std::string(10'000, 'y')},
       {"Null", "NULL"},
       {"Zero", "0"},
       {"MinusZero", "-0"},

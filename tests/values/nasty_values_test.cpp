@@ -3,9 +3,6 @@
 
 #include <gtest/gtest.h>
 
-#include <algorithm>
-#include <map>
-#include <regex>
 #include <string>
 #include <vector>
 
@@ -13,11 +10,11 @@
 #include "common/nulls.h"
 #include "controls/edit_box.h"
 #include "controls/lookup_list.h"
-#include "controls/query_editor.h"
 #include "controls/query_grid.h"
 #include "forms/anagrafica/frame/pages.h"
 #include "tests/plugin/plugin_fixture.h"
 #include "tests/support/test_workplace.h"
+#include "tests/values/entry_checks.h"
 #include "tests/values/nasty_values.h"
 #include "workbench/host/host_properties.h"
 
@@ -28,210 +25,127 @@ using controls::as;
 using controls::EditBox;
 using controls::QueryGrid;
 
-/// Whether both are the same for people: blanks at the end do not count, and a number may be
-/// written in another form.
-bool isSameValue(const std::string& given, const std::string& kept) {
-  if (trimRight(given) == trimRight(kept)) return true;
-  // A point that does not group three digits was meant for something else.
-  static const std::regex number(R"(\s*[+-]?(\d+|\d{1,3}(\.\d{3})+)(,\d+)?([eE][+-]?\d+)?\s*)");
-  if (!std::regex_match(given, number) || !std::regex_match(kept, number)) return false;
-  try {
-    return toDecimal(given) == toDecimal(kept);
-  } catch (const RuntimeError&) {
-    return false;  // larger than any column
-  }
-}
-
 std::shared_ptr<engine::Database> newCompany() {
   static const std::shared_ptr<engine::Database> demo = workbench::demoCompany();
   return demo->clone();
 }
 
-/// The window on the demo company, whose user leaves whatever asks and notes that they were told.
-class NastyValues : public testing::Test {
- protected:
-  NastyValues() {
+/// The window on models, whose user leaves whatever asks.
+class ModelEntryWindow : public EntryWindow {
+ public:
+  explicit ModelEntryWindow(TestWorkplace& workplace) : workplace_(workplace) {
     workplace_.user().answerTo = [this](const workbench::ShownMessage& box) {
-      told_.push_back(box.text);
+      ++told_;
       if (workbench::offers(box.style, msgbox::no)) return msgbox::no;
       return workbench::offers(box.style, msgbox::abort) ? msgbox::abort
                                                          : workbench::wayOut(box.style);
     };
-    workplace_.open();
-    EXPECT_TRUE(told_.empty());
   }
-  ~NastyValues() override { workplace_.close(); }
 
-  controls::Form& form() { return *workplace_.desktop().front(); }
+  void openPage(std::int32_t view) override { hands().openPage(view); }
+  void refresh() override { hands().refresh(); }
+  std::vector<std::string> boxes() override {
+    std::vector<std::string> names;
+    for (controls::Control* control : workplace_.desktop().front()->controls()) {
+      const auto* const box = as<EditBox>(*control);
+      if (box && box->isReachable() && box->isEditable()) names.push_back(box->Name());
+    }
+    return names;
+  }
+  std::string text(const std::string& box) override { return hands().value(box); }
+  Outcome type(const std::string& box, const std::string& text) override {
+    return {text, isTold([&] { hands().type(box, text); })};
+  }
+  bool choose(const std::string& combo, const std::string& code) override {
+    try {
+      hands().choose(combo, code);
+      return true;
+    } catch (const controls::GestureRefused&) {
+      return false;
+    } catch (const workbench::StepError&) {
+      return false;
+    }
+  }
+  bool press(const std::string& bar, const std::string& button) override {
+    return hands().isButtonEnabled(bar, button) && isTold([&] { hands().press(bar, button); });
+  }
+  bool click(const std::string& button) override {
+    return isTold([&] { hands().clickButton(button); });
+  }
+  Outcome edit(const std::string& grid, std::int32_t row, const std::string& field,
+               const std::string& text) override {
+    return {text, isTold([&] { hands().edit(grid, row, field, Value(text)); })};
+  }
+  void chooseInCell(const std::string& grid, std::int32_t row, const std::string& field,
+                    std::int16_t value) override {
+    hands().edit(grid, row, field, Value(value));
+  }
+  void tickCell(const std::string& grid, std::int32_t row, const std::string& field) override {
+    hands().tickCell(grid, row, field);
+  }
+  std::string cell(const std::string& grid, std::int32_t row, const std::string& field) override {
+    auto& control = dynamic_cast<QueryGrid&>(*workplace_.desktop().front()->find(grid));
+    return toDisplay(control.cell(row, field));
+  }
+  std::string stored(const std::string& query) override {
+    return toDisplay(workplace_.company().session().execute(query).at(0).rows.at(0).at(0));
+  }
+
+  /// The messages since the window was made.
+  int told() const { return told_; }
+
+ private:
   workbench::ModelHands& hands() { return workplace_.hands(); }
   template <class Gesture>
-  bool isRefusedOrTold(Gesture&& gesture) {
-    told_.clear();
+  bool isTold(Gesture&& gesture) {
+    const int before = told_;
     try {
       gesture();
     } catch (const controls::GestureRefused&) {
       return true;
     }
-    return !told_.empty();
-  }
-  void press(const char* bar, const char* button) {
-    if (hands().isButtonEnabled(bar, button)) hands().press(bar, button);
-  }
-  /// Types into every box that can be reached; the texts of those that took the value, by name.
-  std::map<std::string, std::string> typeEverywhere(const std::string& value);
-  /// What the database has of the one row of a query, as people write it; "" for nothing.
-  std::string stored(const std::string& query) {
-    const auto results = workplace_.company().session().execute(query);
-    return toDisplay(results.at(0).rows.at(0).at(0));
+    return told_ > before;
   }
 
-  TestWorkplace workplace_{newCompany()};
-  std::vector<std::string> told_;
+  TestWorkplace& workplace_;
+  int told_ = 0;
 };
 
-std::map<std::string, std::string> NastyValues::typeEverywhere(const std::string& value) {
-  std::map<std::string, std::string> taken;
-  for (controls::Control* control : form().controls()) {
-    auto* const box = as<EditBox>(*control);
-    if (!box || !box->isReachable() || !box->isEditable()) continue;
-    const std::string before = box->text();
-    const bool isTold = isRefusedOrTold([&] { box->type(value); });
-    if (isSameValue(value, box->text())) {
-      taken[box->Name()] = box->text();
-    } else {
-      EXPECT_TRUE(isTold) << box->Name() << " shows \"" << box->text() << '"';
-      EXPECT_EQ(box->text(), before) << box->Name();
-    }
+class NastyValues : public testing::Test {
+ protected:
+  NastyValues() {
+    workplace_.open();
+    EXPECT_EQ(window_.told(), 0);
   }
-  return taken;
-}
+  ~NastyValues() override { workplace_.close(); }
+
+  TestWorkplace workplace_{newCompany()};
+  ModelEntryWindow window_{workplace_};
+};
 
 TEST_F(NastyValues, InTheBoxesOfTheProfile) {
-  const std::string forced =
-      "GM03_CODICEDISPOSITIVO";  // whatever is typed, the profile's code is 1
-  for (const NastyValue& value : nastyValues()) {
-    SCOPED_TRACE(value.name);
-    hands().choose("CMB_GM04_INDTIPODEPIMP", "1");
-    hands().choose("CBO_TIPOVALORIZZ", "16");
-    const auto shown = typeEverywhere(value.text);
-    if (isRefusedOrTold([&] { press("INAV_PAR", "Conferma"); })) {
-      press("INAV_PAR", "Annulla");
-      continue;
-    }
-    for (const auto& [name, text] : shown) {
-      auto& box = dynamic_cast<EditBox&>(*form().find(name));
-      const std::string column = box.frame() ? box.DBField() : forced;
-      if (column == forced) continue;
-      const bool isProfile = column.starts_with("GM03_");
-      const std::string kept =
-          stored("SELECT " + column + " FROM " +
-                 (isProfile ? "GM03_DISPOSITIVI WHERE GM03_IDDISPOSITIVO = 2"
-                            : "GM04_PARAMETRITVRO WHERE GM04_IDDISPOSITIVO_GM03 = 2"));
-      EXPECT_TRUE(isSameValue(text, kept)) << column << " holds \"" << kept << '"';
-    }
-  }
+  enterInBoxesOfTheProfile(window_);
 }
 
 TEST_F(NastyValues, InTheLevelsOfCategories) {
-  for (const NastyValue& value : nastyValues()) {
-    SCOPED_TRACE(value.name);
-    for (const std::int32_t view : {6, 7}) {
-      hands().openPage(view);
-      const auto shown = typeEverywhere(value.text);
-      if (isRefusedOrTold([&] { press("INAV_CATCLIART", "Conferma"); })) {
-        press("INAV_CATCLIART", "Annulla");
-        continue;
-      }
-      workplace_.close();
-      workplace_.open();
-      hands().openPage(view);
-      for (const auto& [name, text] : shown) {
-        auto& box = dynamic_cast<EditBox&>(*form().find(name));
-        EXPECT_TRUE(isSameValue(text, box.text())) << name << " shows \"" << box.text() << '"';
-      }
-    }
-  }
+  enterInLevelsOfCategories(window_);
 }
 
 TEST_F(NastyValues, InTheConditionsOfFilters) {
-  using controls::QueryEditor;
-  for (const auto& [view, name] : {std::pair(11, "ENHQUERY_ART"), std::pair(10, "ENHQUERY_CLI")}) {
-    hands().openPage(view);
-    QueryEditor& editor = workplace_.editor(name);
-    for (std::size_t field = 1; field <= editor.fieldCount(); ++field) {
-      const std::string choice = QueryEditor::operatorName(name, field);
-      const std::string box = QueryEditor::valueName(name, field, controls::RangeEnd::First);
-      for (const char* const op : {"=", "contains", "in"}) {
-        if (isRefusedOrTold([&] { hands().choose(choice, op); })) continue;  // numbers lack some
-        for (const NastyValue& value : nastyValues()) {
-          SCOPED_TRACE(choice + ' ' + op + ' ' + value.name);
-          const std::string before = hands().value(box);
-          const bool isTold = isRefusedOrTold([&] { hands().type(box, value.text); });
-          const std::string kept = hands().value(box);
-          EXPECT_TRUE(isSameValue(value.text, kept) || (isTold && kept == before)) << kept;
-        }
-        // The condition that is made of what was taken last is one that the database understands.
-        isRefusedOrTold([&] { hands().clickButton(std::string(name) + ".CONTA"); });
-        EXPECT_EQ(told_, std::vector<std::string>());
-        hands().choose(choice, "clear");
-      }
-    }
-  }
+  enterInConditionsOfFilters(window_, Share::All);
 }
 
 TEST_F(NastyValues, InTheCellsOfGrids) {
-  hands().openPage(2);
-  auto& grid = dynamic_cast<QueryGrid&>(*form().find("QGRID_LISTINI"));
-  const std::pair<const char*, std::int16_t> cells[] = {
-      {"GM57_NUMLIST_LI10", 1},     {"GM57_CATEGORIA", 2}, {"GM57_CATEGORIA", 3},
-      {"GM57_DEPGIACENZE_MG58", 4}, {"GM57_QUANTITA", 5},  {"GM57_CLIFOR_CG44", 6},
-      {"GM57_INDTIPO", 0},          {"GM57_FLGATTIVO", 0},
-  };
-  for (const NastyValue& value : nastyValues()) {
-    SCOPED_TRACE(value.name);
-    std::map<std::int32_t, std::pair<std::string, std::string>> shown;
-    std::int32_t row = 0;
-    for (const auto& [field, type] : cells) {
-      ++row;
-      grid.edit(row, "GM57_INDTIPO", Value(type));
-      const std::string before = toDisplay(grid.cell(row, field));
-      const bool isTold = isRefusedOrTold([&] { grid.edit(row, field, Value(value.text)); });
-      const std::string kept = toDisplay(grid.cell(row, field));
-      EXPECT_TRUE(isSameValue(value.text, kept) || (isTold && kept == before))
-          << field << " shows \"" << kept << '"';
-      // Incomplete slots are switched off when they are saved.
-      if (std::string_view(field) != "GM57_FLGATTIVO") shown[row] = {field, kept};
-    }
-    if (isRefusedOrTold([&] { press("INAV_PAR", "Conferma"); })) continue;
-    for (const auto& [slot, cell] : shown) {
-      const std::string kept =
-          stored("SELECT " + cell.first +
-                 " FROM GM57_KBLISTINI WHERE GM57_IDDISPOSITIVO_GM03 = 2 AND GM57_CODPREZZO = " +
-                 std::to_string(slot));
-      EXPECT_TRUE(isSameValue(cell.second, kept)) << cell.first << " holds \"" << kept << '"';
-    }
-  }
+  enterInCellsOfPriceLists(window_, Share::All);
 }
 
 TEST_F(NastyValues, InThePositionOfARule) {
-  hands().openPage(forms::DiscountsPage::view);
-  hands().choose("CMB_LISTINISCONTO", "4");
-  hands().tick("CHK_SCONTOPREZZOART", true);
-  auto& grid = dynamic_cast<QueryGrid&>(*form().find("QGRID_SCONTOSUPREZZO"));
-  ASSERT_GT(grid.rowCount(), 0);
-  if (grid.cellText(1, 0) != "1") grid.tickCell(1, "GM61_ATTIVA");
-  for (const NastyValue& value : nastyValues()) {
-    SCOPED_TRACE(value.name);
-    const std::string before = toDisplay(grid.cell(1, "GM61_POSIZIONE"));
-    const bool isTold = isRefusedOrTold([&] { grid.edit(1, "GM61_POSIZIONE", Value(value.text)); });
-    const std::string kept = toDisplay(grid.cell(1, "GM61_POSIZIONE"));
-    EXPECT_TRUE(isSameValue(value.text, kept) || (isTold && kept == before)) << kept;
-  }
+  enterInThePositionOfARule(window_);
 }
 
 TEST_F(NastyValues, InTheSearchOfListsAndGrids) {
-  hands().openPage(3);
-  auto& grid = dynamic_cast<QueryGrid&>(*form().find("QGRID_DEP"));
+  workplace_.hands().openPage(3);
+  auto& grid = dynamic_cast<QueryGrid&>(*workplace_.desktop().front()->find("QGRID_DEP"));
   const auto connection = workplace_.newConnection();
   connection->Open();
   controls::LookupList list("Elenco depositi", {"Codice", "Descrizione"},

@@ -85,6 +85,7 @@ void SlowRules::before(const std::string& text, bool /*edit*/) {
 
 std::int32_t DefaultUser::answer(const workbench::ShownMessage& box) {
   boxes.push_back(box.text);
+  if (answerTo) return answerTo(box);
   std::cout << "    box: " << box.text << std::endl;
   return workbench::defaultButton(box.style);
 }

@@ -42,11 +42,12 @@ class SlowRules : public workbench::StatementObserver {
              const RuntimeError* /*error*/) override {}
 };
 
-/// Presses the default button of every message box, and prints the box.
+/// Presses the default button of every message box and prints the box, unless a test decides.
 class DefaultUser : public workbench::User {
  public:
   /// The texts of the boxes.
   std::vector<std::string> boxes;
+  std::function<std::int32_t(const workbench::ShownMessage& box)> answerTo;
 
   std::int32_t answer(const workbench::ShownMessage& box) override;
   void chooseFrom(workbench::ShownList& /*list*/) override {}
@@ -66,6 +67,7 @@ class DllHost {
   void setParent(HWND window);
   const std::shared_ptr<engine::Database>& database() const { return database_; }
   const std::vector<std::string>& boxes() const { return user_.boxes; }
+  DefaultUser& user() { return user_; }
 
   /// What the plug-in called of the host's object models.
   std::vector<std::string> journal;

@@ -94,6 +94,7 @@ void EditBoxView::command(HWND from, UINT code) {
     return;
   }
   if (code == EN_CHANGE && !showing_) touched_ = true;
+  if (code == EN_MAXTEXT) MessageBeep(MB_OK);  // a part of what was pasted is refused
   if (code == EN_SETFOCUS) SendMessageW(handle(), EM_SETSEL, 0, -1);
   if (code == EN_KILLFOCUS) commit();
 }
