@@ -238,7 +238,7 @@ TEST_F(KeyTableTest, EveryKeyDoesSomething) {
 
   // With a rule of discounts.
   open("12");
-  workbench::takeFromList(windowOf("CMB_LISTINISCONTO"), 1);
+  chooseRow("CMB_LISTINISCONTO", 1);
   pumpWaiting();
   focus(windowOf("QGRID_SCONTOSUPREZZO"));
   std::erase_if(left, [](const Chord& chord) { return isTaken(chord); });

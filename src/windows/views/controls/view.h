@@ -74,6 +74,8 @@ class View : public Describable {
   /// A notification of a stock control that belongs to this view.
   virtual void command(HWND /*from*/, UINT /*code*/) {}
   virtual void drawItem(const DRAWITEMSTRUCT& /*item*/) {}
+  /// Answers WM_PAINT of one of its stock controls; false where the control paints itself.
+  virtual bool paint(HWND /*window*/) { return false; }
   /// The brush behind it, with the colours set; null for the usual ones.
   virtual HBRUSH colours(HDC /*dc*/, HWND /*window*/) { return nullptr; }
   virtual std::function<void()> actionFor(const Key& /*key*/) { return {}; }

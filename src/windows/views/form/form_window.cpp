@@ -653,7 +653,8 @@ LRESULT FormWindow::answer(UINT message, WPARAM wParam, LPARAM lParam) {
       if (lastFocus_ && IsChild(handle(), lastFocus_)) {
         SetFocus(lastFocus_);
       } else {
-        focusFirst();
+        // After the first paint: a control may cost more once it has the focus.
+        PostMessageW(handle(), beginMessage, 0, 0);
       }
       return 0;
     case WM_CLOSE: {
