@@ -178,18 +178,20 @@ void ComboBoxView::drawChosen(HDC dc, const RECT& area) const {
 
 bool ComboBoxView::paint(HWND window) {
   if (window != handle()) return false;
-  const BufferedPaint buffer(window);
+  PAINTSTRUCT painting{};
+  HDC const dc = BeginPaint(window, &painting);
   const Palette& colours = theme().colours();
   const bool isUsable = IsWindowEnabled(window) != 0;
   RECT area{};
   GetClientRect(window, &area);
-  fill(buffer.dc(), area, isUsable ? colours.card : colours.locked);
-  frame(buffer.dc(), area, GetFocus() == window ? colours.accent : colours.edge);
+  fill(dc, area, isUsable ? colours.card : colours.locked);
+  frame(dc, area, GetFocus() == window ? colours.accent : colours.edge);
   InflateRect(&area, -theme().px(2), -theme().px(2));
   RECT arrow = area;
   arrow.left = area.right = area.right - theme().px(arrowWidth);
-  drawChosen(buffer.dc(), area);
-  downArrow(buffer.dc(), arrow, theme().px(4), isUsable ? colours.muted : colours.faint);
+  drawChosen(dc, area);
+  downArrow(dc, arrow, theme().px(4), isUsable ? colours.muted : colours.faint);
+  EndPaint(window, &painting);
   return true;
 }
 
