@@ -130,9 +130,8 @@ void NavigatorBarView::askChanges() {
 }
 
 void NavigatorBarView::drawChangesButton(const DRAWITEMSTRUCT& item) const {
-  DRAWITEMSTRUCT shown = item;
-  if (site().isBusy()) shown.itemState |= ODS_DISABLED;
-  drawPushButton(shown, theme(), {.behind = theme().colours().window, .pointsDown = true});
+  drawPushButton(whileBusy(item), theme(),
+                 {.behind = theme().colours().window, .pointsDown = true});
 }
 
 void NavigatorBarView::drawItem(const DRAWITEMSTRUCT& item) {
@@ -143,10 +142,8 @@ void NavigatorBarView::drawItem(const DRAWITEMSTRUCT& item) {
   const auto index = indexOf(item.hwndItem);
   if (!index) return;
   const auto& button = model_.buttons()[*index];
-  DRAWITEMSTRUCT shown = item;
-  if (site().isBusy()) shown.itemState |= ODS_DISABLED;
   drawPushButton(
-      shown, theme(),
+      whileBusy(item), theme(),
       {windowText(item.hwndItem), toWide(std::string(controls::functionKeyOf(button.key))),
        button.key == "Conferma", theme().colours().window, site().hovered() == item.hwndItem});
 }

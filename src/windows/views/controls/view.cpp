@@ -77,6 +77,12 @@ COLORREF View::behind() const {
   return site_.isOnCard(control_) ? colours.card : colours.window;
 }
 
+DRAWITEMSTRUCT View::whileBusy(const DRAWITEMSTRUCT& item) const {
+  DRAWITEMSTRUCT shown = item;
+  if (site_.isBusy()) shown.itemState |= ODS_DISABLED;
+  return shown;
+}
+
 HBRUSH View::setInk(HDC dc, COLORREF ink) const {
   SetTextColor(dc, ink);
   SetBkColor(dc, behind());

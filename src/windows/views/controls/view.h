@@ -35,7 +35,7 @@ class ViewSite {
   virtual void requestLayout() = 0;
   /// Takes over what the user has typed so far; false when it was refused.
   virtual bool commit() = 0;
-  /// Whether the window shows that it works: its bars look disabled.
+  /// Whether the window shows that it works: its bars and outer buttons look disabled.
   virtual bool isBusy() const = 0;
   /// Whether the control stands on a card, not on the window itself.
   virtual bool isOnCard(const controls::Control& control) const = 0;
@@ -118,6 +118,8 @@ class View : public Describable {
   virtual std::wstring lineIn(HWND window) const { return windowText(window); }
   /// The caption as a control takes it, with its letter marked.
   std::wstring markedCaption() const;
+  /// The item as it looks now: disabled while the window works.
+  DRAWITEMSTRUCT whileBusy(const DRAWITEMSTRUCT& item) const;
   /// Sets the colours of a text on what is behind the control; the brush for that.
   HBRUSH setInk(HDC dc, COLORREF ink) const;
 
