@@ -84,9 +84,8 @@ void run(const std::string& path) {
 
   const workbench::WindowReader reader(form);
   tests::openPage(form, discounts);
-  const auto lists = reader.control("CMB_LISTINISCONTO");
   const auto choose = [&](int index) {
-    workbench::takeFromList(lists.window, index);
+    tests::chooseRow("CMB_LISTINISCONTO", index);
     tests::pumpWaiting();
   };
   const auto click = [&](const windows::Inspection& part) {

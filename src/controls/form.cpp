@@ -109,6 +109,7 @@ void Form::showKeys() {
   for (const KeyEntry& entry : keyTable) {
     std::string action = translated(entry.action);
     if (entry.place == KeyPlace::Grid) action = translated("in una griglia: ") + action;
+    if (entry.place == KeyPlace::Summary) action = translated("nel riepilogo: ") + action;
     rows.emplace_back(std::vector<Value>{Value(translated(entry.keys)), Value(action)});
   }
   LookupList list(translated("Tasti"), {translated("Tasto"), translated("Che cosa fa")},

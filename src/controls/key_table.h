@@ -9,6 +9,7 @@ namespace kebu::controls {
 enum class KeyPlace : std::uint8_t {
   Window,  ///< in every window, or in the field with the focus
   Grid,    ///< in a grid or list
+  Summary,
 };
 
 /// What a key does.
@@ -62,6 +63,7 @@ inline constexpr KeyEntry keyTable[] = {
      KeyPlace::Grid},
     {"Ctrl+Maiusc+E", "esporta le righe in un file CSV", KeyPlace::Grid},
     {"Esc", "interrompe la ricerca, l'ordinamento, la copia e l'esportazione", KeyPlace::Grid},
+    {"Ctrl+C, Ctrl+S", "copia il foglio, lo salva in un file di testo", KeyPlace::Summary},
 };
 
 }  // namespace kebu::controls

@@ -6,8 +6,10 @@
 #include <optional>
 
 #include "controls/combo_box.h"
+#include "controls/desktop.h"
 #include "controls/edit_box.h"
 #include "controls/form.h"
+#include "controls/simple_controls.h"
 #include "tests/windows/import_patch.h"
 #include "tests/windows/window_fixture.h"
 #include "windows/support/handles.h"
@@ -304,14 +306,90 @@ class SmallForm : public controls::Form {
   explicit SmallForm(controls::Desktop& desktop) : Form("FRM", desktop) {
     choice.addRow(std::int32_t{1}, "Una");
     group.addAll(first, second, choice);
-    add(group);
+    addAll(group, done);
   }
 
   controls::GroupBox group{"GRP", "Gruppo"};
+  controls::Button done{"CMD_DONE", "Fatto"};
   controls::EditBox first{"TXT_FIRST", "Primo"};
   controls::EditBox second{"TXT_SECOND", "Secondo"};
   controls::ComboBox choice{"CMB_CHOICE", "Scelta"};
 };
+
+/// A form with pages has a side bar.
+class FormWithPages : public SmallForm {
+ public:
+  explicit FormWithPages(controls::Desktop& desktop) : SmallForm(desktop) { addAll(links, title); }
+
+  controls::SideBar links{"SBAR"};
+  controls::TitleBar title{"TITLEBAR"};
+};
+
+/// A number that differs when a window is painted in another way.
+std::size_t looksOf(HWND window) {
+  UpdateWindow(window);
+  RECT area{};
+  GetClientRect(window, &area);
+  HDC const dc = GetDC(window);
+  std::string pixels;
+  for (int y = 0; y < area.bottom; ++y) {
+    for (int x = 0; x < area.right; ++x) pixels += std::to_string(GetPixel(dc, x, y)) + ' ';
+  }
+  ReleaseDC(window, dc);
+  return std::hash<std::string>()(pixels);
+}
+
+class Working : public testing::Test {
+ protected:
+  template <class Shown>
+  std::shared_ptr<Shown> show() {
+    auto form = std::make_shared<Shown>(desktop);
+    form->Show(false);
+    pumpWaiting();
+    return form;
+  }
+
+  windows::CommonControls commonControls{GetModuleHandleW(nullptr)};
+  windows::Win32Desktop desktop{GetModuleHandleW(nullptr), commonControls};
+};
+
+TEST_F(Working, DisablesTheLooksOfTheButtonsBesideAPage) {
+  const auto form = show<SmallForm>();
+  HWND const button = WindowReader(shownForm()).control("CMD_DONE").window;
+  const std::size_t usual = looksOf(button);
+  {
+    const controls::Work work(desktop);
+    desktop.repaint();
+    EXPECT_NE(looksOf(button), usual);
+    EXPECT_TRUE(IsWindowEnabled(button));
+  }
+  EXPECT_EQ(looksOf(button), usual);
+  form->Unload();
+}
+
+TEST_F(Working, DoesNotShowAPageUnderTheTitleOfTheNext) {
+  const auto form = show<FormWithPages>();
+  HWND const page = GetParent(WindowReader(shownForm()).control("TXT_FIRST").window);
+  const auto isSeen = [&] { return IsWindowVisible(page) != 0; };
+  for (const bool isNew : {false, true}) {
+    if (isNew) form->title.setCaption("Anteprima");
+    {
+      const controls::Work work(desktop);
+      desktop.repaint();
+      EXPECT_EQ(isSeen(), !isNew);
+      form->choice.choose("1");  // a page that changes meanwhile stays hidden
+      desktop.repaint();
+      EXPECT_EQ(isSeen(), !isNew);
+    }
+    pumpWaiting();
+    EXPECT_TRUE(isSeen());
+  }
+  // The title and the page are one again.
+  const controls::Work work(desktop);
+  desktop.repaint();
+  EXPECT_TRUE(isSeen());
+  form->Unload();
+}
 
 /// Where the second box is when the form is laid out by a host's thread of that kind, which calls
 /// for it outside of any message.

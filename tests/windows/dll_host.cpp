@@ -57,6 +57,13 @@ void openPage(HWND form, const std::string& view) {
   pumpWaiting();
 }
 
+void chooseRow(const std::string& combo, int row) {
+  const workbench::WindowReader reader(shownForm());
+  SetFocus(reader.control(combo).window);
+  // The focus may have put another window in its place.
+  workbench::takeFromList(reader.control(combo).window, row);
+}
+
 void typeInto(const std::string& box, const std::wstring& text) {
   HWND window = workbench::WindowReader(shownForm()).control(box).window;
   workbench::clickAt(window, {3, 3});

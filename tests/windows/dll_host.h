@@ -22,6 +22,8 @@ void pumpWaiting();
 
 /// Clicks the side bar's link to a page.
 void openPage(HWND form, const std::string& view);
+/// Presses the keys that choose a row, from 0, of a combo box of the plug-in's window.
+void chooseRow(const std::string& combo, int row);
 /// Types a text into an edit box of the plug-in's window and leaves the box.
 void typeInto(const std::string& box, const std::wstring& text);
 /// A window as a host has them: a top-level one, or one inside another.

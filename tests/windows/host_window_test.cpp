@@ -103,7 +103,7 @@ TEST_F(WindowTest, TheEndOfTheProgramIsNotLostWhileAStatementRuns) {
   host->open();
   slow.window = shownForm();
   openPage(shownForm(), "12");
-  workbench::takeFromList(WindowReader(shownForm()).control("CMB_LISTINISCONTO").window, 1);
+  chooseRow("CMB_LISTINISCONTO", 1);
   constexpr int code = 7;
   PostQuitMessage(code);
   int met = 0;

@@ -3,6 +3,10 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <filesystem>
+#include <fstream>
+#include <functional>
+#include <iterator>
 #include <map>
 #include <set>
 #include <sstream>
@@ -128,6 +132,21 @@ class KeyTableTest : public OpenWindowTest {
       atCell("QGRID_LISTINI", field, 1);
       act();
     }
+    inSummary([&] {
+      focus(windowOf("SHEET_RIEPILOGO"));
+      act();
+    });
+  }
+
+  /// Opens the summary and leaves it.
+  void inSummary(const std::function<void()>& act) {
+    open("1");
+    soon([&] {
+      act();
+      PostMessageW(shownForm(), WM_CLOSE, 0, 0);
+    });
+    workbench::pressKey(GetFocus(), VK_F11);
+    pumpWaiting();
   }
 
   /// Goes to a cell of the page that is shown, and leaves it as it is.
@@ -238,7 +257,7 @@ TEST_F(KeyTableTest, EveryKeyDoesSomething) {
 
   // With a rule of discounts.
   open("12");
-  workbench::takeFromList(windowOf("CMB_LISTINISCONTO"), 1);
+  chooseRow("CMB_LISTINISCONTO", 1);
   pumpWaiting();
   focus(windowOf("QGRID_SCONTOSUPREZZO"));
   std::erase_if(left, [](const Chord& chord) { return isTaken(chord); });
@@ -256,6 +275,30 @@ TEST_F(KeyTableTest, EveryKeyDoesSomething) {
   left.erase(newLine);
 
   for (const Chord& chord : left) ADD_FAILURE() << chord << " does nothing";
+}
+
+TEST_F(KeyTableTest, TheSummaryIsCopiedAndSaved) {
+  const std::filesystem::path file = std::filesystem::temp_directory_path() / "riepilogo.txt";
+  std::filesystem::remove(file);
+  std::string copied;
+  inSummary([&] {
+    const HeldKeys held({VK_CONTROL});
+    workbench::pressKey(GetFocus(), 'C');
+    pumpWaiting();
+    copied = workbench::clipboardText();
+    soon([&] {
+      HWND const dialog = GetAncestor(GetFocus(), GA_ROOT);
+      if (!workbench::takeFileDialog(dialog, file.wstring())) PostMessageW(dialog, WM_CLOSE, 0, 0);
+    });
+    workbench::pressKey(GetFocus(), 'S');
+    pumpWaiting();
+  });
+  EXPECT_NE(copied.find("Articoli"), std::string::npos) << copied;
+  std::ifstream saved(file, std::ios::binary);
+  const std::string text((std::istreambuf_iterator<char>(saved)), {});
+  EXPECT_NE(text.find("Articoli"), std::string::npos) << text;
+  saved.close();
+  std::filesystem::remove(file);
 }
 
 TEST_F(KeyTableTest, IsShownInAList) {

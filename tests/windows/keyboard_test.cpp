@@ -92,9 +92,11 @@ TEST_F(KeyboardTest, AListOpenedByMouseAndTakenByKeyStaysClosed) {
   open();
   openPage(shownForm(), "12");
   pumpWaiting();
-  HWND const combo = windowOf("CMB_LISTINISCONTO");
-  workbench::clickOn(combo, reader().control("CMB_LISTINISCONTO").bounds);
+  const windows::Inspection unused = reader().control("CMB_LISTINISCONTO");
+  workbench::clickOn(unused.window, unused.bounds);
   pumpWaiting();
+  HWND const combo = windowOf("CMB_LISTINISCONTO");
+  EXPECT_NE(combo, unused.window);
   EXPECT_TRUE(SendMessageW(combo, CB_GETDROPPEDSTATE, 0, 0));
   press(combo, VK_DOWN);
   press(combo, VK_RETURN);

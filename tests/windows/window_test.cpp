@@ -235,8 +235,7 @@ TEST_F(WindowTest, AnswersWhileTheDatabaseIsSlow) {
     EXPECT_GE(slow.answered, 2) << during;
     EXPECT_EQ(slow.unanswered, 0) << during;
   };
-  expectAnswers("rules are read",
-                [&] { workbench::takeFromList(reader.control("CMB_LISTINISCONTO").window, 1); });
+  expectAnswers("rules are read", [&] { chooseRow("CMB_LISTINISCONTO", 1); });
   expectAnswers("all of them are selected", [&] {
     const auto box =
         reader.find(windows::Inspected::TickAll, "QGRID_SCONTOSUPREZZO", {"GM61_ATTIVA", 0, 0});

@@ -229,7 +229,8 @@ void WindowHands::choose(const std::string& combo, const std::string& code) {
   const Inspection entry = item(combo, code, "entry");
   clickOn(found.window, found.bounds);
   settle();
-  takeFromList(found.window, entry.index);
+  // The click may have put another window in its place.
+  takeFromList(reader().control(combo).window, entry.index);
   settle();
 }
 

@@ -27,7 +27,8 @@ void ButtonView::command(HWND /*from*/, UINT code) {
 }
 
 void ButtonView::drawItem(const DRAWITEMSTRUCT& item) {
-  drawPushButton(item, theme(),
+  // What stands on a page keeps its looks, as its fields do.
+  drawPushButton(control().container() ? item : whileBusy(item), theme(),
                  {windowText(handle()), toWide(std::string(controls::keyOf(model_))),
                   model_.isDefault(), behind(), site().hovered() == item.hwndItem});
 }

@@ -5,26 +5,100 @@
 
 #include "common/convert.h"
 #include "windows/support/text.h"
+#include "windows/views/accessibility/accessible_object.h"
 #include "windows/views/drawing/painting.h"
+#include "windows/views/window/common_controls.h"
 #include "windows/views/window/guard.h"
+#include "windows/views/window/window.h"
+#include "windows/views/window/window_place.h"
 
 namespace kebu::windows {
 
 namespace {
 
 constexpr UINT listClosed = 0x7001;  // a notification of our own
-constexpr int listHeight = 280;      // in 96ths of an inch
+// In 96ths of an inch.
+constexpr int listHeight = 280;
+constexpr int textEdge = 4;
+constexpr int arrowWidth = 18;
 
 }  // namespace
 
+/// Stands for a combo box until somebody uses it.
+class ComboBoxView::Unused : public Window {
+ public:
+  Unused(ComboBoxView& view, HINSTANCE module, HWND parent, const layout::Rect& place)
+      : view_(view) {
+    const DWORD shown = place.isEmpty() ? 0U : WS_VISIBLE;
+    create(module, {.className = L"kebu.combo", .style = WS_CHILD | WS_TABSTOP | shown}, parent,
+           toRECT(place));
+  }
+
+ protected:
+  LRESULT answer(UINT message, WPARAM wParam, LPARAM lParam) override {
+    switch (message) {
+      case WM_GETOBJECT:
+        if (const auto object = answerGetObject(view_, {}, wParam, lParam)) return *object;
+        break;
+      case WM_ERASEBKGND:
+        return 1;
+      case WM_PAINT:
+        view_.paint(handle());
+        return 0;
+      case WM_SIZE:
+      case WM_ENABLE:
+        invalidate();
+        break;
+      case WM_SETFOCUS:
+        view_.makeCombo();
+        SetFocus(view_.handle());
+        ShowWindow(handle(), SW_HIDE);
+        return 0;
+      case WM_LBUTTONDOWN:
+        view_.makeCombo();
+        ShowWindow(handle(), SW_HIDE);
+        [[fallthrough]];
+      case WM_LBUTTONUP:
+        // Later ones are those that a program sends.
+        return view_.isMade() ? SendMessageW(view_.handle(), message, wParam, lParam) : 0;
+      default:
+        break;
+    }
+    return Window::answer(message, wParam, lParam);
+  }
+
+ private:
+  ComboBoxView& view_;
+};
+
 ComboBoxView::ComboBoxView(ViewSite& site, controls::ComboBox& model, HWND parent)
-    : FieldView(site, model, "ComboBox", parent), model_(model) {
-  layout::Rect open = site.placeOfNewView().bounds;
-  if (!open.isEmpty()) open.height += theme().px(listHeight);
+    : FieldView(site, model, "ComboBox", parent),
+      model_(model),
+      unused_(
+          std::make_unique<Unused>(*this, site.module(), parent, site.placeOfNewView().bounds)) {
+  adopt(unused_->handle());
+}
+
+ComboBoxView::~ComboBoxView() = default;
+
+HWND ComboBoxView::handle() const {
+  return isMade() ? FieldView::handle() : unused_->handle();
+}
+
+void ComboBoxView::makeCombo() {
+  if (isMade()) return;
+  const CommonControls::Scope scope;
+  HWND const parent = GetParent(unused_->handle());
+  RECT place{};
+  GetWindowRect(unused_->handle(), &place);
+  MapWindowPoints(nullptr, parent, reinterpret_cast<POINT*>(&place), 2);
+  place.bottom += theme().px(listHeight);
   setControl(createStock(
       L"COMBOBOX", WS_TABSTOP | WS_VSCROLL | CBS_DROPDOWNLIST | CBS_OWNERDRAWFIXED | CBS_HASSTRINGS,
-      0, parent, open));
+      0, parent, toRect(place)));
   if (!hasHeights()) setHeights();
+  putBehind(handle(), unused_->handle());
+  refresh();
 }
 
 // Not every system keeps to what it measured once the combo has got its font.
@@ -36,6 +110,10 @@ bool ComboBoxView::hasHeights() const {
 }
 
 void ComboBoxView::place(const layout::Placement& placement) {
+  if (!isMade()) {
+    FieldView::place(placement);
+    return;
+  }
   // The height of a combo is that of its open list. It is smaller when it is asked for, so whether
   // it stands there already is found out here.
   layout::Placement open = placement;
@@ -54,7 +132,7 @@ void ComboBoxView::place(const layout::Placement& placement) {
 
 void ComboBoxView::applyTheme() {
   FieldView::applyTheme();
-  setHeights();
+  if (isMade()) setHeights();
 }
 
 int ComboBoxView::rowHeight(const Theme& theme, bool isChosen) {
@@ -69,20 +147,52 @@ void ComboBoxView::setHeights() {
   SendMessageW(handle(), CB_SETITEMHEIGHT, 0, rowHeight(theme(), false));
 }
 
-// Drawn here, since a combo itself does not centre the chosen row's text between its edges.
 void ComboBoxView::drawItem(const DRAWITEMSTRUCT& item) {
+  if (item.itemState & ODS_COMBOBOXEDIT) {
+    drawChosen(item.hDC, item.rcItem);
+    return;
+  }
+  const Palette& colours = theme().colours();
+  const bool isChosen = (item.itemState & ODS_SELECTED) != 0;
+  fill(item.hDC, item.rcItem, isChosen ? colours.accent : colours.card);
+  if (item.itemID >= shown_.size()) return;
+  RECT area = item.rcItem;
+  area.left += theme().px(textEdge);
+  SetBkMode(item.hDC, TRANSPARENT);
+  text(item.hDC, shown_[item.itemID], area, isChosen ? colours.accentText : colours.text,
+       theme().font(), DT_NOPREFIX);
+}
+
+// With the focus, in the colours of a chosen row.
+void ComboBoxView::drawChosen(HDC dc, const RECT& area) const {
   const Palette& colours = theme().colours();
   const bool isUsable = IsWindowEnabled(handle()) != 0;
-  const bool isChosen = (item.itemState & ODS_SELECTED) && isUsable;
-  const COLORREF inside = isChosen ? colours.accent : isUsable ? colours.card : colours.locked;
-  fill(item.hDC, item.rcItem, inside);
-  if (item.itemID < shown_.size()) {
-    RECT area = item.rcItem;
-    area.left += theme().px(4);
-    SetBkMode(item.hDC, TRANSPARENT);
-    const COLORREF ink = isChosen ? colours.accentText : isUsable ? colours.text : colours.faint;
-    text(item.hDC, shown_[item.itemID], area, ink, theme().font(), DT_NOPREFIX);
-  }
+  const bool isChosen = isUsable && GetFocus() == handle();
+  fill(dc, area, isChosen ? colours.accent : isUsable ? colours.card : colours.locked);
+  RECT words = area;
+  words.left += theme().px(textEdge);
+  SetBkMode(dc, TRANSPARENT);
+  const COLORREF ink = isChosen ? colours.accentText : isUsable ? colours.text : colours.faint;
+  text(dc, lineIn(handle()), words, ink, theme().font(), DT_NOPREFIX);
+}
+
+bool ComboBoxView::paint(HWND window) {
+  if (window != handle()) return false;
+  PAINTSTRUCT painting{};
+  HDC const dc = BeginPaint(window, &painting);
+  const Palette& colours = theme().colours();
+  const bool isUsable = IsWindowEnabled(window) != 0;
+  RECT area{};
+  GetClientRect(window, &area);
+  fill(dc, area, isUsable ? colours.card : colours.locked);
+  frame(dc, area, GetFocus() == window ? colours.accent : colours.edge);
+  InflateRect(&area, -theme().px(2), -theme().px(2));
+  RECT arrow = area;
+  arrow.left = area.right = area.right - theme().px(arrowWidth);
+  drawChosen(dc, area);
+  downArrow(dc, arrow, theme().px(4), isUsable ? colours.muted : colours.faint);
+  EndPaint(window, &painting);
+  return true;
 }
 
 std::wstring ComboBoxView::rowText(std::size_t index) const {
@@ -118,6 +228,10 @@ void ComboBoxView::fillRows() {
 void ComboBoxView::refresh() {
   FieldView::refresh();
   EnableWindow(handle(), looksEnabled() && model_.acceptsChanges());
+  if (!isMade()) {
+    unused_->invalidate();
+    return;
+  }
   fillRows();
   if (SendMessageW(handle(), CB_GETCURSEL, 0, 0) != chosenIndex()) {
     SendMessageW(handle(), CB_SETCURSEL, static_cast<WPARAM>(chosenIndex()), 0);
@@ -125,6 +239,7 @@ void ComboBoxView::refresh() {
 }
 
 void ComboBoxView::command(HWND /*from*/, UINT code) {
+  InvalidateRect(handle(), nullptr, FALSE);
   const bool dropped = SendMessageW(handle(), CB_GETDROPPEDSTATE, 0, 0) != 0;
   if (code == CBN_SELENDOK && dropped) {
     takesWhenClosed_ = true;

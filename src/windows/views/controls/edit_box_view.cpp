@@ -17,7 +17,8 @@ EditBoxView::EditBoxView(ViewSite& site, controls::EditBox& model, HWND parent)
     : FieldView(site, model, "EditBox", parent), model_(model) {
   const DWORD masked = model.isMasked() ? ES_PASSWORD : 0U;
   const DWORD kind = model.lines() > 1 ? ES_MULTILINE | WS_VSCROLL : ES_AUTOHSCROLL | masked;
-  setControl(createStock(L"EDIT", WS_TABSTOP | kind, hasFrame() ? 0 : WS_EX_CLIENTEDGE, parent));
+  setControl(createStock(L"EDIT", WS_TABSTOP | kind, hasFrame() ? 0 : WS_EX_CLIENTEDGE, parent,
+                         site.placeOfNewView().bounds));
   if (hasFrame()) frameEdit(handle(), theme());
 }
 

@@ -130,8 +130,7 @@ void NavigatorBarView::askChanges() {
 }
 
 void NavigatorBarView::drawItem(const DRAWITEMSTRUCT& item) {
-  DRAWITEMSTRUCT shown = item;
-  if (site().isBusy()) shown.itemState |= ODS_DISABLED;
+  const DRAWITEMSTRUCT shown = whileBusy(item);
   const COLORREF behind = theme().colours().window;
   if (changesButton_ && item.hwndItem == changesButton_.get()) {
     drawPushButton(shown, theme(), {.behind = behind, .pointsDown = true});

@@ -14,8 +14,8 @@ namespace {
 
 constexpr const wchar_t* viewProperty = L"kebu.view";
 
-/// Describes a stock control to assistive technology. The control's usual procedure is kept in its
-/// user data.
+/// Describes a stock control to assistive technology, and lets its view paint it. The control's
+/// usual procedure is kept in its user data.
 LRESULT CALLBACK stockProcedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
   if (message == WM_GETOBJECT) {
     View* const view = viewOf(window);
@@ -23,6 +23,12 @@ LRESULT CALLBACK stockProcedure(HWND window, UINT message, WPARAM wParam, LPARAM
     std::optional<LRESULT> object;
     if (part) guarded([&] { object = answerGetObject(*view, *part, wParam, lParam); });
     if (object) return *object;
+  }
+  if (message == WM_PAINT) {
+    View* const view = viewOf(window);
+    bool isPainted = false;
+    if (view) guarded([&] { isPainted = view->paint(window); });
+    if (isPainted) return 0;
   }
   const auto usual = reinterpret_cast<WNDPROC>(GetWindowLongPtrW(window, GWLP_USERDATA));
   return CallWindowProcW(usual, window, message, wParam, lParam);
@@ -69,6 +75,12 @@ std::wstring View::markedCaption() const {
 COLORREF View::behind() const {
   const Palette& colours = theme().colours();
   return site_.isOnCard(control_) ? colours.card : colours.window;
+}
+
+DRAWITEMSTRUCT View::whileBusy(const DRAWITEMSTRUCT& item) const {
+  DRAWITEMSTRUCT shown = item;
+  if (site_.isBusy()) shown.itemState |= ODS_DISABLED;
+  return shown;
 }
 
 HBRUSH View::setInk(HDC dc, COLORREF ink) const {

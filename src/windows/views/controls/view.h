@@ -35,7 +35,7 @@ class ViewSite {
   virtual void requestLayout() = 0;
   /// Takes over what the user has typed so far; false when it was refused.
   virtual bool commit() = 0;
-  /// Whether the window shows that it works: its bars look disabled.
+  /// Whether the window shows that it works: its bars and outer buttons look disabled.
   virtual bool isBusy() const = 0;
   /// Whether the control stands on a card, not on the window itself.
   virtual bool isOnCard(const controls::Control& control) const = 0;
@@ -74,6 +74,8 @@ class View : public Describable {
   /// A notification of a stock control that belongs to this view.
   virtual void command(HWND /*from*/, UINT /*code*/) {}
   virtual void drawItem(const DRAWITEMSTRUCT& /*item*/) {}
+  /// Answers WM_PAINT of one of its stock controls; false where the control paints itself.
+  virtual bool paint(HWND /*window*/) { return false; }
   /// The brush behind it, with the colours set; null for the usual ones.
   virtual HBRUSH colours(HDC /*dc*/, HWND /*window*/) { return nullptr; }
   virtual std::function<void()> actionFor(const Key& /*key*/) { return {}; }
@@ -116,6 +118,8 @@ class View : public Describable {
   virtual std::wstring lineIn(HWND window) const { return windowText(window); }
   /// The caption as a control takes it, with its letter marked.
   std::wstring markedCaption() const;
+  /// The item as it looks now: disabled while the window works.
+  DRAWITEMSTRUCT whileBusy(const DRAWITEMSTRUCT& item) const;
   /// Sets the colours of a text on what is behind the control; the brush for that.
   HBRUSH setInk(HDC dc, COLORREF ink) const;
 

@@ -83,6 +83,14 @@ bool isOnPage(const controls::Control& control) {
   return placeOf(control.kind()) == Place::OnPage;
 }
 
+/// What the title bar shows; "" for a form without one.
+std::string titleOf(const controls::Form& form) {
+  const auto& all = form.controls();
+  const auto bar =
+      std::ranges::find(all, controls::ControlKind::TitleBar, &controls::Control::kind);
+  return bar == all.end() ? std::string() : (*bar)->caption();
+}
+
 const controls::Control& outermost(const controls::Control& control) {
   return control.container() ? outermost(*control.container()) : control;
 }
@@ -298,6 +306,8 @@ void FormWindow::requestLayout() {
 void FormWindow::layOut() {
   layoutWanted_ = false;
   rebuildIfGrown();
+  // Under a dialog the title may name the page that comes after it.
+  if (!busy_ && IsWindowEnabled(handle())) idleTitle_ = titleOf(form_);
   const RECT client = clientArea();
   laidOut_ = {client.right, client.bottom};
   if (client.right <= 0 || client.bottom <= 0) return;
@@ -350,12 +360,17 @@ void FormWindow::arrangePages(const layout::Rect& place) {
     if (page->isVisible() && !shown) covered_.insert(page);
     if (!window) continue;
     if (shown) window->arrange(place, *rules);
-    ShowWindow(window->handle(), shown ? SW_SHOWNA : SW_HIDE);
+    // The page of before would stand under the title of the page to come.
+    ShowWindow(window->handle(), shown && !isPageToCome() ? SW_SHOWNA : SW_HIDE);
   }
   if (loosePage_) {
     loosePage_->arrange(place, *rules);
     ShowWindow(loosePage_->handle(), SW_SHOWNA);
   }
+}
+
+bool FormWindow::isPageToCome() const {
+  return busy_ && titleOf(form_) != idleTitle_;
 }
 
 void FormWindow::chooseMnemonics() {
@@ -463,7 +478,9 @@ void FormWindow::show() {
 
 void FormWindow::showBusy(bool busy) {
   if (busy_ == busy) return;
+  const bool wasPageToCome = isPageToCome();
   busy_ = busy;
+  if (isPageToCome() != wasPageToCome) requestLayout();
   for (View* view : inOrder_) {
     if (view->handle() && isBesidePages(view->control())) {
       RedrawWindow(view->handle(), nullptr, nullptr, RDW_INVALIDATE | RDW_ALLCHILDREN);
@@ -653,7 +670,8 @@ LRESULT FormWindow::answer(UINT message, WPARAM wParam, LPARAM lParam) {
       if (lastFocus_ && IsChild(handle(), lastFocus_)) {
         SetFocus(lastFocus_);
       } else {
-        focusFirst();
+        // After the first paint: a control may cost more once it has the focus.
+        PostMessageW(handle(), beginMessage, 0, 0);
       }
       return 0;
     case WM_CLOSE: {

@@ -89,6 +89,8 @@ class FormWindow : public Window, public ViewSite, public KeyTarget {
   /// Brings a place for the window into the work area of its screen.
   layout::Rect onScreen(const RECT& place) const;
   void arrangePages(const layout::Rect& place);
+  /// Whether the window works at a page that its title names already, and still has another one.
+  bool isPageToCome() const;
   /// Takes the views that the pages had made into the orders.
   void placeMadeViews();
   void chooseMnemonics();
@@ -138,7 +140,8 @@ class FormWindow : public Window, public ViewSite, public KeyTarget {
   bool activating_ = false;
   bool modal_ = false;
   bool busy_ = false;
-  SIZE laidOut_{};  ///< the size of the client area at the last layout
+  std::string idleTitle_;  ///< of the title bar, when the window was last laid out and did not work
+  SIZE laidOut_{};         ///< the size of the client area at the last layout
 };
 
 }  // namespace kebu::windows
