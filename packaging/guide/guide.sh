@@ -90,12 +90,12 @@ make_guide() (
       -M "pagetitle=$(sed -n '1s/^# //p' "$work/$page.md")" "$work/$page.md" |
       sed -E 's/(href="[a-z0-9-]+)\.md/\1.html/g' >"$output/$page.html"
   done
-  # In the one document all pages are chapters, and links go to them.
+  # In the one document all pages are chapters, and links go to them. Pictures and style stand in it, since
+  # weasyprint names a picture by its path.
   for page in "${guide_pages[@]}"; do
     printf '\n'
     sed -E -e "1s/\$/ {#capitolo-$page}/" -e 's/\]\(([a-z0-9-]+)\.md(#[^)]*)?\)/](#capitolo-\1)/g' "$work/$page.md"
   done | pandoc -f "$format" -t html5 --template packaging/guide/page.html -V navigation= \
-    -V "version=$(project_version)" -M "pagetitle=Guida" - >"$output/all.html"
-  SOURCE_DATE_EPOCH=$(package_time) weasyprint -q "$output/all.html" "$output/guida.pdf"
-  rm "$output/all.html"
+    -V "version=$(project_version)" -M "pagetitle=Guida" --self-contained --resource-path "$output" - >"$work/all.html"
+  SOURCE_DATE_EPOCH=$(package_time) weasyprint -q "$work/all.html" "$output/guida.pdf"
 )
