@@ -19,7 +19,7 @@ namespace kebu::workbench {
 // The state of the workbench's database objects for COM.
 
 /// What a recordset of ADO has besides its rows.
-struct RecordsetState {
+struct RecordsetState : std::enable_shared_from_this<RecordsetState> {
   Ref<ado::Recordset> rows;
   /// The batch's further results, for NextRecordset.
   std::vector<engine::ResultSet> following;

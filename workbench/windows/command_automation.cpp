@@ -14,7 +14,7 @@ namespace {
 
 using Argument = const Arguments&;
 
-struct CommandState {
+struct CommandState : std::enable_shared_from_this<CommandState> {
   Ref<ado::Command> command;
   ComPtr<IDispatch> connection;
   std::string text;
@@ -36,61 +36,53 @@ constexpr Member<ParameterState> parameterMembers[] = {
     {L"Name", [](ParameterState& p, Argument) { return Variant(p.name); }},
 };
 
-struct ParametersState {
-  std::shared_ptr<CommandState> owner;
-};
-
-constexpr Member<ParametersState> parametersMembers[] = {
+/// The collection of a command's parameters.
+constexpr Member<CommandState> parametersMembers[] = {
     {L"Item",
-     [](ParametersState& p, Argument arguments) {
-       const auto parameter =
-           std::make_shared<ParameterState>(ParameterState{p.owner, arguments.text(0), {}});
+     [](CommandState& c, Argument arguments) {
+       const auto parameter = std::make_shared<ParameterState>(
+           ParameterState{c.shared_from_this(), arguments.text(0), {}});
        return Variant(automated<ParameterState>(parameter, parameterMembers));
      }},
     // The engine's command looks its procedure up by itself.
-    {L"Refresh", [](ParametersState&, Argument) { return nothing(); }},
+    {L"Refresh", [](CommandState&, Argument) { return nothing(); }},
 };
 
-struct CommandObject {
-  std::shared_ptr<CommandState> state = std::make_shared<CommandState>();
-};
-
-Variant execute(CommandObject& command, Argument arguments) {
-  const auto on = subjectOf<ConnectionState>(command.state->connection);
+Variant execute(CommandState& command, Argument arguments) {
+  const auto on = subjectOf<ConnectionState>(command.connection);
   if (!on || !isAsynchronous(arguments, 2)) {
-    command.state->command->Execute();
+    command.command->Execute();
     return nothing();
   }
   auto result = std::make_shared<RecordsetState>();
   result->rows = makeRef<AdoRecordset>();
-  runAsynchronously(result, *on, [called = command.state->command] {
+  runAsynchronously(result, *on, [called = command.command] {
     called->Execute();
     return Ref<ado::Recordset>(makeRef<AdoRecordset>());
   });
   return Variant(automateState(result));
 }
 
-constexpr Member<CommandObject> commandMembers[] = {
+constexpr Member<CommandState> commandMembers[] = {
     {L"Parameters",
-     [](CommandObject& c, Argument) {
-       return Variant(automated<ParametersState>(
-           std::make_shared<ParametersState>(ParametersState{c.state}), parametersMembers));
+     [](CommandState& c, Argument) {
+       return Variant(automated(c.shared_from_this(), parametersMembers));
      }},
-    {L"ActiveConnection", [](CommandObject& c, Argument) { return Variant(c.state->connection); },
-     [](CommandObject& c, Argument arguments) {
-       c.state->connection = arguments.object(0);
-       c.state->command->setActiveConnection(connectionBehind(c.state->connection));
+    {L"ActiveConnection", [](CommandState& c, Argument) { return Variant(c.connection); },
+     [](CommandState& c, Argument arguments) {
+       c.connection = arguments.object(0);
+       c.command->setActiveConnection(connectionBehind(c.connection));
      }},
-    {L"CommandText", [](CommandObject& c, Argument) { return Variant(c.state->text); },
-     [](CommandObject& c, Argument arguments) {
-       c.state->text = arguments.text(0);
-       c.state->command->setCommandText(c.state->text);
+    {L"CommandText", [](CommandState& c, Argument) { return Variant(c.text); },
+     [](CommandState& c, Argument arguments) {
+       c.text = arguments.text(0);
+       c.command->setCommandText(c.text);
      }},
-    {L"CommandType", [](CommandObject& c, Argument) { return Variant(c.state->type); },
-     [](CommandObject& c, Argument arguments) { c.state->type = arguments.number(0); }},
+    {L"CommandType", [](CommandState& c, Argument) { return Variant(c.type); },
+     [](CommandState& c, Argument arguments) { c.type = arguments.number(0); }},
     {L"CommandTimeout", nullptr,
-     [](CommandObject& c, Argument arguments) {
-       c.state->command->setCommandTimeout(arguments.number(0));
+     [](CommandState& c, Argument arguments) {
+       c.command->setCommandTimeout(arguments.number(0));
      }},
     {L"Execute", execute},
 };
@@ -99,9 +91,9 @@ constexpr Member<CommandObject> commandMembers[] = {
 
 ComPtr<IDispatch> automate(const Ref<ado::Command>& command) {
   if (!command) return nullptr;
-  auto object = std::make_shared<CommandObject>();
-  object->state->command = command;
-  return automated<CommandObject>(object, commandMembers);
+  auto state = std::make_shared<CommandState>();
+  state->command = command;
+  return automated(state, commandMembers);
 }
 
 }  // namespace kebu::workbench

@@ -35,24 +35,18 @@ Variant execute(ConnectionState& state, Argument arguments) {
   return Variant(automateState(result));
 }
 
-/// The connection whose errors a collection shows.
-struct ConnectionErrors {
-  std::shared_ptr<AdoConnection> connection;
-};
-
-constexpr Member<ConnectionErrors> errorsMembers[] = {
+/// The collection of a connection's errors.
+constexpr Member<AdoConnection> errorsMembers[] = {
     {L"Item",
-     [](ConnectionErrors& e, Argument arguments) {
-       const Dispatch errors(newErrorCollection(e.connection->errors()));
+     [](AdoConnection& c, Argument arguments) {
+       const Dispatch errors(newErrorCollection(c.errors()));
        return errors.call(L"Item", {arguments.number(0)});
      }},
-    {L"Count",
-     [](ConnectionErrors& e, Argument) {
-       return Variant(static_cast<std::int32_t>(e.connection->errors().size()));
-     }},
+    {L"Count", [](AdoConnection& c,
+                  Argument) { return Variant(static_cast<std::int32_t>(c.errors().size())); }},
     {L"Clear",
-     [](ConnectionErrors& e, Argument) {
-       e.connection->clearErrors();
+     [](AdoConnection& c, Argument) {
+       c.clearErrors();
        return nothing();
      }},
 };
@@ -95,8 +89,7 @@ constexpr Member<ConnectionState> connectionMembers[] = {
     {L"Errors",
      [](ConnectionState& c, Argument) {
        static_cast<void>(c.idle());
-       return Variant(automated<ConnectionErrors>(
-           std::make_shared<ConnectionErrors>(ConnectionErrors{c.own()}), errorsMembers));
+       return Variant(automated(c.own(), errorsMembers));
      }},
 };
 

@@ -53,23 +53,19 @@ std::size_t fieldIndex(const RecordsetState& recordset, const Value& key) {
   return ado::indexOf(recordset.rows->fields(), key.as<std::string>());
 }
 
-Variant fieldOf(const std::shared_ptr<RecordsetState>& recordset, const Value& key) {
-  const auto field =
-      std::make_shared<FieldState>(FieldState{recordset, fieldIndex(*recordset, key)});
+Variant fieldOf(RecordsetState& recordset, const Value& key) {
+  const auto field = std::make_shared<FieldState>(
+      FieldState{recordset.shared_from_this(), fieldIndex(recordset, key)});
   static_cast<void>(field->field());
   return Variant(automated<FieldState>(field, fieldMembers));
 }
 
-struct FieldsState {
-  std::shared_ptr<RecordsetState> recordset;
-};
-
-constexpr Member<FieldsState> fieldsMembers[] = {
-    {L"Item", [](FieldsState& fields,
-                 Argument arguments) { return fieldOf(fields.recordset, arguments.value(0)); }},
+/// The collection of a recordset's fields.
+constexpr Member<RecordsetState> fieldsMembers[] = {
+    {L"Item", [](RecordsetState& r, Argument arguments) { return fieldOf(r, arguments.value(0)); }},
     {L"Count",
-     [](FieldsState& fields, Argument) {
-       return Variant(static_cast<std::int32_t>(fields.recordset->rows->fields().size()));
+     [](RecordsetState& r, Argument) {
+       return Variant(static_cast<std::int32_t>(r.rows->fields().size()));
      }},
 };
 
@@ -136,12 +132,11 @@ Variant getRows(RecordsetState& recordset, Argument arguments) {
 }
 
 /// Opens the recordset asynchronously, as its state says.
-void openBeside(const std::shared_ptr<RecordsetState>& state, ConnectionState& on,
-                const std::string& filter = "") {
-  runAsynchronously(state, on,
-                    [connection = connectionBehind(state->connection), source = state->source,
-                     location = state->location, criteria = state->criteria,
-                     cursor = state->cursorType, lock = state->lockType, filter] {
+void openBeside(RecordsetState& recordset, ConnectionState& on, const std::string& filter = "") {
+  runAsynchronously(recordset.shared_from_this(), on,
+                    [connection = connectionBehind(recordset.connection), source = recordset.source,
+                     location = recordset.location, criteria = recordset.criteria,
+                     cursor = recordset.cursorType, lock = recordset.lockType, filter] {
                       Ref<ado::Recordset> rows = makeRef<AdoRecordset>();
                       rows->setCursorLocation(location);
                       if (location == ado::CursorLocation::Client)
@@ -152,8 +147,7 @@ void openBeside(const std::shared_ptr<RecordsetState>& state, ConnectionState& o
                     });
 }
 
-void openRecordset(const std::shared_ptr<RecordsetState>& state, Argument arguments) {
-  RecordsetState& recordset = *state;
+Variant openRecordset(RecordsetState& recordset, Argument arguments) {
   if (arguments.has(0)) recordset.source = arguments.text(0);
   if (arguments.has(1)) recordset.connection = arguments.object(1);
   recordset.cursorType = static_cast<ado::CursorType>(
@@ -167,20 +161,22 @@ void openRecordset(const std::shared_ptr<RecordsetState>& state, Argument argume
   if (!on || !isAsynchronous(arguments, 4)) {
     recordset.rows->Open(recordset.source, connectionBehind(recordset.connection),
                          recordset.cursorType, recordset.lockType);
-    return;
+    return nothing();
   }
   if (recordset.rows->isOpen()) throw adoerror::open();
-  openBeside(state, *on);
+  openBeside(recordset, *on);
+  return nothing();
 }
 
-void requery(const std::shared_ptr<RecordsetState>& state, Argument arguments) {
-  const auto on = subjectOf<ConnectionState>(state->connection);
+Variant requery(RecordsetState& recordset, Argument arguments) {
+  const auto on = subjectOf<ConnectionState>(recordset.connection);
   if (!on || !isAsynchronous(arguments, 0)) {
-    state->rows->Requery();
-    return;
+    recordset.rows->Requery();
+    return nothing();
   }
-  if (!state->rows->isOpen()) throw adoerror::closed();
-  openBeside(state, *on, state->rows->filter());
+  if (!recordset.rows->isOpen()) throw adoerror::closed();
+  openBeside(recordset, *on, recordset.rows->filter());
+  return nothing();
 }
 
 void setFilter(RecordsetState& recordset, Argument arguments) {
@@ -216,136 +212,106 @@ std::shared_ptr<RecordsetState> cloneOf(const RecordsetState& recordset) {
   return clone;
 }
 
-// As ADO has them, a recordset's fields and clone need the recordset itself.
-struct RecordsetObject {
-  std::shared_ptr<RecordsetState> state = std::make_shared<RecordsetState>();
-};
-
-template <Variant (*Call)(RecordsetState&, Argument)>
-Variant on(RecordsetObject& recordset, Argument arguments) {
-  return Call(*recordset.state, arguments);
-}
-
 /// How a recordset is to be opened.
 template <auto Option>
-Variant option(RecordsetObject& recordset, Argument /*arguments*/) {
-  return Variant(static_cast<std::int32_t>((*recordset.state).*Option));
+Variant option(RecordsetState& recordset, Argument /*arguments*/) {
+  return Variant(static_cast<std::int32_t>(recordset.*Option));
 }
 
 template <auto Option>
-void setOption(RecordsetObject& recordset, Argument arguments) {
-  if (recordset.state->rows->isOpen()) throw adoerror::open();
-  auto& option = (*recordset.state).*Option;
+void setOption(RecordsetState& recordset, Argument arguments) {
+  if (recordset.rows->isOpen()) throw adoerror::open();
+  auto& option = recordset.*Option;
   option = static_cast<std::remove_reference_t<decltype(option)>>(arguments.number(0));
 }
 
-/// A dynamic property by its name. There is one.
-struct PropertyState {
-  std::shared_ptr<RecordsetState> recordset;
-};
-
-constexpr Member<PropertyState> propertyMembers[] = {
+/// The one dynamic property that there is.
+constexpr Member<RecordsetState> updateCriteriaMembers[] = {
     {L"Value", nullptr,
-     [](PropertyState& p, Argument arguments) {
-       p.recordset->rows->setUpdateCriteria(static_cast<ado::UpdateCriteria>(arguments.number(0)));
-       p.recordset->criteria = static_cast<ado::UpdateCriteria>(arguments.number(0));
+     [](RecordsetState& r, Argument arguments) {
+       const auto criteria = static_cast<ado::UpdateCriteria>(arguments.number(0));
+       r.rows->setUpdateCriteria(criteria);
+       r.criteria = criteria;
      }},
 };
 
-Variant propertyOf(RecordsetObject& recordset, Argument arguments) {
-  const bool isOnClient = recordset.state->location == ado::CursorLocation::Client;
+Variant propertyOf(RecordsetState& recordset, Argument arguments) {
+  const bool isOnClient = recordset.location == ado::CursorLocation::Client;
   if (!isOnClient || !equalsIgnoringCase(arguments.text(0), "Update Criteria")) {
     throw adoerror::noSuchItem();
   }
-  return Variant(automated<PropertyState>(
-      std::make_shared<PropertyState>(PropertyState{recordset.state}), propertyMembers));
+  return Variant(automated(recordset.shared_from_this(), updateCriteriaMembers));
 }
 
-constexpr Member<RecordsetObject> recordsetMembers[] = {
+constexpr Member<RecordsetState> recordsetMembers[] = {
     {L"Fields",
-     [](RecordsetObject& r, Argument arguments) {
-       if (arguments.count() > 0) return fieldOf(r.state, arguments.value(0));
-       return Variant(automated<FieldsState>(std::make_shared<FieldsState>(FieldsState{r.state}),
-                                             fieldsMembers));
+     [](RecordsetState& r, Argument arguments) {
+       if (arguments.count() > 0) return fieldOf(r, arguments.value(0));
+       return Variant(automated(r.shared_from_this(), fieldsMembers));
      }},
     {L"CursorLocation", option<&RecordsetState::location>,
-     [](RecordsetObject& r, Argument arguments) {
+     [](RecordsetState& r, Argument arguments) {
        const auto location = static_cast<ado::CursorLocation>(arguments.number(0));
-       r.state->rows->setCursorLocation(location);
-       r.state->location = location;
+       r.rows->setCursorLocation(location);
+       r.location = location;
      }},
     {L"Properties", propertyOf},
     {L"CursorType", option<&RecordsetState::cursorType>, setOption<&RecordsetState::cursorType>},
     {L"LockType", option<&RecordsetState::lockType>, setOption<&RecordsetState::lockType>},
-    {L"Source", [](RecordsetObject& r, Argument) { return Variant(r.state->source); },
-     [](RecordsetObject& r, Argument arguments) { r.state->source = arguments.text(0); }},
-    {L"ActiveConnection", [](RecordsetObject& r, Argument) { return Variant(r.state->connection); },
-     [](RecordsetObject& r, Argument arguments) { r.state->connection = arguments.object(0); }},
-    {L"Open",
-     [](RecordsetObject& r, Argument arguments) {
-       openRecordset(r.state, arguments);
-       return nothing();
-     }},
-    {L"Close", on<doing<&ado::Recordset::Close>>},
+    {L"Source", [](RecordsetState& r, Argument) { return Variant(r.source); },
+     [](RecordsetState& r, Argument arguments) { r.source = arguments.text(0); }},
+    {L"ActiveConnection", [](RecordsetState& r, Argument) { return Variant(r.connection); },
+     [](RecordsetState& r, Argument arguments) { r.connection = arguments.object(0); }},
+    {L"Open", openRecordset},
+    {L"Close", doing<&ado::Recordset::Close>},
     {L"Cancel",
-     [](RecordsetObject& r, Argument) {
-       r.state->cancel();
+     [](RecordsetState& r, Argument) {
+       r.cancel();
        return nothing();
      }},
-    {L"State", [](RecordsetObject& r, Argument) { return Variant(r.state->state()); }},
+    {L"State", [](RecordsetState& r, Argument) { return Variant(r.state()); }},
     {L"NextRecordset",
-     [](RecordsetObject& r, Argument) {
-       if (r.state->following.empty()) return Variant(ComPtr<IDispatch>());
-       RecordsetState& state = *r.state;
-       return Variant(automateState(
-           recordsetOf(state.batchConnection, state.source, std::move(state.following))));
+     [](RecordsetState& r, Argument) {
+       if (r.following.empty()) return Variant(ComPtr<IDispatch>());
+       return Variant(
+           automateState(recordsetOf(r.batchConnection, r.source, std::move(r.following))));
      }},
-    {L"Requery",
-     [](RecordsetObject& r, Argument arguments) {
-       requery(r.state, arguments);
-       return nothing();
-     }},
-    {L"Clone",
-     [](RecordsetObject& r, Argument) { return Variant(automateState(cloneOf(*r.state))); }},
-    {L"BOF", [](RecordsetObject& r, Argument) { return Variant(r.state->rows->BOF()); }},
-    {L"EOF", [](RecordsetObject& r, Argument) { return Variant(r.state->rows->EOF_()); }},
-    {L"MoveFirst", on<doing<&ado::Recordset::MoveFirst>>},
-    {L"MoveLast", on<doing<&ado::Recordset::MoveLast>>},
-    {L"MoveNext", on<doing<&ado::Recordset::MoveNext>>},
-    {L"MovePrevious", on<doing<&ado::Recordset::MovePrevious>>},
-    {L"RecordCount",
-     [](RecordsetObject& r, Argument) { return Variant(r.state->rows->RecordCount()); }},
+    {L"Requery", requery},
+    {L"Clone", [](RecordsetState& r, Argument) { return Variant(automateState(cloneOf(r))); }},
+    {L"BOF", [](RecordsetState& r, Argument) { return Variant(r.rows->BOF()); }},
+    {L"EOF", [](RecordsetState& r, Argument) { return Variant(r.rows->EOF_()); }},
+    {L"MoveFirst", doing<&ado::Recordset::MoveFirst>},
+    {L"MoveLast", doing<&ado::Recordset::MoveLast>},
+    {L"MoveNext", doing<&ado::Recordset::MoveNext>},
+    {L"MovePrevious", doing<&ado::Recordset::MovePrevious>},
+    {L"RecordCount", [](RecordsetState& r, Argument) { return Variant(r.rows->RecordCount()); }},
     {L"AbsolutePosition",
-     [](RecordsetObject& r, Argument) { return Variant(r.state->rows->AbsolutePosition()); },
-     [](RecordsetObject& r, Argument arguments) {
-       r.state->rows->setAbsolutePosition(arguments.number(0));
+     [](RecordsetState& r, Argument) { return Variant(r.rows->AbsolutePosition()); },
+     [](RecordsetState& r, Argument arguments) {
+       r.rows->setAbsolutePosition(arguments.number(0));
      }},
     {L"Filter",
-     [](RecordsetObject& r, Argument) {
-       const std::string filter = r.state->rows->filter();
+     [](RecordsetState& r, Argument) {
+       const std::string filter = r.rows->filter();
        return filter.empty() ? Variant(std::int32_t{0}) : Variant(filter);
      },
-     [](RecordsetObject& r, Argument arguments) { setFilter(*r.state, arguments); }},
-    {L"GetRows", on<getRows>},
-    {L"AddNew", on<doing<&ado::Recordset::AddNew>>},
-    {L"Update", on<doing<&ado::Recordset::Update>>},
-    {L"CancelUpdate", on<doing<&ado::Recordset::CancelUpdate>>},
-    {L"Delete", on<doing<&ado::Recordset::Delete>>},
-    {L"UpdateBatch", on<doing<&ado::Recordset::UpdateBatch>>},
-    {L"CancelBatch", on<doing<&ado::Recordset::CancelBatch>>},
-    {L"EditMode",
-     [](RecordsetObject& r, Argument) {
-       return Variant(static_cast<std::int32_t>(r.state->rows->editMode()));
-     }},
-    {L"Status", [](RecordsetObject& r, Argument) { return Variant(r.state->own().status()); }},
+     setFilter},
+    {L"GetRows", getRows},
+    {L"AddNew", doing<&ado::Recordset::AddNew>},
+    {L"Update", doing<&ado::Recordset::Update>},
+    {L"CancelUpdate", doing<&ado::Recordset::CancelUpdate>},
+    {L"Delete", doing<&ado::Recordset::Delete>},
+    {L"UpdateBatch", doing<&ado::Recordset::UpdateBatch>},
+    {L"CancelBatch", doing<&ado::Recordset::CancelBatch>},
+    {L"EditMode", [](RecordsetState& r,
+                     Argument) { return Variant(static_cast<std::int32_t>(r.rows->editMode())); }},
+    {L"Status", [](RecordsetState& r, Argument) { return Variant(r.own().status()); }},
 };
 
 }  // namespace
 
 ComPtr<IDispatch> automateState(const std::shared_ptr<RecordsetState>& state) {
-  auto recordset = std::make_shared<RecordsetObject>();
-  recordset->state = state;
-  return automated<RecordsetObject>(recordset, recordsetMembers);
+  return automated(state, recordsetMembers);
 }
 
 ComPtr<IDispatch> automate(const Ref<ado::Recordset>& recordset) {
