@@ -205,6 +205,24 @@ TEST_F(WindowTest, ProceduresOfTheDiscountRulesTitleTheirErrors) {
                     "QGRID_SCONTOSUPREZZO_SelectAllClickEXT"}));
 }
 
+TEST_F(WindowTest, OnlyTheTickOfARuleIsOpenUntilItIsTicked) {
+  show();
+  openPage(discountRules);
+  control<controls::ComboBox>("CMB_LISTINISCONTO").choose("1");
+  auto& grid = control<controls::QueryGrid>("QGRID_SCONTOSUPREZZO");
+  const auto open = [&] {
+    std::vector<std::string> fields;
+    for (const auto& column : grid.columns()) {
+      if (!grid.isLocked(1, column)) fields.push_back(column.field);
+    }
+    return fields;
+  };
+  using Fields = std::vector<std::string>;
+  EXPECT_EQ(open(), (Fields{"GM61_ATTIVA", "GM61_TIPOSCONTO", "GM61_CAMPOCORVANE"}));
+  grid.tickCell(1, "GM61_ATTIVA");
+  EXPECT_EQ(open(), Fields{"GM61_ATTIVA"});
+}
+
 // The name of a control says which column it shows; two names are older than their columns.
 TEST_F(WindowTest, ControlsOfTheProfileShowTheColumnsOfTheirNames) {
   show();
@@ -237,6 +255,13 @@ TEST_F(WindowTest, OnlyTheCaptionsOfComposedClassificationsAreTranslated) {
   level.choose("253");
   EXPECT_EQ(control<controls::EditBox>("TXT_DESC_ART_AZ(2)").text(), "Famiglia\\Sottofamiglia");
   EXPECT_FALSE(level.showsCodes()) << "they mean nothing to the user";
+}
+
+TEST_F(WindowTest, OnlyOneDepositIsPreferred) {
+  show();
+  for (const auto& column : control<controls::QueryGrid>("QGRID_DEP").columns()) {
+    EXPECT_EQ(column.refusesAll, column.field == "FLG_PREF") << column.field;
+  }
 }
 
 TEST_F(WindowTest, PriceSlotsNameTheirLookups) {
