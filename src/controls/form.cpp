@@ -18,9 +18,7 @@ void appendTree(Control& control, std::vector<Control*>& all) {
 
 }  // namespace
 
-Form::Form(std::string name, Desktop& desktop) : OfKind(std::move(name)), desktop_(desktop) {
-  setVisible(false);
-}
+Form::Form(std::string name, Desktop& desktop) : OfKind(std::move(name)), desktop_(desktop) {}
 
 Form::~Form() {
   leaveScreen();
@@ -126,7 +124,6 @@ void Form::Show(bool modal) {
     loaded_ = true;
     Form_Load();
   }
-  setVisible(true);
   desktop_.show(*this, [this] { Form_Activate(); });
   if (modal) desktop_.runModal(*this);
 }
@@ -147,7 +144,6 @@ void Form::End() {
 void Form::finishUnload() {
   Form_Unload();
   loaded_ = false;
-  setVisible(false);
   desktop_.hide(*this);
 }
 

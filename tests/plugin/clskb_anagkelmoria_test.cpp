@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <set>
 #include <vector>
 
@@ -78,7 +79,10 @@ TEST_F(PluginTest, WindowLivesFromShowToClose) {
   ASSERT_TRUE(connection);
   desktop.front()->activate();
   EXPECT_EQ(plugin->Connection(), connection);
+  // The user's script hears of both ends.
+  EXPECT_EQ(std::count(journal.begin(), journal.end(), "script: event tsOpen"), 1);
   EXPECT_EQ(plugin->CloseForm(), Value(true));
+  EXPECT_EQ(journal.back(), "script: event tsClose");
   EXPECT_EQ(desktop.front(), nullptr);
   EXPECT_TRUE(user.boxes.empty());
 }

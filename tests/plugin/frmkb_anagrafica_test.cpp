@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <map>
 #include <vector>
 
 #include "tests/plugin/plugin_fixture.h"
@@ -204,6 +205,44 @@ TEST_F(WindowTest, ProceduresOfTheDiscountRulesTitleTheirErrors) {
                     "QGRID_SCONTOSUPREZZO_SelectAllClickEXT"}));
 }
 
+TEST_F(WindowTest, OnlyTheTickOfARuleIsOpenUntilItIsTicked) {
+  show();
+  openPage(discountRules);
+  control<controls::ComboBox>("CMB_LISTINISCONTO").choose("1");
+  auto& grid = control<controls::QueryGrid>("QGRID_SCONTOSUPREZZO");
+  const auto open = [&] {
+    std::vector<std::string> fields;
+    for (const auto& column : grid.columns()) {
+      if (!grid.isLocked(1, column)) fields.push_back(column.field);
+    }
+    return fields;
+  };
+  using Fields = std::vector<std::string>;
+  EXPECT_EQ(open(), (Fields{"GM61_ATTIVA", "GM61_TIPOSCONTO", "GM61_CAMPOCORVANE"}));
+  grid.tickCell(1, "GM61_ATTIVA");
+  EXPECT_EQ(open(), Fields{"GM61_ATTIVA"});
+}
+
+// The name of a control says which column it shows; two names are older than their columns.
+TEST_F(WindowTest, ControlsOfTheProfileShowTheColumnsOfTheirNames) {
+  show();
+  const std::map<std::string, std::string> others{{"CBO_TIPOVALORIZZ", "GM04_INDTIPOCOSTOART"},
+                                                  {"TXT_NUMLIST", "GM04_LISTCOSTOART_LI10"}};
+  int columns = 0;
+  for (controls::Control* each : desktop.front()->controls()) {
+    auto* const bound = controls::as<controls::BoundControl>(*each);
+    if (!bound) continue;
+    const std::string name = each->Name();
+    const std::size_t column = name.find("_GM0");
+    const auto other = others.find(name);
+    if (column == std::string::npos && other == others.end()) continue;
+    EXPECT_EQ(bound->DBField(), other == others.end() ? name.substr(column + 1) : other->second);
+    EXPECT_NE(bound->frame(), nullptr) << name;
+    ++columns;
+  }
+  EXPECT_GT(columns, 20);
+}
+
 TEST_F(WindowTest, OnlyTheCaptionsOfComposedClassificationsAreTranslated) {
   translations = workbench::Translations::parse("Famiglia\\Sottofamiglia\tFamily\\Subfamily\n");
   global = makeRef<ReplacedServices>(surroundings());
@@ -215,6 +254,14 @@ TEST_F(WindowTest, OnlyTheCaptionsOfComposedClassificationsAreTranslated) {
                           [](const auto& row) { return row.caption == "Family\\Subfamily"; }));
   level.choose("253");
   EXPECT_EQ(control<controls::EditBox>("TXT_DESC_ART_AZ(2)").text(), "Famiglia\\Sottofamiglia");
+  EXPECT_FALSE(level.showsCodes()) << "they mean nothing to the user";
+}
+
+TEST_F(WindowTest, OnlyOneDepositIsPreferred) {
+  show();
+  for (const auto& column : control<controls::QueryGrid>("QGRID_DEP").columns()) {
+    EXPECT_EQ(column.refusesAll, column.field == "FLG_PREF") << column.field;
+  }
 }
 
 TEST_F(WindowTest, PriceSlotsNameTheirLookups) {

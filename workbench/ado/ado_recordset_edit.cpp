@@ -83,6 +83,8 @@ void AdoRecordset::Update() {
 
 void AdoRecordset::CancelUpdate() {
   static_cast<void>(rows());
+  // Later documentation does not say so any more.
+  if (!edit_) throw adoerror::notInContext();
   edit_.reset();
 }
 
