@@ -35,7 +35,9 @@ Date fromAutomationDate(double date) {
 double toAutomationDate(const Date& date) {
   const double whole = date.dayNumber() - epochDay;
   const double part = static_cast<double>(date.millisecondOfDay()) / Date::millisecondsPerDay;
-  return whole < 0 ? whole - part : whole + part;
+  const double result = whole < 0 ? whole - part : whole + part;
+  if (!isAutomationDate(result)) throw RuntimeError::typeMismatch();
+  return result;
 }
 
 }  // namespace kebu

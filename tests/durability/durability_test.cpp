@@ -11,6 +11,7 @@
 
 #include <algorithm>
 #include <array>
+#include <cstdio>
 #include <cstring>
 #include <filesystem>
 #include <fstream>
@@ -94,8 +95,12 @@ void expectUsable(const std::string& path) {
 /// A scenario played without faults on a file.
 struct UsualRun {
   std::vector<std::string> files;  ///< its bytes at first and at the end of each transaction
-  std::vector<Lines> states;       ///< the rows in them
   std::int64_t operations = 0;     ///< writes to files, and deletions of them
+
+  Lines rowsAfter(std::size_t transactions) const {
+    return rowsIn(ScratchFile(files.at(transactions)).path());
+  }
+  Lines rowsAtEnd() const { return rowsAfter(files.size() - 1); }
 };
 
 /// Also sees that every statement is one transaction, which is carried out whole or not at all.
@@ -119,9 +124,6 @@ UsualRun playUsually(const Scenario& scenario) {
     const bool isProcedure = text.find("EXEC") == 0 || text.find("exec") == 0;
     EXPECT_TRUE(count == 1 || isProcedure) << count << " transactions of " << text;
   }
-  for (const std::string& bytes : usual.files) {
-    usual.states.push_back(rowsIn(ScratchFile(bytes).path()));
-  }
   return usual;
 }
 
@@ -139,6 +141,20 @@ class Durability : public testing::Test {
     const auto found = played.find(scenario);
     if (found != played.end()) return found->second;
     return played.emplace(scenario, playUsually(scenarioNamed(scenario))).first->second;
+  }
+
+  /// A file that something happens to while a scenario is played on it.
+  struct Accident {
+    std::string name;  ///< of the scenario
+    const UsualRun& usual;
+    std::int64_t at;  ///< the operation, from 1
+    ScratchFile file{newCompany()};
+  };
+  static Accident chosenBy(Random& random) {
+    const std::string name = random.of(savingScenarios);
+    const UsualRun& whole = usual(name);
+    const auto operations = static_cast<std::size_t>(whole.operations);
+    return {name, whole, 1 + static_cast<std::int64_t>(random.below(operations))};
   }
 
   /// Does something so many times, each time with a seed of its own. Stops at the first failure.
@@ -178,6 +194,8 @@ class SharedNumber {
 /// Runs `work` in a process of its own, which ends with its result.
 template <class Work>
 pid_t start(Work&& work) {
+  // What is still to be written would be written by both processes.
+  std::fflush(nullptr);
   const pid_t child = fork();
   if (child != 0) return child;
   int result = 1;
@@ -197,59 +215,55 @@ int endOf(pid_t child) {
 
 TEST_F(Durability, AKillWhileSavingLeavesWhatWasDoneBefore) {
   repeat("KEBU_KILLS", 3, [&](Random& random) {
-    const std::string name = random.of(savingScenarios);
-    const UsualRun& whole = usual(name);
-    const std::int64_t at =
-        1 + static_cast<std::int64_t>(random.below(static_cast<std::size_t>(whole.operations)));
-    SCOPED_TRACE(name + ", operation " + std::to_string(at));
-    const ScratchFile file(newCompany());
+    const Accident accident = chosenBy(random);
+    const UsualRun& whole = accident.usual;
+    const ScratchFile& file = accident.file;
+    SCOPED_TRACE(accident.name + ", operation " + std::to_string(accident.at));
     const SharedNumber ended;
     const int status = endOf(start([&] {
       FaultyRun run(engine::Database::openFile(file.path()), company, {});
       faultyfiles::reset();
       faultyfiles::whenTransactionEnds([&] { ++*ended; });
-      faultyfiles::killAt(at);
-      run.play(scenarioNamed(name));
+      faultyfiles::killAt(accident.at);
+      run.play(scenarioNamed(accident.name));
       return 0;
     }));
     ASSERT_TRUE(WIFSIGNALED(status) && WTERMSIG(status) == SIGKILL) << status;
     EXPECT_EQ(integrityOf(file.path()), "ok");
-    EXPECT_EQ(rowsIn(file.path()), whole.states.at(static_cast<std::size_t>(*ended)));
+    EXPECT_EQ(rowsIn(file.path()), whole.rowsAfter(static_cast<std::size_t>(*ended)));
     expectUsable(file.path());
   });
 }
 
 TEST_F(Durability, AFullDiskIsToldAndCostsNothingThatIsStored) {
   repeat("KEBU_FULL_DISKS", 2, [&](Random& random) {
-    const std::string name = random.of(savingScenarios);
-    const UsualRun& whole = usual(name);
-    const std::int64_t at =
-        1 + static_cast<std::int64_t>(random.below(static_cast<std::size_t>(whole.operations)));
-    SCOPED_TRACE(name + ", operation " + std::to_string(at));
-    const ScratchFile file(newCompany());
+    const Accident accident = chosenBy(random);
+    const UsualRun& whole = accident.usual;
+    const ScratchFile& file = accident.file;
+    SCOPED_TRACE(accident.name + ", operation " + std::to_string(accident.at));
     std::size_t ended = 0;
     {
       FaultyRun run(engine::Database::openFile(file.path()), company, {});
       faultyfiles::reset();
-      faultyfiles::fillDiskAt(at);
+      faultyfiles::fillDiskAt(accident.at);
       std::size_t endedBefore = 0;
       faultyfiles::whenTransactionEnds([&] {
-        if (faultyfiles::operations() < at) ++endedBefore;
+        if (faultyfiles::operations() < accident.at) ++endedBefore;
       });
-      run.play(scenarioNamed(name));
+      run.play(scenarioNamed(accident.name));
       expectClosed(run);
       ended = endedBefore;
       // The last transaction may have needed nothing more of the disk.
       const bool isTold = std::ranges::any_of(run.errors(), [](const std::string& error) {
         return error.find("the disk is full") != std::string::npos;
       });
-      EXPECT_TRUE(isTold || rowsIn(file.path()) == whole.states.back());
+      EXPECT_TRUE(isTold || rowsIn(file.path()) == whole.rowsAtEnd());
     }
     faultyfiles::reset();
     faultyfiles::whenTransactionEnds(nullptr);
     EXPECT_EQ(integrityOf(file.path()), "ok");
     const Lines rows = rowsIn(file.path());
-    EXPECT_TRUE(rows == whole.states.at(ended) || rows == whole.states.at(ended + 1));
+    EXPECT_TRUE(rows == whole.rowsAfter(ended) || rows == whole.rowsAfter(ended + 1));
     expectUsable(file.path());
   });
 }
@@ -364,7 +378,7 @@ TEST_F(Durability, TwoProcessesSaveAtTheSameTime) {
     EXPECT_EQ(integrityOf(file.path()), "ok");
     Lines expected;
     const auto take = [&](const std::string& name, bool ofOthers) {
-      for (const std::string& row : usual(name).states.back()) {
+      for (const std::string& row : usual(name).rowsAtEnd()) {
         if (isOf(row, {"GM19_", "GM61_"}) == ofOthers) expected.push_back(row);
       }
     };

@@ -3,7 +3,9 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "common/convert.h"
@@ -135,6 +137,35 @@ TEST_F(NastyValues, InTheConditionsOfFilters) {
   enterInConditionsOfFilters(window_, Share::All);
 }
 
+TEST_F(NastyValues, AreManyInAListOfCodes) {
+  using controls::QueryEditor;
+  using controls::RangeEnd;
+  constexpr const char* editor = "ENHQUERY_CLI";
+  constexpr int last = 5'000;
+  window_.openPage(10);
+  const auto counted = [&] {
+    EXPECT_FALSE(window_.click(std::string(editor) + ".CONTA"));
+    return workplace_.hands().value(std::string(editor) + ".ESITO");
+  };
+  const auto state = [&](std::size_t field, const char* op, const std::string& value) {
+    EXPECT_TRUE(window_.choose(QueryEditor::operatorName(editor, field), op));
+    EXPECT_FALSE(
+        window_.type(QueryEditor::valueName(editor, field, RangeEnd::First), value).isTold);
+  };
+  std::string codes;
+  for (int code = 1; code <= last; ++code) codes += std::to_string(code) + ';';
+  constexpr std::size_t customer = 1;  // a number
+  constexpr std::size_t name = 2;      // a text
+  state(customer, "between", "1");
+  window_.type(QueryEditor::valueName(editor, customer, RangeEnd::Second), std::to_string(last));
+  const std::string between = counted();
+  EXPECT_NE(between, "");
+  state(customer, "in", codes);
+  EXPECT_EQ(counted(), between);
+  state(name, "in", codes);
+  EXPECT_NE(counted(), between) << "nobody has such a name";
+}
+
 TEST_F(NastyValues, InTheCellsOfGrids) {
   enterInCellsOfPriceLists(window_, Share::All);
 }
@@ -223,6 +254,58 @@ class NastyMessages : public host::MessageService {
   std::string text_;
 };
 
+/// Every other service answers with a nasty text: as a statement, a path, a title, a saved filter.
+class NastyTexts : public host::SqlDecodeService,
+                   public host::LookupService,
+                   public host::EnvironmentService,
+                   public host::SavedFilterService {
+ public:
+  explicit NastyTexts(std::string text) : text_(std::move(text)) {}
+
+  void Initialize(const Ref<host::Cinterface>&) override {}
+  std::string DocumentType(const std::string&, const std::string&) override { return text_; }
+  std::string Customer(const std::string&, const std::string&) override { return text_; }
+  std::string Code(const std::string&, const std::string&,
+                   const std::vector<std::string>&) override {
+    return text_;
+  }
+  std::string GetPath(std::int32_t, const std::string&) override { return text_; }
+  Value Load(const std::string&, const std::string&) override { return text_; }
+  void Save(const std::string&, const std::string&, const std::string&, bool) override {}
+  host::LookupDefinition DocumentTypes(const std::string&) override { return list(); }
+  host::LookupDefinition Customers(const std::string&) override { return list(); }
+  host::LookupDefinition Configurator(const std::string&) override { return list(); }
+  host::LookupDefinition CustomerNames(const std::string&) override { return list(); }
+  host::LookupDefinition Suppliers(const std::string&) override { return list(); }
+  host::LookupDefinition Codes(const std::string&, const std::string&,
+                               const std::vector<std::string>&) override {
+    return list();
+  }
+
+ private:
+  host::LookupDefinition list() const { return {text_, text_, {text_, text_}, text_}; }
+
+  std::string text_;
+};
+
+class NastyTextServices : public workbench::GlobalServices {
+ public:
+  NastyTextServices(const workbench::HostSurroundings& surroundings, const std::string& text)
+      : GlobalServices(surroundings), texts_(makeRef<NastyTexts>(text)), text_(text) {}
+
+  std::string ApplicationCode() override { return text_; }
+  Value SessionId() override { return text_; }
+  Value UserId() override { return text_; }
+  Ref<host::SqlDecodeService> CreateSqlDecode() override { return texts_; }
+  Ref<host::LookupService> CreateLookups() override { return texts_; }
+  Ref<host::EnvironmentService> CreateEnvironment() override { return texts_; }
+  Ref<host::SavedFilterService> CreateSavedFilters() override { return texts_; }
+
+ private:
+  Ref<NastyTexts> texts_;
+  std::string text_;
+};
+
 class NastyHost : public plugin::PluginTest {
  protected:
   /// Opens the window, goes through its pages and closes it; whether it could be closed.
@@ -241,6 +324,8 @@ class NastyHost : public plugin::PluginTest {
         if (auto* const links = as<controls::SideBar>(*each)) links->click(view);
       }
     }
+    auto& document = control<EditBox>("TXT_GM04_CODDOCWEB_MG36");
+    if (document.isReachable() && document.isEditable()) document.lookup();
     return toBoolean(instance->CloseForm());
   }
 
@@ -273,6 +358,20 @@ TEST_F(NastyHost, GivesACompanyThatIsNoNumber) {
       EXPECT_EQ(statement.substr(from, statement.find_first_of(" \r", from) - from), number)
           << statement;
     }
+  }
+}
+
+TEST_F(NastyHost, GivesTextsThatAreNoStatements) {
+  for (const NastyValue& value : nastyValues()) {
+    SCOPED_TRACE(value.name);
+    told.clear();
+    statements.clear();
+    EXPECT_TRUE(openAndClose(makeRef<NastyTextServices>(surroundings(), value.text)));
+    // What the host gives as a statement is run as it is, and its error is told.
+    const auto all = statements.statements();
+    const bool isRun = std::ranges::find(all, value.text) != all.end();
+    EXPECT_TRUE(isRun || value.text.find_first_not_of(' ') == std::string::npos);
+    EXPECT_TRUE(!told.empty() || !isRun || value.text.starts_with("/*"));
   }
 }
 

@@ -51,8 +51,13 @@ int run(const Options& options) {
     std::ifstream file(options.again);
     const std::string text{std::istreambuf_iterator<char>(file), {}};
     WalkOutcome outcome = walkAgain(ground, stepsOf(text));
-    if (outcome.broken) report(ground, std::move(outcome));
-    return outcome.broken ? 1 : 0;
+    if (outcome.broken) {
+      report(ground, std::move(outcome));
+      return 1;
+    }
+    std::cout << outcome.steps.size() << " gestures, " << outcome.comparisons
+              << " pages compared\n";
+    return 0;
   }
   const auto start = std::chrono::steady_clock::now();
   const auto passed = [&] {

@@ -5,10 +5,12 @@
 #include <functional>
 #include <map>
 #include <ostream>
+#include <regex>
 #include <utility>
 
 #include "common/convert.h"
 #include "controls/visit.h"
+#include "forms/anagrafica/frame/pages.h"
 #include "tests/support/statement_recorder.h"
 #include "tests/support/written_tables.h"
 #include "tests/walk/shown_page.h"
@@ -50,6 +52,52 @@ constexpr const char* profileTables[] = {"GM03_DISPOSITIVI", "GM04_PARAMETRITVRO
 constexpr const char* profilePages[] = {"GRPMAIN_PAR", "GRPMAIN_LISTINI", "GRPMAIN_GIACENZE",
                                         "GRPMAIN_FILTROART", "GRPMAIN_FILTROCLI"};
 constexpr const char* categoryPages[] = {"GRPMAIN_CATCLIENTI", "GRPMAIN_CATART"};
+
+constexpr const char* discountsPage = "GRPMAIN_SCONTI";
+constexpr const char* listTypes = "CMB_LISTINISCONTO";
+
+/// The list type whose discounts a window shows; "" in a window without discounts.
+std::string listTypeIn(Form& form) {
+  controls::Control* const combo = form.find(listTypes);
+  return combo ? controls::as<controls::ComboBox>(*combo)->text() : "";
+}
+
+/// The check box and the grid of each mode of discounts.
+constexpr std::pair<const char*, const char*> discountModes[] = {
+    {"CHK_SCONTOPREZZOART", "QGRID_SCONTOSUPREZZO"},
+    {"CHK_GRIGLIASCONTI", "QGRID_SCONTOSUGRIGLIA"}};
+
+bool isTicked(Form& form, const char* check) {
+  return controls::as<controls::CheckBox>(*form.find(check))->isTicked();
+}
+
+/// The ticked rules of a mode, by what a rule keeps; none of a mode that is switched off.
+std::vector<std::string> tickedRules(Form& form, const char* check, const char* name) {
+  std::vector<std::string> lines;
+  if (!isTicked(form, check)) return lines;
+  auto& grid = *controls::as<controls::QueryGrid>(*form.find(name));
+  for (std::int32_t row = 1; row <= grid.rowCount(); ++row) {
+    if (toDisplay(grid.cell(row, "GM61_ATTIVA")) != "1") continue;
+    std::string line = name;
+    for (const char* const field : {"GM61_NOMEREGOLA", "GM61_CAMPOCORVANE", "GM61_POSIZIONE"}) {
+      line += ' ' + trimRight(toDisplay(grid.cell(row, field))) + ';';
+    }
+    lines.push_back(line);
+  }
+  std::ranges::sort(lines);
+  return lines;
+}
+
+/// What the page of discounts shows. Discount grids that are proposed are numbered behind the last
+/// proposals on price of the same window, so that their numbers differ from those of another one.
+std::vector<std::string> shownDiscounts(Form& form) {
+  static const std::regex number(" - [0-9]+;");
+  std::vector<std::string> lines = shownIn(*form.find(discountsPage));
+  for (std::string& line : lines) {
+    if (line.starts_with("QGRID_SCONTOSUGRIGLIA")) line = std::regex_replace(line, number, ";");
+  }
+  return lines;
+}
 
 using Rows = std::vector<std::vector<std::string>>;  // of each query
 
@@ -148,6 +196,10 @@ class Walker : public workbench::Player, public workbench::StatementObserver {
   bool isSaving() const;
   void checkLastStep();
   void compareWithFresh(std::span<const char* const> pages);
+  void checkDiscounts(const Words& words);
+  void compareDiscounts(bool afterSaving);
+  /// Has a fresh window, in front meanwhile, looked at beside the current one.
+  void besideFresh(const std::function<void(Form& form, Form& fresh)>& look);
   void checkDatabase();
 
   std::ostream nowhere_{nullptr};
@@ -158,6 +210,7 @@ class Walker : public workbench::Player, public workbench::StatementObserver {
   std::deque<workbench::ScenarioLine> lines_;  ///< nested steps use several at a time
   std::deque<std::string> statements_;         ///< the last ones
   bool checked_ = true;                        ///< the last step
+  std::string listTypeBefore_;                 ///< that of the discounts, before the last step
   bool troubled_ = false;  ///< there were errors or other windows: pages may differ from the tables
   /// How often a lost connection may still be told in the current step, by a box that is not
   /// answered with Retry: once for each gesture of the step.
@@ -242,6 +295,7 @@ const workbench::ScenarioLine* Walker::nextLine() {
   if (std::ranges::find(disturbing, words->front()) != std::end(disturbing)) troubled_ = true;
   outcome_.steps.push_back({*words});
   checked_ = false;
+  if (Form* const front = workplace_.desktop().front()) listTypeBefore_ = listTypeIn(*front);
   lossesToTell_ = gesturesOf(*words);
   lines_.push_back({static_cast<int>(lines_.size()) + 1, words->front(), *words});
   return &lines_.back();
@@ -264,6 +318,7 @@ void Walker::lineFailed(const std::exception& error) {
 void Walker::checkLastStep() {
   if (std::exchange(checked_, true) || troubled_ || outcome_.steps.back().refused) return;
   const Words& words = outcome_.steps.back().words;
+  checkDiscounts(words);
   if (words.front() != "press" || (words[2] != "Annulla" && words[2] != "Conferma")) return;
   Form* const front = workplace_.desktop().front();
   if (!front || !workplace_.host().isOpen()) return;
@@ -276,7 +331,7 @@ void Walker::checkLastStep() {
   }
 }
 
-void Walker::compareWithFresh(std::span<const char* const> pages) {
+void Walker::besideFresh(const std::function<void(Form& form, Form& fresh)>& look) {
   ++outcome_.comparisons;
   // In the same host, which keeps the saved filters.
   workbench::StandInHost& host = workplace_.host();
@@ -286,19 +341,61 @@ void Walker::compareWithFresh(std::span<const char* const> pages) {
   closing_ = true;
   host.use(freshWindow);
   host.open();
-  Form& fresh = *workplace_.desktop().front();
-  for (const char* const page : pages) {
-    controls::Control* const shown = form.find(page);
-    controls::Control* const read = fresh.find(page);
-    const std::string difference = firstDifference(shownIn(*shown), shownIn(*read));
-    if (!difference.empty()) {
-      broken("after \"" + outcome_.steps.back().words[2] +
-             "\" the page differs from a fresh one: " + difference);
-    }
-  }
+  look(form, *workplace_.desktop().front());
   if (!host.close()) broken("a fresh window cannot be closed");
   host.use(window);
   closing_ = false;
+}
+
+void Walker::compareWithFresh(std::span<const char* const> pages) {
+  besideFresh([&](Form& form, Form& fresh) {
+    for (const char* const page : pages) {
+      const std::string difference =
+          firstDifference(shownIn(*form.find(page)), shownIn(*fresh.find(page)));
+      if (!difference.empty()) {
+        broken("after \"" + outcome_.steps.back().words[2] +
+               "\" the page differs from a fresh one: " + difference);
+      }
+    }
+  });
+}
+
+// Changes of rules are undone by choosing another list type, which reads the page again.
+void Walker::checkDiscounts(const Words& words) {
+  Form* const front = workplace_.desktop().front();
+  if (!front || !workplace_.host().isOpen() || !front->isNamed("FRMKB_ANAGRAFICA")) return;
+  const std::string now = listTypeIn(*front);
+  if (words.front() == "choose" && words[1] == listTypes && now != listTypeBefore_) {
+    compareDiscounts(false);
+  }
+  const bool isShown = front->find(discountsPage)->isShown();
+  if (isShown && now != "0" && words.front() == "press" && words[2] == "Conferma") {
+    compareDiscounts(true);
+  }
+}
+
+void Walker::compareDiscounts(bool afterSaving) {
+  besideFresh([&](Form& form, Form& fresh) {
+    workplace_.hands().openPage(forms::DiscountsPage::view);
+    workplace_.hands().choose(listTypes, listTypeIn(form));
+    const char* const what = afterSaving
+                                 ? "the rules that were saved differ from those of a fresh page: "
+                                 : "the page of discounts differs from a fresh one: ";
+    const auto compare = [&](const auto& linesOf) {
+      const std::string difference = firstDifference(linesOf(form), linesOf(fresh));
+      if (!difference.empty()) broken(what + difference);
+    };
+    if (!afterSaving) {
+      compare(shownDiscounts);
+      return;
+    }
+    for (const auto& [check, grid] : discountModes) {
+      // The rules of a mode that is switched off are not saved.
+      if (isTicked(form, check)) {
+        compare([&](Form& window) { return tickedRules(window, check, grid); });
+      }
+    }
+  });
 }
 
 void Walker::closeWindows() {

@@ -35,7 +35,8 @@ struct WalkOutcome {
 ///   procedures write
 /// - the profile is only written when the user saves
 /// - every statement has one of the known shapes, and none runs while rows of another are unread
-/// - after "Annulla", and after "Conferma" without a fault, a page shows what a fresh window shows
+/// - after "Annulla", and after "Conferma" without a fault, a page shows what a fresh window shows;
+///   so does the page of discounts when another list type is chosen, and the rules that were saved
 WalkOutcome walk(const WalkGround& ground, GestureSource& source);
 
 /// The steps of a walk made again; those that cannot be made are passed over.

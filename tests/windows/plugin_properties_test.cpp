@@ -1,17 +1,21 @@
 // Every property of the contract, set and read by name and through the vtable.
 #include <gtest/gtest.h>
 
+#include <optional>
+#include <sstream>
 #include <string>
 #include <vector>
 
 #include "tests/windows/instance.h"
 #include "tests/windows/listener.h"
+#include "tests/windows/nasty_variants.h"
 #include "tests/windows/same_variant.h"
 #include "windows/host/navigator_events.h"
 #include "windows/support/dispatch.h"
 #include "windows/support/text.h"
 #include "windows/support/windows_api.h"
 #include "workbench/windows/host_automation.h"
+#include "workbench/windows/trace_listener.h"
 
 namespace kebu::tests {
 
@@ -192,6 +196,62 @@ TEST(PluginProperties, ReadBackAsTheyAreSet) {
       // As it was, before it is written in another way.
       if (!property.values.empty() && !property.isKnownLater) {
         write(*plugin.get(), property, writing, property.first);
+      }
+    }
+  }
+}
+
+/// What the variant is when it is copied, references followed; nothing when it cannot be.
+std::optional<Variant> copied(const Variant& value) {
+  try {
+    return Variant::copyOf(value.get());
+  } catch (const RuntimeError&) {
+    return std::nullopt;
+  }
+}
+
+/// Whether a number, flag or object is what automation makes of the variant.
+bool isConverted(const Variant& kept, const Variant& value) {
+  if (value.type() == VT_BOOL && kept.type() == VT_BOOL) return kept.get().boolVal != VARIANT_FALSE;
+  if (value.type() == VT_BOOL && kept.type() == VT_I4) return kept.get().lVal != 0;
+  if (value.type() == VT_ERROR && kept.type() == VT_I4) return kept.get().lVal == 0;  // left out
+  Variant converted;
+  constexpr LCID italian = MAKELCID(MAKELANGID(LANG_ITALIAN, SUBLANG_ITALIAN), SORT_DEFAULT);
+  const auto isMadeUnder = [&](LCID locale) {
+    return SUCCEEDED(VariantChangeTypeEx(converted.put(), const_cast<VARIANT*>(&value.get()),
+                                         locale, 0, kept.type())) &&
+           isSame(converted, kept);
+  };
+  // The plug-in reads texts in the Italian way, the type library's calls in the user's.
+  return isMadeUnder(italian) || isMadeUnder(LOCALE_USER_DEFAULT);
+}
+
+TEST(PluginProperties, KeepAnythingOrTellThatTheyDoNot) {
+  const ComPtr<::Cinterface> plugin = createInstance();
+  for (const Property& property : properties()) {
+    const std::wstring name = property.name;
+    if (!property.put || name == L"Filtro") continue;  // which discards what it is given
+    const bool takesAnything = name.starts_with(L"Menu") || name == L"Caption";
+    const bool isPlace = name == L"Top" || name == L"Left";
+    for (const Way& way : ways) {
+      if (!way.byName && !takesAnything && !isPlace) continue;  // a C++ caller has its type
+      for (const NastyVariant& given : nastyVariants()) {
+        SCOPED_TRACE(windows::toUtf8(name) + ' ' + way.name + ": " + given.name);
+        const Variant before = read(*plugin.get(), property, way);
+        std::ostringstream trace;
+        bool isTold = false;
+        try {
+          const workbench::TraceListener tracing(trace);
+          write(*plugin.get(), property, way, given.value);
+        } catch (const RuntimeError&) {
+          isTold = true;
+        }
+        isTold |= trace.str().find("KVRE:|") != std::string::npos;
+        const Variant kept = read(*plugin.get(), property, way);
+        const auto value = copied(given.value);
+        const bool isSaved = value && isSame(kept, *value);
+        const bool isKept = isSaved || (!takesAnything && value && isConverted(kept, *value));
+        EXPECT_TRUE(isKept || (isTold && isSame(kept, before))) << "it has type " << kept.type();
       }
     }
   }

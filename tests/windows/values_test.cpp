@@ -110,11 +110,26 @@ TEST(Values, SurviveTheWayThroughAVariant) {
       "",
       "l'è 漢字 🙂",
       std::string("con\0zero", 8),
+      "half of a pair \xED\xA0\xBD, both in the wrong order \xED\xB8\x80\xED\xA0\xBD",
   };
   for (const Value& value : values) {
     const Value back = windows::toValue(windows::toVariant(value).get());
     EXPECT_EQ(describe(back), describe(value));
   }
+}
+
+TEST(Values, AreNoDatesBeforeTheFirstOne) {
+  const auto error = [](const Date& date) {
+    try {
+      windows::toVariant(date);
+      return 0;
+    } catch (const RuntimeError& raised) {
+      return raised.number();
+    }
+  };
+  EXPECT_EQ(error(*Date::make(100, 1, 1)), 0);
+  EXPECT_EQ(error(*Date::make(99, 12, 31, 23, 59)), 13);
+  EXPECT_EQ(error(*Date::make(1, 1, 1)), 13);
 }
 
 TEST(Values, KeepVariantsThatAreOnlyPassedOn) {

@@ -249,6 +249,12 @@ std::string ModelHands::tickState(const std::string& grid, const std::string& fi
   }
 }
 
+void ModelHands::toFront(std::int32_t number) {
+  const auto found = windows_.find(number);
+  if (found == windows_.end()) return;  // it is being shown modally, and is in front
+  desktop_.activate(*found->second);
+}
+
 bool ModelHands::isFocused(const std::string& name) {
   return window().focusWanted() == &control(name);
 }

@@ -10,6 +10,7 @@ namespace kebu::windows {
 namespace {
 
 Decimal fromAutomationDecimal(const DECIMAL& decimal) {
+  if ((decimal.sign & ~DECIMAL_NEG) != 0) throw RuntimeError::invalidCall();
   return {{decimal.Lo32, decimal.Mid32, decimal.Hi32}, decimal.scale, decimal.sign != 0};
 }
 
@@ -26,17 +27,19 @@ Value objectValue(const ComPtr<IDispatch>& object) {
 }
 
 /// Whether the variant comes back as it was from the value made of it.
-bool survives(VARTYPE type) {
-  switch (type) {
+bool survives(const VARIANT& variant) {
+  switch (variant.vt) {
     case VT_EMPTY:
     case VT_NULL:
-    case VT_BOOL:
     case VT_I2:
     case VT_I4:
     case VT_DECIMAL:
-    case VT_BSTR:
     case VT_DISPATCH:
       return true;
+    case VT_BOOL:
+      return variant.boolVal == VARIANT_TRUE || variant.boolVal == VARIANT_FALSE;
+    case VT_BSTR:
+      return SysStringByteLen(variant.bstrVal) % sizeof(OLECHAR) == 0;  // else it holds bytes
     default:
       return false;
   }
@@ -151,7 +154,7 @@ Value toValue(const VARIANT& variant) {
 
 Value keptValue(const VARIANT& variant) {
   Variant copy = Variant::copyOf(variant);
-  if (survives(copy.type())) return toValue(copy.get());
+  if (survives(copy.get())) return toValue(copy.get());
   return std::shared_ptr<Object>(std::make_shared<ForeignVariant>(std::move(copy)));
 }
 
