@@ -433,6 +433,9 @@ TEST(HostWithoutResolutions, LaysOutAsAnyOther) {
     form->Show(false);
     pumpWaiting();
     EXPECT_EQ(windowHeightOf("CMB_CHOICE"), windowHeightOf("TXT_FIRST"));
+    // Once it is used it is another window.
+    SetFocus(WindowReader(shownForm()).control("CMB_CHOICE").window);
+    EXPECT_EQ(windowHeightOf("CMB_CHOICE"), windowHeightOf("TXT_FIRST"));
     form->Unload();
   }
   EXPECT_EQ(below.right - below.left, usual.right - usual.left);
