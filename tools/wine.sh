@@ -15,12 +15,12 @@ esac
 # Runs a program for at most wine_limit seconds, without Wine's messages about the missing 32-bit version.
 in_wine() { timeout -k 5 "${wine_limit:-600}" wine "$@" 2> >(sed -e '/wine32/d' -e '/multiarch/d' -e '/^wine: configuration/d' -e '/^$/d' >&2); }
 
-# start_virtual_screen [bare]: starts a virtual screen, with a window manager unless it is bare. It must exist
-# before Wine's server, which keeps the screen that it was started with.
+# start_virtual_screen [bare]: starts a virtual screen of screen_size, with a window manager unless it is bare.
+# It must exist before Wine's server, which keeps the screen that it was started with.
 start_virtual_screen() {
   local number pids=()
   mkdir -p build
-  coproc SCREEN { exec Xvfb -displayfd 1 -screen 0 1600x1000x24 -nolisten tcp 2>build/screen.log; }
+  coproc SCREEN { exec Xvfb -displayfd 1 -screen 0 "${screen_size:-1600x1000}x24" -nolisten tcp 2>build/screen.log; }
   pids+=("$SCREEN_PID")
   read -r -t 30 number <&"${SCREEN[0]}" || fail "the virtual screen does not start, see build/screen.log"
   export DISPLAY=:$number

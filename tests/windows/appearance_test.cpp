@@ -2,6 +2,8 @@
 #include <gtest/gtest.h>
 
 #include <cstring>
+#include <functional>
+#include <map>
 #include <memory>
 #include <optional>
 
@@ -9,6 +11,7 @@
 #include "controls/desktop.h"
 #include "controls/edit_box.h"
 #include "controls/form.h"
+#include "controls/sheet.h"
 #include "controls/simple_controls.h"
 #include "tests/windows/import_patch.h"
 #include "tests/windows/window_fixture.h"
@@ -339,7 +342,7 @@ std::size_t looksOf(HWND window) {
   return std::hash<std::string>()(pixels);
 }
 
-class Working : public testing::Test {
+class DrawnForm : public testing::Test {
  protected:
   template <class Shown>
   std::shared_ptr<Shown> show() {
@@ -353,7 +356,57 @@ class Working : public testing::Test {
   windows::Win32Desktop desktop{GetModuleHandleW(nullptr), commonControls};
 };
 
-TEST_F(Working, DisablesTheLooksOfTheButtonsBesideAPage) {
+// ---- light texts on dark
+
+constexpr COLORREF inkOfText = RGB(250, 250, 240);
+constexpr COLORREF inkOnChosen = RGB(2, 0, 1);
+
+DWORD WINAPI darkColours(int index) {
+  switch (index) {
+    case COLOR_WINDOWTEXT:
+      return inkOfText;
+    case COLOR_HIGHLIGHT:
+      return RGB(26, 235, 255);
+    case COLOR_HIGHLIGHTTEXT:
+      return inkOnChosen;
+    default:
+      return RGB(0, 0, 0);
+  }
+}
+
+class FormWithSheet : public controls::Form {
+ public:
+  explicit FormWithSheet(controls::Desktop& desktop) : Form("FRM", desktop) {
+    sheet.setLines({{.label = "MMMM", .value = "MMMM"}, {.label = "HHHH", .value = "HHHH"}});
+    add(sheet);
+  }
+
+  controls::Sheet sheet{"SHEET", "Foglio"};
+};
+
+TEST_F(DrawnForm, AChosenLineHasTheColoursOfWhatIsChosen) {
+  const ImportPatch colours(GetModuleHandleW(nullptr), "GetSysColor", darkColours);
+  const auto form = show<FormWithSheet>();
+  HWND const list = WindowReader(shownForm()).control("SHEET").window;
+  SetFocus(list);
+  UpdateWindow(list);
+  HDC const dc = GetDC(list);
+  for (const int line : {0, 1}) {
+    RECT area{};
+    SendMessageW(list, LB_GETITEMRECT, static_cast<WPARAM>(line), reinterpret_cast<LPARAM>(&area));
+    std::map<COLORREF, int> seen;
+    for (LONG y = area.top; y < area.bottom; ++y) {
+      for (LONG x = area.left; x < area.right; ++x) ++seen[GetPixel(dc, x, y)];
+    }
+    const bool isChosen = line == 0;
+    EXPECT_EQ(seen.contains(inkOnChosen), isChosen) << line;
+    EXPECT_EQ(seen.contains(inkOfText), !isChosen) << line;
+  }
+  ReleaseDC(list, dc);
+  form->Unload();
+}
+
+TEST_F(DrawnForm, DisablesTheLooksOfItsButtonsWhileItWorks) {
   const auto form = show<SmallForm>();
   HWND const button = WindowReader(shownForm()).control("CMD_DONE").window;
   const std::size_t usual = looksOf(button);
@@ -367,7 +420,7 @@ TEST_F(Working, DisablesTheLooksOfTheButtonsBesideAPage) {
   form->Unload();
 }
 
-TEST_F(Working, DoesNotShowAPageUnderTheTitleOfTheNext) {
+TEST_F(DrawnForm, DoesNotShowAPageUnderTheTitleOfTheNext) {
   const auto form = show<FormWithPages>();
   HWND const page = GetParent(WindowReader(shownForm()).control("TXT_FIRST").window);
   const auto isSeen = [&] { return IsWindowVisible(page) != 0; };
@@ -432,6 +485,9 @@ TEST(HostWithoutResolutions, LaysOutAsAnyOther) {
     const auto form = std::make_shared<SmallForm>(desktop);
     form->Show(false);
     pumpWaiting();
+    EXPECT_EQ(windowHeightOf("CMB_CHOICE"), windowHeightOf("TXT_FIRST"));
+    // Once it is used it is another window.
+    SetFocus(WindowReader(shownForm()).control("CMB_CHOICE").window);
     EXPECT_EQ(windowHeightOf("CMB_CHOICE"), windowHeightOf("TXT_FIRST"));
     form->Unload();
   }

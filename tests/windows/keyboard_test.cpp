@@ -126,6 +126,22 @@ TEST_F(KeyboardTest, WorkBeginsInTheFirstFieldThatCanBeEdited) {
   EXPECT_TRUE(GetFocus() == windowOf("SBAR_MAIN") || IsChild(bar, GetFocus()));
 }
 
+TEST_F(KeyboardTest, AComboBoxThatIsUsedKeepsItsPlaceInTheTabOrder) {
+  open();
+  SetFocus(windowOf("TXT_GM04_CODDOCWEB_MG36"));
+  for (const char* next : {"CMB_GM04_INDTIPODEPIMP", "CBO_TIPOVALORIZZ", "TXT_NUMLIST"}) {
+    press(GetFocus(), VK_TAB);
+    EXPECT_EQ(GetFocus(), windowOf(next)) << next;
+  }
+  EXPECT_EQ(workbench::classOf(windowOf("CBO_TIPOVALORIZZ")), L"ComboBox");
+  const HeldKeys back({VK_SHIFT});
+  for (const char* next :
+       {"CBO_TIPOVALORIZZ", "CMB_GM04_INDTIPODEPIMP", "TXT_GM04_CODDOCWEB_MG36"}) {
+    press(GetFocus(), VK_TAB);
+    EXPECT_EQ(GetFocus(), windowOf(next)) << "back to " << next;
+  }
+}
+
 TEST_F(KeyboardTest, WorkBeginsAtTheBarWhenNothingIsLinked) {
   host.emplace(*library);
   engine::Session(host->database()).execute("DELETE FROM GM03_DISPOSITIVI");

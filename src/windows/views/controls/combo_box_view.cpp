@@ -185,7 +185,7 @@ bool ComboBoxView::paint(HWND window) {
   RECT area{};
   GetClientRect(window, &area);
   fill(dc, area, isUsable ? colours.card : colours.locked);
-  frame(dc, area, GetFocus() == window ? colours.accent : colours.edge);
+  frame(dc, area, GetFocus() == window ? colours.accent : edgeOf(colours, isUsable));
   InflateRect(&area, -theme().px(2), -theme().px(2));
   RECT arrow = area;
   arrow.left = area.right = area.right - theme().px(arrowWidth);

@@ -146,6 +146,7 @@ void SheetView::drawItem(const DRAWITEMSTRUCT& item) {
   if (item.itemID >= shown_.size()) return;
   const controls::SheetLine& line = shown_[item.itemID];
   const bool isHeading = line.role == Role::Heading;
+  const auto ink = [&](Colour usual) { return isFocused ? onChosen(colours, usual) : usual; };
   const Columns columns = columnsOf(line);
   const Selected font(item.hDC, isHeading ? theme().strong() : theme().font());
   SetBkMode(item.hDC, TRANSPARENT);
@@ -153,10 +154,11 @@ void SheetView::drawItem(const DRAWITEMSTRUCT& item) {
   area.top += theme().px(isHeading ? aboveHeading : above);
   area.left = columns.left;
   area.right = columns.labelRight;
-  paragraph(item.hDC, line.label, area, line.role == Role::Note ? colours.muted : colours.text);
+  paragraph(item.hDC, line.label, area,
+            ink(line.role == Role::Note ? colours.muted : colours.text));
   area.left = columns.valueLeft;
   area.right = columns.valueRight;
-  paragraph(item.hDC, line.value, area, colours.text);
+  paragraph(item.hDC, line.value, area, ink(colours.text));
   if (line.share) drawBar(item.hDC, item.rcItem, columns, *line.share);
   if (isHeading) {
     const LONG bottom = item.rcItem.bottom;

@@ -42,7 +42,8 @@ void paintFrame(HWND edit, const Theme& theme) {
   const bool isEditable =
       IsWindowEnabled(edit) && !(GetWindowLongPtrW(edit, GWL_STYLE) & ES_READONLY);
   fill(dc, area, isEditable ? theme.colours().card : theme.colours().locked);
-  frame(dc, area, GetFocus() == edit ? theme.colours().accent : theme.colours().edge);
+  frame(dc, area,
+        GetFocus() == edit ? theme.colours().accent : edgeOf(theme.colours(), isEditable));
   ReleaseDC(edit, dc);
 }
 

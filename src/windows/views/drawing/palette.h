@@ -119,6 +119,11 @@ inline constexpr DrawnPair pairsOnChosenRow[] = {
     {&Palette::accent, &Palette::chosen, true},  {&Palette::good, &Palette::chosen, true},
     {&Palette::warning, &Palette::chosen, true},
 };
+/// The colour around a field. The system's colours have none of their own behind a locked field.
+constexpr Colour edgeOf(const Palette& colours, bool isUsable) {
+  return isUsable || !colours.isSystems ? colours.edge : colours.faint;
+}
+
 /// That colour on what is chosen, in either palette.
 constexpr Colour onChosen(const Palette& colours, Colour usual) {
   return colours.isSystems ? colours.chosenText : usual;

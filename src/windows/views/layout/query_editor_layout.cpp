@@ -16,7 +16,7 @@ namespace {
 constexpr int rowGap = 5;
 constexpr int blockGap = 12;
 constexpr int operatorWidth = 118;
-constexpr int codeWidth = 120;
+constexpr int codeWidth = 124;
 constexpr int edges = 16;
 constexpr int twoColumnsFrom = 1040;  // the editor's width
 constexpr int columnGap = 28;
