@@ -51,7 +51,10 @@ make_msi() {
   # Two installers that differ must not have the same package code.
   code=$(identifier_of "package $version $width $(cat packaging/msi/* "$parts/guide.wxi" "$dll" "$guide"/* | sha256sum)")
   rm -f "$output"
-  faketime -f "$(TZ=UTC date -d "@$(package_time)" '+%F %T')" wixl -a "$width" -I packaging/msi -I "$parts" \
+  # The cabinet holds the times of the files.
+  touch -d "@$(package_time)" "$dll" "$guide"/*
+  NO_FAKE_STAT=1 TZ=UTC faketime -f "$(TZ=UTC date -d "@$(package_time)" '+%F %T')" \
+    wixl -a "$width" -I packaging/msi -I "$parts" \
     -D "Version=$version" -D "ProductCode=$(identifier_of "product $version $width")" -D "Dll=$dll" \
     -D Icon=src/windows/views/window/window.ico -D "x64=$([[ $width == x64 ]] && echo 1 || echo 0)" \
     -o "$output" packaging/msi/kebu_anagkelmoria.wxs
