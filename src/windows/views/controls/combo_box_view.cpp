@@ -49,11 +49,14 @@ class ComboBoxView::Unused : public Window {
       case WM_ENABLE:
         invalidate();
         break;
-      case WM_SETFOCUS:
+      case WM_SETFOCUS: {
         view_.makeCombo();
+        HWND const own = handle();
+        // Whoever loses the focus takes over what was typed, which may end this object.
         SetFocus(view_.handle());
-        ShowWindow(handle(), SW_HIDE);
+        ShowWindow(own, SW_HIDE);
         return 0;
+      }
       case WM_LBUTTONDOWN:
         view_.makeCombo();
         ShowWindow(handle(), SW_HIDE);
