@@ -195,6 +195,23 @@ bool RecordFrame::approveUpdate() {
   });
 }
 
+namespace {
+
+constexpr const char* changedMeanwhile =
+    "Un altro utente ha modificato o eliminato questi dati nel frattempo. Non sono stati "
+    "sovrascritti.";
+/// The first attempt may have stored the row, and only its answer was lost.
+constexpr const char* changedAtSecondAttempt =
+    "Al secondo tentativo questi dati risultano modificati: può essere riuscito il primo, oppure "
+    "un altro utente li ha modificati o eliminati nel frattempo. Non sono stati sovrascritti.";
+
+void raiseConflict(const char* text, ControlHost& host, RecordFrame& frame) {
+  host.message(text, msgbox::exclamation);
+  frame.Conflict.raise();
+}
+
+}  // namespace
+
 template <class Statement>
 bool RecordFrame::send(Steps& step, Statement&& statement) {
   bool found = true;
@@ -211,32 +228,44 @@ bool RecordFrame::send(Steps& step, Statement&& statement) {
 
 bool RecordFrame::write() {
   bool found = true;
+  bool isRepeated = false;  // the last row was sent before, and that failed
   const bool written = trap(host_, Name(), [&](Steps& step) {
+    const auto sendRow = [&](auto&& statement) {
+      isRepeated = false;
+      return send(step, [&] {
+        try {
+          statement();
+        } catch (const RuntimeError& error) {
+          isRepeated = isRepeated || !error.isConflict();
+          throw;
+        }
+      });
+    };
     const bool isNew = rows_->editMode() == ado::EditMode::Add;
-    found = send(step, [&] { rows_->Update(); });
+    found = sendRow([&] { rows_->Update(); });
     // ADO reads no defaults of a new row, and takes for its identity the one made last, which may
     // be that of a trigger's table.
     if (found && isNew && !isRecordChanged()) step([&] { rows_->Requery(); });
     for (RecordFrame* child : children_) {
       if (!found) break;
-      found = send(step, [&] { child->rows_->Update(); });
+      found = sendRow([&] { child->rows_->Update(); });
       bool cancel = false;
       if (found) child->UpdateBatchAll.raise(cancel);
       if (cancel) return false;
-      found = found && send(step, [&] { child->rows_->UpdateBatch(); });
+      found = found && sendRow([&] { child->rows_->UpdateBatch(); });
     }
     return true;
   });
-  if (!found) tellConflict();
+  if (!found && isRepeated) {
+    raiseConflict(changedAtSecondAttempt, host_, parent_ ? *parent_ : *this);
+  } else if (!found) {
+    tellConflict();
+  }
   return written && found;
 }
 
 void RecordFrame::tellConflict() {
-  host_.message(
-      "Un altro utente ha modificato o eliminato questi dati nel frattempo. Non sono stati "
-      "sovrascritti.",
-      msgbox::exclamation);
-  (parent_ ? *parent_ : *this).Conflict.raise();
+  raiseConflict(changedMeanwhile, host_, parent_ ? *parent_ : *this);
 }
 
 void RecordFrame::discardChanges() {
