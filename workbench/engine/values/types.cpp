@@ -11,7 +11,7 @@ namespace kebu::engine {
 namespace {
 
 struct KindInfo {
-  const char* name;
+  const char* name = nullptr;
   int digits = 0;  ///< of an integer, as its bounds
   std::int64_t least = std::numeric_limits<std::int64_t>::min();
   std::int64_t greatest = std::numeric_limits<std::int64_t>::max();
