@@ -4,7 +4,6 @@
 
 #include <map>
 #include <regex>
-#include <span>
 #include <string_view>
 #include <utility>
 #include <vector>
@@ -57,12 +56,17 @@ void expectStored(EntryWindow& window, const std::string& column, const std::str
       << column << " holds " << shortened(kept) << " for " << shortened(shown);
 }
 
+/// Whether one of a row of things is tried.
+bool isTried(std::size_t number, Share share) {
+  return share == Share::All || number % 3 == 0;
+}
+
 /// The values that a place gets, of which there are several.
 std::vector<NastyValue> valuesFor(std::size_t place, Share share) {
-  const std::size_t step = share == Share::All ? 1 : 3;
   std::vector<NastyValue> values;
-  const std::span<const NastyValue> all = nastyValues();
-  for (std::size_t i = place % step; i < all.size(); i += step) values.push_back(all[i]);
+  for (const NastyValue& value : nastyValues()) {
+    if (isTried(place++, share)) values.push_back(value);
+  }
   return values;
 }
 
@@ -113,12 +117,12 @@ void enterInBoxesOfTheProfile(EntryWindow& window) {
   }
 }
 
-void enterInLevelsOfCategories(EntryWindow& window) {
+void enterInLevelsOfCategories(EntryWindow& window, Share share) {
   for (const std::int32_t view : {6, 7}) {
     window.openPage(view);
     const std::vector<std::string> boxes = window.boxes();
     EXPECT_GT(boxes.size(), 2U);
-    for (const NastyValue& value : nastyValues()) {
+    for (const NastyValue& value : valuesFor(static_cast<std::size_t>(view), share)) {
       SCOPED_TRACE(value.name);
       const auto shown = typeInto(window, boxes, value.text);
       if (window.press("INAV_CATCLIART", "Conferma")) {
@@ -183,8 +187,7 @@ void enterInCellsOfPriceLists(EntryWindow& window, Share share) {
     ++place;
     for (const auto& [field, type] : cells) {
       ++row;
-      const bool isOthers = (place + static_cast<std::size_t>(row)) % 3 != 0;
-      if (share == Share::Third && isOthers) continue;
+      if (!isTried(place + static_cast<std::size_t>(row), share)) continue;
       const std::string before = window.cell(grid, row, field);
       const Outcome outcome = window.edit(grid, row, field, value.text);
       const std::string after = window.cell(grid, row, field);

@@ -13,7 +13,7 @@ enum class Share { All, Third };
 // what the demo company has.
 
 void enterInBoxesOfTheProfile(EntryWindow& window);
-void enterInLevelsOfCategories(EntryWindow& window);
+void enterInLevelsOfCategories(EntryWindow& window, Share share);
 void enterInConditionsOfFilters(EntryWindow& window, Share share);
 void enterInCellsOfPriceLists(EntryWindow& window, Share share);
 void enterInThePositionOfARule(EntryWindow& window);

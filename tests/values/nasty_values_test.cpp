@@ -130,7 +130,7 @@ TEST_F(NastyValues, InTheBoxesOfTheProfile) {
 }
 
 TEST_F(NastyValues, InTheLevelsOfCategories) {
-  enterInLevelsOfCategories(window_);
+  enterInLevelsOfCategories(window_, Share::All);
 }
 
 TEST_F(NastyValues, InTheConditionsOfFilters) {

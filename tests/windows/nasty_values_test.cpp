@@ -41,7 +41,7 @@ TEST_F(NastyValuesTest, InTheBoxesOfTheProfile) {
 }
 
 TEST_F(NastyValuesTest, InTheLevelsOfCategories) {
-  enterInLevelsOfCategories(*window_);
+  enterInLevelsOfCategories(*window_, Share::Third);
 }
 
 TEST_F(NastyValuesTest, InTheConditionsOfFilters) {
