@@ -216,14 +216,13 @@ bool isConverted(const Variant& kept, const Variant& value) {
   if (value.type() == VT_BOOL && kept.type() == VT_I4) return kept.get().lVal != 0;
   if (value.type() == VT_ERROR && kept.type() == VT_I4) return kept.get().lVal == 0;  // left out
   Variant converted;
-  constexpr LCID italian = MAKELCID(MAKELANGID(LANG_ITALIAN, SUBLANG_ITALIAN), SORT_DEFAULT);
   const auto isMadeUnder = [&](LCID locale) {
     return SUCCEEDED(VariantChangeTypeEx(converted.put(), const_cast<VARIANT*>(&value.get()),
                                          locale, 0, kept.type())) &&
            isSame(converted, kept);
   };
-  // The plug-in reads texts in the Italian way, the type library's calls in the user's.
-  return isMadeUnder(italian) || isMadeUnder(LOCALE_USER_DEFAULT);
+  // The plug-in reads texts under the thread's locale, the type library under the user's.
+  return isMadeUnder(GetThreadLocale()) || isMadeUnder(LOCALE_USER_DEFAULT);
 }
 
 TEST(PluginProperties, KeepAnythingOrTellThatTheyDoNot) {

@@ -5,8 +5,8 @@
 
 namespace kebu::windows {
 
-// Text is UTF-8 inside the project and UTF-16 in calls of Windows. Each UTF-16 text comes back as it
-// was, even one with half of a surrogate pair. Invalid UTF-8 becomes replacement characters, not
+// Text is UTF-8 inside the project and UTF-16 in calls of Windows. Each UTF-16 text comes back as
+// it was, even one with half of a surrogate pair. Invalid UTF-8 becomes replacement characters, not
 // errors.
 
 std::wstring toWide(std::string_view text);
