@@ -187,7 +187,6 @@ void editing(AdoSide& side, Transcript& transcript) {
   Session session(side, transcript);
   session.openForEdits();
   session.recordEditState();
-  session.record("cancel", [&] { session.rows->CancelUpdate(); });
   session.record("update", [&] { session.rows->Update(); });
   session.set("A", "nuovo");
   session.set("P", "12,50");

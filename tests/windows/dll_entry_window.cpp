@@ -103,9 +103,9 @@ EntryWindow::Outcome DllEntryWindow::type(const std::string& box, const std::str
 bool DllEntryWindow::choose(const std::string& combo, const std::string& code) {
   const auto entry = reader().find(Inspected::Item, combo, {code, 0, 0});
   if (!entry) return false;
-  HWND const window = reader().control(combo).window;
-  SetFocus(window);
-  workbench::takeFromList(window, entry->index);
+  SetFocus(reader().control(combo).window);
+  // The combo box itself may be made only now.
+  workbench::takeFromList(GetFocus(), entry->index);
   pumpWaiting();
   return true;
 }

@@ -256,6 +256,7 @@ void AdoRecordset::Update() {
   if (isEditing()) send(L"Update");
 }
 
+// Whether ADO refuses it without an edit is open.
 void AdoRecordset::CancelUpdate() {
   if (isEditing()) object_.call(L"CancelUpdate");
 }
