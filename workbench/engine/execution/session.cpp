@@ -178,7 +178,7 @@ std::shared_ptr<Program> Session::programForLiterals(const std::string& batch,
   if (auto known = keptProgram(form)) return known;
   if (auto known = keptProgram(exactForm)) return known;
   if (programs_.size() == programsKept) programs_.clear();
-  const auto program = parsed(batch, literals);
+  auto program = parsed(batch, literals);
   programs_[program->batch.liftable ? form : exactForm] = program;
   return program;
 }
