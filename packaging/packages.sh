@@ -3,7 +3,7 @@
 
 need_packaging_packages() {
   need_packages cmake ninja-build g++-mingw-w64-x86-64-posix g++-mingw-w64-i686-posix mingw-w64-tools \
-    libwine-dev faketime wixl msitools zip uuid-runtime
+    libwine-dev git faketime wixl msitools zip uuid-runtime
   need_node
 }
 
