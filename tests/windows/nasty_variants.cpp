@@ -4,6 +4,7 @@
 
 #include "tests/values/nasty_values.h"
 #include "tests/windows/listener.h"
+#include "tests/windows/variant_with.h"
 #include "windows/support/safe_array.h"
 
 namespace kebu::tests {
@@ -15,14 +16,6 @@ using windows::Variant;
 
 /// An object that cannot be called by late binding.
 class WithoutMembers final : public windows::ComObject<IUnknown> {};
-
-template <class Field>
-Variant with(VARTYPE type, Field VARIANT::*field, Field content) {
-  Variant result;
-  result.raw().*field = content;
-  result.raw().vt = type;
-  return result;
-}
 
 Variant real(double value) {
   return with(VT_R8, &VARIANT::dblVal, value);

@@ -6,6 +6,7 @@
 #include <string>
 
 #include "tests/windows/transcript.h"
+#include "tests/windows/variant_with.h"
 #include "windows/support/safe_array.h"
 
 namespace kebu::tests {
@@ -13,14 +14,6 @@ namespace kebu::tests {
 namespace {
 
 using windows::Variant;
-
-template <class Field>
-Variant with(VARTYPE type, Field VARIANT::*field, Field content) {
-  Variant result;
-  result.raw().*field = content;
-  result.raw().vt = type;
-  return result;
-}
 
 Variant currency(std::int64_t tenThousandths) {
   Variant result;
