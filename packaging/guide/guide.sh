@@ -24,7 +24,8 @@ prepare_wine_for_pictures() {
   # The font with the signs on a frame's buttons. The package is not installed: its other fonts would
   # change how Wine draws all texts.
   if [[ ! -f $work/fonts/usr/share/wine/fonts/marlett.ttf ]]; then
-    (cd "$work" && apt-get -qq download fonts-wine && dpkg-deb -x fonts-wine_*.deb fonts) ||
+    (cd "$work" && { apt-get -qq download fonts-wine || { apt-get -qq update && apt-get -qq download fonts-wine; }; } &&
+      dpkg-deb -x fonts-wine_*.deb fonts) ||
       fail "the package fonts-wine cannot be fetched"
   fi
   unset "${!LC_@}"
