@@ -6,13 +6,12 @@
 #include "windows/views/accessibility/accessible_object.h"
 #include "windows/views/window/guard.h"
 #include "windows/views/window/inspection_answer.h"
+#include "windows/views/window/window_table.h"
 #include "windows/views/window/window_text.h"
 
 namespace kebu::windows {
 
 namespace {
-
-constexpr const wchar_t* property = L"kebu.description";
 
 class StockDescription : public Describable {
  public:
@@ -41,8 +40,11 @@ class StockDescription : public Describable {
   WNDPROC usual_;
 };
 
+WindowTable<std::shared_ptr<StockDescription>> descriptions;
+
 LRESULT CALLBACK procedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
-  auto* const description = static_cast<StockDescription*>(GetPropW(window, property));
+  const auto description = descriptions.find(window).value_or(nullptr);
+  if (!description) return DefWindowProcW(window, message, wParam, lParam);
   WNDPROC const usual = description->usual();
   if (message == WM_GETOBJECT) {
     std::optional<LRESULT> object;
@@ -50,9 +52,8 @@ LRESULT CALLBACK procedure(HWND window, UINT message, WPARAM wParam, LPARAM lPar
     if (object) return *object;
   }
   if (message == WM_NCDESTROY) {
-    RemovePropW(window, property);
+    descriptions.remove(window);
     SetWindowLongPtrW(window, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(usual));
-    delete description;
   }
   return CallWindowProcW(usual, window, message, wParam, lParam);
 }
@@ -60,11 +61,9 @@ LRESULT CALLBACK procedure(HWND window, UINT message, WPARAM wParam, LPARAM lPar
 }  // namespace
 
 void describeStock(HWND window, const wchar_t* kind, const std::wstring& name) {
-  if (!window || GetPropW(window, property)) return;
-  auto description = std::make_unique<StockDescription>(window, kind, name);
-  if (!SetPropW(window, property, description.get())) return;
+  if (!window || descriptions.find(window)) return;
+  descriptions.put(window, std::make_shared<StockDescription>(window, kind, name));
   SetWindowLongPtrW(window, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(procedure));
-  description.release();  // belongs to the window now
 }
 
 }  // namespace kebu::windows

@@ -10,7 +10,7 @@ ButtonView::ButtonView(ViewSite& site, controls::Button& model, HWND parent)
     : View(site, model, "Button"),
       model_(model),
       window_(createStock(L"BUTTON", WS_TABSTOP | BS_OWNERDRAW, 0, parent,
-                          site.placeOfNewView().bounds)) {}
+                          site.placeOfNewView().bounds, markedCaption())) {}
 
 void ButtonView::refresh() {
   setWindowText(handle(), markedCaption());

@@ -11,7 +11,7 @@ CheckBoxView::CheckBoxView(ViewSite& site, controls::CheckBox& model, HWND paren
     : View(site, model, "CheckBox"),
       model_(model),
       window_(createStock(L"BUTTON", WS_TABSTOP | BS_CHECKBOX, 0, parent,
-                          boxIn(site.placeOfNewView()))) {}
+                          boxIn(site.placeOfNewView()), markedCaption())) {}
 
 // As wide as its text, so that a click beside it does nothing.
 layout::Rect CheckBoxView::boxIn(const layout::Placement& placement) const {

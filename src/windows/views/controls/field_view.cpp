@@ -14,7 +14,7 @@ FieldView::FieldView(ViewSite& site, controls::Control& model, const char* kind,
 void FieldView::makeCaption(HWND parent) {
   if (caption_ || control().caption().empty()) return;
   caption_ = createStock(L"STATIC", SS_LEFT | SS_CENTERIMAGE | SS_ENDELLIPSIS, 0, parent,
-                         site().placeOfNewView().caption);
+                         site().placeOfNewView().caption, markedCaption());
 }
 
 void FieldView::place(const layout::Placement& placement) {

@@ -5,6 +5,7 @@
 #include "windows/support/text.h"
 #include "windows/views/accessibility/accessible_object.h"
 #include "windows/views/layout/mnemonics.h"
+#include "windows/views/window/attached_view.h"
 #include "windows/views/window/dpi.h"
 #include "windows/views/window/guard.h"
 
@@ -12,26 +13,24 @@ namespace kebu::windows {
 
 namespace {
 
-constexpr const wchar_t* viewProperty = L"kebu.view";
-
-/// Describes a stock control to assistive technology, and lets its view paint it. The control's
-/// usual procedure is kept in its user data.
+/// Describes a stock control to assistive technology, and lets its view paint it.
 LRESULT CALLBACK stockProcedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
+  const auto attached = attachedViews().find(window);
+  if (!attached) return DefWindowProcW(window, message, wParam, lParam);
+  View& view = *attached->view;
   if (message == WM_GETOBJECT) {
-    View* const view = viewOf(window);
-    const auto part = view ? view->partIn(window) : std::nullopt;
+    const auto part = view.partIn(window);
     std::optional<LRESULT> object;
-    if (part) guarded([&] { object = answerGetObject(*view, *part, wParam, lParam); });
+    if (part) guarded([&] { object = answerGetObject(view, *part, wParam, lParam); });
     if (object) return *object;
   }
   if (message == WM_PAINT) {
-    View* const view = viewOf(window);
     bool isPainted = false;
-    if (view) guarded([&] { isPainted = view->paint(window); });
+    guarded([&] { isPainted = view.paint(window); });
     if (isPainted) return 0;
   }
-  const auto usual = reinterpret_cast<WNDPROC>(GetWindowLongPtrW(window, GWLP_USERDATA));
-  return CallWindowProcW(usual, window, message, wParam, lParam);
+  if (message == WM_NCDESTROY) attachedViews().remove(window);
+  return CallWindowProcW(attached->usual, window, message, wParam, lParam);
 }
 
 }  // namespace
@@ -90,22 +89,22 @@ HBRUSH View::setInk(HDC dc, COLORREF ink) const {
 }
 
 OwnedWindow View::createStock(const wchar_t* className, DWORD style, DWORD extendedStyle,
-                              HWND parent, const layout::Rect& place) {
+                              HWND parent, const layout::Rect& place, const std::wstring& text) {
   const DWORD shown = place.isEmpty() ? 0U : WS_VISIBLE;
-  OwnedWindow window(CreateWindowExW(extendedStyle, className, L"", style | shown | WS_CHILD,
-                                     place.left, place.top, place.width, place.height, parent,
-                                     nullptr, site_.module(), nullptr));
+  OwnedWindow window(CreateWindowExW(extendedStyle, className, text.c_str(),
+                                     style | shown | WS_CHILD, place.left, place.top, place.width,
+                                     place.height, parent, nullptr, site_.module(), nullptr));
   if (!window) throw RuntimeError(7, "The control could not be created.");
   setFont(window.get(), theme().font(), false);
   if (theme().colours().isSystems) takeColours(window.get(), theme());
-  adopt(window.get());
-  SetWindowLongPtrW(window.get(), GWLP_USERDATA, GetWindowLongPtrW(window.get(), GWLP_WNDPROC));
+  const auto usual = reinterpret_cast<WNDPROC>(GetWindowLongPtrW(window.get(), GWLP_WNDPROC));
+  attachedViews().put(window.get(), {this, usual});
   SetWindowLongPtrW(window.get(), GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(stockProcedure));
   return window;
 }
 
 void View::adopt(HWND window) {
-  SetPropW(window, viewProperty, this);
+  attachedViews().put(window, {this});
 }
 
 Describable* View::groupAround() {
@@ -172,7 +171,7 @@ std::wstring View::tipOf(HWND window, POINT screen) {
 
 View* viewOf(HWND window) {
   for (; window; window = GetParent(window)) {
-    if (HANDLE view = GetPropW(window, viewProperty)) return static_cast<View*>(view);
+    if (const auto attached = attachedViews().find(window)) return attached->view;
     if (!(GetWindowLongPtrW(window, GWL_STYLE) & WS_CHILD)) break;
   }
   return nullptr;

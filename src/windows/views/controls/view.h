@@ -109,8 +109,8 @@ class View : public Describable {
   COLORREF behind() const;
   /// Creates a control of a system class that belongs to this view, shown if it has a place.
   OwnedWindow createStock(const wchar_t* className, DWORD style, DWORD extendedStyle, HWND parent,
-                          const layout::Rect& place = {});
-  /// Makes notifications of the window reach this view.
+                          const layout::Rect& place = {}, const std::wstring& text = {});
+  /// Makes notifications of a window of our own classes reach this view.
   void adopt(HWND window);
   virtual void describe(Inspection& inspection) { writeText(inspection, control_.caption()); }
   virtual bool describePart(Inspection& /*inspection*/) { return false; }

@@ -3,13 +3,19 @@
 #include <algorithm>
 
 #include "windows/views/drawing/painting.h"
+#include "windows/views/window/window_table.h"
 
 namespace kebu::windows {
 
 namespace {
 
-constexpr const wchar_t* usualProcedure = L"kebu.edit.procedure";
-constexpr const wchar_t* themeOf = L"kebu.edit.theme";
+/// An edit control that has a frame.
+struct Framed {
+  WNDPROC usual;  ///< the procedure that ours stands before
+  const Theme* theme;
+};
+WindowTable<Framed> framedEdits;
+
 constexpr int sideEdge = 4;  // between the frame and the text, in 96ths of an inch
 
 int textHeight(HWND edit) {
@@ -48,29 +54,31 @@ void paintFrame(HWND edit, const Theme& theme) {
 }
 
 LRESULT CALLBACK procedure(HWND edit, UINT message, WPARAM wParam, LPARAM lParam) {
-  const auto usual = reinterpret_cast<WNDPROC>(GetPropW(edit, usualProcedure));
-  const auto* const theme = static_cast<const Theme*>(GetPropW(edit, themeOf));
-  const auto asUsual = [&] { return CallWindowProcW(usual, edit, message, wParam, lParam); };
+  const auto framed = framedEdits.find(edit);
+  if (!framed) return DefWindowProcW(edit, message, wParam, lParam);
+  const Theme& theme = *framed->theme;
+  const auto asUsual = [&] {
+    return CallWindowProcW(framed->usual, edit, message, wParam, lParam);
+  };
   switch (message) {
     case WM_NCCALCSIZE: {
       RECT& area = *reinterpret_cast<RECT*>(lParam);  // both structures begin with it
-      area = textArea(edit, area, *theme);
+      area = textArea(edit, area, theme);
       return 0;
     }
     case WM_NCPAINT:
-      paintFrame(edit, *theme);
+      paintFrame(edit, theme);
       return 0;
     case WM_NCHITTEST:
       return HTCLIENT;
     case WM_SETFOCUS:
     case WM_KILLFOCUS: {
       const LRESULT result = asUsual();
-      paintFrame(edit, *theme);
+      paintFrame(edit, theme);
       return result;
     }
     case WM_NCDESTROY:
-      RemovePropW(edit, usualProcedure);
-      RemovePropW(edit, themeOf);
+      framedEdits.remove(edit);
       return asUsual();
     default:
       return asUsual();
@@ -80,9 +88,9 @@ LRESULT CALLBACK procedure(HWND edit, UINT message, WPARAM wParam, LPARAM lParam
 }  // namespace
 
 void frameEdit(HWND edit, const Theme& theme) {
-  if (!GetPropW(edit, usualProcedure)) {
-    SetPropW(edit, themeOf, const_cast<Theme*>(&theme));
-    SetPropW(edit, usualProcedure, reinterpret_cast<HANDLE>(GetWindowLongPtrW(edit, GWLP_WNDPROC)));
+  if (!framedEdits.find(edit)) {
+    framedEdits.put(edit,
+                    {reinterpret_cast<WNDPROC>(GetWindowLongPtrW(edit, GWLP_WNDPROC)), &theme});
     SetWindowLongPtrW(edit, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(procedure));
     // One that has no size yet gets its frame with its size.
     RECT area{};

@@ -5,6 +5,7 @@
 
 #include "common/error.h"
 #include "windows/views/window/activity.h"
+#include "windows/views/window/attached_view.h"
 #include "windows/views/window/guard.h"
 
 namespace kebu::windows {
@@ -26,7 +27,7 @@ void registerClass(HINSTANCE module, const WindowTraits& traits, WNDPROC procedu
   wanted.style = traits.classStyle;
   wanted.lpfnWndProc = procedure;
   wanted.hInstance = module;
-  wanted.hCursor = traits.cursor;
+  wanted.hCursor = LoadCursorW(nullptr, IDC_ARROW);
   wanted.hIcon = LoadIconW(module, L"WINDOW");
   wanted.lpszClassName = traits.className;
   RegisterClassExW(&wanted);
@@ -104,6 +105,7 @@ LRESULT CALLBACK Window::procedure(HWND window, UINT message, WPARAM wParam, LPA
   if (!self) return DefWindowProcW(window, message, wParam, lParam);
   if (message == WM_NCDESTROY) {
     SetWindowLongPtrW(window, GWLP_USERDATA, 0);
+    attachedViews().remove(window);
     self->handle_ = nullptr;
     const LRESULT answered = DefWindowProcW(window, message, wParam, lParam);
     if (!self->ending_) guarded([&] { self->lost(); });

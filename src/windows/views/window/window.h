@@ -13,7 +13,6 @@ struct WindowTraits {
   const wchar_t* className;
   DWORD style = WS_CHILD | WS_VISIBLE;
   DWORD extendedStyle = 0;
-  HCURSOR cursor = LoadCursorW(nullptr, IDC_ARROW);
   UINT classStyle = CS_DBLCLKS;
 };
 
