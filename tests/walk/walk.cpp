@@ -368,8 +368,9 @@ void Walker::checkDiscounts(const Words& words) {
   if (words.front() == "choose" && words[1] == listTypes && now != listTypeBefore_) {
     compareDiscounts(false);
   }
-  const bool isShown = front->find(discountsPage)->isShown();
-  if (isShown && now != "0" && words.front() == "press" && words[2] == "Conferma") {
+  const controls::Control& page = *front->find(discountsPage);
+  const bool isInFront = page.isShown() && !isBehindAnotherPage(*front, page);
+  if (isInFront && now != "0" && words.front() == "press" && words[2] == "Conferma") {
     compareDiscounts(true);
   }
 }
