@@ -45,19 +45,20 @@ has_libfuzzer() {
   clang++ -x c++ -fsanitize=fuzzer -o /dev/null - <<<"$program" 2>/dev/null
 }
 
-# With libFuzzer, which looks for inputs that reach new code; without it the plain driver makes more inputs.
+# sql_reading takes the inputs of sql. With libFuzzer, which looks for inputs that reach new code; without it the plain driver makes more inputs.
 long_fuzz() (
   need_native_packages
   if ! has_libfuzzer && [[ $(id -u) -eq 0 ]]; then need_packages clang libclang-rt-14-dev; fi
-  local targets=(sql query_editor database_file scenario conversions automation) target failed=0 seed
+  local targets=(sql sql_reading query_editor database_file scenario conversions automation) target inputs failed=0 seed
   local seconds=$((${MINUTES:-25} * 60 / ${#targets[@]}))
   seed=$(seed_of_run)
   if ! has_libfuzzer; then
     say "without libFuzzer: the plain driver"
     build debug "${targets[@]/#/fuzz_}"
     for target in "${targets[@]}"; do
+      inputs=${target%_reading}
       "build/debug/tests/fuzz/fuzz_$target" --seed "$seed" --inputs 500000 \
-        --dictionary "tests/fuzz/dictionaries/$target.dict" "tests/fuzz/corpus/$target" || failed=1
+        --dictionary "tests/fuzz/dictionaries/$inputs.dict" "tests/fuzz/corpus/$inputs" || failed=1
     done
     exit "$failed"
   fi
@@ -66,8 +67,9 @@ long_fuzz() (
   for target in "${targets[@]}"; do
     say "fuzz_$target, seed $seed"
     mkdir -p "build/fuzz/corpus/$target"
-    "build/fuzz/tests/fuzz/fuzz_$target" "build/fuzz/corpus/$target" "tests/fuzz/corpus/$target" \
-      -dict="tests/fuzz/dictionaries/$target.dict" -seed="$((seed % 4294967295))" -max_total_time="$seconds" \
+    inputs=${target%_reading}
+    "build/fuzz/tests/fuzz/fuzz_$target" "build/fuzz/corpus/$target" "tests/fuzz/corpus/$inputs" \
+      -dict="tests/fuzz/dictionaries/$inputs.dict" -seed="$((seed % 4294967295))" -max_total_time="$seconds" \
       -timeout=1 -rss_limit_mb=2000 -max_len=4096 -verbosity=0 -print_final_stats=1 \
       -artifact_prefix="build/fuzz/found/$target-" >"build/fuzz/$target.log" 2>&1 || failed=1
     grep -E 'ERROR|SUMMARY|^fuzz:|number_of_executed|Test unit written' "build/fuzz/$target.log" || true

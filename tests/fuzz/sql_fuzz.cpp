@@ -5,8 +5,7 @@
 
 #include <variant>
 
-#include "tests/fuzz/fuzz_target.h"
-#include "workbench/engine/execution/database.h"
+#include "tests/fuzz/sql_sample.h"
 #include "workbench/engine/execution/script.h"
 #include "workbench/engine/execution/session.h"
 
@@ -14,23 +13,6 @@ namespace {
 
 using namespace kebu;
 using namespace kebu::tests;
-
-const engine::Database& sample() {
-  static const auto database = [] {
-    auto made = engine::Database::createInMemory();
-    engine::Session(made).execute(
-        "CREATE TABLE T (A int NOT NULL, B varchar(10) NULL, C decimal(10,2) NULL, D datetime "
-        "NULL, "
-        "E smallint NULL, F decimal(28,5) NULL, PRIMARY KEY (A))\n"
-        "INSERT INTO T VALUES (1, 'uno', 1.5, '20260101', 0, 1), (2, NULL, NULL, NULL, 1, NULL), "
-        "(3, 'tre', -3, '20261231', NULL, 99.99999)\n"
-        "CREATE TABLE U (N int IDENTITY(1,1) NOT NULL PRIMARY KEY, A int NULL, S nvarchar(20) "
-        "NULL)\n"
-        "INSERT INTO U (A, S) VALUES (1, 'x'), (3, 'O''Neil')");
-    return made;
-  }();
-  return *database;
-}
 
 /// A long query is no fault of the engine's: it is broken off after so many steps of SQLite's.
 constexpr int mostSteps = 400'000;
@@ -42,23 +24,10 @@ int breakOff(void*) {
   return 1;
 }
 
-/// The engine made wrong SQL, or passed on what SQLite says.
-void requireOwnError(const engine::SqlError& error, std::string_view input) {
-  constexpr std::int32_t wrongSql = 8624;
-  const std::string& text = error.description();
-  if (error.nativeError() == wrongSql) broken("the engine made wrong SQL: " + text);
-  for (const char* word : {"sqlite", "SQLite", "SQL logic", "near \"", "kb_", "std::"}) {
-    // What the input says itself may be quoted.
-    if (input.find(word) != std::string_view::npos) continue;
-    if (text.find(word) != std::string::npos) broken("not the engine's own text: " + text);
-  }
-  require(error.nativeError() > 0 && !text.empty(), "an error without number or text");
-}
-
 }  // namespace
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
-  const auto database = sample().clone();
+  const auto database = sampleDatabase()->clone();
   brokenOff = false;
   sqlite3_progress_handler(database->handle(), mostSteps, breakOff, nullptr);
   engine::Session session(database);

@@ -27,15 +27,27 @@ bool endsItsStatementOnly(const SqlError& error) {
 
 void Interpreter::run(const std::vector<ast::StatementPtr>& statements) {
   // A declaration counts from the start, wherever it stands.
-  for (const auto& node : statements) declareIn(*node);
+  declareIn(statements);
   block(statements);
 }
 
+void Interpreter::check(const std::vector<ast::StatementPtr>& statements) {
+  declareIn(statements);
+  BatchChecker(execution_).check(statements);
+}
+
 void Interpreter::runChecked(const std::vector<ast::StatementPtr>& statements) {
-  for (const auto& node : statements) declareIn(*node);
   // A statement alone is checked as it runs.
-  if (statements.size() > 1) BatchChecker(execution_).check(statements);
+  if (statements.size() == 1) {
+    declareIn(statements);
+  } else {
+    check(statements);
+  }
   block(statements);
+}
+
+void Interpreter::declareIn(const std::vector<ast::StatementPtr>& statements) {
+  for (const auto& node : statements) declareIn(*node);
 }
 
 void Interpreter::declareIn(const ast::Statement& node) {
@@ -49,9 +61,7 @@ void Interpreter::declareIn(const ast::Statement& node) {
                      }
                    }
                  },
-                 [&](const ast::Block& block) {
-                   for (const auto& inner : block.statements) declareIn(*inner);
-                 },
+                 [&](const ast::Block& block) { declareIn(block.statements); },
                  [&](const ast::If& choice) {
                    declareIn(*choice.then);
                    if (choice.otherwise) declareIn(*choice.otherwise);

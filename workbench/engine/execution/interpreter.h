@@ -18,7 +18,9 @@ class Interpreter {
 
   /// What fails ends its statement, with an event, or the batch, as an SqlError with its place.
   void run(const std::vector<ast::StatementPtr>& statements);
-  /// The same after a check of all names, as a batch is run.
+  /// Declares the variables and checks all names, and runs nothing. SqlError with its place.
+  void check(const std::vector<ast::StatementPtr>& statements);
+  /// Both, as a batch is run.
   void runChecked(const std::vector<ast::StatementPtr>& statements);
   /// What RETURN gave.
   const Value& returned() const { return returned_; }
@@ -26,6 +28,7 @@ class Interpreter {
  private:
   enum class Flow { Next, Break, Continue, Return };
 
+  void declareIn(const std::vector<ast::StatementPtr>& statements);
   void declareIn(const ast::Statement& node);
   Flow block(const std::vector<ast::StatementPtr>& statements);
   Flow statement(const ast::Statement& node);
