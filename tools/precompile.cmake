@@ -1,16 +1,41 @@
-# Precompiles the headers that nearly every source includes. The native debug build does not, so that a
-# missing include is found there.
+# Precompiles the headers that nearly every source includes. tools/lint reads the sources without them, so that
+# a missing include is found there.
 
-target_precompile_headers(kebu_common PRIVATE
-  <algorithm> <cstdint> <functional> <map> <memory> <optional> <string> <string_view> <utility>
+set(standard <algorithm> <cstdint> <functional> <map> <memory> <optional> <string> <string_view> <utility>
   <variant> <vector>)
+target_precompile_headers(kebu_common PRIVATE ${standard})
+set(with_headers kebu_common)
+# Only the rooms called windows see Windows' headers and their macros.
+if(WIN32)
+  set(windows ${standard} ${PROJECT_SOURCE_DIR}/src/windows/support/windows_api.h)
+  target_precompile_headers(kebu_windows_support PRIVATE ${windows})
+  list(APPEND with_headers kebu_windows_support)
+endif()
+if(TARGET kebu_windows_googletest)
+  target_precompile_headers(kebu_windows_googletest PRIVATE ${windows} <gtest/gtest.h>)
+  list(APPEND with_headers kebu_windows_googletest)
+endif()
+
+# precompile(TARGET): with the headers of its room. The native tests have their own, see tests/CMakeLists.txt.
+function(precompile target)
+  get_target_property(folder ${target} SOURCE_DIR)
+  get_target_property(libraries ${target} LINK_LIBRARIES)
+  cmake_path(RELATIVE_PATH folder BASE_DIRECTORY ${PROJECT_SOURCE_DIR})
+  if("kebu_windows_googletest" IN_LIST libraries)
+    target_precompile_headers(${target} REUSE_FROM kebu_windows_googletest)
+  elseif(WIN32 AND folder MATCHES "^(src|workbench|bench)/windows")
+    target_precompile_headers(${target} REUSE_FROM kebu_windows_support)
+  elseif(NOT folder MATCHES "^tests")
+    target_precompile_headers(${target} REUSE_FROM kebu_common)
+  endif()
+endfunction()
 
 function(precompile_below folder)
   get_property(targets DIRECTORY ${folder} PROPERTY BUILDSYSTEM_TARGETS)
   foreach(target IN LISTS targets)
     get_target_property(sources ${target} SOURCES)
-    if(sources MATCHES "\\.cpp" AND NOT target STREQUAL kebu_common)
-      target_precompile_headers(${target} REUSE_FROM kebu_common)
+    if(sources MATCHES "\\.cpp" AND NOT target IN_LIST with_headers)
+      precompile(${target})
     endif()
   endforeach()
   get_property(folders DIRECTORY ${folder} PROPERTY SUBDIRECTORIES)
