@@ -22,6 +22,10 @@ class FormWindow : public Window, public ViewSite, public KeyTarget {
   FormWindow(HINSTANCE module, controls::Form& form, HWND owner, std::function<void()> lost);
   ~FormWindow() override;
 
+  /// Whether a form belongs to the one that was in front when it was opened.
+  static bool isDialog(const controls::Form& form);
+  /// Whether a window is a form's, of this object of the host's or of another one.
+  static bool isOne(HWND window);
   /// Puts it to its place, before it is shown for the first time.
   void prepare();
   /// Shows and activates it.

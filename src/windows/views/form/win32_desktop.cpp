@@ -76,9 +76,13 @@ HWND Win32Desktop::ownerFor(const controls::Form* form) const {
   if (form) {
     if (HWND hosts = hostWindowOf(*form)) return GetAncestor(hosts, GA_ROOT);
   }
-  HWND active = GetActiveWindow();
-  if (active) return GetAncestor(active, GA_ROOT);
-  return shown_.empty() ? nullptr : shown_.begin()->second->window->handle();
+  HWND const active = GetActiveWindow();
+  HWND owner = active ? GetAncestor(active, GA_ROOT) : nullptr;
+  if (!owner && !shown_.empty()) owner = shown_.begin()->second->window->handle();
+  if (!form || FormWindow::isDialog(*form)) return owner;
+  // A window must not end with that of another object of the host's, with what is not saved in it.
+  while (owner && FormWindow::isOne(owner)) owner = GetWindow(owner, GW_OWNER);
+  return owner;
 }
 
 void Win32Desktop::show(controls::Form& form, const std::function<void()>& setUp) {
