@@ -10,7 +10,8 @@ namespace kebu::tests {
 namespace {
 
 std::string quoted(const std::string& word) {
-  const bool isPlain = !word.empty() && word.find_first_of(" \t'\"\\#") == std::string::npos;
+  // A byte order mark at the start of the text would be passed over.
+  const bool isPlain = !word.empty() && word.find_first_of(" \t'\"\\#\xEF") == std::string::npos;
   if (isPlain) return word;
   return '"' + replaceAll(replaceAll(word, "\\", "\\\\"), "\"", "\\\"") + '"';
 }
