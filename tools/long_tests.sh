@@ -4,6 +4,7 @@
 
 long_parts=(
   "walk|random gestures in the window, each run with other ones: seeds from SEED, MINUTES long (25)"
+  "window_walk|the same gestures in the real window, statements compared: SEED, MINUTES (25), GESTURES (Wine)"
   "fuzz|libFuzzer on the engine, scenarios, database files, conditions, conversions: SEED, MINUTES (25)"
   "faults|the whole fault walk; then two faults at a time in each of its scenarios, lost answers too: SEED"
   "durability|500 kills while saving, full disks, damaged files, 100 pairs of processes: SEED"
@@ -37,6 +38,34 @@ long_walk() (
   "${walk[@]}" --seed $((seed + 500000000)) & two=$!
   wait "$one" || failed=1
   wait "$two" || failed=1
+  exit "$failed"
+)
+
+# Walks that kept to the rules, each played again natively and in the real window. A gesture that nobody could
+# make is not part of it.
+long_window_walk() (
+  need_native_packages
+  need_windows_packages
+  build walk kebu_walk workbench
+  build windows-x64 workbench KEBU_ANAGKELMORIA
+  source tools/wine.sh
+  start_virtual_screen
+  local end=$((SECONDS + ${MINUTES:-25} * 60)) folder=build/window-walk failed=0 walks=0 left_out=0 gestures=0 scenario name seed
+  seed=$(seed_of_run)
+  rm -rf "$folder"
+  mkdir -p "$folder"
+  build/walk/tests/walk/kebu_walk --seed "$seed" --gestures "${GESTURES:-50000}" --write "$folder"
+  for scenario in "$folder"/*.scenario; do
+    [[ $SECONDS -lt $end ]] || break
+    name=${scenario%.scenario}
+    # Without a gesture that the real window cannot have, another one may not be possible.
+    build/walk/workbench/workbench play "$scenario" --statements "$name.native.jsonl" >"$name.native.out" 2>&1 ||
+      { left_out=$((left_out + 1)); continue; }
+    same_in_window "$scenario" "$name.native.jsonl" "$name.jsonl" || failed=1
+    walks=$((walks + 1))
+    gestures=$((gestures + $(grep -c -v '^answer' "$scenario")))
+  done
+  say "seed $seed: $walks walks, $gestures gestures; $left_out walks left out"
   exit "$failed"
 )
 

@@ -5,28 +5,33 @@ native_statements=build/debug/tests/scenarios/statements
 
 without_random_names() { sed -E 's/##temp(T|Prezzo|Griglia)[0-9A-F]{32}/##temp\1/g' "$1"; }
 
-# real_window_scenarios PRESET: plays every scenario again in the real window on a virtual screen. The
+# same_in_window SCENARIO NATIVE LOG: plays a scenario, which is two folders deep, in the real window. Its
 # statements must be those of the native run, except for the random part of working tables' names.
+same_in_window() {
+  local scenario=$1 native=$2 log=$3 options
+  options=$(sed -n '1s/^#! //p' "$scenario")
+  # The options are split as a shell does, as in the native tests.
+  if ! (cd "$(dirname "$scenario")" && eval "in_wine ../../$windows_workbench play \
+        '$(basename "$scenario")' $options --statements '../../$log'") >"${log%.jsonl}.out" 2>&1; then
+    printf '%s: ' "$scenario"
+    tail -n 5 "${log%.jsonl}.out"
+    return 1
+  fi
+  cmp <(without_random_names "$native") <(without_random_names "$log") && return
+  printf '%s: the statements in the real window are others\n' "$scenario"
+  return 1
+}
+
+# real_window_scenarios PRESET: plays every scenario again in the real window on a virtual screen.
 real_window_scenarios() (
   windows_preset=$1
   source tools/wine.sh
   start_virtual_screen
-  local logs=build/$1/statements failed=0 scenario name options
+  local logs=build/$1/statements failed=0 scenario name
   mkdir -p "$logs"
   for scenario in tests/scenarios/*.scenario workbench/scenarios/*.scenario; do
     name=${scenario%%/*}.$(basename "$scenario" .scenario)
-    options=$(sed -n '1s/^#! //p' "$scenario")
-    # The options are split as a shell does, as in the native tests.
-    if ! (cd "$(dirname "$scenario")" && eval "in_wine ../../$windows_workbench play \
-          '$(basename "$scenario")' $options --statements '../../$logs/$name.jsonl'") \
-          >"$logs/$name.out" 2>&1; then
-      tail -n 5 "$logs/$name.out"
-      failed=1
-    elif ! cmp <(without_random_names "$native_statements/$name.jsonl") \
-               <(without_random_names "$logs/$name.jsonl"); then
-      printf '%s: the statements in the real window are others\n' "$scenario"
-      failed=1
-    fi
+    same_in_window "$scenario" "$native_statements/$name.jsonl" "$logs/$name.jsonl" || failed=1
   done
   exit "$failed"
 )

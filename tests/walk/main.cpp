@@ -1,6 +1,7 @@
-// kebu_walk [--seed N] [--gestures N] [--seconds N]: random walks, each of a hundred
-// gestures on a company of its own. The seed names the first walk; each further one has the next
-// seed. kebu_walk --again FILE: the walk that a scenario describes, held to the same rules.
+// kebu_walk [--seed N] [--gestures N] [--seconds N] [--write FOLDER]: random walks, each of a
+// hundred gestures on a company of its own. The seed names the first walk; each further one has the
+// next seed. Each is written as a scenario walk_SEED into the folder, for the real window.
+// kebu_walk --again FILE: the walk that a scenario describes, held to the same rules.
 
 #include <algorithm>
 #include <chrono>
@@ -27,6 +28,7 @@ struct Options {
   std::size_t gestures = 2000;
   long seconds = 0;  ///< 0 without limit
   std::string again;
+  std::string folder;  ///< "" to write no scenarios
 };
 
 /// Every kind of walk in turn: without faults, where pages are compared with the tables, with
@@ -41,6 +43,26 @@ void report(const WalkGround& ground, WalkOutcome outcome) {
             << std::flush;
   outcome = shortened(ground, std::move(outcome));
   std::cout << "broken: " << *outcome.broken << "\n\n" << scenarioOf(outcome.steps) << '\n';
+}
+
+/// Whether a person can make the step in the real window, and alone: control characters are keys
+/// there, and a file is named in a dialog.
+bool isForWindow(const WalkStep& step) {
+  const bool namesFile = step.words.front() == "copy" && step.words.back() == "file";
+  const bool asksForFile = step.words == workbench::Words{"click", "CMD_SALVA"};
+  return !namesFile && !asksForFile &&
+         std::ranges::none_of(step.words, [](const std::string& word) {
+           return std::ranges::any_of(word, [](char c) { return c >= 0 && c < ' '; });
+         });
+}
+
+void write(const WalkOutcome& outcome, const std::string& path) {
+  std::deque<WalkStep> steps = outcome.steps;
+  std::erase_if(steps, [](const WalkStep& step) { return !isForWindow(step); });
+  std::ofstream file(path);
+  if (!(file << scenarioOf(steps) << scenarioOf(outcome.closing)).flush()) {
+    throw std::runtime_error(path + " cannot be written");
+  }
 }
 
 int run(const Options& options) {
@@ -79,6 +101,9 @@ int run(const Options& options) {
       report(ground, std::move(outcome));
       return 1;
     }
+    if (!options.folder.empty()) {
+      write(outcome, options.folder + "/walk_" + std::to_string(seed) + ".scenario");
+    }
     gestures += outcome.steps.size();
     refused +=
         static_cast<std::size_t>(std::count_if(outcome.steps.begin(), outcome.steps.end(),
@@ -106,6 +131,8 @@ int main(int argc, char** argv) {
         options.gestures = std::stoull(value);
       } else if (name == "--seconds") {
         options.seconds = std::stol(value);
+      } else if (name == "--write") {
+        options.folder = value;
       } else if (name == "--again") {
         options.again = value;
       } else {
@@ -115,7 +142,8 @@ int main(int argc, char** argv) {
     return run(options);
   } catch (const std::exception& error) {
     std::cerr << "kebu_walk: " << error.what()
-              << "\nuse: kebu_walk [--seed N] [--gestures N] [--seconds N] | --again FILE\n";
+              << "\nuse: kebu_walk [--seed N] [--gestures N] [--seconds N] [--write FOLDER] | "
+                 "--again FILE\n";
     return 1;
   }
 }

@@ -118,7 +118,8 @@ Words RandomUser::beforeOpening() {
       case 2:
         return {"set", random_.of(rights), random_.oneIn(2) ? "on" : "off"};
       case 3:
-        return {"set", "WindowModal", random_.oneIn(2) ? "on" : "off"};
+        isModal_ = random_.oneIn(2);
+        return {"set", "WindowModal", isModal_ ? "on" : "off"};
       default:
         return {random_.oneIn(3) ? "lose" : "fail", random_.of(pieces), number(3)};
     }
@@ -148,7 +149,8 @@ Words RandomUser::atHost() {
     case 0:
       return {"close"};
     case 1:
-      if (kind_.windows > 1) return {"window", std::to_string(1 + random_.below(2))};
+      // Nobody can go to another window while a modal one is open.
+      if (kind_.windows > 1 && !isModal_) return {"window", std::to_string(1 + random_.below(2))};
       return {"activate"};
     case 2:
       return {"refuse", "tsClose"};

@@ -37,6 +37,7 @@ class RandomUser : public GestureSource {
   std::size_t made_ = 0;
   std::size_t boxes_ = 0;          ///< answered since the last gesture
   int preparations_ = 0;           ///< made before the window opens
+  bool isModal_ = false;           ///< the windows that open from now on
   bool isServerAway_ = false;      ///< the database's
   std::vector<std::string> seen_;  ///< codes that the window showed
 };

@@ -229,7 +229,11 @@ std::size_t gesturesOf(const Words& words) {
 
 std::int32_t Walker::answer(const workbench::ShownMessage& box) {
   if (workbench::offers(box.style, msgbox::abort)) troubled_ = true;
-  if (closing_) return leaving(box);
+  if (closing_) {
+    const msgbox::Answer answer = leaving(box);
+    if (!outcome_.closing.empty()) outcome_.closing.back().answers.push_back(answer);
+    return answer;
+  }
   const msgbox::Answer answer = source_.answer(box);
   if (box.text.find("\r\n[DBNETLIB]") != std::string::npos) {
     if (lossesToTell_ == 0) broken("a lost connection was told twice in a gesture: " + box.text);
@@ -404,8 +408,12 @@ void Walker::closeWindows() {
   faults_ = {};
   for (const std::int32_t window : {1, 2}) {
     workplace_.host().use(window);
+    outcome_.closing.push_back({{"window", std::to_string(window)}});
     constexpr int attempts = 3;  // the script may refuse the first
-    for (int i = 0; i < attempts && workplace_.host().isOpen(); ++i) workplace_.host().close();
+    for (int i = 0; i < attempts && workplace_.host().isOpen(); ++i) {
+      outcome_.closing.push_back({{"close"}});
+      workplace_.host().close();
+    }
     if (workplace_.host().isOpen()) broken("the window cannot be closed");
   }
 }

@@ -20,6 +20,7 @@ struct WalkGround {
 /// What came of a walk.
 struct WalkOutcome {
   std::deque<WalkStep> steps;
+  std::deque<WalkStep> closing;  ///< of the windows that were open at the end, nothing saved
   std::size_t statements = 0;
   std::size_t comparisons = 0;  ///< of a page with a fresh load
   /// The first rule that was broken, in one line; nothing when all held.
