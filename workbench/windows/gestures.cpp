@@ -39,7 +39,8 @@ void replaceText(HWND edit, const std::wstring& text) {
 
 void takeFromList(HWND combo, int index) {
   if (!SendMessageW(combo, CB_GETDROPPEDSTATE, 0, 0)) pressKey(combo, VK_F4);
-  pressKey(combo, VK_HOME);
+  // In a list without a choice the first key only chooses the entry of the last one.
+  pressKey(combo, VK_HOME, 2);
   pressKey(combo, VK_DOWN, index);
   pressKey(combo, VK_RETURN);
 }
