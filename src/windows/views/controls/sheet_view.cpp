@@ -21,7 +21,7 @@ constexpr int warningStripe = 4;
 constexpr int barHeight = 10;
 // In percent of the width.
 constexpr int labelPart = 48;
-constexpr int valuePart = 26;
+constexpr int valuePart = 34;
 
 constexpr UINT wrapped = DT_LEFT | DT_TOP | DT_WORDBREAK | DT_NOPREFIX;
 
