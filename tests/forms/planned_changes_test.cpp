@@ -27,6 +27,7 @@ TEST(PlannedChanges, ComparesValuesAsTheyAreRead) {
       {*Decimal::parse("19.90"), *Decimal::parse("19.9"), true},
       {*Decimal::parse("19.91"), *Decimal::parse("19.9"), false},
       {"1", std::int16_t{1}, true},
+      {"1 ", std::int16_t{1}, true},
       {*Date::make(2024, 3, 5), *Date::make(2024, 3, 5), true},
       {*Date::make(2024, 3, 5), *Date::make(2024, 3, 5, 8), false},
   };
