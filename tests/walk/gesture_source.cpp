@@ -10,8 +10,10 @@ namespace kebu::tests {
 namespace {
 
 std::string quoted(const std::string& word) {
-  // A byte order mark at the start of the text would be passed over.
-  const bool isPlain = !word.empty() && word.find_first_of(" \t'\"\\#\xEF") == std::string::npos;
+  // A byte order mark at the start of the text and a carriage return at the end of a line would be
+  // passed over.
+  constexpr const char* special = " \t\r'\"\\#\xEF";
+  const bool isPlain = !word.empty() && word.find_first_of(special) == std::string::npos;
   if (isPlain) return word;
   return '"' + replaceAll(replaceAll(word, "\\", "\\\\"), "\"", "\\\"") + '"';
 }

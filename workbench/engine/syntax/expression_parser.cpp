@@ -189,8 +189,15 @@ ExprPtr ExpressionParser::comparisonTail(ExprPtr left) {
                           make(at, ast::Comparison{ComparisonOperator::LessOrEqual, left, high})}});
   } else if (reader_.accept("IN")) {
     test = inParentheses(reader_, [&] {
-      return reader_.atQuery() ? make(at, ast::In{left, {}, query()})
-                               : make(at, ast::In{left, list(), nullptr});
+      ast::In in{left, {}, nullptr};
+      // Not as a part of the initialization: when it fails there, the compiler also destroys what
+      // was not made.
+      if (reader_.atQuery()) {
+        in.query = query();
+      } else {
+        in.list = list();
+      }
+      return make(at, std::move(in));
     });
   } else if (reader_.accept("LIKE")) {
     ast::Like like;
@@ -266,7 +273,8 @@ ExprPtr ExpressionParser::primary() {
   const auto at = token.text;
   if (reader_.isSymbol("(")) {
     return inParentheses(reader_, [&] {
-      return reader_.atQuery() ? make(at, ast::Subquery{query()}) : conditionOrValue();
+      if (reader_.atQuery()) return make(at, ast::Subquery{query()});
+      return conditionOrValue();
     });
   }
   if (reader_.accept("NULL")) return make(at, ast::Literal{{}, Null{}, -1});
