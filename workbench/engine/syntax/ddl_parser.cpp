@@ -34,7 +34,8 @@ ast::CreateTable StatementParser::createTable() {
   table.name = reader_.objectName();
   reader_.expectSymbol("(");
   do {
-    if (reader_.isSymbol(")")) break;  // T-SQL allows a comma after the last column
+    // T-SQL allows a comma after the last column.
+    if (!table.columns.empty() && reader_.isSymbol(")")) break;
     if (reader_.isAny({"CONSTRAINT", "PRIMARY", "UNIQUE"})) {
       tableConstraint(table);
     } else {
