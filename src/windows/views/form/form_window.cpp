@@ -46,12 +46,6 @@ std::optional<MSG> takeMessage(HWND window, UINT kind) {
   return message;
 }
 
-bool isOfClass(HWND window, const wchar_t* wanted) {
-  wchar_t name[16] = {};
-  GetClassNameW(window, name, 16);
-  return lstrcmpW(name, wanted) == 0;
-}
-
 /// What the title bar shows; "" for a form without one.
 std::string titleOf(const controls::Form& form) {
   const auto& all = form.controls();

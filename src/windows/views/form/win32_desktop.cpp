@@ -80,7 +80,7 @@ HWND Win32Desktop::ownerFor(const controls::Form* form) const {
   HWND owner = active ? GetAncestor(active, GA_ROOT) : nullptr;
   if (!owner && !shown_.empty()) owner = shown_.begin()->second->window->handle();
   if (!form || FormWindow::isDialog(*form)) return owner;
-  // A window must not end with that of another object of the host's, with what is not saved in it.
+  // A window must not end with another one of ours, with what is not saved in it.
   while (owner && FormWindow::isOne(owner)) owner = GetWindow(owner, GW_OWNER);
   return owner;
 }

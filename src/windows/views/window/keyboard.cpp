@@ -5,6 +5,7 @@
 
 #include "windows/support/handles.h"
 #include "windows/views/window/guard.h"
+#include "windows/views/window/window_text.h"
 
 namespace kebu::windows {
 
@@ -34,9 +35,7 @@ bool isDown(int key) {
 }
 
 bool isCombo(HWND window) {
-  wchar_t name[16] = {};
-  GetClassNameW(window, name, 16);
-  return lstrcmpiW(name, L"ComboBox") == 0;
+  return isOfClass(window, L"ComboBox");
 }
 
 bool isDroppedCombo(HWND window) {

@@ -6,6 +6,8 @@
 
 namespace kebu::windows {
 
+/// Whether a window is of a class, by its name in any case.
+bool isOfClass(HWND window, const wchar_t* className);
 /// What a control shows.
 std::wstring windowText(HWND window);
 /// Sets it when it differs, so that nothing flickers and no caret jumps.
