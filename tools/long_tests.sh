@@ -50,11 +50,13 @@ long_window_walk() (
   build windows-x64 workbench KEBU_ANAGKELMORIA
   source tools/wine.sh
   start_virtual_screen
-  local end=$((SECONDS + ${MINUTES:-25} * 60)) folder=build/window-walk failed=0 walks=0 left_out=0 gestures=0 scenario name seed
+  local end=$((SECONDS + ${MINUTES:-25} * 60)) folder=build/window-walk scenario name seed
+  local failed=0 walks=0 left_out=0 gestures=0
   seed=$(seed_of_run)
   rm -rf "$folder"
   mkdir -p "$folder"
-  build/walk/tests/walk/kebu_walk --seed "$seed" --gestures "${GESTURES:-50000}" --write "$folder"
+  build/walk/tests/walk/kebu_walk --seed "$seed" --gestures "${GESTURES:-50000}" --write "$folder" ||
+    failed=1
   for scenario in "$folder"/*.scenario; do
     [[ $SECONDS -lt $end ]] || break
     name=${scenario%.scenario}
@@ -65,6 +67,7 @@ long_window_walk() (
     walks=$((walks + 1))
     gestures=$((gestures + $(grep -c -v '^answer' "$scenario")))
   done
+  [[ $walks -gt 0 ]] || failed=1
   say "seed $seed: $walks walks, $gestures gestures; $left_out walks left out"
   exit "$failed"
 )
@@ -74,11 +77,13 @@ has_libfuzzer() {
   clang++ -x c++ -fsanitize=fuzzer -o /dev/null - <<<"$program" 2>/dev/null
 }
 
-# sql_reading takes the inputs of sql. With libFuzzer, which looks for inputs that reach new code; without it the plain driver makes more inputs.
+# With libFuzzer, which looks for inputs that reach new code; without it the plain driver makes more inputs.
+# sql_reading takes the inputs of sql.
 long_fuzz() (
   need_native_packages
   if ! has_libfuzzer && [[ $(id -u) -eq 0 ]]; then need_packages clang libclang-rt-14-dev; fi
-  local targets=(sql sql_reading query_editor database_file scenario conversions automation) target inputs failed=0 seed
+  local targets=(sql sql_reading query_editor database_file scenario conversions automation)
+  local target inputs seed failed=0
   local seconds=$((${MINUTES:-25} * 60 / ${#targets[@]}))
   seed=$(seed_of_run)
   if ! has_libfuzzer; then
