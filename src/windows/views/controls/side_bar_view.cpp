@@ -15,8 +15,7 @@ SideBarView::SideBarView(ViewSite& site, controls::SideBar& model, HWND parent)
                           WS_VISIBLE | WS_TABSTOP | WS_VSCROLL | LBS_NOTIFY | LBS_OWNERDRAWFIXED |
                               LBS_HASSTRINGS | LBS_NOINTEGRALHEIGHT,
                           0, parent)) {
-  listBox_ = reinterpret_cast<WNDPROC>(
-      SetWindowLongPtrW(handle(), GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(listProcedure)));
+  Subclass<SideBarView*, &SideBarView::answer>::putOn(handle(), this);
   applyTheme();
 }
 
@@ -63,22 +62,21 @@ int SideBarView::indexAt(LPARAM point) const {
 }
 
 // A click on the chosen link opens its page again. The list box sends no notification for it.
-LRESULT CALLBACK SideBarView::listProcedure(HWND window, UINT message, WPARAM wParam,
-                                            LPARAM lParam) {
-  auto& self = static_cast<SideBarView&>(*viewOf(window));
+std::optional<LRESULT> SideBarView::answer(const ControlMessage& received) {
+  const UINT message = received.message;
   if (message == WM_LBUTTONDOWN) {
-    const int index = self.indexAt(lParam);
-    self.pressed_ = index == self.chosenIndex() ? index : -1;
+    const int index = indexAt(received.lParam);
+    pressed_ = index == chosenIndex() ? index : -1;
   }
-  if (message == WM_MOUSEMOVE && self.pointer_.moved()) self.pointerOn(self.indexAt(lParam));
-  if (message == WM_MOUSELEAVE) self.pointerOn(-1);
-  self.movesByKey_ = message == WM_KEYDOWN || message == WM_CHAR;
-  const LRESULT result = CallWindowProcW(self.listBox_, window, message, wParam, lParam);
-  self.movesByKey_ = false;
+  if (message == WM_MOUSEMOVE && pointer_.moved()) pointerOn(indexAt(received.lParam));
+  if (message == WM_MOUSELEAVE) pointerOn(-1);
+  movesByKey_ = message == WM_KEYDOWN || message == WM_CHAR;
+  const LRESULT result = received.asUsual();
+  movesByKey_ = false;
   if (message == WM_LBUTTONUP) {
-    const int pressed = std::exchange(self.pressed_, -1);
-    if (pressed >= 0 && pressed == self.indexAt(lParam)) {
-      self.open(static_cast<std::size_t>(pressed));
+    const int pressed = std::exchange(pressed_, -1);
+    if (pressed >= 0 && pressed == indexAt(received.lParam)) {
+      open(static_cast<std::size_t>(pressed));
     }
   }
   return result;

@@ -6,6 +6,7 @@
 #include "controls/simple_controls.h"
 #include "windows/views/controls/view.h"
 #include "windows/views/window/pointer_watch.h"
+#include "windows/views/window/subclass.h"
 
 namespace kebu::windows {
 
@@ -37,11 +38,11 @@ class SideBarView : public View {
   int chosenIndex() const;
   void open(std::size_t index);
   int indexAt(LPARAM point) const;
-  static LRESULT CALLBACK listProcedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam);
+  /// What the list itself does not do.
+  std::optional<LRESULT> answer(const ControlMessage& received);
 
   controls::SideBar& model_;
   std::vector<std::wstring> texts_;  ///< as the list has them
-  WNDPROC listBox_ = nullptr;        ///< the list's own procedure
   bool movesByKey_ = false;          ///< while the list handles a key
   void pointerOn(int index);
 

@@ -8,30 +8,29 @@
 #include "windows/views/window/attached_view.h"
 #include "windows/views/window/dpi.h"
 #include "windows/views/window/guard.h"
+#include "windows/views/window/subclass.h"
 
 namespace kebu::windows {
 
 namespace {
 
 /// Describes a stock control to assistive technology, and lets its view paint it.
-LRESULT CALLBACK stockProcedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
-  const auto attached = attachedViews().find(window);
-  if (!attached) return DefWindowProcW(window, message, wParam, lParam);
-  View& view = *attached->view;
-  if (message == WM_GETOBJECT) {
-    const auto part = view.partIn(window);
-    std::optional<LRESULT> object;
-    if (part) guarded([&] { object = answerGetObject(view, *part, wParam, lParam); });
-    if (object) return *object;
-  }
-  if (message == WM_PAINT) {
-    bool isPainted = false;
-    guarded([&] { isPainted = view.paint(window); });
-    if (isPainted) return 0;
-  }
-  if (message == WM_NCDESTROY) attachedViews().remove(window);
-  return CallWindowProcW(attached->usual, window, message, wParam, lParam);
+std::optional<LRESULT> answerForStock(View* view, const ControlMessage& received) {
+  std::optional<LRESULT> answer;
+  guarded([&] {
+    if (received.message == WM_GETOBJECT) {
+      const auto part = view->partIn(received.window);
+      if (part) answer = answerGetObject(*view, *part, received.wParam, received.lParam);
+    } else if (received.message == WM_PAINT) {
+      if (view->paint(received.window)) answer = 0;
+    } else if (received.message == WM_NCDESTROY) {
+      attachedViews().remove(received.window);
+    }
+  });
+  return answer;
 }
+
+using StockControl = Subclass<View*, answerForStock>;
 
 }  // namespace
 
@@ -97,14 +96,13 @@ OwnedWindow View::createStock(const wchar_t* className, DWORD style, DWORD exten
   if (!window) throw RuntimeError(7, "The control could not be created.");
   setFont(window.get(), theme().font(), false);
   if (theme().colours().isSystems) takeColours(window.get(), theme());
-  const auto usual = reinterpret_cast<WNDPROC>(GetWindowLongPtrW(window.get(), GWLP_WNDPROC));
-  attachedViews().put(window.get(), {this, usual});
-  SetWindowLongPtrW(window.get(), GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(stockProcedure));
+  StockControl::putOn(window.get(), this);
+  adopt(window.get());
   return window;
 }
 
 void View::adopt(HWND window) {
-  attachedViews().put(window, {this});
+  attachedViews().put(window, this);
 }
 
 Describable* View::groupAround() {
@@ -171,7 +169,7 @@ std::wstring View::tipOf(HWND window, POINT screen) {
 
 View* viewOf(HWND window) {
   for (; window; window = GetParent(window)) {
-    if (const auto attached = attachedViews().find(window)) return attached->view;
+    if (const auto attached = attachedViews().find(window)) return *attached;
     if (!(GetWindowLongPtrW(window, GWL_STYLE) & WS_CHILD)) break;
   }
   return nullptr;

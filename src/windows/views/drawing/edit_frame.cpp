@@ -3,18 +3,11 @@
 #include <algorithm>
 
 #include "windows/views/drawing/painting.h"
-#include "windows/views/window/window_table.h"
+#include "windows/views/window/subclass.h"
 
 namespace kebu::windows {
 
 namespace {
-
-/// An edit control that has a frame.
-struct Framed {
-  WNDPROC usual;  ///< the procedure that ours stands before
-  const Theme* theme;
-};
-WindowTable<Framed> framedEdits;
 
 constexpr int sideEdge = 4;  // between the frame and the text, in 96ths of an inch
 
@@ -53,45 +46,37 @@ void paintFrame(HWND edit, const Theme& theme) {
   ReleaseDC(edit, dc);
 }
 
-LRESULT CALLBACK procedure(HWND edit, UINT message, WPARAM wParam, LPARAM lParam) {
-  const auto framed = framedEdits.find(edit);
-  if (!framed) return DefWindowProcW(edit, message, wParam, lParam);
-  const Theme& theme = *framed->theme;
-  const auto asUsual = [&] {
-    return CallWindowProcW(framed->usual, edit, message, wParam, lParam);
-  };
-  switch (message) {
+std::optional<LRESULT> answer(const Theme* theme, const ControlMessage& received) {
+  HWND const edit = received.window;
+  switch (received.message) {
     case WM_NCCALCSIZE: {
-      RECT& area = *reinterpret_cast<RECT*>(lParam);  // both structures begin with it
-      area = textArea(edit, area, theme);
+      RECT& area = *reinterpret_cast<RECT*>(received.lParam);  // both structures begin with it
+      area = textArea(edit, area, *theme);
       return 0;
     }
     case WM_NCPAINT:
-      paintFrame(edit, theme);
+      paintFrame(edit, *theme);
       return 0;
     case WM_NCHITTEST:
       return HTCLIENT;
     case WM_SETFOCUS:
     case WM_KILLFOCUS: {
-      const LRESULT result = asUsual();
-      paintFrame(edit, theme);
+      const LRESULT result = received.asUsual();
+      paintFrame(edit, *theme);
       return result;
     }
-    case WM_NCDESTROY:
-      framedEdits.remove(edit);
-      return asUsual();
     default:
-      return asUsual();
+      return std::nullopt;
   }
 }
+
+using Frame = Subclass<const Theme*, answer>;
 
 }  // namespace
 
 void frameEdit(HWND edit, const Theme& theme) {
-  if (!framedEdits.find(edit)) {
-    framedEdits.put(edit,
-                    {reinterpret_cast<WNDPROC>(GetWindowLongPtrW(edit, GWLP_WNDPROC)), &theme});
-    SetWindowLongPtrW(edit, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(procedure));
+  if (!Frame::isOn(edit)) {
+    Frame::putOn(edit, &theme);
     // One that has no size yet gets its frame with its size.
     RECT area{};
     GetWindowRect(edit, &area);

@@ -2,8 +2,8 @@
 
 namespace kebu::windows {
 
-WindowTable<AttachedView>& attachedViews() {
-  static WindowTable<AttachedView> table;
+WindowTable<View*>& attachedViews() {
+  static WindowTable<View*> table;
   return table;
 }
 
