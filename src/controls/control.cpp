@@ -15,6 +15,7 @@ ControlHost* Control::gestureHost() const {
 
 void Control::requireReachable() const {
   if (!isShown()) throw GestureRefused(name_ + " is not visible");
+  if (isCovered()) throw GestureRefused(name_ + " is behind another page");
   if (!isReachable()) throw GestureRefused(name_ + " is disabled");
 }
 

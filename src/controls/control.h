@@ -59,6 +59,10 @@ class Control : public host::NamedObject {
   void setVisible(bool visible) {
     if (visible_ != visible) setShown(visible_, visible);
   }
+  /// Of a page: whether another one stands in front of it.
+  void setCovered(bool covered) {
+    if (covered_ != covered) setShown(covered_, covered);
+  }
 
   /// While it is locked, it and what it contains show what they hold, which can be
   /// copied, but refuse to be changed.
@@ -78,10 +82,12 @@ class Control : public host::NamedObject {
   /// Where gestures on the control and on what it contains are carried out; null for nowhere.
   ControlHost* gestureHost() const;
   void setGestureHost(ControlHost& host) { gestureHost_ = &host; }
-  /// Whether a person can use it: isShown() and looksEnabled().
-  bool isReachable() const { return isShown() && looksEnabled(); }
+  /// Whether a person can use it: isShown() and looksEnabled(), and not isCovered().
+  bool isReachable() const { return isShown() && looksEnabled() && !isCovered(); }
   /// Whether it and all its containers are visible.
   bool isShown() const { return visible_ && (!container_ || container_->isShown()); }
+  /// Whether another page stands in front of the one that it is on.
+  bool isCovered() const { return covered_ || (container_ && container_->isCovered()); }
   /// Whether it and all its containers are enabled, visible or not.
   bool looksEnabled() const { return enabled_ && (!container_ || container_->looksEnabled()); }
 
@@ -112,6 +118,7 @@ class Control : public host::NamedObject {
   std::string spokenName_;
   bool enabled_ = true;
   bool visible_ = true;
+  bool covered_ = false;
   bool locked_ = false;
   Size size_;
   Control* container_ = nullptr;

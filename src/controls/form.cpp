@@ -1,5 +1,6 @@
 #include "controls/form.h"
 
+#include <algorithm>
 #include <utility>
 
 #include "controls/key_table.h"
@@ -32,6 +33,30 @@ void Form::leaveScreen() noexcept {
 void Form::add(Control& control) {
   outermost_.push_back(&control);
   listenTo(control);
+}
+
+void Form::addPage(GroupBox& page) {
+  add(page);
+  pages_.push_back(&page);
+  if (page.isVisible()) visiblePages_.insert(visiblePages_.begin(), &page);
+  coverPages();
+  page.changed.on([this, &page] { stackPage(page); });
+}
+
+void Form::stackPage(GroupBox& page) {
+  const auto at = std::ranges::find(visiblePages_, &page);
+  const bool wasVisible = at != visiblePages_.end();
+  if (page.isVisible() == wasVisible) return;
+  if (wasVisible) {
+    visiblePages_.erase(at);
+  } else {
+    visiblePages_.push_back(&page);
+  }
+  coverPages();
+}
+
+void Form::coverPages() {
+  for (GroupBox* page : pages_) page->setCovered(page->isVisible() && page != pageInFront());
 }
 
 void Form::listenTo(Control& control) {

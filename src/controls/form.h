@@ -28,6 +28,10 @@ class Form : public OfKind<ControlKind::Form>, public std::enable_shared_from_th
   /// All controls of the window, those in groups too, in tab order.
   std::vector<Control*> controls() const;
   Control* find(std::string_view name) override;
+  /// The pages, of which one is seen; none in a dialog.
+  const std::vector<GroupBox*>& pages() const { return pages_; }
+  /// The page that is seen: of those that are visible the one that appeared last. Null for none.
+  GroupBox* pageInFront() const { return visiblePages_.empty() ? nullptr : visiblePages_.back(); }
   /// The controls that edit a column.
   std::vector<BoundControl*> boundControls() const;
   void translate(const Translator& translator) override;
@@ -70,6 +74,9 @@ class Form : public OfKind<ControlKind::Form>, public std::enable_shared_from_th
   void addAll(Controls&... all) {
     (add(all), ...);
   }
+  /// Adds a group that is a page. Of pages that are visible from the beginning the first one is in
+  /// front.
+  void addPage(GroupBox& page);
   /// Takes a window that was not closed off the screen. To be called at the start of the destructor
   /// of a class that owns controls: what is on the screen uses them until then.
   void leaveScreen() noexcept;
@@ -83,9 +90,14 @@ class Form : public OfKind<ControlKind::Form>, public std::enable_shared_from_th
   void finishUnload();
   /// Raises `changed` when a control is added to the group or to one inside it.
   void listenTo(Control& control);
+  /// Takes a page that appeared to the front, and one that disappeared from there.
+  void stackPage(GroupBox& page);
+  void coverPages();
 
   Desktop& desktop_;
   std::vector<Control*> outermost_;
+  std::vector<GroupBox*> pages_;
+  std::vector<GroupBox*> visiblePages_;  ///< from the back to the front
   Translator translator_;
   std::int32_t left_ = 0;
   std::int32_t top_ = 0;

@@ -6,7 +6,6 @@
 #include "controls/notice_list.h"
 #include "controls/query_operators.h"
 #include "controls/visit.h"
-#include "tests/walk/shown_page.h"
 
 namespace kebu::tests {
 
@@ -183,7 +182,6 @@ std::optional<Words> RandomUser::next(const Moment& moment) {
 
 Words RandomUser::onControl(Form& form) {
   std::vector<Control*> controls = form.controls();
-  std::erase_if(controls, [&](const Control* each) { return isBehindAnotherPage(form, *each); });
   // Most gestures are possible ones; some are made where nobody could make them.
   if (!random_.oneIn(20)) {
     std::erase_if(controls, [](const Control* control) { return !control->isReachable(); });

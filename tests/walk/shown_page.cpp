@@ -3,7 +3,6 @@
 #include <algorithm>
 
 #include "controls/visit.h"
-#include "forms/anagrafica/frame/pages.h"
 
 namespace kebu::tests {
 
@@ -67,18 +66,6 @@ std::vector<std::string> shownIn(Control& page) {
   describe(lines, page);
   removeUnusedLevels(lines);
   return lines;
-}
-
-bool isBehindAnotherPage(const Form& form, const Control& control) {
-  if (control.container()) return isBehindAnotherPage(form, *control.container());
-  const auto pageOf = [](const Control& group) {
-    return std::ranges::find(forms::pageTable, group.Name(), &forms::PageEntry::group);
-  };
-  const auto page = pageOf(control);
-  if (page == std::end(forms::pageTable) || !page->staysShown) return false;
-  return std::ranges::any_of(form.controls(), [&](const Control* other) {
-    return pageOf(*other) != std::end(forms::pageTable) && other != &control && other->isShown();
-  });
 }
 
 std::string firstDifference(const std::vector<std::string>& one,

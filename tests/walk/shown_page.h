@@ -4,17 +4,12 @@
 #include <vector>
 
 #include "controls/control.h"
-#include "controls/form.h"
 
 namespace kebu::tests {
 
 /// What a page shows of the database, a line for each value: those of all its boxes, combos, check
 /// boxes and labels, the cells of its grids, and the conditions of its query editors.
 std::vector<std::string> shownIn(controls::Control& page);
-
-/// Whether its page is visible as a model, but stands behind the one that the window draws: the
-/// page of discounts is not hidden when another one is shown.
-bool isBehindAnotherPage(const controls::Form& form, const controls::Control& control);
 
 /// The first line in which both differ, as "one | other"; "" when they are equal.
 std::string firstDifference(const std::vector<std::string>& one,

@@ -372,9 +372,8 @@ void Walker::checkDiscounts(const Words& words) {
   if (words.front() == "choose" && words[1] == listTypes && now != listTypeBefore_) {
     compareDiscounts(false);
   }
-  const controls::Control& page = *front->find(discountsPage);
-  const bool isInFront = page.isShown() && !isBehindAnotherPage(*front, page);
-  if (isInFront && now != "0" && words.front() == "press" && words[2] == "Conferma") {
+  if (front->find(discountsPage)->isReachable() && now != "0" && words.front() == "press" &&
+      words[2] == "Conferma") {
     compareDiscounts(true);
   }
 }

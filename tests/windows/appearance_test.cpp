@@ -306,10 +306,11 @@ DWORD runAtResolution(DWORD dpi, const std::string& test) {
 
 class SmallForm : public controls::Form {
  public:
-  explicit SmallForm(controls::Desktop& desktop) : Form("FRM", desktop) {
+  explicit SmallForm(controls::Desktop& desktop, bool isPage = false) : Form("FRM", desktop) {
     choice.addRow(std::int32_t{1}, "Una");
     group.addAll(first, second, choice);
-    addAll(group, done);
+    isPage ? addPage(group) : add(group);
+    add(done);
   }
 
   controls::GroupBox group{"GRP", "Gruppo"};
@@ -319,12 +320,10 @@ class SmallForm : public controls::Form {
   controls::ComboBox choice{"CMB_CHOICE", "Scelta"};
 };
 
-/// A form with pages has a side bar.
-class FormWithPages : public SmallForm {
+class FormWithPage : public SmallForm {
  public:
-  explicit FormWithPages(controls::Desktop& desktop) : SmallForm(desktop) { addAll(links, title); }
+  explicit FormWithPage(controls::Desktop& desktop) : SmallForm(desktop, true) { add(title); }
 
-  controls::SideBar links{"SBAR"};
   controls::TitleBar title{"TITLEBAR"};
 };
 
@@ -421,7 +420,7 @@ TEST_F(DrawnForm, DisablesTheLooksOfItsButtonsWhileItWorks) {
 }
 
 TEST_F(DrawnForm, DoesNotShowAPageUnderTheTitleOfTheNext) {
-  const auto form = show<FormWithPages>();
+  const auto form = show<FormWithPage>();
   HWND const page = GetParent(WindowReader(shownForm()).control("TXT_FIRST").window);
   const auto isSeen = [&] { return IsWindowVisible(page) != 0; };
   for (const bool isNew : {false, true}) {

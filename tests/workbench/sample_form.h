@@ -43,7 +43,9 @@ class SampleForm : public controls::Form {
     links.OnClickItemLink.on([this](const controls::SideBar::Link& link) { page = link.view; });
     bar.ButtonClick.on([this](bool&, const std::string& key) { pressed = key; });
     button.ButtonClick.on([this] { ++clicks; });
-    addAll(links, group, hiddenLabel, button, bar, status);
+    add(links);
+    addPage(group);
+    addAll(hiddenLabel, button, bar, status);
     hiddenLabel.setVisible(false);
   }
 

@@ -115,7 +115,7 @@ void FRMKB_ANAGRAFICA::buildPages() {
          parameters_.FME_PARAMETRI);
   for (controls::GroupBox& group : groups_.all()) {
     group.setGestureHost(services_);
-    add(group);
+    addPage(group);
   }
   context_.notices.setGestureHost(services_);
   addAll(BTN_RIEPILOGO, progress_.STATUSBAR, progress_.PBAR, VLT_RESIZEFORM1, MDIActiveX1);

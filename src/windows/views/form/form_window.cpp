@@ -68,7 +68,7 @@ FormWindow::FormWindow(HINSTANCE module, controls::Form& form, HWND owner,
   theme_ = std::make_unique<Theme>(dpiOf(handle()));
   pointer_.watch(handle());
   build();
-  const layout::Rect& size = hasSideBar_ ? usualSize : dialogSize;
+  const layout::Rect& size = isDialog(form_) ? dialogSize : usualSize;
   moveWindow(handle(), onScreen({form.left(), form.top(), form.left() + theme_->px(size.width),
                                  form.top() + theme_->px(size.height)}));
   keys_ = std::make_unique<KeyboardHook>(handle(), *this);
@@ -154,22 +154,11 @@ void FormWindow::arrangePages(const layout::Rect& place) {
     const auto* resizing = controls::as<controls::ResizeManager>(*control);
     if (resizing) rules = &resizing->registrations();
   }
-  // Several pages may be visible as models; only the one that was shown last is drawn.
-  const bool isGone = shownPage_ && !shownPage_->isVisible();
-  if (isGone) shownPage_ = nullptr;
+  const controls::GroupBox* const front = form_.pageInFront();
+  if (front) fillPage(*front);
   for (const auto& [page, window] : pages_) {
-    const bool wasSeen = window && isShownIn(handle(), window->handle());
-    const bool appeared = page->isVisible() && page != shownPage_ && !wasSeen;
-    if (page->isVisible() && (!shownPage_ || (appeared && !covered_.count(page)))) {
-      shownPage_ = page;
-    }
-  }
-  if (shownPage_) fillPage(*shownPage_);
-  covered_.clear();
-  for (const auto& [page, window] : pages_) {
-    const bool shown = page == shownPage_;
-    if (page->isVisible() && !shown) covered_.insert(page);
     if (!window) continue;
+    const bool shown = page == front;
     if (shown) window->arrange(place, *rules);
     // The page of before would stand under the title of the page to come.
     ShowWindow(window->handle(), shown && !isPageToCome() ? SW_SHOWNA : SW_HIDE);

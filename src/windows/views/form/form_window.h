@@ -22,7 +22,7 @@ class FormWindow : public Window, public ViewSite, public KeyTarget {
   FormWindow(HINSTANCE module, controls::Form& form, HWND owner, std::function<void()> lost);
   ~FormWindow() override;
 
-  /// Whether a form belongs to the one that was in front when it was opened.
+  /// Whether a form has no pages, and belongs to the one that was in front when it was opened.
   static bool isDialog(const controls::Form& form);
   /// Whether a window is a form's, of this object of the host's or of another one.
   static bool isOne(HWND window);
@@ -78,9 +78,11 @@ class FormWindow : public Window, public ViewSite, public KeyTarget {
   /// Makes a page's window and views, unless it has them. It is done when the page is first
   /// shown, since its windows cost more than its models.
   void fillPage(const controls::GroupBox& page);
+  /// The window of the page in front; null while there is none.
+  PageWindow* pageInFront() const;
   /// Whether it stands on the window itself: a bar, or a button in no group.
   static bool isBesidePages(const controls::Control& control);
-  /// The page of the side bar that a control belongs to; nothing when it is none.
+  /// The page that a control stands on; null for none.
   const controls::GroupBox* pageOf(const controls::Control& control) const;
   void listenTo(controls::GroupBox& group);
   /// The parent of the window of a control that is on no page.
@@ -119,11 +121,9 @@ class FormWindow : public Window, public ViewSite, public KeyTarget {
   controls::Form& form_;
   std::function<void()> lost_;
   std::unique_ptr<Theme> theme_;
-  /// The side bar's pages; those without a window have not been shown yet.
+  /// The form's pages; those without a window have not been shown yet.
   std::map<const controls::GroupBox*, std::unique_ptr<PageWindow>> pages_;
   std::unique_ptr<PageWindow> loosePage_;
-  const controls::GroupBox* shownPage_ = nullptr;
-  std::set<const controls::GroupBox*> covered_;  ///< visible pages under the shown one
   std::map<const controls::Control*, std::unique_ptr<View>> views_;
   std::vector<View*> inOrder_;
   /// The controls that wait for their views, with what tells of their changes.
@@ -137,7 +137,6 @@ class FormWindow : public Window, public ViewSite, public KeyTarget {
   PointerWatch pointer_;
   HWND lastFocus_ = nullptr;
   std::size_t controlsSeen_ = 0;  ///< how many controls the form had at the last build
-  bool hasSideBar_ = false;
   bool layoutWanted_ = false;
   bool showing_ = false;
   DWORD prepared_ = 0;  ///< the time, in milliseconds

@@ -58,7 +58,7 @@ void FormWindow::focusFirst() {
     return;
   }
   HWND around = loosePage_ ? loosePage_->handle() : nullptr;
-  if (shownPage_) around = pages_[shownPage_]->handle();
+  if (const PageWindow* const page = pageInFront()) around = page->handle();
   HWND first = around ? GetNextDlgTabItem(around, nullptr, FALSE) : nullptr;
   if (!first) first = GetNextDlgTabItem(handle(), nullptr, FALSE);
   SetFocus(first ? first : handle());
@@ -87,7 +87,7 @@ void FormWindow::moveToNextField() {
 
 void FormWindow::focusMoved() {
   HWND focus = GetFocus();
-  if (shownPage_) pages_[shownPage_]->reveal(focus);
+  if (PageWindow* const page = pageInFront()) page->reveal(focus);
   if (loosePage_) loosePage_->reveal(focus);
 }
 

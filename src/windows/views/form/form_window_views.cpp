@@ -54,16 +54,13 @@ const controls::Control& outermost(const controls::Control& control) {
 }  // namespace
 
 bool FormWindow::isDialog(const controls::Form& form) {
-  const auto& all = form.controls();
-  const auto sideBar = controls::ControlKind::SideBar;
-  return std::ranges::find(all, sideBar, &controls::Control::kind) == all.end();
+  return form.pages().empty();
 }
 
 void FormWindow::build() {
   const CommonControls::Scope scope;
   const auto& controls = form_.controls();
   controlsSeen_ = controls.size();
-  hasSideBar_ = !isDialog(form_);
   for (controls::Control* control : controls) {
     if (find(*control)) continue;
     auto* const group = controls::as<controls::GroupBox>(*control);
@@ -146,9 +143,9 @@ void FormWindow::listenTo(controls::GroupBox& group) {
 
 void FormWindow::rebuildIfGrown() {
   if (form_.controls().size() == controlsSeen_) return;
-  if (!hasSideBar_) {
-    // The tab order is the order in which windows were made. On a page of the side bar, a window of
-    // its own, later controls come last anyway; a dialog's few controls are made again.
+  if (isDialog(form_)) {
+    // The tab order is the order in which windows were made. On a page, a window of its own, later
+    // controls come last anyway; a dialog's few controls are made again.
     groupSubscriptions_.clear();
     mnemonics_.clear();
     inOrder_.clear();
@@ -173,15 +170,21 @@ void FormWindow::fillPage(const controls::GroupBox& page) {
   build();
 }
 
+PageWindow* FormWindow::pageInFront() const {
+  const auto page = pages_.find(form_.pageInFront());
+  return page == pages_.end() ? nullptr : page->second.get();
+}
+
 const controls::GroupBox* FormWindow::pageOf(const controls::Control& control) const {
-  if (!hasSideBar_ || !isOnPage(control)) return nullptr;
-  return controls::as<controls::GroupBox>(outermost(control));
+  const controls::Control& outer = outermost(control);
+  const auto page = std::ranges::find(form_.pages(), &outer);
+  return page == form_.pages().end() ? nullptr : *page;
 }
 
 bool FormWindow::isOnCard(const controls::Control& control) const {
   const controls::Control* const group = control.container();
-  // A page of the side bar has no card of its own.
-  return group && (group->container() || !hasSideBar_);
+  // A page has no card of its own.
+  return group && (group->container() || isDialog(form_));
 }
 
 bool FormWindow::isBesidePages(const controls::Control& control) {
