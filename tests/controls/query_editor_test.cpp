@@ -105,6 +105,7 @@ TEST_F(QueryEditorTest, BoxesFollowTheOperator) {
   const auto descriptionsShown = [&] {
     return std::pair(row(0).firstDescription.isVisible(), row(0).secondDescription.isVisible());
   };
+  EXPECT_FALSE(row(0).op.showsCodes()) << "the user reads words";
   EXPECT_TRUE(row(0).first.isVisible());
   EXPECT_FALSE(row(0).second.isVisible());
   EXPECT_EQ(descriptionsShown(), std::pair(true, false));
@@ -125,6 +126,11 @@ TEST_F(QueryEditorTest, BoxesFollowTheOperator) {
   EXPECT_FALSE(row(0).first.isVisible());
   row(0).op.choose("clear");
   EXPECT_EQ(row(0).first.text(), "") << "what was not seen is not kept";
+  for (const char* op : {"=", "<>", "starts", "contains", "in"}) {
+    row(0).op.choose(op);
+    EXPECT_TRUE(row(0).first.isVisible() && !row(0).second.isVisible()) << op;
+  }
+  row(0).op.choose("clear");
   EXPECT_EQ(editor.ComponiCondizione(), "");
 }
 

@@ -80,6 +80,8 @@ TEST_F(QueryGridTest, SortsByWhatIsShownWhileRowsKeepTheirNumbers) {
   EXPECT_EQ(grid.cellText(2, 0), "2");
   tools.sortBy(3);
   EXPECT_EQ(tools.rowAt(300), 4);
+  tools.find("1", 3);
+  EXPECT_EQ(grid.currentRow(), 4) << "a tick is found as 1";
   // An edited row stays where it is.
   grid.tickCell(5, "SCELTO");
   EXPECT_EQ(tools.rowAt(300), 4);

@@ -60,6 +60,7 @@ TEST_F(SelectionDialogTest, OkHandsTheConditionOver) {
   for (const Case& each : cases) {
     SCOPED_TRACE(each.dialog);
     caller.isFilterObtained = false;
+    const auto uses = context.connection.shared().use_count();
     workplace.user().inModalWindow = [&](controls::Form& form) {
       EXPECT_EQ(form.Name(), each.dialog);
       EXPECT_TRUE(form.find(each.editor)->isShown());
@@ -73,6 +74,8 @@ TEST_F(SelectionDialogTest, OkHandsTheConditionOver) {
       EXPECT_NE(hands().value(std::string(each.editor) + ".ESITO"), "");
       hands().clickButton("CMD_OK");
       EXPECT_FALSE(form.isLoaded());
+      EXPECT_EQ(context.connection.shared().use_count(), uses)
+          << "a closed dialog holds it no more";
     };
     each.show(caller);
     EXPECT_TRUE(caller.isFilterObtained);

@@ -177,7 +177,7 @@ void GridTools::takeStep() {
   }
   const int direction = *step_ < 0 ? -1 : 1;
   std::int32_t place = from + *step_;
-  for (std::int32_t i = 0; i < count && search_->foundRows() > 0; ++i, place += direction) {
+  for (std::int32_t i = 0; i < count; ++i, place += direction) {
     if (place > count) place = 1;
     if (place < 1) place = count;
     if (search_->isFound(rowAt(place))) return goToPlace(place);
