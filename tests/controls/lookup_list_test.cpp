@@ -26,6 +26,8 @@ TEST_F(ControlTest, LookupListFindsAnywhereInAnyColumnAndGivesTheCode) {
   EXPECT_EQ(list.current(), 3);
   EXPECT_FALSE(list.chosen());
   EXPECT_THROW(list.choose(4), GestureRefused);
+  list.choose(3);
+  EXPECT_EQ(list.chosen(), Value("10"));
   list.choose(2);
   EXPECT_EQ(list.chosen(), Value("02"));
 }

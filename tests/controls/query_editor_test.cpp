@@ -114,7 +114,9 @@ TEST_F(QueryEditorTest, BoxesFollowTheOperator) {
   row(0).first.type("A");
   row(0).second.type("B");
   EXPECT_EQ(editor.condition("FAM"), (QueryCondition{Op::Range, {"A", "B"}}));
+  EXPECT_EQ(row(0).first.hint(), "");
   row(0).op.choose("in");
+  EXPECT_EQ(row(0).first.hint(), "valori separati da ;");
   EXPECT_FALSE(row(0).second.isVisible());
   EXPECT_EQ(descriptionsShown(), std::pair(false, false)) << "several codes have no description";
   EXPECT_EQ(editor.condition("FAM"), (QueryCondition{Op::OneOf, {"A"}}));

@@ -46,12 +46,16 @@ TEST_F(QueryGridTest, DescriptionsAreMadeWhenRowsChangeNotWhenTheyAreDrawn) {
   grid.DataFormatEXT.on([&](std::int32_t row, const std::string& field, std::string& text) {
     ++made;
     text = field + " " + std::to_string(row);
+    if (grid.cellText(row, 2) != "9") grid.markUnknown(row, "MISURA");
   });
   fill(3);
   EXPECT_EQ(made, 3);
   EXPECT_EQ(grid.cellText(2, 4), "MISURA_DEC 2");
   EXPECT_EQ(grid.cellText(2, 4), "MISURA_DEC 2");
   EXPECT_EQ(made, 3);
+  EXPECT_TRUE(grid.isUnknown(2, "MISURA"));
+  grid.edit(2, "PREZZO", "9");
+  EXPECT_FALSE(grid.isUnknown(2, "MISURA")) << "what is not found is told anew, too";
 }
 
 TEST_F(QueryGridTest, DescribesInTheFirstColumnAndNeedsNoCaptionInTheLast) {
@@ -149,6 +153,22 @@ TEST_F(QueryGridTest, AbortedEditLeavesTheRowAsItWas) {
   grid.tickCell(1, "SCELTO");
   EXPECT_EQ(first("SELECT PREZZO FROM T WHERE ID = 1"), "1");
   EXPECT_EQ(first("SELECT SCELTO FROM T WHERE ID = 1"), "1");
+}
+
+TEST_F(QueryGridTest, WhileItIsLockedEveryChangeIsRefused) {
+  fill(1);
+  grid.addColumn({"FORNITORE", "", 500, ColumnKind::Lookup},
+                 [](const std::string& t) { return t; });
+  int asked = 0;
+  grid.OnEditing.on([&](const std::string&, bool&) { ++asked; });
+  grid.SelectionBoxClick.on([&](const std::string&, bool&) { ++asked; });
+  grid.SelectAllClickEXT.on([&](const std::string&, bool, bool&) { ++asked; });
+  grid.setLocked(true);
+  EXPECT_THROW(grid.edit(1, "PREZZO", Decimal(2)), GestureRefused);
+  EXPECT_THROW(grid.tickCell(1, "SCELTO"), GestureRefused);
+  EXPECT_THROW(grid.tickAll("SCELTO", true), GestureRefused);
+  EXPECT_THROW(grid.lookup(1, "FORNITORE"), GestureRefused);
+  EXPECT_EQ(asked, 0);
 }
 
 TEST_F(QueryGridTest, LookupEntersTheChosenCodeOnly) {

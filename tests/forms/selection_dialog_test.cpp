@@ -64,6 +64,7 @@ TEST_F(SelectionDialogTest, OkHandsTheConditionOver) {
     workplace.user().inModalWindow = [&](controls::Form& form) {
       EXPECT_EQ(form.Name(), each.dialog);
       EXPECT_TRUE(form.find(each.editor)->isShown());
+      EXPECT_EQ(form.find("VLT_RESIZEFORM1") != nullptr, each.editor == std::string("ENHQUERY"));
       EXPECT_EQ(workplace.editor(each.editor).fieldCount(), each.fields);
       form.activate();
       EXPECT_EQ(workplace.editor(each.editor).fieldCount(), each.fields) << "declared once";
@@ -88,6 +89,11 @@ TEST_F(SelectionDialogTest, OkHandsTheConditionOver) {
         << workplace.trace();
   }
   EXPECT_TRUE(workplace.user().boxes.empty());
+}
+
+TEST_F(SelectionDialogTest, TheEditorOfArticlesIsHiddenUntilItIsPrepared) {
+  FRMKB_SELMULTIART dialog(caller);
+  EXPECT_FALSE(dialog.find("ENHQUERY_LIMITI")->isVisible());
 }
 
 TEST_F(SelectionDialogTest, CancellingLeavesTheCallerAsItWas) {

@@ -54,8 +54,11 @@ class ReplacedServices : public workbench::GlobalServices {
     return script ? script : GlobalServices::CreateScriptModel();
   }
 
+  void RefreshStatus(const Ref<host::NamedObject>& /*activeFrame*/) override { ++refreshes; }
+
   Ref<host::MessageService> messages;
   Ref<host::ScriptModel> script;
+  int refreshes = 0;
 };
 
 class WindowTest : public PluginTest {
@@ -238,9 +241,31 @@ TEST_F(WindowTest, ControlsOfTheProfileShowTheColumnsOfTheirNames) {
     if (column == std::string::npos && other == others.end()) continue;
     EXPECT_EQ(bound->DBField(), other == others.end() ? name.substr(column + 1) : other->second);
     EXPECT_NE(bound->frame(), nullptr) << name;
+    if (const auto* box = controls::as<controls::EditBox>(*each)) {
+      EXPECT_EQ(box->isMasked(), name == "TXT_GM04_FTPPWD") << name;
+    }
     ++columns;
   }
   EXPECT_GT(columns, 20);
+}
+
+TEST_F(WindowTest, CodesOfTheProfileStandBesideTheirDescriptions) {
+  show();
+  for (const auto& [code, description] :
+       {std::pair("TXT_GM04_CODDOCWEB_MG36", "LBL_DESCDOCWEB"),
+        std::pair("TXT_GM04_DEPDOCWEB_MG58", "TXT_DEC_DEPDOCWEB_MG58"),
+        std::pair("TXT_GM04_DEPGIACENZE_MG58", "LBL_DESCDEPGIACENZE"),
+        std::pair("TXT_NUMLIST", "LBL_DESCLIST")}) {
+    EXPECT_EQ(control<controls::EditBox>(code).description(), desktop.front()->find(description));
+  }
+}
+
+TEST_F(WindowTest, TheHostShowsItsStatusAnewBeforeItCloses) {
+  show();
+  const int before = global->refreshes;
+  EXPECT_GT(before, 0);
+  plugin->CloseForm();
+  EXPECT_GT(global->refreshes, before);
 }
 
 TEST_F(WindowTest, OnlyTheCaptionsOfComposedClassificationsAreTranslated) {
