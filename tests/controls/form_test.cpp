@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include "controls/key_table.h"
+#include "controls/lookup_list.h"
 #include "tests/support/no_desktop.h"
 
 namespace kebu::controls {
@@ -55,9 +57,26 @@ class WatchedDesktop : public NoDesktop {
  public:
   void show(Form& /*form*/, const std::function<void()>& /*setUp*/) override { ++shown; }
   void hide(Form& /*form*/) override { --shown; }
+  void runLookup(LookupList& list) override {
+    for (std::int32_t row = 1; row <= list.rowCount(); ++row)
+      texts.push_back(list.cellText(row, 1));
+  }
 
   int shown = 0;
+  std::vector<std::string> texts;  ///< of the second column of a list
 };
+
+TEST(Form, TheListOfKeysTellsWhereTheyAct) {
+  WatchedDesktop desktop;
+  FormWithPages form(desktop);
+  form.showKeys();
+  ASSERT_EQ(desktop.texts.size(), std::size(keyTable));
+  for (std::size_t i = 0; i < std::size(keyTable); ++i) {
+    const std::string& text = desktop.texts[i];
+    EXPECT_EQ(text.starts_with("in una griglia: "), keyTable[i].place == KeyPlace::Grid) << text;
+    EXPECT_EQ(text.starts_with("nel riepilogo: "), keyTable[i].place == KeyPlace::Summary) << text;
+  }
+}
 
 TEST(Form, OneThatWasNotClosedLeavesTheScreenAtItsEnd) {
   class Plain : public Form {

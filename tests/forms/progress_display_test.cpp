@@ -22,14 +22,17 @@ TEST(ProgressDisplay, IsSeenDuringEveryLongActionAndNotAfterwards) {
   auto& bar = *controls::as<controls::ProgressBar>(*window.find("PBAR"));
   auto& status = *controls::as<controls::StatusBar>(*window.find("STATUSBAR"));
   std::set<std::string> told;
+  bool hadShare = false;
   const auto telling = bar.changed.connect([&] {
     if (bar.isRunning() && bar.isShown()) told.insert(bar.text() + " " + status.panels()[1]);
+    hadShare |= bar.isRunning() && bar.percent().has_value();
   });
 
   const struct {
     std::function<void()> act;
     const char* told;
     bool isInStatusBar = true;
+    bool hasShare = false;
   } actions[] = {
       {[&] { hands.clickButton("BTN_AGGLISTINI"); }, "", false},
       {[&] { hands.openPage(8); }, "Caricamento articoli in corso..."},
@@ -44,7 +47,8 @@ TEST(ProgressDisplay, IsSeenDuringEveryLongActionAndNotAfterwards) {
          hands.tickAll("QGRID_SCONTOSUPREZZO", "GM61_ATTIVA", true);
        },
        "Seleziona/deseleziona in corso..."},
-      {[&] { hands.press("INAV_PAR", "Conferma"); }, "Registrazione listini in corso..."},
+      {[&] { hands.press("INAV_PAR", "Conferma"); }, "Registrazione listini in corso...", true,
+       true},
       {[&] {
          workplace.user().inModalWindow = pressing("CMD_CHIUDI");
          hands.clickButton("BTN_RIEPILOGO");
@@ -56,12 +60,14 @@ TEST(ProgressDisplay, IsSeenDuringEveryLongActionAndNotAfterwards) {
   for (const auto& action : actions) {
     SCOPED_TRACE(action.told);
     told.clear();
+    hadShare = false;
     bool wasAnimated = false;
     const auto looking = status.changed.connect([&] { wasAnimated |= status.isAnimated(); });
     action.act();
     EXPECT_TRUE(told.contains(std::string("Aggiornamento in corso... ") + action.told))
         << testing::PrintToString(told);
     EXPECT_EQ(wasAnimated, action.isInStatusBar);
+    EXPECT_EQ(hadShare, action.hasShare);
     EXPECT_FALSE(bar.isRunning());
     EXPECT_FALSE(bar.isVisible());
     EXPECT_FALSE(status.isAnimated());

@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <map>
+#include <set>
 #include <vector>
 
 #include "tests/plugin/plugin_fixture.h"
@@ -85,6 +86,7 @@ class WindowTest : public PluginTest {
         }));
   }
 
+  static constexpr std::int32_t priceLists = 2;
   static constexpr std::int32_t articleCategories = 7;
   static constexpr std::int32_t discountRules = 12;
 
@@ -286,6 +288,28 @@ TEST_F(WindowTest, OnlyOneDepositIsPreferred) {
   show();
   for (const auto& column : control<controls::QueryGrid>("QGRID_DEP").columns()) {
     EXPECT_EQ(column.refusesAll, column.field == "FLG_PREF") << column.field;
+  }
+}
+
+TEST_F(WindowTest, PriceSlotsMarkTheKeysThatOnlyOtherTypesUse) {
+  const std::set<std::string> keys{"GM57_NUMLIST_LI10", "GM57_CATEGORIA", "GM57_DEPGIACENZE_MG58",
+                                   "GM57_QUANTITA", "GM57_CLIFOR_CG44"};
+  const std::pair<const char*, std::set<std::string>> used[] = {
+      {"1", {"GM57_NUMLIST_LI10"}}, {"2", {"GM57_CATEGORIA"}},
+      {"3", {"GM57_CATEGORIA"}},    {"4", {"GM57_DEPGIACENZE_MG58"}},
+      {"5", {"GM57_QUANTITA"}},     {"6", {"GM57_QUANTITA", "GM57_CLIFOR_CG44"}},
+  };
+  show();
+  openPage(priceLists);
+  auto& grid = control<controls::QueryGrid>("QGRID_LISTINI");
+  for (const auto& [type, needed] : used) {
+    grid.edit(1, "GM57_INDTIPO", type);
+    for (const auto& column : grid.columns()) {
+      const bool isKey = keys.contains(column.field);
+      if (!isKey && column.field.ends_with("_DEC")) continue;
+      EXPECT_EQ(grid.isUnused(1, column.field), isKey && !needed.contains(column.field))
+          << type << " " << column.field;
+    }
   }
 }
 

@@ -319,11 +319,14 @@ TEST_F(GridToolsTest, KeepsWidthsAndOrderForTheSameColumnsOnly) {
   EXPECT_EQ(later.width(1), std::nullopt);
   EXPECT_EQ(later.rowAt(1), 6);
   // What is not understood, or is of columns that are not there, is skipped.
-  settings.kept["GRID.F0"] = "width 3 G3 90;width 9 F9 90;width 1 F1 -5;width;sort 1 F1 aside;;?";
+  settings.kept["GRID.F0"] =
+      "width 3 G3 90;width 9 F9 90;width 1 F1 -5;width 1 F1 4001;"
+      "width 2 F2 4000;width;sort 1 F1 aside;;?";
   GridTools other(rows, "GRID", &settings, [](const std::string& text) { return text; });
   other.rowsChanged();
   EXPECT_EQ(other.width(3), std::nullopt);
   EXPECT_EQ(other.width(1), std::nullopt);
+  EXPECT_EQ(other.width(2), 4000);
   EXPECT_FALSE(other.sortedBy());
 }
 
