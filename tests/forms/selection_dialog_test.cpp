@@ -82,7 +82,7 @@ TEST_F(SelectionDialogTest, OkHandsTheConditionOver) {
     EXPECT_TRUE(caller.isFilterObtained);
     EXPECT_EQ(caller.filterText, each.filter);
     const std::string name = each.dialog;
-    EXPECT_NE(workplace.trace().find("|INI|"), std::string::npos);
+    EXPECT_NE(workplace.trace().find("|INI|KEBU_ANAGRAFICA|" + name), std::string::npos);
     EXPECT_NE(workplace.trace().find("|TER|" + std::string("KEBU_ANAGRAFICA|") + name),
               std::string::npos)
         << "a dialog ends with its closing\n"

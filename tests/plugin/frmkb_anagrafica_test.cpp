@@ -311,6 +311,13 @@ TEST_F(WindowTest, PriceSlotsMarkTheKeysThatOnlyOtherTypesUse) {
           << type << " " << column.field;
     }
   }
+  // The state tells whether the key is there; the type by priority has none.
+  const auto state = [&] { return toDisplay(grid.rowState(1)); };
+  EXPECT_EQ(state(), "");
+  grid.edit(1, "GM57_INDTIPO", "5");
+  EXPECT_EQ(state(), "2");
+  grid.edit(1, "GM57_QUANTITA", "3");
+  EXPECT_EQ(state(), "1");
 }
 
 TEST_F(WindowTest, PriceSlotsNameTheirLookups) {
