@@ -41,6 +41,12 @@ TEST(SideBar, ClickNamesTheLinkAndChoosesNothingByItself) {
   bar.select(3);
   bar.select(9);  // a view without a link leaves the choice
   EXPECT_EQ(bar.selected()->view, 3);
+  bar.mark(3, true);
+  int drawn = 0;
+  bar.changed.on([&] { ++drawn; });
+  bar.mark(3, true);
+  bar.mark(9, true);
+  EXPECT_EQ(drawn, 0);
 }
 
 TEST(ResizeManager, AsksForItsRegistrationsOnce) {

@@ -7,6 +7,7 @@
 
 #include "controls/sheet.h"
 #include "tests/support/test_user.h"
+#include "tests/support/test_workplace.h"
 #include "workbench/company/company.h"
 #include "workbench/player/model_workplace.h"
 
@@ -191,6 +192,21 @@ TEST_F(SummaryReading, AFailingStatementLeavesItsPartUnknown) {
         EXPECT_TRUE(isUnknown || contains(all, reading)) << reading;
       }
     }
+  }
+}
+
+TEST(SummaryWindow, TracesItsBeginningAndItsEnd) {
+  tests::TestWorkplace workplace;
+  workplace.user().inModalWindow = [&](controls::Form&) {
+    workplace.hands().clickButton("CMD_CHIUDI");
+  };
+  workplace.open();
+  workplace.hands().clickButton("BTN_RIEPILOGO");
+  workplace.close();
+  for (const std::string event : {"INI", "TER"}) {
+    EXPECT_NE(workplace.trace().find('|' + event + "|KEBU_ANAGRAFICA|FRMKB_RIEPILOGO"),
+              std::string::npos)
+        << workplace.trace();
   }
 }
 

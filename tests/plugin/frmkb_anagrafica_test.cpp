@@ -210,6 +210,28 @@ TEST_F(WindowTest, ProceduresOfTheDiscountRulesTitleTheirErrors) {
                     "QGRID_SCONTOSUPREZZO_SelectAllClickEXT"}));
 }
 
+TEST_F(WindowTest, ColumnsOfTheDiscountRulesShowDifferentFieldsOfTheirTables) {
+  show();
+  openPage(discountRules);
+  auto& listTypes = control<controls::ComboBox>("CMB_LISTINISCONTO");
+  const auto rows = listTypes.rows();
+  EXPECT_EQ(rows.size(), 5U);
+  for (const auto& listType : rows) {
+    const std::string code = toText(listType.code);
+    listTypes.choose(code);
+    for (const char* name : {"QGRID_SCONTOSUPREZZO", "QGRID_SCONTOSUGRIGLIA"}) {
+      auto& grid = control<controls::QueryGrid>(name);
+      std::set<std::string> shown;
+      for (const auto& column : grid.columns()) {
+        if (code == "0" || column.field == "DUMMY") continue;
+        const auto& fields = grid.dataSource()->fields();
+        EXPECT_LT(ado::indexOf(fields, column.field), fields.size()) << code << column.field;
+        EXPECT_TRUE(shown.insert(column.field).second) << code << column.field;
+      }
+    }
+  }
+}
+
 TEST_F(WindowTest, OnlyTheTickOfARuleIsOpenUntilItIsTicked) {
   show();
   openPage(discountRules);
@@ -249,6 +271,8 @@ TEST_F(WindowTest, ControlsOfTheProfileShowTheColumnsOfTheirNames) {
     ++columns;
   }
   EXPECT_GT(columns, 20);
+  EXPECT_THROW(control<controls::EditBox>("TXT_GM04_PATHLOG").type(std::string(256, 'x')),
+               controls::GestureRefused);
 }
 
 TEST_F(WindowTest, CodesOfTheProfileStandBesideTheirDescriptions) {

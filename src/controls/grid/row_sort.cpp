@@ -32,7 +32,6 @@ RowSort::RowSort(GridRows& rows, std::size_t column, bool isDescending)
       order_(static_cast<std::size_t>(rows.rowCount())),
       allSteps_(2 * std::int64_t{rows.rowCount()}) {
   std::iota(order_.begin(), order_.end(), 1);
-  keys_.reserve(count());
   for (std::size_t run = firstRun; run < count(); run *= 2) {
     allSteps_ += static_cast<std::int64_t>(count());
   }
@@ -89,7 +88,6 @@ void RowSort::beginMerge() {
 }
 
 void RowSort::merge() {
-  merged_.reserve(count());
   for (std::size_t i = 0; i < mergedInASlice && merged_.size() < count(); ++i) {
     if (left_ == leftEnd_ && right_ == rightEnd_) beginMerge();
     const bool takesRight =
