@@ -59,10 +59,9 @@ class Control : public host::NamedObject {
   void setVisible(bool visible) {
     if (visible_ != visible) setShown(visible_, visible);
   }
-  /// Of a page: whether another one stands in front of it.
-  void setCovered(bool covered) {
-    if (covered_ != covered) setShown(covered_, covered);
-  }
+  /// Of a page: whether another one stands in front of it. It looks the same itself, so that
+  /// `changed` is not raised.
+  void setCovered(bool covered) { covered_ = covered; }
 
   /// While it is locked, it and what it contains show what they hold, which can be
   /// copied, but refuse to be changed.
